@@ -1,0 +1,168 @@
+#include "platform/component.h"
+
+#include "platform/exceptions.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kx {
+
+namespace {
+
+bool IsLetter(char C) { return (C >= 'A' && C <= 'Z') || (C >= 'a' && C <= 'z') || C == '_'; }
+
+bool IsIdentifier(std::string_view Name) {
+    return !Name.empty() && IsLetter(Name.front()) && std::all_of(Name.begin(), Name.end(), [](char C) {
+        return IsLetter(C) || (C >= '0' && C <= '9');
+    });
+}
+
+[[noreturn]] void RaiseTaken(const std::string& Name) {
+    throw EComponentError("A component named " + Name + " already exists");
+}
+
+template <class T>
+void EraseFrom(std::vector<T*>& List, T* Item) {
+    List.erase(std::remove(List.begin(), List.end(), Item), List.end());
+}
+
+} // namespace
+
+TComponent::TComponent(TComponent* Owner) {
+    if (Owner) Owner->InsertComponent(this);
+}
+
+TComponent::~TComponent() {
+    FComponentState |= csDestroying;
+    TellPartners();
+    while (!FComponents.empty()) delete FComponents.back();
+    if (FOwner) FOwner->RemoveComponent(this);
+    TellPartners(); // those that a handler has brought in meanwhile
+}
+
+void TComponent::TellPartners() {
+    while (!FFreeNotifies.empty()) {
+        TComponent* partner = FFreeNotifies.back();
+        Forget(partner);
+        partner->Forget(this);
+        // The owner and what it owns are told when this component leaves the owner.
+        if (!FOwner || (partner != FOwner && partner->FOwner != FOwner))
+            partner->Notification(this, opRemove);
+    }
+}
+
+TComponent* TComponent::GetComponent(int Index) const {
+    if (Index < 0 || Index >= GetComponentCount())
+        throw ERangeError("i=" + std::to_string(Index) + " index out of range");
+    return FComponents[static_cast<std::size_t>(Index)];
+}
+
+int TComponent::GetComponentIndex() const {
+    if (!FOwner) return -1;
+    const auto& all = FOwner->FComponents;
+    return static_cast<int>(std::find(all.begin(), all.end(), this) - all.begin());
+}
+
+void TComponent::SetComponentIndex(int Index) {
+    if (!FOwner) return;
+    auto& all = FOwner->FComponents;
+    EraseFrom(all, this);
+    all.insert(all.begin() + std::clamp(Index, 0, static_cast<int>(all.size())), this);
+}
+
+TComponent* TComponent::FindComponent(std::string_view Name) const {
+    if (Name.empty()) return nullptr;
+    const auto found = std::find_if(FComponents.begin(), FComponents.end(),
+                                    [&](const TComponent* C) { return SameText(C->FName, Name); });
+    return found == FComponents.end() ? nullptr : *found;
+}
+
+void TComponent::InsertComponent(TComponent* Component) {
+    if (!Component || Component->FOwner == this) return;
+    for (const TComponent* owner = this; owner; owner = owner->FOwner)
+        if (owner == Component) throw EComponentError("A component cannot own itself");
+    if (FindComponent(Component->FName)) RaiseTaken(Component->FName);
+    if (Component->FOwner) Component->FOwner->RemoveComponent(Component);
+    FComponents.push_back(Component);
+    Component->FOwner = this;
+    if (IsIn(csDesigning)) Component->SetDesigning(true);
+    Notification(Component, opInsert);
+}
+
+void TComponent::RemoveComponent(TComponent* Component) {
+    if (!Component || Component->FOwner != this) return;
+    EraseFrom(FComponents, Component);
+    Component->FOwner = nullptr;
+    Notification(Component, opRemove);
+}
+
+void TComponent::SetName(const std::string& Name) {
+    if (Name == FName) return;
+    if (!Name.empty() && !IsIdentifier(Name))
+        throw EComponentError("'" + Escaped(Name) + "' is not a valid component name");
+    if (FOwner) {
+        const TComponent* bearer = FOwner->FindComponent(Name);
+        if (bearer && bearer != this) RaiseTaken(Name);
+    }
+    FName = Name;
+}
+
+void TComponent::FreeNotification(TComponent* Component) {
+    if (!Component || Component == this) return;
+    if (std::find(FFreeNotifies.begin(), FFreeNotifies.end(), Component) != FFreeNotifies.end()) return;
+    FFreeNotifies.push_back(Component);
+    Component->FFreeNotifies.push_back(this);
+}
+
+void TComponent::RemoveFreeNotification(TComponent* Component) {
+    if (!Component) return;
+    Forget(Component);
+    Component->Forget(this);
+}
+
+void TComponent::Forget(TComponent* Partner) { EraseFrom(FFreeNotifies, Partner); }
+
+void TComponent::SetDesigning(bool Designing) {
+    FComponentState = Designing ? FComponentState | csDesigning : FComponentState & ~unsigned(csDesigning);
+    for (TComponent* component : FComponents) component->SetDesigning(Designing);
+}
+
+void TComponent::EndLoading() {
+    if (!IsIn(csLoading)) return;
+    FComponentState &= ~unsigned(csLoading);
+    Loaded();
+}
+
+void TComponent::Notification(TComponent* Component, TOperation Operation) {
+    // Backwards and by index: a listener may delete components, which moves only those already told.
+    for (std::size_t i = FComponents.size(); i-- > 0;)
+        if (i < FComponents.size()) FComponents[i]->Notification(Component, Operation);
+}
+
+void TComponent::Loaded() {}
+
+const TPropertyTable& TComponent::PublishedProperties() const { return Properties(); }
+
+const TPropertyTable& TComponent::Properties() {
+    static const TPropertyTable table = [] {
+        // The name stands beside the class wherever a component is stored.
+        const auto never = [](const TPersistent&) { return false; };
+        TProperty tag;
+        tag.Name = "Tag";
+        tag.Kind = TPropertyKind::Integer;
+        tag.Get = [](const TPersistent& O) { return std::int64_t{static_cast<const TComponent&>(O).Tag}; };
+        tag.Set = [](TPersistent& O, const TPropertyValue& Value) {
+            static_cast<TComponent&>(O).Tag = static_cast<int>(std::get<std::int64_t>(Value));
+        };
+        tag.Default = std::int64_t{0};
+        tag.Help = "A number that is free for the program";
+        return TPropertyTable("TComponent", nullptr,
+                              {Published<&TComponent::GetName, &TComponent::SetName>(
+                                   "Name", std::monostate{}, "Name that is unique within the owner", never),
+                               std::move(tag)});
+    }();
+    return table;
+}
+
+} // namespace kx

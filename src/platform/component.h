@@ -1,0 +1,96 @@
+#pragma once
+// Components: named objects that own one another, find one another, and are told when another one goes.
+
+#include "platform/properties.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kx {
+
+enum TOperation { opInsert, opRemove };
+
+/// What a component is going through, as bits of TComponentState.
+enum TComponentStateFlag : unsigned {
+    csLoading = 1,    ///< between the first read property and Loaded
+    csDesigning = 2,  ///< lies in the form designer
+    csDestroying = 4, ///< its destructor runs
+    csUpdating = 8
+};
+using TComponentState = unsigned;
+
+/// An object with an owner and a name. The owner deletes what it still owns when it is destroyed; a component
+/// that is destroyed earlier (also one on the stack) leaves its owner by itself.
+/// Removal notices (Notification with opRemove) leave from this class's destructor, when the derived parts
+/// are gone: a Notification override compares addresses and never casts the component it is given.
+class TComponent : public TPersistent {
+public:
+    /// Owner may be null. Raises nothing.
+    explicit TComponent(TComponent* Owner);
+    ~TComponent() override;
+
+    TComponent* GetOwner() const { return FOwner; }
+    /// Owned components in order. The order is the order of insertion until SetComponentIndex moves one.
+    int GetComponentCount() const { return static_cast<int>(FComponents.size()); }
+    /// Raises ERangeError for an index outside 0..ComponentCount-1.
+    TComponent* GetComponent(int Index) const;
+    const std::vector<TComponent*>& GetComponents() const { return FComponents; }
+    /// The place among the owner's components; -1 without owner.
+    int GetComponentIndex() const;
+    /// Moves within the owner's list; an index outside is clamped.
+    void SetComponentIndex(int Index);
+    /// Owned component by name, ignoring case; null when there is none.
+    TComponent* FindComponent(std::string_view Name) const;
+    void InsertComponent(TComponent* Component);
+    void RemoveComponent(TComponent* Component);
+
+    const std::string& GetName() const { return FName; }
+    /// Raises EComponentError when Name is no identifier ("'1a' is not a valid component name") or is borne
+    /// by another component of the same owner ("A component named Axis1 already exists").
+    virtual void SetName(const std::string& Name);
+
+    /// From now on Component->Notification(this, opRemove) is called when this component is destroyed, and
+    /// the other way round. Repeated calls count once.
+    void FreeNotification(TComponent* Component);
+    void RemoveFreeNotification(TComponent* Component);
+
+    TComponentState GetComponentState() const { return FComponentState; }
+    bool IsIn(TComponentStateFlag Flag) const { return (FComponentState & Flag) != 0; }
+    void SetDesigning(bool Designing);
+    /// Brackets the setting of properties from a file: csLoading is set between the two, EndLoading calls
+    /// Loaded.
+    void BeginLoading() { FComponentState |= csLoading; }
+    void EndLoading();
+
+    int Tag = 0; ///< free for the program
+
+    const TPropertyTable& PublishedProperties() const override;
+    static const TPropertyTable& Properties();
+
+protected:
+    /// Another component enters (opInsert) or goes (opRemove). Overrides call the inherited one first and
+    /// clear the references that point at Component.
+    virtual void Notification(TComponent* Component, TOperation Operation);
+    /// All properties were read.
+    virtual void Loaded();
+
+private:
+    void Forget(TComponent* Partner);
+    void TellPartners();
+
+    TComponent* FOwner = nullptr;
+    std::string FName;
+    std::vector<TComponent*> FComponents;
+    std::vector<TComponent*> FFreeNotifies;
+    TComponentState FComponentState = 0;
+};
+
+/// Component of T that Owner owns under Name; null when there is none.
+template <class T>
+T* FindComponentAs(const TComponent& Owner, std::string_view Name) {
+    return dynamic_cast<T*>(Owner.FindComponent(Name));
+}
+
+} // namespace kx

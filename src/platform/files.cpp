@@ -1,0 +1,215 @@
+#include "platform/files.h"
+
+#include "platform/exceptions.h"
+#include "platform/text.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <random>
+#include <system_error>
+#include <utility>
+
+namespace kx {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::size_t NameBegin(std::string_view FileName) {
+    return FileName.find_last_of('/') + 1; // 0 when there is no delimiter
+}
+
+/// Where the extension begins; the length of FileName when there is none.
+std::size_t ExtensionBegin(std::string_view FileName) {
+    const std::size_t first = FileName.find_first_not_of('.', NameBegin(FileName));
+    const std::size_t point = FileName.find_last_of('.');
+    return first == std::string_view::npos || point == std::string_view::npos || point < first
+               ? FileName.size()
+               : point;
+}
+
+} // namespace
+
+std::string ExtractFilePath(std::string_view FileName) {
+    return std::string(FileName.substr(0, NameBegin(FileName)));
+}
+
+std::string ExtractFileName(std::string_view FileName) {
+    return std::string(FileName.substr(NameBegin(FileName)));
+}
+
+std::string ExtractFileExt(std::string_view FileName) {
+    return std::string(FileName.substr(ExtensionBegin(FileName)));
+}
+
+std::string ChangeFileExt(std::string_view FileName, std::string_view Extension) {
+    return std::string(FileName.substr(0, ExtensionBegin(FileName))).append(Extension);
+}
+
+bool FileExists(const std::string& FileName) {
+    std::error_code error;
+    const fs::file_status status = fs::status(FileName, error);
+    return fs::exists(status) && !fs::is_directory(status);
+}
+
+bool DirectoryExists(const std::string& Path) {
+    std::error_code error;
+    return fs::is_directory(Path, error);
+}
+
+bool CreateDir(const std::string& Path) {
+    std::error_code error;
+    return fs::create_directory(Path, error);
+}
+
+bool CopyFile(const std::string& Source, const std::string& Target, bool FailIfExists) {
+    std::error_code error;
+    return fs::copy_file(Source, Target,
+                         FailIfExists ? fs::copy_options::none : fs::copy_options::overwrite_existing, error);
+}
+
+namespace {
+
+[[noreturn]] void Raise(const std::string& FileName, const std::string& Reason) {
+    throw EFileError(Escaped(FileName) + ": " + Reason);
+}
+
+[[noreturn]] void RaiseErrno(const std::string& FileName, int Errno) {
+    Raise(FileName, std::generic_category().message(Errno));
+}
+
+void RefuseDirectory(const std::string& FileName) {
+    if (DirectoryExists(FileName)) Raise(FileName, "is a directory");
+}
+
+struct TCloser {
+    void operator()(std::FILE* File) const { std::fclose(File); }
+};
+using TFile = std::unique_ptr<std::FILE, TCloser>;
+
+/// Opens File; a failure is told of Name.
+TFile Opened(const std::string& File, const char* Mode, const std::string& Name) {
+    TFile file(std::fopen(File.c_str(), Mode));
+    if (!file) RaiseErrno(Name, errno);
+    return file;
+}
+
+std::string ReadAll(std::FILE* File, const std::string& FileName) {
+    std::string contents;
+    std::array<char, 65536> buffer;
+    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), File))
+        contents.append(buffer.data(), count);
+    if (std::ferror(File)) RaiseErrno(FileName, errno);
+    return contents;
+}
+
+void WriteAll(TFile File, std::string_view Contents, const std::string& FileName) {
+    const bool written = std::fwrite(Contents.data(), 1, Contents.size(), File.get()) == Contents.size();
+    const int failure = errno;
+    const bool closed = std::fclose(File.release()) == 0; // what was buffered may fail only now
+    if (!written) RaiseErrno(FileName, failure);
+    if (!closed) RaiseErrno(FileName, errno);
+}
+
+/// Whether FileName is a device, a pipe or the like, which is written to and never replaced.
+bool IsSpecial(const std::string& FileName) {
+    std::error_code error;
+    const fs::file_status status = fs::status(FileName, error);
+    return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
+}
+
+/// The file that a write to FileName reaches at the end of its symbolic links, existing or not.
+std::string LinkTarget(const std::string& FileName) {
+    constexpr int maxLinks = 40;
+    std::error_code error;
+    fs::path path = FileName;
+    for (int i = 0; i < maxLinks && fs::is_symlink(path, error); ++i) {
+        const fs::path target = fs::read_symlink(path, error);
+        if (error) Raise(FileName, error.message());
+        path = path.parent_path() / target; // an absolute target replaces the directory
+    }
+    if (fs::is_symlink(path, error)) RaiseErrno(FileName, ELOOP);
+    return path.string();
+}
+
+/// Removes a file unless it has been let go.
+class TTemporaryFile {
+public:
+    explicit TTemporaryFile(std::string Name) : FName(std::move(Name)) {}
+    ~TTemporaryFile() {
+        std::error_code error;
+        if (!FName.empty()) fs::remove(FName, error);
+    }
+    TTemporaryFile(const TTemporaryFile&) = delete;
+    TTemporaryFile& operator=(const TTemporaryFile&) = delete;
+    const std::string& Name() const { return FName; }
+    void LetGo() { FName.clear(); }
+
+private:
+    std::string FName;
+};
+
+void Rename(TTemporaryFile& Temporary, const std::string& FileName) {
+    RefuseDirectory(FileName);
+    const std::string target = LinkTarget(FileName);
+    std::error_code error;
+    const fs::file_status status = fs::status(target, error);
+    if (fs::exists(status)) {
+        fs::permissions(Temporary.Name(), status.permissions(), error);
+        if (error) Raise(FileName, error.message());
+    }
+    fs::rename(Temporary.Name(), target, error);
+    if (error) Raise(FileName, error.message());
+    Temporary.LetGo();
+}
+
+} // namespace
+
+std::string ReadFile(const std::string& FileName) {
+    if (FileName == "-") return ReadAll(stdin, "standard input");
+    RefuseDirectory(FileName);
+    return ReadAll(Opened(FileName, "rb", FileName).get(), FileName);
+}
+
+std::string TemporaryNameFor(const std::string& FileName) {
+    std::error_code error;
+    const std::string directory = IsSpecial(FileName) ? (fs::temp_directory_path(error) / "").string()
+                                                      : ExtractFilePath(LinkTarget(FileName));
+    std::random_device random;
+    for (;;) {
+        // The extension stays: some writers choose their format by it.
+        std::string name = directory + ".kx" + std::to_string(random()) + ExtractFileExt(FileName);
+        if (!fs::exists(fs::symlink_status(name, error))) return name;
+    }
+}
+
+void MoveIntoPlace(const std::string& Temporary, const std::string& FileName) {
+    TTemporaryFile temporary(Temporary);
+    if (IsSpecial(FileName))
+        WriteAll(Opened(FileName, "wb", FileName), ReadFile(Temporary), FileName);
+    else
+        Rename(temporary, FileName);
+}
+
+void ReplaceFile(const std::string& FileName, std::string_view Contents) {
+    RefuseDirectory(FileName);
+    if (IsSpecial(FileName)) {
+        WriteAll(Opened(FileName, "wb", FileName), Contents, FileName);
+        return;
+    }
+    const std::string name = TemporaryNameFor(FileName);
+    TFile file = Opened(name, "wbx", FileName); // "x": never somebody else's file
+    TTemporaryFile temporary(name);
+    WriteAll(std::move(file), Contents, FileName);
+    Rename(temporary, FileName);
+}
+
+std::string ExecutableName() {
+    std::error_code error;
+    return fs::read_symlink("/proc/self/exe", error).string();
+}
+
+} // namespace kx

@@ -1,0 +1,41 @@
+#pragma once
+// Paths and whole files. A file is replaced atomically: written beside its place and renamed into it.
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace kx {
+
+/// Directory part with the trailing delimiter; empty when there is none.
+std::string ExtractFilePath(std::string_view FileName);
+/// The part behind the last delimiter.
+std::string ExtractFileName(std::string_view FileName);
+/// The extension with its point; empty when there is none. A leading point of the name begins no extension.
+std::string ExtractFileExt(std::string_view FileName);
+/// FileName with its extension replaced by Extension (which brings its point; empty removes it).
+std::string ChangeFileExt(std::string_view FileName, std::string_view Extension);
+
+bool FileExists(const std::string& FileName);
+bool DirectoryExists(const std::string& Path);
+/// Creates one level; false when that fails.
+bool CreateDir(const std::string& Path);
+/// Copies a file; false when it fails, or when the target exists and FailIfExists.
+bool CopyFile(const std::string& Source, const std::string& Target, bool FailIfExists);
+
+/// The whole file as bytes. Raises EFileError with the file's name and the system's reason; a directory is
+/// "is a directory". "-" is standard input.
+std::string ReadFile(const std::string& FileName);
+
+/// A name beside FileName that no file has, for a file that will be renamed into place.
+std::string TemporaryNameFor(const std::string& FileName);
+/// Renames Temporary onto FileName, keeping FileName's permissions when it exists; on failure the temporary
+/// file is removed and EFileError raised.
+void MoveIntoPlace(const std::string& Temporary, const std::string& FileName);
+/// Replaces FileName by Contents, or leaves it as it was and raises EFileError.
+void ReplaceFile(const std::string& FileName, std::string_view Contents);
+
+/// Full name of the running program; empty when the system does not tell.
+std::string ExecutableName();
+
+} // namespace kx

@@ -1,0 +1,68 @@
+#pragma once
+// Points, sizes and rectangles in whole pixels, and the one rule that turns a value into a pixel.
+
+#include <algorithm>
+#include <climits>
+#include <cmath>
+
+namespace kx {
+
+struct TPoint {
+    int X = 0;
+    int Y = 0;
+    friend bool operator==(const TPoint&, const TPoint&) = default;
+    friend TPoint operator+(TPoint A, TPoint B) { return {A.X + B.X, A.Y + B.Y}; }
+    friend TPoint operator-(TPoint A, TPoint B) { return {A.X - B.X, A.Y - B.Y}; }
+};
+
+struct TSize {
+    int Width = 0;
+    int Height = 0;
+    friend bool operator==(const TSize&, const TSize&) = default;
+};
+
+/// A rectangle of pixels: Left..Right-1 and Top..Bottom-1.
+struct TRect {
+    int Left = 0;
+    int Top = 0;
+    int Right = 0;
+    int Bottom = 0;
+
+    int Width() const { return Right - Left; }
+    int Height() const { return Bottom - Top; }
+    TPoint TopLeft() const { return {Left, Top}; }
+    TSize Size() const { return {Width(), Height()}; }
+    bool IsEmpty() const { return Right <= Left || Bottom <= Top; }
+    bool Contains(TPoint P) const { return P.X >= Left && P.X < Right && P.Y >= Top && P.Y < Bottom; }
+    TRect MovedBy(TPoint D) const { return {Left + D.X, Top + D.Y, Right + D.X, Bottom + D.Y}; }
+    /// The common part; an empty rectangle where there is none.
+    TRect Intersected(const TRect& O) const {
+        TRect r{std::max(Left, O.Left), std::max(Top, O.Top), std::min(Right, O.Right),
+                std::min(Bottom, O.Bottom)};
+        return r.IsEmpty() ? TRect{} : r;
+    }
+    /// The smallest rectangle that holds both; an empty one does not count.
+    TRect United(const TRect& O) const {
+        if (IsEmpty()) return O;
+        if (O.IsEmpty()) return *this;
+        return {std::min(Left, O.Left), std::min(Top, O.Top), std::max(Right, O.Right),
+                std::max(Bottom, O.Bottom)};
+    }
+    static TRect Bounds(int Left, int Top, int Width, int Height) {
+        return {Left, Top, Left + Width, Top + Height};
+    }
+    friend bool operator==(const TRect&, const TRect&) = default;
+};
+
+/// The pixel that a NaN has: none. No other value is ever rounded to it.
+inline constexpr int CNoPixel = INT_MIN;
+/// Pixels saturate here, so that sums of a few of them stay defined.
+inline constexpr int CMaxPixel = 1 << 30;
+
+/// Value rounded to the nearest integer, half to even, saturated at +-CMaxPixel; CNoPixel for a NaN.
+inline int RoundToInt(double Value) {
+    if (std::isnan(Value)) return CNoPixel;
+    return static_cast<int>(std::nearbyint(std::clamp(Value, -double(CMaxPixel), double(CMaxPixel))));
+}
+
+} // namespace kx

@@ -1,0 +1,86 @@
+#pragma once
+// The two lists that components share: pointers in order, and lines of text.
+
+#include "platform/properties.h"
+
+#include <string>
+#include <vector>
+
+namespace kx {
+
+/// Pointers in order, none of them owned.
+template <class T> class TList {
+public:
+    virtual ~TList() = default;
+    int GetCount() const { return static_cast<int>(FItems.size()); }
+    /// Raises std::out_of_range for an index outside 0..Count-1.
+    T* GetItem(int Index) const { return FItems.at(static_cast<std::size_t>(Index)); }
+    /// Appends Item; returns its index.
+    virtual int Add(T* Item) {
+        FItems.push_back(Item);
+        return GetCount() - 1;
+    }
+    /// Removes the first occurrence; returns the index it had, -1 when it was not there.
+    virtual int Remove(T* Item) {
+        const int index = IndexOf(Item);
+        if (index >= 0) Delete(index);
+        return index;
+    }
+    void Insert(int Index, T* Item) { FItems.insert(FItems.begin() + Index, Item); }
+    void Delete(int Index) { FItems.erase(FItems.begin() + Index); }
+    void Clear() { FItems.clear(); }
+    int IndexOf(const T* Item) const {
+        for (int i = 0; i < GetCount(); ++i)
+            if (FItems[static_cast<std::size_t>(i)] == Item) return i;
+        return -1;
+    }
+    bool Contains(const T* Item) const { return IndexOf(Item) >= 0; }
+    auto begin() const { return FItems.begin(); }
+    auto end() const { return FItems.end(); }
+
+protected:
+    std::vector<T*> FItems;
+};
+
+/// Lines of text that can be read from and written to a file. Lines may hold any byte but CR and LF.
+class TStrings : public TPersistent {
+public:
+    virtual int GetCount() const = 0;
+    /// Raises ERangeError for an index outside 0..Count-1, as do PutLine and Delete.
+    virtual const std::string& GetLine(int Index) const = 0;
+    virtual void PutLine(int Index, std::string Line) = 0;
+    /// Inserts before Index, which may be Count.
+    virtual void Insert(int Index, std::string Line) = 0;
+    virtual void Delete(int Index) = 0;
+    virtual void Clear() = 0;
+    /// Appends; returns the new line's index.
+    int Add(std::string Line) {
+        Insert(GetCount(), std::move(Line));
+        return GetCount() - 1;
+    }
+    /// All lines, each followed by LF.
+    std::string GetText() const;
+    /// Replaces all lines; LF, CR LF and CR end a line.
+    void SetText(std::string_view Text);
+    /// Raises EFileError; on failure the lines stay as they were.
+    void LoadFromFile(const std::string& FileName);
+    /// Replaces the file atomically; raises EFileError.
+    void SaveToFile(const std::string& FileName) const;
+    void Assign(const TPersistent& Source) override;
+};
+
+/// Lines held in memory.
+class TStringList : public TStrings {
+public:
+    int GetCount() const override { return static_cast<int>(FLines.size()); }
+    const std::string& GetLine(int Index) const override;
+    void PutLine(int Index, std::string Line) override;
+    void Insert(int Index, std::string Line) override;
+    void Delete(int Index) override;
+    void Clear() override { FLines.clear(); }
+
+protected:
+    std::vector<std::string> FLines;
+};
+
+} // namespace kx

@@ -1,0 +1,50 @@
+#include "platform/dynarray.h"
+
+#include <gtest/gtest.h>
+
+namespace kx {
+namespace {
+
+TEST(DynArray, AssignmentSharesAndResizingSeparates) {
+    TDynArray<int> a{1, 2, 3};
+    TDynArray<int> b = a, clone = a.Clone();
+    b[0] = 7;
+    EXPECT_EQ(a[0], 7);
+    EXPECT_EQ(clone[0], 1);
+    EXPECT_TRUE(a.SharesWith(b));
+    for (const int length : {2, 3, 4}) { // shorter, equal, longer
+        TDynArray<int> own = a;
+        own.SetLength(length);
+        EXPECT_FALSE(own.SharesWith(a));
+        own[1] = 50;
+        EXPECT_EQ(a[1], 2);
+        EXPECT_EQ(own[0], 7);
+    }
+    EXPECT_EQ(a.Length(), 3);
+    TDynArray<int> empty = a;
+    empty.SetLength(-1);
+    EXPECT_TRUE(empty.IsEmpty());
+    EXPECT_FALSE(empty.SharesWith(TDynArray<int>()));
+    EXPECT_EQ(a.Length(), 3);
+}
+
+TEST(DynArray, GrowingKeepsValuesClearsNewOnesAndSeldomMoves) {
+    TDynArray<double> a;
+    int moves = 0;
+    for (int length = 1; length <= 20000; ++length) {
+        const double* before = a.Data();
+        a.SetLength(length);
+        moves += a.Data() != before;
+        ASSERT_EQ(a[a.High()], 0);
+        a[a.High()] = length;
+    }
+    for (int i = 0; i < a.Length(); ++i) ASSERT_EQ(a[i], i + 1);
+    EXPECT_LT(moves, 40);
+    a.SetLength(10);
+    a.SetLength(20);
+    EXPECT_EQ(a[10], 0); // not what was there before
+    EXPECT_EQ(a[9], 10);
+}
+
+} // namespace
+} // namespace kx
