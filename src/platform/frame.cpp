@@ -1,0 +1,88 @@
+#include "platform/frame.h"
+
+#include "platform/application.h"
+#include "platform/shifting.h"
+
+#include <algorithm>
+
+namespace kx {
+
+namespace {
+
+/// Settles a tree in rounds. A control that raised is reported once and left alone from then on.
+class TSettling {
+public:
+    /// Whether any control of the tree asked.
+    bool Round(TControl& Control) {
+        const auto* container = dynamic_cast<const TWinControl*>(&Control);
+        bool asked = Ask(Control);
+        for (int i = 0; container && i < container->GetControlCount(); ++i)
+            asked = Round(*container->GetControl(i)) || asked;
+        return asked;
+    }
+    bool AnyFailed() const { return !FFailed.empty(); }
+
+private:
+    bool Ask(TControl& Control) {
+        if (std::ranges::find(FFailed, &Control) != FFailed.end()) return false;
+        try {
+            if (!Control.NeedsSettling()) return false;
+            Control.Settle();
+        } catch (const std::exception& error) {
+            FFailed.push_back(&Control);
+            TApplication::Instance().HandleException(error);
+        }
+        return true;
+    }
+
+    std::vector<const TControl*> FFailed;
+};
+
+bool NeedsSettling(const TControl& Control) {
+    const auto* container = dynamic_cast<const TWinControl*>(&Control);
+    return Control.NeedsSettling() ||
+           (container && std::ranges::any_of(container->GetControls(),
+                                             [](const TControl* Child) { return NeedsSettling(*Child); }));
+}
+
+} // namespace
+
+bool SettleTree(TWinControl& Root) {
+    TSettling settling;
+    for (int round = 0; round < CMaxSettleRounds; ++round)
+        if (!settling.Round(Root)) return !settling.AnyFailed();
+    return !settling.AnyFailed() && !NeedsSettling(Root);
+}
+
+void PaintTree(TWinControl& Root, TCanvasDevice& Device, const TRect& Dirty) {
+    // Paints one control with a canvas of its own, so that no pen, brush or clip outlives it, then its
+    // children.
+    const auto paint = [&Device](const auto& Self, TControl& Control, TPoint Origin, const TRect& Clip) {
+        const TRect size = Control.GetClientRect();
+        const TRect visible = Shifted(size, Origin).Intersected(Clip);
+        if (visible.IsEmpty()) return;
+        TCanvas canvas(&Device);
+        canvas.Font.Assign(Control.GetFont());
+        canvas.Brush.SetColor(Control.GetColor());
+        canvas.SetOrigin(Origin);
+        canvas.SetBaseClip(visible);
+        Guarded([&] { Control.PaintOn(canvas); });
+        const auto* container = dynamic_cast<const TWinControl*>(&Control);
+        for (int i = 0; container && i < container->GetControlCount(); ++i) {
+            TControl& child = *container->GetControl(i);
+            if (child.GetVisible())
+                Self(Self, child, Shifted(child.GetBoundsRect().TopLeft(), Origin), visible);
+        }
+    };
+    paint(paint, Root, {}, Dirty);
+    Device.SetClip({});
+}
+
+void PaintFrame(TWinControl& Root, TCanvasDevice& Device) {
+    TWinControl* top = &Root;
+    while (top->GetParent()) top = top->GetParent();
+    SettleTree(*top);
+    PaintTree(Root, Device, Root.GetClientRect());
+}
+
+} // namespace kx

@@ -1,0 +1,235 @@
+#include "platform/application.h"
+#include "platform/customlabel.h"
+#include "platform/exceptions.h"
+#include "platform/form.h"
+#include "platform/headlesshost.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+
+using namespace kx;
+
+namespace {
+
+THeadlessHost& Host() { return dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost()); }
+
+struct TMark : TGraphicControl {
+    using TGraphicControl::TGraphicControl;
+    TMark(TWinControl* Parent, const TRect& R) : TGraphicControl(nullptr) {
+        SetBounds(R.Left, R.Top, R.Width(), R.Height());
+        SetParent(Parent);
+    }
+};
+
+struct TLabelled : TCustomLabel {
+    using TCustomLabel::TCustomLabel;
+    int Adjusted = 0;
+
+protected:
+    void AdjustBounds() override { ++Adjusted; }
+};
+
+/// A shown form whose invalid rectangle can be asked for and emptied.
+struct TShown : TForm {
+    TShown() : TForm(nullptr) {
+        SetBounds(100, 100, 300, 200);
+        Show();
+        Host().ProcessMessages();
+    }
+    TRect TakeInvalid() {
+        const TRect invalid = Host().WindowOf(AsHostClient())->Invalid;
+        Host().ProcessMessages();
+        return invalid;
+    }
+};
+
+} // namespace
+
+TEST(Controls, invalidate_their_visible_part_in_the_window) {
+    TShown form;
+    TCustomPanel panel(nullptr);
+    panel.SetBounds(50, 50, 100, 100);
+    panel.SetParent(&form);
+    TMark mark(&panel, {80, 10, 120, 20});
+    form.TakeInvalid();
+    mark.Invalidate();
+    EXPECT_EQ(form.TakeInvalid(), (TRect{130, 60, 150, 70})) << "clipped to the panel";
+    mark.SetLeft(0);
+    EXPECT_EQ(form.TakeInvalid(), (TRect{50, 60, 150, 70})) << "old and new place";
+    mark.SetBounds(0, 10, 40, 10);
+    EXPECT_EQ(form.TakeInvalid(), TRect{}) << "nothing changed";
+    mark.SetVisible(false);
+    EXPECT_EQ(form.TakeInvalid(), (TRect{50, 60, 90, 70}));
+    mark.SetColor(clRed);
+    mark.SetParent(nullptr);
+    EXPECT_EQ(form.TakeInvalid(), TRect{});
+    panel.SetParent(nullptr);
+    EXPECT_EQ(form.TakeInvalid(), (TRect{50, 50, 150, 150})) << "where it was";
+    panel.SetParent(&form);
+    panel.SetBounds(CMaxPixel, INT_MIN, INT_MAX, -5);
+    EXPECT_EQ(panel.GetBoundsRect(), (TRect{CMaxPixel, -CMaxPixel, INT_MAX, -CMaxPixel}));
+    EXPECT_EQ(panel.ClientToRoot({5, -5}), (TPoint{CMaxPixel, -CMaxPixel}));
+}
+
+TEST(Controls, stack_graphic_children_below_windowed_ones) {
+    TForm form(nullptr);
+    TCustomPanel w1(nullptr), w2(nullptr);
+    w1.SetParent(&form);
+    TMark g1(&form, {}), g2(&form, {});
+    w2.SetParent(&form);
+    using TOrder = std::vector<TControl*>;
+    EXPECT_EQ(form.GetControls(), (TOrder{&g1, &g2, &w1, &w2}));
+    g1.BringToFront();
+    w2.SendToBack();
+    EXPECT_EQ(form.GetControls(), (TOrder{&g2, &g1, &w2, &w1}));
+    g1.SetParent(&w1);
+    EXPECT_EQ(form.GetControls(), (TOrder{&g2, &w2, &w1}));
+    EXPECT_TRUE(form.ContainsControl(&g1) && !w2.ContainsControl(&g1));
+    EXPECT_THROW(form.SetParent(&w1), Exception);
+    EXPECT_THROW(w1.SetParent(&w1), Exception);
+    EXPECT_THROW(form.GetControl(3), ERangeError);
+}
+
+TEST(Controls, take_the_parents_font_and_colour_until_they_have_their_own) {
+    TForm form(nullptr);
+    TCustomPanel panel(nullptr);
+    panel.SetParent(&form);
+    TMark follower(&panel, {}), own(&panel, {});
+    own.GetFont().SetSize(20);
+    own.SetColor(clLime);
+    form.GetFont().SetName("Courier");
+    form.SetColor(clRed);
+    EXPECT_EQ(follower.GetFont().GetName(), "Courier");
+    EXPECT_TRUE(follower.GetParentFont() && follower.GetParentColor());
+    EXPECT_EQ(follower.GetColor(), clRed);
+    EXPECT_EQ(own.GetFont().GetName(), "Arial");
+    EXPECT_EQ(own.GetColor(), clLime);
+    EXPECT_FALSE(own.GetParentFont() || own.GetParentColor());
+    own.SetParentFont(true);
+    own.SetParentColor(true);
+    EXPECT_TRUE(own.GetFont().Equals(form.GetFont()));
+    EXPECT_EQ(own.GetColor(), clRed);
+}
+
+TEST(Controls, align_by_edge_and_keep_their_thickness) {
+    TForm form(nullptr);
+    form.SetBounds(0, 0, 100, 80);
+    TMark client(&form, {}), left(&form, {0, 0, 20, 1}), top(&form, {0, 0, 1, 10}),
+        bottom(&form, {0, 0, 1, 30}), right(&form, {0, 0, 5, 5});
+    client.SetAlign(alClient);
+    left.SetAlign(alLeft);
+    top.SetAlign(alTop);
+    bottom.SetAlign(alBottom);
+    right.SetAlign(alRight);
+    EXPECT_EQ(client.GetBoundsRect(), (TRect{20, 10, 95, 50}));
+    EXPECT_EQ(bottom.GetBoundsRect(), (TRect{0, 50, 100, 80}));
+    form.SetHeight(20);
+    EXPECT_EQ(bottom.GetBoundsRect(), (TRect{0, -10, 100, 20}));
+    EXPECT_EQ(client.GetHeight(), 0);
+    top.SetVisible(false);
+    form.SetBounds(0, 0, 200, 100);
+    EXPECT_EQ(client.GetBoundsRect(), (TRect{20, 0, 195, 70}));
+}
+
+TEST(Controls, may_be_destroyed_in_any_order) {
+    std::vector<int> order(5);
+    std::iota(order.begin(), order.end(), 0);
+    do {
+        auto* form = new TForm(nullptr);
+        form->Show();
+        auto* panel = new TCustomPanel(form);
+        panel->SetParent(form);
+        auto* inner = new TCustomPanel(nullptr);
+        inner->SetParent(panel);
+        inner->SetAlign(alClient);
+        auto* label = new TLabelled(inner);
+        label->SetParent(form);
+        label->SetFocusControl(inner);
+        auto* mark = new TMark(panel);
+        mark->SetParent(inner);
+        mark->SetMouseCapture(true);
+        const std::vector<TComponent*> all{form, panel, inner, label, mark};
+        constexpr int owners[] = {-1, 0, -1, 2, 1};
+        bool gone[5] = {};
+        for (const int i : order) {
+            if (!gone[i]) delete all[i];
+            gone[i] = true;
+            for (int j = 0; j < 5; ++j) gone[j] = gone[j] || (owners[j] >= 0 && gone[owners[j]]);
+            if (!gone[0]) {
+                EXPECT_EQ(std::ranges::count(form->GetControls(), label), gone[3] ? 0 : 1);
+                form->SetWidth(form->GetWidth() + 1);
+                Host().ProcessMessages();
+            }
+        }
+    } while (std::next_permutation(order.begin(), order.end()));
+}
+
+TEST(CustomLabel, adjusts_its_bounds_after_every_change_that_matters) {
+    TForm form(nullptr);
+    auto focus = std::make_unique<TCustomPanel>(nullptr);
+    TLabelled label(nullptr);
+    label.SetParent(&form);
+    const int before = label.Adjusted;
+    label.SetText("x");
+    label.SetText("x");
+    label.GetFont().SetBold(true);
+    label.SetAutoSize(false);
+    label.BeginLoading();
+    label.EndLoading();
+    EXPECT_EQ(label.Adjusted - before, 4);
+    label.SetFocusControl(focus.get());
+    focus.reset();
+    EXPECT_EQ(label.GetFocusControl(), nullptr);
+}
+
+TEST(Form, opens_its_window_on_the_host_and_keeps_it_up_to_date) {
+    TForm form(nullptr);
+    const auto view = [&] { return Host().WindowOf(form.AsHostClient()); };
+    form.SetCaption("Before");
+    EXPECT_EQ(view(), nullptr);
+    form.SetPosition(poScreenCenter);
+    form.Show();
+    EXPECT_TRUE(view()->Visible);
+    EXPECT_EQ(view()->Bounds, TRect::Bounds(640, 300, 640, 480));
+    form.SetCaption("After");
+    EXPECT_EQ(view()->Caption, "After");
+    form.SetVisible(false);
+    EXPECT_FALSE(view()->Visible);
+    form.Show();
+    int closed = 0;
+    form.OnClose = [&](TControl*) { ++closed; };
+    form.AsHostClient().HostClosed();
+    EXPECT_TRUE(closed == 1 && !form.IsShown() && !view()->Visible);
+}
+
+TEST(Form, keeps_its_normal_bounds_while_maximised) {
+    TShown form;
+    form.SetWindowState(wsMaximized);
+    EXPECT_EQ(form.GetClientRect(), (TRect{0, 0, 1920, 1080}));
+    EXPECT_EQ(form.GetNormalBounds(), TRect::Bounds(100, 100, 300, 200));
+    form.SetBounds(1, 2, 30, 40);
+    EXPECT_EQ(form.GetWidth(), 1920);
+    form.SetWindowState(wsNormal);
+    EXPECT_EQ(form.GetBoundsRect(), TRect::Bounds(1, 2, 30, 40));
+    form.AsHostClient().HostResized({5, 5, 55, 65});
+    EXPECT_EQ(form.GetNormalBounds(), (TRect{5, 5, 55, 65}));
+}
+
+TEST(Form, publishes_values_that_can_be_read_back) {
+    TForm form(nullptr);
+    for (const char* path : {"Left", "Align", "Cursor", "WindowState", "Color", "Font.Name", "ParentFont"}) {
+        const std::string text = GetPropertyText(form, path);
+        SetPropertyText(form, path, text);
+        EXPECT_EQ(GetPropertyText(form, path), text) << path;
+    }
+    SetPropertyText(form, "WindowState", "wsMaximized");
+    EXPECT_EQ(form.GetWindowState(), wsMaximized);
+    TForm fresh(nullptr);
+    for (const TProperty* p : fresh.PublishedProperties().All()) {
+        if (!IsStored(fresh, *p)) continue;
+        const std::string name(p->Name);
+        EXPECT_TRUE(name == "Left" || name == "Top" || name == "Width" || name == "Height") << name;
+    }
+}

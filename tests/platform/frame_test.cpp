@@ -1,0 +1,100 @@
+#include "platform/frame.h"
+
+#include "platform/application.h"
+#include "platform/form.h"
+#include "platform/recording.h"
+
+#include <gtest/gtest.h>
+
+using namespace kx;
+
+namespace {
+
+/// Writes its text when painted; asks for some rounds of settling.
+struct TBox : TGraphicControl {
+    TBox(TWinControl* Parent, const std::string& Text, const TRect& R) : TGraphicControl(nullptr) {
+        SetBounds(R.Left, R.Top, R.Width(), R.Height());
+        SetText(Text);
+        SetParent(Parent);
+    }
+    bool NeedsSettling() const override { return Rounds > 0; }
+    void Settle() override {
+        ++Settled;
+        if (Fails) throw std::runtime_error(GetText());
+        --Rounds;
+    }
+    void Paint() override {
+        GetCanvas().SetOrigin({1000, 1000});
+        GetCanvas().SetClip(TRect{0, 0, 1, 1});
+        if (Fails) throw std::runtime_error(GetText());
+        GetCanvas().SetOrigin(GetParent()->ClientToRoot({GetLeft(), GetTop()}));
+        GetCanvas().SetClip({});
+        GetCanvas().TextOut(1, 1, GetText());
+    }
+    int Rounds = 0, Settled = 0;
+    bool Fails = false;
+};
+
+struct TFaults {
+    TFaults() {
+        TApplication::Instance().OnException = [this](const std::exception& E) { Text += E.what(); };
+    }
+    ~TFaults() { TApplication::Instance().OnException = nullptr; }
+    std::string Text;
+};
+
+} // namespace
+
+TEST(Frame, settles_in_rounds_until_nobody_asks) {
+    const struct {
+        int Rounds[2];
+        bool Settled;
+        int Calls[2];
+    } cases[] = {
+        {{0, 0}, true, {0, 0}}, {{1, 3}, true, {1, 3}}, {{8, 1}, true, {8, 1}}, {{9, 0}, false, {8, 0}}};
+    for (const auto& c : cases) {
+        TForm form(nullptr);
+        TCustomPanel panel(nullptr);
+        panel.SetParent(&form);
+        TBox a(&form, "a", {}), b(&panel, "b", {});
+        a.Rounds = c.Rounds[0];
+        b.Rounds = c.Rounds[1];
+        EXPECT_EQ(SettleTree(form), c.Settled);
+        EXPECT_TRUE(a.Settled == c.Calls[0] && b.Settled == c.Calls[1]) << c.Rounds[0] << c.Rounds[1];
+    }
+}
+
+TEST(Frame, paints_in_order_with_origin_and_clip_and_goes_on_after_a_failure) {
+    TFaults faults;
+    TForm form(nullptr);
+    form.SetBounds(300, 300, 100, 80);
+    form.SetColor(clSilver);
+    TCustomPanel panel(nullptr);
+    panel.SetBounds(40, 40, 100, 100);
+    panel.SetParent(&form);
+    panel.SetColor(clRed);
+    TBox above(&panel, "inner", {10, 10, 30, 20}), below(&form, "below", {10, 5, 50, 45}),
+        hidden(&form, "hidden", {0, 0, 50, 50}), outside(&form, "outside", {100, 0, 200, 50}),
+        failing(&form, "failing", {0, 70, 9, 99});
+    hidden.SetVisible(false);
+    failing.Fails = true;
+    failing.Rounds = below.Rounds = 1;
+    TRecorder device({100, 80});
+    PaintFrame(form, device);
+    EXPECT_EQ(faults.Text, "failingfailing") << "once settling, once painting";
+    EXPECT_EQ(below.Settled, 1);
+    EXPECT_EQ(device.Recording.ToText(),
+              "clip (0,0)-(100,80)\nfill (0,0)-(100,80) brush #c0c0c0 solid\n"
+              "clip (10,5)-(50,45)\nclip (0,0)-(0,0)\nclip (10,5)-(50,45)\n"
+              "text (11,6) \"below\" #000000 font \"Arial\" -13 - 0\n"
+              "clip (0,70)-(9,80)\nclip (0,0)-(0,0)\n"
+              "clip (40,40)-(100,80)\nfill (40,40)-(140,140) brush #ff0000 solid\n"
+              "clip (50,50)-(70,60)\nclip (0,0)-(0,0)\nclip (50,50)-(70,60)\n"
+              "text (51,51) \"inner\" #000000 font \"Arial\" -13 - 0\nclip none\n");
+    EXPECT_EQ(failing.GetCanvas().GetDevice(), nullptr) << "given back after the failure, too";
+
+    TRecorder part({100, 80});
+    PaintTree(form, part, {55, 55, 56, 56});
+    EXPECT_EQ(part.Recording.ToText().substr(0, 20), "clip (55,55)-(56,56)");
+    EXPECT_EQ(part.Recording.ToText().find("below"), std::string::npos);
+}

@@ -1,0 +1,146 @@
+#include "platform/application.h"
+#include "platform/form.h"
+#include "platform/headlesshost.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+using namespace kx;
+
+namespace {
+
+/// A form with a panel at (50, 50), 100 square, and a graphic mark on it at (10, 10), 20 square. Writes down
+/// who got what where, and runs an action at a chosen moment.
+class MouseDispatch : public testing::Test {
+protected:
+    void SetUp() override {
+        Form->Show();
+        Panel->SetBounds(50, 50, 100, 100);
+        Panel->SetParent(Form.get());
+        Mark->SetBounds(10, 10, 20, 20);
+        Mark->SetParent(Panel.get());
+        Watch(*Form, "form");
+        Watch(*Panel, "panel");
+        Watch(*Mark, "mark");
+    }
+
+    void Watch(TControl& Control, const std::string& Name) {
+        const auto at = [](int X, int Y) { return "(" + std::to_string(X) + "," + std::to_string(Y) + ")"; };
+        Control.OnMouseDown = [=, this](TControl*, TMouseButton, TShiftState, int X, int Y) {
+            Note(Name + ".down" + at(X, Y));
+        };
+        Control.OnMouseMove = [=, this](TControl*, TShiftState, int X, int Y) {
+            Note(Name + ".move" + at(X, Y));
+        };
+        Control.OnMouseUp = [=, this](TControl*, TMouseButton, TShiftState, int X, int Y) {
+            Note(Name + ".up" + at(X, Y));
+        };
+        Control.OnClick = [=, this](TControl*) { Note(Name + ".click"); };
+        Control.OnDblClick = [=, this](TControl*) { Note(Name + ".double"); };
+    }
+    void Note(const std::string& What) {
+        Log += What + ' ';
+        if (Action && What.starts_with(ActAt)) std::exchange(Action, nullptr)();
+    }
+    std::string Send(TMouseKind Kind, TPoint Pos, TShiftState Shift = 0, TMouseButton Button = mbLeft) {
+        Form->AsHostClient().HostMouse(Kind, Button, Shift, Pos);
+        return std::exchange(Log, "");
+    }
+    const THeadlessHost::TWindowView& View() {
+        return *dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost())
+                    .WindowOf(Form->AsHostClient());
+    }
+
+    static constexpr auto Down = TMouseKind::Down, Move = TMouseKind::Move, Up = TMouseKind::Up;
+    std::string Log, ActAt;
+    std::function<void()> Action;
+    std::unique_ptr<TForm> Form = std::make_unique<TForm>(nullptr);
+    std::unique_ptr<TCustomPanel> Panel = std::make_unique<TCustomPanel>(nullptr);
+    std::unique_ptr<TGraphicControl> Mark = std::make_unique<TGraphicControl>(nullptr);
+};
+
+} // namespace
+
+TEST_F(MouseDispatch, goes_to_the_deepest_control_that_takes_it) {
+    Panel->SetCursor(crCross);
+    EXPECT_EQ(Send(Move, {65, 66}), "mark.move(5,6) ");
+    EXPECT_EQ(View().Cursor, crCross) << "the parent's, where there is none of its own";
+    EXPECT_EQ(Send(Move, {80, 80}), "panel.move(30,30) ");
+    EXPECT_EQ(Send(Move, {5, 6}), "form.move(5,6) ");
+    EXPECT_EQ(View().Cursor, crDefault);
+    Mark->SetEnabled(false);
+    EXPECT_EQ(Send(Move, {65, 66}), "panel.move(15,16) ");
+    Panel->SetVisible(false);
+    EXPECT_EQ(Send(Move, {65, 66}), "form.move(65,66) ");
+    Form->SetEnabled(false);
+    EXPECT_EQ(Send(Move, {65, 66}), "");
+}
+
+TEST_F(MouseDispatch, a_press_captures_until_the_last_button_is_up) {
+    EXPECT_EQ(Send(Down, {65, 65}, ssLeft), "mark.down(5,5) ");
+    EXPECT_TRUE(View().Captured && Mark->GetMouseCapture());
+    EXPECT_EQ(Send(Move, {0, 0}, ssLeft), "mark.move(-60,-60) ");
+    Send(Down, {0, 0}, ssLeft | ssRight, mbRight);
+    EXPECT_EQ(Send(Up, {0, 0}, ssRight), "mark.up(-60,-60) ") << "outside: no click";
+    EXPECT_TRUE(View().Captured);
+    Send(Up, {0, 0}, ssRight, mbRight);
+    EXPECT_FALSE(View().Captured);
+    EXPECT_EQ(Send(Move, {0, 0}), "form.move(0,0) ");
+    Send(Down, {65, 65}, ssLeft);
+    Mark->SetVisible(false);
+    EXPECT_FALSE(View().Captured) << "a hidden control lets go";
+}
+
+TEST_F(MouseDispatch, clicks_and_double_clicks) {
+    Send(Down, {65, 65}, ssLeft);
+    EXPECT_EQ(Send(Up, {66, 65}), "mark.click mark.up(6,5) ");
+    EXPECT_EQ(Send(Down, {65, 65}, ssLeft | ssDouble), "mark.double mark.down(5,5) ");
+    EXPECT_EQ(Send(Up, {65, 65}), "mark.up(5,5) ") << "one double click, no second click";
+    Send(Down, {65, 65}, ssRight, mbRight);
+    EXPECT_EQ(Send(Up, {65, 65}, 0, mbRight), "mark.up(5,5) ");
+    EXPECT_EQ(Send(Up, {65, 65}), "mark.up(5,5) ") << "never pressed";
+}
+
+TEST_F(MouseDispatch, handlers_may_destroy_or_remove_what_is_being_served) {
+    const struct {
+        const char* At;
+        std::function<void()> Action;
+        const char* Expected;
+    } cases[] = {
+        {"mark.click", [this] { Mark.reset(); }, "mark.down(5,5) mark.click "},
+        {"mark.click", [this] { Panel.reset(); }, "mark.down(5,5) mark.click "},
+        {"mark.click", [this] { Form.reset(); }, "mark.down(5,5) mark.click "},
+        {"mark.click", [this] { Mark->SetParent(nullptr); }, "mark.down(5,5) mark.click "},
+        {"mark.click", [this] { Mark->SetEnabled(false); }, "mark.down(5,5) mark.click mark.up(5,5) "},
+        {"mark.down", [this] { Mark.reset(); }, "mark.down(5,5) panel.up(15,15) "},
+        {"mark.down", [this] { Form.reset(); }, "mark.down(5,5) "},
+        {"mark.down", [] { throw std::runtime_error("x"); }, "mark.down(5,5) mark.click mark.up(5,5) "},
+        {"mark.up", [this] { Form.reset(); }, "mark.down(5,5) mark.click mark.up(5,5) "},
+    };
+    int errors = 0;
+    TApplication::Instance().OnException = [&](const std::exception&) { ++errors; };
+    for (const auto& c : cases) {
+        Mark = std::make_unique<TGraphicControl>(nullptr);
+        Panel = std::make_unique<TCustomPanel>(nullptr);
+        Form = std::make_unique<TForm>(nullptr);
+        SetUp();
+        ActAt = c.At;
+        Action = c.Action;
+        std::string log = Send(Down, {65, 65}, ssLeft);
+        if (Form) log += Send(Up, {65, 65});
+        EXPECT_EQ(log, c.Expected) << c.At;
+    }
+    TApplication::Instance().OnException = nullptr;
+    EXPECT_EQ(errors, 1);
+}
+
+TEST_F(MouseDispatch, keys_go_to_the_form) {
+    std::string keys;
+    Form->OnKeyDown = [&](TControl*, int Key, std::string_view Text, TShiftState) {
+        keys += std::to_string(Key) + std::string(Text);
+    };
+    Form->AsHostClient().HostKey(65, "a", 0, true);
+    Form->AsHostClient().HostKey(65, "a", 0, false);
+    EXPECT_EQ(keys, "65a");
+}
