@@ -1,0 +1,212 @@
+#include "numeric/Kxvector.h"
+
+#include "platform/scopedvalue.h"
+
+#include <algorithm>
+#include <climits>
+
+namespace kx {
+
+namespace {
+
+/// Runs an action at the end of a block, also when a listener raises.
+template <class F>
+class TFinally {
+public:
+    explicit TFinally(F Action) : FAction(std::move(Action)) {}
+    TFinally(const TFinally&) = delete;
+    TFinally& operator=(const TFinally&) = delete;
+    ~TFinally() { FAction(); }
+
+private:
+    F FAction;
+};
+
+/// Kept: the words do not fit points and integers, but programs compare them.
+[[noreturn]] void RaiseExtraction() { throw ERangeError("Error during floating point number extraction"); }
+
+int Saturated(std::int64_t Value) { return static_cast<int>(std::min<std::int64_t>(Value, INT_MAX)); }
+
+} // namespace
+
+void TKxValueIChangedList::Add(const TKxValueIChangedEvent& Event) {
+    const TKxValueIChangedEvent added = Event; // may be one of ours
+    Remove(added);
+    FItems.push_back(added);
+}
+
+void TKxValueIChangedList::Remove(const TKxValueIChangedEvent& Event) {
+    const auto found =
+        std::find_if(FItems.begin(), FItems.end(), [&](const auto& e) { return e.SameMethod(Event); });
+    if (found != FItems.end()) Erase(static_cast<std::size_t>(found - FItems.begin()));
+}
+
+void TKxValueIChangedList::RemoveOwn(const TKxValueIChangedEvent& Event) {
+    const auto found = std::find(FItems.begin(), FItems.end(), Event);
+    if (found != FItems.end()) Erase(static_cast<std::size_t>(found - FItems.begin()));
+}
+
+void TKxValueIChangedList::Clear() {
+    FItems.clear();
+    for (TRound* round = FRounds; round; round = round->Outer) round->Next = round->End = 0;
+}
+
+void TKxValueIChangedList::Erase(std::size_t Index) {
+    FItems.erase(FItems.begin() + static_cast<std::ptrdiff_t>(Index));
+    for (TRound* round = FRounds; round; round = round->Outer) {
+        if (Index < round->Next) --round->Next;
+        if (Index < round->End) --round->End;
+    }
+}
+
+void TKxValueIChangedList::Call(int Index, bool WasDeleted) {
+    TRound round{0, FItems.size(), FRounds};
+    const TScopedValue<TRound*> running(FRounds, &round);
+    while (round.Next < round.End) {
+        const TKxValueIChangedEvent event = FItems[round.Next++];
+        event(Index, WasDeleted);
+    }
+}
+
+TKxCustomRealVector::TKxCustomRealVector(TComponent* Owner) : TComponent(Owner) { Resize(FIncrement); }
+
+void TKxCustomRealVector::RaiseIndex(int Index) {
+    throw ERangeError("i=" + std::to_string(Index) + " index out of range");
+}
+
+void TKxCustomRealVector::Resize(int Capacity) {
+    FValues.SetLength(Capacity);
+    FCapacity = Capacity;
+}
+
+void TKxCustomRealVector::CheckCount(int Wanted) {
+    // Kept: grows on equal; the capacity that a program sees counts on it.
+    if (Wanted >= FCapacity) Resize(Saturated(std::int64_t{Wanted} + FIncrement));
+    FCount = std::max(FCount, Wanted);
+}
+
+void TKxCustomRealVector::SetValue(int Index, double Value) {
+    if (Index < 0) return;
+    if (Index == INT_MAX) RaiseIndex(Index);
+    CheckCount(Index + 1);
+    FValues[Index] = Value;
+}
+
+void TKxCustomRealVector::CloseGap(int Index) {
+    if (Index + 1 < FCount)
+        std::copy(FValues.begin() + Index + 1, FValues.begin() + FCount, FValues.begin() + Index);
+}
+
+int TKxRealVector::Add(double Value) {
+    CheckCount(FCount + 1);
+    SetValue(FCount - 1, Value);
+    return FCount;
+}
+
+void TKxRealVector::Insert(int Index, double Value) {
+    if (Index < 0 || Index >= FCount) return;
+    CheckCount(FCount + 1);
+    std::copy_backward(FValues.begin() + Index, FValues.begin() + FCount - 1, FValues.begin() + FCount);
+    SetValue(Index, Value);
+}
+
+void TKxRealVector::Delete(int Index) {
+    if (Index < 0 || Index >= FCount) return;
+    CloseGap(Index);
+    --FCount;
+}
+
+void TKxRealVector::Clear() { FCount = 0; }
+
+void TKxRealVector::SetCapacity(int Capacity) {
+    if (Capacity > FCount) Resize(Capacity);
+}
+
+void TKxRealVector::SetIncrement(int Increment) {
+    if (Increment > 50) FIncrement = Increment;
+}
+
+const TPropertyTable& TKxRealVector::Properties() {
+    using V = TKxRealVector;
+    static const TPropertyTable table(
+        "TKxRealVector", &TComponent::Properties(),
+        {Published<&V::GetPersistentValues, &V::SetPersistentValues>(
+             "PersistentValues", std::monostate{}, "Whether the values are stored with the form"),
+         Published<&V::GetCapacity, &V::SetCapacity>("Capacity", std::monostate{},
+                                                     "Number of values that there is room for"),
+         Published<&V::GetIncrement, &V::SetIncrement>(
+             "Increment", std::monostate{}, "Number of values by which the capacity grows, 50 or more")});
+    return table;
+}
+
+void TKxLiveVector::SetValue(int Index, double Value) {
+    if (Index < 0) return;
+    TKxRealVector::SetValue(Index, Value);
+    Listeners().Call(Index, false);
+}
+
+void TKxLiveVector::Delete(int Index) {
+    // Kept: Count itself passes; series that mirror the vector hear of such a Delete and drop their last
+    // point.
+    if (Index < 0 || Index > FCount) return;
+    CloseGap(Index);
+    const TFinally shorten([this] { FCount = std::max(FCount - 1, 0); });
+    Listeners().Call(Index, true);
+}
+
+void TKxLiveVector::Clear() {
+    const TFinally clear([this] { TKxRealVector::Clear(); });
+    Listeners().Call(-1, true);
+}
+
+const TPropertyTable& TKxLiveVector::Properties() {
+    static const TPropertyTable table("TKxLiveVector", &TKxRealVector::Properties(), {});
+    return table;
+}
+
+template <class T>
+TKxWorkVector<T>::TKxWorkVector(int Increment) : FIncrement(Increment < 1 ? 50 : Increment) {
+    FValues.SetLength(FIncrement);
+    FCapacity = FIncrement;
+}
+
+template <class T>
+void TKxWorkVector<T>::Reserve(int Wanted) {
+    if (Wanted < FCapacity) return;
+    const std::int64_t steps = (std::int64_t{Wanted} - FCapacity) / FIncrement + 1;
+    const int capacity = Saturated(FCapacity + steps * FIncrement);
+    FValues.SetLength(capacity);
+    FCapacity = capacity;
+}
+
+template <class T>
+void TKxWorkVector<T>::SetCount(int Count) {
+    Reserve(Count);
+    FCount = std::max(Count, 0);
+}
+
+template <class T>
+T TKxWorkVector<T>::GetValue(int Index) const {
+    if (Index >= FCount) RaiseExtraction();
+    return FValues[Index];
+}
+
+template <class T>
+void TKxWorkVector<T>::SetValue(int Index, T Value) {
+    if (Index < 0) return;
+    if (Index == INT_MAX) RaiseExtraction();
+    if (Index >= FCount) SetCount(Index + 1);
+    FValues[Index] = Value;
+}
+
+template <class T>
+int TKxWorkVector<T>::Add(T Value) {
+    SetCount(FCount + 1);
+    FValues[FCount - 1] = Value;
+    return FCount;
+}
+
+template class TKxWorkVector<TPoint>;
+template class TKxWorkVector<std::int32_t>;
+
+} // namespace kx

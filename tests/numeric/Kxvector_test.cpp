@@ -1,0 +1,144 @@
+#include "numeric/Kxvector.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace kx {
+namespace {
+
+using TCalls = std::vector<std::pair<int, bool>>;
+using TReals = std::vector<double>;
+
+struct TWatcher {
+    TCalls Heard;
+    void Changed(int Index, bool WasDeleted) { Heard.emplace_back(Index, WasDeleted); }
+    void Other(int Index, bool WasDeleted) { Changed(Index, WasDeleted); }
+    TKxValueIChangedEvent Event() { return TKxValueIChangedEvent::Of<&TWatcher::Changed>(this); }
+    TKxValueIChangedEvent OtherEvent() { return TKxValueIChangedEvent::Of<&TWatcher::Other>(this); }
+};
+
+TReals Of(const TKxRealVector& V) { return TReals(V.Values().begin(), V.Values().end()); }
+
+TEST(RealVector, CapacityGrowsInStepsAheadOfCount) {
+    TKxRealVector v(nullptr);
+    for (int i = 1; i <= 100; ++i) {
+        EXPECT_EQ(v.Add(i), i);
+        EXPECT_EQ(v.GetCapacity(), i < 50 ? 50 : i < 100 ? 100 : 150);
+    }
+    v.SetIncrement(10);
+    EXPECT_EQ(v.GetIncrement(), 50);
+    v.SetIncrement(51);
+    v.SetValue(200, 1);
+    EXPECT_EQ(Of(v)[199], 0);
+    v.Clear();
+    v.SetCapacity(0);
+    EXPECT_EQ(v.GetCapacity(), 252);
+    try {
+        v.GetValue(0);
+        FAIL();
+    } catch (const ERangeError& e) {
+        EXPECT_EQ(e.Message(), "i=0 index out of range");
+    }
+    SetPropertyText(v, "Capacity", "5");
+    EXPECT_EQ(v.GetCapacity(), 5);
+    EXPECT_TRUE(IsStored(v, *v.PublishedProperties().Find("PersistentValues")));
+}
+
+TEST(Vectors, ChangeAndTellAsTheyShould) {
+    struct TCase {
+        std::function<void(TKxRealVector&)> Act;
+        TCalls Heard; // by the live vector's listener; the plain one tells nobody
+        TReals Live, Plain;
+    };
+    for (const auto& c :
+         {TCase{[](auto& v) { v.Add(5); }, {{3, false}}, {0, 1, 2, 5}, {0, 1, 2, 5}},
+          TCase{[](auto& v) { v.Insert(1, 5); }, {{1, false}}, {0, 5, 1, 2}, {0, 5, 1, 2}},
+          TCase{[](auto& v) { v.Insert(3, 5); }, {}, {0, 1, 2}, {0, 1, 2}},
+          TCase{[](auto& v) { v.SetValue(1, 5); }, {{1, false}}, {0, 5, 2}, {0, 5, 2}},
+          TCase{[](auto& v) { v.Delete(0); }, {{0, true}}, {1, 2}, {1, 2}},
+          TCase{[](auto& v) { v.Delete(3); }, {{3, true}}, {0, 1}, {0, 1, 2}},
+          TCase{[](auto& v) { v.Delete(4); }, {}, {0, 1, 2}, {0, 1, 2}},
+          TCase{[](auto& v) { v.SetValue(-1, 9), v.Insert(-1, 9), v.Delete(-1); }, {}, {0, 1, 2}, {0, 1, 2}},
+          TCase{[](auto& v) { v.Clear(), v.Delete(0); }, {{-1, true}, {0, true}}, {}, {}}}) {
+        TKxLiveVector live(nullptr);
+        TKxRealVector plain(nullptr);
+        for (TKxRealVector* v : {&plain, static_cast<TKxRealVector*>(&live)}) {
+            TWatcher watcher;
+            for (double x : {0, 1, 2}) v->Add(x);
+            v->Listeners().Add(watcher.Event());
+            c.Act(*v);
+            EXPECT_EQ(watcher.Heard, v == &live ? c.Heard : TCalls());
+            EXPECT_EQ(Of(*v), v == &live ? c.Live : c.Plain);
+        }
+    }
+}
+
+TEST(LiveVector, AFailingListenerLeavesACompleteChange) {
+    TKxLiveVector v(nullptr);
+    for (double x : {0, 1, 2}) v.Add(x);
+    TReals seen;
+    v.Listeners().Add(TKxValueIChangedEvent([&](int, bool) { seen = Of(v), throw Exception("no"); }));
+    EXPECT_THROW(v.Delete(0), Exception);
+    EXPECT_EQ(seen, (TReals{1, 2, 2})) << "moved, but not yet shorter";
+    EXPECT_EQ(Of(v), (TReals{1, 2}));
+    EXPECT_THROW(v.Clear(), Exception);
+    EXPECT_EQ(v.GetCount(), 0);
+}
+
+TEST(Listeners, AreOnePerMethod) {
+    TKxValueIChangedList list;
+    TWatcher a, b;
+    for (const auto& event : {a.Event(), a.OtherEvent(), b.Event()}) list.Add(event);
+    EXPECT_EQ(list.GetCount(), 2) << "b replaces a";
+    list.RemoveOwn(a.Event());
+    EXPECT_EQ(list.GetItem(1), b.Event());
+    list.Remove(a.Event());
+    list.RemoveOwn(a.OtherEvent());
+    EXPECT_EQ(list.GetCount(), 0);
+}
+
+TEST(Listeners, MayLeaveAndEnterWhileCalled) {
+    TKxValueIChangedList list;
+    std::string heard;
+    std::function<void()> act;
+    const auto named = [&](char name) {
+        return TKxValueIChangedEvent([&, name](int, bool) {
+            heard += name;
+            if (name == 'b') std::exchange(act, [] {})();
+        });
+    };
+    const auto a = named('a'), b = named('b'), c = named('c'), d = named('d');
+    using TCase = std::tuple<std::function<void()>, const char*, const char*>;
+    for (const auto& [action, first, second] :
+         {TCase{[&] { list.Remove(b); }, "abc", "ac"}, TCase{[&] { list.Remove(a); }, "abc", "bc"},
+          TCase{[&] { list.Remove(c); }, "ab", "ab"}, TCase{[&] { list.Add(d); }, "abc", "abcd"},
+          TCase{[&] { list.Add(b); }, "abc", "acb"}, TCase{[&] { list.Clear(); }, "ab", ""},
+          TCase{[&] { list.Remove(a), list.Call(0, false), list.Add(a); }, "abbcc", "bca"}}) {
+        list.Clear();
+        for (const auto& event : {a, b, c}) list.Add(event);
+        act = action;
+        for (const char* expected : {first, second}) {
+            heard.clear();
+            list.Call(0, false);
+            EXPECT_EQ(heard, expected);
+        }
+    }
+}
+
+TEST(WorkVectors, GrowByWholeIncrements) {
+    EXPECT_EQ(TKxPointVector(0).GetIncrement(), 50);
+    TKxIntegerVector v(10);
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(v.Add(i), i + 1);
+    EXPECT_EQ(v.GetCapacity(), 20);
+    v.SetValue(45, 7);
+    EXPECT_EQ(v.GetCapacity(), 50);
+    EXPECT_EQ(v.GetValue(9) + v.GetValue(44), 9);
+    v.SetValue(-1, 3);
+    v.SetCount(3);
+    EXPECT_EQ(v.Values().size(), 3U);
+    EXPECT_THROW(v.GetValue(3), ERangeError);
+}
+
+} // namespace
+} // namespace kx
