@@ -1,0 +1,13 @@
+#pragma once
+// Pictures that tests, documentation and the demo share: one function a picture.
+
+#include "platform/canvas.h"
+
+namespace kx::scenes {
+
+inline constexpr TSize CSymbolSheetSize{760, 520};
+
+/// All point symbols with their names, arrows, three-dimensional bars, frames and the caption markup.
+void PaintSymbolSheet(TCanvas& Canvas);
+
+} // namespace kx::scenes

@@ -1,0 +1,111 @@
+#pragma once
+// Rich captions: one line of text in which backslash escapes switch its looks, and how it is measured,
+// painted and stripped of its markup.
+//
+//   \b bold   \i italic   \u underline   \o strike-out   \s symbol font (Greek)
+//   \+ superscript   \- subscript   \\ a backslash
+//
+// Each escape turns its look on and the next one of its kind turns it off again; letters may be of either
+// case. An escape swallows one blank that follows it directly. A backslash before any other character is
+// dropped. A character is a code point: all lengths, positions and indices count those.
+
+#include "platform/canvas.h"
+#include "platform/dynarray.h"
+#include "platform/text.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kx {
+
+/// A text that carries the markup.
+using TKxCaption = std::string;
+
+/// What the escapes switch.
+enum class TKxCaptionSwitch { Symbol, Bold, Italic, Underline, StrikeOut, Superscript, Subscript };
+
+/// The looks of a character beside those of the base font.
+struct TKxCaptionLooks {
+    bool Symbol = false;
+    TFontStyles Toggled = 0; ///< styles of the base font that are turned round
+    bool Superscript = false;
+    bool Subscript = false;
+    bool Small = false; ///< two thirds of the size; ended by the first of superscript and subscript that ends
+    friend bool operator==(const TKxCaptionLooks&, const TKxCaptionLooks&) = default;
+};
+
+/// Shown characters of the same looks that also stand side by side in the caption.
+struct TKxCaptionRun {
+    std::string Text;
+    int Position = 1; ///< of the first one in the caption, 1-based
+    TKxCaptionLooks Looks;
+};
+
+/// A caption taken to pieces; independent of font, place and angle.
+struct TKxParsedCaption {
+    /// An escape and the number of characters shown before it.
+    struct TSwitchAt {
+        TKxCaptionSwitch Switch;
+        int Index;
+    };
+    std::vector<TKxCaptionRun> Runs; ///< none of them empty
+    std::vector<TSwitchAt> Switches; ///< in order
+    std::string Stripped;            ///< the shown text without the backslashes that "\\" shows
+    int Length = 0;                  ///< characters of the caption, markup included
+};
+TKxParsedCaption ParseCaption(std::string_view Text);
+
+/// The advance width in the canvas's font.
+int MeasureCaption(const TKxParsedCaption& Caption, TCanvas& Canvas);
+/// Paints with the first character cell's top left at (X, Y), in the canvas's font, one character at a time.
+/// Angle is the writing direction in tenths of a degree, counter-clockwise. The canvas's font is restored,
+/// also when a device raises.
+void PaintCaption(const TKxParsedCaption& Caption, TCanvas& Canvas, int X, int Y, int Angle);
+
+/// What RichPaintTo is given and gives back.
+struct TKxCaptionRec {
+    TKxCaption Text;
+    TCanvas* Canvas = nullptr;  ///< measures and paints; its font is the base font. Not owned, not null.
+    std::int32_t X = 0;         ///< left of the first character cell
+    std::int32_t Y = 0;         ///< top of the first character cell
+    std::int32_t Angle = 0;     ///< writing direction, tenths of a degree, counter-clockwise
+    std::int32_t Width = 0;     ///< out: advance width of all shown characters, unrotated
+    std::int32_t SelStart = -1; ///< first highlighted shown character, 0-based; -1 for none
+    std::int32_t SelEnd = -1;   ///< one past the last highlighted one; -1 for none
+    bool Paint = false;         ///< false only measures
+    bool ShowSelection = false; ///< the highlighted characters take the highlight text colour
+    std::string Stripped;       ///< out: the shown text without the backslashes that "\\" shows
+
+    // Out, one element per character of Text and one more, zero where nothing is told. Index is that of the
+    // shown character.
+    TDynArray<std::int32_t> CharPos;   ///< right edge, relative to X, unrotated
+    TDynArray<std::int32_t> CharIndex; ///< position in Text, 1-based
+    TDynArray<bool> SymbolFontAt;      ///< a symbol escape stands directly before the character
+    // An odd number of escapes of the kind stands directly before the character.
+    TDynArray<bool> BoldAt, ItalicAt, UnderlineAt, StrikeOutAt, SuperscriptAt, SubscriptAt;
+};
+
+/// Measures Rec.Text and, with Paint, paints it (the background of a selection excepted); fills Width,
+/// Stripped and the arrays, which are new ones. Rec.Canvas->Font is as it was.
+void RichPaintTo(TKxCaptionRec& Rec);
+
+/// Turns what is written in Font, Angle in tenths of a degree, counter-clockwise.
+void RotateFont(TFont* Font, int Angle);
+
+/// The visible text of a caption; a backslash that "\\" shows is left out.
+AnsiString GetStrippedString(const AnsiString& Caption);
+
+/// Plain text as a caption that shows it character by character. A blank that Text begins with is swallowed
+/// when the result is put behind an escape.
+std::string EscapeCaption(std::string_view Text);
+
+/// Cosine and sine of an angle in tenths of a degree; exact at quarter turns.
+struct TKxDirection {
+    long double Cos = 1;
+    long double Sin = 0;
+};
+TKxDirection DirectionOf(int Angle);
+
+} // namespace kx

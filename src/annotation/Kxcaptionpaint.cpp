@@ -1,0 +1,159 @@
+// Measuring and painting captions, one character at a time: that makes the position of each of them exact,
+// at every angle.
+
+#include "annotation/Kxcaption.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace kx {
+
+namespace {
+
+/// Keeps a canvas's font and restores it at the end of the scope.
+class TFontKeeper {
+public:
+    explicit TFontKeeper(TFont& Font) : FFont(Font) { Base.Assign(Font); }
+    ~TFontKeeper() { FFont.Assign(Base); }
+    TFontKeeper(const TFontKeeper&) = delete;
+    TFontKeeper& operator=(const TFontKeeper&) = delete;
+
+    TFont Base;
+
+private:
+    TFont& FFont;
+};
+
+void TakeLooks(const TKxCaptionLooks& Looks, const TFont& Base, int Angle, TFont& Font) {
+    Font.Assign(Base);
+    if (Looks.Symbol) Font.SetName("Symbol");
+    Font.SetStyle(Base.GetStyle() ^ Looks.Toggled);
+    if (Looks.Small) Font.SetSize(Base.GetSize() * 2 / 3);
+    RotateFont(&Font, Angle);
+}
+
+/// Calls Shown(character, advance width, run, index in the run) for every shown character, the canvas's font
+/// being the character's.
+template <class F>
+void ForEachCharacter(const TKxParsedCaption& Caption, TCanvas& Canvas, const TFont& Base, int Angle,
+                      F Shown) {
+    for (const TKxCaptionRun& run : Caption.Runs) {
+        TakeLooks(run.Looks, Base, Angle, Canvas.Font);
+        const std::string_view text = run.Text;
+        int index = 0;
+        for (std::size_t at = 0; at < text.size(); ++index) {
+            const std::string_view character = text.substr(at, std::size_t(DecodeAt(text, at).Length));
+            at += character.size();
+            Shown(character, Canvas.TextWidth(character), run, index);
+        }
+    }
+}
+
+int Rounded(long double Value) { return RoundToInt(double(Value)); }
+
+/// The pen that walks along the base line and puts each character down, raised or lowered as its looks say.
+class TCaptionPen {
+public:
+    TCaptionPen(TPoint Start, int Angle, const TFont& Base)
+        : FPos(Start), FDirection(DirectionOf(Angle)),
+          FRaised(Up(int(std::nearbyint(std::abs(Base.GetSize() / 72.0 * 11))))),
+          FLowered(Up(-int(std::nearbyint(std::abs(Base.GetSize() / 72.0 * 34))))) {}
+
+    TPoint PlaceOf(const TKxCaptionLooks& Looks) const {
+        return FPos + (Looks.Superscript ? FRaised : TPoint{}) + (Looks.Subscript ? FLowered : TPoint{});
+    }
+    void Advance(int Width) {
+        FPos = FPos + TPoint{Rounded(Width * FDirection.Cos), -Rounded(Width * FDirection.Sin)};
+    }
+
+private:
+    /// The way of Distance pixels towards the top of the characters.
+    TPoint Up(int Distance) const {
+        return {-Rounded(Distance * FDirection.Sin), -Rounded(Distance * FDirection.Cos)};
+    }
+
+    TPoint FPos;
+    TKxDirection FDirection;
+    TPoint FRaised, FLowered;
+};
+
+void ClearArrays(TKxCaptionRec& Rec, int Length) {
+    Rec.CharPos = TDynArray<std::int32_t>(Length);
+    Rec.CharIndex = TDynArray<std::int32_t>(Length);
+    for (TDynArray<bool>* at : {&Rec.SymbolFontAt, &Rec.BoldAt, &Rec.ItalicAt, &Rec.UnderlineAt,
+                                &Rec.StrikeOutAt, &Rec.SuperscriptAt, &Rec.SubscriptAt})
+        *at = TDynArray<bool>(Length);
+}
+
+void MarkSwitch(TKxCaptionRec& Rec, const TKxParsedCaption::TSwitchAt& At) {
+    const auto toggle = [&At](TDynArray<bool>& Marks) { Marks[At.Index] = !Marks[At.Index]; };
+    switch (At.Switch) {
+    // Kept: set, not toggled; a caption edit finds an empty stretch of symbols by it.
+    case TKxCaptionSwitch::Symbol: Rec.SymbolFontAt[At.Index] = true; break;
+    case TKxCaptionSwitch::Bold: toggle(Rec.BoldAt); break;
+    case TKxCaptionSwitch::Italic: toggle(Rec.ItalicAt); break;
+    case TKxCaptionSwitch::Underline: toggle(Rec.UnderlineAt); break;
+    case TKxCaptionSwitch::StrikeOut: toggle(Rec.StrikeOutAt); break;
+    case TKxCaptionSwitch::Superscript: toggle(Rec.SuperscriptAt); break;
+    case TKxCaptionSwitch::Subscript: toggle(Rec.SubscriptAt); break;
+    }
+}
+
+} // namespace
+
+TKxDirection DirectionOf(int Angle) {
+    static constexpr TKxDirection quarters[] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
+    const int turn = (Angle % 3600 + 3600) % 3600;
+    if (turn % 900 == 0) return quarters[turn / 900];
+    const long double radians = turn * std::numbers::pi_v<long double> / 1800;
+    return {std::cos(radians), std::sin(radians)};
+}
+
+void RotateFont(TFont* Font, int Angle) { Font->SetOrientation(Angle); }
+
+int MeasureCaption(const TKxParsedCaption& Caption, TCanvas& Canvas) {
+    const TFontKeeper font(Canvas.Font);
+    int width = 0;
+    ForEachCharacter(Caption, Canvas, font.Base, 0, [&](auto, int Width, auto&, int) { width += Width; });
+    return width;
+}
+
+void PaintCaption(const TKxParsedCaption& Caption, TCanvas& Canvas, int X, int Y, int Angle) {
+    const TFontKeeper font(Canvas.Font);
+    TCaptionPen pen({X, Y}, Angle, font.Base);
+    ForEachCharacter(Caption, Canvas, font.Base, Angle,
+                     [&](std::string_view Character, int Width, const TKxCaptionRun& Run, int) {
+                         const TPoint place = pen.PlaceOf(Run.Looks);
+                         Canvas.TextOut(place.X, place.Y, Character);
+                         pen.Advance(Width);
+                     });
+}
+
+void RichPaintTo(TKxCaptionRec& Rec) {
+    const TKxParsedCaption caption = ParseCaption(Rec.Text);
+    ClearArrays(Rec, caption.Length + 1);
+    for (const auto& at : caption.Switches) MarkSwitch(Rec, at);
+    Rec.Stripped = caption.Stripped;
+    Rec.Width = 0;
+
+    TCanvas& canvas = *Rec.Canvas;
+    const TFontKeeper font(canvas.Font);
+    TCaptionPen pen({Rec.X, Rec.Y}, Rec.Angle, font.Base);
+    int shown = 0;
+    const auto show = [&](std::string_view Character, int Width, const TKxCaptionRun& Run, int Index) {
+        if (Rec.Paint) {
+            const bool selected = Rec.ShowSelection && Rec.SelStart <= shown && shown < Rec.SelEnd;
+            canvas.Font.SetColor(selected ? clHighlightText : font.Base.GetColor());
+            const TPoint place = pen.PlaceOf(Run.Looks);
+            canvas.TextOut(place.X, place.Y, Character);
+            pen.Advance(Width);
+        }
+        Rec.Width += Width;
+        Rec.CharPos[shown] = Rec.Width;
+        Rec.CharIndex[shown] = Run.Position + Index;
+        ++shown;
+    };
+    ForEachCharacter(caption, canvas, font.Base, Rec.Angle, show);
+}
+
+} // namespace kx

@@ -1,0 +1,123 @@
+#include "series/Kxdraw.h"
+
+#include "numeric/Kxarithm.h"
+#include "platform/controls.h"
+
+#include <cmath>
+
+namespace kx {
+
+// The owner is looked up at the time of the change: while the style is made, the owner may still be under
+// construction and not yet be what it is going to be.
+void TKxStyle::Changed() {
+    if (auto* owner = dynamic_cast<TKxStyleOwner*>(FOwner))
+        owner->Modified();
+    else if (auto* control = dynamic_cast<TWinControl*>(FOwner))
+        control->Invalidate();
+}
+
+void TKxLineStyle::Assign(const TPersistent& Source) {
+    if (const auto* style = dynamic_cast<const TKxLineStyle*>(&Source))
+        Store(FValues, style->FValues);
+    else
+        TPersistent::Assign(Source);
+}
+
+void TKxAreaStyle::Assign(const TPersistent& Source) {
+    if (const auto* style = dynamic_cast<const TKxAreaStyle*>(&Source))
+        Store(FValues, style->FValues);
+    else
+        TPersistent::Assign(Source);
+}
+
+void TKxPointStyle::Assign(const TPersistent& Source) {
+    if (const auto* style = dynamic_cast<const TKxPointStyle*>(&Source))
+        Store(FValues, style->FValues);
+    else
+        TPersistent::Assign(Source);
+}
+
+const TPropertyTable& TKxLineStyle::Properties() {
+    using T = TKxLineStyle;
+    static const TPropertyTable table(
+        "TKxLineStyle", nullptr,
+        {Published<&T::GetVisible, &T::SetVisible>("Visible", true, "Whether the line is drawn"),
+         PublishedColor<&T::GetColor, &T::SetColor>("Color", clRed, "Colour of the line"),
+         Published<&T::GetStyle, &T::SetStyle>("Style", psSolid, "Solid, dashed or dotted"),
+         Published<&T::GetWidth, &T::SetWidth>("Width", 1, "Width in pixels, at least 0")});
+    return table;
+}
+
+const TPropertyTable& TKxAreaStyle::Properties() {
+    using T = TKxAreaStyle;
+    static const TPropertyTable table(
+        "TKxAreaStyle", nullptr,
+        {Published<&T::GetVisible, &T::SetVisible>("Visible", true, "Whether the area is filled"),
+         Published<&T::GetDrawXOred, &T::SetDrawXOred>(
+             "DrawXOred", true,
+             "Whether the area is drawn in XOR mode, so that what lies below shows through"),
+         PublishedColor<&T::GetColor, &T::SetColor>("Color", clGray, "Colour of the area"),
+         Published<&T::GetStyle, &T::SetStyle>("Style", bsSolid, "Solid or hatched")});
+    return table;
+}
+
+const TPropertyTable& TKxPointStyle::Properties() {
+    using T = TKxPointStyle;
+    static const TPropertyTable table(
+        "TKxPointStyle", nullptr,
+        {Published<&T::GetVisible, &T::SetVisible>("Visible", true, "Whether the points are drawn"),
+         PublishedColor<&T::GetColor, &T::SetColor>("Color", clBlue, "Colour of the symbol's outline"),
+         Published<&T::GetStyle, &T::SetStyle>("Style", SyCircle, "Shape of the symbol"),
+         Published<&T::GetSize, &T::SetSize>("Size", T::CDefaultSize,
+                                             "Pixels from the centre to the outer edge"),
+         Published<&T::GetWidth, &T::SetWidth>("Width", 1, "Width of the outline in pixels, at least 0")});
+    return table;
+}
+
+namespace {
+
+void MakeThinPenCosmetic(TPen& Pen) {
+    if (Pen.GetWidth() == 1) Pen.SetWidth(0);
+}
+
+} // namespace
+
+void DrawLine(int X1, int Y1, int X2, int Y2, TCanvas& Canvas) {
+    MakeThinPenCosmetic(Canvas.Pen);
+    Canvas.MoveTo(X1, Y1);
+    Canvas.LineTo(X2, Y2);
+}
+
+void DrawFrame(int X1, int Y1, int X2, int Y2, TCanvas& Canvas) {
+    MakeThinPenCosmetic(Canvas.Pen);
+    const TPoint corners[] = {{X1, Y1}, {X1, Y2}, {X2, Y2}, {X2, Y1}, {X1, Y1}};
+    Canvas.Polyline(corners);
+}
+
+void Draw3DBar(int X1, int Y1, int X2, int Y2, int DX, int DY, TColor FrameColor, TColor FrontColor,
+               TColor TopColor, TColor SideColor, TCanvas& Canvas) {
+    const TRect r = OrderedRect(X1, Y1, X2, Y2);
+    const int right = r.Right - 1;
+    const int backRight = RoundToInt(right + std::abs(double(DX)));
+    const int backLeft = RoundToInt(r.Left + std::abs(double(DX)));
+    const double rise = std::abs(double(DY)) + 1;
+    const int backTop = RoundToInt(r.Top - rise);
+    const int backBottom = RoundToInt(r.Bottom - rise);
+
+    Canvas.Brush.SetStyle(bsSolid);
+    Canvas.Brush.SetColor(FrontColor);
+    Canvas.Pen.SetStyle(psSolid);
+    Canvas.Pen.SetColor(FrameColor);
+    Canvas.Rectangle(r.Left, r.Top, r.Right, r.Bottom);
+
+    const TPoint top[] = {{r.Left, r.Top}, {right, r.Top}, {backRight, backTop}, {backLeft, backTop}};
+    Canvas.Brush.SetColor(TopColor);
+    Canvas.Polygon(top);
+
+    const TPoint side[] = {
+        {right, r.Top}, {backRight, backTop}, {backRight, backBottom}, {right, r.Bottom - 1}};
+    Canvas.Brush.SetColor(SideColor);
+    Canvas.Polygon(side);
+}
+
+} // namespace kx

@@ -1,0 +1,156 @@
+#include "annotation/Kxcaption.h"
+
+#include "platform/recording.h"
+#include "scenes/scenes.h"
+#include "support/recording.h"
+
+#include <gtest/gtest.h>
+
+namespace kx {
+namespace {
+
+/// A caption on a recording canvas whose font is 10 pixels high, so that each character is 6 wide.
+struct TSheet {
+    TRecorder Device{{400, 400}};
+    TCanvas Canvas{&Device};
+    TKxCaptionRec Rec;
+
+    explicit TSheet(const std::string& Text, bool Paint = true) {
+        Canvas.Font.SetHeight(-10);
+        Rec.Text = Text;
+        Rec.Canvas = &Canvas;
+        Rec.X = 100;
+        Rec.Y = 200;
+        Rec.Paint = Paint;
+    }
+    std::vector<TRecording::TText> Run() {
+        RichPaintTo(Rec);
+        std::vector<TRecording::TText> texts;
+        for (const auto& call : Device.Recording.Calls) texts.push_back(std::get<TRecording::TText>(call));
+        return texts;
+    }
+};
+
+std::string Shown(const std::string& Caption) {
+    std::string shown;
+    for (const auto& text : TSheet(Caption).Run()) shown += text.Text;
+    return shown;
+}
+
+template <class T>
+std::vector<int> Numbers(const TDynArray<T>& Array) {
+    return {Array.begin(), Array.end()};
+}
+
+TEST(Captions, EscapesAreTakenOutAndSwallowOneBlank) {
+    const struct {
+        const char *Caption, *Shown, *Stripped;
+        std::vector<int> Index;
+    } cases[] = {
+        {"plain", "plain", "plain", {1, 2, 3, 4, 5}},
+        {"\\b bold\\b text", "boldtext", "boldtext", {4, 5, 6, 7, 11, 12, 13, 14}},
+        {"\\B  x", " x", " x", {4, 5}},
+        {"a\\\\b", "a\\b", "ab", {1, 3, 4}},
+        {"a\\\\ b", "a\\b", "ab", {1, 3, 5}},
+        {"\\q\\ x", "q x", "q x", {2, 4, 5}},
+        {"ab\\", "ab", "ab", {1, 2}},
+        {"", "", "", {}},
+        {"\\b\xC3\xA4\\b\xE2\x82\xAC\xFF", "\xC3\xA4\xE2\x82\xAC\xFF", "\xC3\xA4\xE2\x82\xAC\xFF", {3, 6, 7}},
+    };
+    for (const auto& c : cases) {
+        TSheet sheet(c.Caption, false);
+        EXPECT_TRUE(sheet.Run().empty()) << "measuring draws nothing";
+        EXPECT_EQ(Shown(c.Caption), c.Shown) << c.Caption;
+        EXPECT_EQ(sheet.Rec.Stripped, c.Stripped) << c.Caption;
+        EXPECT_EQ(GetStrippedString(c.Caption), c.Stripped);
+        auto index = c.Index;
+        index.resize(std::size_t(CharacterCount(c.Caption)) + 1);
+        EXPECT_EQ(Numbers(sheet.Rec.CharIndex), index) << c.Caption;
+        EXPECT_EQ(sheet.Rec.Width, 6 * int(c.Index.size()));
+    }
+    for (const char* text : {"a b", "\\", "\\ x", "\\  \\b\\\\ ", "C:\\sub dir\\x", "\xC3\xA4\\ \xC3\xA4"})
+        EXPECT_EQ(Shown(EscapeCaption(text)), text) << "plain text shows literally";
+}
+
+TEST(Captions, EveryEscapeTogglesItsOwnLookAndTheFontComesBack) {
+    const unsigned all = fsItalic | fsUnderline | fsStrikeOut;
+    const struct {
+        unsigned Style;
+        int Top, Height;
+        const char* Text;
+    } cases[] = {{0, 200, -16, "a"},     {fsItalic, 206, -11, "b"},   {fsItalic | fsUnderline, 200, -16, "c"},
+                 {all, 198, -11, "d"},   {all, 204, -11, "\xCE\xB5"}, // epsilon
+                 {fsBold, 206, -16, "f"}};                            // 12 points: up 2, down 6
+    TSheet sheet("\\ba\\i\\-b\\u\\-c\\o\\+d\\s\\-e\\b\\i\\u\\o\\s\\+f");
+    sheet.Canvas.Font.SetBold(true);
+    sheet.Canvas.Font.SetSize(12);
+    TFont before;
+    before.Assign(sheet.Canvas.Font);
+    const auto texts = sheet.Run();
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        EXPECT_EQ(texts.at(i).Text, cases[i].Text);
+        EXPECT_EQ(texts[i].Face.Style, cases[i].Style) << i;
+        EXPECT_EQ(texts[i].Face.Height, cases[i].Height) << i;
+        EXPECT_EQ(texts[i].Pos.Y, cases[i].Top) << i;
+    }
+    EXPECT_TRUE(sheet.Canvas.Font.Equals(before));
+}
+
+TEST(Captions, SwitchesAreMarkedWhereTheyStandAndResultsStay) {
+    TSheet sheet("a\\b\\b\\s\\sb\\ic\\i\\+", false);
+    sheet.Run();
+    const TKxCaptionRec kept = sheet.Rec;
+    sheet.Rec.Text = "WWWW";
+    sheet.Run();
+    const auto start = [](const auto& Array) { return std::vector<int>(Array.begin(), Array.begin() + 4); };
+    EXPECT_EQ(start(kept.SymbolFontAt), (std::vector{0, 1, 0, 0}));
+    EXPECT_EQ(start(kept.BoldAt), (std::vector{0, 0, 0, 0}));
+    EXPECT_EQ(start(kept.ItalicAt), (std::vector{0, 0, 1, 1}));
+    EXPECT_EQ(start(kept.SuperscriptAt), (std::vector{0, 0, 0, 1}));
+    EXPECT_EQ(start(kept.CharPos), (std::vector{6, 12, 18, 0}));
+}
+
+TEST(Captions, TextRunsInTheDirectionOfTheAngle) {
+    const struct {
+        int Angle;
+        TPoint Second, Raised;
+    } cases[] = {
+        {0, {106, 200}, {112, 199}},   {900, {100, 194}, {99, 188}},   {-2700, {100, 194}, {99, 188}},
+        {1800, {94, 200}, {88, 201}},  {2700, {100, 206}, {101, 212}}, {3600, {106, 200}, {112, 199}},
+        {300, {105, 197}, {110, 193}},
+    };
+    for (const auto& c : cases) {
+        TSheet sheet("ab\\+c");
+        sheet.Rec.Angle = c.Angle;
+        const auto texts = sheet.Run();
+        EXPECT_EQ(texts.at(0).Pos, (TPoint{100, 200})) << c.Angle;
+        EXPECT_EQ(texts.at(1).Pos, c.Second) << c.Angle;
+        EXPECT_EQ(texts.at(2).Pos, c.Raised) << c.Angle;
+        EXPECT_EQ(texts.at(1).Face.Angle, c.Angle);
+        EXPECT_EQ(sheet.Rec.CharPos[1], 12) << "positions are unrotated";
+    }
+}
+
+TEST(Captions, TheSelectionHasItsColour) {
+    const auto colours = [](int Start, int End, bool Show) {
+        TSheet sheet("a\\bbc\\bd");
+        sheet.Rec.SelStart = Start;
+        sheet.Rec.SelEnd = End;
+        sheet.Rec.ShowSelection = Show;
+        std::string result;
+        for (const auto& text : sheet.Run()) result += text.Color == ColorToRGB(clHighlightText) ? 'h' : '.';
+        return result;
+    };
+    EXPECT_EQ(colours(1, 3, true), ".hh.");
+    EXPECT_EQ(colours(1, 3, false), "....");
+}
+
+TEST(Captions, TheSymbolSheetIsDrawnAsRecorded) {
+    TRecorder device(scenes::CSymbolSheetSize);
+    TCanvas canvas(&device);
+    scenes::PaintSymbolSheet(canvas);
+    test::ExpectRecording("symbolsheet", device.Recording.ToText());
+}
+
+} // namespace
+} // namespace kx
