@@ -1,0 +1,137 @@
+#include "persist/Kxlargeini.h"
+
+#include "numeric/Kxstrings.h"
+#include "platform/application.h"
+#include "platform/exceptions.h"
+#include "platform/files.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace kx {
+
+namespace {
+
+/// Calls Do with the lines from First on that are not empty, up to the next that begins with a bracket.
+template <class F>
+void ForEachLine(const TKxIniLines& Store, TKxIniLines::TPlace First, F Do) {
+    for (auto place = First; place != Store.end() && !place->Text.starts_with('['); ++place)
+        if (!place->Text.empty()) Do(place->Text);
+}
+
+/// The part of Line before "="; nothing if there is none.
+std::string NameOf(const std::string& Line) {
+    const auto equals = Line.find('=');
+    return equals == Line.npos ? std::string() : Line.substr(0, equals);
+}
+
+std::string KeyLine(std::string_view Ident, std::string_view Value) {
+    std::string line;
+    line.reserve(Ident.size() + 1 + Value.size());
+    line.append(Ident).append("=").append(Value);
+    line.resize(std::min(line.find('\0'), line.size()));
+    return line;
+}
+
+} // namespace
+
+void TKxIniList::ReadSections(TStrings& Strings) const {
+    for (const auto& line : FStore) {
+        if (!line.Text.starts_with('[')) continue;
+        const auto close = line.Text.find(']');
+        Strings.Add(close == line.Text.npos ? std::string() : line.Text.substr(1, close - 1));
+    }
+}
+
+bool TKxIniList::SectionExists(std::string_view Section) const {
+    return FStore.FindHeader(Section) != FStore.end();
+}
+
+void TKxIniList::ReadSection(std::string_view Section, TStrings& Strings) const {
+    Strings.Clear();
+    const auto header = FStore.FindHeader(Section);
+    if (header == FStore.end()) return;
+    ForEachLine(FStore, std::next(header), [&](const std::string& Line) { Strings.Add(NameOf(Line)); });
+}
+
+void TKxIniList::ReadSectionValues(std::string_view Section, TStrings& Strings) const {
+    Strings.Clear();
+    const auto header = FStore.FindHeader(Section);
+    if (header == FStore.end()) return;
+    ForEachLine(FStore, std::next(header), [&](const std::string& Line) { Strings.Add(Line); });
+}
+
+void TKxIniList::EraseSection(std::string_view Section) {
+    const auto header = FStore.FindHeader(Section);
+    if (header == FStore.end()) return;
+    Modified = true;
+    FStore.Delete(header, FStore.NextBracket(header));
+}
+
+std::string TKxIniList::ReadString(std::string_view Section, std::string_view Ident,
+                                   std::string_view Default) const {
+    const auto header = FStore.FindHeader(Section);
+    if (header == FStore.end()) return std::string(Default);
+    const auto key = FStore.FindKey(header, FStore.NextBracket(header), Ident);
+    return key == FStore.end() ? std::string(Default) : key->Text.substr(Ident.size() + 1);
+}
+
+void TKxIniList::WriteString(std::string_view Section, std::string_view Ident, std::string_view Value) {
+    Modified = true;
+    std::string line = KeyLine(Ident, Value);
+    const auto header = FStore.FindHeader(Section);
+    if (header == FStore.end()) {
+        FStore.Append({});
+        FStore.Append(std::string("[").append(Section).append("]"));
+        FStore.Append(std::move(line));
+        return;
+    }
+    const auto empty = FStore.NextEmpty(header);
+    const auto key = FStore.FindKey(header, empty, Ident);
+    if (key == FStore.end())
+        FStore.Insert(empty, std::move(line));
+    else
+        FStore.Replace(key, std::move(line));
+}
+
+void TKxIniList::ReadXYVector(std::string_view Section, TKxRealVector& X, TKxRealVector& Y) const {
+    X.Clear();
+    Y.Clear();
+    const auto header = FStore.FindHeader(Section);
+    // Kept: a file of nothing but points has no header.
+    const auto first = header == FStore.end() ? FStore.begin() : std::next(header);
+    ForEachLine(FStore, first, [&](std::string Line) {
+        const double x = ExtractOneReal(Line);
+        const double y = ExtractOneReal(Line);
+        X.Add(x);
+        Y.Add(y);
+    });
+}
+
+void TKxIniList::DeleteLeadingEmptyLines() {
+    const auto filled =
+        std::find_if(FStore.begin(), FStore.end(), [](auto& Line) { return !Line.Text.empty(); });
+    FStore.Delete(FStore.begin(), filled);
+}
+
+TKxLargeIniFile::TKxLargeIniFile(std::string FileName) : FFileName(std::move(FileName)) {
+    if (!FileExists(FFileName)) return;
+    try {
+        LoadFromFile(FFileName);
+    } catch (const Exception&) {
+        // A settings file that cannot be read must not keep the program from starting.
+    }
+}
+
+TKxLargeIniFile::~TKxLargeIniFile() {
+    Guarded([this] { Save(); });
+}
+
+void TKxLargeIniFile::Save() {
+    if (!Modified) return;
+    DeleteLeadingEmptyLines();
+    SaveToFile(FFileName);
+    Modified = false;
+}
+
+} // namespace kx

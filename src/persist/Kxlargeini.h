@@ -1,0 +1,157 @@
+#pragma once
+// The storage format of the package: INI text held in memory as a list of lines, with typed readers and
+// writers. Which keys a class keeps is told by the class (Kxoutfit.h has the tables for it).
+//
+// A section begins with the line "[name]" (no blanks inside or around) and ends before the next line that
+// begins with "["; a value stands in a line Ident=value (no blanks trimmed, the rest of the line is the
+// value); sections are separated by empty lines. Names ignore the case of ASCII letters; of two sections of
+// one name the first counts. Real numbers are always written with a point.
+
+#include "numeric/Kxvector.h"
+#include "persist/Kxiniindex.h"
+#include "platform/lists.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace kx {
+
+class TFont;
+class TForm;
+class TKxAreaStyle;
+class TKxLineStyle;
+
+/// An INI store in memory, not bound to a file. Its lines can also be reached as those of any string list.
+///
+/// Keyed operations cost O(log n) in the number of lines. Access by line number is O(1), but the first one
+/// after a key was added in the middle costs O(n).
+///
+/// A missing section or key leaves the target of a reader as it is, or gives its Default.
+/// Values must not hold CR or LF: they would come back from a file as lines of their own.
+class TKxIniList : public TStringList {
+public:
+    /// Whether anything was written or erased. Set by every writer and by EraseSection, not by the operations
+    /// of a string list; never reset by the list itself.
+    bool Modified = false;
+
+    // Sections.
+
+    /// Adds, for each line that begins with "[", the text up to the first "]"; an empty text if there is
+    /// none.
+    void ReadSections(TStrings& Strings) const;
+    bool SectionExists(std::string_view Section) const;
+    /// Replaces Strings by the key name of every line of the section that is not empty; an empty name for a
+    /// line without "=".
+    void ReadSection(std::string_view Section, TStrings& Strings) const;
+    /// The same with whole lines.
+    void ReadSectionValues(std::string_view Section, TStrings& Strings) const;
+    /// Deletes the header and its lines, the empty ones included. Nothing happens without such a section.
+    void EraseSection(std::string_view Section);
+
+    // Single values.
+
+    /// The reader looks as far as the next line that begins with "[", that line included.
+    std::string ReadString(std::string_view Section, std::string_view Ident, std::string_view Default) const;
+    /// Replaces the key's line, or adds one in front of the first empty line behind the header. A new section
+    /// is added at the end: an empty line, the header, the key. The line is cut at a character of code 0.
+    ///
+    /// Kept: the writer looks as far as the first empty line, past headers. In a file made by hand, without
+    /// empty lines between sections, a new key lands in the last of them, and a key of that name in a later
+    /// section is overwritten. Files of other versions rely on where lines go.
+    void WriteString(std::string_view Section, std::string_view Ident, std::string_view Value);
+    /// The first integer of the value: "12abc" gives 12. Default for a malformed value.
+    std::int32_t ReadInteger(std::string_view Section, std::string_view Ident, std::int32_t Default) const;
+    void WriteInteger(std::string_view Section, std::string_view Ident, std::int32_t Value);
+    /// "1" and "true" (in any case) are true, anything else is false; Default for an empty value.
+    bool ReadBool(std::string_view Section, std::string_view Ident, bool Default) const;
+    void WriteBool(std::string_view Section, std::string_view Ident, bool Value);
+    /// The first real of the value, in point form: "1,5" gives 1. Default for a malformed value.
+    double ReadReal(std::string_view Section, std::string_view Ident, double Default) const;
+    /// 14 significant digits. Neither infinities nor NaN can be read back.
+    void WriteReal(std::string_view Section, std::string_view Ident, double X);
+    /// Shortened to fit into Digits characters.
+    void WriteRealDigits(std::string_view Section, std::string_view Ident, double X, std::int16_t Digits);
+
+    // Several numbers in one value, joined by ";". The readers raise Exception "Error during integer
+    // extraction" when the text holds too few numbers (those read until then are stored), but ReadRealVector.
+
+    /// Values[0] to Values[High]; an empty value for a High of -1.
+    void ReadRealArray(std::string_view Section, std::string_view Ident, double* Values, int High) const;
+    void WriteRealArray(std::string_view Section, std::string_view Ident, const double* Values, int High);
+    /// Replaces the values by all that can be read; the vector is cleared in any case.
+    void ReadRealVector(std::string_view Section, std::string_view Ident, TKxRealVector& Vector) const;
+    void WriteRealVector(std::string_view Section, std::string_view Ident, const TKxCustomRealVector& Vector);
+    /// Fills the elements that Array has. Kept: with more elements than numbers the last number, when it ends
+    /// the text, is read again for each of them.
+    void ReadIntArray(std::string_view Section, std::string_view Ident, const TKxIntegerArray& Array) const;
+    /// Raises ERangeError "The array to be written is empty".
+    void WriteIntArray(std::string_view Section, std::string_view Ident, const TKxIntegerArray& Array);
+    void ReadRealPos(std::string_view Section, std::string_view Ident, TKxRealPos& Pos) const;
+    void WriteRealPos(std::string_view Section, std::string_view Ident, const TKxRealPos& Pos);
+    /// Replaces the values of both by the two numbers of each line of the section that is not empty
+    /// ("1.5;2.25" or "1.5 2.25"). Without such a section the reading starts at the first line of the store.
+    void ReadXYVector(std::string_view Section, TKxRealVector& X, TKxRealVector& Y) const;
+
+    // Objects, each as several keys Ident + ".Color" and so on. The readers apply each value through its
+    // setter; what is missing or no value of its enumeration stays.
+
+    void ReadFont(std::string_view Section, std::string_view Ident, TFont& Font) const;
+    void WriteFont(std::string_view Section, std::string_view Ident, const TFont& Font);
+    void ReadLine(std::string_view Section, std::string_view Ident, TKxLineStyle& Style) const;
+    void WriteLine(std::string_view Section, std::string_view Ident, const TKxLineStyle& Style);
+    void ReadArea(std::string_view Section, std::string_view Ident, TKxAreaStyle& Style) const;
+    void WriteArea(std::string_view Section, std::string_view Ident, const TKxAreaStyle& Style);
+    /// Window state and normal bounds. A form that would lie wholly off the screen is centred.
+    void ReadFormPrms(std::string_view Section, std::string_view Ident, TForm& Form) const;
+    void WriteFormPrms(std::string_view Section, std::string_view Ident, const TForm& Form);
+    /// Top and left alone, as with ReadFormPrms.
+    void ReadFormPos(std::string_view Section, std::string_view Ident, TForm& Form) const;
+
+    // References, as the path of names from the form down: "MainForm.Graph1".
+
+    /// An empty value for null and for a component without a name.
+    void WriteComponentRef(std::string_view Section, std::string_view Ident, const TComponent* Component);
+    /// Sets Component when the path leads, from the application object on, to a component of class T.
+    template <class T>
+    void ReadComponentRef(std::string_view Section, std::string_view Ident, T*& Component) const {
+        if (auto* found = dynamic_cast<T*>(FindComponentRef(Section, Ident))) Component = found;
+    }
+    /// The component that the path leads to; null when there is none.
+    TComponent* FindComponentRef(std::string_view Section, std::string_view Ident) const;
+
+    int GetCount() const override { return FStore.GetCount(); }
+    const std::string& GetLine(int Index) const override { return FStore.PlaceAt(Index)->Text; }
+    void PutLine(int Index, std::string Line) override { FStore.ReplaceAt(Index, std::move(Line)); }
+    void Insert(int Index, std::string Line) override { FStore.InsertAt(Index, std::move(Line)); }
+    void Delete(int Index) override { FStore.DeleteAt(Index); }
+    void Clear() override { FStore.Clear(); }
+
+protected:
+    void DeleteLeadingEmptyLines();
+
+private:
+    TKxIniLines FStore; // instead of the lines of the base class
+};
+
+/// A store bound to one file, read when it is made and written when it is destroyed; the file is never open
+/// in between. One object serves one load-change-save cycle.
+class TKxLargeIniFile : public TKxIniList {
+public:
+    /// A missing or unreadable file gives an empty store.
+    explicit TKxLargeIniFile(std::string FileName);
+    /// Saves. An error goes to the application's HandleException: a destructor must not raise. Call Save
+    /// before to have it raised.
+    ~TKxLargeIniFile() override;
+
+    const std::string& GetFileName() const { return FFileName; }
+    /// If Modified: deletes the empty lines at the beginning, replaces the file atomically and resets
+    /// Modified. Raises EFileError; Modified and the file then stay as they were.
+    void Save();
+
+private:
+    std::string FFileName;
+};
+
+} // namespace kx

@@ -1,0 +1,78 @@
+// The place of forms, and references to components, in a store.
+
+#include "persist/Kxlargeini.h"
+#include "persist/Kxoutfit.h"
+#include "platform/application.h"
+#include "platform/form.h"
+
+namespace kx {
+
+namespace {
+
+std::string Key(std::string_view Ident, const char* Suffix) { return std::string(Ident) + Suffix; }
+
+/// A window that lies wholly off the screen, as after a change of screens, could not be reached.
+void CheckPlacement(TForm& Form) {
+    const TRect& bounds = Form.GetNormalBounds();
+    if (Screen.GetHeight() < bounds.Top || Screen.GetWidth() < bounds.Left || bounds.Bottom < 0 ||
+        bounds.Right < 0)
+        Form.SetPosition(poScreenCenter);
+}
+
+} // namespace
+
+void TKxIniList::ReadFormPrms(std::string_view Section, std::string_view Ident, TForm& Form) const {
+    const auto state = detail::ReadOutfitValue<TWindowState>(*this, Section, Key(Ident, ".State"),
+                                                             Form.GetWindowState(), Form.GetWindowState());
+    const TRect now = Form.GetNormalBounds();
+    const int top = ReadInteger(Section, Key(Ident, ".Top"), now.Top);
+    const int left = ReadInteger(Section, Key(Ident, ".Left"), now.Left);
+    const int height = ReadInteger(Section, Key(Ident, ".Height"), now.Height());
+    const int width = ReadInteger(Section, Key(Ident, ".Width"), now.Width());
+    Form.SetWindowState(wsNormal);
+    Form.SetBounds(left, top, width, height);
+    CheckPlacement(Form);
+    Form.SetWindowState(state);
+}
+
+void TKxIniList::WriteFormPrms(std::string_view Section, std::string_view Ident, const TForm& Form) {
+    const TRect& bounds = Form.GetNormalBounds();
+    WriteInteger(Section, Key(Ident, ".State"), Form.GetWindowState());
+    WriteInteger(Section, Key(Ident, ".Top"), bounds.Top);
+    WriteInteger(Section, Key(Ident, ".Left"), bounds.Left);
+    WriteInteger(Section, Key(Ident, ".Height"), bounds.Height());
+    WriteInteger(Section, Key(Ident, ".Width"), bounds.Width());
+}
+
+void TKxIniList::ReadFormPos(std::string_view Section, std::string_view Ident, TForm& Form) const {
+    const TRect now = Form.GetNormalBounds();
+    const int top = ReadInteger(Section, Key(Ident, ".Top"), now.Top);
+    const int left = ReadInteger(Section, Key(Ident, ".Left"), now.Left);
+    Form.SetBounds(left, top, now.Width(), now.Height());
+    CheckPlacement(Form);
+}
+
+void TKxIniList::WriteComponentRef(std::string_view Section, std::string_view Ident,
+                                   const TComponent* Component) {
+    std::string path;
+    if (Component && !Component->GetName().empty()) {
+        path = Component->GetName();
+        for (const TComponent* owner = Component->GetOwner(); owner; owner = owner->GetOwner())
+            path = owner->GetName() + "." + path;
+        if (path.front() == '.') path.erase(0, 1); // left by the application, which has no name
+    }
+    WriteString(Section, Ident, path);
+}
+
+TComponent* TKxIniList::FindComponentRef(std::string_view Section, std::string_view Ident) const {
+    const std::string path = ReadString(Section, Ident, "");
+    TComponent* component = path.empty() ? nullptr : &TApplication::Instance();
+    for (std::string_view rest = path; component && !rest.empty();) {
+        const auto point = rest.find('.');
+        component = component->FindComponent(rest.substr(0, point));
+        rest.remove_prefix(point == rest.npos ? rest.size() : point + 1);
+    }
+    return component;
+}
+
+} // namespace kx
