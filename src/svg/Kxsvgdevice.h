@@ -1,0 +1,67 @@
+#pragma once
+// A drawing device that builds an SVG document: clipped, searchable, the same bytes for the same drawing.
+
+#include "platform/device.h"
+#include "svg/Kxsvgbody.h"
+#include "svg/Kxsvgclip.h"
+#include "svg/Kxsvgtext.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace kx {
+
+/// Turns device calls into elements. The view box is the extent in logical pixels; strokes run through pixel
+/// centres, fillings cover whole pixels, so that a viewer at scale 1 without antialiasing shows the pixels of
+/// a raster device. Text is measured on the screen.
+///
+/// There is no XOR. A call in that mode (from a recording) is painted in the colour that it shows on the
+/// empty ground, a filling half transparent to spare what lies below; drawing it again does not remove it.
+/// What lies far outside the extent is cut off; ellipses are kept whole or left out.
+class TSvgDevice : public TCanvasDevice {
+public:
+    /// Size in logical pixels, shown Scale times as large on a ground of colour Ground.
+    explicit TSvgDevice(TSize Size, double Scale = 1, bool Antialias = false, TColor Ground = clWhite);
+
+    /// The document of all calls so far.
+    std::string Document() const;
+
+    TSize Extent() const override { return FSize; }
+    int PixelsPerInch() const override;
+    void Polyline(std::span<const TPoint> Points, const TStroke& Stroke) override;
+    void Polygon(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill) override;
+    void Ellipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
+    void Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
+    void FillRect(const TRect& Rect, const TFill& Fill) override;
+    /// A run of calls in one style along one line, with nothing drawn in between, becomes one element.
+    void Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) override;
+    TSize MeasureText(const TFontFace& Face, std::string_view Text) const override;
+    void SetClip(const std::optional<TRect>& Clip) override;
+
+private:
+    void Add(std::string Head, const std::string& Style);
+    std::span<const TPoint> Reduced(std::span<const TPoint> Points, const TStroke& Stroke);
+    TStroke Plain(TStroke Stroke) const;
+    TFill Plain(TFill Fill) const;
+    std::string FillStyle(const TFill& Fill);
+    TRect WindowFor(const TStroke& Stroke) const;
+    bool IsHidden() const { return FClip && FClip->IsEmpty(); }
+    static void EndText(const svg::TSvgText& Text, const TCanvasDevice& Device, svg::TSvgBody& Body);
+
+    TSize FSize;
+    double FScale;
+    bool FAntialias;
+    TColor FGround;
+    std::optional<TRect> FClip;
+    svg::TSvgBody FBody;
+    svg::TSvgText FText;
+    std::vector<TPoint> FKept;
+};
+
+/// Writes the picture that Paint draws to FileName, which is replaced as a whole or not at all. Raises
+/// EFileError.
+void WriteSvg(const std::string& FileName, TSize Size, double Scale, bool Antialias, TColor Ground,
+              const std::function<void(TCanvasDevice&)>& Paint);
+
+} // namespace kx
