@@ -1,0 +1,75 @@
+#pragma once
+// The device that paints through a QPainter: raster image, PDF page, later window and printer.
+
+#include "platform/device.h"
+#include "qt/Kxqtfont.h"
+
+#include <QPainter>
+#include <QPointF>
+
+#include <vector>
+
+namespace kx::qt {
+
+/// Paints on a painter that it does not own. Extent is in logical pixels; Scale is the number of the
+/// painter's pixels in one of them. On a raster, pens of up to one device pixel follow the pixel rules
+/// exactly and are never antialiased, nor is anything in XOR mode; the rest is antialiased if so asked. At
+/// other scales, and on vector devices, a line of width 0 or 1 is one logical pixel wide. Where there is no
+/// XOR (vector devices), what is called in XOR mode shows as on white paper.
+class TPainterDevice : public TCanvasDevice {
+public:
+    TPainterDevice(QPainter& Painter, TSize Extent, double Scale = 1, bool Antialias = false);
+
+    TSize Extent() const override { return FExtent; }
+    int PixelsPerInch() const override { return 96; }
+    void Polyline(std::span<const TPoint> Points, const TStroke& Stroke) override;
+    void Polygon(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill) override;
+    void Ellipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
+    void Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
+    void FillRect(const TRect& Rect, const TFill& Fill) override;
+    void Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) override;
+    TSize MeasureText(const TFontFace& Face, std::string_view Text) const override;
+    void SetClip(const std::optional<TRect>& Clip) override;
+    bool CanXor() const override { return FRaster; }
+    /// On a raster, a plain picture is painted once and put to each place; of several at one place, the last.
+    void Stamps(std::span<const TPoint> Places, const TRecording& One) override;
+
+    /// Whether long solid lines are reduced before painting. Default true; the picture is the same either
+    /// way.
+    void SetReduction(bool Reduction) { FReduction = Reduction; }
+
+private:
+    bool IsThin(const TStroke& Stroke) const;
+    bool IsReduced(std::span<const TPoint> Points, const TStroke& Stroke) const;
+    TPoint DevicePixel(TPoint P) const;
+    QPointF DevicePoint(double X, double Y) const;
+    QRectF DeviceRect(const TRect& Rect) const;
+    double PenWidth(const TStroke& Stroke) const;
+    QPen PenOf(const TStroke& Stroke, Qt::PenJoinStyle Join) const;
+    QBrush BrushOf(const TFill& Fill) const;
+    QColor ColorOf(TColor Color, TPenMode Mode) const;
+    void SetMode(TPenMode Mode, bool Antialias);
+    std::span<const TPoint> Reduced(std::span<const TPoint> Points, const TStroke& Stroke);
+    void PaintThin(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed);
+    void PaintWide(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed, Qt::PenJoinStyle Join);
+    void PaintPieces(const QPen& Pen);
+    void PaintArea(std::span<const TPoint> Points, const TFill& Fill, bool Antialias);
+    void PaintShape(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill,
+                    Qt::PenJoinStyle Join);
+    void PaintHugeEllipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill);
+    void TrimEnds();
+    QRectF SafeArea() const;
+
+    QPainter& FPainter;
+    TSize FExtent;
+    double FScale;
+    bool FAntialias, FRaster, FReduction = true;
+    double FNudge = 0;                   // see SetMode
+    TRect FClip;                         // logical pixels, inside the extent
+    TRect FWindow;                       // the same in device pixels
+    std::vector<TPoint> FKept, FPixels;  // scratch, kept for their storage
+    std::vector<QPointF> FCurve, FSpare; // likewise
+    std::vector<QRect> FRuns;            // likewise
+};
+
+} // namespace kx::qt

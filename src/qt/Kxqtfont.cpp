@@ -1,0 +1,146 @@
+#include "qt/Kxqtfont.h"
+
+#include "platform/text.h"
+
+#include <QCoreApplication>
+#include <QFontDatabase>
+#include <QFontMetricsF>
+
+#include <cmath>
+#include <initializer_list>
+#include <memory>
+
+namespace kx::qt {
+
+namespace {
+
+using TFontCache = std::unordered_map<std::string, std::unique_ptr<TQtFont>>;
+std::unique_ptr<TFontCache> FontCache;
+TFontFace LastFace;
+TQtFont* LastFont = nullptr;
+
+/// Fonts must not outlive the application object.
+void DropFonts() {
+    LastFont = nullptr;
+    FontCache.reset();
+}
+
+bool NameHas(const std::string& Name, std::initializer_list<const char*> Parts) {
+    const std::string upper = UpperCase(Name);
+    for (const char* part : Parts)
+        if (upper.find(part) != std::string::npos) return true;
+    return false;
+}
+
+std::initializer_list<const char*> StandInsFor(const std::string& Name, TFontPitch Pitch) {
+    static const auto mono = {"Liberation Mono", "DejaVu Sans Mono", "Courier New"};
+    static const auto serif = {"Liberation Serif", "DejaVu Serif", "Times New Roman"};
+    static const auto sans = {"Liberation Sans", "DejaVu Sans", "Arial"};
+    if (Pitch == fpFixed || NameHas(Name, {"COURIER", "MONO", "CONSOLE", "CONSOLAS", "FIXED", "TYPEWRITER"}))
+        return mono;
+    if (NameHas(Name, {"SANS"})) return sans;
+    if (NameHas(Name, {"TIMES", "SERIF", "ROMAN", "GEORGIA", "GARAMOND", "CAMBRIA", "PALATINO", "BOOK"}))
+        return serif;
+    return sans;
+}
+
+QFont FontOf(const TFontFace& Face) {
+    QFont font(InstalledFamily(Face.Name, Face.Pitch));
+    font.setBold((Face.Style & fsBold) != 0);
+    font.setItalic((Face.Style & fsItalic) != 0);
+    font.setKerning(false);
+    font.setHintingPreference(QFont::PreferFullHinting);
+    font.setStyleStrategy(QFont::StyleStrategy(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
+    return font;
+}
+
+int AscentOf(const QFontMetricsF& Metrics) { return int(std::ceil(Metrics.ascent())); }
+int CellHeightOf(const QFontMetricsF& Metrics) {
+    return AscentOf(Metrics) + int(std::ceil(Metrics.descent()));
+}
+
+/// The largest em square whose cell is not higher than Height.
+int EmOfCell(QFont Font, int Height) {
+    for (int em = Height; em > 1; --em) {
+        Font.setPixelSize(em);
+        if (CellHeightOf(QFontMetricsF(Font)) <= Height) return em;
+    }
+    return 1;
+}
+
+} // namespace
+
+QString InstalledFamily(const std::string& Name, TFontPitch Pitch) {
+    const QString asked = QString::fromStdString(ToValidUtf8(Name));
+    if (QFontDatabase::hasFamily(asked)) return asked;
+    for (const char* family : StandInsFor(Name, Pitch)) {
+        const QString name = QString::fromLatin1(family);
+        if (QFontDatabase::hasFamily(name)) return name;
+    }
+    return asked;
+}
+
+TQtFont& TQtFont::Of(const TFontFace& Face) {
+    TFontFace face = Face;
+    face.Angle = 0;
+    face.Style &= fsBold | fsItalic;
+    if (LastFont && face == LastFace) return *LastFont;
+    if (!FontCache) {
+        FontCache = std::make_unique<TFontCache>();
+        qAddPostRoutine(DropFonts);
+    }
+    const std::string key = face.Name + '\n' + std::to_string(face.Height) + ' ' +
+                            std::to_string(face.Style) + ' ' + std::to_string(face.Pitch);
+    auto& entry = (*FontCache)[key];
+    if (!entry) entry = std::make_unique<TQtFont>(face);
+    LastFace = face;
+    LastFont = entry.get();
+    return *entry;
+}
+
+TQtFont::TQtFont(const TFontFace& Face) : FFont(FontOf(Face)) {
+    constexpr int largest = 2000;
+    const int height = std::clamp(Face.Height, -largest, largest);
+    FFont.setPixelSize(std::max(1, height > 0 ? EmOfCell(FFont, height) : -height));
+    FScaled = FFont;
+    const QFontMetricsF metrics(FFont);
+    FAscent = AscentOf(metrics);
+    FCellHeight = CellHeightOf(metrics);
+    const double thickness = std::max(1.0, std::round(metrics.lineWidth()));
+    FUnderline = {FAscent + std::max(1.0, std::round(metrics.underlinePos())) + thickness / 2, thickness};
+    FStrikeOut = {FAscent - std::round(metrics.strikeOutPos()) + thickness / 2, thickness};
+    FAscii.fill(-1);
+}
+
+int TQtFont::Advance(char32_t Character) {
+    const bool ascii = Character < FAscii.size();
+    int& advance = ascii ? FAscii[Character] : FAdvances.try_emplace(Character, -1).first->second;
+    if (advance < 0) {
+        const QFontMetricsF metrics(FFont);
+        advance = QChar::isMark(Character)
+                      ? 0
+                      : int(std::lround(metrics.horizontalAdvance(QString::fromUcs4(&Character, 1))));
+    }
+    return advance;
+}
+
+TSize TQtFont::Measure(std::string_view Text) {
+    TSize size{0, FCellHeight};
+    for (std::size_t i = 0; i < Text.size();) {
+        const TCodePoint character = DecodeAt(Text, i);
+        size.Width += Advance(character.Value);
+        i += std::size_t(character.Length);
+    }
+    return size;
+}
+
+const QFont& TQtFont::At(double Scale) {
+    if (Scale != FScale) {
+        FScaled = FFont;
+        FScaled.setPixelSize(std::max(1, int(std::lround(FFont.pixelSize() * Scale))));
+        FScale = Scale;
+    }
+    return FScaled;
+}
+
+} // namespace kx::qt

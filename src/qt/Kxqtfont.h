@@ -1,0 +1,53 @@
+#pragma once
+// Fonts: which installed family stands for a name, and metrics that are looked up once per face and
+// character. The metrics are those of the screen at 96 per inch, whole pixels, hinted; layout uses no others.
+
+#include "platform/device.h"
+
+#include <QFont>
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace kx::qt {
+
+/// The first installed family among Name, the usual stand-ins for a font of its kind (Liberation, DejaVu),
+/// and the system's choice.
+QString InstalledFamily(const std::string& Name, TFontPitch Pitch);
+
+/// A face with its metrics. Lives until the Qt application ends.
+class TQtFont {
+public:
+    /// The font of Face; its angle, underline and strike-out are the device's business. Needs a
+    /// QGuiApplication.
+    static TQtFont& Of(const TFontFace& Face);
+
+    explicit TQtFont(const TFontFace& Face);
+
+    int Ascent() const { return FAscent; }
+    int CellHeight() const { return FCellHeight; }
+    /// Whole pixels; 0 for a combining mark.
+    int Advance(char32_t Character);
+    /// Advances summed character by character: no kerning, so that captions measured in pieces fit.
+    TSize Measure(std::string_view Text);
+    /// The font for a device of that many pixels per logical pixel.
+    const QFont& At(double Scale);
+    /// Distance of the line's middle from the top of the cell and its thickness, in logical pixels.
+    struct TRule {
+        double Middle, Thickness;
+    };
+    TRule Underline() const { return FUnderline; }
+    TRule StrikeOut() const { return FStrikeOut; }
+
+private:
+    QFont FFont, FScaled;
+    double FScale = 1;
+    int FAscent = 0, FCellHeight = 0;
+    TRule FUnderline{}, FStrikeOut{};
+    std::array<int, 128> FAscii;
+    std::unordered_map<char32_t, int> FAdvances;
+};
+
+} // namespace kx::qt

@@ -1,0 +1,159 @@
+#include "qt/Kxqtlines.h"
+
+#include <array>
+#include <cstdlib>
+
+namespace kx::qt {
+
+namespace {
+
+constexpr std::array CDash{9, 3}, CDot{3, 3};
+constexpr std::array CDashDot{9, 3, 3, 3};
+constexpr std::array CDashDotDot{9, 3, 3, 3, 3, 3};
+
+struct TInterval {
+    std::int64_t First, Last;
+};
+
+/// The steps in direction Sign from Start that lie in Low..High-1.
+TInterval StepsInside(std::int64_t Start, int Sign, std::int64_t Low, std::int64_t High) {
+    if (Sign > 0) return {Low - Start, High - 1 - Start};
+    return {Start - (High - 1), Start - Low};
+}
+
+TPoint Saturated(TPoint P) {
+    return {std::clamp(P.X, -CMaxPixel, CMaxPixel), std::clamp(P.Y, -CMaxPixel, CMaxPixel)};
+}
+
+} // namespace
+
+std::span<const int> DashesOf(TPenStyle Style) {
+    switch (Style) {
+    case psDash: return CDash;
+    case psDot: return CDot;
+    case psDashDot: return CDashDot;
+    case psDashDotDot: return CDashDotDot;
+    default: return {};
+    }
+}
+
+/// A line from its upper end: pixel i is i steps along the longer direction (Length of them) and the nearest
+/// number of steps, the larger one of two, along the other.
+struct TLineScanner::TSlope {
+    TPoint Start;
+    std::int64_t Length, Rise;
+    int SignX, SignY;
+    bool Steep;      // longer along Y
+    bool Forward;    // travels away from Start
+    TInterval Steps; // in the window along the longer direction, the end pixel left out
+    TInterval Rises; // in the window along the other one
+
+    std::int64_t FirstStepOf(std::int64_t AtRise) const {
+        if (AtRise == 0) return 0;
+        if (AtRise > Rise) return Length + 1;
+        const std::uint64_t twice = 2 * std::uint64_t(Rise);
+        return std::int64_t((std::uint64_t(2 * AtRise - 1) * std::uint64_t(Length) + twice - 1) / twice);
+    }
+    std::int64_t RiseAt(std::int64_t Step) const {
+        const auto length = std::uint64_t(Length);
+        return std::int64_t((2 * std::uint64_t(Step) * std::uint64_t(Rise) + length) / (2 * length));
+    }
+};
+
+TLineScanner::TLineScanner(const TRect& Window, TPenStyle Style, bool Join, std::vector<QRect>& Runs)
+    : FWindow(Window), FJoin(Join), FRuns(Runs) {
+    const auto dashes = DashesOf(Style);
+    if (dashes.empty()) return;
+    FPattern = 0;
+    FPeriod = 0;
+    bool on = true;
+    for (const int length : dashes) {
+        if (on) FPattern |= ((1u << length) - 1) << FPeriod;
+        FPeriod += length;
+        on = !on;
+    }
+}
+
+void TLineScanner::Polyline(std::span<const TPoint> Points) {
+    for (std::size_t i = 1; i < Points.size(); ++i) Segment(Points[i - 1], Points[i]);
+}
+
+void TLineScanner::Polygon(std::span<const TPoint> Points) {
+    if (Points.empty()) return;
+    const std::int64_t before = FDone;
+    Polyline(Points);
+    Segment(Points.back(), Points.front());
+    if (FDone == before && FWindow.Contains(Points[0])) FRuns.emplace_back(Points[0].X, Points[0].Y, 1, 1);
+}
+
+void TLineScanner::Segment(TPoint From, TPoint To) {
+    const TRect& window = FWindow;
+    From = Saturated(From);
+    To = Saturated(To);
+    const bool forward = From.Y < To.Y || (From.Y == To.Y && From.X <= To.X);
+    const TPoint start = forward ? From : To, end = forward ? To : From;
+    const std::int64_t wide = std::abs(std::int64_t(end.X) - start.X), high = std::int64_t(end.Y) - start.Y;
+    const std::int64_t length = std::max(wide, high);
+    if (length > 0 && start.Y < window.Bottom && end.Y >= window.Top &&
+        std::min(From.X, To.X) < window.Right && std::max(From.X, To.X) >= window.Left) {
+        TSlope line{start, length, std::min(wide, high), end.X < start.X ? -1 : 1, 1, high > wide, forward,
+                    {},    {}};
+        line.Steps = StepsInside(start.X, line.SignX, window.Left, window.Right);
+        line.Rises = StepsInside(start.Y, line.SignY, window.Top, window.Bottom);
+        if (line.Steep) std::swap(line.Steps, line.Rises);
+        line.Steps.First = std::max<std::int64_t>(line.Steps.First, forward ? 0 : 1);
+        line.Steps.Last = std::min(line.Steps.Last, forward ? length - 1 : length);
+        if (line.Steps.First <= line.Steps.Last) Scan(line);
+    }
+    FDone += length;
+}
+
+void TLineScanner::Scan(const TSlope& Line) {
+    std::int64_t rise = std::max(Line.Rises.First, Line.RiseAt(Line.Steps.First));
+    std::int64_t next = Line.FirstStepOf(rise);
+    for (; rise <= std::min(Line.Rises.Last, Line.Rise) && next <= Line.Steps.Last; ++rise) {
+        const std::int64_t first = std::max(next, Line.Steps.First);
+        next = Line.FirstStepOf(rise + 1);
+        if (first < next) Run(Line, first, std::min(next - 1, Line.Steps.Last), rise);
+    }
+}
+
+bool TLineScanner::IsOn(const TSlope& Line, std::int64_t Index) const {
+    const std::int64_t travelled = FDone + (Line.Forward ? Index : Line.Length - Index);
+    return (FPattern >> (travelled % FPeriod) & 1) != 0;
+}
+
+void TLineScanner::Run(const TSlope& Line, std::int64_t First, std::int64_t Last, std::int64_t Rise) {
+    if (FPeriod == 1) return Emit(Line, First, Last, Rise);
+    for (std::int64_t i = First; i <= Last; ++i) {
+        if (!IsOn(Line, i)) continue;
+        const std::int64_t begin = i;
+        while (i < Last && IsOn(Line, i + 1)) ++i;
+        Emit(Line, begin, i, Rise);
+    }
+}
+
+void TLineScanner::Emit(const TSlope& Line, std::int64_t First, std::int64_t Last, std::int64_t Rise) {
+    const int count = int(Last - First) + 1;
+    if (Line.Steep) {
+        const int top = int(Line.Start.Y + First);
+        EmitColumn(int(Line.Start.X + Line.SignX * Rise), top, top + count - 1);
+    } else {
+        const std::int64_t left = Line.SignX > 0 ? Line.Start.X + First : Line.Start.X - Last;
+        FRuns.emplace_back(int(left), int(Line.Start.Y + Rise), count, 1);
+    }
+}
+
+void TLineScanner::EmitColumn(int X, int Top, int Bottom) {
+    if (FJoin && !FRuns.empty()) {
+        QRect& last = FRuns.back();
+        if (last.left() == X && last.right() == X && Top <= last.bottom() + 1 && Bottom >= last.top() - 1) {
+            last.setTop(std::min(last.top(), Top));
+            last.setBottom(std::max(last.bottom(), Bottom));
+            return;
+        }
+    }
+    FRuns.emplace_back(X, Top, 1, Bottom - Top + 1);
+}
+
+} // namespace kx::qt

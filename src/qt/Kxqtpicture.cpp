@@ -1,0 +1,115 @@
+#include "qt/Kxqtpicture.h"
+
+#include "platform/exceptions.h"
+#include "platform/files.h"
+#include "platform/text.h"
+#include "qt/Kxqtdevice.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPageSize>
+#include <QPdfWriter>
+
+#include <cmath>
+
+namespace kx::qt {
+
+namespace {
+
+constexpr double CPointsPerPixel = 72.0 / TFont::CPixelsPerInch,
+                 CPixelsPerMetre = TFont::CPixelsPerInch / 0.0254;
+constexpr double CLargestImage = 32767; // the raster painter counts pixels in 16 bits
+
+class EPictureError : public Exception {
+    using Exception::Exception;
+};
+
+[[noreturn]] void RaiseSize(double Width, double Height, const char* Trouble) {
+    throw EPictureError("a picture of " + std::to_string(std::llround(Width)) + " x " +
+                        std::to_string(std::llround(Height)) + " pixels is " + Trouble);
+}
+
+QString Text(const std::string& Utf8) { return QString::fromStdString(ToValidUtf8(Utf8)); }
+
+QImage ImageFor(const TPictureOptions& Options) {
+    const double width = std::round(Options.Size.Width * Options.Scale),
+                 height = std::round(Options.Size.Height * Options.Scale);
+    if (!(width >= 1 && height >= 1)) RaiseSize(width, height, "empty");
+    if (width > CLargestImage || height > CLargestImage) RaiseSize(width, height, "too large");
+    QImage image(int(width), int(height), QImage::Format_RGB32);
+    if (image.isNull()) RaiseSize(width, height, "too large");
+    return image;
+}
+
+void PaintPicture(QPaintDevice& Target, const TPictureOptions& Options, double Scale,
+                  const TPaintPicture& Paint) {
+    QPainter painter;
+    if (!painter.begin(&Target)) throw EPictureError("the picture cannot be painted");
+    TPainterDevice device(painter, Options.Size, Scale, Options.Antialias);
+    device.FillRect({0, 0, Options.Size.Width, Options.Size.Height},
+                    {ColorToRGB(Options.Ground), bsSolid, pmCopy});
+    Paint(device);
+}
+
+/// The time of writing would make equal pictures differ. Blanks keep every offset in the file valid.
+void BlankCreationDate(QByteArray& Pdf) {
+    const auto begin = Pdf.indexOf("/CreationDate (D:");
+    const auto end = begin < 0 ? -1 : Pdf.indexOf(')', begin);
+    if (end > begin) Pdf.replace(begin, end + 1 - begin, QByteArray(end + 1 - begin, ' '));
+}
+
+template <class F>
+void WriteBytes(const std::string& FileName, F Bytes) {
+    std::string bytes;
+    try {
+        bytes = Bytes();
+    } catch (const EPictureError& error) {
+        throw EFileError(Escaped(FileName) + ": " + error.what());
+    }
+    ReplaceFile(FileName, bytes);
+}
+
+} // namespace
+
+std::string PngBytes(const TPictureOptions& Options, const TPaintPicture& Paint) {
+    QImage image = ImageFor(Options);
+    image.fill(Qt::white);
+    PaintPicture(image, Options, Options.Scale, Paint);
+    image.setDotsPerMeterX(int(std::lround(CPixelsPerMetre * Options.Scale)));
+    image.setDotsPerMeterY(image.dotsPerMeterX());
+    if (!Options.Title.empty()) image.setText("Title", Text(Options.Title));
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "PNG")) throw EPictureError("the picture cannot be encoded");
+    return buffer.data().toStdString();
+}
+
+std::string PdfBytes(const TPictureOptions& Options, const TPaintPicture& Paint) {
+    const TSize size = Options.Size;
+    if (size.Width < 1 || size.Height < 1) RaiseSize(size.Width, size.Height, "empty");
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&buffer);
+        writer.setResolution(TFont::CPixelsPerInch);
+        writer.setPageSize(QPageSize(QSizeF(size.Width, size.Height) * CPointsPerPixel, QPageSize::Point, {},
+                                     QPageSize::ExactMatch));
+        writer.setPageMargins(QMarginsF());
+        writer.setTitle(Text(Options.Title));
+        writer.setCreator("kxgraph");
+        PaintPicture(writer, Options, 1, Paint);
+    }
+    QByteArray bytes = buffer.data();
+    BlankCreationDate(bytes);
+    return bytes.toStdString();
+}
+
+void WritePng(const std::string& FileName, const TPictureOptions& Options, const TPaintPicture& Paint) {
+    WriteBytes(FileName, [&] { return PngBytes(Options, Paint); });
+}
+
+void WritePdf(const std::string& FileName, const TPictureOptions& Options, const TPaintPicture& Paint) {
+    WriteBytes(FileName, [&] { return PdfBytes(Options, Paint); });
+}
+
+} // namespace kx::qt

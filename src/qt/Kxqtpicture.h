@@ -1,0 +1,31 @@
+#pragma once
+// Pictures in files: PNG and PDF. A file is replaced as a whole or left as it was.
+
+#include "platform/device.h"
+
+#include <functional>
+#include <string>
+
+namespace kx::qt {
+
+struct TPictureOptions {
+    TSize Size;             ///< logical pixels, 96 per inch
+    double Scale = 1;       ///< pixels of a PNG in one logical pixel
+    bool Antialias = false; ///< of a PNG; see TPainterDevice
+    TColor Ground = clWhite;
+    std::string Title = {}; ///< in the file's description, unless empty
+};
+
+using TPaintPicture = std::function<void(TCanvasDevice&)>;
+
+/// The bytes of a PNG file. Raises Exception when the picture is empty or too large; what Paint raises
+/// passes.
+std::string PngBytes(const TPictureOptions& Options, const TPaintPicture& Paint);
+/// The bytes of a PDF file of one page, with text as text. The same picture gives the same bytes at any time.
+std::string PdfBytes(const TPictureOptions& Options, const TPaintPicture& Paint);
+
+/// Write the file. Raise EFileError ("name: reason") when the picture cannot be made or the file not written.
+void WritePng(const std::string& FileName, const TPictureOptions& Options, const TPaintPicture& Paint);
+void WritePdf(const std::string& FileName, const TPictureOptions& Options, const TPaintPicture& Paint);
+
+} // namespace kx::qt

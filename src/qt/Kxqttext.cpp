@@ -1,0 +1,73 @@
+#include "platform/text.h"
+#include "qt/Kxqtdevice.h"
+
+#include <cmath>
+
+namespace kx::qt {
+
+namespace {
+
+/// Draws characters at their measured places. The painter's origin is the top left of the first cell.
+class TTextLine {
+public:
+    TTextLine(QPainter& Painter, TQtFont& Font, double Scale)
+        : FPainter(Painter), FFont(Font), FScale(Scale), FBaseline(Font.Ascent() * Scale) {}
+
+    /// A combining mark is drawn together with the character that it stands on.
+    void Draw(std::string_view Text) {
+        int x = 0;
+        for (std::size_t i = 0; i < Text.size();) {
+            const int begin = x;
+            QString cluster;
+            do {
+                const TCodePoint character = DecodeAt(Text, i);
+                cluster += QString::fromUcs4(&character.Value, 1);
+                x += FFont.Advance(character.Value);
+                i += std::size_t(character.Length);
+            } while (i < Text.size() && QChar::isMark(DecodeAt(Text, i).Value));
+            FPainter.drawText(QPointF(begin * FScale, FBaseline), cluster);
+        }
+        FWidth = x;
+    }
+    void Rule(const TQtFont::TRule& Rule, const QColor& Color) {
+        FPainter.fillRect(
+            QRectF(0, (Rule.Middle - Rule.Thickness / 2) * FScale, FWidth * FScale, Rule.Thickness * FScale),
+            Color);
+    }
+
+private:
+    QPainter& FPainter;
+    TQtFont& FFont;
+    double FScale, FBaseline;
+    int FWidth = 0;
+};
+
+} // namespace
+
+TSize TPainterDevice::MeasureText(const TFontFace& Face, std::string_view Text) const {
+    return TQtFont::Of(Face).Measure(Text);
+}
+
+void TPainterDevice::Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) {
+    TQtFont& font = TQtFont::Of(Face);
+    const TSize size = font.Measure(Text);
+    const double reach = 2.0 * (size.Width + size.Height) + 16; // slanted glyphs leave their cells
+    if (Pos.X < FClip.Left - reach || Pos.X > FClip.Right + reach || Pos.Y < FClip.Top - reach ||
+        Pos.Y > FClip.Bottom + reach)
+        return;
+    SetMode(pmCopy, Face.Angle != 0);
+    const QFont& scaled = font.At(FScale);
+    const QColor color = ColorOf(Color, pmCopy);
+    FPainter.save();
+    FPainter.setFont(scaled);
+    FPainter.setPen(color);
+    FPainter.translate(Pos.X * FScale, Pos.Y * FScale);
+    FPainter.rotate(-Face.Angle / 10.0);
+    TTextLine line(FPainter, font, FScale);
+    line.Draw(Text);
+    if (Face.Style & fsUnderline) line.Rule(font.Underline(), color);
+    if (Face.Style & fsStrikeOut) line.Rule(font.StrikeOut(), color);
+    FPainter.restore();
+}
+
+} // namespace kx::qt

@@ -1,0 +1,82 @@
+#include "qt/Kxqtpicture.h"
+
+#include "platform/exceptions.h"
+#include "platform/files.h"
+#include "support/recording.h"
+
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace kx::test {
+namespace {
+
+using qt::TPictureOptions;
+
+void Scene(TCanvasDevice& Device) {
+    Device.FillRect({0, 0, 10, 10}, {clRed, bsSolid, pmCopy});
+    Device.Text({20, 20}, {"Arial"}, clBlack, "Label \xCE\xB1");
+    Device.Polyline(std::vector<TPoint>{{0, 0}, {90, 50}}, {clBlue, 1, psDash, pmCopy});
+}
+
+QImage Decoded(const std::string& Png) {
+    return QImage::fromData(reinterpret_cast<const uchar*>(Png.data()), int(Png.size()), "PNG");
+}
+
+TEST(QtPicture, PngHasItsSizeGroundAndTitle) {
+    const TPictureOptions options{{100, 60}, 2, false, clAqua, "A title"};
+    const QImage image = Decoded(qt::PngBytes(options, Scene));
+    EXPECT_EQ(image.size(), QSize(200, 120));
+    EXPECT_EQ(image.pixelColor(199, 119), QColor(Qt::cyan));
+    EXPECT_EQ(image.pixelColor(19, 1), QColor(Qt::red));
+    EXPECT_EQ(image.text("Title"), "A title");
+    EXPECT_NEAR(image.dotsPerMeterX(), 2 * 96 / 0.0254, 1);
+}
+
+TEST(QtPicture, PdfIsOnePageOfTheSizeWithTextAndNoTime) {
+    bool canXor = true;
+    const auto paint = [&](TCanvasDevice& Device) {
+        canXor = Device.CanXor();
+        Scene(Device);
+    };
+    const std::string pdf = qt::PdfBytes({{400, 200}, 1, false, clWhite, "A title"}, paint);
+    EXPECT_FALSE(canXor);
+    EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
+    EXPECT_NE(pdf.find("/MediaBox [0 0 300"), std::string::npos);
+    EXPECT_NE(pdf.find("/FontFile2"), std::string::npos);
+    EXPECT_EQ(pdf.find("CreationDate"), std::string::npos);
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+    EXPECT_EQ(qt::PdfBytes({{400, 200}, 1, false, clWhite, "A title"}, paint), pdf);
+}
+
+TEST(QtPicture, FailureNamesTheFileAndLeavesItAsItWas) {
+    const TTemporaryDirectory directory;
+    const std::string file = directory / "p.png";
+    qt::WritePng(file, {{100, 60}}, Scene);
+    const std::string before = ReadFile(file);
+    EXPECT_EQ(Decoded(before).width(), 100);
+    const struct {
+        TPictureOptions Options;
+        std::string Reason;
+    } cases[] = {{{{0, 5}}, "a picture of 0 x 5 pixels is empty"},
+                 {{{30000, 10}, 2}, "a picture of 60000 x 20 pixels is too large"},
+                 {{{32767, 32767}, 1e6}, "a picture of 32767000000 x 32767000000 pixels is too large"}};
+    for (const auto& c : cases) {
+        try {
+            qt::WritePng(file, c.Options, Scene);
+            ADD_FAILURE() << c.Reason;
+        } catch (const EFileError& error) {
+            EXPECT_EQ(error.what(), file + ": " + c.Reason);
+        }
+    }
+    EXPECT_THROW(qt::WritePdf(file, {{0, 0}}, Scene), EFileError);
+    EXPECT_THROW(qt::WritePdf(directory / "no/such.pdf", {{100, 60}}, Scene), EFileError);
+    EXPECT_THROW(qt::WritePng(file, {{9, 9}}, [](TCanvasDevice&) { throw ERangeError("in the picture"); }),
+                 ERangeError);
+    EXPECT_EQ(ReadFile(file), before);
+}
+
+} // namespace
+} // namespace kx::test

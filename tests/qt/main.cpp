@@ -1,0 +1,9 @@
+#include "qt/Kxqtinstall.h"
+
+#include <gtest/gtest.h>
+
+int main(int Count, char** Arguments) {
+    testing::InitGoogleTest(&Count, Arguments);
+    kx::qt::Install(true);
+    return RUN_ALL_TESTS();
+}
