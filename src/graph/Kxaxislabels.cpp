@@ -1,0 +1,180 @@
+// Tick labels, exponent label and caption: their texts come from Kxticks, here they are measured and placed.
+
+#include "graph/Kxaxis.h"
+
+#include <cstdlib>
+
+namespace kx {
+
+namespace {
+
+TFont& MeasuringFont(TCanvas& Canvas, const TFont& Font) {
+    Canvas.Font.Assign(Font);
+    return Canvas.Font;
+}
+
+} // namespace
+
+int TKxAxis::OutwardSign() const {
+    switch (FPosition) {
+    case AxLeftPos:
+    case AxTopPos: return -1;
+    case AxFreeFloating: return IsHorizontal() ? 1 : -1;
+    default: return 1;
+    }
+}
+
+void TKxAxis::CalculateTicks() {
+    FMap = TKxAxisMap::Make(FScaling, FEnds, FMap.AxisLength, FOrientation, FTwisted);
+    FNeedsTicks = false;
+    if (!GetVisible()) {
+        FCaptionLabel->SetVisible(false);
+        return;
+    }
+    const auto* host = GetAxisHost();
+    FTicks = kx::CalculateTicks(FEnds, FMap, {.Orientation = FOrientation,
+                                              .ShowScaleLabels = FShowScaleLabels,
+                                              .ZeroOrigin = host && host->GetZeroOrigin()});
+    MeasureLabels();
+    if (FThinLabels) ThinOutLabels();
+    PlaceLabels();
+    PlaceCaptionLabel();
+}
+
+void TKxAxis::AddLabelRec(const std::string& Text) {
+    TKxCaptionRec rec;
+    rec.Text = Text;
+    rec.Canvas = &GetCanvas();
+    rec.Paint = false;
+    RichPaintTo(rec);
+    rec.Paint = true;
+    FMaxLabelWidth = std::max(FMaxLabelWidth, rec.Width);
+    FLabelRecs.push_back(std::move(rec));
+}
+
+void TKxAxis::MeasureLabels() {
+    FLabelRecs.clear();
+    FMaxLabelWidth = FMaxLabelHeight = 0;
+    if (!FShowScaleLabels) return;
+    TCanvas& canvas = GetCanvas();
+    MeasuringFont(canvas, GetFont());
+    FMaxLabelHeight = canvas.TextHeight("10");
+    for (const auto& label : FTicks.Labels) AddLabelRec(label.Text);
+    if (!FTicks.ExponentLabel.empty()) AddLabelRec(FTicks.ExponentLabel);
+}
+
+void TKxAxis::ThinOutLabels() {
+    std::vector<TKxLabelExtent> extents;
+    for (std::size_t i = 0; i < FTicks.Labels.size(); ++i)
+        extents.push_back({FTicks.Labels[i].Position, IsHorizontal() ? FLabelRecs[i].Width : FMaxLabelHeight});
+    const int anchor = AnchorLabel(FTicks.Labels);
+    const int stride = LabelStride(extents, IsHorizontal() ? FMaxLabelHeight / 2 : 1, anchor);
+    std::vector<TKxTickLabel> labels;
+    std::vector<TKxCaptionRec> recs;
+    for (std::size_t i = 0; i < FLabelRecs.size(); ++i) {
+        const bool isTick = i < FTicks.Labels.size();
+        if (isTick && !IsKeptLabel(int(i), anchor, stride)) continue;
+        if (isTick) labels.push_back(std::move(FTicks.Labels[i]));
+        recs.push_back(std::move(FLabelRecs[i]));
+    }
+    FTicks.Labels = std::move(labels);
+    FLabelRecs = std::move(recs);
+}
+
+int TKxAxis::LabelExtentAcross() const { return IsHorizontal() ? FMaxLabelHeight : FMaxLabelWidth; }
+
+// Where the labels begin, counted from the axis line.
+static int LabelDistance(const TKxAxis& Axis) {
+    return std::abs(Axis.GetMajorTickLength()) + Axis.GetScalingsTicksGap();
+}
+
+void TKxAxis::PlaceLabels() {
+    const int distance = LabelDistance(*this), height = FMaxLabelHeight;
+    const bool inwards = OutwardSign() < 0;
+    for (std::size_t i = 0; i < FTicks.Labels.size(); ++i) {
+        auto& rec = FLabelRecs[i];
+        const int p = FTicks.Labels[i].Position;
+        if (IsHorizontal()) {
+            rec.X = FAxisOrigin.X + p - rec.Width / 2;
+            rec.Y = inwards ? FAxisOrigin.Y - distance - height + 1 : FAxisOrigin.Y + distance;
+        } else {
+            rec.X = inwards ? FAxisOrigin.X - distance - rec.Width + 1 : FAxisOrigin.X + distance;
+            rec.Y = FAxisOrigin.Y + GetAxisLength() - p - height / 2;
+        }
+    }
+    if (FLabelRecs.size() > FTicks.Labels.size()) PlaceExponentLabel();
+}
+
+// Beyond the last label along the axis, and ExponentScalingsGap further out than the labels.
+void TKxAxis::PlaceExponentLabel() {
+    auto& rec = FLabelRecs.back();
+    const int distance = LabelDistance(*this) + FExponentScalingsGap, height = FMaxLabelHeight;
+    const bool inwards = OutwardSign() < 0;
+    const TKxCaptionRec* last = FLabelRecs.size() > 1 ? &FLabelRecs[FLabelRecs.size() - 2] : nullptr;
+    if (IsHorizontal()) {
+        rec.X = last ? last->X + last->Width : FAxisOrigin.X + GetAxisLength();
+        rec.Y = inwards ? FAxisOrigin.Y - distance - height + 1 : FAxisOrigin.Y + distance;
+    } else {
+        const int column = distance + (FMaxLabelWidth - rec.Width) / 2;
+        rec.X = inwards ? FAxisOrigin.X - column - rec.Width + 1 : FAxisOrigin.X + column;
+        rec.Y = (last ? last->Y : FAxisOrigin.Y) - height;
+    }
+}
+
+TKxLayoutAxis TKxAxis::GetLayoutAxis() const {
+    TKxLayoutAxis axis;
+    axis.Position = FPosition;
+    axis.Orientation = FOrientation;
+    axis.Gap = FValuesTicksGap;
+    axis.LineThickness = FAxisThicknes;
+    axis.Fixed = !FAutoSize || FPosition == AxFreeFloating;
+    axis.Bounds = GetBoundsRect();
+    TKxAxisThickness thickness;
+    thickness.MajorTickLength = FMajorTickLength;
+    thickness.BorderGap = FBorderCaptionGap;
+    thickness.TicksGap = FScalingsTicksGap;
+    thickness.LabelExtent = LabelExtentAcross();
+    thickness.CaptionExtent = CaptionExtentAcross();
+    thickness.CaptionGap = FCaptionScalingsGap;
+    thickness.ExponentGap = FExponentScalingsGap;
+    thickness.Factored = FShowScaleLabels && FEnds.UseScaleExponent;
+    axis.Thickness = thickness.Total() + FValuesTicksGap;
+    for (const auto& rec : FLabelRecs) {
+        const int from = IsHorizontal() ? rec.X : rec.Y;
+        const int to = from + (IsHorizontal() ? rec.Width : FMaxLabelHeight);
+        const int begin = IsHorizontal() ? FAxisOrigin.X : FAxisOrigin.Y;
+        const int before = begin - from + 1, behind = to - (begin + GetAxisLength());
+        axis.StartReach = std::max(axis.StartReach, IsHorizontal() ? before : behind);
+        axis.StopReach = std::max(axis.StopReach, IsHorizontal() ? behind : before);
+    }
+    return axis;
+}
+
+void TKxAxis::UpdateCaptionLabel() {
+    FCaptionLabel->SetCaption(FShowCaption && GetVisible() ? GetCaption() : TKxCaption());
+}
+
+int TKxAxis::CaptionExtentAcross() const {
+    if (!FCaptionLabel->GetVisible() || FCaptionLabel->GetCaption().empty()) return 0;
+    return IsHorizontal() ? FCaptionLabel->GetHeight() : FCaptionLabel->GetWidth();
+}
+
+void TKxAxis::PlaceCaptionLabel() {
+    FCaptionLabel->SetVisible(FShowCaption && GetVisible());
+    if (!FShowCaption || !GetVisible()) return;
+    if (!FCaptionLabel->GetFont().Equals(FCaptionFont)) FCaptionLabel->SetFont(FCaptionFont);
+    const int angle = IsHorizontal() ? 0 : 900;
+    if (FCaptionLabel->GetAngle() != angle) FCaptionLabel->SetAngle(angle);
+    const int w = FCaptionLabel->GetWidth(), h = FCaptionLabel->GetHeight();
+    const int distance = LabelDistance(*this) + LabelExtentAcross() + FCaptionScalingsGap;
+    const int x0 = GetLeft() + FAxisOrigin.X, y0 = GetTop() + FAxisOrigin.Y;
+    const bool inwards = OutwardSign() < 0;
+    if (IsHorizontal())
+        FCaptionLabel->SetBounds(x0 + (GetAxisLength() - w) / 2, inwards ? y0 - distance - h + 1 : y0 + distance,
+                                 w, h);
+    else
+        FCaptionLabel->SetBounds(inwards ? x0 - distance - w + 1 : x0 + distance,
+                                 y0 + (GetAxisLength() - h) / 2, w, h);
+}
+
+} // namespace kx

@@ -1,0 +1,134 @@
+// What of an axis is kept: the published properties, and the outfit.
+
+#include "graph/Kxaxis.h"
+
+#include "persist/Kxoutfit.h"
+
+namespace kx {
+
+namespace {
+
+const TKxOutfit<TKxAxis>& AxisOutfit() {
+    static const TKxOutfit<TKxAxis> table{
+        OutfitFont<&TKxAxis::GetAxisFont>("Font"),
+        OutfitFont<&TKxAxis::GetAxisCaptionFont>("CaptionFont"),
+        Outfit<&TKxAxis::GetDoUserCaption, &TKxAxis::SetDoUserCaption>("DoUserCaption"),
+        Outfit<&TKxAxis::GetUserCaption, &TKxAxis::SetUserCaption>("UserCaption"),
+        Outfit<&TKxAxis::GetVisible, &TKxAxis::SetVisible>("Visible"),
+        Outfit<&TKxAxis::GetTwisted, &TKxAxis::SetTwisted>("Twisted"),
+        Outfit<&TKxAxis::GetShowCaption, &TKxAxis::SetShowCaption>("ShowCaption"),
+        Outfit<&TKxAxis::GetShowScaleLabels, &TKxAxis::SetShowScaleLabels>("ShowScaleLabels"),
+        Outfit<&TKxAxis::GetMajorTickLength, &TKxAxis::SetMajorTickLength>("MajorTickLength"),
+        Outfit<&TKxAxis::GetTickLength, &TKxAxis::SetTickLength>("TickLength"),
+        Outfit<&TKxAxis::GetStartEnd, &TKxAxis::SetStartEnd>("StartEnd"),
+        Outfit<&TKxAxis::GetStopEnd, &TKxAxis::SetStopEnd>("StopEnd"),
+        Outfit<&TKxAxis::GetStart, &TKxAxis::SetStart>("Start"),
+        Outfit<&TKxAxis::GetStop, &TKxAxis::SetStop>("Stop"),
+        Outfit<&TKxAxis::GetBorderCaptionGap, &TKxAxis::SetBorderCaptionGap>("BorderCaptionGap"),
+        Outfit<&TKxAxis::GetCaptionScalingsGap, &TKxAxis::SetCaptionScalingsGap>("CaptionScalingsGap"),
+        Outfit<&TKxAxis::GetScalingsTicksGap, &TKxAxis::SetScalingsTicksGap>("ScalingsTicksGap"),
+        Outfit<&TKxAxis::GetValuesTicksGap, &TKxAxis::SetValuesTicksGap>("ValuesTicksGap"),
+        Outfit<&TKxAxis::GetAxisColor, &TKxAxis::SetAxisColor>("AxisColor"),
+        Outfit<&TKxAxis::GetMajorTickColor, &TKxAxis::SetMajorTickColor>("MajorTickColor"),
+        Outfit<&TKxAxis::GetTickColor, &TKxAxis::SetTickColor>("TickColor"),
+        Outfit<&TKxAxis::GetAutoTicks, &TKxAxis::SetAutoTicks>("AutoTicks"),
+        Outfit<&TKxAxis::GetTickPart, &TKxAxis::SetTickPart>("TickPart"),
+        Outfit<&TKxAxis::GetMajorTickPart, &TKxAxis::SetMajorTickPart>("MajorTickPart"),
+        Outfit<&TKxAxis::GetLabelPart, &TKxAxis::SetLabelPart>("LabelPart"),
+        Outfit<&TKxAxis::GetScaling, &TKxAxis::SetScaling>("Scaling"),
+    };
+    return table;
+}
+
+bool HasOwnTicks(const TPersistent& Object) { return static_cast<const TKxAxis&>(Object).IsNotAutoTicks(); }
+
+} // namespace
+
+void TKxAxis::SaveOutfit(const AnsiString& Section, TKxIniList& Ini) const {
+    SaveOutfitTable(*this, AxisOutfit(), Section, Ini);
+}
+
+void TKxAxis::LoadOutfit(const AnsiString& Section, TKxIniList& Ini) {
+    LoadOutfitTable(*this, AxisOutfit(), Section, Ini);
+}
+
+const TPropertyTable& TKxAxis::PublishedProperties() const { return Properties(); }
+
+const TPropertyTable& TKxAxis::Properties() {
+    static const TPropertyTable table(
+        "TKxAxis", &TGraphicControl::Properties(),
+        {
+            Published<&TKxAxis::GetPosition, &TKxAxis::SetPosition>(
+                "Position", AxLeftPos, "side of the drawing world; bottom and top are horizontal"),
+            Published<&TKxAxis::GetScaling, &TKxAxis::SetScaling>(
+                "Scaling", AxNormal, "linear, logarithmic, or logarithmic with labels as powers of ten"),
+            Published<&TKxAxis::GetTwisted, &TKxAxis::SetTwisted>("Twisted", false, "runs in reverse"),
+            Published<&TKxAxis::GetAutoTicks, &TKxAxis::SetAutoTicks>("AutoTicks", true,
+                                                                      "steps are chosen automatically"),
+            Published<&TKxAxis::GetStartEnd, &TKxAxis::SetStartEnd>("StartEnd", AxAutoRange,
+                                                                    "how the lower end follows the data"),
+            Published<&TKxAxis::GetStopEnd, &TKxAxis::SetStopEnd>("StopEnd", AxAutoRange,
+                                                                  "how the upper end follows the data"),
+            Published<&TKxAxis::GetStart, &TKxAxis::SetStart>("Start", 0.0, "lower end"),
+            Published<&TKxAxis::GetStop, &TKxAxis::SetStop>("Stop", 100.0, "upper end"),
+            Published<&TKxAxis::GetTickPart, &TKxAxis::SetTickPart>(
+                "TickPart", std::monostate{}, "step of minor ticks, in units of the span's power of ten",
+                HasOwnTicks),
+            Published<&TKxAxis::GetMajorTickPart, &TKxAxis::SetMajorTickPart>(
+                "MajorTickPart", std::monostate{}, "step of major ticks, same unit", HasOwnTicks),
+            Published<&TKxAxis::GetLabelPart, &TKxAxis::SetLabelPart>("LabelPart", std::monostate{},
+                                                                      "step of labels, same unit", HasOwnTicks),
+            Published<&TKxAxis::GetMaxExpForScaleExp, &TKxAxis::SetMaxExpForScale>(
+                "MaxExpForScaleExp", 3, "above this decimal exponent labels are factored"),
+            Published<&TKxAxis::GetMinExpForScaleExp, &TKxAxis::SetMinExpForScale>(
+                "MinExpForScaleExp", -2, "below this decimal exponent labels are factored"),
+            Published<&TKxAxis::GetIsSlaveAxis, &TKxAxis::SetIsSlave>("IsSlaveAxis", false,
+                                                                      "copies ends and scaling of MasterAxis"),
+            Published<&TKxAxis::GetMasterAxis, &TKxAxis::SetMasterAxis>("MasterAxis", nullptr,
+                                                                        "the axis followed by a slave"),
+            Published<&TKxAxis::GetShowCaption, &TKxAxis::SetShowCaption>("ShowCaption", false,
+                                                                          "shows Caption beside the labels"),
+            Published<&TKxAxis::GetShowScaleLabels, &TKxAxis::SetShowScaleLabels>("ShowScaleLabels", true,
+                                                                                  "shows the tick labels"),
+            Published<&TKxAxis::GetThinLabels, &TKxAxis::SetThinLabels>("ThinLabels", false,
+                                                                        "leaves out labels that would touch"),
+            Published<&TKxAxis::GetAutoSize, &TKxAxis::SetAutosize>("AutoSize", true,
+                                                                    "the layout places and sizes the axis"),
+            Published<&TKxAxis::GetTransparent, &TKxAxis::SetTransparent>("Transparent", true,
+                                                                          "draws no ground of its own"),
+            Published<&TKxAxis::GetBorderCaptionGap, &TKxAxis::SetBorderCaptionGap>(
+                "BorderCaptionGap", 0, "pixels between caption and border"),
+            Published<&TKxAxis::GetCaptionScalingsGap, &TKxAxis::SetCaptionScalingsGap>(
+                "CaptionScalingsGap", 0, "pixels between caption and labels"),
+            Published<&TKxAxis::GetScalingsTicksGap, &TKxAxis::SetScalingsTicksGap>(
+                "ScalingsTicksGap", 1, "pixels between labels and major ticks"),
+            Published<&TKxAxis::GetExponentScalingsGap, &TKxAxis::SetExponentScalingsGap>(
+                "ExponentScalingsGap", 10, "pixels by which a factored exponent stands outside the labels"),
+            Published<&TKxAxis::GetValuesTicksGap, &TKxAxis::SetValuesTicksGap>(
+                "ValuesTicksGap", 0, "pixels between drawing world and axis line"),
+            Published<&TKxAxis::GetMajorTickLength, &TKxAxis::SetMajorTickLength>(
+                "MajorTickLength", 10, "pixels; negative ticks point into the drawing world"),
+            Published<&TKxAxis::GetTickLength, &TKxAxis::SetTickLength>("TickLength", 6, "pixels, likewise"),
+            PublishedObject<&TKxAxis::GetAxisCaptionFont>("CaptionFont", "font of the caption"),
+            PublishedColor<&TKxAxis::GetAxisColor, &TKxAxis::SetAxisColor>("AxisColor", clBlack,
+                                                                           "colour of the axis line"),
+            PublishedColor<&TKxAxis::GetTickColor, &TKxAxis::SetTickColor>("TickColor", clBlack,
+                                                                           "colour of minor ticks"),
+            PublishedColor<&TKxAxis::GetMajorTickColor, &TKxAxis::SetMajorTickColor>(
+                "MajorTickColor", clBlack, "colour of major ticks"),
+            Published<&TKxAxis::GetAxisThicknes, &TKxAxis::SetAxisThicknes>("AxisThicknes", 0,
+                                                                            "pen width of the axis line"),
+            Published<&TKxAxis::GetTickThicknes, &TKxAxis::SetTickThicknes>("TickThicknes", 0,
+                                                                            "pen width of minor ticks"),
+            Published<&TKxAxis::GetMajorTickThicknes, &TKxAxis::SetMajorTickThicknes>(
+                "MajorTickThicknes", 0, "pen width of major ticks"),
+            Published<&TKxAxis::GetCaption, &TKxAxis::SetCaption>("Caption", "", "rich caption"),
+            Published<&TKxAxis::GetUserCaption, &TKxAxis::SetUserCaption>("UserCaption", "",
+                                                                          "caption shown with DoUserCaption"),
+            Published<&TKxAxis::GetDoUserCaption, &TKxAxis::SetDoUserCaption>(
+                "DoUserCaption", false, "UserCaption goes before the automatic caption"),
+        });
+    return table;
+}
+
+} // namespace kx

@@ -1,0 +1,228 @@
+#include "graph/Kxgraph2d.h"
+
+#include "platform/application.h"
+#include "platform/frame.h"
+
+#include <algorithm>
+
+namespace kx {
+
+TKx2DGraph::TKx2DGraph(TComponent* Owner)
+    : TCustomPanel(Owner), FFrameLine(this), FMajorGridX(this), FMajorGridY(this), FMinorGridX(this),
+      FMinorGridY(this) {
+    SetParentColor(false);
+    FWorld = std::make_unique<TKxDrawingWorld>(this);
+    FTitleLabel = std::make_unique<TKxLabel>(this);
+    FTitleLabel->SetTransparent(true);
+    FTitleLabel->SetAlignment(taCenter);
+    FTitleLabel->SetVisible(false);
+    FWorld->SetParent(this);
+    FTitleLabel->SetParent(this);
+    FWorld->SetDataColor(GetColor());
+    FTitleFont.Assign(GetFont());
+    FTitleFont.OnChange = TEvent<>::Of<&TKx2DGraph::TitleFontChanged>(this);
+    FFrameLine.SetVisible(false);
+    for (TKxLineStyle* grid : {&FMajorGridX, &FMajorGridY, &FMinorGridX, &FMinorGridY}) {
+        grid->SetVisible(false);
+        grid->SetStyle(psDot);
+    }
+    TKx2DGraph::SetBounds(0, 0, 600, 400);
+}
+
+TKx2DGraph::~TKx2DGraph() { FTitleFont.OnChange = nullptr; }
+
+void TKx2DGraph::SetPrimaryXAxis(TKxAxis* Axis) {
+    if (Axis == FPrimaryXAxis) return;
+    FPrimaryXAxis = Axis;
+    if (!Axis) return;
+    Axis->FreeNotification(this);
+    Axis->SetPosition(AxBottomPos);
+    Modified();
+}
+
+void TKx2DGraph::SetPrimaryYAxis(TKxAxis* Axis) {
+    if (Axis == FPrimaryYAxis) return;
+    FPrimaryYAxis = Axis;
+    if (!Axis) return;
+    Axis->FreeNotification(this);
+    Axis->SetPosition(AxLeftPos);
+    Modified();
+}
+
+void TKx2DGraph::SetDataColor(TColor Color) { FWorld->SetDataColor(Color); }
+
+void TKx2DGraph::SetZeroOrigin(bool ZeroOrigin) {
+    if (FZeroOrigin == ZeroOrigin) return;
+    FZeroOrigin = ZeroOrigin;
+    Modified();
+}
+
+void TKx2DGraph::SetMargin(int Pixels) {
+    if (FMargin == Pixels) return;
+    FMargin = std::max(0, Pixels);
+    Modified();
+}
+
+void TKx2DGraph::SetShowTitle(bool Show) {
+    if (FShowTitle == Show) return;
+    FShowTitle = Show;
+    UpdateTitle();
+    Modified();
+}
+
+void TKx2DGraph::UpdateTitle() {
+    FTitleLabel->SetCaption(GetCaption());
+    FTitleLabel->SetFont(FTitleFont);
+    FTitleLabel->SetVisible(FShowTitle);
+}
+
+void TKx2DGraph::TitleFontChanged() {
+    if (!FTakingTitleFont) FTitleFontOwn = true;
+    UpdateTitle();
+    Modified();
+}
+
+void TKx2DGraph::CMFontChanged() {
+    TCustomPanel::CMFontChanged();
+    if (!FTitleFontOwn) {
+        FTakingTitleFont = true;
+        FTitleFont.Assign(GetFont());
+        FTakingTitleFont = false;
+    }
+    Modified();
+}
+
+void TKx2DGraph::CMTextChanged() {
+    TCustomPanel::CMTextChanged();
+    UpdateTitle();
+    Modified();
+}
+
+void TKx2DGraph::CMColorChanged() {
+    TCustomPanel::CMColorChanged();
+    Modified();
+}
+
+void TKx2DGraph::ControlsChanged(TControl* Child) {
+    TCustomPanel::ControlsChanged(Child);
+    FNeedsCalculate = true;
+}
+
+void TKx2DGraph::SetBounds(int Left, int Top, int Width, int Height) {
+    const TSize before = GetBoundsRect().Size();
+    TCustomPanel::SetBounds(Left, Top, Width, Height);
+    if (before != GetBoundsRect().Size()) Modified();
+}
+
+void TKx2DGraph::Notification(TComponent* Component, TOperation Operation) {
+    TCustomPanel::Notification(Component, Operation);
+    if (Operation != opRemove) return;
+    if (Component == FPrimaryXAxis) FPrimaryXAxis = nullptr;
+    if (Component == FPrimaryYAxis) FPrimaryYAxis = nullptr;
+    std::erase_if(FCompanions, [Component](const TCompanion& C) { return C.Component == Component; });
+}
+
+void TKx2DGraph::RegisterCompanion(TComponent* Component, TKxGraphCompanion* Companion) {
+    UnregisterCompanion(Component);
+    FCompanions.push_back({Component, Companion});
+    Component->FreeNotification(this);
+    Modified();
+}
+
+void TKx2DGraph::UnregisterCompanion(TComponent* Component) {
+    std::erase_if(FCompanions, [Component](const TCompanion& C) { return C.Component == Component; });
+}
+
+void TKx2DGraph::ItemsModified() {
+    for (const auto& [component, companion] : FCompanions) companion->ItemsModified();
+}
+
+void TKx2DGraph::EndUpdate() {
+    if (FUpdateCount == 0) return;
+    if (--FUpdateCount == 0 && FNeedsCalculate) Invalidate();
+}
+
+void TKx2DGraph::Modified() {
+    FNeedsCalculate = true;
+    Invalidate();
+}
+
+bool TKx2DGraph::NeedsSettling() const {
+    if (!NotUpdating()) return false;
+    if (FNeedsCalculate) return true;
+    const auto axes = GetAxes();
+    if (std::any_of(axes.begin(), axes.end(), [](const TKxAxis* A) { return A->GetChanged(); })) return true;
+    auto& series = FWorld->GetSeriesList();
+    return std::any_of(series.begin(), series.end(),
+                       [](const TKxGraphSeries* S) { return S->NeedsCalculation(); });
+}
+
+namespace {
+
+/// Brackets updating, also when an exception leaves.
+class TUpdateScope {
+public:
+    explicit TUpdateScope(TKx2DGraph& Graph) : FGraph(Graph) { FGraph.BeginUpdate(); }
+    ~TUpdateScope() { FGraph.EndUpdate(); }
+    TUpdateScope(const TUpdateScope&) = delete;
+    TUpdateScope& operator=(const TUpdateScope&) = delete;
+
+private:
+    TKx2DGraph& FGraph;
+};
+
+} // namespace
+
+void TKx2DGraph::Settle() {
+    const TCursorScope wait(crHourGlass);
+    const TUpdateScope updating(*this);
+    Calculate();
+}
+
+void TKx2DGraph::Calculate() {
+    FNeedsCalculate = false; // first, so that a Modified from inside survives
+    FWorld->ReorderSeriesList();
+    const auto series = std::vector<TKxGraphSeries*>(GetSeriesList().begin(), GetSeriesList().end());
+    for (auto* s : series) s->GetResults().WriteString("Graph", "Title", GetCaption());
+    ItemsModified();
+    LayOutAxes();
+    for (auto* s : series) {
+        s->CalculateChildPoints();
+        s->CalculatePoints();
+    }
+}
+
+void TKx2DGraph::ZoomTo(const TRect& Rect) {
+    for (TKxAxis* axis : GetAxes()) {
+        const bool horizontal = axis->IsHorizontal();
+        const int origin = horizontal ? FWorld->GetXOrigin() : FWorld->GetYOrigin();
+        const double a = axis->IntToRealPosition((horizontal ? Rect.Left : Rect.Top) - origin);
+        const double b = axis->IntToRealPosition((horizontal ? Rect.Right : Rect.Bottom) - origin);
+        axis->ZoomIn(std::min(a, b), std::max(a, b));
+    }
+    for (auto* s : GetSeriesList()) s->Modified();
+}
+
+void TKx2DGraph::PaintTo(TCanvasDevice& Device) {
+    FWhiteBackground = true;
+    try {
+        PaintFrame(*this, Device);
+    } catch (...) {
+        FWhiteBackground = false;
+        throw;
+    }
+    FWhiteBackground = false;
+}
+
+void TKx2DGraph::PaintToMetafile() {
+    TRecorder recorder(GetBoundsRect().Size());
+    PaintTo(recorder);
+    FMetafile.SetPicture(recorder.Extent(), std::move(recorder.Recording));
+}
+
+void TKx2DGraph::CopyToClipboard() {
+    PaintToMetafile();
+    TApplication::Instance().GetHost().CopyToClipboard(FMetafile);
+}
+
+} // namespace kx

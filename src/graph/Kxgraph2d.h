@@ -1,0 +1,188 @@
+#pragma once
+// The graph control: coordinates axes and series, owns the drawing world that the series are drawn on, the
+// frame and grid lines and the title.
+
+#include "annotation/Kxlabel.h"
+#include "graph/Kxaxis.h"
+#include "graph/Kxgraphitems.h"
+#include "platform/recording.h"
+#include "series/Kxdraw.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kx {
+
+class TKx2DGraph;
+
+/// The series of a drawing world in painting order; measured series only.
+class TKxSeriesList : public TList<TKxGraphSeries> {};
+
+/// The surface that the series are drawn on, AxisLength + 1 pixels wide and high; its pixels are the axes'
+/// positions. Owned by its graph. With AutoZoom, dragging a rectangle with the left button zooms the graph.
+class TKxDrawingWorld : public TGraphicControl {
+public:
+    /// Raises Exception "Component must be owned by TKx2DGraph" for any other owner.
+    explicit TKxDrawingWorld(TComponent* Owner);
+
+    TKx2DGraph& GetGraph() const { return *FGraph; }
+    TKxSeriesList& GetSeriesList() { return FSeriesList; }
+    /// Sorts the series into the order of the components of their owner.
+    void ReorderSeriesList();
+    TColor GetDataColor() const { return FDataColor; }
+    void SetDataColor(TColor Color);
+    bool GetAutoZoom() const { return FAutoZoom; }
+    void SetAutoZoom(bool AutoZoom) { FAutoZoom = AutoZoom; }
+    bool IsDragging() const { return FDragging; }
+    /// Pixels between the drawing world's corner and the axes' position 0.
+    int GetXOrigin() const { return FXOrigin; }
+    int GetYOrigin() const { return FYOrigin; }
+
+protected:
+    void Paint() override;
+    void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
+    void MouseMove(TShiftState Shift, int X, int Y) override;
+    void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
+    void Click() override;
+    void DblClick() override;
+
+private:
+    TRect DragRect() const;
+
+    TKx2DGraph* FGraph;
+    TKxSeriesList FSeriesList;
+    TColor FDataColor = clBtnFace;
+    bool FAutoZoom = false, FDragging = false;
+    TPoint FAnchor, FCurrent;
+    int FXOrigin = 0, FYOrigin = 0;
+};
+
+/// A two-dimensional graph. Its axes are components of the form whose parent is the graph, its series
+/// components of the form whose X axis stands on it; it owns neither. Initially 600 x 400 pixels.
+class TKx2DGraph : public TCustomPanel, public TKxAxisHost, public TKxStyleOwner {
+public:
+    explicit TKx2DGraph(TComponent* Owner);
+    ~TKx2DGraph() override;
+
+    // Properties.
+    bool GetAutoZoom() const { return FWorld->GetAutoZoom(); }
+    void SetAutoZoom(bool AutoZoom) { FWorld->SetAutoZoom(AutoZoom); }
+    /// Follows the graph's Font until it is changed itself.
+    TFont& GetTitleFont() { return FTitleFont; }
+    const TFont& GetTitleFont() const { return FTitleFont; }
+    void SetTitleFont(TFont* Font) { FTitleFont.Assign(*Font); }
+    TFont& GetGraphTitleFont() { return FTitleFont; }
+    TFont& GetGraphFont() { return GetFont(); }
+    TKxAxis* GetPrimaryXAxis() const { return FPrimaryXAxis; }
+    /// Moves the axis to the bottom. Null only forgets the one before.
+    void SetPrimaryXAxis(TKxAxis* Axis);
+    TKxAxis* GetPrimaryYAxis() const { return FPrimaryYAxis; }
+    /// Moves the axis to the left.
+    void SetPrimaryYAxis(TKxAxis* Axis);
+    TColor GetDataColor() const { return FWorld->GetDataColor(); }
+    void SetDataColor(TColor Color);
+    TKxLineStyle& GetFrameLine() { return FFrameLine; }
+    TKxLineStyle& GetMajorGridX() { return FMajorGridX; }
+    TKxLineStyle& GetMajorGridY() { return FMajorGridY; }
+    TKxLineStyle& GetMinorGridX() { return FMinorGridX; }
+    TKxLineStyle& GetMinorGridY() { return FMinorGridY; }
+    bool GetZeroOrigin() const override { return FZeroOrigin; }
+    void SetZeroOrigin(bool ZeroOrigin);
+    bool GetShowTitle() const { return FShowTitle; }
+    void SetShowTitle(bool Show);
+    TKxCaption GetCaption() const { return GetText(); }
+    void SetCaption(const TKxCaption& Caption) { SetText(Caption); }
+    /// Pixels kept free at each side whatever stands there. Default 0.
+    int GetMargin() const { return FMargin; }
+    void SetMargin(int Pixels);
+
+    // Updating.
+    void BeginUpdate() override { ++FUpdateCount; }
+    /// Asks for a frame when the last bracket closes and something was modified. Unbalanced calls are ignored.
+    void EndUpdate() override;
+    bool NotUpdating() const override { return FUpdateCount == 0; }
+    /// Everything must be calculated anew before the next frame.
+    void Modified() override;
+    bool GetNeedsCalculate() const { return FNeedsCalculate; }
+    /// Axes, then series: ends, ticks, places, screen points.
+    void Calculate();
+    void LayOutAxes() override;
+
+    /// Zooms every axis of this graph to the rectangle (drawing world pixels).
+    void ZoomTo(const TRect& Rect);
+
+    TKxDrawingWorld& GetDrawingWorld() const { return *FWorld; }
+    TKxSeriesList& GetSeriesList() { return FWorld->GetSeriesList(); }
+    /// The axes among the owner's components whose parent is this graph, in component order.
+    std::vector<TKxAxis*> GetAxes() const;
+    const TKxLabel& GetTitleLabel() const { return *FTitleLabel; }
+
+    /// Companions are told of every change of the items until they are taken away or destroyed.
+    void RegisterCompanion(TComponent* Component, TKxGraphCompanion* Companion);
+    void UnregisterCompanion(TComponent* Component);
+    void ItemsModified();
+
+    /// A white ground is wanted in place of the system's button face: set while painting for metafile,
+    /// clipboard and printer.
+    bool GetWhiteBackground() const { return FWhiteBackground; }
+    /// The ground that the series are drawn on.
+    TColor GetDataGround() const;
+    /// What hides the picture under unfilled symbols.
+    TColor GetSymbolGround() const;
+
+    /// Draws a settled frame into the graph's metafile.
+    void PaintToMetafile();
+    void CopyToClipboard();
+    const TMetafile& GetMetafile() const { return FMetafile; }
+    /// A settled frame on any device, with a white ground in place of the button face.
+    void PaintTo(TCanvasDevice& Device);
+
+    /// The graph's outfit in Section, its axes' in Section.<name>, its series' in Section.Series(i).
+    void SaveOutfit(const AnsiString& Section, TKxIniList& Ini);
+    void LoadOutfit(const AnsiString& Section, TKxIniList& Ini);
+
+    void SetBounds(int Left, int Top, int Width, int Height) override;
+    bool NeedsSettling() const override;
+    void Settle() override;
+    const TPropertyTable& PublishedProperties() const override;
+    static const TPropertyTable& Properties();
+
+protected:
+    friend class TKxDrawingWorld;
+    void Paint() override;
+    void CMFontChanged() override;
+    void CMTextChanged() override;
+    void CMColorChanged() override;
+    void ControlsChanged(TControl* Child) override;
+    void Notification(TComponent* Component, TOperation Operation) override;
+
+private:
+    struct TCompanion {
+        TComponent* Component;
+        TKxGraphCompanion* Companion;
+    };
+    void PaintGround();
+    void PaintGrid(const TKxAxis& Axis, const TKxLineStyle& Major, const TKxLineStyle& Minor);
+    void PaintGridLines(const TKxAxis& Axis, const TKxLineStyle& Style, bool Major);
+    void UpdateTitle();
+    void PrepareAxes(const std::vector<TKxAxis*>& Axes);
+    bool PlaceAxes(const std::vector<TKxAxis*>& Axes);
+    double CrossingOf(const TKxAxis& Axis) const;
+    void UpdateEndTicks(const std::vector<TKxAxis*>& Axes);
+    void TitleFontChanged();
+
+    std::unique_ptr<TKxDrawingWorld> FWorld;
+    std::unique_ptr<TKxLabel> FTitleLabel;
+    TFont FTitleFont;
+    TKxLineStyle FFrameLine, FMajorGridX, FMajorGridY, FMinorGridX, FMinorGridY;
+    TMetafile FMetafile;
+    std::vector<TCompanion> FCompanions;
+    TKxAxis* FPrimaryXAxis = nullptr;
+    TKxAxis* FPrimaryYAxis = nullptr;
+    int FUpdateCount = 0, FMargin = 0;
+    bool FNeedsCalculate = true, FZeroOrigin = false, FShowTitle = false, FWhiteBackground = false,
+         FTitleFontOwn = false, FTakingTitleFont = false;
+};
+
+} // namespace kx

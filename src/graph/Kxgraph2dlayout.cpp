@@ -1,0 +1,111 @@
+// The layout pass: ends and ticks of all axes, then the places of title, axes and drawing world.
+
+#include "graph/Kxgraph2d.h"
+
+#include <algorithm>
+
+namespace kx {
+
+std::vector<TKxAxis*> TKx2DGraph::GetAxes() const {
+    std::vector<TKxAxis*> axes;
+    for (TControl* control : GetControls())
+        if (auto* axis = dynamic_cast<TKxAxis*>(control)) axes.push_back(axis);
+    std::stable_sort(axes.begin(), axes.end(), [](const TKxAxis* A, const TKxAxis* B) {
+        return A->GetComponentIndex() < B->GetComponentIndex();
+    });
+    return axes;
+}
+
+void TKx2DGraph::PrepareAxes(const std::vector<TKxAxis*>& Axes) {
+    const auto follows = [](const TKxAxis* A) {
+        return A->GetVisible() && A->GetIsSlaveAxis() && A->GetMasterAxis() != nullptr;
+    };
+    for (TKxAxis* axis : Axes)
+        if (!follows(axis)) axis->CalculateEnds();
+    for (TKxAxis* axis : Axes) {
+        if (!follows(axis)) continue;
+        const TKxAxis& master = *axis->GetMasterAxis();
+        axis->SetStart(master.GetStart());
+        axis->SetStop(master.GetStop());
+        axis->SetScaling(master.GetScaling());
+        axis->SetAutoCaption(master.GetCaption());
+        axis->CalculateEnds();
+    }
+}
+
+// With ZeroOrigin a primary axis stands where the other one is zero. -1: at its edge.
+double TKx2DGraph::CrossingOf(const TKxAxis& Axis) const {
+    if (!FZeroOrigin || !FPrimaryXAxis || !FPrimaryYAxis) return -1;
+    const bool primary = &Axis == FPrimaryXAxis || &Axis == FPrimaryYAxis;
+    const TKxAxis& other = &Axis == FPrimaryXAxis ? *FPrimaryYAxis : *FPrimaryXAxis;
+    if (!primary || other.GetScaling() != AxNormal || !(other.GetStart() < 0 && other.GetStop() > 0)) return -1;
+    const double fraction = other.GetStart() / (other.GetStart() - other.GetStop());
+    return other.GetTwisted() ? 1 - fraction : fraction;
+}
+
+bool TKx2DGraph::PlaceAxes(const std::vector<TKxAxis*>& Axes) {
+    TKxLayoutInput input;
+    input.Graph = GetBoundsRect().Size();
+    input.MinimalMargin = FMargin;
+    if (FShowTitle) input.TitleHeight = FTitleLabel->GetHeight() + FMargin;
+    std::vector<TKxAxis*> placed;
+    for (TKxAxis* axis : Axes) {
+        if (!axis->GetVisible()) continue;
+        placed.push_back(axis);
+        input.Axes.push_back(axis->GetLayoutAxis());
+        input.Axes.back().Crossing = CrossingOf(*axis);
+    }
+    const TKxLayout layout = LayOutGraph(input);
+
+    const TRect& world = layout.DrawingWorld;
+    bool moved = world != FWorld->GetBoundsRect();
+    FWorld->SetBounds(world.Left, world.Top, world.Width(), world.Height());
+    FTitleLabel->SetBounds((GetWidth() - FTitleLabel->GetWidth()) / 2, FMargin, FTitleLabel->GetWidth(),
+                           FTitleLabel->GetHeight());
+    for (std::size_t i = 0; i < placed.size(); ++i) {
+        const auto& place = layout.Axes[i];
+        const TRect& b = place.Bounds;
+        moved |= b != placed[i]->GetBoundsRect() || place.Origin != placed[i]->GetAxisOrigin();
+        placed[i]->SetBounds(b.Left, b.Top, b.Width(), b.Height());
+        placed[i]->SetPlace(place.Origin, place.AxisLength);
+    }
+    // A hidden axis still maps the values of its series.
+    for (TKxAxis* axis : Axes)
+        if (!axis->GetVisible())
+            axis->SetPlace({}, (axis->IsHorizontal() ? world.Width() : world.Height()) - 1);
+    return moved;
+}
+
+void TKx2DGraph::LayOutAxes() {
+    const auto axes = GetAxes();
+    PrepareAxes(axes);
+    // Labels reach over the ends by what the length of the axis makes of them: a few rounds settle both.
+    constexpr int CRounds = 4;
+    for (int round = 0; round < CRounds; ++round) {
+        for (TKxAxis* axis : axes) axis->CalculateTicks();
+        if (!PlaceAxes(axes)) break;
+    }
+    for (TKxAxis* axis : axes) axis->CalculateTicks();
+    UpdateEndTicks(axes);
+    for (TKxAxis* axis : axes) axis->SetChanged(false);
+}
+
+// An inward tick at an end where another axis's line stands would lie on that line.
+void TKx2DGraph::UpdateEndTicks(const std::vector<TKxAxis*>& Axes) {
+    const auto adjoins = [&Axes](const TKxAxis& Axis, bool FirstEnd) {
+        const int end = FirstEnd == Axis.IsHorizontal() ? 0 : Axis.GetAxisLength();
+        const int at = end + (Axis.IsHorizontal() ? Axis.GetLeft() + Axis.GetAxisOrigin().X
+                                                  : Axis.GetTop() + Axis.GetAxisOrigin().Y);
+        return std::any_of(Axes.begin(), Axes.end(), [&](const TKxAxis* Other) {
+            if (!Other->GetVisible() || Other->IsHorizontal() == Axis.IsHorizontal()) return false;
+            return at == (Axis.IsHorizontal() ? Other->GetLeft() + Other->GetAxisOrigin().X
+                                              : Other->GetTop() + Other->GetAxisOrigin().Y);
+        });
+    };
+    for (TKxAxis* axis : Axes) {
+        const bool inward = axis->GetMajorTickLength() < 0 || axis->GetTickLength() < 0;
+        axis->SetEndTicks(!(inward && adjoins(*axis, true)), !(inward && adjoins(*axis, false)));
+    }
+}
+
+} // namespace kx

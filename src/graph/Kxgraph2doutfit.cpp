@@ -1,0 +1,84 @@
+// What of the graph is kept: the published properties, and the outfit with those of its axes and series.
+
+#include "graph/Kxgraph2d.h"
+
+#include "persist/Kxoutfit.h"
+
+namespace kx {
+
+namespace {
+
+const TKxOutfit<TKx2DGraph>& GraphOutfit() {
+    using T = TKx2DGraph;
+    static const TKxOutfit<T> table{
+        Outfit<&T::GetShowTitle, &T::SetShowTitle>("ShowTitle"),
+        Outfit<&T::GetCaption, &T::SetCaption>("Caption"),
+        OutfitFont<&T::GetGraphFont>("Font"),
+        Outfit<&T::GetColor, &T::SetColor>("Color"),
+        Outfit<&T::GetDataColor, &T::SetDataColor>("DataColor"),
+        Outfit<&T::GetZeroOrigin, &T::SetZeroOrigin>("ZeroOrigin"),
+        OutfitLine<&T::GetFrameLine>("FrameLine"),
+        OutfitLine<&T::GetMajorGridX>("MajorGridX"),
+        OutfitLine<&T::GetMinorGridX>("MinorGridX"),
+        OutfitLine<&T::GetMajorGridY>("MajorGridY"),
+        OutfitLine<&T::GetMinorGridY>("MinorGridY"),
+    };
+    return table;
+}
+
+AnsiString SeriesSection(const AnsiString& Section, int Number) {
+    return Section + ".Series(" + std::to_string(Number) + ")";
+}
+
+} // namespace
+
+void TKx2DGraph::SaveOutfit(const AnsiString& Section, TKxIniList& Ini) {
+    FWorld->ReorderSeriesList();
+    SaveOutfitTable(*this, GraphOutfit(), Section, Ini);
+    for (const TKxAxis* axis : GetAxes()) axis->SaveOutfit(Section + "." + axis->GetName(), Ini);
+    Ini.WriteInteger(Section, "SeriesCount", GetSeriesList().GetCount());
+    int number = 0;
+    for (TKxGraphSeries* series : GetSeriesList()) series->SaveOutfit(SeriesSection(Section, ++number), Ini);
+}
+
+void TKx2DGraph::LoadOutfit(const AnsiString& Section, TKxIniList& Ini) {
+    FWorld->ReorderSeriesList();
+    LoadOutfitTable(*this, GraphOutfit(), Section, Ini);
+    for (TKxAxis* axis : GetAxes()) axis->LoadOutfit(Section + "." + axis->GetName(), Ini);
+    // Reading an axis reference may move a series to another graph: the list is walked as it was.
+    const std::vector<TKxGraphSeries*> list(GetSeriesList().begin(), GetSeriesList().end());
+    const int saved = Ini.ReadInteger(Section, "SeriesCount", 0);
+    for (int i = 0; i < saved && i < int(list.size()); ++i)
+        list[std::size_t(i)]->LoadOutfit(SeriesSection(Section, i + 1), Ini);
+    Modified();
+}
+
+const TPropertyTable& TKx2DGraph::PublishedProperties() const { return Properties(); }
+
+const TPropertyTable& TKx2DGraph::Properties() {
+    using T = TKx2DGraph;
+    static const TPropertyTable table(
+        "TKx2DGraph", &TCustomPanel::Properties(),
+        {
+            Published<&T::GetAutoZoom, &T::SetAutoZoom>("AutoZoom", false, "dragging a rectangle zooms"),
+            PublishedObject<&T::GetGraphTitleFont>("TitleFont", "font of the title"),
+            Published<&T::GetPrimaryXAxis, &T::SetPrimaryXAxis>("PrimaryXAxis", nullptr,
+                                                                "axis at the bottom, which the grid follows"),
+            Published<&T::GetPrimaryYAxis, &T::SetPrimaryYAxis>("PrimaryYAxis", nullptr,
+                                                                "axis at the left, which the grid follows"),
+            PublishedColor<&T::GetDataColor, &T::SetDataColor>("DataColor", std::monostate{},
+                                                               "ground of the drawing world"),
+            PublishedObject<&T::GetFrameLine>("FrameLine", "line round the graph"),
+            PublishedObject<&T::GetMajorGridX>("MajorGridX", "grid at the major ticks of the primary X axis"),
+            PublishedObject<&T::GetMajorGridY>("MajorGridY", "grid at the major ticks of the primary Y axis"),
+            PublishedObject<&T::GetMinorGridX>("MinorGridX", "grid at the minor ticks of the primary X axis"),
+            PublishedObject<&T::GetMinorGridY>("MinorGridY", "grid at the minor ticks of the primary Y axis"),
+            Published<&T::GetZeroOrigin, &T::SetZeroOrigin>("ZeroOrigin", false, "the axes cross at zero"),
+            Published<&T::GetShowTitle, &T::SetShowTitle>("ShowTitle", false, "shows Caption as a title"),
+            Published<&T::GetCaption, &T::SetCaption>("Caption", "", "rich title"),
+            Published<&T::GetMargin, &T::SetMargin>("Margin", 0, "pixels kept free at each side"),
+        });
+    return table;
+}
+
+} // namespace kx

@@ -1,0 +1,70 @@
+#include "graph/Kxgraph2d.h"
+
+#include "platform/application.h"
+
+namespace kx {
+
+namespace {
+
+TColor GroundOf(TColor Color, bool WhiteBackground) {
+    return WhiteBackground && Color == clBtnFace ? clWhite : Color;
+}
+
+} // namespace
+
+TColor TKx2DGraph::GetSymbolGround() const { return GroundOf(GetColor(), FWhiteBackground); }
+TColor TKx2DGraph::GetDataGround() const { return GroundOf(GetDataColor(), FWhiteBackground); }
+
+void TKx2DGraph::PaintGround() {
+    TCanvas& canvas = GetCanvas();
+    canvas.Brush.SetColor(GetColor());
+    canvas.Brush.SetStyle(bsSolid);
+    if (!(FWhiteBackground && GetColor() == clBtnFace)) canvas.FillRect(GetClientRect());
+    if (FFrameLine.GetVisible()) {
+        canvas.Pen.SetColor(FFrameLine.GetColor());
+        canvas.Pen.SetStyle(FFrameLine.GetStyle());
+        // Kept: twice the width, since the outer half of the line falls outside the control.
+        canvas.Pen.SetWidth(2 * FFrameLine.GetWidth());
+        DrawFrame(0, 0, GetWidth(), GetHeight(), canvas);
+    }
+    if (GetDataColor() != GetColor()) {
+        canvas.Brush.SetColor(GetDataColor());
+        canvas.FillRect(FWorld->GetBoundsRect());
+    }
+}
+
+void TKx2DGraph::PaintGridLines(const TKxAxis& Axis, const TKxLineStyle& Style, bool Major) {
+    if (!Style.GetVisible()) return;
+    TCanvas& canvas = GetCanvas();
+    canvas.Pen.SetColor(Style.GetColor());
+    canvas.Pen.SetStyle(Style.GetStyle());
+    canvas.Pen.SetWidth(Style.GetWidth());
+    const auto run = Axis.GetTickRun();
+    for (int i = run.First; i <= run.Last; ++i) {
+        if (Axis.GetTickIsMajor()[i] != Major) continue;
+        const int p = Axis.GetTickPositions()[i];
+        if (Axis.IsHorizontal()) DrawLine(p, 0, p, FWorld->GetHeight(), canvas);
+        else DrawLine(0, Axis.GetAxisLength() - p, FWorld->GetWidth(), Axis.GetAxisLength() - p, canvas);
+    }
+}
+
+void TKx2DGraph::PaintGrid(const TKxAxis& Axis, const TKxLineStyle& Major, const TKxLineStyle& Minor) {
+    PaintGridLines(Axis, Major, true);
+    PaintGridLines(Axis, Minor, false);
+}
+
+void TKx2DGraph::Paint() {
+    if (NeedsSettling()) Guarded([this] { Settle(); });
+    PaintGround();
+    TCanvas& canvas = GetCanvas();
+    const TRect world = FWorld->GetBoundsRect();
+    const TCanvas::TSaved saved(canvas);
+    canvas.SetClip(world);
+    canvas.SetOrigin(canvas.GetOrigin() + world.TopLeft());
+    canvas.Brush.SetStyle(bsClear);
+    canvas.Pen.SetMode(pmCopy);
+    if (FPrimaryXAxis) PaintGrid(*FPrimaryXAxis, FMajorGridX, FMinorGridX);
+    if (FPrimaryYAxis) PaintGrid(*FPrimaryYAxis, FMajorGridY, FMinorGridY);
+}
+
+} // namespace kx

@@ -1,0 +1,87 @@
+// The drawing world: paints the series, drags the zoom rectangle.
+
+#include "graph/Kxgraph2d.h"
+
+#include "numeric/Kxarithm.h"
+#include "platform/application.h"
+
+#include <algorithm>
+
+namespace kx {
+
+namespace {
+
+TKx2DGraph* CheckedOwner(TComponent* Owner) {
+    auto* graph = dynamic_cast<TKx2DGraph*>(Owner);
+    if (!graph) throw Exception("Component must be owned by TKx2DGraph");
+    return graph;
+}
+
+} // namespace
+
+TKxDrawingWorld::TKxDrawingWorld(TComponent* Owner) : TGraphicControl(Owner), FGraph(CheckedOwner(Owner)) {}
+
+void TKxDrawingWorld::SetDataColor(TColor Color) {
+    if (FDataColor == Color) return;
+    FDataColor = Color;
+    FGraph->Invalidate();
+}
+
+void TKxDrawingWorld::ReorderSeriesList() {
+    std::vector<TKxGraphSeries*> sorted(FSeriesList.begin(), FSeriesList.end());
+    std::stable_sort(sorted.begin(), sorted.end(), [](const TKxGraphSeries* A, const TKxGraphSeries* B) {
+        return A->GetComponentIndex() < B->GetComponentIndex();
+    });
+    FSeriesList.Clear();
+    for (auto* series : sorted) FSeriesList.Add(series);
+}
+
+void TKxDrawingWorld::Paint() {
+    const std::vector<TKxGraphSeries*> list(FSeriesList.begin(), FSeriesList.end());
+    for (auto* series : list) Guarded([&] { series->Draw(GetCanvas()); });
+    if (FDragging) GetCanvas().DrawFocusRect(DragRect());
+}
+
+TRect TKxDrawingWorld::DragRect() const { return OrderedRect(FAnchor.X, FAnchor.Y, FCurrent.X, FCurrent.Y); }
+
+void TKxDrawingWorld::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
+    if (FAutoZoom && Button == mbLeft) {
+        FAnchor = FCurrent = {X, Y};
+        FDragging = true;
+        Invalidate();
+    }
+    TGraphicControl::MouseDown(Button, Shift, X, Y);
+    FGraph->MouseDown(Button, Shift, X + GetLeft(), Y + GetTop());
+}
+
+void TKxDrawingWorld::MouseMove(TShiftState Shift, int X, int Y) {
+    if (FDragging) {
+        FCurrent = {X, Y};
+        Invalidate();
+    }
+    TGraphicControl::MouseMove(Shift, X, Y);
+    FGraph->MouseMove(Shift, X + GetLeft(), Y + GetTop());
+}
+
+void TKxDrawingWorld::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
+    if (FDragging && Button == mbLeft) {
+        FCurrent = {X, Y};
+        FDragging = false;
+        Invalidate();
+        if (FCurrent.X != FAnchor.X && FCurrent.Y != FAnchor.Y) FGraph->ZoomTo(DragRect());
+    }
+    TGraphicControl::MouseUp(Button, Shift, X, Y);
+    FGraph->MouseUp(Button, Shift, X + GetLeft(), Y + GetTop());
+}
+
+void TKxDrawingWorld::Click() {
+    TGraphicControl::Click();
+    FGraph->Click();
+}
+
+void TKxDrawingWorld::DblClick() {
+    TGraphicControl::DblClick();
+    FGraph->DblClick();
+}
+
+} // namespace kx

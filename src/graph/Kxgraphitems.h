@@ -1,0 +1,47 @@
+#pragma once
+// What a graph needs to know of its neighbours from above: series, and companions such as legends. Shells
+// without data, so that the graph names no concrete class.
+
+#include "persist/Kxlargeini.h"
+#include "platform/canvas.h"
+#include "platform/component.h"
+#include "series/Kxdraw.h"
+
+#include <string>
+
+namespace kx {
+
+/// A series as its graph sees it. A component of the form; registered with the drawing world of the graph that
+/// its X axis stands on.
+class TKxGraphSeries : public TComponent, public TKxStyleOwner {
+public:
+    using TComponent::TComponent;
+
+    /// Whether a frame may not be painted before CalculatePoints ran.
+    virtual bool NeedsCalculation() const = 0;
+    /// Brings extents and screen points up to date; does nothing where axes or vectors are missing.
+    virtual void CalculatePoints() = 0;
+    /// CalculatePoints of every series that is computed from this one.
+    virtual void CalculateChildPoints() = 0;
+    /// Paints line, points, and then the series that are computed from this one. The canvas has the drawing
+    /// world's origin and clip.
+    virtual void Draw(TCanvas& Canvas) = 0;
+    /// Whether the series is computed from another one; such a series is entered in its parent's list of
+    /// children, never in the graph's list.
+    virtual bool IsCalculated() const = 0;
+    virtual void SaveOutfit(const std::string& Section, TKxIniList& Ini) = 0;
+    virtual void LoadOutfit(const std::string& Section, TKxIniList& Ini) = 0;
+    /// The store that results are written into; owned by the series.
+    virtual TKxIniList& GetResults() = 0;
+};
+
+/// A companion control of a graph, such as a legend, that is told when the list of items changes.
+class TKxGraphCompanion {
+public:
+    virtual void ItemsModified() = 0;
+
+protected:
+    ~TKxGraphCompanion() = default;
+};
+
+} // namespace kx

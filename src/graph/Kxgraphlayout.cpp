@@ -1,0 +1,151 @@
+#include "graph/Kxgraphlayout.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace kx {
+
+int TKxAxisThickness::Total() const {
+    const int ticks = std::abs(MajorTickLength);
+    const int caption = CaptionExtent > 0 ? CaptionExtent + CaptionGap : 0;
+    const int plain = ticks + BorderGap + TicksGap + LabelExtent + caption;
+    const int factored = ticks + ExponentGap + LabelExtent + TicksGap;
+    return Factored ? std::max(plain, factored) : plain;
+}
+
+namespace {
+
+bool IsHorizontal(TKxAxisPos Position) { return Position == AxBottomPos || Position == AxTopPos; }
+bool Crosses(const TKxLayoutAxis& Axis) { return Axis.Crossing >= 0; }
+
+/// The space between graph edge and drawing world at each side.
+struct TMargins {
+    int Left = 0, Top = 0, Right = 0, Bottom = 0;
+
+    int& At(TKxAxisPos Side) {
+        switch (Side) {
+        case AxLeftPos: return Left;
+        case AxTopPos: return Top;
+        case AxRightPos: return Right;
+        default: return Bottom;
+        }
+    }
+};
+
+int StackThickness(const TKxLayoutInput& Input, TKxAxisPos Side) {
+    int sum = 0;
+    for (const auto& axis : Input.Axes)
+        if (axis.Position == Side && !axis.Fixed && !Crosses(axis)) sum += axis.Thickness;
+    return sum;
+}
+
+/// The margin that a crossing axis needs at its edge: the part of its thickness that zero, a fraction of the
+/// world away from that edge, leaves outside. Span is the graph's extent less the margin at the other side.
+int CrossingMargin(const TKxLayoutAxis& Axis, int Span) {
+    const double f = std::clamp(Axis.Crossing, 0.0, 0.99);
+    return static_cast<int>(std::ceil(std::max(0.0, (Axis.Thickness - f * Span) / (1 - f))));
+}
+
+TMargins MarginsOf(const TKxLayoutInput& Input) {
+    TMargins m{Input.MinimalMargin, Input.MinimalMargin, Input.MinimalMargin, Input.MinimalMargin};
+    for (const auto side : {AxLeftPos, AxTopPos, AxRightPos, AxBottomPos})
+        m.At(side) = std::max(m.At(side), StackThickness(Input, side));
+    for (const auto& axis : Input.Axes) {
+        if (axis.Position == AxFreeFloating) continue;
+        int& start = IsHorizontal(axis.Position) ? m.Left : m.Bottom;
+        int& stop = IsHorizontal(axis.Position) ? m.Right : m.Top;
+        start = std::max(start, axis.StartReach);
+        stop = std::max(stop, axis.StopReach);
+    }
+    m.Left += Input.Reserved.Left;
+    m.Right += Input.Reserved.Right;
+    m.Bottom += Input.Reserved.Bottom;
+    m.Top += Input.Reserved.Top + Input.TitleHeight;
+    for (const auto& axis : Input.Axes) {
+        if (!Crosses(axis)) continue;
+        if (IsHorizontal(axis.Position))
+            m.Bottom = std::max(m.Bottom, CrossingMargin(axis, Input.Graph.Height - m.Top));
+        else
+            m.Left = std::max(m.Left, CrossingMargin(axis, Input.Graph.Width - m.Right));
+    }
+    return m;
+}
+
+TRect WorldOf(const TKxLayoutInput& Input, const TMargins& M) {
+    // The axis line lies on the outermost pixel of the world, so a margin begins one pixel further out.
+    const int right = Input.Graph.Width - std::max(0, M.Right - 1);
+    const int bottom = Input.Graph.Height - std::max(0, M.Bottom - 1);
+    const int left = std::max(0, M.Left - 1), top = std::max(0, M.Top - 1);
+    return {left, top, std::max(right, left + 2), std::max(bottom, top + 2)};
+}
+
+/// Bounds of a stacked axis whose line stands at Line (y of a horizontal axis, x of a vertical one).
+TRect StackedBounds(const TKxLayoutInput& Input, const TKxLayoutAxis& Axis, int Line) {
+    const int half = Axis.LineThickness / 2;
+    const int w = Input.Graph.Width, h = Input.Graph.Height, t = std::max(1, Axis.Thickness);
+    switch (Axis.Position) {
+    case AxTopPos: return TRect::Bounds(0, Line + 1 + half - t, w, t);
+    case AxLeftPos: return TRect::Bounds(Line + 1 + half - t, 0, t, h);
+    case AxRightPos: return TRect::Bounds(Line - half, 0, t, h);
+    default: return TRect::Bounds(0, Line - half, w, t);
+    }
+}
+
+/// The line of the axis that stands so many pixels outside the world's edge, or at the crossing.
+int LineOf(const TKxLayoutAxis& Axis, const TRect& World, int Outside) {
+    const int out = Outside + Axis.Gap;
+    const int lengthX = World.Width() - 1, lengthY = World.Height() - 1;
+    if (Crosses(Axis)) {
+        return IsHorizontal(Axis.Position) ? World.Bottom - 1 - RoundToInt(Axis.Crossing * lengthY)
+                                           : World.Left + RoundToInt(Axis.Crossing * lengthX);
+    }
+    switch (Axis.Position) {
+    case AxTopPos: return World.Top - out;
+    case AxLeftPos: return World.Left - out;
+    case AxRightPos: return World.Right - 1 + out;
+    default: return World.Bottom - 1 + out;
+    }
+}
+
+TKxLayoutPlace PlaceOf(const TKxLayoutInput& Input, const TKxLayoutAxis& Axis, const TRect& World, int Outside) {
+    TKxLayoutPlace place;
+    const bool horizontal = Axis.Position == AxFreeFloating ? Axis.Orientation == AxHorizontal
+                                                            : IsHorizontal(Axis.Position);
+    place.AxisLength = (horizontal ? World.Width() : World.Height()) - 1;
+    int line = LineOf(Axis, World, Outside);
+    if (Axis.Fixed) {
+        place.Bounds = Axis.Bounds;
+        const int half = Axis.LineThickness / 2;
+        switch (Axis.Position) {
+        case AxTopPos: line = Axis.Bounds.Bottom - 1 - half; break;
+        case AxLeftPos: line = Axis.Bounds.Right - 1 - half; break;
+        case AxRightPos: line = Axis.Bounds.Left + half; break;
+        case AxBottomPos: line = Axis.Bounds.Top + half; break;
+        case AxFreeFloating: line = horizontal ? Axis.Bounds.Top + half : Axis.Bounds.Right - 1 - half; break;
+        }
+    } else {
+        place.Bounds = StackedBounds(Input, Axis, line);
+    }
+    place.Origin = horizontal ? TPoint{World.Left - place.Bounds.Left, line - place.Bounds.Top}
+                              : TPoint{line - place.Bounds.Left, World.Top - place.Bounds.Top};
+    return place;
+}
+
+} // namespace
+
+TKxLayout LayOutGraph(const TKxLayoutInput& Input) {
+    TKxLayout layout;
+    layout.Title = TRect::Bounds(0, 0, Input.Graph.Width, Input.TitleHeight);
+    layout.DrawingWorld = WorldOf(Input, MarginsOf(Input));
+    TMargins outside; // what the axes placed so far take, counted from the world outwards
+    for (const auto& axis : Input.Axes) {
+        const bool stacked = !axis.Fixed && !Crosses(axis) && axis.Position != AxFreeFloating;
+        const int distance = stacked ? outside.At(axis.Position) : 0;
+        layout.Axes.push_back(PlaceOf(Input, axis, layout.DrawingWorld, distance));
+        if (stacked) outside.At(axis.Position) += axis.Thickness;
+    }
+    return layout;
+}
+
+} // namespace kx

@@ -1,0 +1,58 @@
+#pragma once
+// Ticks and labels of an axis as values. Pixels here are offsets from the start of the axis: from the left
+// end of a horizontal one, from the bottom of a vertical one (y = AxisLength - offset).
+
+#include "graph/Kxscale.h"
+#include "numeric/Kxconsts.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kx {
+
+/// More ticks than this are never made of a linear scale; steps that ask for more give way to automatic ones.
+inline constexpr int CMaxTicks = 20000;
+
+struct TKxTickLabel {
+    double Value;
+    int Position; ///< that of its tick
+    std::string Text;
+};
+
+/// Ticks in order of their offset.
+struct TKxTicks {
+    TKxRealArray Values;
+    TKxIntegerArray Positions;
+    TKxBooleanArray IsMajor;
+    std::vector<TKxTickLabel> Labels;
+    std::string ExponentLabel; ///< caption markup; empty unless labels are factored
+};
+
+struct TKxTickOptions {
+    TKxAxisOrientation Orientation = AxVertical; ///< the one that the map was made with
+    bool ShowScaleLabels = true;                 ///< without, there are ticks only
+    bool ZeroOrigin = false; ///< the axes cross at 0: a linear scale through 0 leaves its label 0 out
+};
+
+/// The ticks of the scale Ends under Map. A tick stands where the map puts its value and a label tells the
+/// value of its place: ticks are the multiples of the tick step inside the range, logarithmic ones the
+/// decades and 4, 6 and 8 times a decade. There are two ticks at least, at the ends where no step fits.
+/// Raises EConvertError as Map does.
+TKxTicks CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const TKxTickOptions& Options);
+
+/// The room that a label takes along the axis.
+struct TKxLabelExtent {
+    int Position; ///< of its centre
+    int Extent;
+};
+
+/// The label that stays whatever the stride: the one that reads zero, else the first (0).
+int AnchorLabel(std::span<const TKxTickLabel> Labels);
+/// Whether the label at Index is kept: every Stride-th, counted from Anchor in both directions.
+inline bool IsKeptLabel(int Index, int Anchor, int Stride) { return (Index - Anchor) % Stride == 0; }
+/// The smallest stride that leaves MinGap pixels (at least 1) between neighbours kept, down to the anchor
+/// alone; 1 for no labels. Labels are in order of position, ascending or descending.
+int LabelStride(std::span<const TKxLabelExtent> Labels, int MinGap, int Anchor);
+
+} // namespace kx

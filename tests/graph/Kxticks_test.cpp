@@ -1,0 +1,172 @@
+#include "graph/Kxticks.h"
+
+#include "platform/numbertext.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <set>
+
+namespace kx {
+namespace {
+
+constexpr double CInf = std::numeric_limits<double>::infinity();
+constexpr double CNaN = std::numeric_limits<double>::quiet_NaN();
+
+TKxScaleInput Auto(double Start, double Stop, TKxAxScaling Scaling = AxNormal, TKxAxEnd End = AxAutoRange) {
+    return {Scaling, Start, Stop, End, End};
+}
+
+TKxTicks Ticks(const TKxScaleInput& Input, int Length, TKxTickOptions Options = {AxHorizontal, true, false},
+               bool Twisted = false) {
+    const TKxScaleEnds ends = CalculateEnds(Input);
+    const TKxAxisMap map = TKxAxisMap::Make(Input.Scaling, ends, Length, Options.Orientation, Twisted);
+    return CalculateTicks(ends, map, Options);
+}
+
+std::string Texts(const TKxTicks& Ticks) {
+    std::string all;
+    for (const TKxTickLabel& label : Ticks.Labels) all += label.Text + "|";
+    return all + Ticks.ExponentLabel;
+}
+
+/// What the reader of a label takes its value for.
+double ReadLabel(const std::string& Text, const std::string& ExponentLabel) {
+    const std::size_t power = Text.find("\\+ "), factor = ExponentLabel.find('+');
+    const std::string exponent = factor == std::string::npos ? "" : "E" + ExponentLabel.substr(factor + 1);
+    int position = 0;
+    const double value =
+        Val(power == std::string::npos ? Text + exponent : "1E" + Text.substr(power + 3), position);
+    return position == 0 ? value : CNaN;
+}
+
+TEST(Kxticks, LabelsHaveTheDigitsThatTheirStepNeeds) {
+    const struct {
+        TKxScaleInput Input;
+        const char* Texts;
+    } cases[] = {
+        {Auto(0, 20000), "0.0|0.5|1.0|1.5|2.0|\u00B710\\+4"},
+        {Auto(0, 1), "0.0|0.2|0.4|0.6|0.8|1.0|"},
+        {Auto(-0.02, 0.01), "-0.02|-0.01|0.00|0.01|"},
+        {Auto(0, 0.004), "0|1|2|3|4|\u00B710\\+-3"},
+        {Auto(0.6, 7.05), "2|4|6|"}, // 0.5 to 7.5: the row changed in rounding
+        {{AxNormal, 0, 3e-20, AxFixed, AxFixed, true, 1, 1, 1, 3, -99}, "0|1E-20|2E-20|3E-20|"},
+        {{AxNormal, 0, 1, AxFixed, AxFixed, false, 0.25, 0.5, 0.3},
+         "0.00|0.25|0.50|0.75|1.00|"}, // counted in ticks
+        {Auto(3, 700, AxLogEE), "10\\+ 0|10\\+ 1|10\\+ 2|10\\+ 3|"},
+        {Auto(3, 700, AxLog, AxFixed), "10|100|"},
+        {Auto(1e-10, 2e-9, AxLog), "0.0000000001|0.000000001|0.00000001|"},
+        {Auto(2e-20, 1e-19, AxLog), "1E-20|1E-19|"},
+        {Auto(1e17, 1e19, AxLog), "100000000000000000|1E18|1E19|"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(Texts(Ticks(c.Input, 400)), c.Texts) << c.Input.Start << " to " << c.Input.Stop;
+}
+
+TEST(Kxticks, DecadesHaveMinorTicksAtFourSixAndEight) {
+    const TKxTicks ticks = Ticks(Auto(1, 100, AxLog), 200, {AxVertical, true, false});
+    EXPECT_EQ(std::vector<int>(ticks.Positions.begin(), ticks.Positions.end()),
+              (std::vector<int>{0, 60, 78, 90, 100, 160, 178, 190, 200}));
+    EXPECT_TRUE(ticks.IsMajor[4] && !ticks.IsMajor[7] && ticks.IsMajor[8]);
+    EXPECT_EQ(Ticks(Auto(1e-300, 1e300, AxLogEE), 1000).Labels.size(), 601U);
+}
+
+TEST(Kxticks, TickLabelAndValueStandAtTheSamePlace) {
+    std::mt19937 random(11);
+    const auto between = [&](double A, double B) {
+        return std::uniform_real_distribution<double>(A, B)(random);
+    };
+    for (int i = 0; i < 3000; ++i) {
+        const auto scaling = static_cast<TKxAxScaling>(i % 3);
+        const double start = std::pow(10, between(-12, 12)) * (scaling == AxNormal ? between(-1, 1) : 1);
+        const double stop = start + std::abs(start) * std::pow(10, between(-6, 6));
+        TKxScaleInput input = Auto(start, stop, scaling, static_cast<TKxAxEnd>(i / 3 % 3));
+        input.AutoTicks = i % 2;
+        for (double* part : {&input.TickPart, &input.MajorTickPart, &input.LabelPart})
+            *part = RoundToInt(between(1, 90)) / 100.0;
+        const bool twisted = i % 5 > 2, isHorizontal = i % 7 > 3;
+        const int length = RoundToInt(between(1, 3000));
+        const TKxScaleEnds ends = CalculateEnds(input);
+        const TKxAxisOrientation orientation = isHorizontal ? AxHorizontal : AxVertical;
+        const TKxAxisMap map = TKxAxisMap::Make(scaling, ends, length, orientation, twisted);
+        const TKxTicks ticks = CalculateTicks(ends, map, {orientation, true, false});
+        SCOPED_TRACE(testing::Message() << start << " to " << stop << ", case " << i);
+        ASSERT_TRUE(std::is_sorted(ticks.Positions.begin(), ticks.Positions.end()));
+        for (int k = 0; k < ticks.Positions.Length(); ++k) {
+            const double value = ticks.Values[k];
+            const double share = scaling == AxNormal
+                                     ? (value - ends.Start) / (ends.Stop - ends.Start)
+                                     : std::log(value / ends.Start) / std::log(ends.Stop / ends.Start);
+            ASSERT_NEAR(ticks.Positions[k], length * (twisted ? 1 - share : share), 0.501) << value;
+        }
+        std::set<std::string> texts;
+        for (const TKxTickLabel& label : ticks.Labels) {
+            const int pixel = map.RealToIntPosition(ReadLabel(label.Text, ticks.ExponentLabel));
+            ASSERT_EQ(label.Position, isHorizontal ? pixel : length - pixel) << label.Text;
+            ASSERT_TRUE(texts.insert(label.Text).second) << label.Text;
+        }
+    }
+}
+
+TEST(Kxticks, HostileScalesEndInSomeTicksAndHideNoData) {
+    const double hostile[] = {CNaN, -CInf, -1.7e308, -1e300,   -1e15,     0,     5e-324,  1e-300,
+                              1,    1e15,  1e15 + 1, 1e15 + 4, 1e15 - 20, 1e300, 1.7e308, CInf};
+    for (const double start : hostile)
+        for (const double stop : hostile)
+            for (const double step : {CNaN, -1.0, 0.0, 1e-300, 1e-5, 0.333333333333333, 7.0, 1e6, 1e300})
+                for (int i = 0; i < 8; ++i) {
+                    TKxScaleInput input = Auto(start, stop, i & 4 ? AxLog : AxNormal, AxFixed);
+                    input.AutoTicks = false;
+                    input.TickPart = step;
+                    input.LabelPart = i & 2 ? step : 1e-9;
+                    SCOPED_TRACE(testing::Message() << start << " to " << stop << " by " << step);
+                    const TKxScaleEnds ends = CalculateEnds(input);
+                    const double slack = (ends.Stop - ends.Start) / 100;
+                    ASSERT_TRUE(i & 4 || !(start <= stop && stop - start < 1e308) ||
+                                (ends.Start <= start + slack && ends.Stop >= stop - slack));
+                    const TKxTicks ticks = Ticks(input, i & 1 ? 300 : 0);
+                    ASSERT_TRUE(ticks.Positions.Length() >= 2 && ticks.Positions.Length() <= CMaxTicks);
+                    ASSERT_EQ(std::adjacent_find(ticks.Values.begin(), ticks.Values.end()),
+                              ticks.Values.end());
+                    ASSERT_TRUE(ticks.Positions[0] >= 0 && ticks.Positions[ticks.Positions.High()] <= 300);
+                    for (const TKxTickLabel& label : ticks.Labels)
+                        ASSERT_EQ(ReadLabel(label.Text, ticks.ExponentLabel), label.Value) << label.Text;
+                }
+    TKxScaleEnds broken; // that CalculateEnds never makes
+    broken.Start = broken.LogStart = CNaN;
+    for (const TKxAxScaling scaling : {AxNormal, AxLog})
+        EXPECT_EQ(
+            CalculateTicks(broken, TKxAxisMap::Make(scaling, broken, 9, AxVertical, false), {}).Labels.size(),
+            0U);
+}
+
+TEST(Kxticks, LabelsAreLeftOutOnlyWhereAskedAndMajorsNever) {
+    const TKxBooleanArray majors = Ticks(Auto(0.6, 7.05), 100, {AxVertical, false, true}).IsMajor;
+    EXPECT_TRUE(!majors[0] && majors[2] && !majors[5] && majors[7]); // 1 and 2 of 0.6, 0.8, 1.0, ...
+    EXPECT_EQ(Texts(Ticks(Auto(-1, 1), 100, {AxVertical, true, true})), "-1.0|-0.5|0.5|1.0|");
+    EXPECT_EQ(Texts(Ticks(Auto(-1, 0), 100, {AxVertical, true, true})), "-1.0|-0.8|-0.6|-0.4|-0.2|0.0|");
+    EXPECT_EQ(Texts(Ticks(Auto(0, 20000), 100, {AxVertical, false, false})), "");
+}
+
+TEST(Kxticks, ThinnedLabelsDoNotTouchAndKeepTheAnchor) {
+    const struct {
+        std::vector<TKxLabelExtent> Labels;
+        int Gap, Anchor, Stride;
+    } cases[] = {
+        {{}, 4, 0, 1},
+        {{{0, 10}, {14, 10}, {28, 10}}, 4, 0, 1},
+        {{{0, 10}, {10, 10}, {20, 10}}, 0, 0, 2},            // touching is too near
+        {{{40, 10}, {20, 10}, {0, 31}}, 4, 2, 2},            // descending
+        {{{0, 10}, {11, 10}, {22, 10}, {33, 10}}, 20, 1, 3}, // the anchor alone stays
+    };
+    for (const auto& c : cases) EXPECT_EQ(LabelStride(c.Labels, c.Gap, c.Anchor), c.Stride);
+    EXPECT_EQ(AnchorLabel(Ticks(Auto(-1, 1), 100).Labels), 2);
+    EXPECT_EQ(AnchorLabel(Ticks(Auto(1, 2), 100).Labels), 0);
+    EXPECT_TRUE(IsKeptLabel(0, 4, 2) && !IsKeptLabel(3, 4, 2));
+}
+
+} // namespace
+} // namespace kx
