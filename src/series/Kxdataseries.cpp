@@ -1,0 +1,229 @@
+#include "series/Kxdataseries.h"
+
+#include <algorithm>
+
+namespace kx {
+
+TKxSeries::TKxSeries(TComponent* Owner) : TKxGraphSeries(Owner), FLineStyle(this), FAreaStyle(this) {
+    FAreaStyle.SetVisible(false);
+    if (!IsIn(csDesigning)) return;
+    FDesignTimer = std::make_unique<TTimer>(nullptr);
+    FDesignTimer->SetInterval(100);
+    FDesignTimer->OnTimer = TEvent<>::Of<&TKxSeries::TestOrder>(this);
+}
+
+TKxSeries::~TKxSeries() {
+    if (FXData) FXData->Listeners().RemoveOwn(XHandler());
+    if (FYData) FYData->Listeners().RemoveOwn(YHandler());
+    if (FWeight) FWeight->Listeners().RemoveOwn(WeightHandler());
+    WithdrawRange(FXAxis, FXRange);
+    WithdrawRange(FYAxis, FYRange);
+    if (FDrawingWorld) {
+        FDrawingWorld->GetSeriesList().Remove(this);
+        FDrawingWorld->Invalidate();
+    }
+}
+
+void TKxSeries::Notification(TComponent* Component, TOperation Operation) {
+    TKxGraphSeries::Notification(Component, Operation);
+    if (Operation != opRemove) return;
+    if (Component == FXAxis) {
+        FXAxis = nullptr;
+        FXRange.OnChanged = nullptr;
+    }
+    if (Component == FYAxis) {
+        FYAxis = nullptr;
+        FYRange.OnChanged = nullptr;
+    }
+    if (Component == FXData) FXData = nullptr;
+    if (Component == FYData) FYData = nullptr;
+    if (Component == FWeight) FWeight = nullptr;
+    if (Component == FDrawingWorld) FDrawingWorld = nullptr;
+    std::erase(FChildren, Component);
+    FPointsDirty = true;
+}
+
+void TKxSeries::EnterRange(TKxAxis* Axis, TRange& Range, const TKxCustomRealVector* Data) {
+    if (!Axis || !dynamic_cast<const TKxLiveVector*>(Data)) return;
+    Axis->GetValuesRangeList().Add(&Range);
+    Range.OnChanged = TEvent<TRange*>::Of<&TKxAxis::ValuesRangeChanged>(Axis);
+    if (Range.GetStart() <= Range.GetStop()) Range.DoOnChanged();
+}
+
+void TKxSeries::WithdrawRange(TKxAxis* Axis, TRange& Range) {
+    if (Axis) Axis->GetValuesRangeList().Remove(&Range);
+    Range.OnChanged = nullptr;
+}
+
+void TKxSeries::EnterDrawingWorld(TKxDrawingWorld* World) {
+    if (FDrawingWorld) FDrawingWorld->GetSeriesList().Remove(this);
+    Refer(FDrawingWorld, World);
+    if (World && !IsCalculated()) World->GetSeriesList().Add(this);
+}
+
+void TKxSeries::SetXAxis(TKxAxis* Axis) {
+    if (Axis == FXAxis) return;
+    WithdrawRange(FXAxis, FXRange);
+    Refer(FXAxis, Axis);
+    auto* graph = Axis ? dynamic_cast<TKx2DGraph*>(Axis->GetParent()) : nullptr;
+    EnterDrawingWorld(graph ? &graph->GetDrawingWorld() : nullptr);
+    FPointsDirty = true;
+    if (graph) graph->Modified();
+    else Modified();
+    EnterRange(Axis, FXRange, FXData);
+}
+
+void TKxSeries::SetYAxis(TKxAxis* Axis) {
+    if (Axis == FYAxis) return;
+    WithdrawRange(FYAxis, FYRange);
+    Refer(FYAxis, Axis);
+    FPointsDirty = true;
+    EnterRange(Axis, FYRange, FYData);
+    if (FXAxis && FYAxis && GetGraph()) GetGraph()->Modified();
+}
+
+void TKxSeries::SetBound(TKxCustomRealVector*& Field, TKxCustomRealVector* Vector,
+                         const TKxValueIChangedEvent& Handler) {
+    if (Field) Field->Listeners().RemoveOwn(Handler);
+    Refer(Field, Vector);
+    if (Vector) Vector->Listeners().Add(Handler);
+    FRangesModified = FChildModified = true;
+    Modified();
+}
+
+void TKxSeries::SetXData(TKxCustomRealVector* Vector) {
+    WithdrawRange(FXAxis, FXRange);
+    SetBound(FXData, Vector, XHandler());
+    EnterRange(FXAxis, FXRange, Vector);
+    DsgnUpdate();
+}
+
+void TKxSeries::SetYData(TKxCustomRealVector* Vector) {
+    WithdrawRange(FYAxis, FYRange);
+    SetBound(FYData, Vector, YHandler());
+    EnterRange(FYAxis, FYRange, Vector);
+    DsgnUpdate();
+}
+
+void TKxSeries::SetWeight(TKxCustomRealVector* Vector) {
+    SetBound(FWeight, Vector, WeightHandler());
+    DsgnUpdate();
+}
+
+void TKxSeries::DsgnUpdate() {
+    if (!IsIn(csDesigning)) return;
+    RangesModified();
+    CalculatePoints();
+    if (FXAxis && GetGraph()) GetGraph()->Modified();
+}
+
+void TKxSeries::TestOrder() {
+    if (GetComponentIndex() == FComponentIndex) return;
+    FComponentIndex = GetComponentIndex();
+    if (GetGraph()) GetGraph()->Modified();
+}
+
+void TKxSeries::StoreCaption(const AnsiString& Caption) {
+    FCaption = Caption;
+    FResults.WriteString("Datapoints", "Caption", FCaption);
+    UpdateLegend();
+}
+
+void TKxSeries::SetCaption(const AnsiString& Caption) {
+    // Kept: the caption shown by one source becomes the text of the other one, as outfits rely on it.
+    (FDoUserCaption ? FAutoCaption : FUserCaption) = Caption;
+    StoreCaption(Caption);
+}
+
+void TKxSeries::SetDoUserCaption(bool DoUser) {
+    if (FDoUserCaption == DoUser) return;
+    FDoUserCaption = DoUser;
+    StoreCaption(DoUser ? FUserCaption : FCaption);
+}
+
+void TKxSeries::SetUserCaption(const AnsiString& Caption) {
+    if (FUserCaption == Caption) return;
+    FUserCaption = Caption;
+    StoreCaption(FDoUserCaption ? Caption : FCaption);
+}
+
+void TKxSeries::SetAutoCaption(const AnsiString& Caption) {
+    FAutoCaption = Caption;
+    StoreCaption(FDoUserCaption ? FCaption : Caption);
+}
+
+void TKxSeries::SetIncludeInLegend(bool Include) {
+    if (FIncludeInLegend == Include) return;
+    FIncludeInLegend = Include;
+    UpdateLegend();
+}
+
+void TKxSeries::UpdateLegend() {
+    if (auto* graph = GetGraph()) graph->ItemsModified();
+}
+
+void TKxSeries::InvalidateWorld() {
+    if (FDrawingWorld) FDrawingWorld->Invalidate();
+}
+
+void TKxSeries::Modified() {
+    FPointsDirty = true;
+    UpdateLegend();
+    InvalidateWorld();
+}
+
+void TKxSeries::ChildModified() {
+    FChildModified = true;
+    Modified();
+}
+
+void TKxSeries::RangesModified() {
+    FRangesModified = true;
+    ChildModified();
+}
+
+void TKxSeries::AddChild(TKxSeries* Child) {
+    if (std::find(FChildren.begin(), FChildren.end(), Child) != FChildren.end()) return;
+    FChildren.push_back(Child);
+    Child->FreeNotification(this);
+    RangesModified();
+}
+
+void TKxSeries::RemoveChild(TKxSeries* Child) { std::erase(FChildren, Child); }
+
+void TKxSeries::RecalculateChilds() {
+    FRangesModified = false;
+    const auto children = FChildren;
+    for (TKxSeries* child : children)
+        if (auto* item = dynamic_cast<TKxCalculatedItem*>(child)) item->Calculate();
+}
+
+int TKxSeries::FindPoint(int X, int Y, int Tolerance) const {
+    const long long x = (long long)(X)-OriginX(), y = (long long)(Y)-OriginY();
+    const auto points = FPoints.Values();
+    for (int i = FPointsCount - 1; i >= 0; --i) {
+        const TPoint p = points[std::size_t(i)];
+        if (HasPlace(i) && std::abs(p.X - x) <= Tolerance && std::abs(p.Y - y) <= Tolerance) return i;
+    }
+    return -1;
+}
+
+TKxLineSeries::TKxLineSeries(TComponent* Owner) : TKxNotCalculatedSeries(Owner) {
+    if (!Owner) return;
+    for (TComponent* component : Owner->GetComponents()) {
+        auto* graph = dynamic_cast<TKx2DGraph*>(component);
+        if (!graph) continue;
+        SetXAxis(graph->GetPrimaryXAxis());
+        SetYAxis(graph->GetPrimaryYAxis());
+    }
+}
+
+void TKxLineSeries::SetBreakAtGaps(bool Break) {
+    if (FBreakAtGaps == Break) return;
+    FBreakAtGaps = Break;
+    RangesModified();
+}
+
+TKxDataSeries::TKxDataSeries(TComponent* Owner) : TKxLineSeries(Owner), FPointStyle(this) {}
+
+} // namespace kx

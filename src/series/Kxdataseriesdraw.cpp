@@ -1,0 +1,109 @@
+// Painting: area, line and symbols.
+
+#include "platform/application.h"
+#include "series/Kxdataseries.h"
+#include "series/Kxmarks.h"
+
+#include <algorithm>
+
+namespace kx {
+
+namespace {
+
+/// Longer lines are handed over in runs, each beginning at the last point of the one before.
+constexpr std::size_t CRunLength = 2000;
+
+bool IsPlaced(TPoint P) { return P.X != CNoPixel && P.Y != CNoPixel; }
+
+} // namespace
+
+void TKxSeries::Draw(TCanvas& Canvas) {
+    DrawLine(Canvas);
+    DrawMarks(Canvas);
+    for (TKxSeries* child : FChildren) Guarded([&] { child->Draw(Canvas); });
+}
+
+// The stretches of points that are joined to one another: all of them as a rule.
+std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
+    const auto points = FPoints.Values().first(std::size_t(FPointsCount));
+    const auto gap = std::find_if_not(points.begin(), points.end(), IsPlaced);
+    if (gap == points.end()) return {points};
+    if (!BreaksAtGaps()) {
+        FScratch.clear();
+        std::copy_if(points.begin(), points.end(), std::back_inserter(FScratch), IsPlaced);
+        return {FScratch};
+    }
+    std::vector<std::span<const TPoint>> runs;
+    for (auto begin = points.begin(); begin != points.end();) {
+        const auto end = std::find_if_not(begin, points.end(), IsPlaced);
+        if (begin != end) runs.push_back({begin, end});
+        begin = std::find_if(end, points.end(), IsPlaced);
+    }
+    return runs;
+}
+
+void TKxSeries::DrawLine(TCanvas& Canvas) {
+    auto* graph = GetGraph();
+    if (!FXAxis || !FYAxis || !graph) return;
+    graph->BeginUpdate();
+    Guarded([this] {
+        if (FPointsDirty) CalculatePoints();
+        if (FRangesModified) RecalculateChilds();
+    });
+    graph->EndUpdate();
+    if (!graph->NotUpdating()) return;
+    if ((!FLineStyle.GetVisible() && !FAreaStyle.GetVisible()) || FPointsCount < 2) return;
+    const auto runs = DrawableRuns();
+    if (FAreaStyle.GetVisible()) DrawArea(Canvas, runs);
+    if (FLineStyle.GetVisible()) DrawPolylines(Canvas, runs);
+}
+
+void TKxSeries::DrawArea(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs) {
+    // A logarithmic axis has no zero; its lower end stands in for it.
+    const double base = FYAxis->GetScaling() == AxNormal ? 0 : FYAxis->GetStart();
+    const int y0 = FYAxis->RealToIntPosition(base);
+    Canvas.Pen.SetWidth(0);
+    Canvas.Pen.SetStyle(psClear);
+    TColor color = FAreaStyle.GetColor();
+    if (FAreaStyle.GetDrawXOred() && Canvas.CanXor()) {
+        Canvas.Pen.SetMode(pmXor);
+        color = ColorToRGB(color) ^ ColorToRGB(GetGraph()->GetDataGround());
+    }
+    Canvas.Brush.SetColor(color);
+    Canvas.Brush.SetStyle(FAreaStyle.GetStyle());
+    std::vector<TPoint> closed;
+    for (const auto& run : Runs) {
+        if (run.size() < 2) continue;
+        closed.assign(run.begin(), run.end());
+        closed.push_back({run.back().X, y0});
+        closed.push_back({run.front().X, y0});
+        Canvas.Polygon(closed);
+    }
+    Canvas.Pen.SetMode(pmCopy);
+}
+
+void TKxSeries::DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs) {
+    Canvas.Pen.SetMode(pmCopy);
+    Canvas.Pen.SetStyle(FLineStyle.GetStyle());
+    Canvas.Pen.SetWidth(FLineStyle.GetWidth() == 1 ? 0 : FLineStyle.GetWidth());
+    Canvas.Pen.SetColor(FLineStyle.GetColor());
+    for (const auto& run : Runs) {
+        if (run.size() == 1) {
+            const TPoint p = run.front(); // between two gaps: a dot, or it would not show at all
+            Canvas.Polyline(std::vector<TPoint>{p, {p.X + 1, p.Y}});
+        }
+        for (std::size_t start = 0; start + 1 < run.size(); start += CRunLength - 1)
+            Canvas.Polyline(run.subspan(start, std::min(CRunLength, run.size() - start)));
+    }
+}
+
+void TKxDataSeries::DrawPoints(TCanvas& Canvas) {
+    const int size = FPointStyle.GetSize();
+    const TKxPointSymbol symbol = FPointStyle.GetStyle();
+    ForMarkedPoints(Canvas, [&](int i) {
+        const TPoint p = FPoints.Values()[std::size_t(i)];
+        DrawPointSymbol(p.X, p.Y, size, symbol, Canvas);
+    });
+}
+
+} // namespace kx

@@ -1,0 +1,31 @@
+#pragma once
+// How symbols and error bars come onto the drawing world: the body of a template that the sources of the
+// series share. Included by those sources only.
+
+#include "series/Kxdataseries.h"
+
+namespace kx {
+
+template <class F> void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, F Draw) {
+    auto* graph = GetGraph();
+    if (!graph || !graph->NotUpdating() || !FPointStyle.GetVisible() || !GetXAxis() || !GetYAxis()) return;
+    if (NeedsCalculation()) CalculatePoints();
+    Canvas.Pen.SetMode(pmCopy);
+    Canvas.Pen.SetStyle(psSolid);
+    Canvas.Pen.SetWidth(FPointStyle.GetWidth());
+    Canvas.Pen.SetColor(FPointStyle.GetColor());
+    Canvas.Brush.SetColor(graph->GetSymbolGround());
+
+    const bool zoomed = GetXAxis()->CanZoomBack() && GetYAxis()->CanZoomBack();
+    const TRect world{0, 0, GetDrawingWorld()->GetWidth(), GetDrawingWorld()->GetHeight()};
+    const TCanvas::TSaved saved(Canvas);
+    if (!zoomed) Canvas.SetClip(std::nullopt);
+    const auto points = FPoints.Values();
+    for (int i = 0; i < FPointsCount; ++i) {
+        if (!HasPlace(i)) continue;
+        if (!zoomed && !world.Contains(points[std::size_t(i)])) continue;
+        Draw(i);
+    }
+}
+
+} // namespace kx
