@@ -1,0 +1,75 @@
+#include "kxplot/look.h"
+
+#include <array>
+
+namespace kxplot {
+
+using namespace kx;
+
+namespace {
+
+constexpr TColor CInk = RGB(0x26, 0x26, 0x26);
+
+/// Eight colours that the colour-blind tell apart (M. Okabe and K. Ito, Color Universal Design, 2008), those
+/// that show best on white first.
+constexpr std::array<TColor, 8> CPalette{RGB(0x00, 0x72, 0xB2), RGB(0xD5, 0x5E, 0x00), RGB(0x00, 0x9E, 0x73),
+                                         RGB(0xCC, 0x79, 0xA7), RGB(0x56, 0xB4, 0xE9), RGB(0xE6, 0x9F, 0x00),
+                                         RGB(0x00, 0x00, 0x00), RGB(0xB8, 0xAE, 0x1E)};
+
+constexpr std::array<TKxPointSymbol, 5> CSymbols{SyCircleFilled, SySquareFilled, SyDiamondFilled,
+                                                 SyDeltaFilled, SyNablaFilled};
+
+void SetFont(TFont& Font, int Points) {
+    Font.SetName("Arial");
+    Font.SetSize(Points);
+    Font.SetColor(CInk);
+}
+
+} // namespace
+
+void DressGraph(TKx2DGraph& Graph) {
+    Graph.SetColor(clWhite);
+    Graph.SetDataColor(clWhite);
+    Graph.SetMargin(10);
+    SetFont(Graph.GetFont(), 13);
+    for (TKxLineStyle* grid : {&Graph.GetMajorGridX(), &Graph.GetMajorGridY()}) {
+        grid->SetColor(RGB(0xDD, 0xDD, 0xDD));
+        grid->SetStyle(psSolid);
+    }
+    for (TKxLineStyle* grid : {&Graph.GetMinorGridX(), &Graph.GetMinorGridY()}) {
+        grid->SetColor(RGB(0xEE, 0xEE, 0xEE));
+        grid->SetStyle(psSolid);
+    }
+}
+
+void DressAxis(TKxAxis& Axis) {
+    SetFont(Axis.GetFont(), 10);
+    SetFont(Axis.GetCaptionFont(), 11);
+    Axis.SetShowCaption(true);
+    Axis.SetThinLabels(true);
+    Axis.SetMajorTickLength(6);
+    Axis.SetTickLength(3);
+    Axis.SetScalingsTicksGap(3);
+    Axis.SetCaptionScalingsGap(5);
+    Axis.SetBorderCaptionGap(8);
+    Axis.SetExponentScalingsGap(6);
+    Axis.SetAxisColor(CInk);
+    Axis.SetTickColor(CInk);
+    Axis.SetMajorTickColor(CInk);
+}
+
+void DressSeries(TKxDataWithErrorSeries& Series, int Number, TStyle Style, bool HasErrors) {
+    const TColor color = CPalette[std::size_t(Number) % CPalette.size()];
+    const bool symbols = Style != TStyle::Line;
+    Series.SetBreakAtGaps(true);
+    Series.GetLineStyle().SetColor(color);
+    Series.GetLineStyle().SetVisible(Style != TStyle::Points);
+    Series.GetPointStyle().SetColor(color);
+    Series.GetPointStyle().SetSize(3);
+    // Error bars come with the symbols: a point on the line is a symbol that does not show.
+    Series.GetPointStyle().SetVisible(symbols || HasErrors);
+    Series.GetPointStyle().SetStyle(symbols ? CSymbols[std::size_t(Number) % CSymbols.size()] : SyPoint);
+    Series.SetErrorColor(color);
+}
+
+} // namespace kxplot

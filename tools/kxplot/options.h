@@ -1,0 +1,44 @@
+#pragma once
+// What the command line asks of kxplot.
+
+#include "platform/geometry.h"
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kxplot {
+
+/// Wrong options: the message for standard error, without the program's name.
+class TUsageError : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+enum class TStyle { Line, Points, Both };
+
+struct TAssignment {
+    std::string Path; ///< component and property: "Graph1.MajorGridX.Visible"
+    std::string Value;
+};
+
+struct TOptions {
+    std::string Data;
+    std::optional<std::string> X;
+    std::vector<std::string> Y, DX, DY, DXMinus, DYMinus;
+    std::optional<TStyle> Style;
+    bool LogX = false, LogY = false;
+    std::optional<std::string> Title, XCaption, YCaption;
+    kx::TSize Size{900, 600};
+    double Scale = 1;
+    bool Antialias = false;
+    std::vector<TAssignment> Assignments;
+    std::string Outfit, SaveOutfit;
+    std::vector<std::string> Outputs;
+};
+
+/// Reads the command line. Nothing: help or version were asked for and have been printed. Raises TUsageError.
+std::optional<TOptions> ParseOptions(int Count, char** Arguments);
+
+} // namespace kxplot

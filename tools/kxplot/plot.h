@@ -1,0 +1,54 @@
+#pragma once
+// The form that kxplot draws: one graph, two axes, the vectors and a series a column.
+
+#include "graph/Kxgraph2d.h"
+#include "kxplot/options.h"
+#include "kxplot/table.h"
+#include "numeric/Kxvector.h"
+#include "platform/form.h"
+#include "series/Kxdataseries.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kxplot {
+
+/// Components with stable names (Form1, Graph1, XAxis, YAxis, Series1, ...), owned by a form that is never
+/// shown.
+class TPlot {
+public:
+    /// Reads the columns that Options asks for and builds the picture in kxplot's own look. Raises
+    /// TTableError, and TUsageError for more error columns than series.
+    TPlot(const TTable& Table, const TOptions& Options);
+
+    kx::TForm& GetForm() { return *FForm; }
+    kx::TKx2DGraph& GetGraph() { return *FGraph; }
+
+    /// The appearance from a file; automatic ends follow the data afterwards. Raises kx::EFileError.
+    void LoadOutfit(const std::string& FileName);
+    void SaveOutfit(const std::string& FileName);
+    /// What was asked for on the command line beside the data. Raises TUsageError.
+    void Apply(const TOptions& Options);
+
+private:
+    struct TColumns {
+        int X = -1; ///< -1: 1, 2, 3, ...
+        std::vector<int> Y;
+        std::vector<int> DXPlus, DYPlus, DXMinus, DYMinus; ///< a column a series, or -1
+    };
+    TColumns ChooseColumns(const TTable& Table, const TOptions& Options) const;
+    void MakeAxes();
+    kx::TKxLiveVector* MakeVector(const std::string& Name, const std::vector<double>& Values);
+    void MakeSeries(const TTable& Table, const TColumns& Columns, const TOptions& Options);
+    void CaptionAxes(const TTable& Table, const TColumns& Columns);
+    void Assign(const TAssignment& Assignment);
+
+    std::unique_ptr<kx::TForm> FForm;
+    kx::TKx2DGraph* FGraph = nullptr;
+    kx::TKxAxis* FXAxis = nullptr;
+    kx::TKxAxis* FYAxis = nullptr;
+    std::vector<kx::TKxDataWithErrorSeries*> FSeries;
+};
+
+} // namespace kxplot

@@ -1,0 +1,153 @@
+#include "kxplot/table.h"
+
+#include "kxplot/number.h"
+#include "kxplot/rows.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
+namespace kxplot {
+
+namespace {
+
+constexpr std::string_view CByteOrderMark = "\xEF\xBB\xBF";
+constexpr int CSampleRows = 50;
+
+bool IsEmptyCell(std::string_view Cell) { return kx::Trimmed(Cell).empty(); }
+
+std::string Quoted(std::string_view Text) { return "'" + kx::Escaped(kx::Trimmed(Text)) + "'"; }
+
+/// Cells of the first rows when read with Separator.
+std::vector<int> SampleCounts(std::string_view Text, TSeparator Separator) {
+    TRowReader rows(Text, 0, 1, Separator);
+    std::vector<int> counts;
+    std::string_view cell;
+    while (static_cast<int>(counts.size()) < CSampleRows && rows.NextRow()) {
+        int count = 0;
+        while (rows.NextCell(cell)) ++count;
+        counts.push_back(count);
+    }
+    return counts;
+}
+
+bool AllEqualAndSeveral(const std::vector<int>& Counts) {
+    return !Counts.empty() && Counts.front() > 1 &&
+           std::all_of(Counts.begin(), Counts.end(), [&](int C) { return C == Counts.front(); });
+}
+
+bool SeveralInMostRows(const std::vector<int>& Counts) {
+    return 2 * std::count_if(Counts.begin(), Counts.end(), [](int C) { return C > 1; }) >
+           std::ptrdiff_t(Counts.size());
+}
+
+} // namespace
+
+TTable::TTable(std::string_view Text, std::string Name) : FText(Text), FName(std::move(Name)) {
+    if (FText.substr(0, CByteOrderMark.size()) == CByteOrderMark) FText.remove_prefix(CByteOrderMark.size());
+    FindSeparator();
+    ReadHead();
+}
+
+void TTable::Fail(long Line, const std::string& What) const {
+    throw TTableError(kx::Escaped(FName) + (Line > 0 ? ":" + std::to_string(Line) : "") + ": " + What);
+}
+
+// The separator that cuts all of the first rows into as many cells; failing that, one that cuts most of them
+// (the row that differs is told later); failing that, blanks.
+void TTable::FindSeparator() {
+    constexpr TSeparator candidates[] = {TSeparator::Tab, TSeparator::Semicolon, TSeparator::Comma};
+    for (const auto fits : {AllEqualAndSeveral, SeveralInMostRows}) {
+        for (const TSeparator candidate : candidates) {
+            if (!fits(SampleCounts(FText, candidate))) continue;
+            FSeparator = candidate;
+            FDecimalComma = candidate != TSeparator::Comma;
+            return;
+        }
+    }
+}
+
+void TTable::ReadHead() {
+    TRowReader rows(FText, 0, 1, FSeparator);
+    if (!rows.NextRow()) Fail(0, "is empty");
+    std::vector<std::string> first;
+    bool header = false;
+    for (std::string_view cell; rows.NextCell(cell);) {
+        header = header || (!IsEmptyCell(cell) && !ParseNumber(cell, FDecimalComma));
+        first.emplace_back(kx::Trimmed(cell));
+    }
+    FNumeric.assign(first.size(), false);
+    if (header) {
+        FHeaders = std::move(first);
+        FBodyAt = rows.Position();
+        FBodyLine = rows.NextLine();
+    }
+    TRowReader body(FText, FBodyAt, FBodyLine, FSeparator);
+    std::vector<bool> known(FNumeric.size(), false);
+    std::size_t unknown = known.size(), seen = 0;
+    while (unknown > 0 && body.NextRow()) {
+        ++seen;
+        std::string_view cell;
+        for (std::size_t i = 0; body.NextCell(cell) && i < known.size(); ++i) {
+            if (known[i] || IsEmptyCell(cell)) continue;
+            known[i] = true;
+            --unknown;
+            FNumeric[i] = ParseNumber(cell, FDecimalComma).has_value();
+        }
+    }
+    if (seen == 0) Fail(0, "has a header but no rows");
+}
+
+std::string TTable::GetHeader(int Column) const {
+    return HasHeader() ? FHeaders[static_cast<std::size_t>(Column)] : std::string();
+}
+
+std::string TTable::ColumnName(int Column) const {
+    const std::string header = GetHeader(Column);
+    return header.empty() ? std::to_string(Column + 1) : kx::Escaped(header);
+}
+
+int TTable::FindNumericColumn(const std::string& Column) const {
+    int index = static_cast<int>(std::find(FHeaders.begin(), FHeaders.end(), Column) - FHeaders.begin());
+    if (!HasHeader() || index == GetColumnCount()) {
+        const auto [stop, error] = std::from_chars(Column.data(), Column.data() + Column.size(), index);
+        const bool isNumber = error == std::errc() && stop == Column.data() + Column.size();
+        if (!isNumber || index < 1 || index > GetColumnCount())
+            Fail(0, "has no column " + Quoted(Column) + "; it has " + std::to_string(GetColumnCount()) +
+                        (GetColumnCount() == 1 ? " column" : " columns"));
+        --index;
+    }
+    if (!IsNumeric(index)) Fail(0, "column " + ColumnName(index) + " is not numeric");
+    return index;
+}
+
+std::vector<std::vector<double>> TTable::ReadColumns(const std::vector<int>& Columns) const {
+    std::vector<std::vector<double>> values(Columns.size());
+    std::vector<std::vector<std::size_t>> wantedBy(FNumeric.size());
+    for (std::size_t k = 0; k < Columns.size(); ++k)
+        wantedBy[static_cast<std::size_t>(Columns[k])].push_back(k);
+
+    TRowReader rows(FText, FBodyAt, FBodyLine, FSeparator);
+    std::string_view cell;
+    while (rows.NextRow()) {
+        std::size_t column = 0;
+        for (; rows.NextCell(cell); ++column) {
+            if (column >= wantedBy.size() || wantedBy[column].empty()) continue;
+            auto value = ParseNumber(cell, FDecimalComma);
+            if (!value) {
+                if (!IsEmptyCell(cell))
+                    Fail(rows.Line(),
+                         "column " + ColumnName(int(column)) + ": " + Quoted(cell) + " is not a number");
+                value = std::numeric_limits<double>::quiet_NaN();
+            }
+            for (const std::size_t k : wantedBy[column]) values[k].push_back(*value);
+        }
+        if (column != wantedBy.size())
+            Fail(rows.Line(), std::to_string(column) + (column == 1 ? " cell" : " cells") +
+                                  " where the first row has " + std::to_string(wantedBy.size()));
+    }
+    return values;
+}
+
+} // namespace kxplot

@@ -1,0 +1,62 @@
+#pragma once
+// A text table as measuring programs write it: finds out by looking how it is built, and reads the columns
+// that are asked for.
+
+#include "platform/exceptions.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kxplot {
+
+/// A table cannot be read; the message begins with the file's name, and the line where there is one.
+class TTableError : public kx::Exception {
+    using Exception::Exception;
+};
+
+/// What stands between the cells of a row.
+enum class TSeparator { Comma, Semicolon, Tab, Blanks };
+
+/// One table in memory. Lines that begin with '#' and empty lines count for nothing; a byte-order mark, CR LF
+/// and quoted cells ("" for a quote in one) are understood; with semicolons or tabs also a decimal comma.
+class TTable {
+public:
+    /// Looks at the head of Text, which must outlive the table. Name stands in messages. Raises TTableError
+    /// for a table without rows.
+    TTable(std::string_view Text, std::string Name);
+
+    const std::string& GetName() const { return FName; }
+    TSeparator GetSeparator() const { return FSeparator; }
+    int GetColumnCount() const { return static_cast<int>(FNumeric.size()); }
+    bool HasHeader() const { return !FHeaders.empty(); }
+    /// Header text of a column, zero-based; empty without header.
+    std::string GetHeader(int Column) const;
+    /// Whether the first cell below the header that is not empty is a number.
+    bool IsNumeric(int Column) const { return FNumeric[static_cast<std::size_t>(Column)]; }
+    /// Header text, or the number of a column without one, for messages.
+    std::string ColumnName(int Column) const;
+    /// Zero-based column for a header text or a 1-based number; a header text goes first. Raises TTableError
+    /// for a column that the table lacks, or one that is not numeric.
+    int FindNumericColumn(const std::string& Column) const;
+
+    /// The values of some columns, row by row; an empty cell is a NaN. Raises TTableError for a cell that is
+    /// no number, or a row with more or fewer cells than the first, naming its line.
+    std::vector<std::vector<double>> ReadColumns(const std::vector<int>& Columns) const;
+
+private:
+    void FindSeparator();
+    void ReadHead();
+    [[noreturn]] void Fail(long Line, const std::string& What) const;
+
+    std::string_view FText;
+    std::string FName;
+    TSeparator FSeparator = TSeparator::Blanks;
+    bool FDecimalComma = false;
+    std::vector<std::string> FHeaders;
+    std::vector<bool> FNumeric;
+    std::size_t FBodyAt = 0; // where the first row below the header begins
+    long FBodyLine = 1;      // its number in the file
+};
+
+} // namespace kxplot
