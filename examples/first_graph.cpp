@@ -44,10 +44,10 @@ int main(int Count, char** Arguments) {
         graph.SetColor(clWhite);
         graph.SetDataColor(clWhite);
         graph.SetMargin(10);
-        graph.SetCaption("Damped oscillation, \\i x\\i = e\\+ −t/4\\+ cos 3\\i t");
+        graph.SetCaption("Damped oscillation, \\i x\\i  = e\\+ −t/4\\+  cos 3\\i t");
         graph.SetShowTitle(true);
-        graph.SetPrimaryXAxis(MakeAxis(form, graph, "XAxis", "\\i t\\i / s"));
-        graph.SetPrimaryYAxis(MakeAxis(form, graph, "YAxis", "\\i x\\i / mm"));
+        graph.SetPrimaryXAxis(MakeAxis(form, graph, "XAxis", "\\i t\\i  / s"));
+        graph.SetPrimaryYAxis(MakeAxis(form, graph, "YAxis", "\\i x\\i  / mm"));
         graph.SetZeroOrigin(true);
 
         TKxLiveVector time(&form), position(&form);
