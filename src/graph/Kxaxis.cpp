@@ -17,7 +17,8 @@ void InitFields() {
     read("LabelsField", table.Label);
 }
 
-TKxAxis::TKxAxis(TComponent* Owner) : TGraphicControl(Owner), FCaptionLabel(std::make_unique<TKxLabel>(this)) {
+TKxAxis::TKxAxis(TComponent* Owner)
+    : TGraphicControl(Owner), FCaptionLabel(std::make_unique<TKxLabel>(this)) {
     FRange.SetStartStop(0, 100);
     FCaptionFont.OnChange = TEvent<>::Of<&TKxAxis::MarkChanged>(this);
     FCaptionLabel->SetTransparent(true);
@@ -34,8 +35,10 @@ void TKxAxis::MarkChanged() {
 }
 
 void TKxAxis::Invalidate() {
-    if (GetParent() && GetAxisHost()) GetParent()->Invalidate();
-    else TGraphicControl::Invalidate();
+    if (GetParent() && GetAxisHost())
+        GetParent()->Invalidate();
+    else
+        TGraphicControl::Invalidate();
 }
 
 TKxAxisHost* TKxAxis::GetAxisHost() const { return dynamic_cast<TKxAxisHost*>(GetParent()); }
@@ -150,14 +153,22 @@ void TKxAxis::ZoomBack() {
     SetStop(view.GetStop());
 }
 
+TKxScaleInput TKxAxis::GetScaleInput() const {
+    return {FScaling,  GetStart(),     GetStop(),  FStartEnd,          FStopEnd,          FAutoTicks,
+            FTickPart, FMajorTickPart, FLabelPart, FMaxExpForScaleExp, FMinExpForScaleExp};
+}
+
+// Ends that are round already are not rounded again: under a wider step of the table they would creep away
+// from the data with every layout.
 void TKxAxis::CalculateEnds() {
-    FEnds = kx::CalculateEnds({FScaling, GetStart(), GetStop(), FStartEnd, FStopEnd, FAutoTicks, FTickPart,
-                               FMajorTickPart, FLabelPart, FMaxExpForScaleExp, FMinExpForScaleExp});
+    FNeedsTicks = true;
+    if (FRoundedInput == GetScaleInput()) return;
+    FEnds = kx::CalculateEnds(GetScaleInput());
     FRange.SetStartStop(FEnds.Start, FEnds.Stop);
     FTickPart = FEnds.TickPart;
     FMajorTickPart = FEnds.MajorTickPart;
     FLabelPart = FEnds.LabelPart;
-    FNeedsTicks = true;
+    FRoundedInput = GetScaleInput();
 }
 
 void TKxAxis::SetPlace(TPoint Origin, int AxisLength) {
@@ -199,8 +210,10 @@ void TKxAxis::SetBounds(int Left, int Top, int Width, int Height) {
     const TRect before = GetBoundsRect();
     TGraphicControl::SetBounds(Left, Top, Width, Height);
     if (before == GetBoundsRect()) return;
-    if (GetAxisHost()) PlaceCaptionLabel();
-    else FChanged = true;
+    if (GetAxisHost())
+        PlaceCaptionLabel();
+    else
+        FChanged = true;
 }
 
 void TKxAxis::SetShowCaption(bool Show) {

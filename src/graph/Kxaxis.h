@@ -1,6 +1,7 @@
 #pragma once
-// One axis of a graph: the visible range and how it follows the data, ticks and labels, the map from values to
-// pixels, the zoom stack, the caption beside it, and the outfit. What is pure lives in Kxscale and Kxticks.
+// One axis of a graph: the visible range and how it follows the data, ticks and labels, the map from values
+// to pixels, the zoom stack, the caption beside it, and the outfit. What is pure lives in Kxscale and
+// Kxticks.
 
 #include "annotation/Kxlabel.h"
 #include "graph/Kxgraphlayout.h"
@@ -11,6 +12,7 @@
 #include "platform/controls.h"
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -33,13 +35,13 @@ protected:
     ~TKxAxisHost() = default;
 };
 
-/// Takes over rows 1 to 10 of the step tables from the section "GraphScale" of the settings file UserSettings;
-/// a row whose key is missing stays. To be called after KxInitDirs. Raises the extraction error for a row of
-/// fewer than ten numbers.
+/// Takes over rows 1 to 10 of the step tables from the section "GraphScale" of the settings file
+/// UserSettings; a row whose key is missing stays. To be called after KxInitDirs. Raises the extraction error
+/// for a row of fewer than ten numbers.
 void InitFields();
 
-/// An axis. A component of the form whose parent is a graph; the graph finds it, lays it out and never owns it.
-/// Owns its ranges, its zoom stack and its caption label. Series enter their extents in ValuesRangeList.
+/// An axis. A component of the form whose parent is a graph; the graph finds it, lays it out and never owns
+/// it. Owns its ranges, its zoom stack and its caption label. Series enter their extents in ValuesRangeList.
 class TKxAxis : public TGraphicControl {
 public:
     explicit TKxAxis(TComponent* Owner);
@@ -106,9 +108,9 @@ public:
     void CalculateEnds();
     /// Ticks and labels for the current range and AxisLength; places labels and caption.
     void CalculateTicks();
-    /// Offset in pixels along the axis: x of a horizontal axis, y (downwards) of a vertical one, in the drawing
-    /// world. -1 for a non-positive value on a logarithmic axis, CNoPixel for a NaN. Raises EConvertError
-    /// "Axis scaling not supportet" for an unknown scaling.
+    /// Offset in pixels along the axis: x of a horizontal axis, y (downwards) of a vertical one, in the
+    /// drawing world. -1 for a non-positive value on a logarithmic axis, CNoPixel for a NaN. Raises
+    /// EConvertError "Axis scaling not supportet" for an unknown scaling.
     int RealToIntPosition(double X) const;
     double IntToRealPosition(int P) const;
     /// RealToIntPosition of many values; First[i * Stride] receives the i-th. For the redraw of long series.
@@ -141,8 +143,8 @@ public:
         int Last = -1;
     };
     TTickRun GetTickRun() const;
-    /// Set at the start of the layout pass; cleared there where another axis's line stands at that end and the
-    /// ticks point to the inside, so that they would lie on that line.
+    /// Set at the start of the layout pass; cleared there where another axis's line stands at that end and
+    /// the ticks point to the inside, so that they would lie on that line.
     void SetEndTicks(bool FirstEnd, bool LastEnd);
     /// What the graph's layout has to know of this axis; the labels must be calculated.
     TKxLayoutAxis GetLayoutAxis() const;
@@ -200,7 +202,8 @@ public:
     const AnsiString& GetAutoCaption() const { return FAutoCaption; }
     void SetAutoCaption(const AnsiString& Caption);
     bool GetDoUserCaption() const { return FDoUserCaption; }
-    /// Switching it on shows the user's caption; switching it off keeps the text until the next SetAutoCaption.
+    /// Switching it on shows the user's caption; switching it off keeps the text until the next
+    /// SetAutoCaption.
     void SetDoUserCaption(bool DoUser);
     /// The label that shows the caption: owned by the axis, a child of the axis's parent.
     const TKxLabel& GetCaptionLabel() const { return *FCaptionLabel; }
@@ -226,17 +229,20 @@ protected:
     void Notification(TComponent* Component, TOperation Operation) override;
 
 private:
-    template <class T> void Change(T& Field, T Value) {
+    template <class T>
+    void Change(T& Field, T Value) {
         if (Field == Value) return;
         Field = Value;
         MarkChanged();
     }
     void MarkChanged();
     TKxAxisHost* GetAxisHost() const;
+    TKxScaleInput GetScaleInput() const;
     void LayOutAlone();
     void UpdateCaptionLabel();
     void PlaceCaptionLabel();
     void MeasureLabels();
+    void MeasureReach();
     void AddLabelRec(const std::string& Text);
     void PlaceLabels();
     void ThinOutLabels();
@@ -259,10 +265,11 @@ private:
     int FMaxExpForScaleExp = 3, FMinExpForScaleExp = -2;
     TKxAxis* FMasterAxis = nullptr;
     TKxScaleEnds FEnds;
+    std::optional<TKxScaleInput> FRoundedInput; // what CalculateEnds has already made of itself
     TKxAxisMap FMap;
     TKxTicks FTicks;
     std::vector<TKxCaptionRec> FLabelRecs;
-    int FMaxLabelWidth = 0, FMaxLabelHeight = 0;
+    int FMaxLabelWidth = 0, FMaxLabelHeight = 0, FStartReach = 0, FStopReach = 0;
     TPoint FAxisOrigin;
     int FBorderCaptionGap = 0, FCaptionScalingsGap = 0, FScalingsTicksGap = 1, FExponentScalingsGap = 10,
         FValuesTicksGap = 0;

@@ -27,17 +27,16 @@ int TKxAxis::OutwardSign() const {
 void TKxAxis::CalculateTicks() {
     FMap = TKxAxisMap::Make(FScaling, FEnds, FMap.AxisLength, FOrientation, FTwisted);
     FNeedsTicks = false;
-    if (!GetVisible()) {
-        FCaptionLabel->SetVisible(false);
-        return;
-    }
     const auto* host = GetAxisHost();
-    FTicks = kx::CalculateTicks(FEnds, FMap, {.Orientation = FOrientation,
-                                              .ShowScaleLabels = FShowScaleLabels,
-                                              .ZeroOrigin = host && host->GetZeroOrigin()});
+    FTicks = kx::CalculateTicks(FEnds, FMap,
+                                {.Orientation = FOrientation,
+                                 .ShowScaleLabels = FShowScaleLabels,
+                                 .ZeroOrigin = host && host->GetZeroOrigin()});
+    if (!GetVisible()) return FCaptionLabel->SetVisible(false); // the ticks still serve the grid
     MeasureLabels();
-    if (FThinLabels) ThinOutLabels();
     PlaceLabels();
+    MeasureReach();
+    if (FThinLabels) ThinOutLabels();
     PlaceCaptionLabel();
 }
 
@@ -66,7 +65,8 @@ void TKxAxis::MeasureLabels() {
 void TKxAxis::ThinOutLabels() {
     std::vector<TKxLabelExtent> extents;
     for (std::size_t i = 0; i < FTicks.Labels.size(); ++i)
-        extents.push_back({FTicks.Labels[i].Position, IsHorizontal() ? FLabelRecs[i].Width : FMaxLabelHeight});
+        extents.push_back(
+            {FTicks.Labels[i].Position, IsHorizontal() ? FLabelRecs[i].Width : FMaxLabelHeight});
     const int anchor = AnchorLabel(FTicks.Labels);
     const int stride = LabelStride(extents, IsHorizontal() ? FMaxLabelHeight / 2 : 1, anchor);
     std::vector<TKxTickLabel> labels;
@@ -79,6 +79,21 @@ void TKxAxis::ThinOutLabels() {
     }
     FTicks.Labels = std::move(labels);
     FLabelRecs = std::move(recs);
+    PlaceLabels();
+}
+
+// Before labels are thinned out: otherwise the length of the axis, the labels left and the margins that they
+// need could follow one another without end.
+void TKxAxis::MeasureReach() {
+    FStartReach = FStopReach = 0;
+    for (const auto& rec : FLabelRecs) {
+        const int from = IsHorizontal() ? rec.X : rec.Y;
+        const int to = from + (IsHorizontal() ? rec.Width : FMaxLabelHeight);
+        const int begin = IsHorizontal() ? FAxisOrigin.X : FAxisOrigin.Y;
+        const int before = begin - from + 1, behind = to - (begin + GetAxisLength());
+        FStartReach = std::max(FStartReach, IsHorizontal() ? before : behind);
+        FStopReach = std::max(FStopReach, IsHorizontal() ? behind : before);
+    }
 }
 
 int TKxAxis::LabelExtentAcross() const { return IsHorizontal() ? FMaxLabelHeight : FMaxLabelWidth; }
@@ -139,14 +154,8 @@ TKxLayoutAxis TKxAxis::GetLayoutAxis() const {
     thickness.ExponentGap = FExponentScalingsGap;
     thickness.Factored = FShowScaleLabels && FEnds.UseScaleExponent;
     axis.Thickness = thickness.Total() + FValuesTicksGap;
-    for (const auto& rec : FLabelRecs) {
-        const int from = IsHorizontal() ? rec.X : rec.Y;
-        const int to = from + (IsHorizontal() ? rec.Width : FMaxLabelHeight);
-        const int begin = IsHorizontal() ? FAxisOrigin.X : FAxisOrigin.Y;
-        const int before = begin - from + 1, behind = to - (begin + GetAxisLength());
-        axis.StartReach = std::max(axis.StartReach, IsHorizontal() ? before : behind);
-        axis.StopReach = std::max(axis.StopReach, IsHorizontal() ? behind : before);
-    }
+    axis.StartReach = FStartReach;
+    axis.StopReach = FStopReach;
     return axis;
 }
 
@@ -170,8 +179,8 @@ void TKxAxis::PlaceCaptionLabel() {
     const int x0 = GetLeft() + FAxisOrigin.X, y0 = GetTop() + FAxisOrigin.Y;
     const bool inwards = OutwardSign() < 0;
     if (IsHorizontal())
-        FCaptionLabel->SetBounds(x0 + (GetAxisLength() - w) / 2, inwards ? y0 - distance - h + 1 : y0 + distance,
-                                 w, h);
+        FCaptionLabel->SetBounds(x0 + (GetAxisLength() - w) / 2,
+                                 inwards ? y0 - distance - h + 1 : y0 + distance, w, h);
     else
         FCaptionLabel->SetBounds(inwards ? x0 - distance - w + 1 : x0 + distance,
                                  y0 + (GetAxisLength() - h) / 2, w, h);

@@ -76,14 +76,14 @@ const TPropertyTable& TKxAxis::Properties() {
                 HasOwnTicks),
             Published<&TKxAxis::GetMajorTickPart, &TKxAxis::SetMajorTickPart>(
                 "MajorTickPart", std::monostate{}, "step of major ticks, same unit", HasOwnTicks),
-            Published<&TKxAxis::GetLabelPart, &TKxAxis::SetLabelPart>("LabelPart", std::monostate{},
-                                                                      "step of labels, same unit", HasOwnTicks),
+            Published<&TKxAxis::GetLabelPart, &TKxAxis::SetLabelPart>(
+                "LabelPart", std::monostate{}, "step of labels, same unit", HasOwnTicks),
             Published<&TKxAxis::GetMaxExpForScaleExp, &TKxAxis::SetMaxExpForScale>(
                 "MaxExpForScaleExp", 3, "above this decimal exponent labels are factored"),
             Published<&TKxAxis::GetMinExpForScaleExp, &TKxAxis::SetMinExpForScale>(
                 "MinExpForScaleExp", -2, "below this decimal exponent labels are factored"),
-            Published<&TKxAxis::GetIsSlaveAxis, &TKxAxis::SetIsSlave>("IsSlaveAxis", false,
-                                                                      "copies ends and scaling of MasterAxis"),
+            Published<&TKxAxis::GetIsSlaveAxis, &TKxAxis::SetIsSlave>(
+                "IsSlaveAxis", false, "copies ends and scaling of MasterAxis"),
             Published<&TKxAxis::GetMasterAxis, &TKxAxis::SetMasterAxis>("MasterAxis", nullptr,
                                                                         "the axis followed by a slave"),
             Published<&TKxAxis::GetShowCaption, &TKxAxis::SetShowCaption>("ShowCaption", false,

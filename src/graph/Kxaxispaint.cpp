@@ -40,8 +40,10 @@ void TKxAxis::DrawAxisLine() {
     canvas.Pen.SetColor(FAxisColor);
     canvas.Pen.SetWidth(FAxisThicknes);
     const auto [x0, y0] = FAxisOrigin;
-    if (IsHorizontal()) DrawLine(x0, y0, x0 + GetAxisLength() + 1, y0, canvas);
-    else DrawLine(x0, y0, x0, y0 + GetAxisLength() + 1, canvas);
+    if (IsHorizontal())
+        DrawLine(x0, y0, x0 + GetAxisLength() + 1, y0, canvas);
+    else
+        DrawLine(x0, y0, x0, y0 + GetAxisLength() + 1, canvas);
 }
 
 void TKxAxis::Paint() {

@@ -2,6 +2,7 @@
 
 #include "platform/application.h"
 #include "platform/frame.h"
+#include "platform/scopedvalue.h"
 
 #include <algorithm>
 
@@ -29,7 +30,12 @@ TKx2DGraph::TKx2DGraph(TComponent* Owner)
     TKx2DGraph::SetBounds(0, 0, 600, 400);
 }
 
-TKx2DGraph::~TKx2DGraph() { FTitleFont.OnChange = nullptr; }
+TKx2DGraph::~TKx2DGraph() {
+    FTitleFont.OnChange = nullptr;
+    // While the rest is still there: both report to the graph as they leave.
+    FTitleLabel.reset();
+    FWorld.reset();
+}
 
 void TKx2DGraph::SetPrimaryXAxis(TKxAxis* Axis) {
     if (Axis == FPrimaryXAxis) return;
@@ -204,14 +210,8 @@ void TKx2DGraph::ZoomTo(const TRect& Rect) {
 }
 
 void TKx2DGraph::PaintTo(TCanvasDevice& Device) {
-    FWhiteBackground = true;
-    try {
-        PaintFrame(*this, Device);
-    } catch (...) {
-        FWhiteBackground = false;
-        throw;
-    }
-    FWhiteBackground = false;
+    const TScopedValue white(FWhiteBackground, true);
+    PaintFrame(*this, Device);
 }
 
 void TKx2DGraph::PaintToMetafile() {

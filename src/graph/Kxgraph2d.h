@@ -9,6 +9,7 @@
 #include "series/Kxdraw.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,11 +34,14 @@ public:
     TColor GetDataColor() const { return FDataColor; }
     void SetDataColor(TColor Color);
     bool GetAutoZoom() const { return FAutoZoom; }
-    void SetAutoZoom(bool AutoZoom) { FAutoZoom = AutoZoom; }
+    /// Switching it off ends a drag.
+    void SetAutoZoom(bool AutoZoom);
     bool IsDragging() const { return FDragging; }
     /// Pixels between the drawing world's corner and the axes' position 0.
     int GetXOrigin() const { return FXOrigin; }
     int GetYOrigin() const { return FYOrigin; }
+    /// Asks for a frame of the whole graph: symbols and bars reach over the border.
+    void Invalidate() override;
 
 protected:
     void Paint() override;
@@ -99,7 +103,8 @@ public:
 
     // Updating.
     void BeginUpdate() override { ++FUpdateCount; }
-    /// Asks for a frame when the last bracket closes and something was modified. Unbalanced calls are ignored.
+    /// Asks for a frame when the last bracket closes and something was modified. Unbalanced calls are
+    /// ignored.
     void EndUpdate() override;
     bool NotUpdating() const override { return FUpdateCount == 0; }
     /// Everything must be calculated anew before the next frame.
@@ -168,7 +173,7 @@ private:
     void UpdateTitle();
     void PrepareAxes(const std::vector<TKxAxis*>& Axes);
     bool PlaceAxes(const std::vector<TKxAxis*>& Axes);
-    double CrossingOf(const TKxAxis& Axis) const;
+    std::optional<TKxAxisMap> CrossedBy(const TKxAxis& Axis) const;
     void UpdateEndTicks(const std::vector<TKxAxis*>& Axes);
     void TitleFontChanged();
 

@@ -33,14 +33,14 @@ void TKx2DGraph::PrepareAxes(const std::vector<TKxAxis*>& Axes) {
     }
 }
 
-// With ZeroOrigin a primary axis stands where the other one is zero. -1: at its edge.
-double TKx2DGraph::CrossingOf(const TKxAxis& Axis) const {
-    if (!FZeroOrigin || !FPrimaryXAxis || !FPrimaryYAxis) return -1;
+// With ZeroOrigin a primary axis stands where the other one is zero.
+std::optional<TKxAxisMap> TKx2DGraph::CrossedBy(const TKxAxis& Axis) const {
+    if (!FZeroOrigin || !FPrimaryXAxis || !FPrimaryYAxis) return {};
     const bool primary = &Axis == FPrimaryXAxis || &Axis == FPrimaryYAxis;
     const TKxAxis& other = &Axis == FPrimaryXAxis ? *FPrimaryYAxis : *FPrimaryXAxis;
-    if (!primary || other.GetScaling() != AxNormal || !(other.GetStart() < 0 && other.GetStop() > 0)) return -1;
-    const double fraction = other.GetStart() / (other.GetStart() - other.GetStop());
-    return other.GetTwisted() ? 1 - fraction : fraction;
+    const bool throughZero = other.GetScaling() == AxNormal && other.GetStart() < 0 && other.GetStop() > 0;
+    if (!primary || !throughZero || other.IsHorizontal() == Axis.IsHorizontal()) return {};
+    return other.GetMap();
 }
 
 bool TKx2DGraph::PlaceAxes(const std::vector<TKxAxis*>& Axes) {
@@ -53,7 +53,7 @@ bool TKx2DGraph::PlaceAxes(const std::vector<TKxAxis*>& Axes) {
         if (!axis->GetVisible()) continue;
         placed.push_back(axis);
         input.Axes.push_back(axis->GetLayoutAxis());
-        input.Axes.back().Crossing = CrossingOf(*axis);
+        input.Axes.back().Crossed = CrossedBy(*axis);
     }
     const TKxLayout layout = LayOutGraph(input);
 
@@ -104,7 +104,12 @@ void TKx2DGraph::UpdateEndTicks(const std::vector<TKxAxis*>& Axes) {
     };
     for (TKxAxis* axis : Axes) {
         const bool inward = axis->GetMajorTickLength() < 0 || axis->GetTickLength() < 0;
-        axis->SetEndTicks(!(inward && adjoins(*axis, true)), !(inward && adjoins(*axis, false)));
+        const auto& ticks = axis->GetTickPositions();
+        const int last = axis->GetTickCount() - 1;
+        const bool atFirst = last >= 0 && ticks[0] == 0,
+                   atLast = last >= 0 && ticks[last] == axis->GetAxisLength();
+        axis->SetEndTicks(!(inward && atFirst && adjoins(*axis, true)),
+                          !(inward && atLast && adjoins(*axis, false)));
     }
 }
 

@@ -66,6 +66,8 @@ const TPropertyTable& TKx2DGraph::Properties() {
                                                                 "axis at the bottom, which the grid follows"),
             Published<&T::GetPrimaryYAxis, &T::SetPrimaryYAxis>("PrimaryYAxis", nullptr,
                                                                 "axis at the left, which the grid follows"),
+            Published<&T::GetParentColor, &T::SetParentColor>("ParentColor", false,
+                                                              "Whether the colour follows the parent's"),
             PublishedColor<&T::GetDataColor, &T::SetDataColor>("DataColor", std::monostate{},
                                                                "ground of the drawing world"),
             PublishedObject<&T::GetFrameLine>("FrameLine", "line round the graph"),

@@ -43,8 +43,10 @@ void TKx2DGraph::PaintGridLines(const TKxAxis& Axis, const TKxLineStyle& Style, 
     for (int i = run.First; i <= run.Last; ++i) {
         if (Axis.GetTickIsMajor()[i] != Major) continue;
         const int p = Axis.GetTickPositions()[i];
-        if (Axis.IsHorizontal()) DrawLine(p, 0, p, FWorld->GetHeight(), canvas);
-        else DrawLine(0, Axis.GetAxisLength() - p, FWorld->GetWidth(), Axis.GetAxisLength() - p, canvas);
+        if (Axis.IsHorizontal())
+            DrawLine(p, 0, p, FWorld->GetHeight(), canvas);
+        else
+            DrawLine(0, Axis.GetAxisLength() - p, FWorld->GetWidth(), Axis.GetAxisLength() - p, canvas);
     }
 }
 

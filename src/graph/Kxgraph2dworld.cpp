@@ -27,6 +27,17 @@ void TKxDrawingWorld::SetDataColor(TColor Color) {
     FGraph->Invalidate();
 }
 
+void TKxDrawingWorld::SetAutoZoom(bool AutoZoom) {
+    FAutoZoom = AutoZoom;
+    if (AutoZoom || !FDragging) return;
+    FDragging = false;
+    Invalidate();
+}
+
+void TKxDrawingWorld::Invalidate() {
+    if (GetParent()) GetParent()->Invalidate();
+}
+
 void TKxDrawingWorld::ReorderSeriesList() {
     std::vector<TKxGraphSeries*> sorted(FSeriesList.begin(), FSeriesList.end());
     std::stable_sort(sorted.begin(), sorted.end(), [](const TKxGraphSeries* A, const TKxGraphSeries* B) {

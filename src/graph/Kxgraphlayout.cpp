@@ -17,7 +17,7 @@ int TKxAxisThickness::Total() const {
 namespace {
 
 bool IsHorizontal(TKxAxisPos Position) { return Position == AxBottomPos || Position == AxTopPos; }
-bool Crosses(const TKxLayoutAxis& Axis) { return Axis.Crossing >= 0; }
+bool Crosses(const TKxLayoutAxis& Axis) { return Axis.Crossed.has_value(); }
 
 /// The space between graph edge and drawing world at each side.
 struct TMargins {
@@ -43,7 +43,10 @@ int StackThickness(const TKxLayoutInput& Input, TKxAxisPos Side) {
 /// The margin that a crossing axis needs at its edge: the part of its thickness that zero, a fraction of the
 /// world away from that edge, leaves outside. Span is the graph's extent less the margin at the other side.
 int CrossingMargin(const TKxLayoutAxis& Axis, int Span) {
-    const double f = std::clamp(Axis.Crossing, 0.0, 0.99);
+    const TKxAxisMap& map = *Axis.Crossed;
+    const double fromStart = map.Start / (map.Start - map.Stop);
+    const bool startsAtEdge = IsHorizontal(Axis.Position) != map.Forward; // pixels count from the top
+    const double f = std::clamp(startsAtEdge ? fromStart : 1 - fromStart, 0.0, 0.99);
     return static_cast<int>(std::ceil(std::max(0.0, (Axis.Thickness - f * Span) / (1 - f))));
 }
 
@@ -83,7 +86,7 @@ TRect WorldOf(const TKxLayoutInput& Input, const TMargins& M) {
 /// Bounds of a stacked axis whose line stands at Line (y of a horizontal axis, x of a vertical one).
 TRect StackedBounds(const TKxLayoutInput& Input, const TKxLayoutAxis& Axis, int Line) {
     const int half = Axis.LineThickness / 2;
-    const int w = Input.Graph.Width, h = Input.Graph.Height, t = std::max(1, Axis.Thickness);
+    const int w = Input.Graph.Width, h = Input.Graph.Height, t = std::max(1, Axis.Thickness - Axis.Gap);
     switch (Axis.Position) {
     case AxTopPos: return TRect::Bounds(0, Line + 1 + half - t, w, t);
     case AxLeftPos: return TRect::Bounds(Line + 1 + half - t, 0, t, h);
@@ -95,10 +98,15 @@ TRect StackedBounds(const TKxLayoutInput& Input, const TKxLayoutAxis& Axis, int 
 /// The line of the axis that stands so many pixels outside the world's edge, or at the crossing.
 int LineOf(const TKxLayoutAxis& Axis, const TRect& World, int Outside) {
     const int out = Outside + Axis.Gap;
-    const int lengthX = World.Width() - 1, lengthY = World.Height() - 1;
     if (Crosses(Axis)) {
-        return IsHorizontal(Axis.Position) ? World.Bottom - 1 - RoundToInt(Axis.Crossing * lengthY)
-                                           : World.Left + RoundToInt(Axis.Crossing * lengthX);
+        // By the map itself: the line stands where the other axis has its tick at zero, to the pixel.
+        const bool horizontal = IsHorizontal(Axis.Position);
+        const int length = (horizontal ? World.Height() : World.Width()) - 1;
+        const auto& map = *Axis.Crossed;
+        const int zero =
+            TKxAxisMap::Make(map.Scaling, map.Start, map.Stop, length, AxHorizontal, !map.Forward)
+                .RealToIntPosition(0);
+        return (horizontal ? World.Top : World.Left) + zero;
     }
     switch (Axis.Position) {
     case AxTopPos: return World.Top - out;
@@ -108,10 +116,11 @@ int LineOf(const TKxLayoutAxis& Axis, const TRect& World, int Outside) {
     }
 }
 
-TKxLayoutPlace PlaceOf(const TKxLayoutInput& Input, const TKxLayoutAxis& Axis, const TRect& World, int Outside) {
+TKxLayoutPlace PlaceOf(const TKxLayoutInput& Input, const TKxLayoutAxis& Axis, const TRect& World,
+                       int Outside) {
     TKxLayoutPlace place;
-    const bool horizontal = Axis.Position == AxFreeFloating ? Axis.Orientation == AxHorizontal
-                                                            : IsHorizontal(Axis.Position);
+    const bool horizontal =
+        Axis.Position == AxFreeFloating ? Axis.Orientation == AxHorizontal : IsHorizontal(Axis.Position);
     place.AxisLength = (horizontal ? World.Width() : World.Height()) - 1;
     int line = LineOf(Axis, World, Outside);
     if (Axis.Fixed) {

@@ -5,6 +5,7 @@
 #include "graph/Kxscale.h"
 #include "platform/geometry.h"
 
+#include <optional>
 #include <vector>
 
 namespace kx {
@@ -13,30 +14,30 @@ namespace kx {
 struct TKxLayoutAxis {
     TKxAxisPos Position = AxLeftPos;
     TKxAxisOrientation Orientation = AxVertical; ///< asked of a free floating axis only
-    int Thickness = 0;     ///< across the axis: ticks, gaps, labels and caption
+    int Thickness = 0;                           ///< across the axis: ticks, gaps, labels and caption
     int Gap = 0;           ///< between the drawing world's edge and the axis line, part of Thickness
     int LineThickness = 0; ///< pen width of the axis line; half of it lies on the other side of the line
     int StartReach = 0;    ///< how far the labels reach over the axis start, along the axis
     int StopReach = 0;     ///< the same at the other end
     bool Fixed = false;    ///< keeps its Bounds (no automatic size, or free floating)
     TRect Bounds;          ///< of a fixed axis
-    /// A primary axis that is drawn through the zero of the other one: the place of that zero as a fraction of
-    /// the drawing world, from its left or its bottom; negative for an axis that stands at its edge.
-    double Crossing = -1;
+    /// A primary axis that is drawn through the zero of the other one: the map of that other axis, whatever
+    /// its length. None for an axis that stands at its edge.
+    std::optional<TKxAxisMap> Crossed;
 };
 
 struct TKxLayoutInput {
     TSize Graph;
-    int TitleHeight = 0;              ///< 0 without title
-    TRect Reserved;                   ///< pixels that neighbours take at each of the four sides
-    int MinimalMargin = 0;            ///< kept at each side whatever else is there
-    std::vector<TKxLayoutAxis> Axes;  ///< the first of a side stands next to the drawing world
+    int TitleHeight = 0;             ///< 0 without title
+    TRect Reserved;                  ///< pixels that neighbours take at each of the four sides
+    int MinimalMargin = 0;           ///< kept at each side whatever else is there
+    std::vector<TKxLayoutAxis> Axes; ///< the first of a side stands next to the drawing world
 };
 
 /// The place of an axis and of its line inside it.
 struct TKxLayoutPlace {
-    TRect Bounds;     ///< of the control
-    TPoint Origin;    ///< inside the control: left end of a horizontal axis line, upper end of a vertical one
+    TRect Bounds;  ///< of the control
+    TPoint Origin; ///< inside the control: left end of a horizontal axis line, upper end of a vertical one
     int AxisLength = 0;
 };
 
@@ -51,8 +52,8 @@ struct TKxLayout {
 /// never smaller than 2 x 2 pixels.
 TKxLayout LayOutGraph(const TKxLayoutInput& Input);
 
-/// The thickness of an axis of labels LabelExtent across (0 without labels); ExponentGap counts when a factored
-/// exponent shows, CaptionGap when CaptionExtent is not 0.
+/// The thickness of an axis of labels LabelExtent across (0 without labels); ExponentGap counts when a
+/// factored exponent shows, CaptionGap when CaptionExtent is not 0.
 struct TKxAxisThickness {
     int MajorTickLength = 0;
     int BorderGap = 0;

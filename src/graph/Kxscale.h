@@ -89,6 +89,7 @@ struct TKxScaleInput {
     double LabelPart = 0.5;
     int MaxExpForScaleExp = 3;
     int MinExpForScaleExp = -2;
+    friend bool operator==(const TKxScaleInput&, const TKxScaleInput&) = default;
 };
 
 /// Round ends and what follows from them.

@@ -61,7 +61,8 @@ void TKxIniLines::DeleteAt(int Index) {
 
 TKxIniLines::TPlace TKxIniLines::Insert(TPlace Before, std::string Text) {
     const bool atEnd = Before == end();
-    const TPlace place = FLines.insert(Before, TLine{std::move(Text), NumberBefore(Before)});
+    const auto number = NumberBefore(Before);
+    const TPlace place = FLines.insert(Before, TLine{std::move(Text), number});
     Enter(place);
     if (!atEnd)
         FPositionsHold = false;
@@ -92,7 +93,7 @@ void TKxIniLines::Clear() {
 
 TKxIniLines::TPlace TKxIniLines::FindHeader(std::string_view Section) const {
     const auto found = FIndex.find("[" + UpperCase(Section) + "]");
-    return found == FIndex.end() ? end() : *found->second.begin();
+    return found == FIndex.end() ? end() : found->second.begin()->second;
 }
 
 TKxIniLines::TPlace TKxIniLines::NextBracket(TPlace After) const { return NextOfKind(CBracketLines, After); }
@@ -106,9 +107,8 @@ TKxIniLines::TPlace TKxIniLines::FindKey(TPlace After, TPlace Last, std::string_
     const std::string start = std::string(Ident) + "=";
     const TSameKind& lines = found->second;
     for (auto i = lines.upper_bound(After->Number); i != lines.end(); ++i) {
-        const TPlace place = *i;
-        if (Last != end() && place->Number > Last->Number) break;
-        if (StartsWithText(place->Text, start)) return place;
+        if (Last != end() && i->first > Last->Number) break;
+        if (StartsWithText(i->second->Text, start)) return i->second;
     }
     return end();
 }
@@ -117,7 +117,7 @@ TKxIniLines::TPlace TKxIniLines::NextOfKind(const std::string& Kind, TPlace Afte
     const auto found = FIndex.find(Kind);
     if (found == FIndex.end()) return end();
     const auto next = found->second.upper_bound(After->Number);
-    return next == found->second.end() ? end() : *next;
+    return next == found->second.end() ? end() : next->second;
 }
 
 std::uint64_t TKxIniLines::NumberBefore(TPlace Before) {
@@ -131,21 +131,25 @@ std::uint64_t TKxIniLines::NumberBefore(TPlace Before) {
 }
 
 void TKxIniLines::Renumber() {
+    FIndex.clear();
     std::uint64_t number = 0;
-    for (TLine& line : FLines) line.Number = number += CAppendStep;
+    for (auto line = FLines.begin(); line != FLines.end(); ++line) {
+        line->Number = number += CAppendStep;
+        Enter(line);
+    }
 }
 
 void TKxIniLines::Enter(TPlace Place) {
     ForEachKind(Place->Text, [&](const std::string& Kind) {
         TSameKind& lines = FIndex[Kind];
-        lines.insert(lines.end(), Place); // the end is a hint only
+        lines.emplace_hint(lines.end(), Place->Number, Place);
     });
 }
 
 void TKxIniLines::Leave(TPlace Place) {
     ForEachKind(Place->Text, [&](const std::string& Kind) {
         const auto found = FIndex.find(Kind);
-        found->second.erase(Place);
+        found->second.erase(Place->Number);
         if (found->second.empty()) FIndex.erase(found);
     });
 }

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 #include <list>
-#include <set>
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -63,12 +63,7 @@ public:
     TPlace FindKey(TPlace After, TPlace Last, std::string_view Ident) const;
 
 private:
-    struct TInOrder {
-        using is_transparent = void;
-        bool operator()(TPlace A, TPlace B) const { return A->Number < B->Number; }
-        bool operator()(std::uint64_t A, TPlace B) const { return A < B->Number; }
-    };
-    using TSameKind = std::set<TPlace, TInOrder>;
+    using TSameKind = std::map<std::uint64_t, TPlace>; // by number
 
     TPlace NextOfKind(const std::string& Kind, TPlace After) const;
     std::uint64_t NumberBefore(TPlace Before);

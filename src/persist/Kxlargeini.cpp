@@ -2,10 +2,10 @@
 
 #include "numeric/Kxstrings.h"
 #include "platform/application.h"
-#include "platform/exceptions.h"
 #include "platform/files.h"
 
 #include <algorithm>
+#include <exception>
 #include <iterator>
 
 namespace kx {
@@ -118,7 +118,7 @@ TKxLargeIniFile::TKxLargeIniFile(std::string FileName) : FFileName(std::move(Fil
     if (!FileExists(FFileName)) return;
     try {
         LoadFromFile(FFileName);
-    } catch (const Exception&) {
+    } catch (const std::exception&) {
         // A settings file that cannot be read must not keep the program from starting.
     }
 }

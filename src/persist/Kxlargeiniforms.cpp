@@ -66,11 +66,11 @@ void TKxIniList::WriteComponentRef(std::string_view Section, std::string_view Id
 
 TComponent* TKxIniList::FindComponentRef(std::string_view Section, std::string_view Ident) const {
     const std::string path = ReadString(Section, Ident, "");
-    TComponent* component = path.empty() ? nullptr : &TApplication::Instance();
-    for (std::string_view rest = path; component && !rest.empty();) {
-        const auto point = rest.find('.');
-        component = component->FindComponent(rest.substr(0, point));
-        rest.remove_prefix(point == rest.npos ? rest.size() : point + 1);
+    if (path.empty()) return nullptr;
+    TComponent* component = &TApplication::Instance();
+    for (std::size_t start = 0, point = 0; component && point != path.npos; start = point + 1) {
+        point = path.find('.', start);
+        component = component->FindComponent(std::string_view(path).substr(start, point - start));
     }
     return component;
 }

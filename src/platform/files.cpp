@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -97,8 +98,9 @@ TFile Opened(const std::string& File, const char* Mode, const std::string& Name)
     return file;
 }
 
-std::string ReadAll(std::FILE* File, const std::string& FileName) {
+std::string ReadAll(std::FILE* File, const std::string& FileName, std::uintmax_t ExpectedSize = 0) {
     std::string contents;
+    contents.reserve(static_cast<std::size_t>(ExpectedSize));
     std::array<char, 65536> buffer;
     while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), File))
         contents.append(buffer.data(), count);
@@ -171,7 +173,10 @@ void Rename(TTemporaryFile& Temporary, const std::string& FileName) {
 std::string ReadFile(const std::string& FileName) {
     if (FileName == "-") return ReadAll(stdin, "standard input");
     RefuseDirectory(FileName);
-    return ReadAll(Opened(FileName, "rb", FileName).get(), FileName);
+    const TFile file = Opened(FileName, "rb", FileName);
+    std::error_code unknown;
+    const std::uintmax_t size = fs::is_regular_file(FileName, unknown) ? fs::file_size(FileName, unknown) : 0;
+    return ReadAll(file.get(), FileName, unknown ? 0 : size);
 }
 
 std::string TemporaryNameFor(const std::string& FileName) {

@@ -65,9 +65,11 @@ void PaintTree(TWinControl& Root, TCanvasDevice& Device, const TRect& Dirty) {
         canvas.Font.Assign(Control.GetFont());
         canvas.Brush.SetColor(Control.GetColor());
         canvas.SetOrigin(Origin);
-        canvas.SetBaseClip(visible);
-        Guarded([&] { Control.PaintOn(canvas); });
+        canvas.SetClip(size.Intersected(Shifted(Clip, {-Origin.X, -Origin.Y})));
         const auto* container = dynamic_cast<const TWinControl*>(&Control);
+        // A graphic control is a part of its parent's surface and may lift its clip up to that.
+        canvas.SetBaseClip(container ? visible : Clip);
+        Guarded([&] { Control.PaintOn(canvas); });
         for (int i = 0; container && i < container->GetControlCount(); ++i) {
             TControl& child = *container->GetControl(i);
             if (child.GetVisible())

@@ -32,7 +32,7 @@ TDecimal Decompose(double Magnitude, int Precision) {
     TDecimal decimal;
     std::remove_copy(text.data(), const_cast<char*>(exponent), std::back_inserter(decimal.Digits), '.');
     std::from_chars(exponent + (exponent[1] == '+' ? 2 : 1), end, decimal.Exponent);
-    if (Magnitude != 0) ++decimal.Exponent;
+    ++decimal.Exponent;
     return decimal;
 }
 
@@ -53,7 +53,7 @@ std::string PositionalText(const TDecimal& Decimal, int Decimals) {
         digits.insert(0, static_cast<std::size_t>(1 - point), '0');
         point = 1;
     }
-    digits.resize(static_cast<std::size_t>(point + Decimals), '0');
+    digits.resize(static_cast<std::size_t>(point) + static_cast<std::size_t>(Decimals), '0');
     if (Decimals > 0) digits.insert(static_cast<std::size_t>(point), 1, DecimalSeparator);
     return digits;
 }

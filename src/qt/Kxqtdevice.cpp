@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cmath>
+#include <numbers>
 
 namespace kx::qt {
 
@@ -20,6 +21,12 @@ constexpr double CSafeMargin = 4096;
 // little less than half a pixel, so that left and upper edges through centres count and right and lower ones
 // do not.
 constexpr double CNudge = 1.0 / 64;
+
+// The painter's time for one path grows faster than the path.
+constexpr std::size_t CPieceSize = 32;
+
+double Distance(const QPointF& A, const QPointF& B) { return std::hypot(B.x() - A.x(), B.y() - A.y()); }
+QPointF Direction(double Angle) { return {std::cos(Angle), std::sin(Angle)}; }
 
 bool IsVisible(const TStroke& Stroke) { return Stroke.Style != psClear; }
 bool IsVisible(const TFill& Fill) { return Fill.Style != bsClear; }
@@ -137,9 +144,12 @@ void TPainterDevice::SetClip(const std::optional<TRect>& Clip) {
     FWindow = {int(rect.left()), int(rect.top()), int(rect.right()), int(rect.bottom())};
 }
 
+// Antialiased wide lines are always reduced: painted over each other, the rims of lines that coincide would
+// add up to jagged ones.
 bool TPainterDevice::IsReduced(std::span<const TPoint> Points, const TStroke& Stroke) const {
-    return FReduction && Points.size() >= std::size_t(CReductionThreshold) && Stroke.Mode == pmCopy &&
-           DashesOf(Stroke.Style).empty();
+    const bool smooth = FRaster && FAntialias && !IsThin(Stroke);
+    return (FReduction || smooth) && Points.size() >= std::size_t(CReductionThreshold) &&
+           Stroke.Mode == pmCopy && DashesOf(Stroke.Style).empty();
 }
 
 std::span<const TPoint> TPainterDevice::Reduced(std::span<const TPoint> Points, const TStroke& Stroke) {
@@ -209,7 +219,7 @@ void TPainterDevice::PaintWide(std::span<const TPoint> Points, const TStroke& St
     for (const TPoint p : Points) FCurve.push_back(DevicePoint(p.X, p.Y));
     const QPen pen = PenOf(Stroke, Join);
     FPainter.setBrush(Qt::NoBrush);
-    if (Closed && AllInside(FCurve, SafeArea())) {
+    if (Closed && Points.size() < std::size_t(CReductionThreshold) && AllInside(FCurve, SafeArea())) {
         FPainter.setPen(pen);
         FPainter.drawPolygon(FCurve.data(), int(FCurve.size()));
         return;
@@ -218,7 +228,14 @@ void TPainterDevice::PaintWide(std::span<const TPoint> Points, const TStroke& St
         FCurve.push_back(FCurve.front());
     else if (Stroke.Width < 2)
         TrimEnds();
-    PaintPieces(pen);
+    ForPiecesInside(FCurve, SafeArea(), FSpare, [&](std::span<const QPointF> Piece, double LengthBefore) {
+        if (!FRaster || Stroke.Mode == pmXor)
+            PaintDashed(Piece, pen, LengthBefore, Piece.size());
+        else if (pen.style() == Qt::CustomDashLine || FAntialias)
+            PaintDashed(Piece, pen, LengthBefore, CPieceSize);
+        else
+            PaintSolid(Piece, pen, Closed || Stroke.Width > 1);
+    });
 }
 
 /// Moves both ends half a pixel against the line's direction, so that the line begins with the whole of its
@@ -237,13 +254,43 @@ void TPainterDevice::TrimEnds() {
     FCurve.back() -= end;
 }
 
-void TPainterDevice::PaintPieces(const QPen& Pen) {
-    ForPiecesInside(FCurve, SafeArea(), FSpare, [&](std::span<const QPointF> Piece, double LengthBefore) {
-        QPen pen = Pen;
-        if (pen.style() == Qt::CustomDashLine) pen.setDashOffset(LengthBefore / pen.widthF());
-        FPainter.setPen(pen);
-        FPainter.drawPolyline(Piece.data(), int(Piece.size()));
-    });
+/// Paints a line as the painter does, some segments at a time; each joint is inside one of the pieces.
+void TPainterDevice::PaintDashed(std::span<const QPointF> Line, QPen Pen, double LengthBefore,
+                                 std::size_t PieceSize) {
+    const bool dashed = Pen.style() == Qt::CustomDashLine;
+    for (std::size_t begin = 0; begin + 1 < Line.size();) {
+        const auto piece = Line.subspan(begin, std::min(PieceSize, Line.size() - begin));
+        if (dashed) Pen.setDashOffset(LengthBefore / Pen.widthF());
+        FPainter.setPen(Pen);
+        FPainter.drawPolyline(piece.data(), int(piece.size()));
+        const bool last = begin + piece.size() == Line.size();
+        const auto step = piece.size() - (dashed || last ? 1 : 2);
+        for (std::size_t i = 1; i <= step; ++i) LengthBefore += Distance(piece[i - 1], piece[i]);
+        begin += step;
+    }
+}
+
+/// Paints a line as bars with discs at the joints: the same pixels however many of them there are, in a time
+/// that grows with their number only. (The painter takes a line that crosses itself in much longer.)
+void TPainterDevice::PaintSolid(std::span<const QPointF> Line, const QPen& Pen, bool RoundEnds) {
+    const double radius = Pen.widthF() / 2;
+    std::array<QPointF, 32> disc;
+    for (std::size_t i = 0; i < disc.size(); ++i)
+        disc[i] = radius * Direction(2 * std::numbers::pi * double(i) / disc.size());
+    FPainter.setPen(Qt::NoPen);
+    FPainter.setBrush(Pen.color());
+    for (std::size_t i = 0; i < Line.size(); ++i) {
+        if (RoundEnds || (i > 0 && i + 1 < Line.size())) {
+            std::array<QPointF, disc.size()> placed;
+            std::ranges::transform(disc, placed.begin(), [&](const QPointF& P) { return P + Line[i]; });
+            FPainter.drawConvexPolygon(placed.data(), int(placed.size()));
+        }
+        if (i == 0 || Line[i] == Line[i - 1]) continue;
+        const QPointF way = Line[i] - Line[i - 1],
+                      aside = QPointF(-way.y(), way.x()) * (radius / Distance({}, way));
+        const std::array bar{Line[i - 1] + aside, Line[i] + aside, Line[i] - aside, Line[i - 1] - aside};
+        FPainter.drawConvexPolygon(bar.data(), int(bar.size()));
+    }
 }
 
 void TPainterDevice::PaintArea(std::span<const TPoint> Points, const TFill& Fill, bool Antialias) {

@@ -52,7 +52,8 @@ private:
     std::span<const TPoint> Reduced(std::span<const TPoint> Points, const TStroke& Stroke);
     void PaintThin(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed);
     void PaintWide(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed, Qt::PenJoinStyle Join);
-    void PaintPieces(const QPen& Pen);
+    void PaintDashed(std::span<const QPointF> Line, QPen Pen, double LengthBefore, std::size_t PieceSize);
+    void PaintSolid(std::span<const QPointF> Line, const QPen& Pen, bool RoundEnds);
     void PaintArea(std::span<const TPoint> Points, const TFill& Fill, bool Antialias);
     void PaintShape(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill,
                     Qt::PenJoinStyle Join);

@@ -20,7 +20,7 @@ TKxSeries::~TKxSeries() {
     WithdrawRange(FYAxis, FYRange);
     if (FDrawingWorld) {
         FDrawingWorld->GetSeriesList().Remove(this);
-        FDrawingWorld->Invalidate();
+        FDrawingWorld->GetGraph().Modified(); // legends are told when this series is gone
     }
 }
 
@@ -35,10 +35,18 @@ void TKxSeries::Notification(TComponent* Component, TOperation Operation) {
         FYAxis = nullptr;
         FYRange.OnChanged = nullptr;
     }
-    if (Component == FXData) FXData = nullptr;
-    if (Component == FYData) FYData = nullptr;
-    if (Component == FWeight) FWeight = nullptr;
     if (Component == FDrawingWorld) FDrawingWorld = nullptr;
+    if (Component == FXData) {
+        FXData = nullptr;
+        WithdrawRange(FXAxis, FXRange);
+        InvalidateWorld();
+    }
+    if (Component == FYData) {
+        FYData = nullptr;
+        WithdrawRange(FYAxis, FYRange);
+        InvalidateWorld();
+    }
+    if (Component == FWeight) FWeight = nullptr;
     std::erase(FChildren, Component);
     FPointsDirty = true;
 }
@@ -56,7 +64,10 @@ void TKxSeries::WithdrawRange(TKxAxis* Axis, TRange& Range) {
 }
 
 void TKxSeries::EnterDrawingWorld(TKxDrawingWorld* World) {
-    if (FDrawingWorld) FDrawingWorld->GetSeriesList().Remove(this);
+    if (FDrawingWorld) {
+        FDrawingWorld->GetSeriesList().Remove(this);
+        FDrawingWorld->GetGraph().Modified();
+    }
     Refer(FDrawingWorld, World);
     if (World && !IsCalculated()) World->GetSeriesList().Add(this);
 }
@@ -68,8 +79,10 @@ void TKxSeries::SetXAxis(TKxAxis* Axis) {
     auto* graph = Axis ? dynamic_cast<TKx2DGraph*>(Axis->GetParent()) : nullptr;
     EnterDrawingWorld(graph ? &graph->GetDrawingWorld() : nullptr);
     FPointsDirty = true;
-    if (graph) graph->Modified();
-    else Modified();
+    if (graph)
+        graph->Modified();
+    else
+        Modified();
     EnterRange(Axis, FXRange, FXData);
 }
 
@@ -215,6 +228,7 @@ TKxLineSeries::TKxLineSeries(TComponent* Owner) : TKxNotCalculatedSeries(Owner) 
         if (!graph) continue;
         SetXAxis(graph->GetPrimaryXAxis());
         SetYAxis(graph->GetPrimaryYAxis());
+        if (!GetXAxis()) ReferToWorld(graph->GetDrawingWorld());
     }
 }
 

@@ -30,8 +30,8 @@ protected:
 /// its drawing world and owns none of them; it owns its styles, its extents, its screen points and its result
 /// store. Whatever it refers to may be destroyed first.
 ///
-/// Only live vectors (TKxLiveVector) widen an axis by themselves, and a vector has one listener of each method:
-/// of two series on one X vector the one bound last follows it (see Kxvector.h).
+/// Only live vectors (TKxLiveVector) widen an axis by themselves, and a vector has one listener of each
+/// method: of two series on one X vector the one bound last follows it (see Kxvector.h).
 class TKxSeries : public TKxGraphSeries {
 public:
     explicit TKxSeries(TComponent* Owner);
@@ -162,10 +162,14 @@ protected:
     int OriginX() const { return FDrawingWorld ? FDrawingWorld->GetXOrigin() : 0; }
     int OriginY() const { return FDrawingWorld ? FDrawingWorld->GetYOrigin() : 0; }
     /// Replaces a reference to a component that tells of its removal.
-    template <class T> void Refer(T*& Field, T* Value) {
+    template <class T>
+    void Refer(T*& Field, T* Value) {
         Field = Value;
         if (Value) Value->FreeNotification(this);
     }
+    /// The world to paint in as long as there is no X axis.
+    void ReferToWorld(TKxDrawingWorld& World) { Refer(FDrawingWorld, &World); }
+
     TKxPointVector FPoints;
     int FPointsCount = 0;
     int FXMinIndex = -1, FXMaxIndex = -1, FYMinIndex = -1, FYMaxIndex = -1;
@@ -181,7 +185,8 @@ private:
     void EnterRange(TKxAxis* Axis, TRange& Range, const TKxCustomRealVector* Data);
     static void WithdrawRange(TKxAxis* Axis, TRange& Range);
     void EnterDrawingWorld(TKxDrawingWorld* World);
-    void SetBound(TKxCustomRealVector*& Field, TKxCustomRealVector* Vector, const TKxValueIChangedEvent& Handler);
+    void SetBound(TKxCustomRealVector*& Field, TKxCustomRealVector* Vector,
+                  const TKxValueIChangedEvent& Handler);
     bool ExtentsAreStale() const;
     void StoreCaption(const AnsiString& Caption);
     void TestOrder();
@@ -254,7 +259,8 @@ protected:
     void DrawMarks(TCanvas& Canvas) override { DrawPoints(Canvas); }
     /// Sets brush and pen for symbols; Draw(i) is called for every point to mark. Unless both axes are zoomed
     /// the clip is lifted, so that symbols on the border are whole, and points beyond it are left out.
-    template <class F> void ForMarkedPoints(TCanvas& Canvas, F Draw);
+    template <class F>
+    void ForMarkedPoints(TCanvas& Canvas, F Draw);
 
     TKxPointStyle FPointStyle;
 };
@@ -282,6 +288,8 @@ public:
     double GetYPlusD(int Index) const { return ErrorAt(YPlus, Index); }
     double GetYMinusD(int Index) const { return ErrorAt(YMinus, Index); }
 
+    /// Bars come and go with the symbols, and with them their part in the extents.
+    void Modified() override;
     void DrawPoints(TCanvas& Canvas) override;
     void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
     void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
@@ -316,6 +324,7 @@ private:
 
     TErrors FErrors[4];
     TColor FErrorColor = clBlack;
+    bool FCountsErrors = true; // in the extents
 };
 
 } // namespace kx

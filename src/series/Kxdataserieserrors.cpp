@@ -34,6 +34,12 @@ void TKxDataWithErrorSeries::SetErrors(TKind Kind, TKxCustomRealVector* Vector) 
     RangesModified();
 }
 
+void TKxDataWithErrorSeries::Modified() {
+    if (FCountsErrors == FPointStyle.GetVisible()) return TKxDataSeries::Modified();
+    FCountsErrors = FPointStyle.GetVisible();
+    RangesModified();
+}
+
 void TKxDataWithErrorSeries::ErrorsChanged(int, bool) { RangesModified(); }
 
 void TKxDataWithErrorSeries::SetErrorColor(TColor Color) {
@@ -55,7 +61,8 @@ TKxSeries::TInterval TKxDataWithErrorSeries::IntervalOf(double Value, TKind Plus
     const double low = Value - ErrorAt(Minus, Index), high = Value + ErrorAt(Plus, Index);
     // A bar that reaches zero on a logarithmic axis ends at the axis and moves none of its ends.
     const bool logarithmic = Axis && Axis->GetScaling() != AxNormal;
-    return {std::isfinite(low) && !(logarithmic && low <= 0) ? low : Value, std::isfinite(high) ? high : Value};
+    return {std::isfinite(low) && !(logarithmic && low <= 0) ? low : Value,
+            std::isfinite(high) ? high : Value};
 }
 
 TKxSeries::TInterval TKxDataWithErrorSeries::XInterval(int Index) const {
@@ -67,11 +74,19 @@ TKxSeries::TInterval TKxDataWithErrorSeries::YInterval(int Index) const {
 }
 
 void TKxDataWithErrorSeries::GetNewXStartStop() {
+    if (!FErrors[XPlus].Vector && !FErrors[XMinus].Vector) {
+        TKxDataSeries::GetNewXStartStop();
+        return;
+    }
     ScanExtents(FXRange, FXMinIndex, FXMaxIndex, XIdxNeeded(), [this](int i) { return XInterval(i); });
     Modified();
 }
 
 void TKxDataWithErrorSeries::GetNewYStartStop() {
+    if (!FErrors[YPlus].Vector && !FErrors[YMinus].Vector) {
+        TKxDataSeries::GetNewYStartStop();
+        return;
+    }
     ScanExtents(FYRange, FYMinIndex, FYMaxIndex, YIdxNeeded(), [this](int i) { return YInterval(i); });
     Modified();
 }
@@ -113,6 +128,8 @@ void TKxDataWithErrorSeries::CalculatePoint(int Index) {
 
 void TKxDataWithErrorSeries::CalculateAllPoints() {
     TKxDataSeries::CalculateAllPoints();
+    if (std::none_of(std::begin(FErrors), std::end(FErrors), [](const TErrors& E) { return E.Vector; }))
+        return;
     for (int i = 0; i < FPointsCount; ++i) CalculateErrors(i);
 }
 
@@ -129,7 +146,8 @@ void TKxDataWithErrorSeries::DrawBars(TCanvas& Canvas, int Index) {
     const int s = FPointStyle.GetSize();
     for (const TKind kind : {XPlus, XMinus, YPlus, YMinus}) {
         const auto& errors = FErrors[kind];
-        if (!errors.Vector || Index >= errors.Vector->GetCount() || Index >= errors.Pixels.GetCount()) continue;
+        if (!errors.Vector || Index >= errors.Vector->GetCount() || Index >= errors.Pixels.GetCount())
+            continue;
         if (kind == XPlus || kind == XMinus) {
             const int end = Shifted(p.X, errors.Pixels.GetValue(Index));
             kx::DrawLine(p.X, p.Y, end, p.Y, Canvas);

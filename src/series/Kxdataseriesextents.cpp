@@ -167,8 +167,8 @@ void TKxSeries::MarkGaps(int First, int Last) {
     const bool logX = FXAxis->GetScaling() != AxNormal, logY = FYAxis->GetScaling() != AxNormal;
     TPoint* points = FPoints.GetPointer(0);
     for (auto i = std::size_t(First); i < std::size_t(Last); ++i) {
-        const bool placed = std::isfinite(x[i]) && std::isfinite(y[i]) && !(logX && x[i] <= 0) &&
-                            !(logY && y[i] <= 0);
+        const bool placed =
+            std::isfinite(x[i]) && std::isfinite(y[i]) && !(logX && x[i] <= 0) && !(logY && y[i] <= 0);
         if (!placed) points[i].X = CNoPixel;
     }
 }

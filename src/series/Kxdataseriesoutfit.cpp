@@ -28,7 +28,8 @@ const TKxOutfit<TKxPointStyle>& PointOutfit() {
         Outfit<&TKxPointStyle::GetVisible, &TKxPointStyle::SetVisible>("Point.Visible"),
         Outfit<&TKxPointStyle::GetColor, &TKxPointStyle::SetColor>("Point.Color"),
         Outfit<&TKxPointStyle::GetSize, &TKxPointStyle::SetSize>("Point.Size"),
-        Outfit<&TKxPointStyle::GetWidth, &TKxPointStyle::SetWidth>("Point.With"), // Kept: files are spelled so
+        Outfit<&TKxPointStyle::GetWidth, &TKxPointStyle::SetWidth>(
+            "Point.With"), // Kept: files are spelled so
         Outfit<&TKxPointStyle::GetStyle, &TKxPointStyle::SetStyle>("Point.Style"),
     };
     return table;
@@ -109,7 +110,8 @@ const TPropertyTable& TKxLineSeries::Properties() {
             Published<&TKxSeries::GetYAxis, &TKxSeries::SetYAxis>("YAxis", nullptr, "vertical axis"),
             Published<&TKxSeries::GetXData, &TKxSeries::SetXData>("XData", nullptr, "vector of the x values"),
             Published<&TKxSeries::GetYData, &TKxSeries::SetYData>("YData", nullptr, "vector of the y values"),
-            Published<&TKxSeries::GetWeight, &TKxSeries::SetWeight>("Weight", nullptr, "vector of the weights"),
+            Published<&TKxSeries::GetWeight, &TKxSeries::SetWeight>("Weight", nullptr,
+                                                                    "vector of the weights"),
             PublishedObject<&TKxSeries::GetAreaStyle>("AreaStyle", "the area between line and zero"),
             Published<&TKxLineSeries::GetBreakAtGaps, &TKxLineSeries::SetBreakAtGaps>(
                 "BreakAtGaps", false, "values without a place interrupt the line"),

@@ -98,4 +98,17 @@ TSvgLine PolygonInside(std::span<const TPoint> Points, const TRect& Window) {
     return line;
 }
 
+std::vector<TPoint> EllipseInside(const TRect& Rect, const TRect& Window) {
+    const double midX = (Rect.Left + (Rect.Right - 1.0)) / 2, midY = (Rect.Top + (Rect.Bottom - 1.0)) / 2;
+    const double halfX = std::max(Rect.Right - 1 - midX, 0.5), halfY = Rect.Bottom - 1 - midY;
+    std::vector<TPoint> upper, lower;
+    for (int x = std::max(Rect.Left, Window.Left); x < std::min(Rect.Right, Window.Right); ++x) {
+        const double along = (x - midX) / halfX, reach = halfY * std::sqrt(std::max(0.0, 1 - along * along));
+        upper.push_back({x, RoundToInt(midY - reach)});
+        lower.push_back({x, RoundToInt(midY + reach)});
+    }
+    upper.insert(upper.end(), lower.rbegin(), lower.rend());
+    return upper;
+}
+
 } // namespace kx::svg

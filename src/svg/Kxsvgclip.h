@@ -19,4 +19,7 @@ std::vector<TSvgLine> LinesInside(std::span<const TPoint> Points, const TRect& W
 /// nothing is inside.
 TSvgLine PolygonInside(std::span<const TPoint> Points, const TRect& Window);
 
+/// The ellipse in the pixels of Rect as a polygon with two points in every column of Window.
+std::vector<TPoint> EllipseInside(const TRect& Rect, const TRect& Window);
+
 } // namespace kx::svg

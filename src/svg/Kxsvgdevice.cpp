@@ -13,8 +13,6 @@ using namespace svg;
 
 namespace {
 
-constexpr int CMargin = 4096; // what viewers take without trouble
-
 bool IsHairline(const TStroke& Stroke) { return Stroke.Width <= 1; }
 int LineWidth(const TStroke& Stroke) { return std::max(1, Stroke.Width); }
 
@@ -130,8 +128,8 @@ std::string TSvgDevice::FillStyle(const TFill& Fill) {
     return style;
 }
 
-TRect TSvgDevice::WindowFor(const TStroke& Stroke) const {
-    const int margin = CMargin + std::clamp(Stroke.Width, 0, 1 << 20);
+TRect TSvgDevice::WindowFor(const TStroke& Stroke, int Margin) const {
+    const int margin = Margin + std::clamp(Stroke.Width, 0, 1 << 20);
     return {-margin, -margin, FSize.Width + margin, FSize.Height + margin};
 }
 
@@ -195,8 +193,10 @@ void TSvgDevice::Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill
 void TSvgDevice::Ellipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) {
     const TBox box = TBox::Area(Rect).Shrunk(Inset(Stroke));
     if (box.IsFlat()) return Rectangle(Rect, Stroke, Fill);
-    if (IsHidden() || Rect.Intersected(WindowFor(Stroke)).IsEmpty()) return;
-    if (Stroke.Style == psClear && Fill.Style == bsClear) return;
+    if (IsHidden() || (Stroke.Style == psClear && Fill.Style == bsClear)) return;
+    if (Rect.Intersected(WindowFor(Stroke)) != Rect) {
+        return Polygon(EllipseInside(Rect, WindowFor(Stroke, 8)), Stroke, Fill);
+    }
     Add(box.EllipseHead(), FillStyle(Fill) + StrokeStyle(Plain(Stroke)));
 }
 

@@ -18,7 +18,7 @@ namespace kx {
 ///
 /// There is no XOR. A call in that mode (from a recording) is painted in the colour that it shows on the
 /// empty ground, a filling half transparent to spare what lies below; drawing it again does not remove it.
-/// What lies far outside the extent is cut off; ellipses are kept whole or left out.
+/// What lies far outside the extent, where viewers overflow, is cut off.
 class TSvgDevice : public TCanvasDevice {
 public:
     /// Size in logical pixels, shown Scale times as large on a ground of colour Ground.
@@ -45,7 +45,7 @@ private:
     TStroke Plain(TStroke Stroke) const;
     TFill Plain(TFill Fill) const;
     std::string FillStyle(const TFill& Fill);
-    TRect WindowFor(const TStroke& Stroke) const;
+    TRect WindowFor(const TStroke& Stroke, int Margin = 4096) const;
     bool IsHidden() const { return FClip && FClip->IsEmpty(); }
     static void EndText(const svg::TSvgText& Text, const TCanvasDevice& Device, svg::TSvgBody& Body);
 

@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <numeric>
+#include <utility>
 
 namespace kx {
 namespace {
@@ -23,7 +25,7 @@ public:
         FreeNotification(Partner);
     }
     TComponent* Partner = nullptr;
-    TComponent* Victim = nullptr; ///< deleted at the next removal
+    std::function<void()> OnRemoved; ///< called at the next removal
     int Inserted = 0, Removed = 0, LoadedCalls = 0;
 
 protected:
@@ -32,8 +34,7 @@ protected:
         ++(Operation == opInsert ? Inserted : Removed);
         if (Operation == opInsert) return;
         if (Component == Partner) Partner = nullptr;
-        if (Component == Victim) Victim = nullptr;
-        delete std::exchange(Victim, nullptr);
+        if (const auto action = std::exchange(OnRemoved, nullptr)) action();
     }
     void Loaded() override { ++LoadedCalls; }
 
@@ -118,19 +119,28 @@ TEST(Component, AnyOrderOfDestructionIsSafeAndLeavesNoReference) {
 }
 
 TEST(Component, AListenerMayDeleteOtherComponentsWhileOneGoes) {
-    for (const int victim : {0, 1, 3}) {
-        TComponent owner(nullptr);
-        std::vector<TWatcher*> all;
-        for (int i = 0; i < 5; ++i) all.push_back(new TWatcher(&owner));
-        TWatcher outside(nullptr);
-        outside.Watch(all[4]);
-        all[2]->Watch(all[4]);
-        all[2]->Victim = all[std::size_t(victim)];
-        delete all[4];
-        EXPECT_EQ(owner.GetComponentCount(), 3);
-        EXPECT_EQ(all[2]->Partner, nullptr);
-        EXPECT_EQ(outside.Partner, nullptr);
-    }
+    TComponent owner(nullptr);
+    TWatcher outside(nullptr);
+    std::vector<TWatcher*> all;
+    for (int i = 0; i < 5; ++i) all.push_back(new TWatcher(&owner));
+    outside.Watch(all[4]);
+    all[1]->Watch(all[4]);
+    all[1]->OnRemoved = [&] { delete all[0]; };
+    all[3]->OnRemoved = [&] { delete all[2]; };
+    delete all[4];
+    EXPECT_EQ(owner.GetComponents(), (std::vector<TComponent*>{all[1], all[3]}));
+    EXPECT_EQ(all[1]->Partner, nullptr);
+    EXPECT_EQ(outside.Partner, nullptr);
+}
+
+TEST(Component, APartnerThatComesWhileAnOwnerGoesIsToldToo) {
+    TWatcher late(nullptr);
+    auto* owner = new TComponent(nullptr);
+    late.Watch(new TComponent(owner));
+    late.OnRemoved = [&] { late.Watch(owner); };
+    delete owner;
+    EXPECT_EQ(late.Removed, 2);
+    EXPECT_EQ(late.Partner, nullptr);
 }
 
 TEST(Component, NamesAreIdentifiersAndUniqueWithinTheOwner) {

@@ -85,11 +85,11 @@ TEST(Frame, paints_in_order_with_origin_and_clip_and_goes_on_after_a_failure) {
     EXPECT_EQ(below.Settled, 1);
     EXPECT_EQ(device.Recording.ToText(),
               "clip (0,0)-(100,80)\nfill (0,0)-(100,80) brush #c0c0c0 solid\n"
-              "clip (10,5)-(50,45)\nclip (0,0)-(0,0)\nclip (10,5)-(50,45)\n"
+              "clip (10,5)-(50,45)\nclip (0,0)-(0,0)\nclip (0,0)-(100,80)\n"
               "text (11,6) \"below\" #000000 font \"Arial\" -13 - 0\n"
               "clip (0,70)-(9,80)\nclip (0,0)-(0,0)\n"
               "clip (40,40)-(100,80)\nfill (40,40)-(140,140) brush #ff0000 solid\n"
-              "clip (50,50)-(70,60)\nclip (0,0)-(0,0)\nclip (50,50)-(70,60)\n"
+              "clip (50,50)-(70,60)\nclip (0,0)-(0,0)\nclip (40,40)-(100,80)\n"
               "text (51,51) \"inner\" #000000 font \"Arial\" -13 - 0\nclip none\n");
     EXPECT_EQ(failing.GetCanvas().GetDevice(), nullptr) << "given back after the failure, too";
 

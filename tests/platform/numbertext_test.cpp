@@ -118,6 +118,9 @@ TEST(NumberText, ValReadsAllOfTheTextOrSaysWhereItStopped) {
         EXPECT_EQ(Val(text, position), value) << text;
         EXPECT_EQ(position, stop) << text;
     }
+    const std::string zeros(400, '0'); // the size is in the digits, whatever the exponent says
+    EXPECT_EQ(Val("0." + zeros + "1", position), 0);
+    EXPECT_EQ(Val("1" + zeros + "e-5", position), CInf);
     for (const auto& [text, stop, value] : integers) {
         EXPECT_EQ(ValInt(text, position), value) << text;
         EXPECT_EQ(position, stop) << text;

@@ -52,7 +52,7 @@ void DressAxis(TKxAxis& Axis) {
     Axis.SetScalingsTicksGap(3);
     Axis.SetCaptionScalingsGap(5);
     Axis.SetBorderCaptionGap(8);
-    Axis.SetExponentScalingsGap(6);
+    Axis.SetExponentScalingsGap(12);
     Axis.SetAxisColor(CInk);
     Axis.SetTickColor(CInk);
     Axis.SetMajorTickColor(CInk);

@@ -137,14 +137,40 @@ void TPlot::MakeSeries(const TTable& Table, const TColumns& Columns, const TOpti
 }
 
 void TPlot::CaptionAxes(const TTable& Table, const TColumns& Columns) {
-    if (Columns.X >= 0) FXAxis->SetAutoCaption(EscapeCaption(Table.GetHeader(Columns.X)));
-    std::string names;
+    if (Columns.X >= 0) FXHeader = Table.GetHeader(Columns.X);
     for (const int column : Columns.Y) {
-        if (!names.empty() && !Table.GetHeader(column).empty()) names += ", ";
-        names += Table.GetHeader(column);
+        const std::string header = Table.GetHeader(column);
+        FYHeader += (FYHeader.empty() || header.empty() ? "" : ", ") + header;
     }
-    constexpr std::size_t CLongest = 60;
-    if (CharacterCount(names) <= int(CLongest)) FYAxis->SetAutoCaption(EscapeCaption(names));
+    FXAxis->SetAutoCaption(EscapeCaption(FXHeader));
+    FYAxis->SetAutoCaption(EscapeCaption(FYHeader));
+}
+
+void TPlot::FitCaptions(bool MayShrink) {
+    SettleTree(*FForm);
+    constexpr int CSmallest = 8;
+    const auto fits = [this](const TKxLabel& Label) {
+        const TRect bounds = Label.GetBoundsRect(), all = FGraph->GetClientRect();
+        return bounds.Intersected(all) == bounds;
+    };
+    const auto shrink = [&](const TKxLabel& Label, TFont& Font) {
+        while (MayShrink && !fits(Label) && Font.GetSize() > CSmallest) {
+            Font.SetSize(Font.GetSize() - 1);
+            SettleTree(*FForm);
+        }
+    };
+    if (FGraph->GetShowTitle()) shrink(FGraph->GetTitleLabel(), FGraph->GetTitleFont());
+    for (TKxAxis* axis : {FXAxis, FYAxis}) {
+        const TKxLabel& label = axis->GetCaptionLabel();
+        shrink(label, axis->GetCaptionFont());
+        std::string text = axis == FXAxis ? FXHeader : FYHeader;
+        while (axis->GetCaption() == axis->GetAutoCaption() && !fits(label) && !text.empty()) {
+            do text.pop_back();
+            while (!text.empty() && (text.back() & 0xC0) == 0x80); // not inside of a character
+            axis->SetAutoCaption(EscapeCaption(text + "…"));
+            SettleTree(*FForm);
+        }
+    }
 }
 
 void TPlot::LoadOutfit(const std::string& FileName) {
@@ -178,7 +204,8 @@ void TPlot::Apply(const TOptions& Options) {
     };
     caption(*FXAxis, Options.XCaption);
     caption(*FYAxis, Options.YCaption);
-    SettleTree(*FForm); // the ends follow the data now and no longer when they are set below
+    FitCaptions(Options.Outfit.empty()); // the fonts of an outfit stay
+    SettleTree(*FForm);                  // the ends follow the data now and no longer when they are set below
     for (const auto& assignment : Options.Assignments) Assign(assignment);
 }
 

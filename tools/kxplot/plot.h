@@ -42,6 +42,8 @@ private:
     kx::TKxLiveVector* MakeVector(const std::string& Name, const std::vector<double>& Values);
     void MakeSeries(const TTable& Table, const TColumns& Columns, const TOptions& Options);
     void CaptionAxes(const TTable& Table, const TColumns& Columns);
+    /// Captions too long for the picture get a smaller font; those of header texts are cut off after that.
+    void FitCaptions(bool MayShrink);
     void Assign(const TAssignment& Assignment);
 
     std::unique_ptr<kx::TForm> FForm;
@@ -49,6 +51,7 @@ private:
     kx::TKxAxis* FXAxis = nullptr;
     kx::TKxAxis* FYAxis = nullptr;
     std::vector<kx::TKxDataWithErrorSeries*> FSeries;
+    std::string FXHeader, FYHeader; ///< what the axes are called in the table
 };
 
 } // namespace kxplot

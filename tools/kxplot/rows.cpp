@@ -2,19 +2,20 @@
 
 namespace kxplot {
 
-bool TRowReader::IsSeparator(char C) const {
-    switch (FSeparator) {
-    case TSeparator::Comma: return C == ',';
-    case TSeparator::Semicolon: return C == ';';
-    case TSeparator::Tab: return C == '\t';
-    case TSeparator::Blanks: return C == ' ' || C == '\t';
-    }
-    return false;
+TRowReader::TRowReader(std::string_view Text, std::size_t At, long Line, TSeparator Separator)
+    : FPos(Text.data() + At), FEnd(Text.data() + Text.size()), FBegin(Text.data()), FLine(Line),
+      FByBlanks(Separator == TSeparator::Blanks) {
+    const auto set = [this](char C, TKind Kind) { FKinds[static_cast<unsigned char>(C)] = Kind; };
+    for (const char c : {' ', '\t'}) set(c, FByBlanks ? Separates : Blank);
+    for (const char c : {'\r', '\n'}) set(c, EndsLine);
+    if (Separator == TSeparator::Comma) set(',', Separates);
+    if (Separator == TSeparator::Semicolon) set(';', Separates);
+    if (Separator == TSeparator::Tab) set('\t', Separates); // no blank then
 }
 
 void TRowReader::SkipBlanks() {
-    // A tab may be the separator; it is no blank then.
-    while (FPos != FEnd && (*FPos == ' ' || (*FPos == '\t' && FSeparator != TSeparator::Tab))) ++FPos;
+    const TKind blank = FByBlanks ? Separates : Blank;
+    while (FPos != FEnd && KindAt(FPos) == blank) ++FPos;
 }
 
 void TRowReader::EndLine() {
@@ -31,7 +32,7 @@ bool TRowReader::SkipEmptyAndComments() {
         if (FPos != FEnd && *FPos == '#') {
             while (!AtLineEnd()) ++FPos;
         } else if (!AtLineEnd()) {
-            if (FSeparator != TSeparator::Blanks) FPos = begin;
+            if (!FByBlanks) FPos = begin;
             return true;
         }
         EndLine();
@@ -55,27 +56,27 @@ bool TRowReader::NextRow() {
 
 std::string_view TRowReader::QuotedCell() {
     FBuffer.clear();
+    FOpenQuote = true;
     ++FPos;
     while (FPos != FEnd) {
         if (*FPos == '"') {
             ++FPos;
-            if (FPos == FEnd || *FPos != '"') break;
+            FOpenQuote = FPos != FEnd && *FPos == '"';
+            if (!FOpenQuote) break;
         } else if (*FPos == '\n') {
             ++FLine;
         }
         FBuffer += *FPos++;
     }
     // What follows the closing quote belongs to the cell as it stands.
-    while (!AtLineEnd() && !IsSeparator(*FPos)) {
+    for (; FPos != FEnd && KindAt(FPos) < Separates; ++FPos)
         if (*FPos != ' ') FBuffer += *FPos;
-        ++FPos;
-    }
     return FBuffer;
 }
 
 std::string_view TRowReader::PlainCell() {
     const char* begin = FPos;
-    while (!AtLineEnd() && !IsSeparator(*FPos)) ++FPos;
+    while (FPos != FEnd && KindAt(FPos) < Separates) ++FPos;
     return {begin, static_cast<std::size_t>(FPos - begin)};
 }
 
@@ -83,11 +84,11 @@ bool TRowReader::NextCell(std::string_view& Cell) {
     if (FRowEnded) return false;
     SkipBlanks();
     Cell = FPos != FEnd && *FPos == '"' ? QuotedCell() : PlainCell();
-    if (FSeparator == TSeparator::Blanks) SkipBlanks();
+    if (FByBlanks) SkipBlanks();
     if (AtLineEnd()) {
         EndLine();
         FRowEnded = true;
-    } else if (FSeparator != TSeparator::Blanks) {
+    } else if (!FByBlanks) {
         ++FPos; // the separator: another cell follows, if an empty one
     }
     return true;

@@ -3,6 +3,7 @@
 
 #include "kxplot/table.h"
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -12,14 +13,14 @@ namespace kxplot {
 /// the reader where quotes had to be taken away; they are valid until the next cell.
 class TRowReader {
 public:
-    TRowReader(std::string_view Text, std::size_t At, long Line, TSeparator Separator)
-        : FPos(Text.data() + At), FEnd(Text.data() + Text.size()), FBegin(Text.data()), FLine(Line),
-          FSeparator(Separator) {}
+    TRowReader(std::string_view Text, std::size_t At, long Line, TSeparator Separator);
 
     /// Goes to the next row; false at the end of the text.
     bool NextRow();
     /// The next cell of the row; false behind the last one.
     bool NextCell(std::string_view& Cell);
+    /// Whether the text ended inside of quotes.
+    bool HasOpenQuote() const { return FOpenQuote; }
     /// Line of the present row, 1-based.
     long Line() const { return FRowLine; }
     /// Where the next row would begin, and its line.
@@ -27,13 +28,17 @@ public:
     long NextLine() const { return FLine; }
 
 private:
+    /// What a character means outside quotes.
+    enum TKind : char { Other, Blank, Separates, EndsLine };
+
+    TKind KindAt(const char* Pos) const { return FKinds[static_cast<unsigned char>(*Pos)]; }
+    bool AtLineEnd() const { return FPos == FEnd || KindAt(FPos) == EndsLine; }
     bool SkipEmptyAndComments();
-    bool AtLineEnd() const { return FPos == FEnd || *FPos == '\n' || *FPos == '\r'; }
     void EndLine();
     void EndRow();
-    bool IsSeparator(char C) const;
     std::string_view QuotedCell();
     std::string_view PlainCell();
+    /// Goes to the first character that is no blank and, where blanks separate, no separator.
     void SkipBlanks();
 
     const char* FPos;
@@ -41,8 +46,10 @@ private:
     const char* FBegin;
     long FLine;
     long FRowLine = 0;
-    TSeparator FSeparator;
+    bool FByBlanks;
     bool FRowEnded = true;
+    bool FOpenQuote = false;
+    std::array<TKind, 256> FKinds{};
     std::string FBuffer;
 };
 

@@ -77,6 +77,7 @@ void TTable::ReadHead() {
         header = header || (!IsEmptyCell(cell) && !ParseNumber(cell, FDecimalComma));
         first.emplace_back(kx::Trimmed(cell));
     }
+    if (rows.HasOpenQuote()) Fail(rows.Line(), "a quote is not closed");
     FNumeric.assign(first.size(), false);
     if (header) {
         FHeaders = std::move(first);
@@ -127,6 +128,8 @@ std::vector<std::vector<double>> TTable::ReadColumns(const std::vector<int>& Col
     std::vector<std::vector<std::size_t>> wantedBy(FNumeric.size());
     for (std::size_t k = 0; k < Columns.size(); ++k)
         wantedBy[static_cast<std::size_t>(Columns[k])].push_back(k);
+    const auto lines = std::count(FText.begin() + std::ptrdiff_t(FBodyAt), FText.end(), '\n') + 1;
+    for (auto& column : values) column.reserve(static_cast<std::size_t>(lines));
 
     TRowReader rows(FText, FBodyAt, FBodyLine, FSeparator);
     std::string_view cell;
@@ -143,6 +146,7 @@ std::vector<std::vector<double>> TTable::ReadColumns(const std::vector<int>& Col
             }
             for (const std::size_t k : wantedBy[column]) values[k].push_back(*value);
         }
+        if (rows.HasOpenQuote()) Fail(rows.Line(), "a quote is not closed");
         if (column != wantedBy.size())
             Fail(rows.Line(), std::to_string(column) + (column == 1 ? " cell" : " cells") +
                                   " where the first row has " + std::to_string(wantedBy.size()));

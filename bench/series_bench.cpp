@@ -1,0 +1,71 @@
+// Live data: what a point costs that is appended to a pair of vectors with a series on a graph.
+
+#include "graph/Kxgraph2d.h"
+#include "numeric/Kxvector.h"
+#include "platform/application.h"
+#include "platform/form.h"
+#include "platform/frame.h"
+#include "series/Kxdataseries.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+
+using namespace kx;
+
+namespace {
+
+/// A form with a graph and a series that follows two live vectors.
+struct TLiveGraph {
+    TForm Form{&TApplication::Instance()};
+    TKx2DGraph Graph{&Form};
+    TKxAxis XAxis{&Form}, YAxis{&Form};
+    TKxLiveVector X{&Form}, Y{&Form};
+    TKxLineSeries Series{&Form};
+
+    TLiveGraph() {
+        Graph.SetParent(&Form);
+        XAxis.SetParent(&Graph);
+        YAxis.SetParent(&Graph);
+        Graph.SetPrimaryXAxis(&XAxis);
+        Graph.SetPrimaryYAxis(&YAxis);
+        Series.SetXAxis(&XAxis);
+        Series.SetYAxis(&YAxis);
+        Series.SetXData(&X);
+        Series.SetYData(&Y);
+    }
+    void Append(int Index) {
+        X.Add(Index);
+        Y.Add(std::sin(Index * 1e-3));
+    }
+};
+
+void AppendToLivePair(benchmark::State& State) {
+    const int count = static_cast<int>(State.range(0));
+    for (auto _ : State) {
+        TLiveGraph live;
+        for (int i = 0; i < count; ++i) live.Append(i);
+        benchmark::DoNotOptimize(live.Series.GetPointsCount());
+    }
+    State.SetItemsProcessed(State.iterations() * count);
+    State.SetComplexityN(count);
+}
+BENCHMARK(AppendToLivePair)
+    ->RangeMultiplier(10)
+    ->Range(100000, 10000000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity();
+
+/// Extents, layout and all screen points of a series that has changed as a whole.
+void SettleAfterChange(benchmark::State& State) {
+    TLiveGraph live;
+    for (int i = 0; i < State.range(0); ++i) live.Append(i);
+    for (auto _ : State) {
+        live.Series.RangesModified();
+        SettleTree(live.Form);
+    }
+    State.SetItemsProcessed(State.iterations() * State.range(0));
+}
+BENCHMARK(SettleAfterChange)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+} // namespace

@@ -1,0 +1,118 @@
+#include "graph/Kxgraphlayout.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace kx;
+
+namespace {
+
+TKxLayoutAxis Axis(TKxAxisPos Position, int Thickness) {
+    TKxLayoutAxis axis;
+    axis.Position = Position;
+    axis.Orientation = Position == AxBottomPos || Position == AxTopPos ? AxHorizontal : AxVertical;
+    axis.Thickness = Thickness;
+    return axis;
+}
+
+bool Contains(const TRect& Outer, const TRect& Inner) { return Outer.United(Inner) == Outer; }
+
+} // namespace
+
+TEST(GraphLayout, thickness_sums_what_stands_across_the_axis) {
+    struct {
+        TKxAxisThickness Of;
+        int Total;
+    } cases[] = {
+        {{}, 0},
+        {{10, 2, 1, 13, 15, 4, 10, false}, 10 + 2 + 1 + 13 + 15 + 4},
+        {{-10, 2, 1, 13, 0, 4, 10, false}, 10 + 2 + 1 + 13},    // no caption: no gap for it
+        {{10, 2, 1, 13, 15, 4, 10, true}, 45},                  // the caption needs more than the exponent
+        {{10, 0, 1, 13, 0, 4, 10, true}, 10 + 10 + 13 + 1},     // the exponent needs more
+    };
+    for (const auto& c : cases) EXPECT_EQ(c.Of.Total(), c.Total);
+}
+
+TEST(GraphLayout, stacks_axes_from_the_edge_and_gives_the_rest_to_the_drawing_world) {
+    TKxLayoutInput input;
+    input.Graph = {400, 300};
+    input.TitleHeight = 20;
+    input.Reserved = {0, 0, 50, 0};
+    input.Axes = {Axis(AxBottomPos, 30), Axis(AxLeftPos, 40), Axis(AxBottomPos, 25), Axis(AxTopPos, 10),
+                  Axis(AxRightPos, 15)};
+    input.Axes[0].LineThickness = 4;
+    input.Axes[4].Gap = 5;
+    const TKxLayout layout = LayOutGraph(input);
+    EXPECT_EQ(layout.DrawingWorld, (TRect{39, 29, 400 - 50 - 14, 300 - 54}));
+    EXPECT_EQ(layout.Title, (TRect{0, 0, 400, 20}));
+    EXPECT_EQ(layout.Axes[0].Bounds, TRect::Bounds(0, 300 - 55 - 2, 400, 30)) << "half the line above it";
+    EXPECT_EQ(layout.Axes[0].Origin, (TPoint{39, 2}));
+    EXPECT_EQ(layout.Axes[1].Bounds, TRect::Bounds(0, 0, 40, 300));
+    EXPECT_EQ(layout.Axes[1].Origin, (TPoint{39, 29}));
+    EXPECT_EQ(layout.Axes[2].Bounds, TRect::Bounds(0, 275, 400, 25)) << "the later one stands outside";
+    EXPECT_EQ(layout.Axes[3].Bounds, TRect::Bounds(0, 20, 400, 10));
+    EXPECT_EQ(layout.Axes[4].Bounds, TRect::Bounds(335 + 5, 0, 10, 300)) << "the gap lies beside the control";
+}
+
+TEST(GraphLayout, keeps_margins_for_end_labels_and_the_bounds_of_fixed_axes) {
+    TKxLayoutInput input;
+    input.Graph = {400, 300};
+    input.MinimalMargin = 6;
+    input.Axes = {Axis(AxBottomPos, 30), Axis(AxLeftPos, 10), Axis(AxFreeFloating, 99), Axis(AxTopPos, 99)};
+    input.Axes[0].StartReach = 25;
+    input.Axes[0].StopReach = 31;
+    input.Axes[2].Fixed = input.Axes[3].Fixed = true;
+    input.Axes[2].StartReach = 200; // says nothing: it may float anywhere
+    input.Axes[2].Bounds = {100, 50, 140, 290};
+    input.Axes[3].Bounds = {0, 100, 400, 130};
+    const TKxLayout layout = LayOutGraph(input);
+    EXPECT_EQ(layout.DrawingWorld, (TRect{24, 5, 400 - 30, 300 - 29}));
+    EXPECT_EQ(layout.Axes[1].Origin.X + layout.Axes[1].Bounds.Left, 24);
+    EXPECT_EQ(layout.Axes[2].Bounds, input.Axes[2].Bounds);
+    EXPECT_EQ(layout.Axes[2].Origin, (TPoint{39, 5 - 50})) << "beside the world's ends all the same";
+    EXPECT_EQ(layout.Axes[3].Bounds, input.Axes[3].Bounds);
+    EXPECT_EQ(layout.Axes[3].Origin, (TPoint{24, 29}));
+}
+
+TEST(GraphLayout, axes_lie_inside_the_graph_and_along_the_world_whatever_there_is) {
+    std::mt19937 random(7);
+    const auto any = [&](int Low, int High) { return std::uniform_int_distribution(Low, High)(random); };
+    for (int round = 0; round < 2000; ++round) {
+        TKxLayoutInput input;
+        const bool tiny = round % 10 == 0;
+        input.Graph = tiny ? TSize{any(0, 20), any(0, 20)} : TSize{any(400, 900), any(400, 900)};
+        input.TitleHeight = any(0, 1) * 18;
+        const double zero[] = {any(1, 99) / 100.0, any(1, 99) / 100.0};
+        const bool crossing = any(0, 1);
+        for (int i = 0; i < 2 + any(0, 4); ++i) {
+            const auto side = i < 2 ? TKxAxisPos(i) : TKxAxisPos(any(0, 3));
+            input.Axes.push_back(Axis(side, any(1, 40)));
+            input.Axes.back().Gap = any(0, input.Axes.back().Thickness - 1);
+            input.Axes.back().StartReach = any(0, 30);
+            input.Axes.back().StopReach = any(0, 30);
+            if (i < 2 && crossing)
+                input.Axes.back().Crossed = TKxAxisMap::Make(
+                    AxNormal, -zero[i], 1 - zero[i], 7, i == 0 ? AxVertical : AxHorizontal, any(0, 1));
+        }
+        const TKxLayout layout = LayOutGraph(input);
+        const TRect world = layout.DrawingWorld, graph{0, 0, input.Graph.Width, input.Graph.Height};
+        ASSERT_TRUE(world.Width() >= 2 && world.Height() >= 2);
+        if (tiny) continue;
+        ASSERT_TRUE(Contains(graph, world)) << round;
+        for (std::size_t i = 0; i < layout.Axes.size(); ++i) {
+            const auto& [bounds, origin, length] = layout.Axes[i];
+            const bool horizontal = input.Axes[i].Orientation == AxHorizontal;
+            ASSERT_TRUE(Contains(graph, bounds)) << round << " axis " << i;
+            ASSERT_EQ(length + 1, horizontal ? world.Width() : world.Height());
+            ASSERT_EQ(horizontal ? bounds.Left + origin.X : bounds.Top + origin.Y,
+                      horizontal ? world.Left : world.Top);
+            if (!input.Axes[i].Crossed) continue;
+            auto map = *input.Axes[i].Crossed;
+            map = TKxAxisMap::Make(AxNormal, map.Start, map.Stop,
+                                   (horizontal ? world.Height() : world.Width()) - 1, AxHorizontal, !map.Forward);
+            ASSERT_EQ(horizontal ? bounds.Top + origin.Y - world.Top : bounds.Left + origin.X - world.Left,
+                      map.RealToIntPosition(0));
+        }
+    }
+}

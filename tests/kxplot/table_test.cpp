@@ -1,0 +1,145 @@
+#include "kxplot/number.h"
+#include "kxplot/table.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+using namespace kxplot;
+
+constexpr double CInf = std::numeric_limits<double>::infinity(), CNan = std::nan("");
+
+void ExpectValues(const std::vector<double>& Found, const std::vector<double>& Expected) {
+    ASSERT_EQ(Found.size(), Expected.size());
+    for (std::size_t i = 0; i < Found.size(); ++i) {
+        if (std::isnan(Expected[i]))
+            EXPECT_TRUE(std::isnan(Found[i])) << i;
+        else
+            EXPECT_EQ(Found[i], Expected[i]) << i;
+    }
+}
+
+TEST(KxplotNumber, IsAWholeCellInPointFormOrWithADecimalComma) {
+    struct TCase {
+        const char* Cell;
+        bool Comma;
+        std::optional<double> Value;
+    };
+    const TCase cases[] = {
+        {"1.5", false, 1.5},
+        {" +2e3\t", false, 2000.0},
+        {"-.5", false, -0.5},
+        {"1,5", true, 1.5},
+        {"-1,5e2", true, -150.0},
+        {"1.5", true, 1.5},
+        {"1,5", false, std::nullopt},
+        {"1.234,5", true, std::nullopt},
+        {"", false, std::nullopt},
+        {"+", false, std::nullopt},
+        {"+-1", false, std::nullopt},
+        {"1 2", false, std::nullopt},
+        {"12abc", false, std::nullopt},
+        {"0x10", false, std::nullopt},
+        {"iNf", false, CInf},
+        {"-INFINITY", false, -CInf},
+        {"1e999", false, CInf},
+        {"-1.8e308", false, -CInf},
+        {"1e-999", false, 0.0},
+        {"-1e99999", false, -CInf},
+    };
+    for (const auto& c : cases) EXPECT_EQ(ParseNumber(c.Cell, c.Comma), c.Value) << c.Cell;
+    EXPECT_TRUE(std::isnan(ParseNumber("NaN", false).value()));
+}
+
+TEST(KxplotTable, FindsOutHowATextIsBuilt) {
+    struct TCase {
+        const char* Text;
+        TSeparator Separator;
+        std::vector<std::string> Headers; ///< empty: none
+        std::vector<double> First, Last;
+    };
+    const TCase cases[] = {
+        {"a,b\n1,2\n3,4\n", TSeparator::Comma, {"a", "b"}, {1, 3}, {2, 4}},
+        {"1,2\n3,4", TSeparator::Comma, {}, {1, 3}, {2, 4}},
+        {"\xEF\xBB\xBF"
+         "a;b\r\n1,5;2\r\n2,5;3\r\n",
+         TSeparator::Semicolon,
+         {"a", "b"},
+         {1.5, 2.5},
+         {2, 3}},
+        {"a, b\tc\n0,5\t1\n1.5\t\n", TSeparator::Tab, {"a, b", "c"}, {0.5, 1.5}, {1, CNan}},
+        {"  x   y \n 1\t 2\n\n# no row\n  3  4", TSeparator::Blanks, {"x", "y"}, {1, 3}, {2, 4}},
+        {"# k,l,m\n \n\"a, \"\"b\"\"\",c\n\"1\", 2 \n3,\"4\"\n",
+         TSeparator::Comma,
+         {"a, \"b\"", "c"},
+         {1, 3},
+         {2, 4}},
+        {"\"two\nlines\",b\n1,nan\n,2\n", TSeparator::Comma, {"two\nlines", "b"}, {1, CNan}, {CNan, 2}},
+        {"y\n3\n4\n", TSeparator::Blanks, {"y"}, {3, 4}, {3, 4}},
+        {"1,\n2,\n3,7\n", TSeparator::Comma, {}, {1, 2, 3}, {CNan, CNan, 7}},
+        {"a,b\n1,-Inf\n2,1e400\n", TSeparator::Comma, {"a", "b"}, {1, 2}, {-CInf, CInf}},
+        {"1\r2\r", TSeparator::Blanks, {}, {1, 2}, {1, 2}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Text);
+        const TTable table(c.Text, "t");
+        EXPECT_EQ(table.GetSeparator(), c.Separator);
+        ASSERT_EQ(table.HasHeader(), !c.Headers.empty());
+        for (std::size_t i = 0; i < c.Headers.size(); ++i) EXPECT_EQ(table.GetHeader(int(i)), c.Headers[i]);
+        const auto values = table.ReadColumns({0, table.GetColumnCount() - 1});
+        ExpectValues(values.front(), c.First);
+        ExpectValues(values.back(), c.Last);
+    }
+}
+
+TEST(KxplotTable, FindsColumnsByHeaderBeforeNumberAndKnowsTheNumericOnes) {
+    const TTable table("t,2,name\n1,,x\n2,5,9\n", "t");
+    EXPECT_EQ(table.FindNumericColumn("t"), 0);
+    EXPECT_EQ(table.FindNumericColumn("1"), 0);
+    EXPECT_EQ(table.FindNumericColumn("2"), 1);
+    EXPECT_TRUE(table.IsNumeric(1)) << "its first cell that is not empty counts";
+    EXPECT_FALSE(table.IsNumeric(2));
+}
+
+TEST(KxplotTable, TellsWhatIsWrongAndWhere) {
+    struct TCase {
+        std::string Text;
+        const char* Column; ///< read as the only one
+        const char* Message;
+    };
+    const TCase cases[] = {
+        {"", "1", "f.csv: is empty"},
+        {"\n# only this\n", "1", "f.csv: is empty"},
+        {"a,b\n# nothing\n", "a", "f.csv: has a header but no rows"},
+        {"t,u\n1,2\n2,abc\n", "u", "f.csv:3: column u: 'abc' is not a number"},
+        {"1,2\n# a comment\n\n2,\"x\xFFy\"\n", "2", "f.csv:4: column 2: 'x\\xFFy' is not a number"},
+        {"\"a\nb\",c\n1,2\nq,3\n", "1", "f.csv:4: column a\\x0Ab: 'q' is not a number"},
+        {"1,2\n3\n", "1", "f.csv:2: 1 cell where the first row has 2"},
+        {"1,2\r\n3,4,5\r\n", "1", "f.csv:2: 3 cells where the first row has 2"},
+        {"1,\"2\n3,4\n", "1", "f.csv:1: a quote is not closed"},
+        {"a,b\n1,2\n", "c", "f.csv: has no column 'c'; it has 2 columns"},
+        {"a,b\n1,2\n", "3", "f.csv: has no column '3'; it has 2 columns"},
+        {"5\n", "0", "f.csv: has no column '0'; it has 1 column"},
+        {"a,b\n1,x\n", "b", "f.csv: column b is not numeric"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Text);
+        try {
+            const TTable table(c.Text, "f.csv");
+            table.ReadColumns({table.FindNumericColumn(c.Column)});
+            ADD_FAILURE() << "nothing was raised";
+        } catch (const TTableError& error) {
+            EXPECT_STREQ(error.what(), c.Message);
+        }
+    }
+}
+
+TEST(KxplotTable, LeavesTextAloneInColumnsThatAreNotRead) {
+    const TTable table("a,b\n1,2\n2,broken\n", "t");
+    ExpectValues(table.ReadColumns({0}).front(), {1, 2});
+}
+
+} // namespace

@@ -1,0 +1,113 @@
+#pragma once
+// A form with a graph, two primary axes, live vectors and a series with error bars, all named, as a program
+// would have put them there.
+
+#include "graph/Kxgraph2d.h"
+#include "platform/application.h"
+#include "platform/form.h"
+#include "platform/frame.h"
+#include "platform/headlesshost.h"
+#include "series/Kxdataseries.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace kx::test {
+
+/// Collects what goes to the application's OnException.
+struct TFaults {
+    TFaults() {
+        TApplication::Instance().OnException = [this](const std::exception& E) {
+            Text += E.what();
+            ++Count;
+        };
+    }
+    ~TFaults() { TApplication::Instance().OnException = nullptr; }
+    std::string Text;
+    int Count = 0;
+};
+
+struct TGraphForm {
+    TGraphForm() {
+        Form->SetName("Form1");
+        Form->SetBounds(0, 0, 420, 320);
+        Graph->SetParent(Form);
+        Graph->SetBounds(10, 10, 400, 300);
+        X->SetParent(Graph);
+        Y->SetParent(Graph);
+        Graph->SetPrimaryXAxis(X);
+        Graph->SetPrimaryYAxis(Y);
+        const std::pair<TComponent*, const char*> names[] = {
+            {Graph, "Graph1"}, {X, "XAxis1"}, {Y, "YAxis1"}, {XV, "X1"}, {YV, "Y1"}, {DX, "DX1"}, {DY, "DY1"}};
+        for (auto [component, name] : names) component->SetName(name);
+    }
+    ~TGraphForm() { delete TApplication::Instance().FindComponent("Form1"); }
+    TGraphForm(const TGraphForm&) = delete;
+    TGraphForm& operator=(const TGraphForm&) = delete;
+
+    template <class T = TKxDataWithErrorSeries> T* AddSeries() {
+        auto* series = new T(Form);
+        series->SetXData(XV);
+        series->SetYData(YV);
+        return series;
+    }
+    void Fill(std::initializer_list<TKxRealPos> Points) {
+        for (const auto& p : Points) {
+            XV->Add(p.X);
+            YV->Add(p.Y);
+        }
+    }
+    void Fix(double X0, double X1, double Y0, double Y1) {
+        for (auto [axis, start, stop] : {std::tuple{X, X0, X1}, {Y, Y0, Y1}}) {
+            axis->SetStartEnd(AxFixed);
+            axis->SetStopEnd(AxFixed);
+            axis->SetStart(start);
+            axis->SetStop(stop);
+        }
+    }
+    TRecording Draw(bool CanXor = false) {
+        TRecorder recorder(Form->GetBoundsRect().Size(), 96, CanXor);
+        PaintFrame(*Form, recorder);
+        return std::move(recorder.Recording);
+    }
+    void Mouse(TMouseKind Kind, TPoint World) {
+        const TPoint at = Graph->GetDrawingWorld().ClientToRoot(World);
+        const TShiftState shift = Kind == TMouseKind::Up ? 0 : unsigned(ssLeft);
+        Form->AsHostClient().HostMouse(Kind, mbLeft, shift, at);
+    }
+    void Drag(TPoint From, TPoint To) {
+        Mouse(TMouseKind::Down, From);
+        Mouse(TMouseKind::Move, {(From.X + To.X) / 2, To.Y});
+        Mouse(TMouseKind::Up, To);
+    }
+    /// Top left of the drawing world on the form.
+    TPoint World() const { return Graph->GetDrawingWorld().ClientToRoot({}); }
+
+    TForm* Form = new TForm(&TApplication::Instance());
+    TKx2DGraph* Graph = new TKx2DGraph(Form);
+    TKxAxis* X = new TKxAxis(Form);
+    TKxAxis* Y = new TKxAxis(Form);
+    TKxLiveVector* XV = new TKxLiveVector(Form);
+    TKxLiveVector* YV = new TKxLiveVector(Form);
+    TKxLiveVector* DX = new TKxLiveVector(Form);
+    TKxLiveVector* DY = new TKxLiveVector(Form);
+};
+
+/// The polylines of one colour.
+inline std::vector<TRecording::TPolyline> LinesOf(const TRecording& Recording, TColor Color) {
+    std::vector<TRecording::TPolyline> lines;
+    for (const auto& call : Recording.Calls)
+        if (const auto* line = std::get_if<TRecording::TPolyline>(&call); line && line->Stroke.Color == Color)
+            lines.push_back(*line);
+    return lines;
+}
+
+template <class T> std::vector<T> CallsOf(const TRecording& Recording) {
+    std::vector<T> calls;
+    for (const auto& call : Recording.Calls)
+        if (const auto* one = std::get_if<T>(&call)) calls.push_back(*one);
+    return calls;
+}
+
+} // namespace kx::test
