@@ -16,20 +16,39 @@ std::vector<TKxAxis*> TKx2DGraph::GetAxes() const {
     return axes;
 }
 
+namespace {
+
+bool Follows(const TKxAxis* Axis) {
+    return Axis->GetVisible() && Axis->GetIsSlaveAxis() && Axis->GetMasterAxis() != nullptr;
+}
+
+void FollowMaster(TKxAxis& Axis) {
+    const TKxAxis& master = *Axis.GetMasterAxis();
+    Axis.SetStart(master.GetStart());
+    Axis.SetStop(master.GetStop());
+    Axis.SetScaling(master.GetScaling());
+    Axis.SetAutoCaption(master.GetCaption());
+    Axis.CalculateEnds();
+}
+
+} // namespace
+
 void TKx2DGraph::PrepareAxes(const std::vector<TKxAxis*>& Axes) {
-    const auto follows = [](const TKxAxis* A) {
-        return A->GetVisible() && A->GetIsSlaveAxis() && A->GetMasterAxis() != nullptr;
-    };
-    for (TKxAxis* axis : Axes)
-        if (!follows(axis)) axis->CalculateEnds();
+    std::vector<TKxAxis*> followers;
     for (TKxAxis* axis : Axes) {
-        if (!follows(axis)) continue;
-        const TKxAxis& master = *axis->GetMasterAxis();
-        axis->SetStart(master.GetStart());
-        axis->SetStop(master.GetStop());
-        axis->SetScaling(master.GetScaling());
-        axis->SetAutoCaption(master.GetCaption());
-        axis->CalculateEnds();
+        if (Follows(axis))
+            followers.push_back(axis);
+        else
+            axis->CalculateEnds();
+    }
+    while (!followers.empty()) {
+        // A master that is itself a slave goes first; in a circle of slaves any.
+        auto next = std::find_if(followers.begin(), followers.end(), [&](const TKxAxis* A) {
+            return std::find(followers.begin(), followers.end(), A->GetMasterAxis()) == followers.end();
+        });
+        if (next == followers.end()) next = followers.begin();
+        FollowMaster(**next);
+        followers.erase(next);
     }
 }
 
@@ -54,6 +73,11 @@ bool TKx2DGraph::PlaceAxes(const std::vector<TKxAxis*>& Axes) {
         placed.push_back(axis);
         input.Axes.push_back(axis->GetLayoutAxis());
         input.Axes.back().Crossed = CrossedBy(*axis);
+        // A graph with a margin keeps a little of it between labels and its edge.
+        constexpr int CLabelMargin = 4;
+        const int air = std::clamp(FMargin, 0, CLabelMargin);
+        input.Axes.back().StartReach += air;
+        input.Axes.back().StopReach += air;
     }
     const TKxLayout layout = LayOutGraph(input);
 
@@ -103,13 +127,15 @@ void TKx2DGraph::UpdateEndTicks(const std::vector<TKxAxis*>& Axes) {
         });
     };
     for (TKxAxis* axis : Axes) {
-        const bool inward = axis->GetMajorTickLength() < 0 || axis->GetTickLength() < 0;
         const auto& ticks = axis->GetTickPositions();
-        const int last = axis->GetTickCount() - 1;
-        const bool atFirst = last >= 0 && ticks[0] == 0,
-                   atLast = last >= 0 && ticks[last] == axis->GetAxisLength();
-        axis->SetEndTicks(!(inward && atFirst && adjoins(*axis, true)),
-                          !(inward && atLast && adjoins(*axis, false)));
+        const auto inwardAt = [&](int Index, int End) {
+            const bool major = Index >= 0 && axis->GetTickIsMajor()[Index];
+            const int length = major ? axis->GetMajorTickLength() : axis->GetTickLength();
+            return Index >= 0 && length < 0 && ticks[Index] == End;
+        };
+        axis->SetEndTicks(
+            !(inwardAt(std::min(0, axis->GetTickCount() - 1), 0) && adjoins(*axis, true)),
+            !(inwardAt(axis->GetTickCount() - 1, axis->GetAxisLength()) && adjoins(*axis, false)));
     }
 }
 

@@ -47,19 +47,22 @@ int CrossingMargin(const TKxLayoutAxis& Axis, int Span) {
     const double fromStart = map.Start / (map.Start - map.Stop);
     const bool startsAtEdge = IsHorizontal(Axis.Position) != map.Forward; // pixels count from the top
     const double f = std::clamp(startsAtEdge ? fromStart : 1 - fromStart, 0.0, 0.99);
-    return static_cast<int>(std::ceil(std::max(0.0, (Axis.Thickness - f * Span) / (1 - f))));
+    const double needed = Axis.Thickness - Axis.Gap - 0.5; // a line half a pixel lower still fits
+    return static_cast<int>(std::ceil(std::max(0.0, (needed - f * (Span - 1)) / (1 - f))));
 }
 
+// The line of an axis stands on the outermost pixel of the world and counts in thickness and reach.
 TMargins MarginsOf(const TKxLayoutInput& Input) {
-    TMargins m{Input.MinimalMargin, Input.MinimalMargin, Input.MinimalMargin, Input.MinimalMargin};
+    const int least = std::max(0, Input.MinimalMargin);
+    TMargins m{least, least, least, least};
     for (const auto side : {AxLeftPos, AxTopPos, AxRightPos, AxBottomPos})
-        m.At(side) = std::max(m.At(side), StackThickness(Input, side));
+        m.At(side) = std::max(m.At(side), StackThickness(Input, side) - 1);
     for (const auto& axis : Input.Axes) {
         if (axis.Position == AxFreeFloating) continue;
         int& start = IsHorizontal(axis.Position) ? m.Left : m.Bottom;
         int& stop = IsHorizontal(axis.Position) ? m.Right : m.Top;
-        start = std::max(start, axis.StartReach);
-        stop = std::max(stop, axis.StopReach);
+        start = std::max(start, axis.StartReach - 1);
+        stop = std::max(stop, axis.StopReach - 1);
     }
     m.Left += Input.Reserved.Left;
     m.Right += Input.Reserved.Right;
@@ -76,11 +79,8 @@ TMargins MarginsOf(const TKxLayoutInput& Input) {
 }
 
 TRect WorldOf(const TKxLayoutInput& Input, const TMargins& M) {
-    // The axis line lies on the outermost pixel of the world, so a margin begins one pixel further out.
-    const int right = Input.Graph.Width - std::max(0, M.Right - 1);
-    const int bottom = Input.Graph.Height - std::max(0, M.Bottom - 1);
-    const int left = std::max(0, M.Left - 1), top = std::max(0, M.Top - 1);
-    return {left, top, std::max(right, left + 2), std::max(bottom, top + 2)};
+    return {M.Left, M.Top, std::max(Input.Graph.Width - M.Right, M.Left + 2),
+            std::max(Input.Graph.Height - M.Bottom, M.Top + 2)};
 }
 
 /// Bounds of a stacked axis whose line stands at Line (y of a horizontal axis, x of a vertical one).

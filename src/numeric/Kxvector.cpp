@@ -103,6 +103,17 @@ int TKxRealVector::Add(double Value) {
     return FCount;
 }
 
+void TKxRealVector::AddValues(std::span<const double> Values) {
+    if (Values.size() > static_cast<std::size_t>(INT_MAX - FCount)) RaiseIndex(INT_MAX);
+    if (Listeners().GetCount() > 0) {
+        for (const double value : Values) Add(value);
+        return;
+    }
+    const int first = FCount;
+    CheckCount(FCount + static_cast<int>(Values.size()));
+    std::copy(Values.begin(), Values.end(), FValues.begin() + first);
+}
+
 void TKxRealVector::Insert(int Index, double Value) {
     if (Index < 0 || Index >= FCount) return;
     CheckCount(FCount + 1);

@@ -107,6 +107,8 @@ public:
 
     /// Appends; returns the new Count.
     int Add(double Value);
+    /// Appends all, as Add does one by one; the storage grows once.
+    void AddValues(std::span<const double> Values);
     /// Inserts before Index; nothing happens at Count or above.
     void Insert(int Index, double Value);
     /// Nothing happens at Count or above. Capacity never shrinks by it.

@@ -4,6 +4,7 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <limits>
 
@@ -17,22 +18,25 @@ namespace {
 constexpr std::uint64_t CAppendStep = std::uint64_t(1) << 32;
 constexpr std::uint64_t CInsertStep = std::uint64_t(1) << 14;
 
-const std::string CEmptyLines;
-const std::string CBracketLines = "[";
+std::string KeyKind(std::string_view Name) { return "=" + UpperCase(Name); }
 
-std::string KindOfKey(std::string_view Name) { return "=" + UpperCase(Name); }
-
-template <class F>
-void ForEachKind(std::string_view Text, F Do) {
-    if (Text.empty()) return Do(CEmptyLines);
-    if (Text.front() == '[') {
-        Do(CBracketLines);
-        if (Text.back() == ']') Do(UpperCase(Text));
-    }
-    if (const auto equals = Text.find('='); equals != Text.npos) Do(KindOfKey(Text.substr(0, equals)));
-}
+bool IsInOrder(TKxIniLines::TPlace A, TKxIniLines::TPlace B) { return A->Number < B->Number; }
 
 } // namespace
+
+std::size_t TKxIniLines::THash::operator()(const TKind& Kind) const {
+    return std::hash<std::string>()(Kind.Name) + 31 * std::hash<const TLine*>()(Kind.Section);
+}
+
+template <class F>
+void TKxIniLines::ForEachKind(const TLine& Line, F Do) {
+    const std::string_view text = Line.Text;
+    if (text.empty()) return Do(TKind{Line.Section, ""});
+    if (text.front() == '[') Do(TKind{Line.Section, "["});
+    if (text.front() == '[' && text.back() == ']') Do(TKind{nullptr, UpperCase(text)});
+    if (const auto equals = text.find('='); equals != text.npos)
+        Do(TKind{Line.Section, KeyKind(text.substr(0, equals))});
+}
 
 TKxIniLines::TPlace TKxIniLines::PlaceAt(int Index) const {
     if (Index < 0 || Index >= GetCount())
@@ -62,8 +66,9 @@ void TKxIniLines::DeleteAt(int Index) {
 TKxIniLines::TPlace TKxIniLines::Insert(TPlace Before, std::string Text) {
     const bool atEnd = Before == end();
     const auto number = NumberBefore(Before);
-    const TPlace place = FLines.insert(Before, TLine{std::move(Text), number});
+    const TPlace place = FLines.insert(Before, TLine{std::move(Text), SectionAt(Before), number});
     Enter(place);
+    EnterSection(Before);
     if (!atEnd)
         FPositionsHold = false;
     else if (FPositionsHold)
@@ -76,11 +81,14 @@ void TKxIniLines::Replace(TPlace Place, std::string Text) {
     const auto line = FLines.erase(Place, Place); // erases nothing: the place, for writing
     line->Text = std::move(Text);
     Enter(Place);
+    EnterSection(std::next(Place));
 }
 
 void TKxIniLines::Delete(TPlace First, TPlace Last) {
     for (TPlace place = First; place != Last; ++place) Leave(place);
-    FLines.erase(First, Last);
+    std::list<TLine> deleted; // lines behind still refer to a header among them
+    deleted.splice(deleted.end(), FLines, First, Last);
+    EnterSection(Last);
     FPositionsHold = false;
 }
 
@@ -92,32 +100,38 @@ void TKxIniLines::Clear() {
 }
 
 TKxIniLines::TPlace TKxIniLines::FindHeader(std::string_view Section) const {
-    const auto found = FIndex.find("[" + UpperCase(Section) + "]");
-    return found == FIndex.end() ? end() : found->second.begin()->second;
+    return First({nullptr, "[" + UpperCase(Section) + "]"});
 }
 
-TKxIniLines::TPlace TKxIniLines::NextBracket(TPlace After) const { return NextOfKind(CBracketLines, After); }
-
-TKxIniLines::TPlace TKxIniLines::NextEmpty(TPlace After) const { return NextOfKind(CEmptyLines, After); }
-
-TKxIniLines::TPlace TKxIniLines::FindKey(TPlace After, TPlace Last, std::string_view Ident) const {
-    const auto name = Ident.substr(0, Ident.find('='));
-    const auto found = FIndex.find(KindOfKey(name));
+TKxIniLines::TPlace TKxIniLines::FindKey(TPlace Header, std::string_view Ident) const {
+    const auto found = FIndex.find({&*Header, KeyKind(Ident.substr(0, Ident.find('=')))});
     if (found == FIndex.end()) return end();
     const std::string start = std::string(Ident) + "=";
-    const TSameKind& lines = found->second;
-    for (auto i = lines.upper_bound(After->Number); i != lines.end(); ++i) {
-        if (Last != end() && i->first > Last->Number) break;
-        if (StartsWithText(i->second->Text, start)) return i->second;
-    }
-    return end();
+    const auto key = std::find_if(found->second.begin(), found->second.end(),
+                                  [&](TPlace Place) { return StartsWithText(Place->Text, start); });
+    return key == found->second.end() ? end() : *key;
 }
 
-TKxIniLines::TPlace TKxIniLines::NextOfKind(const std::string& Kind, TPlace After) const {
+TKxIniLines::TPlace TKxIniLines::First(const TKind& Kind) const {
     const auto found = FIndex.find(Kind);
-    if (found == FIndex.end()) return end();
-    const auto next = found->second.upper_bound(After->Number);
-    return next == found->second.end() ? end() : next->second;
+    return found == FIndex.end() ? end() : found->second.front();
+}
+
+const TKxIniLines::TLine* TKxIniLines::SectionAt(TPlace Place) const {
+    if (Place == begin()) return nullptr;
+    const TLine& before = *std::prev(Place);
+    return before.Text.starts_with('[') ? &before : before.Section;
+}
+
+/// Puts the lines from First on into the section that they lie in now, up to the first that is in it already.
+void TKxIniLines::EnterSection(TPlace First) {
+    for (auto line = FLines.erase(First, First); line != FLines.end(); ++line) {
+        const TLine* section = SectionAt(line);
+        if (line->Section == section) return;
+        Leave(line);
+        line->Section = section;
+        Enter(line);
+    }
 }
 
 std::uint64_t TKxIniLines::NumberBefore(TPlace Before) {
@@ -131,26 +145,25 @@ std::uint64_t TKxIniLines::NumberBefore(TPlace Before) {
 }
 
 void TKxIniLines::Renumber() {
-    FIndex.clear();
     std::uint64_t number = 0;
-    for (auto line = FLines.begin(); line != FLines.end(); ++line) {
-        line->Number = number += CAppendStep;
-        Enter(line);
-    }
+    for (TLine& line : FLines) line.Number = number += CAppendStep;
 }
 
 void TKxIniLines::Enter(TPlace Place) {
-    ForEachKind(Place->Text, [&](const std::string& Kind) {
-        TSameKind& lines = FIndex[Kind];
-        lines.emplace_hint(lines.end(), Place->Number, Place);
+    ForEachKind(*Place, [&](TKind Kind) {
+        TSameKind& lines = FIndex[std::move(Kind)];
+        const bool isLast = lines.empty() || IsInOrder(lines.back(), Place);
+        lines.insert(isLast ? lines.end() : std::upper_bound(lines.begin(), lines.end(), Place, IsInOrder),
+                     Place);
     });
 }
 
 void TKxIniLines::Leave(TPlace Place) {
-    ForEachKind(Place->Text, [&](const std::string& Kind) {
+    ForEachKind(*Place, [&](const TKind& Kind) {
         const auto found = FIndex.find(Kind);
-        found->second.erase(Place->Number);
-        if (found->second.empty()) FIndex.erase(found);
+        TSameKind& lines = found->second;
+        lines.erase(std::lower_bound(lines.begin(), lines.end(), Place, IsInOrder));
+        if (lines.empty()) FIndex.erase(found);
     });
 }
 

@@ -1,10 +1,10 @@
 #pragma once
-// The lines of an INI store in their order, and an index that answers where the next line of a kind is: a
-// header, an empty line, a line of a key. What follows from the answers is the store's business.
+// The lines of an INI store in their order, and an index that answers where a section begins and where in it
+// the lines of a key are. What follows from the answers is the store's business.
 
+#include <cstddef>
 #include <cstdint>
 #include <list>
-#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -13,18 +13,18 @@
 
 namespace kx {
 
-/// Lines of text. Changes at a place and all searches cost O(log n), access by position O(1) unless lines
-/// were inserted or deleted at places since the last one. A place stays valid until its line is deleted.
-///
-/// Every line bears a number that grows in line order, with gaps, so that two lines are compared without
-/// counting. The index keeps the lines of one kind together, in that order; a line can be of several kinds,
-/// and a kind has a name: "" are the empty lines, "[" those that begin with a bracket, "[SECTION]" the
-/// headers of one section, "=NAME" the lines with NAME before their first "=".
+/// Lines of text. Changes at a place and all searches cost O(1), access by position likewise unless lines
+/// were inserted or deleted at places since the last one. What costs more: a line beginning with "[" that
+/// comes or goes (O(n) in the lines that change their section by it, none at the end of the list), and lines
+/// of one key in one section (O(k) for k of them). A place stays valid until its line is deleted.
 class TKxIniLines {
 public:
+    /// Section is the last line beginning with "[" in front of this one; null when there is none. A header is
+    /// thus the last line of the section in front of it, where readers stop.
     struct TLine {
         std::string Text;
-        std::uint64_t Number;
+        const TLine* Section = nullptr;
+        std::uint64_t Number = 0; // grows in line order, with gaps
     };
     using TPlace = std::list<TLine>::const_iterator;
 
@@ -50,29 +50,43 @@ public:
     void Delete(TPlace First, TPlace Last);
     void Clear();
 
-    // Searches ignore the case of ASCII letters and give end() when there is no such line.
+    // Searches ignore the case of ASCII letters and give end() when there is no such line. Header is any line
+    // that begins with "[".
 
     /// The first line that is "[" + Section + "]".
     TPlace FindHeader(std::string_view Section) const;
-    /// The first line behind After that begins with "[".
-    TPlace NextBracket(TPlace After) const;
-    /// The first line behind After that is empty.
-    TPlace NextEmpty(TPlace After) const;
-    /// The first line behind After that begins with Ident + "=", not looking beyond the line Last (which may
-    /// be end()).
-    TPlace FindKey(TPlace After, TPlace Last, std::string_view Ident) const;
+    /// The next line that begins with "[".
+    TPlace NextHeader(TPlace Header) const { return First({&*Header, "["}); }
+    /// The first empty line in front of the next header.
+    TPlace FirstEmpty(TPlace Header) const { return First({&*Header, ""}); }
+    /// The first line that begins with Ident + "=", up to and including the next header.
+    TPlace FindKey(TPlace Header, std::string_view Ident) const;
 
 private:
-    using TSameKind = std::map<std::uint64_t, TPlace>; // by number
+    /// What the index finds lines by: the section and "" for empty lines, "[" for the next header, "=NAME"
+    /// for lines with NAME in front of their first "="; no section and "[NAME]" for headers.
+    struct TKind {
+        const TLine* Section;
+        std::string Name;
+        friend bool operator==(const TKind&, const TKind&) = default;
+    };
+    struct THash {
+        std::size_t operator()(const TKind& Kind) const;
+    };
+    using TSameKind = std::vector<TPlace>; // in line order
 
-    TPlace NextOfKind(const std::string& Kind, TPlace After) const;
+    template <class F>
+    static void ForEachKind(const TLine& Line, F Do);
+    TPlace First(const TKind& Kind) const;
+    const TLine* SectionAt(TPlace Place) const;
+    void EnterSection(TPlace First);
     std::uint64_t NumberBefore(TPlace Before);
     void Renumber();
     void Enter(TPlace Place);
     void Leave(TPlace Place);
 
     std::list<TLine> FLines;
-    std::unordered_map<std::string, TSameKind> FIndex;
+    std::unordered_map<TKind, TSameKind, THash> FIndex;
     mutable std::vector<TPlace> FPositions; // all places in order, if FPositionsHold
     mutable bool FPositionsHold = true;
 };

@@ -65,14 +65,14 @@ void TKxIniList::EraseSection(std::string_view Section) {
     const auto header = FStore.FindHeader(Section);
     if (header == FStore.end()) return;
     Modified = true;
-    FStore.Delete(header, FStore.NextBracket(header));
+    FStore.Delete(header, FStore.NextHeader(header));
 }
 
 std::string TKxIniList::ReadString(std::string_view Section, std::string_view Ident,
                                    std::string_view Default) const {
     const auto header = FStore.FindHeader(Section);
     if (header == FStore.end()) return std::string(Default);
-    const auto key = FStore.FindKey(header, FStore.NextBracket(header), Ident);
+    const auto key = FStore.FindKey(header, Ident);
     return key == FStore.end() ? std::string(Default) : key->Text.substr(Ident.size() + 1);
 }
 
@@ -86,12 +86,17 @@ void TKxIniList::WriteString(std::string_view Section, std::string_view Ident, s
         FStore.Append(std::move(line));
         return;
     }
-    const auto empty = FStore.NextEmpty(header);
-    const auto key = FStore.FindKey(header, empty, Ident);
-    if (key == FStore.end())
-        FStore.Insert(empty, std::move(line));
-    else
-        FStore.Replace(key, std::move(line));
+    // Kept: past headers, as long as no empty line comes.
+    for (auto section = header;; section = FStore.NextHeader(section)) {
+        const auto key = FStore.FindKey(section, Ident);
+        const auto empty = FStore.FirstEmpty(section);
+        if (key != FStore.end() && (empty == FStore.end() || key->Number < empty->Number))
+            return FStore.Replace(key, std::move(line));
+        if (empty != FStore.end() || FStore.NextHeader(section) == FStore.end()) {
+            FStore.Insert(empty, std::move(line));
+            return;
+        }
+    }
 }
 
 void TKxIniList::ReadXYVector(std::string_view Section, TKxRealVector& X, TKxRealVector& Y) const {

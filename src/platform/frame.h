@@ -13,9 +13,9 @@ inline constexpr int CMaxSettleRounds = 8;
 /// up. Exceptions go to the application's OnException; the others go on. Returns whether all is settled.
 bool SettleTree(TWinControl& Root);
 
-/// Paints Root and its visible children on Device, Root's top left at (0, 0), without settling. A graphic
-/// control that lifts its clip reaches as far as its parent. Dirty bounds
-/// what is painted. An exception from a Paint goes to the application's OnException; the rest is painted.
+/// Paints Root and its visible children on Device, Root's top left at (0, 0), without settling. Dirty bounds
+/// what is painted. A graphic control that lifts its clip reaches as far as its parent does. An exception
+/// from a Paint goes to the application's OnException; the rest is painted.
 void PaintTree(TWinControl& Root, TCanvasDevice& Device, const TRect& Dirty);
 
 /// Settles the tree that Root belongs to and paints Root on Device.

@@ -22,8 +22,9 @@ constexpr double CSafeMargin = 4096;
 // do not.
 constexpr double CNudge = 1.0 / 64;
 
-// The painter's time for one path grows faster than the path.
-constexpr std::size_t CPieceSize = 32;
+// The painter's time for one path grows much faster than the path; so long ones are painted in pieces.
+constexpr std::size_t CPiecePoints = 32;
+constexpr double CPieceLength = 256;
 
 double Distance(const QPointF& A, const QPointF& B) { return std::hypot(B.x() - A.x(), B.y() - A.y()); }
 QPointF Direction(double Angle) { return {std::cos(Angle), std::sin(Angle)}; }
@@ -229,12 +230,11 @@ void TPainterDevice::PaintWide(std::span<const TPoint> Points, const TStroke& St
     else if (Stroke.Width < 2)
         TrimEnds();
     ForPiecesInside(FCurve, SafeArea(), FSpare, [&](std::span<const QPointF> Piece, double LengthBefore) {
-        if (!FRaster || Stroke.Mode == pmXor)
-            PaintDashed(Piece, pen, LengthBefore, Piece.size());
-        else if (pen.style() == Qt::CustomDashLine || FAntialias)
-            PaintDashed(Piece, pen, LengthBefore, CPieceSize);
+        const bool whole = !FRaster || Stroke.Mode == pmXor; // no pixel twice, no path more than needed
+        if (whole || FAntialias || pen.style() == Qt::CustomDashLine)
+            PaintStroke(Piece, pen, LengthBefore, !whole);
         else
-            PaintSolid(Piece, pen, Closed || Stroke.Width > 1);
+            PaintBars(Piece, pen, Closed || Stroke.Width > 1);
     });
 }
 
@@ -254,43 +254,52 @@ void TPainterDevice::TrimEnds() {
     FCurve.back() -= end;
 }
 
-/// Paints a line as the painter does, some segments at a time; each joint is inside one of the pieces.
-void TPainterDevice::PaintDashed(std::span<const QPointF> Line, QPen Pen, double LengthBefore,
-                                 std::size_t PieceSize) {
+/// Paints a line as the painter does, in pieces if so asked, with discs for the joints between them.
+void TPainterDevice::PaintStroke(std::span<const QPointF> Line, QPen Pen, double LengthBefore,
+                                 bool InPieces) {
     const bool dashed = Pen.style() == Qt::CustomDashLine;
-    for (std::size_t begin = 0; begin + 1 < Line.size();) {
-        const auto piece = Line.subspan(begin, std::min(PieceSize, Line.size() - begin));
+    for (std::size_t begin = 0, end = 1; end < Line.size(); begin = end - 1) {
+        double length = 0;
+        const std::size_t most = InPieces ? begin + CPiecePoints : Line.size();
+        for (end = begin + 1; end < Line.size() && end < most && (!InPieces || length < CPieceLength); ++end)
+            length += Distance(Line[end - 1], Line[end]);
         if (dashed) Pen.setDashOffset(LengthBefore / Pen.widthF());
+        LengthBefore += length;
         FPainter.setPen(Pen);
-        FPainter.drawPolyline(piece.data(), int(piece.size()));
-        const bool last = begin + piece.size() == Line.size();
-        const auto step = piece.size() - (dashed || last ? 1 : 2);
-        for (std::size_t i = 1; i <= step; ++i) LengthBefore += Distance(piece[i - 1], piece[i]);
-        begin += step;
+        FPainter.drawPolyline(Line.data() + begin, int(end - begin));
+        if (dashed || Pen.capStyle() == Qt::RoundCap || end == Line.size()) continue;
+        FPainter.setPen(Qt::NoPen);
+        FPainter.setBrush(Pen.color());
+        PaintDisc(Line[end - 1], Pen.widthF() / 2);
     }
 }
 
 /// Paints a line as bars with discs at the joints: the same pixels however many of them there are, in a time
-/// that grows with their number only. (The painter takes a line that crosses itself in much longer.)
-void TPainterDevice::PaintSolid(std::span<const QPointF> Line, const QPen& Pen, bool RoundEnds) {
+/// that grows with their number only.
+void TPainterDevice::PaintBars(std::span<const QPointF> Line, const QPen& Pen, bool RoundEnds) {
     const double radius = Pen.widthF() / 2;
-    std::array<QPointF, 32> disc;
-    for (std::size_t i = 0; i < disc.size(); ++i)
-        disc[i] = radius * Direction(2 * std::numbers::pi * double(i) / disc.size());
     FPainter.setPen(Qt::NoPen);
     FPainter.setBrush(Pen.color());
     for (std::size_t i = 0; i < Line.size(); ++i) {
-        if (RoundEnds || (i > 0 && i + 1 < Line.size())) {
-            std::array<QPointF, disc.size()> placed;
-            std::ranges::transform(disc, placed.begin(), [&](const QPointF& P) { return P + Line[i]; });
-            FPainter.drawConvexPolygon(placed.data(), int(placed.size()));
-        }
+        if (RoundEnds || (i > 0 && i + 1 < Line.size())) PaintDisc(Line[i], radius);
         if (i == 0 || Line[i] == Line[i - 1]) continue;
-        const QPointF way = Line[i] - Line[i - 1],
-                      aside = QPointF(-way.y(), way.x()) * (radius / Distance({}, way));
+        const QPointF way = Line[i] - Line[i - 1];
+        const QPointF aside = QPointF(-way.y(), way.x()) * (radius / Distance({}, way));
         const std::array bar{Line[i - 1] + aside, Line[i] + aside, Line[i] - aside, Line[i - 1] - aside};
         FPainter.drawConvexPolygon(bar.data(), int(bar.size()));
     }
+}
+
+void TPainterDevice::PaintDisc(const QPointF& Middle, double Radius) {
+    static const auto circle = [] {
+        std::array<QPointF, 32> points;
+        for (std::size_t i = 0; i < points.size(); ++i)
+            points[i] = Direction(2 * std::numbers::pi * double(i) / points.size());
+        return points;
+    }();
+    std::array<QPointF, circle.size()> disc;
+    std::ranges::transform(circle, disc.begin(), [&](const QPointF& P) { return Middle + Radius * P; });
+    FPainter.drawConvexPolygon(disc.data(), int(disc.size()));
 }
 
 void TPainterDevice::PaintArea(std::span<const TPoint> Points, const TFill& Fill, bool Antialias) {

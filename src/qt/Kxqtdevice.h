@@ -52,8 +52,9 @@ private:
     std::span<const TPoint> Reduced(std::span<const TPoint> Points, const TStroke& Stroke);
     void PaintThin(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed);
     void PaintWide(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed, Qt::PenJoinStyle Join);
-    void PaintDashed(std::span<const QPointF> Line, QPen Pen, double LengthBefore, std::size_t PieceSize);
-    void PaintSolid(std::span<const QPointF> Line, const QPen& Pen, bool RoundEnds);
+    void PaintStroke(std::span<const QPointF> Line, QPen Pen, double LengthBefore, bool InPieces);
+    void PaintBars(std::span<const QPointF> Line, const QPen& Pen, bool RoundEnds);
+    void PaintDisc(const QPointF& Middle, double Radius);
     void PaintArea(std::span<const TPoint> Points, const TFill& Fill, bool Antialias);
     void PaintShape(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill,
                     Qt::PenJoinStyle Join);

@@ -27,9 +27,9 @@ TEST(GraphLayout, thickness_sums_what_stands_across_the_axis) {
     } cases[] = {
         {{}, 0},
         {{10, 2, 1, 13, 15, 4, 10, false}, 10 + 2 + 1 + 13 + 15 + 4},
-        {{-10, 2, 1, 13, 0, 4, 10, false}, 10 + 2 + 1 + 13},    // no caption: no gap for it
-        {{10, 2, 1, 13, 15, 4, 10, true}, 45},                  // the caption needs more than the exponent
-        {{10, 0, 1, 13, 0, 4, 10, true}, 10 + 10 + 13 + 1},     // the exponent needs more
+        {{-10, 2, 1, 13, 0, 4, 10, false}, 10 + 2 + 1 + 13}, // no caption: no gap for it
+        {{10, 2, 1, 13, 15, 4, 10, true}, 45},               // the caption needs more than the exponent
+        {{10, 0, 1, 13, 0, 4, 10, true}, 10 + 10 + 13 + 1},  // the exponent needs more
     };
     for (const auto& c : cases) EXPECT_EQ(c.Of.Total(), c.Total);
 }
@@ -67,10 +67,10 @@ TEST(GraphLayout, keeps_margins_for_end_labels_and_the_bounds_of_fixed_axes) {
     input.Axes[2].Bounds = {100, 50, 140, 290};
     input.Axes[3].Bounds = {0, 100, 400, 130};
     const TKxLayout layout = LayOutGraph(input);
-    EXPECT_EQ(layout.DrawingWorld, (TRect{24, 5, 400 - 30, 300 - 29}));
+    EXPECT_EQ(layout.DrawingWorld, (TRect{24, 6, 400 - 30, 300 - 29}));
     EXPECT_EQ(layout.Axes[1].Origin.X + layout.Axes[1].Bounds.Left, 24);
     EXPECT_EQ(layout.Axes[2].Bounds, input.Axes[2].Bounds);
-    EXPECT_EQ(layout.Axes[2].Origin, (TPoint{39, 5 - 50})) << "beside the world's ends all the same";
+    EXPECT_EQ(layout.Axes[2].Origin, (TPoint{39, 6 - 50})) << "beside the world's ends all the same";
     EXPECT_EQ(layout.Axes[3].Bounds, input.Axes[3].Bounds);
     EXPECT_EQ(layout.Axes[3].Origin, (TPoint{24, 29}));
 }
@@ -92,8 +92,8 @@ TEST(GraphLayout, axes_lie_inside_the_graph_and_along_the_world_whatever_there_i
             input.Axes.back().StartReach = any(0, 30);
             input.Axes.back().StopReach = any(0, 30);
             if (i < 2 && crossing)
-                input.Axes.back().Crossed = TKxAxisMap::Make(
-                    AxNormal, -zero[i], 1 - zero[i], 7, i == 0 ? AxVertical : AxHorizontal, any(0, 1));
+                input.Axes.back().Crossed = TKxAxisMap::Make(AxNormal, -zero[i], 1 - zero[i], 7,
+                                                             i == 0 ? AxVertical : AxHorizontal, any(0, 1));
         }
         const TKxLayout layout = LayOutGraph(input);
         const TRect world = layout.DrawingWorld, graph{0, 0, input.Graph.Width, input.Graph.Height};
@@ -110,7 +110,8 @@ TEST(GraphLayout, axes_lie_inside_the_graph_and_along_the_world_whatever_there_i
             if (!input.Axes[i].Crossed) continue;
             auto map = *input.Axes[i].Crossed;
             map = TKxAxisMap::Make(AxNormal, map.Start, map.Stop,
-                                   (horizontal ? world.Height() : world.Width()) - 1, AxHorizontal, !map.Forward);
+                                   (horizontal ? world.Height() : world.Width()) - 1, AxHorizontal,
+                                   !map.Forward);
             ASSERT_EQ(horizontal ? bounds.Top + origin.Y - world.Top : bounds.Left + origin.X - world.Left,
                       map.RealToIntPosition(0));
         }

@@ -10,7 +10,8 @@ namespace {
 
 using namespace kxplot;
 
-constexpr double CInf = std::numeric_limits<double>::infinity(), CNan = std::nan("");
+constexpr double CInf = std::numeric_limits<double>::infinity(),
+                 CNan = std::numeric_limits<double>::quiet_NaN();
 
 void ExpectValues(const std::vector<double>& Found, const std::vector<double>& Expected) {
     ASSERT_EQ(Found.size(), Expected.size());
@@ -78,6 +79,7 @@ TEST(KxplotTable, FindsOutHowATextIsBuilt) {
          {1, 3},
          {2, 4}},
         {"\"two\nlines\",b\n1,nan\n,2\n", TSeparator::Comma, {"two\nlines", "b"}, {1, CNan}, {CNan, 2}},
+        {"t, s\n1 2\n", TSeparator::Blanks, {"t,", "s"}, {1}, {2}},
         {"y\n3\n4\n", TSeparator::Blanks, {"y"}, {3, 4}, {3, 4}},
         {"1,\n2,\n3,7\n", TSeparator::Comma, {}, {1, 2, 3}, {CNan, CNan, 7}},
         {"a,b\n1,-Inf\n2,1e400\n", TSeparator::Comma, {"a", "b"}, {1, 2}, {-CInf, CInf}},

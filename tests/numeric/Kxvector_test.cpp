@@ -53,6 +53,12 @@ TEST(Vectors, ChangeAndTellAsTheyShould) {
     };
     for (const auto& c :
          {TCase{[](auto& v) { v.Add(5); }, {{3, false}}, {0, 1, 2, 5}, {0, 1, 2, 5}},
+          TCase{[](auto& v) {
+                    v.AddValues(TReals{5, 6});
+                },
+                {{3, false}, {4, false}},
+                {0, 1, 2, 5, 6},
+                {0, 1, 2, 5, 6}},
           TCase{[](auto& v) { v.Insert(1, 5); }, {{1, false}}, {0, 5, 1, 2}, {0, 5, 1, 2}},
           TCase{[](auto& v) { v.Insert(3, 5); }, {}, {0, 1, 2}, {0, 1, 2}},
           TCase{[](auto& v) { v.SetValue(1, 5); }, {{1, false}}, {0, 5, 2}, {0, 5, 2}},
@@ -65,7 +71,7 @@ TEST(Vectors, ChangeAndTellAsTheyShould) {
         TKxRealVector plain(nullptr);
         for (TKxRealVector* v : {&plain, static_cast<TKxRealVector*>(&live)}) {
             TWatcher watcher;
-            for (double x : {0, 1, 2}) v->Add(x);
+            v->AddValues(TReals{0, 1, 2});
             v->Listeners().Add(watcher.Event());
             c.Act(*v);
             EXPECT_EQ(watcher.Heard, v == &live ? c.Heard : TCalls());

@@ -22,6 +22,7 @@ int Uniform(std::mt19937& Random, int Low, int High) {
 struct TCase {
     const char* Name;
     TLineShape Shape;
+    int Count = 200000;
 };
 
 const TCase CCases[] = {
@@ -53,7 +54,8 @@ const TCase CCases[] = {
     {"everywhere",
      [](std::mt19937& R, int, int, TPoint) {
          return TPoint{Uniform(R, -20, 1220), Uniform(R, -20, 820)};
-     }},
+     },
+     10000},
 };
 
 TPoints LineOf(const TCase& Case, int Count) {
@@ -85,29 +87,25 @@ void ExpectSamePicture(const TPoints& Line, int Width, TRasterOptions Options) {
 TEST(QtReduction, ChangesNoPixelOfALongLine) {
     for (const TCase& c : CCases) {
         SCOPED_TRACE(c.Name);
-        const TPoints line = LineOf(c, 200000);
-        ExpectSamePicture(line, 0, {CSize});
-        ExpectSamePicture(line, 1, {CSize, 1, true});
+        ExpectSamePicture(LineOf(c, c.Count), 0, {CSize});
     }
-    ExpectSamePicture(LineOf(CCases[0], 1000000), 1, {CSize});
+    ExpectSamePicture(LineOf(CCases[0], 1000000), 1, {CSize, 1, true});
 }
 
 TEST(QtReduction, ChangesNoPixelOfAWideOrFinerLine) {
     for (const TCase& c : CCases) {
         SCOPED_TRACE(c.Name);
-        for (const bool antialias : {false, true}) {
-            ExpectSamePicture(LineOf(c, 5000), 3, {CSize, 1, antialias});
-            ExpectSamePicture(LineOf(c, 20000), 3, {{1200, 200}, 1, antialias});
-            ExpectSamePicture(LineOf(c, 5000), 1, {CSize, 2, antialias});
-            ExpectSamePicture(LineOf(c, 20000), 0, {CSize, 1.5, antialias});
-        }
+        ExpectSamePicture(LineOf(c, 5000), 3, {CSize});
+        ExpectSamePicture(LineOf(c, 20000), 3, {CSize});
+        ExpectSamePicture(LineOf(c, 5000), 1, {CSize, 2});
+        ExpectSamePicture(LineOf(c, 20000), 0, {CSize, 1.5});
     }
 }
 
 TEST(QtReduction, ChangesNoPixelOfALargeArea) {
     for (const TCase& c : CCases) {
         SCOPED_TRACE(c.Name);
-        TPoints area = LineOf(c, 20000);
+        TPoints area = LineOf(c, 2000);
         area.push_back({1199, 400});
         area.push_back({0, 400});
         for (const TStroke& stroke : {CNoStroke, CThin}) {

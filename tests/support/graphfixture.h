@@ -38,15 +38,17 @@ struct TGraphForm {
         Y->SetParent(Graph);
         Graph->SetPrimaryXAxis(X);
         Graph->SetPrimaryYAxis(Y);
-        const std::pair<TComponent*, const char*> names[] = {
-            {Graph, "Graph1"}, {X, "XAxis1"}, {Y, "YAxis1"}, {XV, "X1"}, {YV, "Y1"}, {DX, "DX1"}, {DY, "DY1"}};
+        const std::pair<TComponent*, const char*> names[] = {{Graph, "Graph1"}, {X, "XAxis1"}, {Y, "YAxis1"},
+                                                             {XV, "X1"},        {YV, "Y1"},    {DX, "DX1"},
+                                                             {DY, "DY1"}};
         for (auto [component, name] : names) component->SetName(name);
     }
     ~TGraphForm() { delete TApplication::Instance().FindComponent("Form1"); }
     TGraphForm(const TGraphForm&) = delete;
     TGraphForm& operator=(const TGraphForm&) = delete;
 
-    template <class T = TKxDataWithErrorSeries> T* AddSeries() {
+    template <class T = TKxDataWithErrorSeries>
+    T* AddSeries() {
         auto* series = new T(Form);
         series->SetXData(XV);
         series->SetYData(YV);
@@ -103,7 +105,8 @@ inline std::vector<TRecording::TPolyline> LinesOf(const TRecording& Recording, T
     return lines;
 }
 
-template <class T> std::vector<T> CallsOf(const TRecording& Recording) {
+template <class T>
+std::vector<T> CallsOf(const TRecording& Recording) {
     std::vector<T> calls;
     for (const auto& call : Recording.Calls)
         if (const auto* one = std::get_if<T>(&call)) calls.push_back(*one);

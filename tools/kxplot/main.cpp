@@ -4,20 +4,60 @@
 #include "kxplot/plot.h"
 #include "kxplot/table.h"
 #include "platform/application.h"
+#include "platform/exceptions.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "qt/Kxqtinstall.h"
 #include "qt/Kxqtpicture.h"
 #include "svg/Kxsvgdevice.h"
 
+#include <cstdio>
 #include <exception>
+#include <functional>
 #include <iostream>
+#include <string>
+#include <vector>
 
 namespace {
 
 using namespace kxplot;
 
 constexpr int CFailure = 1, CUsage = 2;
+
+/// The files of one run: written beside their places, and renamed into them when all are written.
+class TPendingFiles {
+public:
+    TPendingFiles() = default;
+    TPendingFiles(const TPendingFiles&) = delete;
+    TPendingFiles& operator=(const TPendingFiles&) = delete;
+    ~TPendingFiles() {
+        for (const auto& file : FFiles) std::remove(file.Temporary.c_str());
+    }
+
+    void Write(const std::string& FileName, const std::function<void(const std::string&)>& Writer) {
+        if (kx::DirectoryExists(FileName)) throw kx::EFileError(kx::Escaped(FileName) + ": is a directory");
+        FFiles.push_back({kx::TemporaryNameFor(FileName), FileName});
+        const std::string& temporary = FFiles.back().Temporary;
+        try {
+            Writer(temporary);
+        } catch (const kx::EFileError& error) {
+            // The file that was asked for is the one to tell of.
+            const std::string told = error.what(), name = kx::Escaped(temporary);
+            const bool named = told.compare(0, name.size(), name) == 0;
+            throw kx::EFileError(named ? kx::Escaped(FileName) + told.substr(name.size()) : told);
+        }
+    }
+    void MoveIntoPlace() {
+        for (const auto& file : FFiles) kx::MoveIntoPlace(file.Temporary, file.Name);
+        FFiles.clear();
+    }
+
+private:
+    struct TFile {
+        std::string Temporary, Name;
+    };
+    std::vector<TFile> FFiles;
+};
 
 void WritePicture(TPlot& Plot, const TOptions& Options, const std::string& FileName) {
     const auto paint = [&Plot](kx::TCanvasDevice& Device) { Plot.GetGraph().PaintTo(Device); };
@@ -42,8 +82,12 @@ void Draw(const TOptions& Options) {
     TPlot plot(table, Options);
     if (!Options.Outfit.empty()) plot.LoadOutfit(Options.Outfit);
     plot.Apply(Options);
-    for (const auto& output : Options.Outputs) WritePicture(plot, Options, output);
-    if (!Options.SaveOutfit.empty()) plot.SaveOutfit(Options.SaveOutfit);
+    TPendingFiles files;
+    for (const auto& output : Options.Outputs)
+        files.Write(output, [&](const std::string& Name) { WritePicture(plot, Options, Name); });
+    if (!Options.SaveOutfit.empty())
+        files.Write(Options.SaveOutfit, [&](const std::string& Name) { plot.SaveOutfit(Name); });
+    files.MoveIntoPlace();
 }
 
 int Complain(const std::exception& Error, int Status) {

@@ -138,8 +138,10 @@ std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
     if (!raw.Size.empty()) options.Size = ParseSize(raw.Size);
     CheckScale(options.Scale);
     for (const auto& text : raw.Assignments) options.Assignments.push_back(ParseAssignment(text));
-    if (options.Outputs.empty()) options.Outputs.push_back(DefaultOutput(options.Data));
-    for (const auto& output : options.Outputs) CheckOutput(output);
+    if (options.Outputs.empty())
+        options.Outputs.push_back(DefaultOutput(options.Data));
+    else
+        for (const auto& output : options.Outputs) CheckOutput(output);
     return std::move(options);
 }
 

@@ -81,8 +81,7 @@ TPlot::TColumns TPlot::ChooseColumns(const TTable& Table, const TOptions& Option
 TKxLiveVector* TPlot::MakeVector(const std::string& Name, const std::vector<double>& Values) {
     auto* vector = new TKxLiveVector(FForm.get());
     vector->SetName(Name);
-    vector->SetCapacity(static_cast<int>(Values.size()) + 1);
-    for (const double value : Values) vector->Add(value);
+    vector->AddValues(Values);
     return vector;
 }
 

@@ -13,18 +13,6 @@ TRowReader::TRowReader(std::string_view Text, std::size_t At, long Line, TSepara
     if (Separator == TSeparator::Tab) set('\t', Separates); // no blank then
 }
 
-void TRowReader::SkipBlanks() {
-    const TKind blank = FByBlanks ? Separates : Blank;
-    while (FPos != FEnd && KindAt(FPos) == blank) ++FPos;
-}
-
-void TRowReader::EndLine() {
-    if (FPos == FEnd) return;
-    if (*FPos == '\r') ++FPos;
-    if (FPos != FEnd && *FPos == '\n') ++FPos;
-    ++FLine;
-}
-
 bool TRowReader::SkipEmptyAndComments() {
     while (FPos != FEnd) {
         const char* begin = FPos;
@@ -72,26 +60,6 @@ std::string_view TRowReader::QuotedCell() {
     for (; FPos != FEnd && KindAt(FPos) < Separates; ++FPos)
         if (*FPos != ' ') FBuffer += *FPos;
     return FBuffer;
-}
-
-std::string_view TRowReader::PlainCell() {
-    const char* begin = FPos;
-    while (FPos != FEnd && KindAt(FPos) < Separates) ++FPos;
-    return {begin, static_cast<std::size_t>(FPos - begin)};
-}
-
-bool TRowReader::NextCell(std::string_view& Cell) {
-    if (FRowEnded) return false;
-    SkipBlanks();
-    Cell = FPos != FEnd && *FPos == '"' ? QuotedCell() : PlainCell();
-    if (FByBlanks) SkipBlanks();
-    if (AtLineEnd()) {
-        EndLine();
-        FRowEnded = true;
-    } else if (!FByBlanks) {
-        ++FPos; // the separator: another cell follows, if an empty one
-    }
-    return true;
 }
 
 } // namespace kxplot

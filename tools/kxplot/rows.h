@@ -4,6 +4,7 @@
 #include "kxplot/table.h"
 
 #include <array>
+#include <charconv>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,8 @@ public:
     bool NextRow();
     /// The next cell of the row; false behind the last one.
     bool NextCell(std::string_view& Cell);
+    /// The next cell if it is a plain number, in point form and without quotes; false leaves it to NextCell.
+    bool NextNumber(double& Value);
     /// Whether the text ended inside of quotes.
     bool HasOpenQuote() const { return FOpenQuote; }
     /// Line of the present row, 1-based.
@@ -34,6 +37,7 @@ private:
     TKind KindAt(const char* Pos) const { return FKinds[static_cast<unsigned char>(*Pos)]; }
     bool AtLineEnd() const { return FPos == FEnd || KindAt(FPos) == EndsLine; }
     bool SkipEmptyAndComments();
+    void EndCell();
     void EndLine();
     void EndRow();
     std::string_view QuotedCell();
@@ -52,5 +56,54 @@ private:
     std::array<TKind, 256> FKinds{};
     std::string FBuffer;
 };
+
+// What is called for every cell stands here, to be inlined.
+
+inline void TRowReader::SkipBlanks() {
+    const TKind blank = FByBlanks ? Separates : Blank;
+    while (FPos != FEnd && KindAt(FPos) == blank) ++FPos;
+}
+
+inline void TRowReader::EndLine() {
+    if (FPos == FEnd) return;
+    if (*FPos == '\r') ++FPos;
+    if (FPos != FEnd && *FPos == '\n') ++FPos;
+    ++FLine;
+}
+
+inline std::string_view TRowReader::PlainCell() {
+    const char* begin = FPos;
+    while (FPos != FEnd && KindAt(FPos) < Separates) ++FPos;
+    return {begin, static_cast<std::size_t>(FPos - begin)};
+}
+
+inline bool TRowReader::NextCell(std::string_view& Cell) {
+    if (FRowEnded) return false;
+    SkipBlanks();
+    Cell = FPos != FEnd && *FPos == '"' ? QuotedCell() : PlainCell();
+    EndCell();
+    return true;
+}
+
+inline bool TRowReader::NextNumber(double& Value) {
+    if (FRowEnded) return false;
+    SkipBlanks();
+    // No separator is part of a number, so there is no need to look for the cell's end first.
+    const auto [stop, error] = std::from_chars(FPos, FEnd, Value);
+    if (error != std::errc() || (stop != FEnd && KindAt(stop) < Separates)) return false;
+    FPos = stop;
+    EndCell();
+    return true;
+}
+
+inline void TRowReader::EndCell() {
+    if (FByBlanks) SkipBlanks();
+    if (AtLineEnd()) {
+        EndLine();
+        FRowEnded = true;
+    } else if (!FByBlanks) {
+        ++FPos; // the separator: another cell follows, if an empty one
+    }
+}
 
 } // namespace kxplot

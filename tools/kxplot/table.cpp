@@ -42,6 +42,8 @@ bool SeveralInMostRows(const std::vector<int>& Counts) {
            std::ptrdiff_t(Counts.size());
 }
 
+bool SeveralInTheFirstRow(const std::vector<int>& Counts) { return !Counts.empty() && Counts.front() > 1; }
+
 } // namespace
 
 TTable::TTable(std::string_view Text, std::string Name) : FText(Text), FName(std::move(Name)) {
@@ -54,15 +56,16 @@ void TTable::Fail(long Line, const std::string& What) const {
     throw TTableError(kx::Escaped(FName) + (Line > 0 ? ":" + std::to_string(Line) : "") + ": " + What);
 }
 
-// The separator that cuts all of the first rows into as many cells; failing that, one that cuts most of them
-// (the row that differs is told later); failing that, blanks.
+// The separator that cuts all of the first rows into as many cells; failing that, one that cuts most of them,
+// or at least the very first one (the row that differs is told later). A single column has none.
 void TTable::FindSeparator() {
-    constexpr TSeparator candidates[] = {TSeparator::Tab, TSeparator::Semicolon, TSeparator::Comma};
-    for (const auto fits : {AllEqualAndSeveral, SeveralInMostRows}) {
+    constexpr TSeparator candidates[] = {TSeparator::Tab, TSeparator::Semicolon, TSeparator::Comma,
+                                         TSeparator::Blanks};
+    for (const auto fits : {AllEqualAndSeveral, SeveralInMostRows, SeveralInTheFirstRow}) {
         for (const TSeparator candidate : candidates) {
             if (!fits(SampleCounts(FText, candidate))) continue;
             FSeparator = candidate;
-            FDecimalComma = candidate != TSeparator::Comma;
+            FDecimalComma = candidate == TSeparator::Semicolon || candidate == TSeparator::Tab;
             return;
         }
     }
@@ -123,33 +126,51 @@ int TTable::FindNumericColumn(const std::string& Column) const {
     return index;
 }
 
-std::vector<std::vector<double>> TTable::ReadColumns(const std::vector<int>& Columns) const {
-    std::vector<std::vector<double>> values(Columns.size());
-    std::vector<std::vector<std::size_t>> wantedBy(FNumeric.size());
-    for (std::size_t k = 0; k < Columns.size(); ++k)
-        wantedBy[static_cast<std::size_t>(Columns[k])].push_back(k);
-    const auto lines = std::count(FText.begin() + std::ptrdiff_t(FBodyAt), FText.end(), '\n') + 1;
-    for (auto& column : values) column.reserve(static_cast<std::size_t>(lines));
+double TTable::Value(std::string_view Cell, std::size_t Column, long Line) const {
+    if (const auto value = ParseNumber(Cell, FDecimalComma)) return *value;
+    if (!IsEmptyCell(Cell))
+        Fail(Line, "column " + ColumnName(int(Column)) + ": " + Quoted(Cell) + " is not a number");
+    return std::numeric_limits<double>::quiet_NaN();
+}
 
+// So many rows that the text may hold, judged by its beginning.
+std::size_t TTable::ExpectedRows() const {
+    const std::string_view body = FText.substr(FBodyAt), sample = body.substr(0, 0x10000);
+    const auto lines = std::count(sample.begin(), sample.end(), '\n') + 1;
+    return body.size() / (sample.size() / std::size_t(lines) + 1) * 9 / 8 + 16;
+}
+
+std::vector<std::vector<double>> TTable::ReadColumns(const std::vector<int>& Columns) const {
+    std::vector<std::vector<double>> read(FNumeric.size());
+    std::vector<bool> wanted(FNumeric.size());
+    for (const int column : Columns) {
+        wanted[std::size_t(column)] = true;
+        read[std::size_t(column)].reserve(ExpectedRows());
+    }
     TRowReader rows(FText, FBodyAt, FBodyLine, FSeparator);
     std::string_view cell;
     while (rows.NextRow()) {
         std::size_t column = 0;
-        for (; rows.NextCell(cell); ++column) {
-            if (column >= wantedBy.size() || wantedBy[column].empty()) continue;
-            auto value = ParseNumber(cell, FDecimalComma);
-            if (!value) {
-                if (!IsEmptyCell(cell))
-                    Fail(rows.Line(),
-                         "column " + ColumnName(int(column)) + ": " + Quoted(cell) + " is not a number");
-                value = std::numeric_limits<double>::quiet_NaN();
+        for (;; ++column) {
+            const bool isWanted = column < read.size() && wanted[column];
+            double value = 0;
+            if (!isWanted || !rows.NextNumber(value)) {
+                if (!rows.NextCell(cell)) break;
+                if (isWanted) value = Value(cell, column, rows.Line());
             }
-            for (const std::size_t k : wantedBy[column]) values[k].push_back(*value);
+            if (isWanted) read[column].push_back(value);
         }
         if (rows.HasOpenQuote()) Fail(rows.Line(), "a quote is not closed");
-        if (column != wantedBy.size())
+        if (column != read.size())
             Fail(rows.Line(), std::to_string(column) + (column == 1 ? " cell" : " cells") +
-                                  " where the first row has " + std::to_string(wantedBy.size()));
+                                  " where the first row has " + std::to_string(read.size()));
+    }
+    std::vector<std::vector<double>> values;
+    for (std::size_t k = 0; k < Columns.size(); ++k) {
+        const bool again =
+            std::find(Columns.begin() + std::ptrdiff_t(k) + 1, Columns.end(), Columns[k]) != Columns.end();
+        auto& column = read[std::size_t(Columns[k])];
+        values.push_back(again ? column : std::move(column));
     }
     return values;
 }

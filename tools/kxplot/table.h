@@ -47,6 +47,8 @@ public:
 private:
     void FindSeparator();
     void ReadHead();
+    double Value(std::string_view Cell, std::size_t Column, long Line) const;
+    std::size_t ExpectedRows() const;
     [[noreturn]] void Fail(long Line, const std::string& What) const;
 
     std::string_view FText;

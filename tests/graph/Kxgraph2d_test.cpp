@@ -1,0 +1,317 @@
+#include "support/graphfixture.h"
+
+#include "support/recording.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <memory>
+#include <random>
+#include <set>
+
+using namespace kx;
+using namespace kx::test;
+
+namespace {
+
+constexpr double CNan = std::numeric_limits<double>::quiet_NaN();
+
+struct TScene : TGraphForm {
+    explicit TScene(bool Loaded = false, TKxAxScaling Scaling = AxNormal) {
+        Fill({{1, 2}, {10, 30}, {CNan, 5}, {40, 8}, {100, 90}});
+        for (const double e : {0.5, 3.0, 1.0, 9.0}) {
+            DX->Add(e);
+            DY->Add(e);
+        }
+        Series = AddSeries();
+        Series->SetName("Series1");
+        if (!Loaded) Dress(Scaling);
+    }
+    void Dress(TKxAxScaling Scaling) {
+        Graph->SetCaption("Title \\iitalic");
+        Graph->SetShowTitle(true);
+        Graph->SetDataColor(clWhite);
+        Graph->GetFont().SetHeight(-11);
+        Graph->GetFrameLine().SetVisible(true);
+        Graph->GetMajorGridX().SetVisible(true);
+        Graph->GetMinorGridY().SetVisible(true);
+        for (TKxAxis* axis : {X, Y}) {
+            axis->SetUserCaption("Caption of " + axis->GetName());
+            axis->SetDoUserCaption(true);
+            axis->SetShowCaption(true);
+            axis->SetScaling(Scaling);
+            axis->GetCaptionFont().SetStyle(fsBold);
+        }
+        X->SetTwisted(true);
+        Y->SetTickLength(-4);
+        Series->SetUserCaption("points");
+        Series->SetDoUserCaption(true);
+        Series->GetLineStyle().SetColor(clGreen);
+        Series->GetLineStyle().SetWidth(3);
+        Series->GetPointStyle().SetStyle(SyDiamond);
+        Series->GetAreaStyle().SetVisible(true);
+        Series->SetdXPlus(DX);
+        Series->SetdYMinus(DY);
+        Series->SetErrorColor(clMaroon);
+    }
+    TKxDataWithErrorSeries* Series;
+};
+
+int FramesOf(TForm& Form) {
+    auto& host = dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost());
+    for (int i = 0; i < 10; ++i) host.ProcessMessages();
+    const int frames = host.WindowOf(Form.AsHostClient())->Frames;
+    host.ProcessMessages();
+    EXPECT_EQ(host.WindowOf(Form.AsHostClient())->Frames, frames) << "frames come to an end";
+    return frames;
+}
+
+} // namespace
+
+TEST(Graph, a_saved_outfit_brings_the_same_picture_and_the_same_file) {
+    for (const auto scaling : {AxNormal, AxLog, AxLogEE}) {
+        TKxIniList saved, again;
+        std::string picture;
+        {
+            TScene scene(false, scaling);
+            picture = scene.Draw().ToText();
+            scene.Graph->SaveOutfit("Graph", saved);
+        }
+        TScene scene(true);
+        EXPECT_NE(scene.Draw().ToText(), picture);
+        scene.Graph->LoadOutfit("Graph", saved);
+        EXPECT_EQ(scene.Draw().ToText(), picture);
+        scene.Graph->SaveOutfit("Graph", again);
+        EXPECT_EQ(again.GetText(), saved.GetText());
+        EXPECT_EQ(scene.Series->GetdYMinus(), scene.DY);
+        EXPECT_EQ(saved.ReadString("Graph.Series(1)", "XAxis", ""), "Form1.XAxis1");
+        EXPECT_EQ(saved.ReadInteger("Graph", "SeriesCount", 0), 1);
+        EXPECT_EQ(saved.ReadInteger("Graph.YAxis1", "TickLength", 0), -4);
+        EXPECT_EQ(scene.Series->GetResults().ReadString("Graph", "Title", ""), "Title \\iitalic");
+    }
+}
+
+TEST(Graph, pictures_of_a_whole_graph) {
+    ExpectRecording("graphlinear", TScene(false, AxNormal).Draw(true).ToText());
+    ExpectRecording("graphlogarithmic", TScene(false, AxLogEE).Draw().ToText());
+}
+
+TEST(Graph, dragging_a_rectangle_zooms_and_zooming_back_walks_round) {
+    TGraphForm f;
+    f.Fix(0, 100, 0, 100);
+    f.AddSeries<TKxDataSeries>();
+    f.Graph->SetAutoZoom(true);
+    std::string events;
+    TPoint last;
+    f.Graph->OnMouseDown = [&](TControl* S, TMouseButton, TShiftState, int, int) {
+        events += S == f.Graph ? "d" : "?";
+    };
+    f.Graph->OnMouseMove = [&](TControl*, TShiftState, int, int) { events += "m"; };
+    f.Graph->OnMouseUp = [&](TControl*, TMouseButton, TShiftState, int X, int Y) {
+        events += "u";
+        last = {X, Y};
+    };
+    f.Draw();
+    const auto at = [&](double X, double Y) {
+        return TPoint{f.X->RealToIntPosition(X), f.Y->RealToIntPosition(Y)};
+    };
+    const auto view = [&] {
+        f.Draw();
+        return std::array{f.X->GetStart(), f.X->GetStop(), f.Y->GetStart(), f.Y->GetStop()};
+    };
+    const auto full = view();
+    f.Drag(at(20, 80), {at(20, 80).X, at(0, 20).Y});
+    f.Drag(at(20, 80), {at(60, 0).X, at(20, 80).Y});
+    EXPECT_FALSE(f.X->CanZoomBack() || f.Y->CanZoomBack()) << "no width or no height";
+    EXPECT_EQ(events, "dmudmu");
+    EXPECT_EQ(last, at(60, 80) + f.Graph->GetDrawingWorld().GetBoundsRect().TopLeft());
+
+    f.Mouse(TMouseKind::Down, at(20, 80));
+    f.Mouse(TMouseKind::Move, at(60, 40));
+    EXPECT_EQ(CallsOf<TRecording::TRectangle>(f.Draw(true)).back().Rect.Right, f.World().X + at(60, 0).X);
+    f.Mouse(TMouseKind::Up, at(60, 40));
+    const auto zoomed = view();
+    EXPECT_NEAR(zoomed[0], 20, 1.5);
+    EXPECT_NEAR(zoomed[3], 80, 1.5);
+    EXPECT_TRUE(CallsOf<TRecording::TRectangle>(f.Draw(true)).empty());
+    f.X->ZoomBack();
+    f.Y->ZoomBack();
+    EXPECT_EQ(view(), full);
+    f.Drag(at(60, 40), at(20, 80));
+    EXPECT_EQ(view(), zoomed) << "from the bottom right";
+}
+
+TEST(Graph, zooming_back_after_two_drags_walks_and_wraps) {
+    TGraphForm g;
+    g.Graph->SetAutoZoom(true);
+    g.Fix(0, 100, 0, 100);
+    g.Draw();
+    g.Drag({50, 50}, {150, 150});
+    const double first = (g.Draw(), g.X->GetStart());
+    g.Drag({50, 50}, {150, 150});
+    const double second = (g.Draw(), g.X->GetStart());
+    for (const double start : {first, 0.0, second}) {
+        g.X->ZoomBack();
+        g.Draw();
+        EXPECT_NEAR(g.X->GetStart(), start, 1e-9);
+    }
+    g.Graph->SetAutoZoom(false);
+    g.Drag({1, 1}, {50, 50});
+    EXPECT_NEAR(g.X->GetStart(), second, 1e-9);
+    TControl nobody(nullptr);
+    EXPECT_THROW(TKxDrawingWorld world(&nobody), Exception);
+}
+
+TEST(Graph, any_part_may_be_destroyed_before_the_others) {
+    constexpr int CParts = 10;
+    std::mt19937 random(5);
+    for (int round = 0; round < CParts * CParts * 4; ++round) {
+        auto* scene = new TScene;
+        auto* label = new TKxLabel(scene->Form);
+        label->SetParent(scene->Graph);
+        auto* second = scene->AddSeries<TKxDataSeries>();
+        if (round % 2) second->AddChild(scene->Series);
+        const std::vector<TComponent*> parts = {scene->Graph, scene->X,  scene->Y, scene->XV,     scene->YV,
+                                                scene->DX,    scene->DY, label,    scene->Series, second};
+        scene->Draw();
+        std::vector<int> order{round % CParts, round / CParts % CParts};
+        for (int i = 0; i < CParts; ++i) order.push_back(i);
+        std::shuffle(order.begin() + 2, order.end(), random);
+        const std::size_t formAfter = random() % order.size();
+        std::set<int> gone;
+        for (std::size_t i = 0; i < order.size() && i < formAfter; ++i) {
+            if (!gone.insert(order[i]).second) continue;
+            delete parts[std::size_t(order[i])];
+            if (!gone.count(3)) scene->XV->Add(round);
+            if (!gone.count(4)) scene->YV->Add(round);
+            if (!gone.count(5)) scene->DX->SetValue(0, round);
+            scene->Draw();
+        }
+        delete scene;
+    }
+}
+
+TEST(Graph, a_frame_follows_only_where_something_was_modified) {
+    TFaults faults;
+    TScene scene;
+    scene.Form->Show();
+    int frames = FramesOf(*scene.Form);
+    EXPECT_LE(frames, 2);
+    scene.Graph->BeginUpdate();
+    scene.Graph->BeginUpdate();
+    scene.Graph->EndUpdate();
+    scene.Graph->EndUpdate();
+    scene.Graph->EndUpdate(); // one too many
+    EXPECT_TRUE(scene.Graph->NotUpdating());
+    EXPECT_EQ(FramesOf(*scene.Form), frames);
+    scene.Graph->BeginUpdate();
+    scene.Graph->Modified();
+    FramesOf(*scene.Form);
+    EXPECT_TRUE(scene.Graph->GetNeedsCalculate());
+    frames = FramesOf(*scene.Form);
+    scene.Graph->EndUpdate();
+    EXPECT_GT(FramesOf(*scene.Form), frames);
+    EXPECT_FALSE(scene.Graph->GetNeedsCalculate());
+
+    struct TFailing : TKxDataSeries {
+        using TKxDataSeries::TKxDataSeries;
+        void GetNewXStartStop() override { throw Exception("no extents"); }
+    };
+    scene.AddSeries<TFailing>();
+    FramesOf(*scene.Form);
+    EXPECT_NE(faults.Text.find("no extents"), std::string::npos);
+    EXPECT_TRUE(scene.Graph->NotUpdating());
+    EXPECT_EQ(Screen.GetCursor(), crDefault);
+}
+
+TEST(Graph, with_zero_origin_the_axes_cross_at_zero_and_nothing_is_cut_off) {
+    for (int width = 200; width < 216; ++width)
+        for (const bool twisted : {false, true}) {
+            TGraphForm f;
+            f.Graph->SetBounds(0, 0, width, width + 1);
+            f.Fix(-1, 1, -10, 30);
+            f.X->SetTwisted(twisted);
+            f.Graph->SetZeroOrigin(true);
+            f.X->SetShowCaption(true);
+            f.X->SetCaption("x");
+            f.Draw();
+            const TRect world = f.Graph->GetDrawingWorld().GetBoundsRect();
+            EXPECT_EQ(f.X->GetTop() + f.X->GetAxisOrigin().Y, world.Top + f.Y->RealToIntPosition(0));
+            EXPECT_EQ(f.Y->GetLeft() + f.Y->GetAxisOrigin().X, world.Left + f.X->RealToIntPosition(0));
+            const TRect graph = f.Graph->GetClientRect();
+            for (const TRect& part :
+                 {world, f.X->GetBoundsRect(), f.Y->GetBoundsRect(), f.X->GetCaptionLabel().GetBoundsRect()})
+                EXPECT_EQ(graph.United(part), graph) << width;
+            for (TKxAxis* axis : {f.X, f.Y})
+                for (const auto& rec : axis->GetLabelRecs()) EXPECT_NE(std::stod(rec.Text), 0.0);
+        }
+}
+
+TEST(Graph, axes_without_automatic_size_keep_their_bounds) {
+    TGraphForm f;
+    const TRect own{50, 200, 350, 260};
+    TKxAxis floating(f.Form);
+    floating.SetParent(f.Graph);
+    floating.SetPosition(AxTopPos);
+    floating.SetPosition(AxFreeFloating);
+    EXPECT_TRUE(floating.IsHorizontal());
+    f.X->SetAutosize(false);
+    for (TKxAxis* axis : {f.X, &floating}) axis->SetBounds(50, 200, 300, 60);
+    f.Draw();
+    EXPECT_EQ(f.X->GetBoundsRect(), own);
+    EXPECT_EQ(floating.GetBoundsRect(), own);
+    EXPECT_EQ(f.X->GetAxisLength(), f.Graph->GetDrawingWorld().GetWidth() - 1);
+}
+
+TEST(Graph, lays_out_without_primary_axes_and_at_any_size) {
+    auto scene = std::make_unique<TScene>();
+    for (const TSize size : {TSize{0, 0}, {1, 1}, {2, 3}, {20, 10}, {60, 300}, {400, 30}}) {
+        scene->Graph->SetBounds(0, 0, size.Width, size.Height);
+        EXPECT_TRUE(SettleTree(*scene->Form)) << size.Width;
+        scene->Draw();
+        EXPECT_GE(scene->Graph->GetDrawingWorld().GetWidth(), 2);
+    }
+    scene.reset();
+    TScene whole;
+    whole.Draw();
+    const TRect world = whole.Graph->GetDrawingWorld().GetBoundsRect();
+    whole.Graph->SetPrimaryXAxis(nullptr);
+    whole.X->SetShowCaption(false);
+    whole.Graph->Modified();
+    whole.Draw();
+    EXPECT_GT(whole.Graph->GetDrawingWorld().GetHeight(), world.Height());
+}
+
+TEST(Graph, the_metafile_has_a_white_ground_in_place_of_the_button_face) {
+    TScene scene;
+    scene.Graph->SetColor(clBtnFace);
+    scene.Graph->PaintToMetafile();
+    const auto& picture = scene.Graph->GetMetafile();
+    EXPECT_EQ(picture.GetWidth(), 400);
+    for (const auto& fill : CallsOf<TRecording::TFillRect>(picture.GetRecording()))
+        EXPECT_EQ(fill.Fill.Color, clWhite);
+    EXPECT_FALSE(scene.Graph->GetWhiteBackground());
+    scene.Graph->CopyToClipboard();
+    auto& host = dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost());
+    EXPECT_EQ(host.GetClipboard().ToText(), picture.ToText());
+    scene.Graph->SetColor(clAqua);
+    scene.Graph->PaintToMetafile();
+    EXPECT_EQ(CallsOf<TRecording::TFillRect>(picture.GetRecording())[0].Fill.Color, clAqua);
+}
+
+TEST(Graph, inward_ticks_leave_out_the_ends_where_another_axis_stands) {
+    TGraphForm f;
+    f.Fix(0, 100, 0, 100);
+    f.Graph->GetMajorGridX().SetVisible(true);
+    f.X->SetMajorTickColor(clFuchsia);
+    f.Draw();
+    const std::size_t all = LinesOf(f.Draw(), clFuchsia).size();
+    f.X->SetMajorTickLength(-10);
+    const TRecording inward = f.Draw();
+    EXPECT_EQ(LinesOf(inward, clFuchsia).size(), all - 1) << "the vertical axis stands at the left end alone";
+    EXPECT_EQ(LinesOf(inward, clRed).size(), all - 1);
+    EXPECT_EQ(f.X->GetTickRun().First, 1);
+    f.X->SetMajorTickLength(10);
+    f.X->SetTickLength(-6);
+    EXPECT_EQ(LinesOf(f.Draw(), clFuchsia).size(), all) << "the tick at the end is an outward one";
+}

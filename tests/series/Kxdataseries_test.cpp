@@ -1,0 +1,336 @@
+#include "support/graphfixture.h"
+
+#include <array>
+#include <limits>
+
+using namespace kx;
+using namespace kx::test;
+
+namespace {
+
+constexpr double CNan = std::numeric_limits<double>::quiet_NaN(),
+                 CInf = std::numeric_limits<double>::infinity();
+
+/// Counts full scans.
+struct TCounting : TKxDataSeries {
+    using TKxDataSeries::TKxDataSeries;
+    void GetNewXStartStop() override {
+        ++Scans;
+        TKxDataSeries::GetNewXStartStop();
+    }
+    int Scans = 0;
+};
+
+struct TDisc : TGraphForm {
+    TDisc() { Fix(0, 100, 0, 100); }
+    /// Whether a symbol or bar of the series stands at the pixel of the drawing world.
+    TPoint At(double Xv, double Yv) const {
+        return World() + TPoint{X->RealToIntPosition(Xv), Y->RealToIntPosition(Yv)};
+    }
+};
+
+} // namespace
+
+TEST(DataSeries, appending_costs_one_point_and_only_an_extreme_that_moves_inward_a_scan) {
+    TGraphForm f;
+    auto* series = f.AddSeries<TCounting>();
+    f.Draw();
+    const int before = series->Scans;
+    for (int i = 0; i < 100; ++i) f.Fill({{double(i), double(-i)}});
+    f.Draw();
+    EXPECT_LE(series->Scans, before + 1) << "the first points of an empty series at most";
+    EXPECT_EQ(series->GetXMaxIndex(), 99);
+    EXPECT_EQ(series->GetYMinIndex(), 99);
+    EXPECT_EQ(f.X->GetStop(), 100);
+
+    const struct {
+        int Index;
+        double Value;
+        bool Scans;
+        int MaxIndex;
+    } steps[] = {
+        {99, 150, false, 99},                                            // outward
+        {99, 150, false, 99}, {50, 150, false, 99},                      // a second one like it
+        {50, 30, false, 99},  {10, 200, false, 10}, {10, 150, true, 10}, // two of 150: the first counts
+        {99, 99, false, 10},  {10, 10, true, 99},   {0, CNan, true, 99}};
+    for (const auto& s : steps) {
+        const int scans = series->Scans;
+        f.XV->SetValue(s.Index, s.Value);
+        EXPECT_EQ(series->Scans, scans + s.Scans) << s.Index << " := " << s.Value;
+        EXPECT_EQ(series->GetXMaxIndex(), s.MaxIndex) << s.Index << " := " << s.Value;
+    }
+    EXPECT_EQ(series->GetXMinIndex(), 1);
+    f.Draw();
+    EXPECT_EQ(series->GetPoints().GetValue(7).X, f.X->RealToIntPosition(7));
+}
+
+TEST(DataSeries, deleting_shrinks_an_automatic_axis_and_clearing_leaves_no_points) {
+    TGraphForm f;
+    auto* series = f.AddSeries();
+    f.Fill({{1, 1}, {500, 2}, {9, 3}});
+    f.Draw();
+    EXPECT_EQ(f.X->GetStop(), 500);
+    f.XV->Delete(1);
+    f.YV->Delete(1);
+    f.Draw();
+    EXPECT_EQ(series->GetPointsCount(), 2);
+    EXPECT_EQ(f.X->GetStop(), 9);
+    f.XV->Add(20);
+    f.XV->Add(25); // without a partner
+    f.Draw();
+    EXPECT_EQ(series->GetPointsCount(), 2);
+    f.XV->Clear();
+    f.Draw();
+    EXPECT_EQ(series->GetPointsCount(), 0);
+    EXPECT_EQ(series->FindPoint(0, 0, 1000), -1);
+    EXPECT_GT(series->GetXRange().GetStart(), series->GetXRange().GetStop());
+    EXPECT_EQ(series->GetXMinIndex(), -1);
+    f.Fill({{7, 7}});
+    f.Draw();
+    EXPECT_EQ(series->GetPointsCount(), 1);
+    EXPECT_EQ(series->GetXRange().GetStop(), 7);
+}
+
+TEST(DataSeries, values_that_are_no_numbers_take_no_part_and_let_the_frame_settle) {
+    TGraphForm f;
+    auto* series = f.AddSeries();
+    f.Fill({{CNan, CNan}, {CNan, 1}});
+    EXPECT_TRUE(SettleTree(*f.Form));
+    f.Fill({{CInf, CNan}, {-CInf, CInf}, {CNan, -CInf}});
+    EXPECT_TRUE(SettleTree(*f.Form));
+    EXPECT_EQ(series->GetXMinIndex(), -1);
+    f.Fill({{3, 4}, {CInf, 5}, {8, 1e308}});
+    EXPECT_TRUE(SettleTree(*f.Form));
+    f.Draw();
+    EXPECT_EQ(series->GetXRange().GetStart(), 3);
+    EXPECT_EQ(series->GetXRange().GetStop(), 8);
+    EXPECT_EQ(series->GetYMinIndex(), 1);
+}
+
+TEST(DataSeries, draws_long_lines_in_runs_of_two_thousand) {
+    for (const int count : {1, 2, 2000, 2001, 4500}) {
+        TDisc f;
+        auto* series = f.AddSeries<TKxLineSeries>();
+        for (int i = 0; i < count; ++i) f.Fill({{i / 50.0, i % 7 * 10.0}});
+        const auto lines = LinesOf(f.Draw(), clRed);
+        ASSERT_EQ(int(lines.size()), (count + 1997) / 1999) << count;
+        std::size_t start = 0;
+        for (const auto& line : lines) {
+            EXPECT_EQ(line.Points.size(), std::min<std::size_t>(2000, std::size_t(count) - start));
+            EXPECT_EQ(line.Points[0], f.World() + series->GetPoints().GetValue(int(start)));
+            EXPECT_EQ(line.Stroke.Width, 0) << "cosmetic";
+            start += 1999;
+        }
+    }
+}
+
+TEST(DataSeries, gaps_interrupt_the_line_only_where_that_is_wanted) {
+    const struct {
+        bool Break;
+        std::vector<std::size_t> Runs;
+    } cases[] = {{false, {6}}, {true, {2, 2, 3}}}; // a lone point is a dot
+    for (const auto& c : cases) {
+        TDisc f;
+        auto* series = f.AddSeries<TKxLineSeries>();
+        series->SetBreakAtGaps(c.Break);
+        series->GetAreaStyle().SetVisible(true);
+        f.Fill({{1, 10}, {2, 20}, {3, CNan}, {4, 40}, {CNan, 1}, {5, 50}, {6, 60}, {7, 70}});
+        const TRecording drawn = f.Draw();
+        std::vector<std::size_t> runs;
+        for (const auto& line : LinesOf(drawn, clRed)) runs.push_back(line.Points.size());
+        EXPECT_EQ(runs, c.Runs);
+        const auto areas = CallsOf<TRecording::TPolygon>(drawn);
+        ASSERT_EQ(areas.size(), c.Break ? 2u : 1u);
+        const auto& last = areas.back().Points;
+        EXPECT_EQ(last[last.size() - 2], f.At(7, 0)) << "closed along zero";
+        EXPECT_EQ(last.back(), f.At(c.Break ? 5 : 1, 0));
+    }
+    TDisc f;
+    auto* series = f.AddSeries<TKxLineSeries>();
+    f.Y->SetScaling(AxLog);
+    f.Y->SetStart(1);
+    f.Fill({{1, 10}, {2, -5}, {3, 20}});
+    EXPECT_EQ(LinesOf(f.Draw(), clRed).at(0).Points.size(), 3u);
+    series->SetBreakAtGaps(true);
+    EXPECT_EQ(LinesOf(f.Draw(), clRed).size(), 2u) << "two dots";
+    EXPECT_EQ(series->GetYRange().GetStart(), 10);
+}
+
+TEST(DataSeries, an_area_is_xored_with_the_ground_where_the_device_can) {
+    for (const bool wanted : {false, true})
+        for (const bool can : {false, true}) {
+            TDisc f;
+            f.Graph->SetDataColor(clYellow);
+            auto* series = f.AddSeries<TKxLineSeries>();
+            series->GetAreaStyle().SetVisible(true);
+            series->GetAreaStyle().SetColor(clNavy);
+            series->GetAreaStyle().SetDrawXOred(wanted);
+            f.Fill({{1, 10}, {50, 20}});
+            const auto area = CallsOf<TRecording::TPolygon>(f.Draw(can)).at(0);
+            const bool xored = wanted && can;
+            EXPECT_EQ(area.Fill.Mode, xored ? pmXor : pmCopy);
+            EXPECT_EQ(area.Fill.Color, xored ? clNavy ^ clYellow : clNavy);
+            EXPECT_EQ(LinesOf(f.Draw(can), clRed).at(0).Stroke.Mode, pmCopy);
+        }
+}
+
+TEST(DataSeries, symbols_on_the_border_are_whole_unless_both_axes_are_zoomed) {
+    TDisc f;
+    auto* series = f.AddSeries<TKxDataSeries>();
+    series->GetLineStyle().SetVisible(false);
+    f.Fill({{0, 0}, {50, 50}, {100, 100}, {101, 50}, {50, -1}});
+    const auto clipOfSymbols = [&] {
+        std::optional<TRect> clip, at;
+        int symbols = 0;
+        for (const auto& call : f.Draw().Calls) {
+            if (const auto* c = std::get_if<TRecording::TClip>(&call)) clip = c->Clip;
+            if (std::holds_alternative<TRecording::TEllipse>(call)) {
+                at = clip;
+                ++symbols;
+            }
+        }
+        return std::pair(symbols, *at);
+    };
+    const TRect graph = f.Graph->GetBoundsRect();
+    EXPECT_EQ(clipOfSymbols(), std::pair(3, graph));
+    f.X->ZoomIn(0, 100);
+    EXPECT_EQ(clipOfSymbols(), std::pair(3, graph));
+    f.Y->ZoomIn(0, 100);
+    const auto world =
+        TRect::Bounds(f.World().X, f.World().Y, f.X->GetAxisLength() + 1, f.Y->GetAxisLength() + 1);
+    EXPECT_EQ(clipOfSymbols(), std::pair(5, world));
+}
+
+TEST(DataSeries, error_bars_end_at_value_and_error_in_every_direction_and_scaling) {
+    for (const auto scaling : {AxNormal, AxLog})
+        for (const bool twisted : {false, true}) {
+            TDisc f;
+            for (TKxAxis* axis : {f.X, f.Y}) {
+                axis->SetScaling(scaling);
+                axis->SetTwisted(twisted);
+                axis->SetStart(1);
+            }
+            auto* series = f.AddSeries();
+            series->SetErrorColor(clFuchsia);
+            series->SetdXPlus(f.DX);
+            series->SetdXMinus(f.DY);
+            series->SetdYPlus(f.DX);
+            series->SetdYMinus(f.DY);
+            f.Fill({{20, 30}, {60, 60}});
+            f.DX->Add(-10); // the magnitude counts
+            f.DY->Add(scaling == AxLog ? 200 : 15);
+            const auto lines = LinesOf(f.Draw(), clFuchsia);
+            ASSERT_EQ(lines.size(), 8u) << "vectors of one error each";
+            const double lowX = scaling == AxLog ? f.X->GetStart() : 5,
+                         lowY = scaling == AxLog ? f.Y->GetStart() : 15;
+            const TPoint ends[] = {f.At(30, 30), f.At(lowX, 30), f.At(20, 40), f.At(20, lowY)};
+            const int s = series->GetPointStyle().GetSize();
+            for (std::size_t i = 0; i < 4; ++i) {
+                const TPoint cap = i < 2 ? TPoint{0, s} : TPoint{s, 0}, end = lines[2 * i].Points[1];
+                EXPECT_EQ(lines[2 * i].Points[0], f.At(20, 30));
+                EXPECT_LE(std::abs(end.X - ends[i].X) + std::abs(end.Y - ends[i].Y), 1) << i;
+                EXPECT_EQ(lines[2 * i + 1].Points, (std::vector{end - cap, end + cap}));
+            }
+        }
+}
+
+TEST(DataSeries, errors_widen_the_extents_while_the_symbols_show) {
+    TGraphForm f;
+    auto* series = f.AddSeries();
+    series->SetdXPlus(f.DX);
+    series->SetdXMinus(f.DX);
+    f.Fill({{10, 1}, {20, 2}, {30, 3}});
+    const auto extent = [&] {
+        f.Draw();
+        return std::array{series->GetXRange().GetStart(), series->GetXRange().GetStop()};
+    };
+    EXPECT_EQ(extent(), (std::array{10.0, 30.0}));
+    for (const double e : {1.0, 15.0, CNan, 99.0}) f.DX->Add(e);
+    EXPECT_EQ(extent(), (std::array{5.0, 35.0}));
+    EXPECT_EQ(series->GetXMinIndex(), 1);
+    f.XV->SetValue(1, 50);
+    EXPECT_EQ(extent(), (std::array{9.0, 65.0}));
+    EXPECT_EQ(series->GetXPlusD(1), 15);
+    EXPECT_EQ(series->GetXPlusD(7), 0);
+    series->GetPointStyle().SetVisible(false);
+    EXPECT_EQ(extent(), (std::array{10.0, 50.0}));
+    series->GetPointStyle().SetVisible(true);
+    f.X->SetScaling(AxLog);
+    f.DX->SetValue(0, 10);
+    EXPECT_EQ(extent()[0], 10) << "a bar down to zero moves no end";
+}
+
+TEST(DataSeries, finds_the_last_point_within_a_square) {
+    TDisc f;
+    auto* series = f.AddSeries();
+    f.Fill({{50, 50}, {50, 50}, {90, 90}, {CNan, 50}});
+    f.Draw();
+    const TPoint p = f.At(50, 50) - f.World();
+    const struct {
+        int DX, DY, Tolerance, Found;
+    } cases[] = {{0, 0, 0, 1}, {3, -3, 3, 1}, {4, 0, 3, -1}, {0, -4, 3, -1}, {0, 0, 5000, 2}};
+    for (const auto& c : cases) EXPECT_EQ(series->FindPoint(p.X + c.DX, p.Y + c.DY, c.Tolerance), c.Found);
+}
+
+TEST(DataSeries, captions_cross_between_user_and_automatic) {
+    TGraphForm f;
+    auto* series = f.AddSeries();
+    series->SetCaption("a");
+    EXPECT_EQ(series->GetUserCaption(), "a");
+    series->SetDoUserCaption(true);
+    series->SetCaption("b");
+    EXPECT_EQ(series->GetAutoCaption(), "b");
+    EXPECT_EQ(series->GetUserCaption(), "a");
+    EXPECT_EQ(series->GetCaption(), "b");
+    series->SetAutoCaption("c");
+    EXPECT_EQ(series->GetCaption(), "b");
+    series->SetUserCaption("d");
+    EXPECT_EQ(series->GetResults().ReadString("Datapoints", "Caption", ""), "d");
+    series->SetDoUserCaption(false);
+    EXPECT_EQ(series->GetCaption(), "d");
+    series->SetAutoCaption("e");
+    EXPECT_EQ(series->GetCaption(), "e");
+}
+
+TEST(DataSeries, saved_children_serve_again_from_the_first) {
+    TGraphForm f;
+    TKxIniList ini;
+    auto* saved = f.AddSeries();
+    for (const char* name : {"one", "two"}) {
+        auto* child = new TKxLineSeries(f.Form);
+        child->SetUserCaption(name);
+        saved->AddChild(child);
+    }
+    saved->WriteToIni(ini, "S");
+    EXPECT_EQ(ini.ReadInteger("S", "ChildCount", 0), 2);
+    auto* read = f.AddSeries();
+    for (int i = 0; i < 3; ++i) read->AddChild(new TKxLineSeries(f.Form));
+    read->ReadFromIni(ini, "S");
+    const char* expected[] = {"one", "two", "one"};
+    for (std::size_t i = 0; i < 3; ++i) EXPECT_EQ(read->GetChildren()[i]->GetUserCaption(), expected[i]);
+}
+
+TEST(DataSeries, a_series_leaves_the_listener_that_replaced_it_and_the_world_it_stood_on) {
+    TGraphForm f;
+    auto* first = f.AddSeries();
+    auto* second = f.AddSeries(); // the vectors' one listener now
+    EXPECT_EQ(f.XV->Listeners().GetCount(), 1);
+    delete first;
+    f.Fill({{1, 2}});
+    EXPECT_EQ(second->GetPointsCount(), 1);
+    EXPECT_EQ(f.Graph->GetSeriesList().GetCount(), 1);
+    EXPECT_EQ(f.X->GetValuesRangeList().GetCount(), 1);
+    TKxRealVector still(f.Form);
+    second->SetXData(&still);
+    EXPECT_EQ(f.X->GetValuesRangeList().GetCount(), 0) << "only live data widen an axis";
+    EXPECT_EQ(f.XV->Listeners().GetCount(), 0);
+    auto* third = f.AddSeries();
+    third->SetComponentIndex(0);
+    f.Draw();
+    EXPECT_EQ(f.Graph->GetSeriesList().GetItem(0), third) << "painted in component order";
+    second->SetXAxis(nullptr);
+    EXPECT_EQ(second->GetDrawingWorld(), nullptr);
+    EXPECT_EQ(f.Graph->GetSeriesList().GetCount(), 1);
+    TKx2DGraph bare(f.Form);
+    EXPECT_EQ(TKxLineSeries(f.Form).GetGraph(), &bare) << "the last graph wins, axes or not";
+}
