@@ -4,12 +4,12 @@
 #include "qt/Kxqtclip.h"
 #include "qt/Kxqtlines.h"
 
+#include <QImage>
 #include <QPaintEngine>
 #include <QPen>
 
 #include <array>
 #include <cmath>
-#include <numbers>
 
 namespace kx::qt {
 
@@ -21,13 +21,6 @@ constexpr double CSafeMargin = 4096;
 // little less than half a pixel, so that left and upper edges through centres count and right and lower ones
 // do not.
 constexpr double CNudge = 1.0 / 64;
-
-// The painter's time for one path grows much faster than the path; so long ones are painted in pieces.
-constexpr std::size_t CPiecePoints = 32;
-constexpr double CPieceLength = 256;
-
-double Distance(const QPointF& A, const QPointF& B) { return std::hypot(B.x() - A.x(), B.y() - A.y()); }
-QPointF Direction(double Angle) { return {std::cos(Angle), std::sin(Angle)}; }
 
 bool IsVisible(const TStroke& Stroke) { return Stroke.Style != psClear; }
 bool IsVisible(const TFill& Fill) { return Fill.Style != bsClear; }
@@ -44,6 +37,27 @@ Qt::BrushStyle PatternOf(TBrushStyle Style) {
     case bsDiagCross: return Qt::DiagCrossPattern;
     }
     return Qt::SolidPattern;
+}
+
+/// One period of a hatch in device pixels. (The painter's own hatches do not grow with the scale.)
+QImage HatchTile(TBrushStyle Style, const QColor& Color, double Scale) {
+    const int size = std::max(4, int(std::lround(8 * Scale))),
+              thickness = std::max(1, int(std::lround(Scale)));
+    const bool across = Style == bsHorizontal || Style == bsCross,
+               along = Style == bsVertical || Style == bsCross;
+    const bool down = Style == bsFDiagonal || Style == bsDiagCross,
+               up = Style == bsBDiagonal || Style == bsDiagCross;
+    QImage tile(size, size, QImage::Format_ARGB32_Premultiplied);
+    tile.fill(Qt::transparent);
+    const auto isLine = [=](int Place) { return Place % size < thickness; };
+    for (int y = 0; y < size; ++y) {
+        for (int x = 0; x < size; ++x) {
+            if ((across && isLine(y + size / 2)) || (along && isLine(x + size / 2)) ||
+                (down && isLine(x - y + size)) || (up && isLine(x + y + thickness)))
+                tile.setPixelColor(x, y, Color);
+        }
+    }
+    return tile;
 }
 
 /// The rectangle on whose sides the pen's middle runs when the whole line is to lie inside Rect.
@@ -123,9 +137,10 @@ QPen TPainterDevice::PenOf(const TStroke& Stroke, Qt::PenJoinStyle Join) const {
 }
 
 QBrush TPainterDevice::BrushOf(const TFill& Fill) const {
-    QBrush brush(ColorOf(Fill.Color, Fill.Mode), PatternOf(Fill.Style));
-    if (Fill.Style != bsSolid && FScale != 1) brush.setTransform(QTransform::fromScale(FScale, FScale));
-    return brush;
+    const QColor color = ColorOf(Fill.Color, Fill.Mode);
+    if (!FRaster || Fill.Style == bsSolid || Fill.Style == bsClear)
+        return QBrush(color, PatternOf(Fill.Style));
+    return QBrush(HatchTile(Fill.Style, color, FScale));
 }
 
 void TPainterDevice::SetMode(TPenMode Mode, bool Antialias) {
@@ -143,29 +158,6 @@ void TPainterDevice::SetClip(const std::optional<TRect>& Clip) {
     const QRectF rect = DeviceRect(FClip);
     FPainter.setClipRect(rect);
     FWindow = {int(rect.left()), int(rect.top()), int(rect.right()), int(rect.bottom())};
-}
-
-// Antialiased wide lines are always reduced: painted over each other, the rims of lines that coincide would
-// add up to jagged ones.
-bool TPainterDevice::IsReduced(std::span<const TPoint> Points, const TStroke& Stroke) const {
-    const bool smooth = FRaster && FAntialias && !IsThin(Stroke);
-    return (FReduction || smooth) && Points.size() >= std::size_t(CReductionThreshold) &&
-           Stroke.Mode == pmCopy && DashesOf(Stroke.Style).empty();
-}
-
-std::span<const TPoint> TPainterDevice::Reduced(std::span<const TPoint> Points, const TStroke& Stroke) {
-    if (!IsReduced(Points, Stroke)) return Points;
-    ReducePolyline(Points, FKept);
-    return FKept;
-}
-
-void TPainterDevice::Polyline(std::span<const TPoint> Points, const TStroke& Stroke) {
-    if (!IsVisible(Stroke) || FClip.IsEmpty() || Points.size() < 2) return;
-    const auto points = Reduced(Points, Stroke);
-    if (IsThin(Stroke))
-        PaintThin(points, Stroke, false);
-    else
-        PaintWide(points, Stroke, false, Qt::RoundJoin);
 }
 
 void TPainterDevice::Polygon(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill) {
@@ -192,114 +184,6 @@ void TPainterDevice::PaintShape(std::span<const TPoint> Points, const TStroke& S
         PaintThin(points, Stroke, true);
     else
         PaintWide(points, Stroke, true, Join);
-}
-
-void TPainterDevice::PaintThin(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed) {
-    if (FScale != 1) {
-        FPixels.resize(Points.size());
-        std::ranges::transform(Points, FPixels.begin(), [this](TPoint P) { return DevicePixel(P); });
-        Points = FPixels;
-    }
-    FRuns.clear();
-    TLineScanner scanner(FWindow, Stroke.Style, FReduction && Stroke.Mode == pmCopy, FRuns);
-    if (Closed)
-        scanner.Polygon(Points);
-    else
-        scanner.Polyline(Points);
-    if (FRuns.empty()) return;
-    SetMode(Stroke.Mode, false);
-    FPainter.setPen(Qt::NoPen);
-    FPainter.setBrush(ColorOf(Stroke.Color, Stroke.Mode));
-    FPainter.drawRects(FRuns.data(), int(FRuns.size()));
-}
-
-void TPainterDevice::PaintWide(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed,
-                               Qt::PenJoinStyle Join) {
-    SetMode(Stroke.Mode, FAntialias);
-    FCurve.clear();
-    for (const TPoint p : Points) FCurve.push_back(DevicePoint(p.X, p.Y));
-    const QPen pen = PenOf(Stroke, Join);
-    FPainter.setBrush(Qt::NoBrush);
-    if (Closed && Points.size() < std::size_t(CReductionThreshold) && AllInside(FCurve, SafeArea())) {
-        FPainter.setPen(pen);
-        FPainter.drawPolygon(FCurve.data(), int(FCurve.size()));
-        return;
-    }
-    if (Closed)
-        FCurve.push_back(FCurve.front());
-    else if (Stroke.Width < 2)
-        TrimEnds();
-    ForPiecesInside(FCurve, SafeArea(), FSpare, [&](std::span<const QPointF> Piece, double LengthBefore) {
-        const bool whole = !FRaster || Stroke.Mode == pmXor; // no pixel twice, no path more than needed
-        if (whole || FAntialias || pen.style() == Qt::CustomDashLine)
-            PaintStroke(Piece, pen, LengthBefore, !whole);
-        else
-            PaintBars(Piece, pen, Closed || Stroke.Width > 1);
-    });
-}
-
-/// Moves both ends half a pixel against the line's direction, so that the line begins with the whole of its
-/// first pixel and ends before its last one.
-void TPainterDevice::TrimEnds() {
-    const auto second =
-        std::ranges::find_if(FCurve, [this](const QPointF& P) { return P != FCurve.front(); });
-    if (second == FCurve.end()) return FCurve.clear();
-    while (FCurve[FCurve.size() - 2] == FCurve.back()) FCurve.pop_back();
-    const auto half = [this](const QPointF& From, const QPointF& To) {
-        const QPointF way = To - From;
-        return way * (FScale / 2 / std::max(std::abs(way.x()), std::abs(way.y())));
-    };
-    const QPointF begin = half(FCurve.front(), *second), end = half(FCurve[FCurve.size() - 2], FCurve.back());
-    FCurve.front() -= begin;
-    FCurve.back() -= end;
-}
-
-/// Paints a line as the painter does, in pieces if so asked, with discs for the joints between them.
-void TPainterDevice::PaintStroke(std::span<const QPointF> Line, QPen Pen, double LengthBefore,
-                                 bool InPieces) {
-    const bool dashed = Pen.style() == Qt::CustomDashLine;
-    for (std::size_t begin = 0, end = 1; end < Line.size(); begin = end - 1) {
-        double length = 0;
-        const std::size_t most = InPieces ? begin + CPiecePoints : Line.size();
-        for (end = begin + 1; end < Line.size() && end < most && (!InPieces || length < CPieceLength); ++end)
-            length += Distance(Line[end - 1], Line[end]);
-        if (dashed) Pen.setDashOffset(LengthBefore / Pen.widthF());
-        LengthBefore += length;
-        FPainter.setPen(Pen);
-        FPainter.drawPolyline(Line.data() + begin, int(end - begin));
-        if (dashed || Pen.capStyle() == Qt::RoundCap || end == Line.size()) continue;
-        FPainter.setPen(Qt::NoPen);
-        FPainter.setBrush(Pen.color());
-        PaintDisc(Line[end - 1], Pen.widthF() / 2);
-    }
-}
-
-/// Paints a line as bars with discs at the joints: the same pixels however many of them there are, in a time
-/// that grows with their number only.
-void TPainterDevice::PaintBars(std::span<const QPointF> Line, const QPen& Pen, bool RoundEnds) {
-    const double radius = Pen.widthF() / 2;
-    FPainter.setPen(Qt::NoPen);
-    FPainter.setBrush(Pen.color());
-    for (std::size_t i = 0; i < Line.size(); ++i) {
-        if (RoundEnds || (i > 0 && i + 1 < Line.size())) PaintDisc(Line[i], radius);
-        if (i == 0 || Line[i] == Line[i - 1]) continue;
-        const QPointF way = Line[i] - Line[i - 1];
-        const QPointF aside = QPointF(-way.y(), way.x()) * (radius / Distance({}, way));
-        const std::array bar{Line[i - 1] + aside, Line[i] + aside, Line[i] - aside, Line[i - 1] - aside};
-        FPainter.drawConvexPolygon(bar.data(), int(bar.size()));
-    }
-}
-
-void TPainterDevice::PaintDisc(const QPointF& Middle, double Radius) {
-    static const auto circle = [] {
-        std::array<QPointF, 32> points;
-        for (std::size_t i = 0; i < points.size(); ++i)
-            points[i] = Direction(2 * std::numbers::pi * double(i) / points.size());
-        return points;
-    }();
-    std::array<QPointF, circle.size()> disc;
-    std::ranges::transform(circle, disc.begin(), [&](const QPointF& P) { return Middle + Radius * P; });
-    FPainter.drawConvexPolygon(disc.data(), int(disc.size()));
 }
 
 void TPainterDevice::PaintArea(std::span<const TPoint> Points, const TFill& Fill, bool Antialias) {

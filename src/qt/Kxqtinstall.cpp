@@ -6,6 +6,7 @@
 #include <QGuiApplication>
 
 #include <clocale>
+#include <cstdio>
 #include <memory>
 #include <string>
 
@@ -30,7 +31,7 @@ public:
 
 private:
     static void Drop(QtMsgType Type, const QMessageLogContext&, const QString& Message) {
-        if (Type == QtCriticalMsg || Type == QtFatalMsg) fprintf(stderr, "%s\n", qPrintable(Message));
+        if (Type == QtCriticalMsg || Type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(Message));
     }
     QtMessageHandler FBefore;
 };

@@ -167,13 +167,20 @@ TEST(Graph, any_part_may_be_destroyed_before_the_others) {
     std::mt19937 random(5);
     for (int round = 0; round < CParts * CParts * 4; ++round) {
         auto* scene = new TScene;
-        auto* label = new TKxLabel(scene->Form);
+        struct TLegend : TKxLabel, TKxGraphCompanion {
+            using TKxLabel::TKxLabel;
+            void ItemsModified() override { ++Told; }
+            int Told = 0;
+        };
+        auto* label = new TLegend(scene->Form);
         label->SetParent(scene->Graph);
+        scene->Graph->RegisterCompanion(label, label);
         auto* second = scene->AddSeries<TKxDataSeries>();
         if (round % 2) second->AddChild(scene->Series);
         const std::vector<TComponent*> parts = {scene->Graph, scene->X,  scene->Y, scene->XV,     scene->YV,
                                                 scene->DX,    scene->DY, label,    scene->Series, second};
         scene->Draw();
+        EXPECT_GT(label->Told, 0);
         std::vector<int> order{round % CParts, round / CParts % CParts};
         for (int i = 0; i < CParts; ++i) order.push_back(i);
         std::shuffle(order.begin() + 2, order.end(), random);

@@ -246,6 +246,7 @@ TEST(QtRasterScale, AtTwoPixelsAPixelTheSamePictureIsOnlyFiner) {
         D.Polyline(TPoints{{12, 30}, {12, 6}}, {clBlack, 1, psSolid, pmCopy});
         D.Polyline(TPoints{{20, 20}, {20, 21}}, CThin);
         D.Rectangle({22, 8, 35, 17}, {clBlue, 1, psSolid, pmCopy}, {clGreen, bsSolid, pmCopy});
+        D.FillRect({2, 24, 18, 31}, {clBlue, bsCross, pmCopy});
         D.Polyline(TPoints{{2, 33}, {38, 33}}, {clBlack, 1, psDashDot, pmCopy});
     };
     for (const int scale : {2, 3}) {

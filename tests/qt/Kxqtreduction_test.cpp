@@ -36,7 +36,7 @@ const TCase CCases[] = {
      }},
     {"spikes",
      [](std::mt19937& R, int I, int N, TPoint) {
-         return TPoint{Column(I, N), R() % 97 == 0 ? Uniform(R, -5000, 5000) : 400};
+         return TPoint{Column(I, N), R() % 97 == 0 ? Uniform(R, -4000, 4000) : 400};
      }},
     {"backwards",
      [](std::mt19937& R, int I, int N, TPoint) {
