@@ -106,6 +106,8 @@ void TKxCustomLabel::Paint() {
     }
     canvas.Brush.SetStyle(bsClear);
     canvas.Font.Assign(GetFont());
+    // A slanted last letter reaches over the cell that it is measured by, and so does a viewer's other font.
+    if (GetAutoSize()) canvas.SetClip(std::nullopt);
     PaintCaption(FParsed, canvas, FPaintX, FPaintY, FAngle);
 }
 

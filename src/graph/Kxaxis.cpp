@@ -31,6 +31,7 @@ TKxAxis::~TKxAxis() { FCaptionFont.OnChange = nullptr; }
 
 void TKxAxis::MarkChanged() {
     FChanged = true;
+    FEndsAreRound = false;
     Invalidate();
 }
 
@@ -91,7 +92,6 @@ void TKxAxis::SetIsSlave(bool IsSlave) {
 
 void TKxAxis::SetMasterAxis(TKxAxis* Master) {
     if (FMasterAxis == Master || Master == this) return;
-    if (FMasterAxis) FMasterAxis->RemoveFreeNotification(this);
     FMasterAxis = Master;
     if (Master) Master->FreeNotification(this);
     MarkChanged();
@@ -106,6 +106,7 @@ void TKxAxis::ValuesRangeChanged(TRange*) {
         FValuesRange.IfRangeChanged(range->GetStop());
     }
     if (FValuesRange.GetStart() > FValuesRange.GetStop()) return;
+    FEndsAreRound = false;
     const auto follow = [this](TKxAxEnd End, double Value, void (TRange::*Set)(double)) {
         if (End == AxAutoRange) {
             (FRange.*Set)(Value);
@@ -151,6 +152,7 @@ void TKxAxis::ZoomBack() {
     const TRange& view = *FZoomList[static_cast<std::size_t>(FZoomIndex - 1)];
     SetStart(view.GetStart());
     SetStop(view.GetStop());
+    FEndsAreRound = FZoomIndex == 1; // the unzoomed view was kept as it was shown
 }
 
 TKxScaleInput TKxAxis::GetScaleInput() const {
@@ -163,7 +165,10 @@ TKxScaleInput TKxAxis::GetScaleInput() const {
 void TKxAxis::CalculateEnds() {
     FNeedsTicks = true;
     if (FRoundedInput == GetScaleInput()) return;
-    FEnds = kx::CalculateEnds(GetScaleInput());
+    TKxScaleInput input = GetScaleInput();
+    if (FEndsAreRound) input.StartEnd = input.StopEnd = AxFixed;
+    FEndsAreRound = false;
+    FEnds = kx::CalculateEnds(input);
     FRange.SetStartStop(FEnds.Start, FEnds.Stop);
     FTickPart = FEnds.TickPart;
     FMajorTickPart = FEnds.MajorTickPart;
@@ -171,8 +176,9 @@ void TKxAxis::CalculateEnds() {
     FRoundedInput = GetScaleInput();
 }
 
-void TKxAxis::SetPlace(TPoint Origin, int AxisLength) {
-    if (Origin == FAxisOrigin && AxisLength == FMap.AxisLength) return;
+void TKxAxis::SetPlace(TPoint Origin, int AxisLength, int CaptionFrom) {
+    if (Origin == FAxisOrigin && AxisLength == FMap.AxisLength && CaptionFrom == FCaptionFrom) return;
+    FCaptionFrom = CaptionFrom;
     FAxisOrigin = Origin;
     FMap.AxisLength = AxisLength;
     FNeedsTicks = true;

@@ -121,7 +121,8 @@ public:
 
     int GetAxisLength() const { return FMap.AxisLength; }
     /// What the layout pass sets: where the axis line begins inside the control, and its length in pixels.
-    void SetPlace(TPoint Origin, int AxisLength);
+    /// The caption keeps CaptionFrom pixels off the line at least.
+    void SetPlace(TPoint Origin, int AxisLength, int CaptionFrom = 0);
     TPoint GetAxisOrigin() const { return FAxisOrigin; }
     int GetTickCount() const { return FTicks.Positions.Length(); }
     /// Pixel offsets from the axis start (left; bottom of a vertical axis).
@@ -265,11 +266,12 @@ private:
     int FMaxExpForScaleExp = 3, FMinExpForScaleExp = -2;
     TKxAxis* FMasterAxis = nullptr;
     TKxScaleEnds FEnds;
+    bool FEndsAreRound = false;                 // they were round when they were kept
     std::optional<TKxScaleInput> FRoundedInput; // what CalculateEnds has already made of itself
     TKxAxisMap FMap;
     TKxTicks FTicks;
     std::vector<TKxCaptionRec> FLabelRecs;
-    int FMaxLabelWidth = 0, FMaxLabelHeight = 0, FStartReach = 0, FStopReach = 0;
+    int FMaxLabelWidth = 0, FMaxLabelHeight = 0, FStartReach = 0, FStopReach = 0, FCaptionFrom = 0;
     TPoint FAxisOrigin;
     int FBorderCaptionGap = 0, FCaptionScalingsGap = 0, FScalingsTicksGap = 1, FExponentScalingsGap = 10,
         FValuesTicksGap = 0;

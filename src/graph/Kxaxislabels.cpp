@@ -154,6 +154,7 @@ TKxLayoutAxis TKxAxis::GetLayoutAxis() const {
     thickness.ExponentGap = FExponentScalingsGap;
     thickness.Factored = FShowScaleLabels && FEnds.UseScaleExponent;
     axis.Thickness = thickness.Total() + FValuesTicksGap;
+    axis.CaptionPart = thickness.CaptionPart();
     axis.StartReach = FStartReach;
     axis.StopReach = FStopReach;
     return axis;
@@ -175,7 +176,8 @@ void TKxAxis::PlaceCaptionLabel() {
     const int angle = IsHorizontal() ? 0 : 900;
     if (FCaptionLabel->GetAngle() != angle) FCaptionLabel->SetAngle(angle);
     const int w = FCaptionLabel->GetWidth(), h = FCaptionLabel->GetHeight();
-    const int distance = LabelDistance(*this) + LabelExtentAcross() + FCaptionScalingsGap;
+    const int labels = LabelDistance(*this) + LabelExtentAcross();
+    const int distance = std::max(labels, FCaptionFrom) + FCaptionScalingsGap;
     const int x0 = GetLeft() + FAxisOrigin.X, y0 = GetTop() + FAxisOrigin.Y;
     const bool inwards = OutwardSign() < 0;
     if (IsHorizontal())

@@ -50,6 +50,7 @@ void TKxAxis::SaveOutfit(const AnsiString& Section, TKxIniList& Ini) const {
 
 void TKxAxis::LoadOutfit(const AnsiString& Section, TKxIniList& Ini) {
     LoadOutfitTable(*this, AxisOutfit(), Section, Ini);
+    FEndsAreRound = true;
 }
 
 const TPropertyTable& TKxAxis::PublishedProperties() const { return Properties(); }

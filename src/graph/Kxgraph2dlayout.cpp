@@ -91,7 +91,7 @@ bool TKx2DGraph::PlaceAxes(const std::vector<TKxAxis*>& Axes) {
         const TRect& b = place.Bounds;
         moved |= b != placed[i]->GetBoundsRect() || place.Origin != placed[i]->GetAxisOrigin();
         placed[i]->SetBounds(b.Left, b.Top, b.Width(), b.Height());
-        placed[i]->SetPlace(place.Origin, place.AxisLength);
+        placed[i]->SetPlace(place.Origin, place.AxisLength, place.CaptionFrom);
     }
     // A hidden axis still maps the values of its series.
     for (TKxAxis* axis : Axes)

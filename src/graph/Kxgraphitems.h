@@ -11,8 +11,8 @@
 
 namespace kx {
 
-/// A series as its graph sees it. A component of the form; registered with the drawing world of the graph that
-/// its X axis stands on.
+/// A series as its graph sees it. A component of the form; registered with the drawing world of the graph
+/// that its X axis stands on.
 class TKxGraphSeries : public TComponent, public TKxStyleOwner {
 public:
     using TComponent::TComponent;

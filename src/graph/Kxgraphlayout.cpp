@@ -40,15 +40,17 @@ int StackThickness(const TKxLayoutInput& Input, TKxAxisPos Side) {
     return sum;
 }
 
-/// The margin that a crossing axis needs at its edge: the part of its thickness that zero, a fraction of the
-/// world away from that edge, leaves outside. Span is the graph's extent less the margin at the other side.
+/// The margin that a crossing axis needs at its edge: its caption, which keeps off the data, and the part of
+/// its labels that zero, a fraction of the world away from that edge, leaves outside. Span is the graph's
+/// extent less the margin at the other side.
 int CrossingMargin(const TKxLayoutAxis& Axis, int Span) {
     const TKxAxisMap& map = *Axis.Crossed;
     const double fromStart = map.Start / (map.Start - map.Stop);
     const bool startsAtEdge = IsHorizontal(Axis.Position) != map.Forward; // pixels count from the top
     const double f = std::clamp(startsAtEdge ? fromStart : 1 - fromStart, 0.0, 0.99);
-    const double needed = Axis.Thickness - Axis.Gap - 0.5; // a line half a pixel lower still fits
-    return static_cast<int>(std::ceil(std::max(0.0, (needed - f * (Span - 1)) / (1 - f))));
+    const double labels = Axis.Thickness - Axis.CaptionPart - Axis.Gap - 0.5; // half a pixel lower still fits
+    const double beyond = std::max(0.0, (labels - f * (Span - Axis.CaptionPart - 1)) / (1 - f));
+    return Axis.CaptionPart + static_cast<int>(std::ceil(beyond));
 }
 
 // The line of an axis stands on the outermost pixel of the world and counts in thickness and reach.
@@ -116,6 +118,16 @@ int LineOf(const TKxLayoutAxis& Axis, const TRect& World, int Outside) {
     }
 }
 
+/// How far the world's edge lies from the line of a crossing axis, on the side of its labels.
+int DistanceToEdge(const TKxLayoutAxis& Axis, const TRect& World, int Line) {
+    switch (Axis.Position) {
+    case AxTopPos: return Line - World.Top;
+    case AxLeftPos: return Line - World.Left;
+    case AxRightPos: return World.Right - 1 - Line;
+    default: return World.Bottom - 1 - Line;
+    }
+}
+
 TKxLayoutPlace PlaceOf(const TKxLayoutInput& Input, const TKxLayoutAxis& Axis, const TRect& World,
                        int Outside) {
     TKxLayoutPlace place;
@@ -135,6 +147,7 @@ TKxLayoutPlace PlaceOf(const TKxLayoutInput& Input, const TKxLayoutAxis& Axis, c
         }
     } else {
         place.Bounds = StackedBounds(Input, Axis, line);
+        if (Crosses(Axis)) place.CaptionFrom = DistanceToEdge(Axis, World, line);
     }
     place.Origin = horizontal ? TPoint{World.Left - place.Bounds.Left, line - place.Bounds.Top}
                               : TPoint{line - place.Bounds.Left, World.Top - place.Bounds.Top};

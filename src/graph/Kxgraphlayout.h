@@ -15,6 +15,7 @@ struct TKxLayoutAxis {
     TKxAxisPos Position = AxLeftPos;
     TKxAxisOrientation Orientation = AxVertical; ///< asked of a free floating axis only
     int Thickness = 0;                           ///< across the axis: ticks, gaps, labels and caption
+    int CaptionPart = 0;                         ///< what of Thickness is caption and its gaps
     int Gap = 0;           ///< between the drawing world's edge and the axis line, part of Thickness
     int LineThickness = 0; ///< pen width of the axis line; half of it lies on the other side of the line
     int StartReach = 0;    ///< how far the labels reach over the axis start, along the axis
@@ -39,6 +40,7 @@ struct TKxLayoutPlace {
     TRect Bounds;  ///< of the control
     TPoint Origin; ///< inside the control: left end of a horizontal axis line, upper end of a vertical one
     int AxisLength = 0;
+    int CaptionFrom = 0; ///< the caption stands at least so far from the line: outside the drawing world
 };
 
 struct TKxLayout {
@@ -64,6 +66,8 @@ struct TKxAxisThickness {
     int ExponentGap = 0;
     bool Factored = false;
     int Total() const;
+    /// The part of it that a caption takes; 0 without one.
+    int CaptionPart() const { return CaptionExtent > 0 ? CaptionExtent + CaptionGap + BorderGap : 0; }
 };
 
 } // namespace kx

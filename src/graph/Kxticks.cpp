@@ -118,7 +118,10 @@ TTickList TicksOfGrid(const TGrid& Grid) {
     return ticks;
 }
 
-TTickList LogarithmicTicks(const TKxScaleEnds& Ends) {
+/// Pixels below which the ticks of hundreds of decades would run together to a bar.
+constexpr double CLeastDecade = 3, CLeastDecadeWithMinors = 10;
+
+TTickList LogarithmicTicks(const TKxScaleEnds& Ends, int AxisLength) {
     TTickList ticks;
     if (!IsRange(Ends.LogStart, Ends.LogStop)) return ticks;
     const double start = std::max(Ends.LogStart, -CLogLimit) - CLogTolerance;
@@ -129,9 +132,14 @@ TTickList LogarithmicTicks(const TKxScaleEnds& Ends) {
         if (logarithm >= start && logarithm <= stop)
             ticks.push_back({ExpMinus(Mantissa, -Decade), isDecade, isDecade});
     };
-    for (int decade = RoundToInt(std::floor(start)); decade <= stop; ++decade)
+    const double width = std::max(1, AxisLength) / (Ends.LogStop - Ends.LogStart);
+    const int stride = std::max(1, RoundToInt(std::ceil(CLeastDecade / width)));
+    for (int decade = RoundToInt(std::floor(start)); decade <= stop; ++decade) {
+        if (decade % stride == 0) add(1, decade);
+        if (width < CLeastDecadeWithMinors) continue;
         // Kept: no tick at twice the decade; the gap shows where a decade begins.
-        for (const double mantissa : {1, 4, 6, 8}) add(mantissa, decade);
+        for (const double mantissa : {4, 6, 8}) add(mantissa, decade);
+    }
     return ticks;
 }
 
@@ -179,7 +187,7 @@ private:
 };
 
 TTickList OrEnds(TTickList Ticks, const TKxScaleEnds& Ends) {
-    if (Ticks.empty()) Ticks = {{Ends.Start, true, false}, {Ends.Stop, true, false}};
+    if (Ticks.size() < 2) Ticks = {{Ends.Start, true, false}, {Ends.Stop, true, false}};
     return Ticks;
 }
 
@@ -193,7 +201,7 @@ bool AreApart(const TKxLabelExtent& A, const TKxLabelExtent& B, int MinGap) {
 TKxTicks CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const TKxTickOptions& Options) {
     if (Map.IsLogarithmic())
         return TTickPlacer(Map, Options, false)
-            .Place(OrEnds(LogarithmicTicks(Ends), Ends),
+            .Place(OrEnds(LogarithmicTicks(Ends, Map.AxisLength), Ends),
                    [&](double Value) { return DecadeText(Value, Map.Scaling); });
     const bool omitsZero = Options.ZeroOrigin && Ends.Start <= 0 && Ends.Stop > 0;
     const TLinearScale scale = MakeLinearScale(Ends);

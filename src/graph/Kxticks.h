@@ -37,8 +37,8 @@ struct TKxTickOptions {
 
 /// The ticks of the scale Ends under Map. A tick stands where the map puts its value and a label tells the
 /// value of its place: ticks are the multiples of the tick step inside the range, logarithmic ones the
-/// decades and 4, 6 and 8 times a decade. There are two ticks at least, at the ends where no step fits.
-/// Raises EConvertError as Map does.
+/// decades and 4, 6 and 8 times a decade (fewer where a decade has hardly a pixel). There are two ticks at
+/// least, at the ends where no step fits. Raises EConvertError as Map does.
 TKxTicks CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const TKxTickOptions& Options);
 
 /// The room that a label takes along the axis.

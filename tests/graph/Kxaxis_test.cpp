@@ -3,6 +3,7 @@
 #include "numeric/Kxarithm.h"
 #include "platform/files.h"
 #include "platform/numbertext.h"
+#include "platform/scopedvalue.h"
 #include "support/recording.h"
 
 #include <cmath>
@@ -260,12 +261,11 @@ TEST(Axis, an_axis_without_graph_lays_itself_out_in_its_bounds) {
 
 TEST(Axis, the_settings_file_replaces_the_step_tables) {
     TTemporaryDirectory directory;
-    UserSettings = directory / "program.usr";
+    const TScopedValue settings(UserSettings, directory / "program.usr");
     ReplaceFile(UserSettings, "[GraphScale]\nTickField=0.5;0.5;0.5;0.5;0.5;0.5;0.5;0.5;0.5;0.5\n");
     InitFields();
     const auto table = StepTable();
     StepTable() = CBuiltInSteps;
-    UserSettings.clear();
     EXPECT_EQ(table.Tick[1], 0.5);
     EXPECT_EQ(table.Tick[10], 0.5);
     EXPECT_EQ(table.MajorTick, CBuiltInSteps.MajorTick) << "a missing row stays";

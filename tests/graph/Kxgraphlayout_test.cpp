@@ -101,7 +101,8 @@ TEST(GraphLayout, axes_lie_inside_the_graph_and_along_the_world_whatever_there_i
         if (tiny) continue;
         ASSERT_TRUE(Contains(graph, world)) << round;
         for (std::size_t i = 0; i < layout.Axes.size(); ++i) {
-            const auto& [bounds, origin, length] = layout.Axes[i];
+            const auto& [bounds, origin, length, captionFrom] = layout.Axes[i];
+            ASSERT_EQ(captionFrom > 0, input.Axes[i].Crossed.has_value()) << round;
             const bool horizontal = input.Axes[i].Orientation == AxHorizontal;
             ASSERT_TRUE(Contains(graph, bounds)) << round << " axis " << i;
             ASSERT_EQ(length + 1, horizontal ? world.Width() : world.Height());

@@ -64,7 +64,7 @@ inline std::string Rows(const QImage& Image) {
     return rows;
 }
 
-inline constexpr TStroke CThin{clBlack, 0, psSolid, pmCopy}, CNoStroke{clBlack, 0, psClear, pmCopy};
-inline constexpr TFill CRed{clRed, bsSolid, pmCopy}, CNoFill{clRed, bsClear, pmCopy};
+inline constexpr TStroke CThin{}, CNoStroke{clBlack, 0, psClear};
+inline constexpr TFill CRed{clRed}, CNoFill{clRed, bsClear};
 
 } // namespace kx::test

@@ -81,7 +81,7 @@ void AddPictureOptions(CLI::App& App, TRaw& Raw) {
     App.add_flag("--log-y", o.LogY, "logarithmic y axis");
     App.add_option("--title", o.Title,
                    "title; captions take markup: \\b bold, \\i italic, \\+ superscript, "
-                   "\\- subscript, \\s Greek")
+                   "\\- subscript, \\s Greek; each swallows one blank behind it")
         ->type_name("TEXT");
     App.add_option("--x-caption", o.XCaption, "caption of the x axis (default: its header)")
         ->type_name("TEXT");

@@ -217,7 +217,7 @@ void TPlot::Assign(const TAssignment& Assignment) {
     try {
         SetPropertyText(*component, property, Assignment.Value, find);
     } catch (const EPropertyError& error) {
-        throw TUsageError("--set " + Escaped(Assignment.Path) + ": " + error.what());
+        throw TUsageError("--set " + Escaped(name) + ": " + error.what());
     }
     // An end that is given is meant to stay.
     if (auto* axis = dynamic_cast<TKxAxis*>(component)) {
