@@ -206,7 +206,7 @@ void TPainterDevice::FillRect(const TRect& Rect, const TFill& Fill) {
 void TPainterDevice::Ellipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) {
     const TRect frame = FramedInside(Rect, Stroke);
     if (frame.IsEmpty() || FClip.IsEmpty()) return;
-    if (frame.Width() == 1 || frame.Height() == 1) return Rectangle(frame, Stroke, Fill);
+    if (frame.Right == frame.Left + 1 || frame.Bottom == frame.Top + 1) return Rectangle(frame, Stroke, Fill);
     const bool thin = IsThin(Stroke);
     SetMode(Stroke.Mode, FAntialias && !thin);
     const QRectF curve(DevicePoint(frame.Left, frame.Top), DevicePoint(frame.Right - 1, frame.Bottom - 1));

@@ -78,6 +78,9 @@ TEST(QtReduction, ChangesNoPixelOfALongLine) {
         SCOPED_TRACE(name);
         ExpectSamePicture(LineOf(shape, 200000), 0, {CSize});
     }
+    TPoints repeated; // ends where it has been before
+    for (int i = 0; i < 1000; ++i) repeated.push_back({5, i == 500 || i == 999 ? 700 : i % 600});
+    ExpectSamePicture(repeated, 0, {CSize});
     ExpectSamePicture(LineOf(CShapes[0].second, 1000000), 1, {CSize, 1, true});
 }
 
