@@ -17,10 +17,11 @@ inline constexpr TColor clBlack = 0x000000, clMaroon = 0x000080, clGreen = 0x008
                         clBlue = 0xFF0000, clFuchsia = 0xFF00FF, clAqua = 0xFFFF00, clWhite = 0xFFFFFF;
 
 constexpr TColor SystemColor(int Index) { return static_cast<TColor>(0x80000000u | unsigned(Index)); }
-inline constexpr TColor clWindow = SystemColor(5), clWindowText = SystemColor(8), clHighlight = SystemColor(13),
-                        clHighlightText = SystemColor(14), clBtnFace = SystemColor(15),
-                        clBtnShadow = SystemColor(16), clGrayText = SystemColor(17),
-                        clBtnText = SystemColor(18), clBtnHighlight = SystemColor(20);
+inline constexpr TColor clWindow = SystemColor(5), clWindowText = SystemColor(8),
+                        clHighlight = SystemColor(13), clHighlightText = SystemColor(14),
+                        clBtnFace = SystemColor(15), clBtnShadow = SystemColor(16),
+                        clGrayText = SystemColor(17), clBtnText = SystemColor(18),
+                        clBtnHighlight = SystemColor(20);
 
 constexpr TColor RGB(int Red, int Green, int Blue) { return Red | (Green << 8) | (Blue << 16); }
 constexpr int RedOf(TColor Color) { return Color & 0xFF; }

@@ -16,7 +16,8 @@ namespace kx {
 /// Zero-based array of a trivially copyable T with shared elements. New elements are zero. Growing by small
 /// steps costs amortised O(1) a step: what is allocated may exceed Length().
 /// Not for use by several threads at once.
-template <class T> class TDynArray {
+template <class T>
+class TDynArray {
     static_assert(std::is_trivially_copyable_v<T>, "elements are moved as bytes");
 
 public:
@@ -56,7 +57,8 @@ public:
     /// A copy that shares nothing.
     TDynArray Clone() const {
         TDynArray copy(Length());
-        if (!IsEmpty()) std::memcpy(static_cast<void*>(copy.Data()), Data(), sizeof(T) * std::size_t(Length()));
+        if (!IsEmpty())
+            std::memcpy(static_cast<void*>(copy.Data()), Data(), sizeof(T) * std::size_t(Length()));
         return copy;
     }
     bool SharesWith(const TDynArray& Other) const { return FBlock && FBlock == Other.FBlock; }
@@ -91,7 +93,8 @@ private:
     TBlock* FBlock = nullptr;
 };
 
-template <class T> void TDynArray<T>::MakeOwn(std::size_t Wanted) {
+template <class T>
+void TDynArray<T>::MakeOwn(std::size_t Wanted) {
     if (!FBlock) {
         FBlock = Reallocate(nullptr, Wanted);
         FBlock->References = 1;
@@ -100,7 +103,8 @@ template <class T> void TDynArray<T>::MakeOwn(std::size_t Wanted) {
         TBlock* own = Reallocate(nullptr, Wanted);
         own->References = 1;
         own->Length = FBlock->Length < int(Wanted) ? FBlock->Length : int(Wanted);
-        std::memcpy(static_cast<void*>(Elements(own)), Elements(FBlock), sizeof(T) * std::size_t(own->Length));
+        std::memcpy(static_cast<void*>(Elements(own)), Elements(FBlock),
+                    sizeof(T) * std::size_t(own->Length));
         --FBlock->References;
         FBlock = own;
     } else if (FBlock->Allocated < Wanted) {
@@ -109,7 +113,8 @@ template <class T> void TDynArray<T>::MakeOwn(std::size_t Wanted) {
     }
 }
 
-template <class T> void TDynArray<T>::SetLength(int Length) {
+template <class T>
+void TDynArray<T>::SetLength(int Length) {
     if (Length <= 0) {
         Release();
         return;

@@ -9,18 +9,21 @@
 namespace kx {
 
 namespace detail {
-template <auto Method> inline char MethodTag = 0;
+template <auto Method>
+inline char MethodTag = 0;
 }
 
 /// A callback with the parameters Args. Empty after construction; calling an empty event does nothing.
-template <class... Args> class TEvent {
+template <class... Args>
+class TEvent {
 public:
     TEvent() = default;
     TEvent(std::nullptr_t) {}
 
     /// The event that calls Method of Object, e.g. TEvent<int>::Of<&TForm1::Changed>(this). Object is not
     /// owned and must outlive the event's use.
-    template <auto Method, class C> static TEvent Of(C* Object) {
+    template <auto Method, class C>
+    static TEvent Of(C* Object) {
         TEvent event;
         event.FObject = Object;
         event.FMethod = &detail::MethodTag<Method>;
@@ -30,8 +33,8 @@ public:
 
     /// An event from any callable, for a program's handlers. It is identical only to its own copies.
     template <class F>
-        requires(!std::is_same_v<std::decay_t<F>, TEvent> && std::is_invocable_v<F&, Args...>)
-    TEvent(F Callable) : FCallable(std::make_shared<std::function<void(Args...)>>(std::move(Callable))) {
+    requires(!std::is_same_v<std::decay_t<F>, TEvent> && std::is_invocable_v<F&, Args...>) TEvent(F Callable)
+        : FCallable(std::make_shared<std::function<void(Args...)>>(std::move(Callable))) {
         FObject = FCallable.get();
         FMethod = FCallable.get();
     }

@@ -15,21 +15,32 @@ enum TPenMode {
     pmCopy, ///< the pen's colour
     pmXor   ///< the pen's colour XOR the picture's; drawing twice restores
 };
-enum TBrushStyle { bsSolid, bsClear, bsHorizontal, bsVertical, bsFDiagonal, bsBDiagonal, bsCross, bsDiagCross };
+enum TBrushStyle {
+    bsSolid,
+    bsClear,
+    bsHorizontal,
+    bsVertical,
+    bsFDiagonal,
+    bsBDiagonal,
+    bsCross,
+    bsDiagCross
+};
 enum TFontStyle : unsigned { fsBold = 1, fsItalic = 2, fsUnderline = 4, fsStrikeOut = 8 };
 using TFontStyles = unsigned; ///< bits of TFontStyle
 enum TFontPitch { fpDefault, fpVariable, fpFixed };
 
 template <>
-inline constexpr auto CEnumNames<TPenStyle> = std::to_array<std::string_view>(
-    {"psSolid", "psDash", "psDot", "psDashDot", "psDashDotDot", "psClear", "psInsideFrame"});
+inline constexpr auto CEnumNames<TPenStyle> = std::to_array<std::string_view>({"psSolid", "psDash", "psDot",
+                                                                               "psDashDot", "psDashDotDot",
+                                                                               "psClear", "psInsideFrame"});
 template <>
-inline constexpr auto CEnumNames<TBrushStyle> =
-    std::to_array<std::string_view>({"bsSolid", "bsClear", "bsHorizontal", "bsVertical", "bsFDiagonal",
-                                     "bsBDiagonal", "bsCross", "bsDiagCross"});
+inline constexpr auto CEnumNames<TBrushStyle> = std::to_array<std::string_view>({"bsSolid", "bsClear",
+                                                                                 "bsHorizontal", "bsVertical",
+                                                                                 "bsFDiagonal", "bsBDiagonal",
+                                                                                 "bsCross", "bsDiagCross"});
 template <>
-inline constexpr auto CEnumNames<TFontPitch> =
-    std::to_array<std::string_view>({"fpDefault", "fpVariable", "fpFixed"});
+inline constexpr auto CEnumNames<TFontPitch> = std::to_array<std::string_view>({"fpDefault", "fpVariable",
+                                                                                "fpFixed"});
 
 /// Base of pen, brush and font.
 class TGraphicsObject : public TPersistent {
@@ -39,7 +50,8 @@ public:
 protected:
     void Changed() { OnChange(); }
     /// Stores Value; tells when it differs.
-    template <class T> void Store(T& Field, T Value) {
+    template <class T>
+    void Store(T& Field, T Value) {
         if (Field == Value) return;
         Field = std::move(Value);
         Changed();
@@ -100,7 +112,9 @@ public:
     TFontStyles GetStyle() const { return FStyle; }
     void SetStyle(TFontStyles Style) { Store(FStyle, Style); }
     bool HasStyle(TFontStyle Style) const { return (FStyle & Style) != 0; }
-    void SetStyleFlag(TFontStyle Style, bool On) { SetStyle(On ? FStyle | Style : FStyle & ~unsigned(Style)); }
+    void SetStyleFlag(TFontStyle Style, bool On) {
+        SetStyle(On ? FStyle | Style : FStyle & ~unsigned(Style));
+    }
     int GetCharset() const { return FCharset; }
     void SetCharset(int Charset) { Store(FCharset, Charset); }
     TFontPitch GetPitch() const { return FPitch; }

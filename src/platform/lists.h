@@ -9,7 +9,8 @@
 namespace kx {
 
 /// Pointers in order, none of them owned.
-template <class T> class TList {
+template <class T>
+class TList {
 public:
     virtual ~TList() = default;
     int GetCount() const { return static_cast<int>(FItems.size()); }

@@ -30,8 +30,8 @@ std::string FloatToStrFixed(double Value, int Precision, int Digits);
 std::string FloatToStr(double Value);
 
 /// The scientific text of 15 significant digits, 23 characters: sign (blank or '-'), d.dddddddddddddd, 'E',
-/// the exponent's sign and four digits. Rounded by the exact binary value. A NaN is "                    NAN",
-/// infinities "                    INF" and "                   -INF".
+/// the exponent's sign and four digits. Rounded by the exact binary value. A NaN is " NAN", infinities " INF"
+/// and "                   -INF".
 std::string ScientificText(double Value);
 
 /// Reads a real in point form from the whole of Text (leading blanks allowed). Position is 0 when all of Text

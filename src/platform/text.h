@@ -17,8 +17,8 @@ struct TCodePoint {
     int Length = 0;
 };
 
-/// The code point that begins at Text[Pos]; Pos must lie inside the text. A foreign byte counts as one Latin-1
-/// character.
+/// The code point that begins at Text[Pos]; Pos must lie inside the text. A foreign byte counts as one
+/// Latin-1 character.
 TCodePoint DecodeAt(std::string_view Text, std::size_t Pos);
 
 /// Appends the UTF-8 form of CodePoint.

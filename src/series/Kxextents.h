@@ -26,11 +26,12 @@ void TKxSeries::ScanExtents(TRange& Range, int& MinIndex, int& MaxIndex, int Cou
 }
 
 template <class F>
-void TKxSeries::UpdateExtents(TRange& Range, int& MinIndex, int& MaxIndex, int Index, TInterval Value, F Rescan) {
+void TKxSeries::UpdateExtents(TRange& Range, int& MinIndex, int& MaxIndex, int Index, TInterval Value,
+                              F Rescan) {
     const bool movedInward = (Index == MinIndex && !(Value.Low <= Range.GetStart())) ||
                              (Index == MaxIndex && !(Value.High >= Range.GetStop()));
     if (movedInward) return Rescan();
-    const bool lower = Value.Low < Range.GetStart(), higher = Value.High > Range.GetStop();
+    const bool lower = Value.Low<Range.GetStart(), higher = Value.High> Range.GetStop();
     if (!lower && !higher) return;
     if (lower && higher) {
         Range.SetStartStop(Value.Low, Value.High);

@@ -6,7 +6,8 @@
 
 namespace kx {
 
-template <class F> void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, F Draw) {
+template <class F>
+void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, F Draw) {
     auto* graph = GetGraph();
     if (!graph || !graph->NotUpdating() || !FPointStyle.GetVisible() || !GetXAxis() || !GetYAxis()) return;
     if (NeedsCalculation()) CalculatePoints();

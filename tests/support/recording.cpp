@@ -29,7 +29,8 @@ std::string FirstDifference(const std::string& Expected, const std::string& Actu
     const auto rest = [begin](const std::string& Text) {
         return begin < Text.size() ? Text.substr(begin, Text.find('\n', begin) - begin) : "(end)";
     };
-    return "line " + std::to_string(line) + "\n  recorded: " + rest(Expected) + "\n  drawn now: " + rest(Actual);
+    return "line " + std::to_string(line) + "\n  recorded: " + rest(Expected) +
+           "\n  drawn now: " + rest(Actual);
 }
 
 } // namespace
