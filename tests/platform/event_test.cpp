@@ -15,24 +15,13 @@ struct TListener {
 
 TEST(Event, IdentityIsThatOfMethodAndObject) {
     TListener a, b;
-    const auto add = TEvent<int>::Of<&TListener::Add>(&a);
-    const auto addB = TEvent<int>::Of<&TListener::Add>(&b);
-    const auto addToo = TEvent<int>::Of<&TListener::AddToo>(&a);
+    const auto add = TEvent<int>::Of<&TListener::Add>(&a), addB = TEvent<int>::Of<&TListener::Add>(&b);
     EXPECT_TRUE(add == TEvent<int>::Of<&TListener::Add>(&a));
-    EXPECT_TRUE(add.SameMethod(addB));
-    EXPECT_FALSE(add == addB);
-    EXPECT_FALSE(add.SameMethod(addToo));
-    EXPECT_EQ(addB.Object(), &b);
-    for (const auto& event : {add, addB, addToo}) event(2);
-    EXPECT_EQ(a.Sum, 4);
-    EXPECT_EQ(b.Sum, 2);
-
-    const auto callable = [&](int Value) { a.Sum = Value; };
+    EXPECT_TRUE(add.SameMethod(addB) && !(add == addB));
+    EXPECT_FALSE(add.SameMethod(TEvent<int>::Of<&TListener::AddToo>(&a)));
+    const auto callable = [](int) {};
     const TEvent<int> first = callable, second = callable, copy = first;
-    EXPECT_TRUE(first == copy);
-    EXPECT_FALSE(first == second);
-    copy(9);
-    EXPECT_EQ(a.Sum, 9);
+    EXPECT_TRUE(first == copy && !(first == second));
 }
 
 TEST(Event, MayBeEmptiedWhileItRuns) {

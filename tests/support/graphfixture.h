@@ -3,30 +3,17 @@
 // would have put them there.
 
 #include "graph/Kxgraph2d.h"
-#include "platform/application.h"
 #include "platform/form.h"
 #include "platform/frame.h"
 #include "platform/headlesshost.h"
 #include "series/Kxdataseries.h"
+#include "support/errors.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
 
 namespace kx::test {
-
-/// Collects what goes to the application's OnException.
-struct TFaults {
-    TFaults() {
-        TApplication::Instance().OnException = [this](const std::exception& E) {
-            Text += E.what();
-            ++Count;
-        };
-    }
-    ~TFaults() { TApplication::Instance().OnException = nullptr; }
-    std::string Text;
-    int Count = 0;
-};
 
 struct TGraphForm {
     TGraphForm() {
@@ -82,6 +69,13 @@ struct TGraphForm {
         Mouse(TMouseKind::Down, From);
         Mouse(TMouseKind::Move, {(From.X + To.X) / 2, To.Y});
         Mouse(TMouseKind::Up, To);
+    }
+    /// Where a value stands in the drawing world.
+    TPoint At(double Xv, double Yv) const { return {X->RealToIntPosition(Xv), Y->RealToIntPosition(Yv)}; }
+    /// The drawing world on the graph, after a frame.
+    TRect LaidOut() {
+        Draw();
+        return Graph->GetDrawingWorld().GetBoundsRect();
     }
     /// Top left of the drawing world on the form.
     TPoint World() const { return Graph->GetDrawingWorld().ClientToRoot({}); }
