@@ -42,10 +42,9 @@ void TKxAxis::Invalidate() {
         TGraphicControl::Invalidate();
 }
 
-TKxAxisHost* TKxAxis::GetAxisHost() const { return dynamic_cast<TKxAxisHost*>(GetParent()); }
-
 void TKxAxis::SetParent(TWinControl* Parent) {
     TGraphicControl::SetParent(Parent);
+    FHost = dynamic_cast<TKxAxisHost*>(Parent);
     FCaptionLabel->SetParent(Parent);
     MarkChanged();
 }

@@ -237,7 +237,7 @@ private:
         MarkChanged();
     }
     void MarkChanged();
-    TKxAxisHost* GetAxisHost() const;
+    TKxAxisHost* GetAxisHost() const { return GetParent() ? FHost : nullptr; }
     TKxScaleInput GetScaleInput() const;
     void LayOutAlone();
     void UpdateCaptionLabel();
@@ -254,6 +254,7 @@ private:
     void DrawTicks(bool Major, TColor Color, int Width, int Length);
     void DrawAxisLine();
 
+    TKxAxisHost* FHost = nullptr; // the parent, if it is one; looked up once, for every live value asks for it
     TRange FRange, FValuesRange;
     TRangeList FValuesRangeList;
     std::vector<std::unique_ptr<TRange>> FZoomList;

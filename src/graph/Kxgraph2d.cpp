@@ -32,7 +32,8 @@ TKx2DGraph::TKx2DGraph(TComponent* Owner)
 
 TKx2DGraph::~TKx2DGraph() {
     FTitleFont.OnChange = nullptr;
-    // While the rest is still there: both report to the graph as they leave.
+    // While the rest is still there: axes, title and drawing world report to the graph as they leave.
+    for (TKxAxis* axis : GetAxes()) axis->SetParent(nullptr);
     FTitleLabel.reset();
     FWorld.reset();
 }
