@@ -53,14 +53,14 @@ BENCHMARK(Redraw)
     ->ArgsProduct({{Noise, RandomWalk}, {0, 1}})
     ->Unit(benchmark::kMillisecond);
 
-/// The same without the device: every point to the painter.
+/// The same without the device: every point to the painter, under a rectangular clip or without one.
 void RedrawByPainter(benchmark::State& State) {
     qt::Install(true);
     QList<QPoint> line;
     for (const TPoint p : LineOf(TShape(State.range(0)))) line.append({p.X, p.Y});
     QImage image(CSize.Width, CSize.Height, QImage::Format_RGB32);
     QPainter painter(&image);
-    painter.setClipRect(image.rect());
+    if (State.range(1) != 0) painter.setClipRect(image.rect());
     painter.setPen(QPen(Qt::blue, 0));
     for (auto _ : State) {
         painter.fillRect(image.rect(), Qt::white);
@@ -69,7 +69,10 @@ void RedrawByPainter(benchmark::State& State) {
     }
     State.SetItemsProcessed(State.iterations() * std::int64_t(CPoints));
 }
-BENCHMARK(RedrawByPainter)->ArgName("walk")->Arg(Noise)->Arg(RandomWalk)->Unit(benchmark::kMillisecond);
+BENCHMARK(RedrawByPainter)
+    ->ArgNames({"walk", "clipped"})
+    ->ArgsProduct({{Noise, RandomWalk}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace kx

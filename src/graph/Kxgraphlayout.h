@@ -29,10 +29,10 @@ struct TKxLayoutAxis {
 
 struct TKxLayoutInput {
     TSize Graph;
-    int TitleHeight = 0;             ///< 0 without title
-    TRect Reserved;                  ///< pixels that neighbours take at each of the four sides
-    int MinimalMargin = 0;           ///< kept at each side whatever else is there
-    std::vector<TKxLayoutAxis> Axes; ///< the first of a side stands next to the drawing world
+    int TitleHeight = 0;               ///< 0 without title
+    TRect Reserved{};                  ///< pixels that neighbours take at each of the four sides
+    int MinimalMargin = 0;             ///< kept at each side whatever else is there
+    std::vector<TKxLayoutAxis> Axes{}; ///< the first of a side stands next to the drawing world
 };
 
 /// The place of an axis and of its line inside it.

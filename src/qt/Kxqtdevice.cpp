@@ -89,7 +89,8 @@ TPainterDevice::TPainterDevice(QPainter& Painter, TSize Extent, double Scale, bo
 }
 
 bool TPainterDevice::IsThin(const TStroke& Stroke) const {
-    return FRaster && std::max(Stroke.Width, 1) * FScale < 1.5;
+    const bool smooth = FAntialias && Stroke.Mode == pmCopy;
+    return FRaster && !smooth && std::max(Stroke.Width, 1) * FScale < 1.5;
 }
 
 TPoint TPainterDevice::DevicePixel(TPoint P) const {

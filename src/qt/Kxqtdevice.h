@@ -13,7 +13,7 @@ namespace kx::qt {
 
 /// Paints on a painter that it does not own. Extent is in logical pixels; Scale is the number of the
 /// painter's pixels in one of them. On a raster, pens of up to one device pixel follow the pixel rules
-/// exactly and are never antialiased, nor is anything in XOR mode; the rest is antialiased if so asked. At
+/// exactly, unless antialiasing is asked for; nothing in XOR mode is antialiased. At
 /// other scales, and on vector devices, a line of width 0 or 1 is one logical pixel wide. Where there is no
 /// XOR (vector devices), what is called in XOR mode shows as on white paper.
 class TPainterDevice : public TCanvasDevice {

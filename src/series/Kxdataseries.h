@@ -151,6 +151,7 @@ protected:
     template <class F>
     void UpdateExtents(TRange& Range, int& MinIndex, int& MaxIndex, int Index, TInterval Value, F Rescan);
     bool TakesPart(double Value, const TKxAxis* Axis) const;
+    TInterval PointInterval(double Value, const TKxAxis* Axis) const;
 
     bool HasPlace(int Index) const {
         const TPoint p = FPoints.Values()[std::size_t(Index)];
@@ -181,6 +182,8 @@ private:
     TKxValueIChangedEvent WeightHandler() {
         return TKxValueIChangedEvent::Of<&TKxSeries::CallWeightChanged>(this);
     }
+    void ValueChanged(int Index, bool WasDeleted, const TKxCustomRealVector* Partner,
+                      void (TKxSeries::*CalcOwn)(int), void (TKxSeries::*CalcPartner)(int));
     void CallWeightChanged(int Index, bool WasDeleted) { FOnWeightChanged(Index, WasDeleted); }
     void EnterRange(TKxAxis* Axis, TRange& Range, const TKxCustomRealVector* Data);
     static void WithdrawRange(TKxAxis* Axis, TRange& Range);

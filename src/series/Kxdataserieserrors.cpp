@@ -56,8 +56,7 @@ double TKxDataWithErrorSeries::ErrorAt(TKind Kind, int Index) const {
 
 TKxSeries::TInterval TKxDataWithErrorSeries::IntervalOf(double Value, TKind Plus, TKind Minus, int Index,
                                                         const TKxAxis* Axis) const {
-    constexpr double CNothing = std::numeric_limits<double>::quiet_NaN();
-    if (!TakesPart(Value, Axis)) return {CNothing, CNothing};
+    if (!TakesPart(Value, Axis)) return PointInterval(Value, Axis);
     const double low = Value - ErrorAt(Minus, Index), high = Value + ErrorAt(Plus, Index);
     // A bar that reaches zero on a logarithmic axis ends at the axis and moves none of its ends.
     const bool logarithmic = Axis && Axis->GetScaling() != AxNormal;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace kx {
 
@@ -21,72 +22,57 @@ void TKxSeries::SetPointsCount() {
 int TKxSeries::XIdxNeeded() const { return FXData ? std::min(FXData->GetCount(), FPointsCount) : 0; }
 int TKxSeries::YIdxNeeded() const { return FYData ? std::min(FYData->GetCount(), FPointsCount) : 0; }
 
-namespace {
-
-constexpr double CNothing = std::numeric_limits<double>::quiet_NaN();
-
-} // namespace
+TKxSeries::TInterval TKxSeries::PointInterval(double Value, const TKxAxis* Axis) const {
+    constexpr double CNothing = std::numeric_limits<double>::quiet_NaN();
+    return TakesPart(Value, Axis) ? TInterval{Value, Value} : TInterval{CNothing, CNothing};
+}
 
 void TKxSeries::GetNewXStartStop() {
-    const auto values = FXData->Values();
-    ScanExtents(FXRange, FXMinIndex, FXMaxIndex, XIdxNeeded(), [&](int i) {
-        const double v = values[std::size_t(i)];
-        return TakesPart(v, FXAxis) ? TInterval{v, v} : TInterval{CNothing, CNothing};
-    });
+    ScanExtents(FXRange, FXMinIndex, FXMaxIndex, XIdxNeeded(),
+                [&](int i) { return PointInterval(FXData->GetValue(i), FXAxis); });
     Modified();
 }
 
 void TKxSeries::GetNewYStartStop() {
-    const auto values = FYData->Values();
-    ScanExtents(FYRange, FYMinIndex, FYMaxIndex, YIdxNeeded(), [&](int i) {
-        const double v = values[std::size_t(i)];
-        return TakesPart(v, FYAxis) ? TInterval{v, v} : TInterval{CNothing, CNothing};
-    });
+    ScanExtents(FYRange, FYMinIndex, FYMaxIndex, YIdxNeeded(),
+                [&](int i) { return PointInterval(FYData->GetValue(i), FYAxis); });
     Modified();
 }
 
 void TKxSeries::CalcXValue(int Index) {
-    const double v = FXData->GetValue(Index);
-    const TInterval value = TakesPart(v, FXAxis) ? TInterval{v, v} : TInterval{CNothing, CNothing};
-    UpdateExtents(FXRange, FXMinIndex, FXMaxIndex, Index, value, [this] { GetNewXStartStop(); });
+    UpdateExtents(FXRange, FXMinIndex, FXMaxIndex, Index, PointInterval(FXData->GetValue(Index), FXAxis),
+                  [this] { GetNewXStartStop(); });
 }
 
 void TKxSeries::CalcYValue(int Index) {
-    const double v = FYData->GetValue(Index);
-    const TInterval value = TakesPart(v, FYAxis) ? TInterval{v, v} : TInterval{CNothing, CNothing};
-    UpdateExtents(FYRange, FYMinIndex, FYMaxIndex, Index, value, [this] { GetNewYStartStop(); });
+    UpdateExtents(FYRange, FYMinIndex, FYMaxIndex, Index, PointInterval(FYData->GetValue(Index), FYAxis),
+                  [this] { GetNewYStartStop(); });
 }
 
 void TKxSeries::FOnXIChanged(int Index, bool WasDeleted) {
-    FRangesModified = true;
-    const int old = FPointsCount;
-    SetPointsCount();
-    if (Index < 0) return RangesModified();
-    if (!WasDeleted && FYData) {
-        for (int k = old; k < FPointsCount; ++k) CalcYValue(k);
-        for (int k = old; k < FPointsCount - 1; ++k) CalcXValue(k);
-        for (int k = old; k < FPointsCount - 1; ++k) CalculatePoint(k);
-    }
-    if (Index > FPointsCount) return;
-    if (WasDeleted) return RangesModified();
-    CalcXValue(Index);
-    CalculatePoint(Index);
-    InvalidateWorld();
+    ValueChanged(Index, WasDeleted, FYData, &TKxSeries::CalcXValue, &TKxSeries::CalcYValue);
 }
 
 void TKxSeries::FOnYIChanged(int Index, bool WasDeleted) {
+    ValueChanged(Index, WasDeleted, FXData, &TKxSeries::CalcYValue, &TKxSeries::CalcXValue);
+}
+
+// One body for both directions: Own is the one that changed. Points that newly came into being are taken in,
+// the changed one last.
+void TKxSeries::ValueChanged(int Index, bool WasDeleted, const TKxCustomRealVector* Partner,
+                             void (TKxSeries::*CalcOwn)(int), void (TKxSeries::*CalcPartner)(int)) {
     FRangesModified = true;
     const int old = FPointsCount;
     SetPointsCount();
     if (Index < 0) return RangesModified();
-    if (!WasDeleted && FXData) {
-        for (int k = old; k < FPointsCount; ++k) CalcXValue(k);
-        for (int k = old; k < FPointsCount - 1; ++k) CalcYValue(k);
+    if (!WasDeleted && Partner) {
+        for (int k = old; k < FPointsCount; ++k) (this->*CalcPartner)(k);
+        for (int k = old; k < FPointsCount - 1; ++k) (this->*CalcOwn)(k);
         for (int k = old; k < FPointsCount - 1; ++k) CalculatePoint(k);
     }
     if (Index > FPointsCount) return;
     if (WasDeleted) return RangesModified();
-    CalcYValue(Index);
+    (this->*CalcOwn)(Index);
     CalculatePoint(Index);
     InvalidateWorld();
 }

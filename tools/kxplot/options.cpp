@@ -142,7 +142,7 @@ std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
         options.Outputs.push_back(DefaultOutput(options.Data));
     else
         for (const auto& output : options.Outputs) CheckOutput(output);
-    return std::move(options);
+    return options;
 }
 
 } // namespace kxplot
