@@ -54,39 +54,26 @@ TEST(Labels, TheAnchorStaysWhileTheTextChanges) {
     }
 }
 
-TEST(Labels, WithoutAutoSizeTheFrameStaysAndAnchorsTheLabel) {
-    TSmall label("abc");
-    label.SetAutoSize(false);
-    label.SetAlignment(taRightJustify);
-    label.SetBounds(10, 20, 90, 30);
-    EXPECT_EQ(label.GetXPosition(), 100);
-    label.SetAngle(450);
-    EXPECT_EQ(label.GetBoundsRect(), TRect::Bounds(10, 20, 90, 30));
-}
-
 TEST(Labels, ItPaintsItsCaptionOnItsColour) {
     TCustomPanel panel(nullptr);
-    panel.GetFont().SetName("Courier");
+    panel.GetFont().SetName("Courier"); // is not taken over
+    panel.SetBounds(0, 0, 200, 100);
     TSmall label("a\\bb");
-    EXPECT_FALSE(IsStored(label, *label.PublishedProperties().Find("ParentFont")));
     label.SetParent(&panel);
     label.SetBounds(50, 40, 0, 0);
     label.SetColor(clYellow);
     label.SetAngle(900);
-    const auto paint = [&panel] {
-        panel.SetBounds(0, 0, 200, 100);
+    for (const bool transparent : {false, true}) {
+        label.SetTransparent(transparent);
         TRecorder device({200, 100});
         PaintFrame(panel, device);
-        return device.Recording.ToText();
-    };
-    EXPECT_NE(paint().find("#ffff00"), std::string::npos);
-    label.SetTransparent(true);
-    const std::string clear = paint();
-    EXPECT_EQ(clear.find("#ffff00"), std::string::npos);
-    EXPECT_NE(clear.find("text (50,52) \"a\" #000000 font \"Arial\" -10 - 900\n"
-                         "text (50,46) \"b\" #000000 font \"Arial\" -10 b 900\n"),
-              std::string::npos)
-        << clear;
+        const std::string drawn = device.Recording.ToText();
+        EXPECT_EQ(drawn.find("#ffff00") == std::string::npos, transparent);
+        EXPECT_NE(drawn.find("text (50,52) \"a\" #000000 font \"Arial\" -10 - 900\n"
+                             "text (50,46) \"b\" #000000 font \"Arial\" -10 b 900\n"),
+                  std::string::npos)
+            << drawn;
+    }
 }
 
 } // namespace

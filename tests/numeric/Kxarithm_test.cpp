@@ -17,8 +17,7 @@ using TTable = std::vector<std::tuple<T...>>;
 TEST(Arithm, PowersOfTenAreExactAndNeverRaise) {
     for (int n = -22; n <= 22; ++n) EXPECT_EQ(IntExp10(n), std::stod("1e" + std::to_string(n)));
     EXPECT_NEAR(Exp10(0.5), 3.16227766016838, 1e-14);
-    for (const double x : {309.0, 400.0, 1e6, double(INFINITY), double(NAN)})
-        EXPECT_EQ(Exp10(x), CMaxReal) << x;
+    for (const double x : {309.0, double(INFINITY), double(NAN)}) EXPECT_EQ(Exp10(x), CMaxReal) << x;
     EXPECT_EQ(Exp10(-400), 0);
 }
 
@@ -67,14 +66,6 @@ TEST(Arithm, RoundsToMultiplesOfADecade) {
     }
     for (const double x : {0.0, -1.0, double(NAN)}) EXPECT_THROW(RoundLogUp(x, 1, 1), EInvalidOp);
     EXPECT_THROW(RoundLogDown(1, 0, 1), EZeroDivide);
-}
-
-TEST(Arithm, PolynomialRectAndArrays) {
-    const double coeffs[] = {1, -2, 0.5};
-    EXPECT_EQ(EvaluatePolynomial(coeffs, 2, 6), 7);
-    EXPECT_EQ(EvaluatePolynomial(coeffs, -1, 6), 0);
-    EXPECT_EQ(OrderedRect(5, -1, 2, 3), (TRect{2, -1, 5, 3}));
-    EXPECT_THROW(AssignRealArrays(TKxRealArray(2), TKxRealArray(1)), ERangeError);
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <random>
 #include <string>
 
@@ -83,24 +82,11 @@ TEST(IniIndex, AnswersLikeAScanAfterAnyChanges) {
     }
 }
 
-/// Seconds for writing and reading Keys keys in Sections sections, one after the other or all in turn.
-double SecondsFor(int Keys, int Sections, bool InTurn) {
-    const auto start = std::chrono::steady_clock::now();
+TEST(IniIndex, NeverScansItsKeys) {
     TKxIniList ini;
-    const auto section = [&](int I) { return std::to_string(InTurn ? I % Sections : I / (Keys / Sections)); };
-    for (int i = 0; i < Keys; ++i) ini.WriteInteger(section(i), std::to_string(i), i);
-    for (int i = 0; i < Keys; ++i) EXPECT_EQ(ini.ReadInteger(section(i), std::to_string(i), -1), i);
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-TEST(IniIndex, TheCostOfKeysGrowsWithTheirNumberOnly) {
-    for (const bool inTurn : {false, true})
-        for (const int sections : {2, 1000}) {
-            double few = SecondsFor(4000, sections, inTurn);
-            for (int i = 0; i < 2; ++i) few = std::min(few, SecondsFor(4000, sections, inTurn));
-            // 16 times the keys; scanning would take 256 times as long.
-            EXPECT_LT(SecondsFor(64000, sections, inTurn), 100 * few) << sections << " sections";
-        }
+    for (int i = 0; i < 100000; ++i) ini.WriteInteger(std::to_string(i % 1000), std::to_string(i), i);
+    for (int i = 0; i < 100000; ++i) // scanning would run into the time limit
+        ASSERT_EQ(ini.ReadInteger(std::to_string(i % 1000), std::to_string(i), -1), i);
 }
 
 } // namespace

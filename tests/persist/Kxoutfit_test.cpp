@@ -53,15 +53,10 @@ TEST(Outfit, OneTableSavesAndLoads) {
     EXPECT_TRUE(read.Font.GetBold());
     EXPECT_EQ(read.Friend, &thing);
     EXPECT_EQ(read.Befriended, 1); // not again in the second round
-}
-
-TEST(Outfit, WrongValuesLeaveTheObjectAndMissingOnesGiveTheDefault) {
-    TThing thing(nullptr);
-    TKxIniList ini;
-    ini.WriteInteger("S", "Pen", 7);
-    LoadOutfitTable(thing, CThingOutfit, "S", ini);
-    EXPECT_EQ(thing.Pen, psDash);
-    EXPECT_TRUE(thing.Shown);
+    ini.SetText("[S]\nPen=7\n");   // wrong, and the others missing
+    LoadOutfitTable(read, CThingOutfit, "S", ini);
+    EXPECT_EQ(read.Pen, psDot);
+    EXPECT_TRUE(read.Shown);
 }
 
 } // namespace

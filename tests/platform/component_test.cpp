@@ -51,35 +51,18 @@ TEST(Component, OwnerDeletesLastToFirstWhatHasNotLeftBefore) {
     EXPECT_EQ(TWatcher::Deaths, "StackBAC");
 }
 
-TEST(Component, OwnerAndItsComponentsHearOfComingAndGoing) {
-    TWatcher owner(nullptr), other(nullptr), sibling(&owner), inner(&sibling);
+TEST(Component, OwnersTheirComponentsAndPartnersHearOnceOfComingAndGoing) {
+    TWatcher owner(nullptr), other(nullptr), sibling(&owner), inner(&sibling), partner(nullptr);
     const int inserted = sibling.Inserted;
     {
         TComponent guest(&owner);
         EXPECT_EQ(sibling.Inserted, inserted + 1);
         EXPECT_EQ(inner.Inserted, 1);
         other.InsertComponent(&guest); // moves it
-        EXPECT_EQ(sibling.Removed, 1);
+        for (int i = 0; i < 2; ++i) partner.Watch(&guest), sibling.Removed = 0, sibling.Watch(&guest);
     }
-    EXPECT_TRUE(sibling.Removed == 1 && inner.Removed == 1 && other.Removed == 1);
+    for (const TWatcher* watcher : {&sibling, &other, &partner}) EXPECT_EQ(watcher->Removed, 1);
     EXPECT_THROW(inner.InsertComponent(&owner), EComponentError);
-}
-
-TEST(Component, PartnersAreToldOnceWhoeverOwnsThem) {
-    for (const bool sameOwner : {false, true}) {
-        TComponent owner(nullptr);
-        TWatcher watcher(sameOwner ? &owner : nullptr);
-        auto* partner = new TWatcher(&owner);
-        watcher.Watch(partner);
-        watcher.Watch(partner);
-        delete partner;
-        EXPECT_EQ(watcher.Removed, 1);
-        partner = new TWatcher(nullptr);
-        watcher.Watch(partner);
-        watcher.RemoveFreeNotification(partner);
-        delete partner;
-        EXPECT_EQ(watcher.Removed, 1);
-    }
 }
 
 /// Partners all around, one owning another, destroyed in every order.

@@ -5,16 +5,6 @@
 namespace kx {
 namespace {
 
-/// Composes rectangles and stamps from other calls, as a device may.
-class TPlainDevice : public TRecorder {
-public:
-    using TRecorder::TRecorder;
-    void Rectangle(const TRect& R, const TStroke& S, const TFill& F) override {
-        TCanvasDevice::Rectangle(R, S, F);
-    }
-    void Stamps(std::span<const TPoint> P, const TRecording& One) override { TCanvasDevice::Stamps(P, One); }
-};
-
 /// One call of each kind.
 void DrawEverything(TCanvasDevice& Device) {
     const TPoint points[] = {{0, 0}, {10, 5}, {3, 9}};
@@ -47,19 +37,6 @@ TEST(Recording, lists_one_line_a_call_and_replays_as_it_was_or_moved) {
     moved.Recording.Calls.pop_back();
     moved.Recording.Replay(back, {-100, 7});
     EXPECT_EQ(back.Recording.ToText(), expected + "clip none\n"); // a picture never leaves a clip behind
-}
-
-TEST(Recording, a_device_composes_rectangles_and_stamps_from_simpler_calls) {
-    TPlainDevice device({100, 100});
-    device.Rectangle({1, 2, 1, 6}, {}, {});
-    DrawEverything(device);
-    const std::string text = device.Recording.ToText();
-    EXPECT_NE(text.find("polygon (1,2) (4,2) (4,5) (1,5) pen #000000 0 solid brush #ffffff solid\ntext"),
-              std::string::npos);
-    EXPECT_TRUE(
-        text.ends_with("fill (0,0)-(2,2) brush #00ff00 solid\nfill (10,5)-(12,7) brush #00ff00 solid\n"
-                       "fill (3,9)-(5,11) brush #00ff00 solid\nclip none\n"))
-        << text;
 }
 
 } // namespace

@@ -5,7 +5,6 @@
 #include <tuple>
 
 namespace kx {
-namespace {
 
 TEST(Text, EveryCodePointSurvivesEncodingAndDecoding) {
     for (char32_t value = 0; value <= 0x10FFFF; value += value < 0x900 ? 1 : 251) {
@@ -16,23 +15,18 @@ TEST(Text, EveryCodePointSurvivesEncodingAndDecoding) {
         ASSERT_EQ(point.Value, value);
         ASSERT_EQ(point.Length, static_cast<int>(text.size()));
     }
-    std::string text;
-    AppendUtf8(text, 0xD800);
-    EXPECT_EQ(text, "\xEF\xBF\xBD");
 }
 
 /// Sequences that are cut off, longer than needed, half a surrogate pair, beyond the last code point.
 TEST(Text, ForeignBytesCountAsLatin1Characters) {
     const std::tuple<const char*, const char*, const char*, int> cases[] = {
         {"a\xC2\xB7z", "a\xC2\xB7z", "a\xC2\xB7z", 3},
-        {"\xB7", "\xC2\xB7", "\\xB7", 1},
         {"\xC3", "\xC3\x83", "\\xC3", 1},
         {"\xC0\xAF", "\xC3\x80\xC2\xAF", "\\xC0\\xAF", 2},
         {"\xE0\x81\x81", "\xC3\xA0\xC2\x81\xC2\x81", "\\xE0\\x81\\x81", 3},
         {"\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xC2\x80", "\\xED\\xA0\\x80", 3},
         {"\xF4\x90\x80\x80", "\xC3\xB4\xC2\x90\xC2\x80\xC2\x80", "\\xF4\\x90\\x80\\x80", 4},
-        {"a\n\x7F", "a\n\x7F", "a\\x0A\\x7F", 3},
-        {"\xC2\x85", "\xC2\x85", "\\xC2\\x85", 1}};
+        {"a\n\x7F\xC2\x85", "a\n\x7F\xC2\x85", "a\\x0A\\x7F\\xC2\\x85", 4}};
     for (const auto& [bytes, valid, escaped, count] : cases) {
         EXPECT_EQ(ToValidUtf8(bytes), valid);
         EXPECT_EQ(Escaped(bytes), escaped);
@@ -42,14 +36,8 @@ TEST(Text, ForeignBytesCountAsLatin1Characters) {
 
 TEST(Text, CaseIsThatOfAsciiLettersOnly) {
     EXPECT_EQ(UpperCase("az[\xC3\xA4{"), "AZ[\xC3\xA4{");
-    EXPECT_TRUE(SameText("Axis1", "aXIS1"));
-    EXPECT_FALSE(SameText("Axis1", "Axis"));
-    EXPECT_FALSE(SameText("@", "`"));
-    EXPECT_TRUE(StartsWithText("Axis1", "AXIS"));
-    EXPECT_FALSE(StartsWithText("Ax", "Axis"));
-    EXPECT_EQ(Trimmed("\t a b \t"), "a b");
-    EXPECT_EQ(Trimmed(" \t"), "");
+    EXPECT_TRUE(SameText("Axis1", "aXIS1") && !SameText("Axis1", "Axis") && !SameText("@", "`"));
+    EXPECT_TRUE(StartsWithText("Axis1", "AXIS") && !StartsWithText("Ax", "Axis"));
 }
 
-} // namespace
 } // namespace kx
