@@ -254,7 +254,8 @@ private:
     void DrawTicks(bool Major, TColor Color, int Width, int Length);
     void DrawAxisLine();
 
-    TKxAxisHost* FHost = nullptr; // the parent, if it is one; looked up once, for every live value asks for it
+    TKxAxisHost* FHost =
+        nullptr; // the parent, if it is one; looked up once, for every live value asks for it
     TRange FRange, FValuesRange;
     TRangeList FValuesRangeList;
     std::vector<std::unique_ptr<TRange>> FZoomList;
