@@ -3,6 +3,8 @@
 #include "platform/exceptions.h"
 #include "platform/shifting.h"
 
+#include <utility>
+
 namespace kx {
 
 TControl::TControl(TComponent* Owner) : TComponent(Owner) {
@@ -84,11 +86,13 @@ void TControl::SendToBack() {
     if (FParent) FParent->Restack(this, false);
 }
 
-TWinControl* TControl::Topmost() {
-    TControl* control = this;
+const TWinControl* TControl::Topmost() const {
+    const TControl* control = this;
     while (control->FParent) control = control->FParent;
-    return dynamic_cast<TWinControl*>(control);
+    return dynamic_cast<const TWinControl*>(control);
 }
+
+TWinControl* TControl::Topmost() { return const_cast<TWinControl*>(std::as_const(*this).Topmost()); }
 
 TPoint TControl::ClientToRoot(TPoint Pos) const {
     for (const TControl* control = this; control->FParent; control = control->FParent)

@@ -3,6 +3,7 @@
 
 #include "platform/canvas.h"
 #include "platform/component.h"
+#include "platform/dragging.h"
 #include "platform/host.h"
 
 #include <string>
@@ -11,6 +12,7 @@
 namespace kx {
 
 class TWinControl;
+class TPopupMenu;
 
 enum TAlign { alNone, alTop, alBottom, alLeft, alRight, alClient };
 template <>
@@ -76,7 +78,19 @@ public:
     const std::string& GetHint() const { return FHint; }
     void SetHint(const std::string& Hint) { FHint = Hint; }
     bool GetShowHint() const { return FShowHint; }
-    void SetShowHint(bool ShowHint) { FShowHint = ShowHint; }
+    /// Ends ParentShowHint.
+    void SetShowHint(bool ShowHint);
+    bool GetParentShowHint() const { return FParentShowHint; }
+    void SetParentShowHint(bool ParentShowHint);
+    /// What the release of the right button over the control, or over a child without one of its own, pops
+    /// up; not owned.
+    TPopupMenu* GetPopupMenu() const { return FPopupMenu; }
+    void SetPopupMenu(TPopupMenu* Menu);
+    TDragMode GetDragMode() const { return FDragMode; }
+    void SetDragMode(TDragMode Mode) { FDragMode = Mode; }
+    /// The cursor while the control is dragged over one that accepts it; over others it is crNoDrop.
+    TCursor GetDragCursor() const { return FDragCursor; }
+    void SetDragCursor(TCursor Cursor) { FDragCursor = Cursor; }
 
     /// Asks for a paint by the next frame.
     virtual void Invalidate();
@@ -91,10 +105,25 @@ public:
     /// Whether the mouse goes to this control until the button is up.
     void SetMouseCapture(bool Capture);
     bool GetMouseCapture() const;
+    /// Starts a drag from this control: the mouse is the drag's until the left button is released. A control
+    /// that was pressed before gets its release now, at the place of the press, and no click. Does nothing in
+    /// a window where something is dragged already, and without parent.
+    void BeginDrag();
+    /// Whether this control is being dragged.
+    bool IsDragging() const;
 
     TNotifyEvent OnClick, OnDblClick;
     TMouseEvent OnMouseDown, OnMouseUp;
     TMouseMoveEvent OnMouseMove;
+    /// Of the dragged control: the start, and the end with the control that took the drop (null: none did, or
+    /// it has gone since). One that leaves its window meanwhile ends the drag without OnEndDrag.
+    TStartDragEvent OnStartDrag;
+    TEndDragEvent OnEndDrag;
+    /// Of the control under the mouse, with the dragged one: whether it accepts it (false without a handler,
+    /// true at the handler's start; the answer to dsDragLeave does not matter), and the drop that it
+    /// accepted.
+    TDragOverEvent OnDragOver;
+    TDragDropEvent OnDragDrop;
 
     /// What the control still has to compute before a frame may be painted. Settle is called while
     /// NeedsSettling answers true, children included, a bounded number of rounds for the whole tree.
@@ -114,6 +143,8 @@ protected:
     virtual void CMColorChanged();
     virtual void CMVisibleChanged();
     virtual void CMEnabledChanged();
+    virtual void CMShowHintChanged();
+    void Notification(TComponent* Component, TOperation Operation) override;
     /// The mouse, in this control's pixels. The inherited ones call the events.
     virtual void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y);
     virtual void MouseMove(TShiftState Shift, int X, int Y);
@@ -129,7 +160,12 @@ private:
     void FontChanged();
     void TakeParentFont();
     void TakeParentColor();
+    void TakeParentShowHint();
+    void StoreShowHint(bool ShowHint);
     TWinControl* Topmost();
+    const TWinControl* Topmost() const;
+    void PrepareDrag(TPoint Pos);
+    void PopUpMenuAt(TPoint Pos);
 
     TWinControl* FParent = nullptr;
     TRect FBounds;
@@ -145,6 +181,10 @@ private:
     TCursor FCursor = crDefault;
     std::string FHint;
     bool FShowHint = false;
+    bool FParentShowHint = true;
+    TDragMode FDragMode = dmManual;
+    TCursor FDragCursor = crDrag;
+    TPopupMenu* FPopupMenu = nullptr;
 };
 
 /// A control that is painted as a part of its parent, before the parent's windowed children.
@@ -181,8 +221,8 @@ public:
     /// Gives a mouse event at Pos (this control's pixels) to the control it belongs to: the one that captured
     /// the mouse, else the deepest at Pos, else this one. A press captures the mouse until the release; a
     /// release of the left button over the pressed control is a click, called before the release. A press
-    /// with ssDouble is a double click, called before the press; its release is no second click. Handlers may
-    /// destroy controls, this one too; their exceptions go to the application.
+    /// with ssDouble is a double click, called before the press; its release is no second click. A drag takes
+    /// all events. Handlers may destroy controls, this one too; their exceptions go to the application.
     void DispatchMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos);
     /// Places the children that have an Align other than alNone, in order of top, bottom, left, right,
     /// client.
@@ -198,6 +238,7 @@ protected:
     friend void PaintTree(TWinControl&, TCanvasDevice&, const TRect&);
     void CMFontChanged() override;
     void CMColorChanged() override;
+    void CMShowHintChanged() override;
     /// A child entered, left, moved or changed its visibility. One that left may be in its destructor.
     virtual void ControlsChanged(TControl* Child);
 
@@ -206,14 +247,23 @@ private:
     void RemoveControl(TControl* Control);
     void Restack(TControl* Control, bool ToFront);
     TControl* MouseTarget(TPoint& Pos);
+    TControl* DeepestAt(TPoint& Pos);
     void ReleaseMouse(const TControl& Control);
     void ForgetMouse(const TControl& Control);
+    void StartDrag(TControl& Source);
+    bool DragMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos);
+    TControl* DragTarget(TPoint Pos);
+    void DragTo(TPoint Pos);
+    void DropAt(TPoint Pos);
+    void StopDrag();
+    void ForgetDrag(const TControl& Control);
 
     struct TDispatch;
     std::vector<TControl*> FControls;
     // In the topmost parent:
     TControl* FCaptured = nullptr;
     TControl* FPressed = nullptr;
+    TDragging FDragging;
     TDispatch* FDispatch = nullptr; // the innermost mouse event that is being handled
     bool FAligning = false;
 };

@@ -1,4 +1,5 @@
 #include "platform/controls.h"
+#include "platform/popupmenu.h"
 #include "platform/scopedvalue.h"
 
 namespace kx {
@@ -36,6 +37,36 @@ void TControl::SetColor(TColor Color) {
     CMColorChanged();
 }
 
+void TControl::StoreShowHint(bool ShowHint) {
+    if (FShowHint == ShowHint) return;
+    FShowHint = ShowHint;
+    CMShowHintChanged();
+}
+
+void TControl::TakeParentShowHint() {
+    if (FParent) StoreShowHint(FParent->GetShowHint());
+}
+
+void TControl::SetParentShowHint(bool ParentShowHint) {
+    FParentShowHint = ParentShowHint;
+    if (ParentShowHint) TakeParentShowHint();
+}
+
+void TControl::SetShowHint(bool ShowHint) {
+    FParentShowHint = false;
+    StoreShowHint(ShowHint);
+}
+
+void TControl::SetPopupMenu(TPopupMenu* Menu) {
+    FPopupMenu = Menu;
+    if (Menu) Menu->FreeNotification(this);
+}
+
+void TControl::Notification(TComponent* Component, TOperation Operation) {
+    TComponent::Notification(Component, Operation);
+    if (Operation == opRemove && Component == FPopupMenu) FPopupMenu = nullptr;
+}
+
 void TControl::SetText(const std::string& Text) {
     if (FText == Text) return;
     FText = Text;
@@ -47,6 +78,7 @@ void TControl::CMTextChanged() { Invalidate(); }
 void TControl::CMColorChanged() { Invalidate(); }
 void TControl::CMVisibleChanged() { Invalidate(); }
 void TControl::CMEnabledChanged() { Invalidate(); }
+void TControl::CMShowHintChanged() {}
 
 void TControl::PaintOn(TCanvas&) {}
 
@@ -56,6 +88,7 @@ const TPropertyTable& TControl::Properties() {
     static const TPropertyTable table = [&] {
         using C = TControl;
         const auto ownColor = [](const TPersistent& O) { return !static_cast<const C&>(O).FParentColor; };
+        const auto ownHint = [](const TPersistent& O) { return !static_cast<const C&>(O).FParentShowHint; };
         TProperty ownFont = PublishedObject<font>("Font", "Text font; setting it ends ParentFont");
         ownFont.Stored = [](const TPersistent& O) { return !static_cast<const C&>(O).FParentFont; };
         return TPropertyTable(
@@ -76,7 +109,16 @@ const TPropertyTable& TControl::Properties() {
                                                              "Whether the font follows the parent's"),
              Published<&C::GetCursor, &C::SetCursor>("Cursor", crDefault, "Mouse cursor over the control"),
              Published<&C::GetHint, &C::SetHint>("Hint", "", "Text that explains the control"),
-             Published<&C::GetShowHint, &C::SetShowHint>("ShowHint", false, "Whether the hint is shown")});
+             Published<&C::GetShowHint, &C::SetShowHint>(
+                 "ShowHint", always, "Whether the hint is shown; setting it ends ParentShowHint", ownHint),
+             Published<&C::GetParentShowHint, &C::SetParentShowHint>("ParentShowHint", true,
+                                                                     "Whether ShowHint follows the parent's"),
+             Published<&C::GetPopupMenu, &C::SetPopupMenu>("PopupMenu", nullptr,
+                                                           "Menu that a right click pops up"),
+             Published<&C::GetDragMode, &C::SetDragMode>("DragMode", dmManual,
+                                                         "Whether a left press and a move begin a drag"),
+             Published<&C::GetDragCursor, &C::SetDragCursor>(
+                 "DragCursor", crDrag, "Mouse cursor where the dragged control is accepted")});
     }();
     return table;
 }

@@ -12,10 +12,11 @@ namespace kx {
 
 class TMetafile;
 
-enum TCursor { crDefault, crArrow, crCross, crHourGlass, crSizeWE, crSizeNS, crHandPoint };
+enum TCursor { crDefault, crArrow, crCross, crHourGlass, crSizeWE, crSizeNS, crHandPoint, crDrag, crNoDrop };
 template <>
-inline constexpr auto CEnumNames<TCursor> = std::to_array<std::string_view>(
-    {"crDefault", "crArrow", "crCross", "crHourGlass", "crSizeWE", "crSizeNS", "crHandPoint"});
+inline constexpr auto CEnumNames<TCursor> =
+    std::to_array<std::string_view>({"crDefault", "crArrow", "crCross", "crHourGlass", "crSizeWE", "crSizeNS",
+                                     "crHandPoint", "crDrag", "crNoDrop"});
 enum TMouseButton { mbLeft, mbRight, mbMiddle };
 enum TShiftStateFlag : unsigned {
     ssShift = 1,

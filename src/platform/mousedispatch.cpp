@@ -1,5 +1,6 @@
-#include "platform/application.h"
-#include "platform/controls.h"
+#include "platform/mousedispatch.h"
+
+#include "platform/popupmenu.h"
 #include "platform/shifting.h"
 
 namespace kx {
@@ -9,6 +10,8 @@ namespace {
 unsigned FlagOf(TMouseButton Button) {
     return Button == mbLeft ? ssLeft : Button == mbRight ? ssRight : ssMiddle;
 }
+
+} // namespace
 
 bool IsWithin(const TControl* Inner, const TControl& Outer) {
     while (Inner && Inner != &Outer) Inner = Inner->GetParent();
@@ -26,43 +29,24 @@ void ShowCursorOf(const TControl& Target) {
     if (THostWindow* window = top ? top->GetHostWindow() : nullptr) window->SetCursor(cursor);
 }
 
-} // namespace
+void TWinControl::TDispatch::Press(TMouseButton Button, TShiftState Shift, TPoint Pos) {
+    const bool twice = (Shift & ssDouble) != 0;
+    if (Button == mbLeft) Root->FPressed = twice ? nullptr : Target;
+    Target->SetMouseCapture(true);
+    if (twice && Button == mbLeft) Call([](TControl& T) { T.DblClick(); });
+    Call([&](TControl& T) { T.MouseDown(Button, Shift, Pos.X, Pos.Y); });
+}
 
-/// One mouse event on its way. Lies on the stack, linked from the topmost control, and is told by controls
-/// that leave the tree; so nothing is called on one that a handler has destroyed.
-struct TWinControl::TDispatch {
-    TDispatch(TWinControl& R, TControl* T) : Root(&R), Target(T), Outer(R.FDispatch) { R.FDispatch = this; }
-    ~TDispatch() {
-        if (Root) Root->FDispatch = Outer;
-    }
-    TDispatch(const TDispatch&) = delete;
-    TDispatch& operator=(const TDispatch&) = delete;
-
-    template <class F>
-    void Call(F Handler) {
-        if (Target) Guarded([&] { Handler(*Target); });
-    }
-    void Press(TMouseButton Button, TShiftState Shift, TPoint Pos) {
-        const bool twice = (Shift & ssDouble) != 0;
-        if (Button == mbLeft) Root->FPressed = twice ? nullptr : Target;
-        Target->SetMouseCapture(true);
-        if (twice && Button == mbLeft) Call([](TControl& T) { T.DblClick(); });
-        Call([&](TControl& T) { T.MouseDown(Button, Shift, Pos.X, Pos.Y); });
-    }
-    void Release(TMouseButton Button, TShiftState Shift, TPoint Pos) {
-        const bool click =
-            Button == mbLeft && Root->FPressed == Target && Target->GetClientRect().Contains(Pos);
-        if (Button == mbLeft) Root->FPressed = nullptr;
-        const bool othersDown = (Shift & (ssLeft | ssRight | ssMiddle) & ~FlagOf(Button)) != 0;
-        if (!othersDown) Target->SetMouseCapture(false);
-        if (click) Call([](TControl& T) { T.Click(); });
-        Call([&](TControl& T) { T.MouseUp(Button, Shift, Pos.X, Pos.Y); });
-    }
-
-    TWinControl* Root;
-    TControl* Target;
-    TDispatch* Outer;
-};
+void TWinControl::TDispatch::Release(TMouseButton Button, TShiftState Shift, TPoint Pos) {
+    const bool within = Target->GetClientRect().Contains(Pos);
+    const bool click = within && Button == mbLeft && Root->FPressed == Target;
+    if (Button == mbLeft) Root->FPressed = nullptr;
+    const bool othersDown = (Shift & (ssLeft | ssRight | ssMiddle) & ~FlagOf(Button)) != 0;
+    if (!othersDown) Target->SetMouseCapture(false);
+    if (click) Call([](TControl& T) { T.Click(); });
+    Call([&](TControl& T) { T.MouseUp(Button, Shift, Pos.X, Pos.Y); });
+    if (within && Button == mbRight) Call([&](TControl& T) { T.PopUpMenuAt(Pos); });
+}
 
 TWinControl::~TWinControl() {
     for (TDispatch* dispatch = FDispatch; dispatch; dispatch = dispatch->Outer) {
@@ -77,7 +61,7 @@ TWinControl::~TWinControl() {
 
 void TWinControl::DispatchMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) {
     TWinControl& root = *Topmost();
-    if (!root.GetEnabled()) return;
+    if (!root.GetEnabled() || root.DragMouse(Kind, Button, Shift, ClientToRoot(Pos))) return;
     TDispatch dispatch(root, MouseTarget(Pos));
     switch (Kind) {
     case TMouseKind::Down: return dispatch.Press(Button, Shift, Pos);
@@ -94,6 +78,11 @@ TControl* TWinControl::MouseTarget(TPoint& Pos) {
         Pos = captured->RootToClient(ClientToRoot(Pos));
         return captured;
     }
+    return DeepestAt(Pos);
+}
+
+/// The deepest control at Pos, which becomes that control's; this one where there is none.
+TControl* TWinControl::DeepestAt(TPoint& Pos) {
     TControl* target = this;
     const TWinControl* container = this;
     while (TControl* child = container ? container->ControlAt(Pos) : nullptr) {
@@ -120,9 +109,7 @@ void TControl::SetMouseCapture(bool Capture) {
 }
 
 bool TControl::GetMouseCapture() const {
-    const TControl* control = this;
-    while (control->FParent) control = control->FParent;
-    const auto* root = dynamic_cast<const TWinControl*>(control);
+    const TWinControl* root = Topmost();
     return root && root->FCaptured == this;
 }
 
@@ -130,6 +117,7 @@ bool TControl::GetMouseCapture() const {
 void TWinControl::ReleaseMouse(const TControl& Control) {
     for (TWinControl* root = this; root; root = root->GetParent()) {
         if (IsWithin(root->FPressed, Control)) root->FPressed = nullptr;
+        if (!root->FDragging.Active && IsWithin(root->FDragging.Source, Control)) root->FDragging = {};
         if (IsWithin(root->FCaptured, Control)) root->FCaptured->SetMouseCapture(false);
     }
 }
@@ -137,12 +125,24 @@ void TWinControl::ReleaseMouse(const TControl& Control) {
 /// The same for a child that leaves: an event on its way to it ends, too.
 void TWinControl::ForgetMouse(const TControl& Control) {
     ReleaseMouse(Control);
-    for (TWinControl* root = this; root; root = root->GetParent())
+    for (TWinControl* root = this; root; root = root->GetParent()) {
+        root->ForgetDrag(Control);
         for (TDispatch* dispatch = root->FDispatch; dispatch; dispatch = dispatch->Outer)
             if (IsWithin(dispatch->Target, Control)) dispatch->Target = nullptr;
+    }
+}
+
+/// Pops up the menu of this control or of its nearest parent that has one.
+void TControl::PopUpMenuAt(TPoint Pos) {
+    TControl* control = this;
+    while (control && !control->FPopupMenu) control = control->FParent;
+    if (!control) return;
+    const TPoint at = control->RootToClient(ClientToRoot(Pos));
+    control->FPopupMenu->Popup(control, at.X, at.Y);
 }
 
 void TControl::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
+    if (Button == mbLeft && FDragMode == dmAutomatic) PrepareDrag({X, Y}); // the handler may destroy it
     OnMouseDown(this, Button, Shift, X, Y);
 }
 

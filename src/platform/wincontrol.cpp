@@ -56,6 +56,7 @@ void TWinControl::InsertControl(TControl* Control) {
     Restack(Control, true);
     if (Control->FParentFont) Control->TakeParentFont();
     if (Control->FParentColor) Control->TakeParentColor();
+    if (Control->FParentShowHint) Control->TakeParentShowHint();
     ControlsChanged(Control);
 }
 
@@ -109,6 +110,12 @@ void TWinControl::CMColorChanged() {
     TControl::CMColorChanged();
     for (int i = 0; i < GetControlCount(); ++i)
         if (TControl* control = GetControl(i); control->FParentColor) control->TakeParentColor();
+}
+
+void TWinControl::CMShowHintChanged() {
+    TControl::CMShowHintChanged();
+    for (int i = 0; i < GetControlCount(); ++i)
+        if (TControl* control = GetControl(i); control->FParentShowHint) control->TakeParentShowHint();
 }
 
 } // namespace kx

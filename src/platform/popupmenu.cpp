@@ -1,0 +1,16 @@
+#include "platform/popupmenu.h"
+
+namespace kx {
+
+TPopupMenu::TPopupMenu(TComponent* Owner) : TComponent(Owner) {}
+
+void TPopupMenu::Popup(TControl* Source, int X, int Y) { OnPopup(Source, X, Y); }
+
+const TPropertyTable& TPopupMenu::PublishedProperties() const { return Properties(); }
+
+const TPropertyTable& TPopupMenu::Properties() {
+    static const TPropertyTable table("TPopupMenu", &TComponent::Properties(), {});
+    return table;
+}
+
+} // namespace kx
