@@ -36,7 +36,8 @@ public:
     bool GetAutoZoom() const { return FAutoZoom; }
     /// Switching it off ends a drag.
     void SetAutoZoom(bool AutoZoom);
-    bool IsDragging() const { return FDragging; }
+    /// Whether a zoom rectangle is being dragged.
+    bool IsZooming() const { return FDragging; }
     /// Pixels between the drawing world's corner and the axes' position 0.
     int GetXOrigin() const { return FXOrigin; }
     int GetYOrigin() const { return FYOrigin; }
