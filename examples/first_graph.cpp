@@ -64,7 +64,7 @@ int main(int Count, char** Arguments) {
         const auto paint = [&graph](TCanvasDevice& Device) { graph.PaintTo(Device); };
         const TSize size = graph.GetBoundsRect().Size();
         qt::WritePng(directory + "/first_graph.png", {.Size = size, .Scale = 2, .Antialias = true}, paint);
-        WriteSvg(directory + "/first_graph.svg", size, 1, true, clWhite, paint);
+        WriteSvg(directory + "/first_graph.svg", size, 1, clWhite, paint);
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "first_graph: " << error.what() << '\n';

@@ -24,7 +24,7 @@ int main(int Count, char** Arguments) {
         const qt::TPictureOptions options{.Size = scenes::CSymbolSheetSize};
         qt::WritePng(file + ".png", options, paint);
         qt::WritePdf(file + ".pdf", options, paint);
-        WriteSvg(file + ".svg", options.Size, 1, false, clWhite, paint);
+        WriteSvg(file + ".svg", options.Size, 1, clWhite, paint);
         std::cout << "out/symbolsheet.png .svg .pdf    examples/scenes\n";
         return 0;
     } catch (const std::exception& error) {

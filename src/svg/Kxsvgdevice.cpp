@@ -103,8 +103,8 @@ TCoord Inset(const TStroke& Stroke) {
 
 } // namespace
 
-TSvgDevice::TSvgDevice(TSize Size, double Scale, bool Antialias, TColor Ground)
-    : FSize(Size), FScale(Scale), FAntialias(Antialias), FGround(ColorToRGB(Ground)) {}
+TSvgDevice::TSvgDevice(TSize Size, double Scale, TColor Ground)
+    : FSize(Size), FScale(Scale), FGround(ColorToRGB(Ground)) {}
 
 int TSvgDevice::PixelsPerInch() const { return TApplication::Instance().GetHost().PixelsPerInch(); }
 
@@ -229,15 +229,14 @@ std::string TSvgDevice::Document() const {
             Attribute("width", Decimal(FSize.Width * FScale)) +
             Attribute("height", Decimal(FSize.Height * FScale)) +
             Attribute("viewBox", "0 0 " + width + " " + height);
-    if (!FAntialias) text += Attribute("shape-rendering", "crispEdges");
     text += ">\n" + body.Definitions() + "<rect" + Attribute("width", width) + Attribute("height", height) +
             Attribute("fill", ColorToHtml(FGround)) + "/>\n";
     return text + body.Elements() + "</svg>\n";
 }
 
-void WriteSvg(const std::string& FileName, TSize Size, double Scale, bool Antialias, TColor Ground,
+void WriteSvg(const std::string& FileName, TSize Size, double Scale, TColor Ground,
               const std::function<void(TCanvasDevice&)>& Paint) {
-    TSvgDevice device(Size, Scale, Antialias, Ground);
+    TSvgDevice device(Size, Scale, Ground);
     Paint(device);
     ReplaceFile(FileName, device.Document());
 }

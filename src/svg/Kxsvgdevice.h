@@ -14,7 +14,7 @@ namespace kx {
 
 /// Turns device calls into elements. The view box is the extent in logical pixels; strokes run through pixel
 /// centres, fillings cover whole pixels, so that a viewer at scale 1 without antialiasing shows the pixels of
-/// a raster device. Text is measured on the screen.
+/// a raster device, and upright and level hairlines are crisp with it. Text is measured on the screen.
 ///
 /// There is no XOR. A call in that mode (from a recording) is painted in the colour that it shows on the
 /// empty ground, a filling half transparent to spare what lies below; drawing it again does not remove it.
@@ -22,7 +22,7 @@ namespace kx {
 class TSvgDevice : public TCanvasDevice {
 public:
     /// Size in logical pixels, shown Scale times as large on a ground of colour Ground.
-    explicit TSvgDevice(TSize Size, double Scale = 1, bool Antialias = false, TColor Ground = clWhite);
+    explicit TSvgDevice(TSize Size, double Scale = 1, TColor Ground = clWhite);
 
     /// The document of all calls so far.
     std::string Document() const;
@@ -51,7 +51,6 @@ private:
 
     TSize FSize;
     double FScale;
-    bool FAntialias;
     TColor FGround;
     std::optional<TRect> FClip;
     svg::TSvgBody FBody;
@@ -61,7 +60,7 @@ private:
 
 /// Writes the picture that Paint draws to FileName, which is replaced as a whole or not at all. Raises
 /// EFileError.
-void WriteSvg(const std::string& FileName, TSize Size, double Scale, bool Antialias, TColor Ground,
+void WriteSvg(const std::string& FileName, TSize Size, double Scale, TColor Ground,
               const std::function<void(TCanvasDevice&)>& Paint);
 
 } // namespace kx

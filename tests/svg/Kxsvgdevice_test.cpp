@@ -14,7 +14,7 @@ namespace kx {
 namespace {
 
 std::string Drawn(const std::function<void(TCanvasDevice&)>& Draw) {
-    TSvgDevice device({200, 100}, 1.25, false, clSilver);
+    TSvgDevice device({200, 100}, 1.25, clSilver);
     Draw(device);
     return device.Document();
 }
@@ -127,7 +127,7 @@ TEST(SvgDevice, ValuesOffTheScaleAreCutOffOutsideThePicture) {
 TEST(WriteSvg, ReplacesTheFileAsAWhole) {
     const test::TTemporaryDirectory directory;
     const std::string file = directory / "a.svg";
-    const auto write = [&](auto Paint) { WriteSvg(file, {200, 100}, 1.25, false, clSilver, Paint); };
+    const auto write = [&](auto Paint) { WriteSvg(file, {200, 100}, 1.25, clSilver, Paint); };
     write(DrawEverything);
     EXPECT_THROW(write([](TCanvasDevice&) { throw std::runtime_error("half way"); }), std::runtime_error);
     EXPECT_EQ(ReadFile(file), Drawn(DrawEverything));

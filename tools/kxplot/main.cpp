@@ -64,7 +64,7 @@ void WritePicture(TPlot& Plot, const TOptions& Options, const std::string& FileN
     const kx::TColor ground = Plot.GetGraph().GetColor();
     const std::string extension = kx::ExtractFileExt(FileName);
     if (kx::SameText(extension, ".svg")) {
-        kx::WriteSvg(FileName, Options.Size, Options.Scale, Options.Antialias, ground, paint);
+        kx::WriteSvg(FileName, Options.Size, Options.Scale, ground, paint);
         return;
     }
     const kx::qt::TPictureOptions picture{Options.Size, Options.Scale, Options.Antialias, ground,

@@ -90,7 +90,7 @@ void AddPictureOptions(CLI::App& App, TRaw& Raw) {
     App.add_option("--size", Raw.Size, "size in pixels at 96 per inch (default: 900x600)")->type_name("WxH");
     App.add_option("--scale", o.Scale, "pixels of a PNG for one pixel of --size (default: 1)")
         ->type_name("S");
-    App.add_flag("--antialias", o.Antialias, "smooth lines");
+    App.add_flag("--antialias", o.Antialias, "smooth lines in a PNG (SVG and PDF are smooth)");
 }
 
 void AddOutfitOptions(CLI::App& App, TRaw& Raw) {
