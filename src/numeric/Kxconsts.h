@@ -12,6 +12,8 @@
 
 namespace kx {
 
+class TComponent;
+
 /// A position in user coordinates.
 struct TKxRealPos {
     double X = 0;
@@ -25,9 +27,10 @@ using TKxPointArray = TDynArray<TPoint>;
 using TKxBooleanArray = TDynArray<bool>;
 using TKxRealPosArray = TDynArray<TKxRealPos>;
 
-/// Is given the error that occurred.
-using TKxErrorEvent = TEvent<const Exception&>;
-using TKxAnyEvent = TEvent<>;
+/// Is given the component that failed, and the error.
+using TKxErrorEvent = TEvent<TComponent*, const Exception&>;
+/// Is given the component that the event happened to.
+using TKxAnyEvent = TEvent<TComponent*>;
 
 /// Two doubles that differ by no more count as equal: 2 to the power -52. The spelling is part of the
 /// interface.

@@ -3,14 +3,21 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace kx {
 
 /// The base of everything that the library raises. what() is the message.
 class Exception : public std::runtime_error {
 public:
-    using std::runtime_error::runtime_error;
-    std::string Message() const { return what(); }
+    explicit Exception(const std::string& Message) : std::runtime_error(Message), FMessage(Message) {}
+    const char* what() const noexcept override { return FMessage.c_str(); }
+    const std::string& Message() const { return FMessage; }
+    /// For a handler that knows more, such as whose calculation failed, and raises the same object again.
+    void SetMessage(std::string Message) { FMessage = std::move(Message); }
+
+private:
+    std::string FMessage;
 };
 
 /// A text or an object cannot be turned into what was asked for.

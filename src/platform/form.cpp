@@ -71,6 +71,8 @@ void TForm::CMVisibleChanged() {
     UpdateWindow();
 }
 
+void TForm::HostSettle() { SettleTree(*this); }
+
 void TForm::HostPaint(TCanvasDevice& Device, const TRect& Dirty) {
     SettleTree(*this);
     PaintTree(*this, Device, Dirty);

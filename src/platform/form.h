@@ -48,6 +48,7 @@ protected:
 
 private:
     void UpdateWindow();
+    void HostSettle() override;
     void HostPaint(TCanvasDevice& Device, const TRect& Dirty) override;
     void HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) override;
     void HostKey(int KeyCode, std::string_view Text, TShiftState Shift, bool Down) override;

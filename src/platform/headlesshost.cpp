@@ -59,8 +59,10 @@ public:
     /// What becomes invalid during the paint is left to the next frame.
     void DrawFrame() {
         TRecorder recorder(FView.Bounds.Size(), FHost->PixelsPerInch(), true);
-        const TRect dirty = std::exchange(FView.Invalid, {});
         THeadlessHost& host = *FHost;
+        Guarded([&] { FClient.HostSettle(); });
+        if (!Holds(host.FWindows, this)) return;
+        const TRect dirty = std::exchange(FView.Invalid, {});
         Guarded([&] { FClient.HostPaint(recorder, dirty); });
         if (!Holds(host.FWindows, this)) return; // closed by the paint
         FView.LastFrame = std::move(recorder.Recording);

@@ -38,6 +38,9 @@ inline constexpr auto CEnumNames<TWindowState> = std::to_array<std::string_view>
 /// the client area.
 class THostClient {
 public:
+    /// Brings everything up to date for a frame. What this makes invalid belongs to that frame: the host asks
+    /// for it before it takes what is to be painted.
+    virtual void HostSettle() = 0;
     virtual void HostPaint(TCanvasDevice& Device, const TRect& Dirty) = 0;
     virtual void HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) = 0;
     virtual void HostKey(int KeyCode, std::string_view Text, TShiftState Shift, bool Down) = 0;

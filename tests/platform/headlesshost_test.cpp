@@ -11,6 +11,7 @@ namespace kx {
 namespace {
 
 struct TClient : THostClient {
+    void HostSettle() override {}
     void HostPaint(TCanvasDevice& Device, const TRect& Dirty) override {
         Device.FillRect(Dirty, {});
         if (OnPaint) OnPaint();
