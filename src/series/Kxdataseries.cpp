@@ -1,5 +1,7 @@
 #include "series/Kxdataseries.h"
 
+#include "platform/application.h"
+
 #include <algorithm>
 
 namespace kx {
@@ -53,6 +55,8 @@ void TKxSeries::Notification(TComponent* Component, TOperation Operation) {
 
 void TKxSeries::EnterRange(TKxAxis* Axis, TRange& Range, const TKxCustomRealVector* Data) {
     if (!Axis || !dynamic_cast<const TKxLiveVector*>(Data)) return;
+    // A computed curve spans its X axis: if it widened it, an automatic axis could never shrink again.
+    if (IsCalculated() && &Range == &FXRange) return;
     Axis->GetValuesRangeList().Add(&Range);
     Range.OnChanged = TEvent<TRange*>::Of<&TKxAxis::ValuesRangeChanged>(Axis);
     if (Range.GetStart() <= Range.GetStop()) Range.DoOnChanged();
@@ -75,6 +79,7 @@ void TKxSeries::EnterDrawingWorld(TKxDrawingWorld* World) {
 void TKxSeries::SetXAxis(TKxAxis* Axis) {
     if (Axis == FXAxis) return;
     WithdrawRange(FXAxis, FXRange);
+    MoveChildren(&TKxSeries::GetXAxis, &TKxSeries::SetXAxis, FXAxis, Axis);
     Refer(FXAxis, Axis);
     auto* graph = Axis ? dynamic_cast<TKx2DGraph*>(Axis->GetParent()) : nullptr;
     EnterDrawingWorld(graph ? &graph->GetDrawingWorld() : nullptr);
@@ -89,37 +94,44 @@ void TKxSeries::SetXAxis(TKxAxis* Axis) {
 void TKxSeries::SetYAxis(TKxAxis* Axis) {
     if (Axis == FYAxis) return;
     WithdrawRange(FYAxis, FYRange);
+    MoveChildren(&TKxSeries::GetYAxis, &TKxSeries::SetYAxis, FYAxis, Axis);
     Refer(FYAxis, Axis);
     FPointsDirty = true;
     EnterRange(Axis, FYRange, FYData);
     if (FXAxis && FYAxis && GetGraph()) GetGraph()->Modified();
 }
 
+void TKxSeries::MoveChildren(TKxAxis* (TKxSeries::*Get)() const, void (TKxSeries::*Set)(TKxAxis*),
+                             TKxAxis* From, TKxAxis* To) {
+    for (TKxSeries* child : FChildren)
+        if ((child->*Get)() == From) (child->*Set)(To);
+}
+
 void TKxSeries::SetBound(TKxCustomRealVector*& Field, TKxCustomRealVector* Vector,
-                         const TKxValueIChangedEvent& Handler) {
+                         const TKxValueIChangedEvent& Handler, bool Listens) {
     if (Field) Field->Listeners().RemoveOwn(Handler);
     Refer(Field, Vector);
-    if (Vector) Vector->Listeners().Add(Handler);
+    if (Vector && Listens) Vector->Listeners().Add(Handler);
     FRangesModified = FChildModified = true;
     Modified();
 }
 
 void TKxSeries::SetXData(TKxCustomRealVector* Vector) {
     WithdrawRange(FXAxis, FXRange);
-    SetBound(FXData, Vector, XHandler());
+    SetBound(FXData, Vector, XHandler(), FollowsVectors());
     EnterRange(FXAxis, FXRange, Vector);
     DsgnUpdate();
 }
 
 void TKxSeries::SetYData(TKxCustomRealVector* Vector) {
     WithdrawRange(FYAxis, FYRange);
-    SetBound(FYData, Vector, YHandler());
+    SetBound(FYData, Vector, YHandler(), FollowsVectors());
     EnterRange(FYAxis, FYRange, Vector);
     DsgnUpdate();
 }
 
 void TKxSeries::SetWeight(TKxCustomRealVector* Vector) {
-    SetBound(FWeight, Vector, WeightHandler());
+    SetBound(FWeight, Vector, WeightHandler(), true);
     DsgnUpdate();
 }
 
@@ -204,11 +216,20 @@ void TKxSeries::AddChild(TKxSeries* Child) {
 
 void TKxSeries::RemoveChild(TKxSeries* Child) { std::erase(FChildren, Child); }
 
-void TKxSeries::RecalculateChilds() {
-    FRangesModified = false;
+// A handler of one child may take away another one.
+void TKxSeries::ForChildren(const std::function<void(TKxSeries*)>& Action) {
     const auto children = FChildren;
     for (TKxSeries* child : children)
-        if (auto* item = dynamic_cast<TKxCalculatedItem*>(child)) item->Calculate();
+        if (std::find(FChildren.begin(), FChildren.end(), child) != FChildren.end()) Action(child);
+}
+
+void TKxSeries::RecalculateChilds() {
+    FRangesModified = false;
+    FChildrenLogX = IsLogX();
+    FChildrenLogY = IsLogY();
+    ForChildren([](TKxSeries* Child) {
+        if (auto* item = dynamic_cast<TKxCalculatedItem*>(Child)) Guarded([item] { item->Calculate(); });
+    });
 }
 
 int TKxSeries::FindPoint(int X, int Y, int Tolerance) const {

@@ -10,6 +10,7 @@
 #include "platform/timer.h"
 #include "series/Kxdraw.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,7 +21,7 @@ namespace kx {
 class TKxCalculatedItem {
 public:
     virtual void Calculate() = 0;     ///< computes the results from the parent's data
-    virtual void CalculateLine() = 0; ///< samples the curve for the axes' present scale
+    virtual void CalculateLine() = 0; ///< follows the axes' present range and length
 
 protected:
     ~TKxCalculatedItem() = default;
@@ -39,7 +40,8 @@ public:
 
     // Binding.
     TKxAxis* GetXAxis() const { return FXAxis; }
-    /// Enters the series in the drawing world of the graph that the axis stands on.
+    /// Enters the series in the drawing world of the graph that the axis stands on. Children that stood on
+    /// the axis before move along.
     void SetXAxis(TKxAxis* Axis);
     TKxAxis* GetYAxis() const { return FYAxis; }
     void SetYAxis(TKxAxis* Axis);
@@ -48,7 +50,7 @@ public:
     TKxCustomRealVector* GetYData() const { return FYData; }
     virtual void SetYData(TKxCustomRealVector* Vector);
     virtual TKxCustomRealVector* GetWeight() const { return FWeight; }
-    void SetWeight(TKxCustomRealVector* Vector);
+    virtual void SetWeight(TKxCustomRealVector* Vector);
     TKxDrawingWorld* GetDrawingWorld() const { return FDrawingWorld; }
     /// The graph of the drawing world; null without one.
     TKx2DGraph* GetGraph() const { return FDrawingWorld ? &FDrawingWorld->GetGraph() : nullptr; }
@@ -91,6 +93,11 @@ public:
     void Modified() override;
     void ChildModified();
     void RangesModified();
+    /// Point count and extents as of now, without waiting for the next frame. Returns whether they had to be
+    /// found anew.
+    bool RefreshExtents();
+    /// In the form designer everything is calculated at once; elsewhere nothing happens.
+    void DsgnUpdate();
     bool NeedsCalculation() const override;
     void CalculatePoints() override;
     void CalculateChildPoints() override;
@@ -99,6 +106,7 @@ public:
     const std::vector<TKxSeries*>& GetChildren() const { return FChildren; }
     void AddChild(TKxSeries* Child);
     void RemoveChild(TKxSeries* Child);
+    /// A child that fails does not keep the others from their calculation; the error goes to the application.
     void RecalculateChilds();
 
     void Draw(TCanvas& Canvas) override;
@@ -137,6 +145,8 @@ protected:
     /// Whether a point that has no place (not finite, or not positive on a logarithmic axis) interrupts the
     /// line and takes no part in the extents.
     virtual bool BreaksAtGaps() const { return false; }
+    /// Whether the series listens to its X and Y vectors. One that fills them itself does not.
+    virtual bool FollowsVectors() const { return true; }
     /// Symbols and the like, painted after the line.
     virtual void DrawMarks(TCanvas&) {}
 
@@ -159,7 +169,6 @@ protected:
     }
     void InvalidateWorld();
     void UpdateLegend();
-    void DsgnUpdate();
     int OriginX() const { return FDrawingWorld ? FDrawingWorld->GetXOrigin() : 0; }
     int OriginY() const { return FDrawingWorld ? FDrawingWorld->GetYOrigin() : 0; }
     /// Replaces a reference to a component that tells of its removal.
@@ -189,8 +198,14 @@ private:
     static void WithdrawRange(TKxAxis* Axis, TRange& Range);
     void EnterDrawingWorld(TKxDrawingWorld* World);
     void SetBound(TKxCustomRealVector*& Field, TKxCustomRealVector* Vector,
-                  const TKxValueIChangedEvent& Handler);
+                  const TKxValueIChangedEvent& Handler, bool Listens);
+    void MoveChildren(TKxAxis* (TKxSeries::*Get)() const, void (TKxSeries::*Set)(TKxAxis*), TKxAxis* From,
+                      TKxAxis* To);
+    bool IsLogX() const { return FXAxis && FXAxis->GetScaling() != AxNormal; }
+    bool IsLogY() const { return FYAxis && FYAxis->GetScaling() != AxNormal; }
     bool ExtentsAreStale() const;
+    void ForChildren(const std::function<void(TKxSeries*)>& Action);
+    void UpdateChildren(bool PassOn);
     void StoreCaption(const AnsiString& Caption);
     void TestOrder();
     void MarkGaps(int First, int Last);
@@ -214,6 +229,7 @@ private:
     int FComponentIndex = -1;
     int FScannedCount = -1; // points of the last full scan
     bool FScannedLogX = false, FScannedLogY = false;
+    bool FChildrenLogX = false, FChildrenLogY = false; // scalings of the children's last calculation
     bool FPointsDirty = true, FChildModified = false, FRangesModified = false;
     bool FDoUserCaption = false, FIncludeInLegend = true;
 };

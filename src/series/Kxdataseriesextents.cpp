@@ -1,5 +1,6 @@
 // Extents and screen points, kept up to date value by value.
 
+#include "platform/application.h"
 #include "series/Kxdataseries.h"
 #include "series/Kxextents.h"
 
@@ -93,9 +94,22 @@ bool TKxSeries::ExtentsAreStale() const {
     if (FChildModified) return true;
     const bool empty = FXRange.GetStart() > FXRange.GetStop() || FYRange.GetStart() > FYRange.GetStop();
     if (FPointsCount > 0 && empty && FScannedCount != FPointsCount) return true;
-    return BreaksAtGaps() && FScannedCount >= 0 &&
-           (FScannedLogX != (FXAxis->GetScaling() != AxNormal) ||
-            FScannedLogY != (FYAxis->GetScaling() != AxNormal));
+    return BreaksAtGaps() && FScannedCount >= 0 && (FScannedLogX != IsLogX() || FScannedLogY != IsLogY());
+}
+
+bool TKxSeries::RefreshExtents() {
+    SetPointsCount();
+    if (!FXData || !FYData || !ExtentsAreStale()) return false;
+    FScannedCount = FPointsCount;
+    FScannedLogX = IsLogX();
+    FScannedLogY = IsLogY();
+    GetNewXStartStop();
+    GetNewYStartStop();
+    Modified();
+    FChildModified = false;
+    FRangesModified = true;
+    if (auto* graph = GetGraph()) graph->Modified();
+    return true;
 }
 
 void TKxSeries::CalculatePoints() {
@@ -103,26 +117,22 @@ void TKxSeries::CalculatePoints() {
         FPointsCount = 0;
         return;
     }
-    SetPointsCount();
-    if (ExtentsAreStale()) {
-        FScannedCount = FPointsCount;
-        FScannedLogX = FXAxis->GetScaling() != AxNormal;
-        FScannedLogY = FYAxis->GetScaling() != AxNormal;
-        GetNewXStartStop();
-        GetNewYStartStop();
-        Modified();
-        FChildModified = false;
-        FRangesModified = true;
-        if (auto* graph = GetGraph()) graph->Modified();
-        return;
-    }
-    if (FRangesModified) RecalculateChilds();
-    for (TKxSeries* child : FChildren) {
-        if (auto* item = dynamic_cast<TKxCalculatedItem*>(child)) item->CalculateLine();
-        child->Modified();
-    }
+    if (RefreshExtents()) return; // the axes may move: the points are computed in the next round
+    const bool wasDirty = FPointsDirty;
     CalculateAllPoints();
     FPointsDirty = false;
+    UpdateChildren(wasDirty);
+}
+
+// Children come after their parent here, and before it in the next round: those that this changed are brought
+// up to date at once, so that the frame is settled when no axis moves.
+void TKxSeries::UpdateChildren(bool PassOn) {
+    if (FRangesModified || FChildrenLogX != IsLogX() || FChildrenLogY != IsLogY()) RecalculateChilds();
+    ForChildren([PassOn](TKxSeries* Child) {
+        if (auto* item = dynamic_cast<TKxCalculatedItem*>(Child)) Guarded([item] { item->CalculateLine(); });
+        if (PassOn) Child->Modified();
+        if (Child->NeedsCalculation()) Child->CalculatePoints();
+    });
 }
 
 void TKxSeries::CalculateChildPoints() {

@@ -66,8 +66,9 @@ void TKxSeries::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
     const int count = Ini.ReadInteger(Section, "ChildCount", 0);
     if (count <= 0) return;
     // With more children than were saved the saved sections serve again from the first.
-    for (std::size_t j = 0; j < FChildren.size(); ++j)
-        FChildren[j]->ReadFromIni(Ini, ChildSection(Section, int(j % std::size_t(count)) + 1));
+    const auto children = FChildren; // reading may give a child another parent
+    for (std::size_t j = 0; j < children.size(); ++j)
+        children[j]->ReadFromIni(Ini, ChildSection(Section, int(j % std::size_t(count)) + 1));
 }
 
 void TKxDataSeries::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {

@@ -1,0 +1,179 @@
+#pragma once
+// The base of all analysis series: curves that are computed from the data of another series, follow it, and
+// write what they found into INI stores, where labels show it.
+
+#include "series/Kxdataseries.h"
+
+#include <memory>
+#include <vector>
+
+namespace kx {
+
+/// Something that shows a result of a series, such as a label, and is told when there are new ones.
+class TKxResultListener {
+public:
+    virtual void SetResult() = 0;
+
+protected:
+    ~TKxResultListener() = default;
+};
+
+/// A curve computed from ParentSeries, whose axes it takes. A component of the form; it stands in its
+/// parent's list of children, is drawn after its parent and saved with it. It owns the two vectors of the
+/// curve, which become its XData and YData. Without a parent it does nothing.
+///
+/// Every change of the parent's data, of its weights, of a setting or of an axis's scaling leads to Calculate
+/// by the next frame. A derived class overrides CalculateFunction, GetCalculationID and, where it has them,
+/// GetFormula, GetY and WriteResults, and hides CalculationID.
+class TKxCalculatedSeries : public TKxSeries, public TKxCalculatedItem {
+public:
+    explicit TKxCalculatedSeries(TComponent* Owner);
+    ~TKxCalculatedSeries() override;
+
+    TKxNotCalculatedSeries* GetParentSeries() const { return FParentSeries; }
+    /// Takes over the parent's axes and calculates if the parent holds points. Raises what Calculate raises.
+    virtual void SetParentSeries(TKxNotCalculatedSeries* Parent);
+
+    /// The weights that the calculation heeds: the own vector, or with ParentWeight the parent's. May be
+    /// null.
+    TKxCustomRealVector* GetWeight() const override;
+    /// Switches ParentWeight off.
+    void SetWeight(TKxCustomRealVector* Vector) override;
+    bool GetParentWeight() const { return FParentWeight; }
+    void SetParentWeight(bool ParentWeight);
+
+    // The data that take part: CalculationStart <= x <= CalculationStop. An automatic end follows the
+    // parent's data; setting an end switches that off.
+    bool GetAutoStart() const { return FAutoStart; }
+    void SetAutoStart(bool Auto) { ChangeAutomatic(FAutoStart, Auto); }
+    bool GetAutoStop() const { return FAutoStop; }
+    void SetAutoStop(bool Auto) { ChangeAutomatic(FAutoStop, Auto); }
+    double GetCalculationStart() const { return FCalculationStart; }
+    void SetCalculationStart(double X);
+    double GetCalculationStop() const { return FCalculationStop; }
+    void SetCalculationStop(double X);
+
+    // Where the curve is shown. An automatic end follows the X axis and goes before the coupling, by which
+    // the display range is that of the calculation; setting an end switches both off.
+    bool GetDisplayAutoStart() const { return FDisplayAutoStart; }
+    void SetDisplayAutoStart(bool Auto) { ChangeSetting(FDisplayAutoStart, Auto); }
+    bool GetDisplayAutoStop() const { return FDisplayAutoStop; }
+    void SetDisplayAutoStop(bool Auto) { ChangeSetting(FDisplayAutoStop, Auto); }
+    bool GetCoupleCalculationAndDisplay() const { return FCoupleCalculationAndDisplay; }
+    void SetCoupleCalcAndDisplay(bool Couple) { ChangeSetting(FCoupleCalculationAndDisplay, Couple); }
+    double GetDisplayStart() const { return FDisplayStart; }
+    void SetDisplayStart(double X);
+    double GetDisplayStop() const { return FDisplayStop; }
+    void SetDisplayStop(double X);
+
+    /// The formula of the result as a caption.
+    virtual AnsiString GetFormula() const;
+    /// The value of the curve at X, in data units.
+    virtual double GetY(double X) const;
+
+    /// Computes results and curve now: limits, CalculateFunction, results into the parent's store (section
+    /// CalculationID + GetOwnIndex without blanks) and into the own one (section Name), labels, OnCalculated.
+    /// An error carries the caption in front. OnError, where it is set, gets it and the rest goes on;
+    /// otherwise it is raised. Either way the curve and the results of the calculation before are gone, and
+    /// the sections hold "Error" instead.
+    void Calculate() override;
+    /// Samples the curve anew where the axis has changed its range or length.
+    void CalculateLine() override;
+    /// Message of the last calculation's failure; empty when it succeeded.
+    const AnsiString& GetError() const { return FError; }
+    /// Sets the ends that are automatic or coupled.
+    void SetLimits();
+
+    /// Names the kind of calculation in stores. Each class has its own; GetCalculationID gives an object's.
+    static AnsiString CalculationID() { return "No Calculation-ID defined"; }
+    virtual AnsiString GetCalculationID() const { return CalculationID(); }
+    /// " (2)" for the second child of the parent that is of exactly this class, and so on; empty for the
+    /// first.
+    AnsiString GetOwnIndex() const;
+    /// Derived classes call the inherited one first and add their keys.
+    virtual void WriteResults(TKxIniList& List, const AnsiString& Section) const;
+
+    /// Listeners enter and leave by themselves; they may leave while they are told.
+    void AddResultLabel(TKxResultListener* Label);
+    void RemoveResultLabel(TKxResultListener* Label);
+
+    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
+    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
+    bool IsCalculated() const override { return true; }
+
+    TKxAnyEvent OnCalculated; ///< after each Calculate that came to its end
+    TKxErrorEvent OnError;
+
+    const TPropertyTable& PublishedProperties() const override { return Properties(); }
+    static const TPropertyTable& Properties();
+
+protected:
+    /// The calculation itself: results from the parent's data, then the curve. Raises EMathError.
+    virtual void CalculateFunction();
+
+    /// X positions of the curve, one a pixel, from DisplayStart to DisplayStop; evenly spaced on the axis, so
+    /// in decades on a logarithmic one. At most two more than pixels.
+    void GetXSpacings();
+    /// GetXSpacings and GetY at each. (The spelling is part of the interface.)
+    void GetContinousLine();
+    /// The curve as given, instead.
+    void SetCurve(std::span<const double> X, std::span<const double> Y);
+    /// To be called when the curve has changed outside of Calculate: screen points and extents follow.
+    void CurveChanged();
+    /// Moves the automatic display ends outward where the axis reaches further; whether any moved.
+    bool ExtendDisplay();
+    /// Asks the parent to have everything calculated by the next frame.
+    void ParentModified();
+    /// Stores a setting that a calculation depends on.
+    template <class T>
+    void ChangeSetting(T& Field, const T& Value) {
+        if (Field == Value) return;
+        Field = Value;
+        SettingChanged();
+    }
+
+    void Notification(TComponent* Component, TOperation Operation) override;
+    void FOnWeightChanged(int Index, bool WasDeleted) override;
+    bool FollowsVectors() const override { return false; }
+    bool BreaksAtGaps() const override { return true; }
+
+    /// The curve. Owned; made by the constructor.
+    TKxLiveVector& DisplayX() { return *FDisplayX; }
+    TKxLiveVector& DisplayY() { return *FDisplayY; }
+
+private:
+    void ChangeAutomatic(bool& Field, bool Auto);
+    void SettingChanged();
+    void Join(TKxNotCalculatedSeries* Parent);
+    void Leave();
+    void RunCalculation();
+    void CalculationFailed(Exception& Error);
+    void SetDisplayLimits();
+    void StoreResults();
+    void StoreResultsIn(TKxIniList& List, const AnsiString& Section) const;
+    void UpdateAutoCaption();
+    void TellResultLabels();
+    void SampleVisible();
+    void EvaluateCurve(const std::vector<double>& X);
+    void RememberAxis();
+    double VisibleStart() const;
+    double VisibleStop() const;
+    std::size_t PixelsBetween(double Start, double Stop) const;
+    template <class F>
+    static void ForStoredFlags(F Action);
+    template <class F>
+    static void ForStoredLimits(F Action);
+
+    bool FAutoStart = true, FAutoStop = true, FDisplayAutoStart = true, FDisplayAutoStop = true;
+    bool FCoupleCalculationAndDisplay = true, FParentWeight = true;
+    double FCalculationStart = 0, FCalculationStop = 0, FDisplayStart = 0, FDisplayStop = 0;
+    double FLastAxisStart = 0, FLastAxisStop = 0;
+    int FLastAxisLength = -1;
+    std::vector<TKxResultListener*> FResultLabels;
+    std::unique_ptr<TKxLiveVector> FDisplayX, FDisplayY;
+    TKxNotCalculatedSeries* FParentSeries = nullptr;
+    AnsiString FParentSection, FOwnSection; // where the last results stand
+    AnsiString FError;
+};
+
+} // namespace kx

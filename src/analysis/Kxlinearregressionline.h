@@ -1,0 +1,57 @@
+#pragma once
+// A straight line fitted to the points of a series, in the space that its axes show.
+
+#include "analysis/Kxcalculatedseries.h"
+#include "analysis/Kxlinregr.h"
+
+namespace kx {
+
+/// Y = a + b X by least squares. On a logarithmic axis the decimal logarithms of that coordinate are fitted:
+/// lg Y = a + b X, Y = a + b lg X or lg Y = a + b lg X. The line is drawn between two points.
+class TKxLinearRegressionLine : public TKxCalculatedSeries {
+public:
+    using TKxCalculatedSeries::TKxCalculatedSeries;
+
+    /// Whether the line keeps the given Offset.
+    bool GetDoFixedOffset() const { return FDoFixedOffset; }
+    void SetDoFixedOffset(bool DoFixed) { ChangeSetting(FDoFixedOffset, DoFixed); }
+    /// a: given or found; on a logarithmic Y axis its logarithm.
+    double GetOffset() const { return FFit.Offset; }
+    /// Switches DoFixedOffset on.
+    void SetFixedOffset(double Offset);
+    /// Of the last calculation; on logarithmic axes of the logarithms.
+    const TKxLinearRegessionResults& GetFit() const { return FFit; }
+
+    static AnsiString CalculationID() { return "Linear Regression"; }
+    AnsiString GetCalculationID() const override { return CalculationID(); }
+    AnsiString GetFormula() const override;
+    /// The line at X; NaN where there is none.
+    double GetY(double X) const override;
+    /// The two end points stay where they are, unless the axis has outgrown an automatic end.
+    void CalculateLine() override;
+    /// Keys after those of the base: DoFixedOffset; AverageX, VarianceX, AverageY, VarianceY (on a
+    /// logarithmic axis 10 to that power); R, ChiSquare, Offset, DeltaOffset, DeltaOffset% (of |Offset|,
+    /// unless that is 0), Slope, DeltaSlope, DeltaSlope%; then Points, the number N of points that took part;
+    /// R2 = 1 - ChiSquare / Syy; AdjR2 = 1 - (1 - R2) (N - 1) / (N - p) with p = 2 coefficients, or 1 with a
+    /// fixed offset. The standard errors DeltaOffset and DeltaSlope are scaled by the reduced chi-square.
+    void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
+    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
+    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
+
+    const TPropertyTable& PublishedProperties() const override { return Properties(); }
+    static const TPropertyTable& Properties();
+
+protected:
+    void CalculateFunction() override;
+
+private:
+    bool HasLine() const;
+    void PlaceEnds();
+    bool IsLogX() const;
+    bool IsLogY() const;
+
+    bool FDoFixedOffset = false;
+    TKxLinearRegessionResults FFit;
+};
+
+} // namespace kx

@@ -1,0 +1,77 @@
+#pragma once
+// Straight lines through the points of two vectors: y = a + b x by least squares, with or without weights,
+// with a free or a given offset a. Pure: numbers in, numbers out.
+//
+// Only points with Start <= x <= Stop take part, in any order, and of those only the ones whose x, y (and
+// weight) are finite; the vectors are paired index by index up to the shortest count.
+//
+// Sums of squares are taken about the means and residuals as (y - mean y) - b (x - mean x), so that x far
+// from zero (seconds since 1970, years) costs no digits. Data are gone through once, in blocks that stay in
+// the cache: each gives its means, its moments about them and its residuals from its own line, and these are
+// put together for the whole by the shift rules of moments (Chan, Golub, LeVeque, The American Statistician
+// 37 (1983) 242, taken on to residuals), with compensated sums. The slope is corrected once by the residuals.
+
+#include "numeric/Kxvector.h"
+
+#include <span>
+
+namespace kx {
+
+/// What a straight-line fit found. CMaxReal marks a value that could not be computed.
+struct TKxLinearRegessionResults { // the spelling is part of the interface
+    double Slope = 0;              ///< b
+    double DeltaSlope = 0;         ///< standard error of b, scaled by the reduced chi-square
+    double Offset = 0;             ///< a; given to the fits with a fixed offset
+    double DeltaOffset = 0; ///< standard error of a, scaled by the reduced chi-square; 0 for a fixed one
+    double AverageX = 0;    ///< (weighted) mean of x
+    double AverageY = 0;    ///< (weighted) mean of y
+    double VarianceX = 0;   ///< sample variance of x: Sxx / (N - 1), with weights Sxx / (sum of weights - 1)
+    double VarianceY = 0;   ///< sample variance of y, likewise
+    double Determination = 0; ///< 1 - ChiSquare / Syy
+    double R = 0;             ///< correlation coefficient
+    double ChiSquare = 0;     ///< (weighted) sum of squared residuals
+
+    int Points = 0; ///< how many points took part
+};
+
+// All raise EMathError "Not enough data!" for fewer than two points (one for a fixed offset) and when all
+// weights are zero. Every field is written; the fits with a fixed offset keep Offset and leave R and
+// DeltaOffset 0. No result is NaN or infinite; what overflows counts as not to be computed.
+//
+// Without a line (all x equal, all y equal, a sum of weights <= 0, an overflow) nothing is raised: Slope and
+// Offset become CMaxReal, R and Determination 1, ChiSquare 0. An average that cannot be computed is CMaxReal.
+// Without standard errors (N = 2, or a sum of weights <= 2) these become 0, and ChiSquare with them.
+// With a fixed offset there is no line when all x are 0, and no standard error for N = 1 or a sum of weights
+// <= 1; with all y equal only Determination has no value and becomes 1. Variances stay 0 for N = 1, for a sum
+// of weights <= 1, and where there is no line because all x are equal.
+
+void LinReg(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
+            TKxLinearRegessionResults& Results);
+void LinRegWithWeight(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
+                      std::span<const double> W, TKxLinearRegessionResults& Results);
+/// A line through (0, Results.Offset).
+void OfsReg(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
+            TKxLinearRegessionResults& Results);
+void OfsRegWithWeight(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
+                      std::span<const double> W, TKxLinearRegessionResults& Results);
+
+inline void LinReg(double Start, double Stop, const TKxCustomRealVector& X, const TKxCustomRealVector& Y,
+                   TKxLinearRegessionResults& Results) {
+    LinReg(Start, Stop, X.Values(), Y.Values(), Results);
+}
+inline void LinRegWithWeight(double Start, double Stop, const TKxCustomRealVector& X,
+                             const TKxCustomRealVector& Y, const TKxCustomRealVector& W,
+                             TKxLinearRegessionResults& Results) {
+    LinRegWithWeight(Start, Stop, X.Values(), Y.Values(), W.Values(), Results);
+}
+inline void OfsReg(double Start, double Stop, const TKxCustomRealVector& X, const TKxCustomRealVector& Y,
+                   TKxLinearRegessionResults& Results) {
+    OfsReg(Start, Stop, X.Values(), Y.Values(), Results);
+}
+inline void OfsRegWithWeight(double Start, double Stop, const TKxCustomRealVector& X,
+                             const TKxCustomRealVector& Y, const TKxCustomRealVector& W,
+                             TKxLinearRegessionResults& Results) {
+    OfsRegWithWeight(Start, Stop, X.Values(), Y.Values(), W.Values(), Results);
+}
+
+} // namespace kx

@@ -1,0 +1,202 @@
+#include "analysis/Kxlinregrblocks.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <type_traits>
+#include <utility>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace kx::linregr {
+
+namespace {
+
+constexpr double CInf = std::numeric_limits<double>::infinity();
+// x, y and weights of a block stay in the first-level cache for all passes over it, and a plain sum over a
+// block loses no more than the last bits: each of its four parts adds up a quarter of the block.
+constexpr std::size_t CBlock = 1024;
+
+#if defined(__SSE2__)
+/// Two doubles that are worked on at once.
+struct TPair {
+    __m128d V;
+    TPair(__m128d Both) : V(Both) {}
+    TPair(double Both = 0) : V(_mm_set1_pd(Both)) {}
+    static TPair At(const double* P) { return _mm_loadu_pd(P); }
+    double First() const { return _mm_cvtsd_f64(V); }
+    double Second() const { return _mm_cvtsd_f64(_mm_unpackhi_pd(V, V)); }
+    friend TPair operator+(TPair A, TPair B) { return _mm_add_pd(A.V, B.V); }
+    friend TPair operator-(TPair A, TPair B) { return _mm_sub_pd(A.V, B.V); }
+    friend TPair operator*(TPair A, TPair B) { return _mm_mul_pd(A.V, B.V); }
+};
+// Of a NaN and a bound, the bound: so say the instructions for this order of operands.
+TPair Lower(TPair Value, TPair Bound) { return _mm_min_pd(Value.V, Bound.V); }
+TPair Higher(TPair Value, TPair Bound) { return _mm_max_pd(Value.V, Bound.V); }
+#else
+struct TPair {
+    double A, B;
+    TPair(double Both = 0) : A(Both), B(Both) {}
+    TPair(double First, double Second) : A(First), B(Second) {}
+    static TPair At(const double* P) { return {P[0], P[1]}; }
+    double First() const { return A; }
+    double Second() const { return B; }
+    friend TPair operator+(TPair P, TPair Q) { return {P.A + Q.A, P.B + Q.B}; }
+    friend TPair operator-(TPair P, TPair Q) { return {P.A - Q.A, P.B - Q.B}; }
+    friend TPair operator*(TPair P, TPair Q) { return {P.A * Q.A, P.B * Q.B}; }
+};
+double Lower(double Value, double Bound) { return Value < Bound ? Value : Bound; }
+double Higher(double Value, double Bound) { return Value > Bound ? Value : Bound; }
+TPair Lower(TPair Value, TPair Bound) { return {Lower(Value.A, Bound.A), Lower(Value.B, Bound.B)}; }
+TPair Higher(TPair Value, TPair Bound) { return {Higher(Value.A, Bound.A), Higher(Value.B, Bound.B)}; }
+#endif
+
+/// The weight of a point where there are no weights.
+struct TOne {
+    template <class V>
+    friend V operator*(TOne, V Value) {
+        return Value;
+    }
+};
+
+template <class V, class TWeight>
+struct TValues {
+    V X, Y;
+    TWeight W;
+};
+
+template <class V>
+V ValueAt(const double* P) {
+    if constexpr (std::is_same_v<V, double>)
+        return *P;
+    else
+        return V::At(P);
+}
+
+template <bool Weighted, class V>
+auto ValuesAt(const TPoints& P, std::size_t Index) {
+    const V x = ValueAt<V>(P.X + Index), y = ValueAt<V>(P.Y + Index);
+    if constexpr (Weighted)
+        return TValues<V, V>{x, y, ValueAt<V>(P.W + Index)};
+    else
+        return TValues<V, TOne>{x, y, {}};
+}
+
+/// N sums at once over all points; AddTo adds the terms of one point, or of a pair of them, to an array.
+template <bool Weighted, std::size_t N, class F>
+std::array<double, N> Sums(const TPoints& P, F AddTo) {
+    std::array<TPair, N> even{}, odd{}; // two chains of additions, for one would wait for itself
+    std::size_t i = 0;
+    for (; i + 4 <= P.Count; i += 4) {
+        AddTo(even, ValuesAt<Weighted, TPair>(P, i));
+        AddTo(odd, ValuesAt<Weighted, TPair>(P, i + 2));
+    }
+    std::array<double, N> sums;
+    for (std::size_t k = 0; k < N; ++k) {
+        const TPair both = even[k] + odd[k];
+        sums[k] = both.First() + both.Second();
+    }
+    for (; i < P.Count; ++i) AddTo(sums, ValuesAt<Weighted, double>(P, i));
+    return sums;
+}
+
+/// Lowest and highest x, NaNs left out.
+std::pair<double, double> ExtentX(const TPoints& P) {
+    TPair low = CInf, high = -CInf;
+    for (std::size_t i = 0; i < P.Count; ++i) {
+        // The last one of an odd count is paired with itself.
+        const TPair x = i + 1 < P.Count ? TPair::At(P.X + i++) : TPair(P.X[i]);
+        low = Lower(x, low);
+        high = Higher(x, high);
+    }
+    return {std::min(low.First(), low.Second()), std::max(high.First(), high.Second())};
+}
+
+template <bool Weighted>
+TCentre CentreOf(const TPoints& P) {
+    std::size_t first = 0; // not one without weight: its values may be as senseless as they like
+    if constexpr (Weighted)
+        while (first < P.Count && P.W[first] == 0) ++first;
+    const bool hasWeight = first < P.Count;
+    const double x0 = P.X[hasWeight ? first : 0], y0 = P.Y[hasWeight ? first : 0];
+    const auto [sumX, sumY, sumW] = Sums<Weighted, 3>(P, [=](auto& Sum, const auto& At) {
+        Sum[0] = Sum[0] + At.W * (At.X - x0); // so equal values have a mean without rounding
+        Sum[1] = Sum[1] + At.W * (At.Y - y0);
+        if constexpr (Weighted) Sum[2] = Sum[2] + At.W;
+    });
+    const double w = Weighted ? sumW : static_cast<double>(P.Count);
+    const double divisor = w > 0 ? w : CInf; // makes 0 of finite sums only
+    return {w, x0 + sumX / divisor, y0 + sumY / divisor, hasWeight};
+}
+
+template <bool Weighted>
+TBlock BlockOf(const TPoints& P, const TCentre& Centre) {
+    const double cx = Centre.X, cy = Centre.Y;
+    const auto [px, py, qxx, qxy, qyy] = Sums<Weighted, 5>(P, [=](auto& Sum, const auto& At) {
+        const auto dx = At.X - cx, dy = At.Y - cy;
+        const auto wdx = At.W * dx, wdy = At.W * dy;
+        Sum[0] = Sum[0] + wdx;
+        Sum[1] = Sum[1] + wdy;
+        Sum[2] = Sum[2] + wdx * dx;
+        Sum[3] = Sum[3] + wdx * dy;
+        Sum[4] = Sum[4] + wdy * dy;
+    });
+    const double quotient = qxy / qxx;
+    const double slope = qxx > 0 && std::isfinite(quotient) ? quotient : 0;
+    const auto [rr, rx] = Sums<Weighted, 2>(P, [=](auto& Sum, const auto& At) {
+        const auto dx = At.X - cx;
+        const auto r = (At.Y - cy) - dx * slope;
+        const auto wr = At.W * r;
+        Sum[0] = Sum[0] + wr * r;
+        Sum[1] = Sum[1] + wr * dx;
+    });
+    return {Centre, static_cast<double>(P.Count), px, py, qxx, qxy, qyy, slope, rr, rx};
+}
+
+/// Room for those points of a block that take part, where not all do.
+struct TRoom {
+    double X[CBlock], Y[CBlock], W[CBlock];
+};
+
+template <bool Weighted>
+TPoints TakingPart(const TPoints& P, double Start, double Stop, TRoom& Room) {
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < P.Count; ++i) {
+        const double x = P.X[i], y = P.Y[i], w = Weighted ? P.W[i] : 1;
+        Room.X[count] = x;
+        Room.Y[count] = y;
+        Room.W[count] = w;
+        const bool isFinite = (x - x) + (y - y) + (w - w) == 0;
+        count += (Start <= x) & (x <= Stop) & isFinite;
+    }
+    return {Room.X, Room.Y, Room.W, count};
+}
+
+template <bool Weighted>
+std::vector<TBlock> Blocks(const TPoints& P, double Start, double Stop) {
+    std::vector<TBlock> blocks;
+    TRoom room;
+    for (std::size_t i = 0; i < P.Count; i += CBlock) {
+        TPoints points{P.X + i, P.Y + i, Weighted ? P.W + i : nullptr, std::min(CBlock, P.Count - i)};
+        const auto [low, high] = ExtentX(points);
+        if (!(low <= Stop && Start <= high)) continue;
+        TCentre centre = CentreOf<Weighted>(points);
+        if (!(Start <= low && high <= Stop && centre.IsFinite())) {
+            points = TakingPart<Weighted>(points, Start, Stop, room);
+            if (points.Count == 0) continue;
+            centre = CentreOf<Weighted>(points);
+        }
+        blocks.push_back(BlockOf<Weighted>(points, centre));
+    }
+    return blocks;
+}
+
+} // namespace
+
+std::vector<TBlock> BlocksOf(const TPoints& P, double Start, double Stop) {
+    return P.W ? Blocks<true>(P, Start, Stop) : Blocks<false>(P, Start, Stop);
+}
+
+} // namespace kx::linregr

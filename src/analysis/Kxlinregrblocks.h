@@ -1,0 +1,40 @@
+#pragma once
+// One trip through the data of a straight-line fit: what is kept of each stretch of points, so that means,
+// moments and residuals about any line follow without another look at them. Used by Kxlinregr alone.
+
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+namespace kx::linregr {
+
+/// Columns of Count values.
+struct TPoints {
+    const double *X, *Y, *W; ///< no W without weights
+    std::size_t Count;
+};
+
+/// A place near the points of a block: their mean, but for rounding; with a sum of weights that is not
+/// positive one of the points. Not finite if any value of the points is not.
+struct TCentre {
+    double W, X, Y;
+    bool HasWeight; ///< some weight is not zero
+    bool IsFinite() const { return std::isfinite(W) && std::isfinite(X) && std::isfinite(Y); }
+};
+
+/// What is kept of a block. dx and dy are distances from the centre, r = dy - Slope dx; all sums are
+/// weighted. All formulas that use a block hold for any centre and slope; those of the block leave nothing to
+/// cancel.
+struct TBlock {
+    TCentre Centre;
+    double Count;
+    double Px, Py; ///< sums of dx, dy: what rounding left
+    double Qxx, Qxy, Qyy;
+    double Slope;
+    double Rr, Rx; ///< sums of r squared, of r dx
+};
+
+/// Of the points with Start <= x <= Stop whose values are all finite; with weights where P has them.
+std::vector<TBlock> BlocksOf(const TPoints& P, double Start, double Stop);
+
+} // namespace kx::linregr

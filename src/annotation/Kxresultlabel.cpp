@@ -1,0 +1,69 @@
+#include "annotation/Kxresultlabel.h"
+
+#include "numeric/Kxstrings.h"
+
+#include <algorithm>
+
+namespace kx {
+
+namespace {
+
+constexpr const char* CNoResult = "...";
+constexpr int CMostDigits = 18;
+
+} // namespace
+
+TKxResultLabel::TKxResultLabel(TComponent* Owner) : TKxCustomLabel(Owner) { SetResult(); }
+
+TKxResultLabel::~TKxResultLabel() {
+    if (FSeries) FSeries->RemoveResultLabel(this);
+}
+
+void TKxResultLabel::Notification(TComponent* Component, TOperation Operation) {
+    TKxCustomLabel::Notification(Component, Operation);
+    if (Operation != opRemove || Component != FSeries) return;
+    FSeries = nullptr;
+    SetResult();
+}
+
+void TKxResultLabel::SetSeries(TKxCalculatedSeries* Series) {
+    if (Series == FSeries) return;
+    if (FSeries) FSeries->RemoveResultLabel(this);
+    FSeries = Series;
+    if (Series) {
+        Series->FreeNotification(this);
+        Series->AddResultLabel(this);
+    }
+    SetResult();
+}
+
+void TKxResultLabel::SetIdentifier(const AnsiString& Identifier) {
+    Change(FIdentifier, TKxIDString(Identifier));
+}
+void TKxResultLabel::SetDigits(int Digits) { Change(FDigits, std::clamp(Digits, 0, CMostDigits)); }
+void TKxResultLabel::SetPrefix(const TKxCaption& Prefix) { Change(FPrefix, Prefix); }
+void TKxResultLabel::SetSuffix(const TKxCaption& Suffix) { Change(FSuffix, Suffix); }
+
+AnsiString TKxResultLabel::ResultText() const {
+    if (!FSeries || FIdentifier.empty()) return CNoResult;
+    AnsiString text = FSeries->GetResults().ReadString(FSeries->GetName(), FIdentifier, CNoResult);
+    return IsNumber(text) ? RealToStrDigits(ExtractOneReal(text), FDigits) : text;
+}
+
+void TKxResultLabel::SetResult() { SetCaption(FPrefix + ResultText() + FSuffix); }
+
+const TPropertyTable& TKxResultLabel::Properties() {
+    using T = TKxResultLabel;
+    static const TPropertyTable table(
+        "TKxResultLabel", &TKxCustomLabel::Properties(),
+        {
+            Published<&T::GetSeries, &T::SetSeries>("Series", nullptr, "the series whose result is shown"),
+            Published<&T::GetIdentifier, &T::SetIdentifier>("Identifier", "", "key of the result"),
+            Published<&T::GetDigits, &T::SetDigits>("Digits", 0, "characters of a number; 0: 15 digits"),
+            Published<&T::GetPrefix, &T::SetPrefix>("Prefix", "", "caption in front of the result"),
+            Published<&T::GetSuffix, &T::SetSuffix>("Suffix", "", "caption behind the result"),
+        });
+    return table;
+}
+
+} // namespace kx

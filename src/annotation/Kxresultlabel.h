@@ -1,0 +1,59 @@
+#pragma once
+// Labels that show a result of an analysis series and stay true to it.
+
+#include "analysis/Kxcalculatedseries.h"
+#include "annotation/Kxlabel.h"
+
+namespace kx {
+
+/// The key of a result. A type of its own, so that an editor can offer the keys there are.
+struct TKxIDString : AnsiString {
+    using AnsiString::AnsiString;
+    TKxIDString(const AnsiString& Key) : AnsiString(Key) {}
+};
+
+/// Shows the result that Series has written under Identifier; "..." as long as there is none. Its text is
+/// always computed: Prefix, result, Suffix. The series is not owned and may go first.
+class TKxResultLabel : public TKxCustomLabel, public TKxResultListener {
+public:
+    explicit TKxResultLabel(TComponent* Owner);
+    ~TKxResultLabel() override;
+
+    TKxCalculatedSeries* GetSeries() const { return FSeries; }
+    void SetSeries(TKxCalculatedSeries* Series);
+    const TKxIDString& GetIdentifier() const { return FIdentifier; }
+    void SetIdentifier(const AnsiString& Identifier);
+    /// How many characters a number may take (see RealToStrDigits), 0 to 18; 0 shows 15 digits.
+    int GetDigits() const { return FDigits; }
+    void SetDigits(int Digits);
+    /// Captions before and after the result, e.g. "Slope = " and " mV". Empty at first.
+    const TKxCaption& GetPrefix() const { return FPrefix; }
+    void SetPrefix(const TKxCaption& Prefix);
+    const TKxCaption& GetSuffix() const { return FSuffix; }
+    void SetSuffix(const TKxCaption& Suffix);
+
+    /// Computes the text anew. The series calls it after each calculation.
+    void SetResult() override;
+
+    const TPropertyTable& PublishedProperties() const override { return Properties(); }
+    static const TPropertyTable& Properties();
+
+protected:
+    void Notification(TComponent* Component, TOperation Operation) override;
+
+private:
+    AnsiString ResultText() const;
+    template <class T>
+    void Change(T& Field, const T& Value) {
+        if (Field == Value) return;
+        Field = Value;
+        SetResult();
+    }
+
+    TKxCalculatedSeries* FSeries = nullptr;
+    TKxIDString FIdentifier;
+    int FDigits = 0;
+    TKxCaption FPrefix, FSuffix;
+};
+
+} // namespace kx

@@ -1,0 +1,307 @@
+#include "analysis/Kxcalculatedseries.h"
+
+#include "analysis/Kxlinearregressionline.h"
+#include "analysis/Kxpolinomial.h"
+#include "support/graphfixture.h"
+
+#include <cmath>
+
+namespace kx {
+namespace {
+
+using test::LinesOf;
+using test::MessageOf;
+using test::TFaults;
+using test::TGraphForm;
+
+/// y = x^2 over the display range; fails on demand.
+class TSquare : public TKxCalculatedSeries {
+public:
+    using TKxCalculatedSeries::TKxCalculatedSeries;
+    double GetY(double X) const override { return X * X; }
+    static AnsiString CalculationID() { return "Square Of X"; }
+    AnsiString GetCalculationID() const override { return CalculationID(); }
+    AnsiString GetFormula() const override { return "Y=X\\+2\\+"; }
+    void WriteResults(TKxIniList& List, const AnsiString& Section) const override {
+        TKxCalculatedSeries::WriteResults(List, Section);
+        List.WriteInteger(Section, "Runs", Runs);
+    }
+    void CalculateFunction() override {
+        ++Runs;
+        if (Fails) throw EMathError("Not enough data!");
+        GetContinousLine();
+    }
+    using TKxCalculatedSeries::DisplayX;
+    using TKxCalculatedSeries::DisplayY;
+    int Runs = 0;
+    bool Fails = false;
+};
+
+struct TFixture : TGraphForm {
+    TFixture() {
+        Series->SetName("Series1");
+        Fill({{0, 1}, {10, 3}, {20, 5}});
+        Curve->SetName("Curve1");
+        Curve->GetLineStyle().SetColor(clGreen);
+    }
+    double FirstX() const { return Curve->DisplayX().GetValue(0); }
+    double LastX() const { return Curve->DisplayX().GetValue(Curve->DisplayX().GetCount() - 1); }
+    TKxDataWithErrorSeries* Series = AddSeries();
+    TSquare* Curve = new TSquare(Form);
+};
+
+TEST(CalculatedSeries, StandsUnderItsParentAndIsInertWithoutOne) {
+    TFixture f;
+    f.Curve->Calculate();
+    EXPECT_EQ(f.Curve->Runs, 0);
+    f.Curve->SetParentSeries(f.Series);
+    EXPECT_EQ(f.Curve->Runs, 1) << "the parent holds points";
+    EXPECT_EQ(f.Curve->GetXAxis(), f.X);
+    EXPECT_EQ(f.Graph->GetSeriesList().GetCount(), 1) << "children are not in the graph's list";
+    EXPECT_FALSE(LinesOf(f.Draw(), clGreen).empty()) << "but drawn";
+
+    auto* other = f.AddSeries();
+    f.Curve->SetParentSeries(other);
+    EXPECT_TRUE(f.Series->GetChildren().empty());
+    EXPECT_FALSE(f.Series->GetResults().SectionExists("SquareOfX"));
+    delete other; // the parent may go first
+    EXPECT_EQ(f.Curve->GetParentSeries(), nullptr);
+    f.Draw();
+    f.Curve->SetParentSeries(f.Series);
+    delete f.Curve; // and so may the child
+    f.Draw();
+    EXPECT_TRUE(f.Series->GetChildren().empty());
+}
+
+TEST(CalculatedSeries, RangesFollowDataAndAxisUntilAnEndIsGiven) {
+    TFixture f;
+    f.Fix(-10, 40, 0, 100);
+    f.Curve->SetParentSeries(f.Series);
+    f.Draw();
+    EXPECT_EQ(f.Curve->GetCalculationStart(), 0);
+    EXPECT_EQ(f.Curve->GetCalculationStop(), 20);
+    EXPECT_EQ(f.Curve->GetDisplayStart(), -10);
+    EXPECT_EQ(f.Curve->GetDisplayStop(), 40);
+
+    f.Curve->SetCalculationStart(f.Curve->GetCalculationStart());
+    EXPECT_TRUE(f.Curve->GetAutoStart()) << "an equal value changes no flag";
+    f.Curve->SetCalculationStart(5);
+    EXPECT_FALSE(f.Curve->GetAutoStart());
+    f.Curve->SetDisplayAutoStart(false);
+    f.Draw();
+    EXPECT_EQ(f.Curve->GetDisplayStart(), 5) << "coupled to the calculation";
+    f.Curve->SetDisplayStart(2);
+    EXPECT_FALSE(f.Curve->GetCoupleCalculationAndDisplay());
+    EXPECT_TRUE(f.Curve->GetDisplayAutoStop());
+    f.Draw();
+    EXPECT_EQ(f.FirstX(), 2);
+    EXPECT_NEAR(f.LastX(), 40, 50.0 / f.X->GetAxisLength());
+    f.Curve->SetAutoStart(true);
+    f.Draw();
+    EXPECT_EQ(f.Curve->GetCalculationStart(), 0);
+}
+
+TEST(CalculatedSeries, IsSampledAtEveryPixelOfTheVisibleRange) {
+    TFixture f;
+    f.Fix(0, 20, 0, 400);
+    f.Curve->SetParentSeries(f.Series);
+    f.Draw();
+    const auto finest = [&] { // the widest step between two points of the curve, in pixels
+        double widest = 0;
+        const auto x = f.Curve->DisplayX().Values();
+        for (std::size_t i = 1; i < x.size(); ++i)
+            widest = std::max(widest, (x[i] - x[i - 1]) / f.X->GetScale());
+        return widest;
+    };
+    EXPECT_NEAR(f.Curve->DisplayX().GetCount(), f.X->GetAxisLength() + 2, 1);
+    EXPECT_LE(finest(), 1);
+
+    f.Graph->ZoomTo({50, 50, 60, 60});
+    f.Draw();
+    EXPECT_NEAR(f.Curve->DisplayX().GetCount(), f.X->GetAxisLength() + 2, 1) << "all on the visible part";
+    EXPECT_LE(finest(), 1);
+    EXPECT_GE(f.FirstX(), f.X->GetStart());
+    EXPECT_LE(f.LastX(), f.X->GetStop());
+
+    f.X->ZoomBack();
+    f.Y->ZoomBack();
+    f.Form->SetBounds(0, 0, 1220, 320);
+    f.Graph->SetBounds(10, 10, 1200, 300);
+    f.Draw();
+    EXPECT_NEAR(f.Curve->DisplayX().GetCount(), f.X->GetAxisLength() + 2, 1);
+    EXPECT_LE(finest(), 1);
+    for (int i : {0, 100, 1000})
+        EXPECT_EQ(f.Curve->DisplayY().GetValue(i), std::pow(f.Curve->DisplayX().GetValue(i), 2));
+
+    // A display range of its own, far larger than the view or of no width.
+    f.Curve->SetDisplayStart(1);
+    f.Curve->SetDisplayStop(1e7);
+    f.Draw();
+    EXPECT_NEAR(f.LastX(), 20, f.X->GetScale());
+    f.Curve->SetDisplayStop(1);
+    f.Draw();
+    EXPECT_EQ(f.Curve->DisplayX().GetCount(), 1);
+}
+
+TEST(CalculatedSeries, IsSampledEvenlyOnALogarithmicAxis) {
+    TFixture f;
+    f.XV->SetValue(0, 0.1);
+    f.XV->SetValue(2, 1000);
+    f.X->SetScaling(AxLogEE);
+    f.Curve->SetParentSeries(f.Series);
+    f.Draw();
+    const auto points = f.Curve->GetPoints().Values();
+    for (std::size_t i = 1; i < points.size(); ++i) ASSERT_LE(points[i].X - points[i - 1].X, 1) << i;
+}
+
+TEST(CalculatedSeries, AnAxisWithACurveShrinksAgainAndAZoomIsLeftAlone) {
+    TFixture f;
+    f.Curve->SetParentSeries(f.Series);
+    f.Fill({{1000, 5}});
+    f.Draw();
+    EXPECT_EQ(f.X->GetStop(), 1000);
+    EXPECT_GE(f.Y->GetStop(), 1e6);
+    f.XV->Delete(3);
+    f.YV->Delete(3);
+    f.Draw();
+    EXPECT_EQ(f.X->GetStop(), 20);
+    EXPECT_EQ(f.Y->GetStop(), 400);
+    f.Graph->ZoomTo({20, 20, 40, 40});
+    f.Draw();
+    const double start = f.Y->GetStart(), stop = f.Y->GetStop();
+    f.YV->SetValue(1, 4);
+    f.Draw();
+    EXPECT_EQ(f.Y->GetStart(), start);
+    EXPECT_EQ(f.Y->GetStop(), stop);
+    EXPECT_EQ(f.Curve->GetDisplayStart(), f.X->GetStart());
+}
+
+TEST(CalculatedSeries, FollowsDataWeightsAndScalingByTheNextFrame) {
+    TFixture f;
+    f.Curve->SetParentSeries(f.Series);
+    f.Draw();
+    f.Draw();
+    int runs = f.Curve->Runs;
+    f.Draw();
+    EXPECT_EQ(f.Curve->Runs, runs) << "nothing has changed";
+    TKxLiveVector weight(f.Form), own(f.Form);
+    weight.Add(1);
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"a point is added",
+         [&] {
+             f.Fill({{30, 1}});
+         }},
+        {"a value changes", [&] { f.YV->SetValue(0, 2); }},
+        {"a point goes", [&] { f.XV->Delete(3); }},
+        {"the parent gets weights", [&] { f.Series->SetWeight(&weight); }},
+        {"a weight of the parent changes", [&] { weight.SetValue(0, 2); }},
+        {"own weights", [&] { f.Curve->SetWeight(&own); }},
+        {"an own weight changes", [&] { own.Add(3); }},
+        {"the parent's weights again", [&] { f.Curve->SetParentWeight(true); }},
+        {"an axis becomes logarithmic", [&] { f.Y->SetScaling(AxLogEE); }},
+        {"an end is given", [&] { f.Curve->SetCalculationStop(7); }},
+    };
+    for (const auto& [what, change] : changes) {
+        runs = f.Curve->Runs;
+        change();
+        f.Draw();
+        EXPECT_GT(f.Curve->Runs, runs) << what;
+    }
+    EXPECT_EQ(f.Curve->GetWeight(), &weight);
+}
+
+TEST(CalculatedSeries, AFailureNamesTheSeriesAndTakesOldResultsAway) {
+    TFixture f;
+    f.Curve->SetCaption("Calibration");
+    f.Curve->SetParentSeries(f.Series);
+    auto& stored = f.Series->GetResults();
+    EXPECT_TRUE(f.Curve->GetError().empty());
+    f.Curve->Fails = true;
+    EXPECT_EQ(MessageOf<EMathError>([&] { f.Curve->Calculate(); }), "Calibration: Not enough data!");
+    EXPECT_EQ(stored.ReadString("SquareOfX", "Runs", "none"), "none");
+    EXPECT_EQ(stored.ReadString("SquareOfX", "Error", ""), "Calibration: Not enough data!");
+    EXPECT_EQ(f.Curve->DisplayX().GetCount(), 0);
+
+    // In a frame, beside a child that works.
+    TKxLinearRegressionLine line(f.Form);
+    line.SetParentSeries(f.Series);
+    TFaults faults;
+    f.Fill({{30, 7}});
+    f.Draw();
+    EXPECT_EQ(faults.Count, 1) << faults.Text;
+    EXPECT_DOUBLE_EQ(line.GetFit().Slope, 0.2);
+
+    std::string told;
+    int calculated = 0;
+    f.Curve->OnError = [&](TComponent* Sender, const Exception& Error) {
+        told = Sender->GetName() + "|" + Error.Message();
+    };
+    f.Curve->OnCalculated = [&](TComponent*) { ++calculated; };
+    f.Curve->Calculate();
+    EXPECT_EQ(told, "Curve1|Calibration: Not enough data!");
+    EXPECT_EQ(calculated, 1) << "a handled error lets the rest go on";
+    f.Curve->Fails = false;
+    f.Curve->Calculate();
+    EXPECT_EQ(f.Curve->GetError(), "");
+    EXPECT_FALSE(stored.ReadString("SquareOfX", "Runs", "none") == "none");
+
+    TKxCalculatedSeries base(f.Form);
+    EXPECT_NE(MessageOf<EMathError>([&] { base.SetParentSeries(f.Series); }).find("must be overridden"),
+              std::string::npos);
+}
+
+TEST(CalculatedSeries, SectionsOfOneKindAreNumberedAmongTheParentsChildren) {
+    TFixture f;
+    auto* first = new TKxPolynomLine(f.Form);
+    auto* line = new TKxLinearRegressionLine(f.Form);
+    auto* second = new TKxPolynomLine(f.Form);
+    for (TKxCalculatedSeries* fit : std::initializer_list<TKxCalculatedSeries*>{first, line, second})
+        fit->SetParentSeries(f.Series);
+    second->SetName("Second");
+    f.Draw();
+    auto& stored = f.Series->GetResults();
+    for (const char* section : {"PolynomialRegression", "LinearRegression", "PolynomialRegression(2)"})
+        EXPECT_TRUE(stored.SectionExists(section)) << section;
+    EXPECT_EQ(second->GetOwnIndex(), " (2)");
+    EXPECT_EQ(second->GetResults().ReadString("Second", "Calculation", ""), "Polynomial Regression");
+    delete first;
+    f.Draw();
+    EXPECT_TRUE(stored.SectionExists("PolynomialRegression"));
+    EXPECT_FALSE(stored.SectionExists("PolynomialRegression(2)"));
+}
+
+TEST(CalculatedSeries, OutfitsReadBackWithoutSwitchingAnAutomaticOff) {
+    TFixture f;
+    f.Curve->SetParentSeries(f.Series);
+    f.Curve->SetAutoStop(false);
+    f.Curve->SetDisplayStart(3);
+    f.Curve->GetLineStyle().SetWidth(4);
+    f.Draw();
+    TKxIniList ini;
+    f.Series->WriteToIni(ini, "S");
+    EXPECT_EQ(ini.ReadString("S.Child(1)", "ParentSeries", ""), "Form1.Series1");
+    EXPECT_EQ(ini.ReadString("S.Child(1)", "Calculation", ""), "Square Of X");
+
+    TSquare other(f.Form);
+    const int runs = other.Runs;
+    other.ReadFromIni(ini, "S.Child(1)");
+    EXPECT_EQ(other.GetParentSeries(), f.Series);
+    EXPECT_EQ(other.Runs, runs) << "reading starts no calculation";
+    EXPECT_TRUE(other.GetAutoStart());
+    EXPECT_FALSE(other.GetAutoStop());
+    EXPECT_FALSE(other.GetDisplayAutoStart());
+    EXPECT_EQ(other.GetCalculationStop(), 20);
+    EXPECT_EQ(other.GetDisplayStart(), 3);
+    EXPECT_EQ(other.GetLineStyle().GetWidth(), 4);
+    f.Draw();
+    EXPECT_GT(other.Runs, runs) << "the next frame does";
+    TKxIniList again;
+    other.WriteToIni(again, "S.Child(1)");
+    TStringList saved, read;
+    ini.ReadSectionValues("S.Child(1)", saved);
+    again.ReadSectionValues("S.Child(1)", read);
+    EXPECT_EQ(read.GetText(), saved.GetText());
+}
+
+} // namespace
+} // namespace kx

@@ -1,0 +1,138 @@
+#include "analysis/Kxlinearregressionline.h"
+
+#include "support/graphfixture.h"
+
+#include <cmath>
+
+namespace kx {
+namespace {
+
+using test::LinesOf;
+using test::MessageOf;
+using test::TGraphForm;
+
+struct TFixture : TGraphForm {
+    TFixture() {
+        Series->SetName("Series1");
+        Line->SetName("Line1");
+        Line->GetLineStyle().SetColor(clGreen);
+    }
+    double Result(const char* Key) const { return Line->GetResults().ReadReal("Line1", Key, NAN); }
+    TKxDataWithErrorSeries* Series = AddSeries();
+    TKxLinearRegressionLine* Line = new TKxLinearRegressionLine(Form);
+};
+
+TEST(LinearRegressionLine, RunsThroughTheDataOfEachKindOfAxes) {
+    struct TCase {
+        TKxAxScaling X, Y;
+        double (*Function)(double);
+        double Slope, Offset;
+        const char* Formula;
+    };
+    const TCase cases[] = {
+        {AxNormal, AxNormal, [](double x) { return 1 + 2 * x; }, 2, 1, "Y=a+b(X)"},
+        {AxNormal, AxLogEE, [](double x) { return std::pow(10, 0.5 * x - 1); }, 0.5, -1, "lg(Y)=a+b(X)"},
+        {AxLogEE, AxNormal, [](double x) { return 3 * std::log10(x) + 4; }, 3, 4, "Y=a+b(lg(X))"},
+        {AxLogEE, AxLogEE, [](double x) { return 5 * x * x; }, 2, std::log10(5), "lg(Y)=a+b(lg(X))"},
+    };
+    for (const auto& [scalingX, scalingY, function, slope, offset, formula] : cases) {
+        TFixture f;
+        f.X->SetScaling(scalingX);
+        f.Y->SetScaling(scalingY);
+        for (double x : {1.0, 2.0, 4.0, 7.0, 12.0}) f.Fill({{x, function(x)}});
+        f.Fill({{NAN, 1}, {3, INFINITY}});
+        f.Line->SetParentSeries(f.Series);
+        const auto lines = LinesOf(f.Draw(), clGreen);
+        EXPECT_NEAR(f.Result("Slope"), slope, 1e-12) << formula;
+        EXPECT_NEAR(f.Result("Offset"), offset, 1e-12) << formula;
+        EXPECT_NEAR(f.Line->GetY(3), function(3), 1e-12) << formula;
+        EXPECT_EQ(f.Line->GetResults().ReadString("Line1", "Formula", ""), formula);
+        ASSERT_EQ(lines.size(), 1u) << formula;
+        ASSERT_EQ(lines[0].Points.size(), 2u) << "two ends, from axis end to axis end";
+        EXPECT_EQ(lines[0].Points[1].X - lines[0].Points[0].X, f.X->GetAxisLength());
+        for (double x : {f.X->GetStart(), f.X->GetStop()})
+            EXPECT_NEAR(lines[0].Points[x == f.X->GetStop()].Y - f.World().Y,
+                        f.Y->RealToIntPosition(f.Line->GetY(x)), 1);
+    }
+}
+
+TEST(LinearRegressionLine, HeedsWeightsRangeAndAGivenOffset) {
+    TFixture f;
+    f.Fill({{1, 1}, {2, 2}, {3, 3}, {4, 40}});
+    f.Line->SetParentSeries(f.Series);
+    f.Line->SetCalculationStop(3);
+    f.Draw();
+    EXPECT_DOUBLE_EQ(f.Result("Slope"), 1);
+    f.Line->SetAutoStop(true);
+    TKxLiveVector weight(f.Form);
+    for (double w : {1.0, 1.0, 1.0, 0.0}) weight.Add(w);
+    f.Series->SetWeight(&weight);
+    f.Draw();
+    EXPECT_DOUBLE_EQ(f.Result("Slope"), 1);
+    f.Line->SetFixedOffset(-1);
+    EXPECT_TRUE(f.Line->GetDoFixedOffset());
+    f.Draw();
+    EXPECT_NEAR(f.Result("Slope"), (1 * 2 + 2 * 3 + 3 * 4) / 14.0, 1e-13);
+    EXPECT_EQ(f.Result("Offset"), -1);
+
+    TKxIniList ini;
+    f.Line->WriteToIni(ini, "L");
+    TKxLinearRegressionLine read(f.Form);
+    read.ReadFromIni(ini, "L");
+    EXPECT_TRUE(read.GetDoFixedOffset());
+    EXPECT_EQ(read.GetOffset(), -1);
+}
+
+TEST(LinearRegressionLine, WritesItsKeysInOrderAndTheirNumbers) {
+    TFixture f;
+    f.Fill({{0, 1.1}, {1, 2.9}, {2, 5.2}, {3, 6.8}});
+    f.Line->SetParentSeries(f.Series);
+    TStringList keys;
+    f.Line->GetResults().ReadSection("Line1", keys);
+    std::string joined;
+    for (int i = 0; i < keys.GetCount(); ++i) joined += keys.GetLine(i) + " ";
+    EXPECT_EQ(joined,
+              "Calculation Caption Formula CalcStart CalcStop DisplayStart DisplayStop DoFixedOffset "
+              "AverageX VarianceX AverageY VarianceY R ChiSquare Offset DeltaOffset DeltaOffset% Slope "
+              "DeltaSlope DeltaSlope% Points R2 AdjR2 ");
+    // By hand: slope 1.94, offset 1.09, residuals 0.01 -0.13 0.23 -0.11.
+    const std::pair<const char*, double> expected[] = {{"Slope", 1.94},
+                                                       {"Offset", 1.09},
+                                                       {"AverageY", 4},
+                                                       {"ChiSquare", 0.0820},
+                                                       {"DeltaSlope", std::sqrt(0.0820 / 2 / 5)},
+                                                       {"R2", 1 - 0.082 / 18.9},
+                                                       {"AdjR2", 1 - 0.082 / 18.9 * 3 / 2}};
+    for (const auto& [key, value] : expected) EXPECT_NEAR(f.Result(key), value, 1e-12) << key;
+    EXPECT_NEAR(f.Result("DeltaSlope%"), f.Result("DeltaSlope") / 1.94 * 100, 1e-10);
+}
+
+TEST(LinearRegressionLine, DrawsNothingWhereThereIsNoLine) {
+    TFixture f;
+    f.Line->SetCaption("fit");
+    f.Fill({{5, 1}});
+    EXPECT_EQ(MessageOf<EMathError>([&] { f.Line->SetParentSeries(f.Series); }), "fit: Not enough data!");
+    f.Fill({{5, 2}, {5, 3}});
+    EXPECT_TRUE(LinesOf(f.Draw(), clGreen).empty());
+    EXPECT_EQ(f.Result("Slope"), 1.7e308);
+    EXPECT_TRUE(std::isnan(f.Line->GetY(1)));
+    EXPECT_LT(f.Y->GetStop(), 10) << "a marker moves no axis";
+}
+
+TEST(LinearRegressionLine, ReachesAnAxisEndThatIsMovedOutAndStaysInAZoom) {
+    TFixture f;
+    f.Fix(0, 10, 0, 50);
+    f.Fill({{1, 1}, {9, 9}});
+    f.Line->SetParentSeries(f.Series);
+    f.Draw();
+    f.X->SetStop(20);
+    f.Draw();
+    EXPECT_EQ(f.Line->GetXData()->GetValue(1), 20);
+    f.Graph->ZoomTo({10, 10, 30, 30});
+    f.Draw();
+    EXPECT_EQ(f.Line->GetXData()->GetValue(0), 0);
+    EXPECT_EQ(f.Line->GetXData()->GetValue(1), 20);
+}
+
+} // namespace
+} // namespace kx
