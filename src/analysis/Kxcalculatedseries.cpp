@@ -39,7 +39,7 @@ void TKxCalculatedSeries::Join(TKxNotCalculatedSeries* Parent) {
     Refer(FParentSeries, Parent);
     if (!Parent) return;
     SetXAxis(Parent->GetXAxis());
-    SetYAxis(Parent->GetYAxis());
+    TakeYAxis(*Parent);
     SetXData(FDisplayX.get());
     SetYData(FDisplayY.get());
     Parent->AddChild(this);

@@ -116,8 +116,17 @@ protected:
     void GetXSpacings();
     /// GetXSpacings and GetY at each. (The spelling is part of the interface.)
     void GetContinousLine();
+    /// Computes the curve between the display ends, from results that stand: GetContinousLine.
+    virtual void FillCurve() { GetContinousLine(); }
+    /// The first layout, a resize, or an automatic display end that the axis has outgrown: the curve has to be
+    /// filled anew. Moves such ends.
+    bool CurveIsOutgrown();
+    /// Takes the Y axis to draw against when the series gets a parent: the parent's.
+    virtual void TakeYAxis(TKxNotCalculatedSeries& Parent) { SetYAxis(Parent.GetYAxis()); }
     /// The curve as given, instead.
     void SetCurve(std::span<const double> X, std::span<const double> Y);
+    /// Ordinates to the positions of GetXSpacings.
+    void SetCurveY(std::span<const double> Y) { Fill(*FDisplayY, Y); }
     /// To be called when the curve has changed outside of Calculate: screen points and extents follow.
     void CurveChanged();
     /// Moves the automatic display ends outward where the axis reaches further; whether any moved.
@@ -155,6 +164,7 @@ private:
     void TellResultLabels();
     void SampleVisible();
     void EvaluateCurve(const std::vector<double>& X);
+    static void Fill(TKxLiveVector& Vector, std::span<const double> Values);
     void RememberAxis();
     double VisibleStart() const;
     double VisibleStop() const;

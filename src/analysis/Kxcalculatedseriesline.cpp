@@ -83,8 +83,7 @@ void TKxCalculatedSeries::GetXSpacings() {
     }
     // Nothing left of the axis shows, and what is not positive has no place on a logarithmic one.
     if (logarithmic && start <= 0) start = VisibleStart();
-    FDisplayX->Clear();
-    FDisplayX->AddValues(Spaced(start, stop, pixels + 1, pixels + 2, logarithmic));
+    Fill(*FDisplayX, Spaced(start, stop, pixels + 1, pixels + 2, logarithmic));
     RememberAxis();
 }
 
@@ -101,11 +100,14 @@ void TKxCalculatedSeries::EvaluateCurve(const std::vector<double>& X) {
 }
 
 void TKxCalculatedSeries::SetCurve(std::span<const double> X, std::span<const double> Y) {
-    for (auto [vector, values] : {std::pair(FDisplayX.get(), X), std::pair(FDisplayY.get(), Y)}) {
-        vector->Clear();
-        vector->AddValues(values);
-        vector->Listeners().Call(-1, true);
-    }
+    Fill(*FDisplayX, X);
+    Fill(*FDisplayY, Y);
+}
+
+void TKxCalculatedSeries::Fill(TKxLiveVector& Vector, std::span<const double> Values) {
+    Vector.Clear();
+    Vector.AddValues(Values);
+    Vector.Listeners().Call(-1, true);
 }
 
 // A zoomed view is the user's: a curve that is sampled for it moves no axis.
@@ -116,13 +118,18 @@ void TKxCalculatedSeries::CurveChanged() {
         RangesModified();
 }
 
+bool TKxCalculatedSeries::CurveIsOutgrown() {
+    if (!GetXAxis() || FDisplayX->GetCount() == 0) return false;
+    return ExtendDisplay() || GetXAxis()->GetAxisLength() != FLastAxisLength;
+}
+
 void TKxCalculatedSeries::CalculateLine() {
     if (!GetXAxis() || FDisplayX->GetCount() == 0) return;
-    const TKxAxis& axis = *GetXAxis();
-    if (ExtendDisplay() || axis.GetAxisLength() != FLastAxisLength) {
-        GetContinousLine();
+    if (CurveIsOutgrown()) {
+        FillCurve();
         return CurveChanged();
     }
+    const TKxAxis& axis = *GetXAxis();
     if (axis.GetStart() == FLastAxisStart && axis.GetStop() == FLastAxisStop) return;
     RememberAxis();
     SampleVisible();

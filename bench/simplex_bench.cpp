@@ -1,0 +1,88 @@
+// A nonlinear fit by the downhill simplex: what one point costs in one evaluation, beside GSL's simplex with
+// the same model and the same data.
+
+#include "analysis/Kxsimplex.h"
+
+#include <gsl/gsl_multimin.h>
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <cstdint>
+#include <vector>
+
+namespace {
+
+constexpr double CStart[] = {3, 0.5, 0.7};
+constexpr int CIterations = 100;
+
+double Decay(double X, const double* C) { return C[0] * std::exp(-C[1] * X) + C[2]; }
+
+/// Points beside a decay, and the sum of squares that both simplexes lessen.
+struct TFit {
+    explicit TFit(std::int64_t Points) {
+        for (std::int64_t i = 0; i < Points; ++i) {
+            X.push_back(10.0 * double(i) / double(Points));
+            const double c[] = {2, 0.8, 1};
+            Y.push_back(Decay(X.back(), c) + 0.01 * std::sin(double(i)));
+        }
+    }
+    double Sum(const double* C) {
+        ++Evaluations;
+        double sum = 0;
+        for (std::size_t i = 0; i < X.size(); ++i) {
+            const double rest = Y[i] - Model(X[i], C);
+            sum += rest * rest;
+        }
+        return sum;
+    }
+    void Report(benchmark::State& State, double Least) const {
+        State.SetItemsProcessed(Evaluations * std::int64_t(X.size()));
+        State.counters["evaluations"] =
+            benchmark::Counter(double(Evaluations), benchmark::Counter::kAvgIterations);
+        State.counters["least"] = Least;
+    }
+
+    std::vector<double> X, Y;
+    double (*volatile Model)(double, const double*) = Decay; // volatile: as foreign as a program's own
+    std::int64_t Evaluations = 0;
+};
+
+void FitSimplex(benchmark::State& State) {
+    TFit fit(State.range(0));
+    double least = 0;
+    for (auto _ : State) {
+        kx::TKxSimplex simplex([&fit](std::span<const double> c) { return fit.Sum(c.data()); });
+        simplex.Run(CStart, CIterations);
+        least = simplex.BestValue();
+    }
+    fit.Report(State, least);
+}
+
+void FitGsl(benchmark::State& State) {
+    TFit fit(State.range(0));
+    const auto sum = [](const gsl_vector* c, void* f) { return static_cast<TFit*>(f)->Sum(c->data); };
+    gsl_multimin_function function{sum, 3, &fit};
+    gsl_vector* start = gsl_vector_alloc(3);
+    gsl_vector* step = gsl_vector_alloc(3);
+    double least = 0;
+    for (auto _ : State) {
+        for (std::size_t i = 0; i < 3; ++i) {
+            gsl_vector_set(start, i, CStart[i]);
+            gsl_vector_set(step, i, CStart[i] * 1.05);
+        }
+        auto* simplex = gsl_multimin_fminimizer_alloc(gsl_multimin_fminimizer_nmsimplex2, 3);
+        gsl_multimin_fminimizer_set(simplex, &function, start, step);
+        for (int i = 0; i <= CIterations; ++i) gsl_multimin_fminimizer_iterate(simplex);
+        least = simplex->fval;
+        gsl_multimin_fminimizer_free(simplex);
+    }
+    gsl_vector_free(start);
+    gsl_vector_free(step);
+    fit.Report(State, least);
+}
+
+BENCHMARK(FitSimplex)->Arg(10)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FitGsl)->Arg(10)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+
+} // namespace

@@ -1,0 +1,103 @@
+#include "analysis/Kxpolinomial.h"
+
+#include "numeric/Kxstrings.h"
+
+#include <algorithm>
+
+namespace kx {
+
+namespace {
+
+constexpr int CLowestOrder = 2;
+
+/// "a" for the constant, "b" for the coefficient of X, ...
+AnsiString CoefficientName(int Power) {
+    AnsiString name = ColumnToCharHeader(Power + 1);
+    for (char& c : name) c = char(c - 'A' + 'a');
+    return name;
+}
+
+} // namespace
+
+TKxPolynomLine::TKxPolynomLine(TComponent* Owner) : TKxCalculatedSeries(Owner) { StoreOrder(CLowestOrder); }
+
+void TKxPolynomLine::StoreOrder(int Order) {
+    FFit = {};
+    FFit.Order = std::max(Order, CLowestOrder);
+    FFit.Coefficients.SetLength(FFit.Order + 1);
+}
+
+void TKxPolynomLine::SetOrder(int Order) {
+    if (std::max(Order, CLowestOrder) == FFit.Order) return;
+    StoreOrder(Order);
+    ParentModified();
+}
+
+double TKxPolynomLine::GetCoeff(int I) const {
+    if (I < 0 || I > FFit.Order) throw ERangeError("Polynomial: Index of variable out of range");
+    return FFit.Coefficients[I];
+}
+
+void TKxPolynomLine::CalculateFunction() {
+    const auto* parent = GetParentSeries();
+    if (IsIn(csDesigning) && parent->GetPointsCount() < FFit.Order + 1) return;
+    StoreOrder(FFit.Order);
+    if (!parent->GetXData() || !parent->GetYData()) throw EMathError("Not enough data!");
+    if (const auto* weight = GetWeight())
+        PolynomRegressionWithWeight(*parent->GetXData(), *parent->GetYData(), *weight, GetCalculationStart(),
+                                    GetCalculationStop(), FFit);
+    else
+        PolynomRegression(*parent->GetXData(), *parent->GetYData(), GetCalculationStart(),
+                          GetCalculationStop(), FFit);
+    GetContinousLine();
+}
+
+AnsiString TKxPolynomLine::GetFormula() const {
+    AnsiString formula = "Y=a+bX";
+    for (int i = 2; i <= FFit.Order; ++i)
+        formula += "+" + CoefficientName(i) + "X\\+" + std::to_string(i) + "\\+";
+    return formula;
+}
+
+void TKxPolynomLine::WriteResults(TKxIniList& List, const AnsiString& Section) const {
+    TKxCalculatedSeries::WriteResults(List, Section);
+    const auto real = [&](const AnsiString& Key, double Value) { List.WriteReal(Section, Key, Value); };
+    const auto numbered = [](const char* Key, int i) { return Key + ("(" + std::to_string(i + 1)) + ")"; };
+    List.WriteInteger(Section, "Order", FFit.Order);
+    real("AverageX", FFit.AverageX);
+    real("VarianceX", FFit.VarianceX);
+    real("AverageY", FFit.AverageY);
+    real("VarianceY", FFit.VarianceY);
+    real("r2", FFit.R2);
+    real("ChiSquare", FFit.ChiSquare);
+    real("QRel%", FFit.QRel * 100);
+    for (int i = 0; i <= FFit.Order; ++i) {
+        List.WriteString(Section, numbered("CoeffName", i), CoefficientName(i));
+        real(numbered("Coeff", i), FFit.Coefficients[i]);
+    }
+    List.WriteInteger(Section, "Points", FFit.Points);
+    if (FFit.Points <= FFit.Order + 1) return;
+    real("AdjR2", FFit.AdjR2);
+    for (int i = 0; i <= FFit.Order; ++i) real(numbered("DeltaCoeff", i), FFit.DeltaCoefficients[i]);
+}
+
+void TKxPolynomLine::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
+    TKxCalculatedSeries::WriteToIni(Ini, Section);
+    Ini.WriteInteger(Section, "Order", FFit.Order);
+}
+
+void TKxPolynomLine::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
+    TKxCalculatedSeries::ReadFromIni(Ini, Section);
+    const int order = Ini.ReadInteger(Section, "Order", FFit.Order);
+    if (order != FFit.Order) StoreOrder(order);
+}
+
+const TPropertyTable& TKxPolynomLine::Properties() {
+    using T = TKxPolynomLine;
+    static const TPropertyTable table(
+        "TKxPolynomLine", &TKxCalculatedSeries::Properties(),
+        {Published<&T::GetOrder, &T::SetOrder>("Order", CLowestOrder, "degree of the polynomial")});
+    return table;
+}
+
+} // namespace kx
