@@ -1,0 +1,36 @@
+// Building the two piecewise cubics from the same points: the approximating spline, where its band system is
+// good (few points in a unit of x) and where it falls back to rotations, beside Akima's interpolation.
+
+#include "analysis/Kxakima.h"
+#include "analysis/Kxapproxspline.h"
+#include "numeric/Kxvector.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <cstdint>
+
+namespace {
+
+template <class T, bool Close>
+void Build(benchmark::State& State) {
+    const auto n = static_cast<int>(State.range(0));
+    kx::TKxRealVector x(nullptr), y(nullptr);
+    for (int i = 0; i < n; ++i) {
+        x.Add(Close ? double(i) / n : i);
+        y.Add(std::sin(0.001 * i) + 0.1 * std::sin(7.0 * i));
+    }
+    T polynom;
+    for (auto _ : State) {
+        polynom.RecalculateCoeffs(-1, n, &x, &y, nullptr);
+        benchmark::DoNotOptimize(polynom.A.Data());
+    }
+    State.SetItemsProcessed(State.iterations() * std::int64_t(n));
+}
+
+#define KX_SPLINE_SIZES Arg(1000)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond)
+BENCHMARK(Build<kx::TKxAkima, false>)->KX_SPLINE_SIZES;
+BENCHMARK(Build<kx::TKxApproxSpline, false>)->KX_SPLINE_SIZES;
+BENCHMARK(Build<kx::TKxApproxSpline, true>)->KX_SPLINE_SIZES;
+
+} // namespace

@@ -1,0 +1,104 @@
+#pragma once
+// Any model fitted to the points of a series by the downhill simplex.
+
+#include "analysis/Kxcalculatedseries.h"
+
+#include <functional>
+#include <span>
+#include <vector>
+
+namespace kx {
+
+/// The model: y at X for the given coefficients.
+using TKxFittingFkt = std::function<double(double X, const TKxRealArray& Coefficients)>;
+/// The model at many places: Y[i] at X[i]. For models that are faster in blocks.
+using TKxFittingBlockFkt =
+    std::function<void(std::span<const double> X, const TKxRealArray& Coefficients, std::span<double> Y)>;
+
+/// A curve with Order free coefficients, which start from values that the program gives (none of them 0: a
+/// coefficient of 0 never moves) and are moved until the sum over the points is smallest: of |w| r^2, or with
+/// DoCovariance of |w d r|, r being a point's distance from the model and d its distance from the Akima
+/// interpolant of the points (so only points of equal x have any).
+///
+/// Each calculation starts from the coefficients that the one before has left. So live data keep the fit near, and
+/// repeating a calculation opens a simplex that has frozen.
+class TKxFittedLine : public TKxCalculatedSeries {
+public:
+    using TKxCalculatedSeries::TKxCalculatedSeries;
+
+    bool GetDoCovariance() const { return FDoCovariance; }
+    void SetDoCovariance(bool DoCovariance) { ChangeSetting(FDoCovariance, DoCovariance); }
+    /// The budget of the simplex: at most Iterations + 1 are done. 1000 at first.
+    int GetIterations() const { return FIterations; }
+    void SetIterations(int Iterations) { ChangeSetting(FIterations, Iterations); }
+    /// The number of coefficients; those that are gained are 0 and have to be set.
+    int GetOrder() const { return FCoefficients.Length(); }
+    void SetOrder(int Order);
+    const TKxFittingFkt& GetFittingFunction() const { return FFittingFunction; }
+    void SetFittingFunction(TKxFittingFkt Function);
+    /// Beside FittingFunction, and used in its place by the fit; empty for none.
+    void SetFittingBlockFunction(TKxFittingBlockFkt Function);
+    /// The formula as text, for results and legends.
+    const AnsiString& GetExpression() const { return FExpression; }
+    void SetExpression(const AnsiString& Expression);
+
+    /// Raise ERangeError "Fitted Line: Index of coefficient out of range".
+    double GetCoefficient(int I) const;
+    void SetCoefficient(int I, double Value);
+    /// The best sum of the last fit.
+    double GetChiSquare() const { return FChiSquare; }
+    /// Standard error of a coefficient, from the curvature of the sum of squares at the minimum (Kxcurvature.h),
+    /// scaled by the reduced chi-square; CMaxReal where it cannot be told. Raises as GetCoefficient does.
+    double GetDeltaCoefficient(int I) const;
+    /// Iterations that the last fit has done.
+    int GetIterationsDone() const { return FIterationsDone; }
+
+    /// Ends a running fit after its present iteration; the best coefficients so far are the result. For handlers
+    /// of OnIteration, and safe in a signal handler.
+    void Stop() { FStopped = true; }
+    TKxAnyEvent OnIteration; ///< after every iteration of the simplex
+
+    static AnsiString CalculationID() { return "Nonlinear Regression"; }
+    AnsiString GetCalculationID() const override { return CalculationID(); }
+    AnsiString GetFormula() const override { return FExpression; }
+    double GetY(double X) const override;
+    /// Keys after those of the base: VarianceCoVariance ("Covariance" or "Variance"), ChiSquare, Order, Iterations,
+    /// CoeffName(i) and Coeff(i) of each coefficient from i = 1; then Points, the number N of points that took
+    /// part; ResidualVariance = sum of |w| r^2 / (N - Order) where N > Order; DeltaCoeff(i), see
+    /// GetDeltaCoefficient, where it can be told.
+    void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
+    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
+    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
+
+    const TPropertyTable& PublishedProperties() const override { return Properties(); }
+    static const TPropertyTable& Properties();
+
+protected:
+    void CalculateFunction() override;
+    /// Moves the coefficients to the smallest sum. Raises EMathError "Simplex Fit: no order set!", "Simplex Fit: no
+    /// iterations set!", "Not enough data!" for fewer points than coefficients, "Reciprocal indefinite!" when all
+    /// weights are 0.
+    void DoFit();
+
+private:
+    void CollectPoints();
+    void FindDeviations();
+    void EvaluateModel(std::span<const double> X, const TKxRealArray& Coefficients, std::span<double> Y) const;
+    template <class F>
+    double SumOverPoints(const TKxRealArray& Coefficients, F Term) const;
+    double Goodness(const TKxRealArray& Coefficients) const;
+    void FindStatistics();
+    void CheckIndex(int I) const;
+
+    bool FDoCovariance = false;
+    int FIterations = 1000, FIterationsDone = 0;
+    TKxFittingFkt FFittingFunction;
+    TKxFittingBlockFkt FFittingBlockFunction;
+    AnsiString FExpression;
+    TKxRealArray FCoefficients, FDeltas;
+    double FChiSquare = 0, FSumOfSquares = 0;
+    std::vector<double> FX, FY, FWeights, FDeviations; ///< the points that take part; the last two may be empty
+    volatile bool FStopped = false;
+};
+
+} // namespace kx

@@ -1,0 +1,111 @@
+#pragma once
+// Piecewise cubic curves: evaluation, slope, curvature and running integral, and their extrema. How a curve
+// comes to its coefficients is the matter of the descendants.
+
+#include "numeric/Kxvector.h"
+
+#include <algorithm>
+
+namespace kx {
+
+/// A curve of cubic pieces over ascending knots. Piece i covers X[i] <= x < X[i+1] and is
+/// A[i] + B[i] t + C[i] t^2 + D[i] t^3 with t = x - X[i]. Left of X[0] piece 0 is continued; right of
+/// X[Count-1] follows what the filling method left there. RecalculateCoeffs comes before all else: without
+/// pieces (Count = 0 or empty arrays) whatever needs one raises EMathError "Not enough data!".
+///
+/// All results depend on the coefficients alone; Index saves time only. The result for an x that is not
+/// finite is not finite either.
+class TKxIntPolynom {
+public:
+    TKxIntPolynom() = default;
+    virtual ~TKxIntPolynom() = default;
+
+    /// Computes the coefficients from the points with Start <= x <= Stop; Weights may be null. Does nothing
+    /// here.
+    virtual void RecalculateCoeffs(double Start, double Stop, TKxCustomRealVector* XValues,
+                                   TKxCustomRealVector* YValues, TKxCustomRealVector* Weights);
+
+    /// The last piece that begins at or left of x, at most Count and at most the last one that has all
+    /// coefficients; 0 left of all knots. Becomes Index. O(1) a call for ascending x, O(log Count) at worst.
+    int FindIndex(double x);
+
+    /// In extended precision where there is one, then rounded. At a knot the result is its A.
+    double Interpolate(double x);
+    double Slope(double x);
+    double Curvature(double x);
+
+    /// Fills Minima and Maxima, piece by piece in ascending order, from where the slope of a cubic vanishes.
+    /// Pieces with D = 0 offer none.
+    void FindExtrema();
+    /// Fills DiffMinima and DiffMaxima: where the slope at an inner knot is the least (greatest) among its
+    /// neighbours', the point of inflection of the two adjoining cubics that has the lesser (greater) slope.
+    /// None where both have D = 0.
+    void FindDiffExtrema();
+    /// Writes the integral up to XValues[k] to YValues[k], which grows as needed, and fills IntMinima and
+    /// IntMaxima. The integral counts from the knot at or left of the first abscissa (from X[0] at least);
+    /// element 0 is 0 nevertheless. Abscissae are expected to ascend. One that is not finite takes no part:
+    /// its integral repeats the one before it.
+    ///
+    /// No more pieces than abscissae are passed: from number n - 2 on, and beyond the last knot, the piece
+    /// reached is continued. So there should be no less abscissae than knots.
+    void Integrate(const TKxCustomRealVector& XValues, TKxRealVector& YValues);
+
+    int Count = 0; ///< number of knots
+    int Index = 0; ///< the piece found last
+    TKxRealPosArray Minima;
+    TKxRealPosArray Maxima;
+    TKxRealPosArray DiffMinima; ///< (x, slope)
+    TKxRealPosArray DiffMaxima;
+    TKxRealPosArray IntMinima; ///< (x, integral)
+    TKxRealPosArray IntMaxima;
+    TKxRealArray X; ///< ascending
+    TKxRealArray A;
+    TKxRealArray B;
+    TKxRealArray C;
+    TKxRealArray D;
+
+protected:
+    /// Empties the six arrays of extrema.
+    void ClearExtrema();
+    /// The last piece that FindIndex may find; -1 when there is none.
+    int LastPiece() const {
+        if (Count <= 0) return -1;
+        return std::min({Count, X.High(), A.High(), B.High(), C.High(), D.High()});
+    }
+
+private:
+    int Search(double x, int Last);
+    void AddExtremum(double x);
+    void FindExtremaOfPiece(int i);
+    double SlopeAtInflection(int Piece, double Otherwise, double& x);
+};
+
+inline int TKxIntPolynom::FindIndex(double x) {
+    const int last = LastPiece(), i = Index;
+    const double* const knots = X.Data();
+    if (i >= 0 && i + 1 < last && x >= knots[i]) {
+        if (x < knots[i + 1]) return i;
+        if (x < knots[i + 2]) return Index = i + 1;
+    }
+    return Search(x, last);
+}
+
+inline double TKxIntPolynom::Interpolate(double x) {
+    const int i = FindIndex(x);
+    const long double t = static_cast<long double>(x) - X.Data()[i];
+    return static_cast<double>(((D.Data()[i] * t + C.Data()[i]) * t + B.Data()[i]) * t + A.Data()[i]);
+}
+
+inline double TKxIntPolynom::Slope(double x) {
+    const int i = FindIndex(x);
+    const long double t = static_cast<long double>(x) - X.Data()[i];
+    return static_cast<double>((2 * C.Data()[i] + 3 * D.Data()[i] * t) * t + B.Data()[i]);
+}
+
+inline double TKxIntPolynom::Curvature(double x) {
+    const int i = FindIndex(x);
+    const long double t = static_cast<long double>(x) - X.Data()[i];
+    return static_cast<double>(2 * C.Data()[i] + 6 * D.Data()[i] * t);
+}
+
+} // namespace kx

@@ -1,0 +1,194 @@
+#include "analysis/Kxakima.h"
+#include "support/errors.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <vector>
+
+namespace kx {
+namespace {
+
+constexpr double CInf = std::numeric_limits<double>::infinity();
+constexpr double CNaN = std::numeric_limits<double>::quiet_NaN();
+using TValues = std::vector<double>;
+
+void Calculate(TKxAkima& Akima, const TValues& X, const TValues& Y, const TValues* Weights = nullptr,
+               double Start = -1e300, double Stop = 1e300) {
+    TKxRealVector x(nullptr), y(nullptr), w(nullptr);
+    x.AddValues(X);
+    y.AddValues(Y);
+    if (Weights) w.AddValues(*Weights);
+    Akima.RecalculateCoeffs(Start, Stop, &x, &y, Weights ? &w : nullptr);
+}
+
+/// The slopes by the article's formulas (1), (8) and (9), which know no equal chords on both sides.
+TValues PublishedSlopes(const TValues& X, const TValues& Y) {
+    const std::size_t n = X.size();
+    TValues m(n + 3);
+    for (std::size_t i = 0; i + 1 < n; ++i) m[i + 2] = (Y[i + 1] - Y[i]) / (X[i + 1] - X[i]);
+    m[1] = 2 * m[2] - m[3];
+    m[0] = 2 * m[1] - m[2];
+    m[n + 1] = 2 * m[n] - m[n - 1];
+    m[n + 2] = 2 * m[n + 1] - m[n];
+    TValues slopes;
+    for (std::size_t i = 0; i < n; ++i) {
+        const double left = std::abs(m[i + 3] - m[i + 2]), right = std::abs(m[i + 1] - m[i]);
+        const bool straight = left == 0 && right == 0;
+        slopes.push_back(straight ? m[i + 2] : (left * m[i + 1] + right * m[i + 2]) / (left + right));
+    }
+    return slopes;
+}
+
+/// The cubic with these values and slopes at both ends of a piece.
+double Hermite(const TValues& X, const TValues& Y, const TValues& Slopes, std::size_t i, double x) {
+    const double h = X[i + 1] - X[i], s = (x - X[i]) / h, r = 1 - s;
+    return Y[i] * r * r * (1 + 2 * s) + Y[i + 1] * s * s * (1 + 2 * r) +
+           h * s * r * (Slopes[i] * r - Slopes[i + 1] * s);
+}
+
+void ExpectPublishedCurve(const TValues& X, const TValues& Y) {
+    TKxAkima akima;
+    Calculate(akima, X, Y);
+    const TValues slopes = PublishedSlopes(X, Y);
+    const double scale = std::abs(*std::max_element(Y.begin(), Y.end()));
+    for (std::size_t i = 0; i + 1 < X.size(); ++i) {
+        EXPECT_EQ(akima.Interpolate(X[i]), Y[i]);
+        EXPECT_NEAR(akima.Slope(X[i]), slopes[i], 1e-10 * (1 + std::abs(slopes[i])));
+        for (const double part : {0.1, 0.5, 0.83}) {
+            const double x = X[i] + part * (X[i + 1] - X[i]);
+            ASSERT_NEAR(akima.Interpolate(x), Hermite(X, Y, slopes, i, x), 1e-12 * scale) << "at " << x;
+        }
+    }
+    EXPECT_EQ(akima.Interpolate(X.back()), Y.back());
+    EXPECT_NEAR(akima.Slope(X.back()), slopes.back(), 1e-10 * (1 + std::abs(slopes.back())));
+    EXPECT_NEAR(akima.Interpolate(X[0] - 1), Hermite(X, Y, slopes, 0, X[0] - 1), 1e-10 * scale);
+}
+
+TEST(Kxakima, TheCurveIsThePublishedOne) {
+    // The example of H. Akima, J. ACM 17 (1970) 589-602.
+    ExpectPublishedCurve({0, 2, 3, 5, 6, 8, 9, 11, 12, 14, 15},
+                         {10, 10, 10, 10, 10, 10, 10.5, 15, 50, 60, 85});
+    std::mt19937 random(2);
+    std::uniform_real_distribution<double> uniform;
+    for (const int n : {3, 4, 5, 40, 3000}) {
+        TValues x{-3}, y{0};
+        while (int(x.size()) < n) {
+            x.push_back(x.back() + 0.05 + uniform(random));
+            y.push_back(100 * uniform(random));
+        }
+        ExpectPublishedCurve(x, y);
+    }
+}
+
+TEST(Kxakima, BeyondThePointsTheCurveIsTheSameWhateverWasCalculatedBefore) {
+    TKxAkima akima;
+    for (int run = 0; run < 3; ++run) {
+        Calculate(akima, {0, 1, 2}, {0, 1, 4});
+        akima.FindExtrema();
+        // Chords 1, 3, then 5, 7 and none: slopes 4 at 2 and 49/9 at 3, where the last piece but one ends.
+        EXPECT_NEAR(akima.Interpolate(2.5), 6 + 2.875 / 9, 1e-14);
+        EXPECT_NEAR(akima.Interpolate(3), 9, 1e-14);
+        EXPECT_NEAR(akima.Interpolate(4), 34.0 / 9, 1e-14);
+        TValues x, y;
+        for (int i = 0; i < 5 * run; ++i) {
+            x.push_back(i * i);
+            y.push_back(std::sin(i) * 1e3);
+        }
+        if (run > 0) Calculate(akima, x, y);
+        akima.Interpolate(17);
+    }
+    EXPECT_TRUE(akima.Minima.IsEmpty());
+}
+
+TEST(Kxakima, EqualChordsGiveStraightLinesAndTheirRightSlope) {
+    TKxAkima akima;
+    Calculate(akima, {0, 1, 3, 4, 8}, {1, 3, 7, 9, 17});
+    for (const double x : {-1.0, 0.0, 0.7, 3.0, 5.5, 8.0}) {
+        EXPECT_EQ(akima.Interpolate(x), 1 + 2 * x);
+        EXPECT_EQ(akima.Slope(x), 2);
+        EXPECT_EQ(akima.Curvature(x), 0);
+    }
+    Calculate(akima, {0, 1, 2, 3, 4}, {0, 1, 2, 5, 8});
+    EXPECT_EQ(akima.Slope(2), 3);
+}
+
+TEST(Kxakima, PointsAreSelectedSortedAndMerged) {
+    const struct {
+        const char* What;
+        TValues X, Y, Weights;
+        double Start, Stop;
+        TValues Knots, Ordinates;
+    } cases[] = {
+        {"two equal x", {0, 1, 1, 2}, {0, 1, 3, 2}, {}, 0, 2, {0, 1, 2}, {0, 2, 2}},
+        {"three equal x", {0, 1, 1, 1, 2}, {0, 4, 8, 2, 9}, {}, 0, 2, {0, 1, 2}, {0, 4, 9}},
+        {"out of order", {2, 0, 1}, {9, 7, 8}, {}, 0, 2, {0, 1, 2}, {7, 8, 9}},
+        {"outside the range", {0, 1, 2, 3, 4}, {0, 1, 2, 3, 4}, {}, 1, 3, {1, 2, 3}, {1, 2, 3}},
+        {"weights", {0, 1, 2, 3, 4, 5}, {0, 1, 2, 3, 4, 5}, {1, 0, 5, CNaN, -1}, 0, 9, {0, 2, 4}, {0, 2, 4}},
+        {"not finite",
+         {0, CNaN, 1, 2, 3, CInf},
+         {0, 1, 2, CInf, 3, 4},
+         {},
+         -CInf,
+         CInf,
+         {0, 1, 3},
+         {0, 2, 3}},
+        {"great y", {0, 0, 1, 2}, {1.6e308, 1.6e308, 0, 0}, {}, 0, 2, {0, 1, 2}, {1.6e308, 0, 0}},
+    };
+    for (const auto& c : cases) {
+        TKxAkima akima;
+        Calculate(akima, c.X, c.Y, c.Weights.empty() ? nullptr : &c.Weights, c.Start, c.Stop);
+        EXPECT_EQ(TValues(akima.X.begin(), akima.X.begin() + akima.Count), c.Knots) << c.What;
+        EXPECT_EQ(TValues(akima.A.begin(), akima.A.begin() + akima.Count), c.Ordinates) << c.What;
+    }
+}
+
+TEST(Kxakima, FewerThanThreeDistinctPointsAreNotEnoughAndLeaveNoCurve) {
+    for (const TValues& x : {TValues{}, {1, 2}, {1, 1, 2}, {1, CNaN, 2}}) {
+        TKxAkima akima;
+        Calculate(akima, {1, 2, 3}, {1, 2, 3});
+        EXPECT_EQ(test::MessageOf<EMathError>([&] { Calculate(akima, x, {4, 5, 6}); }), "Not enough data!");
+        EXPECT_EQ(akima.Count, 0);
+        EXPECT_EQ(test::MessageOf<EMathError>([&] { akima.Interpolate(1); }), "Not enough data!");
+    }
+}
+
+TEST(Kxakima, SmoothedPointsAreInterpolated) {
+    TKxAkima akima;
+    akima.Smooth = true;
+    akima.SmoothM = 2;
+    Calculate(akima, {2, 1, 0, 0}, {8, 4, 1, 3});
+    EXPECT_EQ(akima.Interpolate(1), 4.5);
+    akima.SmoothLog = true;
+    Calculate(akima, {1, 10, 100}, {2, 4, 8});
+    EXPECT_EQ(akima.Interpolate(10), 4.5);
+    EXPECT_EQ(akima.Interpolate(100), 20.0 / 3);
+}
+
+TEST(Kxakima, NoCoefficientIsLostToOverflowOrRounding) {
+    const struct {
+        TValues X, Y;
+    } cases[] = {
+        {{0, 1e-9, 1e20}, {1, 2, 3}},
+        {{-1e20, 0, 1}, {1, 2, 3}},
+        {{9007199254740991, 9007199254740992, 9007199254740994}, {1, 2, 3}},
+        {{0, 5e-324, 1e-170, 1}, {1, 5, 2, 3}},
+        {{-1.7e308, 0, 1.7e308}, {-1.7e308, 1.7e308, -1.7e308}},
+        {{0, 1e-160, 2e-160, 3e-160, 1}, {1e150, -1e150, 1e150, -1e150, 0}},
+    };
+    for (const auto& c : cases) {
+        TKxAkima akima;
+        Calculate(akima, c.X, c.Y, nullptr, -CInf, CInf);
+        for (std::size_t i = 0; i < c.X.size(); ++i) {
+            EXPECT_EQ(akima.Interpolate(c.X[i]), c.Y[i]) << c.X[1] << ", " << i;
+            EXPECT_TRUE(std::isfinite(akima.Slope(c.X[i]) + akima.Curvature(c.X[i]))) << c.X[1] << ", " << i;
+        }
+        EXPECT_TRUE(std::is_sorted(akima.X.begin(), akima.X.begin() + akima.Count + 1));
+    }
+}
+
+} // namespace
+} // namespace kx

@@ -1,0 +1,156 @@
+#include "analysis/Kxfittedline.h"
+
+#include "support/graphfixture.h"
+
+#include <cmath>
+
+namespace kx {
+namespace {
+
+using test::MessageOf;
+using test::TGraphForm;
+
+double Decay(double X, const TKxRealArray& C) { return C[0] * std::exp(-C[1] * X) + C[2]; }
+
+struct TFixture : TGraphForm {
+    TFixture() {
+        for (double x = 0; x < 10; x += 0.25) Fill({{x, 5 * std::exp(-0.7 * x) + 1}});
+        Fit->SetName("Fit1");
+        Fit->SetCaption("decay");
+        Fit->SetOrder(3);
+        Fit->SetFittingFunction(Decay);
+        Fit->SetExpression("a*exp(-b*x)+c");
+        Restart({1, 1, 1});
+    }
+    void Restart(std::initializer_list<double> Values) {
+        int i = 0;
+        for (double value : Values) Fit->SetCoefficient(i++, value);
+    }
+    double Result(const char* Key) const { return Fit->GetResults().ReadReal("Fit1", Key, NAN); }
+    TKxDataWithErrorSeries* Series = AddSeries();
+    TKxFittedLine* Fit = new TKxFittedLine(Form);
+};
+
+TEST(FittedLine, FindsTheCoefficientsAndFollowsLiveData) {
+    TFixture f;
+    f.Fit->SetParentSeries(f.Series);
+    f.Draw();
+    const double expected[] = {5, 0.7, 1};
+    for (int i = 0; i < 3; ++i) EXPECT_NEAR(f.Fit->GetCoefficient(i), expected[i], 1e-6) << i;
+    EXPECT_EQ(f.Fit->GetResults().ReadString("Fit1", "Formula", ""), "a*exp(-b*x)+c");
+    EXPECT_EQ(f.Fit->GetResults().ReadString("Fit1", "VarianceCoVariance", ""), "Variance");
+    EXPECT_NEAR(f.Result("Coeff(2)"), 0.7, 1e-6);
+    EXPECT_EQ(f.Result("Iterations"), 1000);
+    EXPECT_NEAR(f.Fit->GetYData()->GetValue(5), Decay(f.Fit->GetXData()->GetValue(5), {5, 0.7, 1}), 1e-6);
+
+    for (int i = 0; i < f.YV->GetCount(); ++i) f.YV->SetValue(i, f.YV->GetValue(i) + (i % 2 ? 0.01 : -0.01));
+    f.Draw();
+    EXPECT_NEAR(f.Result("ChiSquare"), 40 * 1e-4, 4e-4);
+    EXPECT_NEAR(f.Result("ResidualVariance"), f.Result("ChiSquare") / 37, 1e-9);
+    EXPECT_GT(f.Result("DeltaCoeff(1)"), 0.005);
+    EXPECT_LT(f.Result("DeltaCoeff(1)"), 0.02);
+}
+
+TEST(FittedLine, WeightsRangeAndBlocksAreHeeded) {
+    TFixture f;
+    f.Fill({{20, 300}, {21, NAN}});
+    f.Fit->SetCalculationStop(15);
+    int calls = 0;
+    f.Fit->SetFittingBlockFunction([&](std::span<const double> X, const TKxRealArray& C, std::span<double> Y) {
+        ++calls;
+        for (std::size_t i = 0; i < X.size(); ++i) Y[i] = Decay(X[i], C);
+    });
+    f.Fit->SetParentSeries(f.Series);
+    EXPECT_GT(calls, 100);
+    EXPECT_NEAR(f.Fit->GetCoefficient(0), 5, 1e-6);
+    f.Fit->SetAutoStop(true);
+    TKxLiveVector weight(f.Form);
+    for (int i = 0; i < 42; ++i) weight.Add(i < 40 ? -2 : 0); // the size of a weight counts
+    f.Series->SetWeight(&weight);
+    f.Restart({1, 1, 1});
+    f.Draw();
+    EXPECT_NEAR(f.Fit->GetCoefficient(0), 5, 1e-6);
+    f.Fit->SetFittingBlockFunction({});
+    f.Draw();
+    EXPECT_NEAR(f.Fit->GetCoefficient(1), 0.7, 1e-6);
+}
+
+TEST(FittedLine, CanBeWatchedAndStopped) {
+    TFixture f;
+    int seen = 0;
+    f.Fit->OnIteration = [&](TComponent*) { ++seen; };
+    f.Fit->SetIterations(1);
+    f.Fit->SetParentSeries(f.Series);
+    EXPECT_EQ(seen, 2) << "a budget of one is two iterations";
+    f.Fit->SetIterations(500);
+    f.Fit->OnIteration = [&](TComponent*) {
+        if (++seen == 20) f.Fit->Stop();
+    };
+    seen = 0;
+    const double before = f.Fit->GetChiSquare();
+    f.Fit->Calculate();
+    EXPECT_EQ(seen, 20);
+    EXPECT_EQ(f.Fit->GetIterationsDone(), 20);
+    EXPECT_LT(f.Fit->GetChiSquare(), before) << "the best so far is kept";
+    f.Restart({5, 0.7, 1});
+    seen = 100;
+    f.Fit->Calculate();
+    EXPECT_EQ(f.Fit->GetIterationsDone(), 1) << "nothing is better than 0";
+}
+
+TEST(FittedLine, TheCovarianceFormWeighsByTheSpreadOfRepeatedPoints) {
+    TFixture f;
+    f.Fit->SetDoCovariance(true);
+    EXPECT_NE(MessageOf<EMathError>([&] { f.Fit->SetParentSeries(f.Series); }).find("points of equal x"),
+              std::string::npos);
+    // Pairs about the curve, and a single point off it, which has no spread and so no say.
+    f.XV->Clear();
+    f.YV->Clear();
+    for (double x = 0; x < 10; x += 0.5)
+        for (double shift : {-0.1, 0.1}) f.Fill({{x, Decay(x, {5, 0.7, 1}) + shift}});
+    f.Fill({{4.2, 50}});
+    f.Fit->Calculate();
+    f.Fit->Calculate();
+    EXPECT_NEAR(f.Fit->GetY(1), Decay(1, {5, 0.7, 1}), 0.11);
+    EXPECT_NEAR(f.Fit->GetY(8), Decay(8, {5, 0.7, 1}), 0.11);
+}
+
+TEST(FittedLine, SaysWhatIsMissing) {
+    TFixture f;
+    TKxLiveVector zero(f.Form);
+    for (int i = 0; i < 40; ++i) zero.Add(0);
+    f.Fit->OnError = [](TComponent*, const Exception&) {};
+    f.Fit->SetParentSeries(f.Series);
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"decay: Reciprocal indefinite!", [&] { f.Fit->SetWeight(&zero); }},
+        {"decay: Not enough data!", [&] { f.Fit->SetCalculationStart(9.5); }},
+        {"decay: Simplex Fit: no iterations set!", [&] { f.Fit->SetIterations(0); }},
+        {"decay: Fitted Line: Order <=0", [&] { f.Fit->SetOrder(0); }},
+        {"decay: Fitted Line: no FittingFunction defined", [&] { f.Fit->SetFittingFunction({}); }},
+    };
+    for (const auto& [message, change] : cases) {
+        change();
+        f.Fit->Calculate();
+        EXPECT_EQ(f.Fit->GetError(), message);
+    }
+    EXPECT_THROW(f.Fit->SetCoefficient(0, 1), ERangeError);
+}
+
+TEST(FittedLine, OutfitsKeepTheFitAndNaNIsNoResult) {
+    TFixture f;
+    f.Fit->SetParentSeries(f.Series);
+    TKxIniList ini;
+    f.Fit->WriteToIni(ini, "F");
+    TKxFittedLine read(f.Form);
+    read.SetOrder(3);
+    read.ReadFromIni(ini, "F");
+    EXPECT_NEAR(read.GetCoefficient(1), 0.7, 1e-6);
+    EXPECT_EQ(read.GetExpression(), "a*exp(-b*x)+c");
+    f.Fit->SetFittingFunction([](double, const TKxRealArray&) { return std::sqrt(-1.0); });
+    f.Restart({1, 2, 3});
+    EXPECT_NE(MessageOf<EMathError>([&] { f.Fit->Calculate(); }).find("no finite value"), std::string::npos);
+    EXPECT_EQ(f.Fit->GetCoefficient(1), 2) << "the start is kept";
+}
+
+} // namespace
+} // namespace kx

@@ -1,0 +1,182 @@
+#include "analysis/Kxinterpolatedline.h"
+
+#include "analysis/Kxapproxsplineline.h"
+#include "analysis/Kxasplinedifferential.h"
+#include "analysis/Kxasplineintegral.h"
+#include "analysis/Kxdifferential.h"
+#include "analysis/Kxintegral.h"
+#include "support/graphfixture.h"
+
+#include <cmath>
+#include <memory>
+
+namespace kx {
+namespace {
+
+using test::MessageOf;
+using test::TGraphForm;
+
+struct TFixture : TGraphForm {
+    TFixture() { Series->SetName("Series1"); }
+    /// Points of a function at 0, Step, ..., Last.
+    void Sample(double (*Function)(double), double Last, double Step) {
+        for (double x = 0; x <= Last + Step / 2; x += Step) Fill({{x, Function(x)}});
+    }
+    template <class T>
+    T* AddCurve(const char* Name) {
+        auto* curve = new T(Form);
+        curve->SetName(Name);
+        curve->SetParentSeries(Series);
+        return curve;
+    }
+    TKxDataWithErrorSeries* Series = AddSeries();
+};
+
+/// The largest distance of a curve from a function over the parent's data.
+double WorstOf(const TKxCalculatedSeries& Curve, double Last, double (*Function)(double)) {
+    double worst = 0;
+    for (int i = 0; i < Curve.GetXData()->GetCount(); ++i) {
+        const double x = Curve.GetXData()->GetValue(i);
+        if (x >= 0 && x <= Last) worst = std::max(worst, std::abs(Curve.GetYData()->GetValue(i) - Function(x)));
+    }
+    return worst;
+}
+
+TEST(InterpolatedSeries, FollowAFunctionItsSlopeAndItsIntegral) {
+    TFixture f;
+    f.Sample(std::sin, 6, 0.05);
+    const auto slope = [](double x) { return std::cos(x); };
+    const auto integral = [](double x) { return 1 - std::cos(x); };
+    const auto* line = f.AddCurve<TKxInterpolatedLine>("Line");
+    const auto* differential = f.AddCurve<TKxDifferential>("Differential");
+    const auto* area = f.AddCurve<TKxIntegral>("Integral");
+    f.Draw();
+    EXPECT_LT(WorstOf(*line, 6, std::sin), 2e-5);
+    EXPECT_LT(WorstOf(*differential, 5.9, slope), 2e-2);
+    EXPECT_LT(WorstOf(*area, 6, integral), 2e-5);
+    ASSERT_EQ(line->GetMaxima().Length(), 1);
+    EXPECT_NEAR(line->GetMaxima()[0].X, M_PI / 2, 1e-2);
+    EXPECT_NEAR(line->GetMaxima()[0].Y, 1, 1e-5);
+    EXPECT_NEAR(line->GetMinima()[0].X, 3 * M_PI / 2, 1e-2);
+    EXPECT_NEAR(area->GetMaxima()[0].Y, 2, 1e-4);
+    EXPECT_NEAR(differential->GetMinima()[0].Y, -1, 1e-2);
+
+    const auto* spline = f.AddCurve<TKxApproxSplineLine>("Spline");
+    const auto* splineSlope = f.AddCurve<TKxASplineDifferential>("SplineSlope");
+    const auto* splineArea = f.AddCurve<TKxASplineIntegral>("SplineArea");
+    for (TKxSeries* child : f.Series->GetChildren())
+        if (auto* curve = dynamic_cast<TKxApproxSplineFunction*>(child)) curve->SetWeightFactor(1e6);
+    f.Draw();
+    EXPECT_LT(WorstOf(*spline, 6, std::sin), 1e-4);
+    EXPECT_LT(WorstOf(*splineSlope, 5.5, slope), 0.1);
+    EXPECT_LT(WorstOf(*splineArea, 6, integral), 0.05);
+    const auto& stored = f.Series->GetResults();
+    for (const char* section :
+         {"Interpolation", "Differentiation", "Integration", "ApproximativeSpline",
+          "ApproximativeSplineDifferentiation", "ApproximativeSplineIntegral"})
+        EXPECT_TRUE(stored.SectionExists(section)) << section;
+    EXPECT_NEAR(stored.ReadReal("Differentiation", "Y-Minima(1)", 0), -1, 1e-2);
+}
+
+TEST(InterpolatedSeries, AnIntegralIsRightWithMorePointsThanPixels) {
+    TFixture f;
+    f.Sample([](double) { return 1.0; }, 20, 0.01);
+    const auto* area = f.AddCurve<TKxIntegral>("Integral");
+    f.Draw();
+    ASSERT_LT(area->GetXData()->GetCount(), f.XV->GetCount());
+    EXPECT_LT(WorstOf(*area, 20, [](double x) { return x; }), 1e-10);
+    // A zoom leaves it as it is, a resize makes it finer.
+    const int count = area->GetXData()->GetCount();
+    f.Graph->SetBounds(0, 0, 1400, 300);
+    f.Draw();
+    EXPECT_GT(area->GetXData()->GetCount(), 2 * count);
+    EXPECT_LT(WorstOf(*area, 20, [](double x) { return x; }), 1e-10);
+}
+
+TEST(InterpolatedSeries, SmoothingIsSwitchedOnByItsWidthAndMeasuredOnTheAxis) {
+    TFixture f;
+    f.Fill({{1, 0}, {2, 3}, {3, 0}, {4, 3}, {5, 0}});
+    auto* line = f.AddCurve<TKxInterpolatedLine>("Line");
+    line->SetSmoothM(1.5);
+    EXPECT_TRUE(line->GetDoSmoothing());
+    f.Draw();
+    EXPECT_NEAR(line->GetY(3), (0 + 2 * (1.0 / 3) * 3) / (1 + 2.0 / 3), 1e-12);
+    f.X->SetScaling(AxLogEE);
+    line->SetSmoothM(0.2); // decades: 3 to 4 and 2 to 3, not 1 to 2
+    f.Draw();
+    const double w2 = 1 - std::log10(3 / 2.0) / 0.2, w4 = 1 - std::log10(4 / 3.0) / 0.2;
+    EXPECT_NEAR(line->GetY(3), (3 * w2 + 3 * w4) / (1 + w2 + w4), 1e-12);
+
+    TKxIniList ini;
+    line->WriteToIni(ini, "L");
+    TKxInterpolatedLine read(f.Form);
+    read.ReadFromIni(ini, "L");
+    EXPECT_TRUE(read.GetDoSmoothing());
+    EXPECT_EQ(read.GetSmoothM(), 0.2);
+    TKxApproxSplineLine spline(f.Form);
+    spline.SetWeightFactor(7);
+    spline.ReadFromIni(ini, "L");
+    EXPECT_EQ(spline.GetWeightFactor(), 1) << "without the key";
+}
+
+TEST(InterpolatedSeries, ResultsHoldTheExtremaThatAreThere) {
+    TFixture f;
+    f.Fill({{0, 1}, {1, 0}});
+    auto* line = new TKxInterpolatedLine(f.Form);
+    line->SetName("Line");
+    EXPECT_NE(MessageOf<EMathError>([&] { line->SetParentSeries(f.Series); }).find("Not enough data!"),
+              std::string::npos);
+    EXPECT_EQ(line->GetXData()->GetCount(), 0);
+    f.Fill({{2, 5}, {3, 0}, {4, 0.5}});
+    f.Draw();
+    TStringList keys;
+    line->GetResults().ReadSection("Line", keys);
+    std::string joined;
+    for (int i = 7; i < keys.GetCount(); ++i) joined += keys.GetLine(i) + " ";
+    EXPECT_EQ(joined, "X-Minima(1) Y-Minima(1) X-Minima(2) Y-Minima(2) X-Maxima(1) Y-Maxima(1) ");
+}
+
+TEST(SecondaryAxis, IsMadeSharedAndNumbered) {
+    TFixture f;
+    f.Sample(std::cos, 3, 0.5);
+    f.Draw();
+    auto* first = f.AddCurve<TKxDifferential>("First");
+    TKxAxis* axis = first->GetYAxis();
+    ASSERT_NE(axis, nullptr);
+    EXPECT_EQ(axis->GetName(), "SecondaryAxis1");
+    EXPECT_EQ(axis->GetPosition(), AxRightPos);
+    EXPECT_EQ(axis->GetParent(), f.Graph);
+    axis->SetVisible(false);
+    EXPECT_EQ(f.AddCurve<TKxIntegral>("Second")->GetYAxis(), axis) << "the one there is";
+    EXPECT_EQ(f.AddCurve<TKxASplineDifferential>("Third")->GetYAxis(), axis);
+    EXPECT_TRUE(axis->GetVisible());
+    f.Draw();
+    EXPECT_LT(f.Y->GetStop(), 1.5) << "the derivative widens its own axis";
+    EXPECT_LT(axis->GetStart(), -0.9);
+
+    delete f.Form->FindComponent("First");
+    EXPECT_EQ(f.Form->FindComponent("SecondaryAxis1"), axis) << "the axis stays";
+    axis->SetParent(nullptr); // on no graph any more, but the name is taken
+    EXPECT_EQ(f.AddCurve<TKxDifferential>("Fourth")->GetYAxis()->GetName(), "SecondaryAxis2");
+}
+
+TEST(SecondaryAxis, IsTheParentsWithZeroOriginAndAMasterIsFollowedAgain) {
+    TFixture f;
+    f.Sample(std::cos, 3, 0.5);
+    f.Graph->SetZeroOrigin(true);
+    EXPECT_EQ(f.AddCurve<TKxDifferential>("First")->GetYAxis(), f.Y);
+    f.Graph->SetZeroOrigin(false);
+    auto* slave = new TKxAxis(f.Form);
+    slave->SetParent(f.Graph);
+    slave->SetPosition(AxRightPos);
+    slave->SetMasterAxis(f.Y);
+    slave->SetIsSlave(true);
+    auto* second = f.AddCurve<TKxIntegral>("Second");
+    EXPECT_EQ(second->GetYAxis(), slave);
+    EXPECT_FALSE(slave->GetIsSlaveAxis());
+    delete second;
+    EXPECT_TRUE(slave->GetIsSlaveAxis());
+}
+
+} // namespace
+} // namespace kx
