@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numeric>
 #include <tuple>
 #include <utility>
@@ -14,9 +15,18 @@ namespace kx {
 namespace {
 
 constexpr int CLeastPoints = 3;
+constexpr int CBlock = 256;
 
 /// Value, or Otherwise when Value is not finite. Without a branch, for loops to be vectorised.
 double Held(double Value, double Otherwise = 0) { return Value - Value == 0 ? Value : Otherwise; }
+
+bool AllUsable(const double* X, const double* Y, double Start, double Stop) {
+    std::int64_t usable = -1;
+    for (int i = 0; i < CBlock; ++i) {
+        usable &= -std::int64_t(X[i] >= Start) & -std::int64_t(X[i] <= Stop) & -std::int64_t(X[i]-X[i]+(Y[i]-Y[i])==0);
+    }
+    return usable;
+}
 
 /// Out[i] = the slope of the chord from point i to the next.
 void ChordSlopes(const double* __restrict X, const double* __restrict A, double* __restrict Out, int Chords) {
@@ -59,6 +69,13 @@ int TKxAkima::TakePoints(double Start, double Stop, const TKxCustomRealVector& X
     double* const outY = A.Data();
     int points = 0;
     for (int i = 0; i < n; ++i) {
+        if (i % CBlock == 0 && !w && i + CBlock <= n && AllUsable(x + i, y + i, Start, Stop)) {
+            std::copy_n(x + i, CBlock, outX + points);
+            std::copy_n(y + i, CBlock, outY + points);
+            points += CBlock;
+            i += CBlock - 1;
+            continue;
+        }
         if (!(x[i] >= Start && x[i] <= Stop) || !std::isfinite(x[i]) || !std::isfinite(y[i])) continue;
         if (w && (w[i] == 0 || !std::isfinite(w[i]))) continue;
         outX[points] = x[i];
@@ -148,11 +165,19 @@ void TKxAkima::CalcCoeffs() {
     ClearExtrema();
     for (TKxRealArray* array : {&B, &C, &D}) array->SetLength(Count + 4);
     // Kept: the slope at X[Count] takes M[Count + 3], which is 0, for the chord that is not there.
-    KnotSlopes(M.Data(), B.Data(), Count + 1);
+    constexpr int CBlock=512;
+    KnotSlopes(M.Data(), B.Data(), 1);
+    int i = 0;
+    for (; i < Count; i += CBlock) {
+        const int n = std::min(CBlock, Count - i);
+        KnotSlopes(M.Data() + i+1, B.Data()+i+1, n);
+        PieceCoeffs(X.Data() + i, B.Data() + i, M.Data() + i + 2, C.Data() + i, D.Data() + i, n);
+    }
     B[Count + 1] = B[Count - 1];
     B[Count + 2] = B[Count];
     B[Count + 3] = C[Count + 3] = D[Count + 3] = 0;
-    PieceCoeffs(X.Data(), B.Data(), M.Data() + 2, C.Data(), D.Data(), Count + 3);
+    i = Count;
+    PieceCoeffs(X.Data() + i, B.Data() + i, M.Data() + i + 2, C.Data() + i, D.Data() + i, 3);
     Index = 0;
 }
 

@@ -20,9 +20,9 @@ void TKxApproxSplineFunction::ReadFromIni(TKxIniList& Ini, const AnsiString& Sec
 
 const TPropertyTable& TKxApproxSplineFunction::Properties() {
     using T = TKxApproxSplineFunction;
-    static const TPropertyTable table("TKxApproxSplineFunction", &TKxCalculatedSeries::Properties(),
-                                      {Published<&T::GetWeightFactor, &T::SetWeightFactor>(
-                                          "WeightFactor", 1.0, "multiplies all weights")});
+    static const TPropertyTable table(
+        "TKxApproxSplineFunction", &TKxCalculatedSeries::Properties(),
+        {Published<&T::GetWeightFactor, &T::SetWeightFactor>("WeightFactor", 1.0, "multiplies all weights")});
     return table;
 }
 

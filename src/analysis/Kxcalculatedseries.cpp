@@ -187,21 +187,34 @@ void TKxCalculatedSeries::WriteResults(TKxIniList& List, const AnsiString& Secti
 }
 
 void TKxCalculatedSeries::StoreResults() {
-    auto& parent = FParentSeries->GetResults();
-    parent.EraseSection(FParentSection);
-    FParentSection = StripBlanks(GetCalculationID() + GetOwnIndex());
-    StoreResultsIn(parent, FParentSection);
-    GetResults().EraseSection(FOwnSection);
-    FOwnSection = GetName();
-    StoreResultsIn(GetResults(), FOwnSection);
+    StoreResultsIn(FParentSeries->GetResults(), FParentSection,
+                   StripBlanks(GetCalculationID() + GetOwnIndex()));
+    StoreResultsIn(GetResults(), FOwnSection, GetName());
 }
 
-// Sections are written whole: a key that has gone, such as the coefficient of a higher order, must not stay.
-void TKxCalculatedSeries::StoreResultsIn(TKxIniList& List, const AnsiString& Section) const {
-    List.EraseSection(Section);
-    if (FError.empty()) return WriteResults(List, Section);
-    TKxCalculatedSeries::WriteResults(List, Section);
-    List.WriteString(Section, "Error", FError);
+// Where the keys are those of the time before, the values are replaced in their place. Otherwise the section
+// is written anew: a key that has gone, such as the coefficient of a higher order, must not stay.
+void TKxCalculatedSeries::StoreResultsIn(TKxIniList& List, AnsiString& Last,
+                                         const AnsiString& Section) const {
+    TKxIniList fresh;
+    if (FError.empty()) {
+        WriteResults(fresh, Section);
+    } else {
+        TKxCalculatedSeries::WriteResults(fresh, Section);
+        fresh.WriteString(Section, "Error", FError);
+    }
+    TStringList keys, before;
+    fresh.ReadSection(Section, keys);
+    List.ReadSection(Section, before);
+    if (Last != Section) List.EraseSection(Last);
+    if (keys.GetText() != before.GetText()) {
+        List.EraseSection(Section);
+        while (List.GetCount() > 0 && List.GetLine(List.GetCount() - 1).empty())
+            List.Delete(List.GetCount() - 1);
+    }
+    for (int i = 0; i < keys.GetCount(); ++i)
+        List.WriteString(Section, keys.GetLine(i), fresh.ReadString(Section, keys.GetLine(i), ""));
+    Last = Section;
 }
 
 void TKxCalculatedSeries::AddResultLabel(TKxResultListener* Label) {

@@ -118,8 +118,8 @@ protected:
     void GetContinousLine();
     /// Computes the curve between the display ends, from results that stand: GetContinousLine.
     virtual void FillCurve() { GetContinousLine(); }
-    /// The first layout, a resize, or an automatic display end that the axis has outgrown: the curve has to be
-    /// filled anew. Moves such ends.
+    /// The first layout, a resize, or an automatic display end that the axis has outgrown: the curve has to
+    /// be filled anew. Moves such ends.
     bool CurveIsOutgrown();
     /// Takes the Y axis to draw against when the series gets a parent: the parent's.
     virtual void TakeYAxis(TKxNotCalculatedSeries& Parent) { SetYAxis(Parent.GetYAxis()); }
@@ -145,6 +145,9 @@ protected:
     void FOnWeightChanged(int Index, bool WasDeleted) override;
     bool FollowsVectors() const override { return false; }
     bool BreaksAtGaps() const override { return true; }
+    /// On a logarithmic axis that shows the parent's data a curve that dives towards 0 (or rises) takes the
+    /// axis no more than a decade beyond them.
+    void GetNewYStartStop() override;
 
     /// The curve. Owned; made by the constructor.
     TKxLiveVector& DisplayX() { return *FDisplayX; }
@@ -159,7 +162,8 @@ private:
     void CalculationFailed(Exception& Error);
     void SetDisplayLimits();
     void StoreResults();
-    void StoreResultsIn(TKxIniList& List, const AnsiString& Section) const;
+    /// Last is the section of the time before.
+    void StoreResultsIn(TKxIniList& List, AnsiString& Last, const AnsiString& Section) const;
     void UpdateAutoCaption();
     void TellResultLabels();
     void SampleVisible();

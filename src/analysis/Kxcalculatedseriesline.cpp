@@ -110,6 +110,20 @@ void TKxCalculatedSeries::Fill(TKxLiveVector& Vector, std::span<const double> Va
     Vector.Listeners().Call(-1, true);
 }
 
+void TKxCalculatedSeries::GetNewYStartStop() {
+    TKxSeries::GetNewYStartStop();
+    if (!FParentSeries || !GetYAxis() || GetYAxis()->GetScaling() == AxNormal) return;
+    const TRange& data = FParentSeries->GetYRange();
+    if (GetYAxis() != FParentSeries->GetYAxis() ||
+        !(data.GetStart() > 0 && data.GetStart() <= data.GetStop()))
+        return;
+    constexpr double CDecade = 10;
+    if (FYRange.GetStart() > FYRange.GetStop()) return;
+    const double lowest = data.GetStart() / CDecade, highest = data.GetStop() * CDecade;
+    if (FYRange.GetStart() < lowest || FYRange.GetStop() > highest)
+        FYRange.SetStartStop(std::max(FYRange.GetStart(), lowest), std::min(FYRange.GetStop(), highest));
+}
+
 // A zoomed view is the user's: a curve that is sampled for it moves no axis.
 void TKxCalculatedSeries::CurveChanged() {
     if (GetXAxis() && GetXAxis()->CanZoomBack())

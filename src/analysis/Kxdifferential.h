@@ -6,8 +6,8 @@
 
 namespace kx {
 
-/// The base of curves that are drawn against a secondary axis, which is found or made when the series gets its
-/// parent, unless it has a Y axis or is being loaded.
+/// The base of curves that are drawn against a secondary axis, which is found or made when the series gets
+/// its parent, unless it has a Y axis or is being loaded.
 class TKxInterpolatedSecondary : public TKxAkimaFunction {
 public:
     using TKxAkimaFunction::TKxAkimaFunction;

@@ -66,7 +66,9 @@ double TKxFittedLine::GetDeltaCoefficient(int I) const {
     return I < FDeltas.Length() ? FDeltas[I] : CMaxReal;
 }
 
-double TKxFittedLine::GetY(double X) const { return FFittingFunction ? FFittingFunction(X, FCoefficients) : X; }
+double TKxFittedLine::GetY(double X) const {
+    return FFittingFunction ? FFittingFunction(X, FCoefficients) : X;
+}
 
 void TKxFittedLine::CalculateFunction() {
     FDeltas = {};

@@ -20,8 +20,8 @@ using TKxFittingBlockFkt =
 /// DoCovariance of |w d r|, r being a point's distance from the model and d its distance from the Akima
 /// interpolant of the points (so only points of equal x have any).
 ///
-/// Each calculation starts from the coefficients that the one before has left. So live data keep the fit near, and
-/// repeating a calculation opens a simplex that has frozen.
+/// Each calculation starts from the coefficients that the one before has left. So live data keep the fit
+/// near, and repeating a calculation opens a simplex that has frozen.
 class TKxFittedLine : public TKxCalculatedSeries {
 public:
     using TKxCalculatedSeries::TKxCalculatedSeries;
@@ -47,14 +47,15 @@ public:
     void SetCoefficient(int I, double Value);
     /// The best sum of the last fit.
     double GetChiSquare() const { return FChiSquare; }
-    /// Standard error of a coefficient, from the curvature of the sum of squares at the minimum (Kxcurvature.h),
-    /// scaled by the reduced chi-square; CMaxReal where it cannot be told. Raises as GetCoefficient does.
+    /// Standard error of a coefficient, from the curvature of the sum of squares at the minimum
+    /// (Kxcurvature.h), scaled by the reduced chi-square; CMaxReal where it cannot be told. Raises as
+    /// GetCoefficient does.
     double GetDeltaCoefficient(int I) const;
     /// Iterations that the last fit has done.
     int GetIterationsDone() const { return FIterationsDone; }
 
-    /// Ends a running fit after its present iteration; the best coefficients so far are the result. For handlers
-    /// of OnIteration, and safe in a signal handler.
+    /// Ends a running fit after its present iteration; the best coefficients so far are the result. For
+    /// handlers of OnIteration, and safe in a signal handler.
     void Stop() { FStopped = true; }
     TKxAnyEvent OnIteration; ///< after every iteration of the simplex
 
@@ -62,10 +63,10 @@ public:
     AnsiString GetCalculationID() const override { return CalculationID(); }
     AnsiString GetFormula() const override { return FExpression; }
     double GetY(double X) const override;
-    /// Keys after those of the base: VarianceCoVariance ("Covariance" or "Variance"), ChiSquare, Order, Iterations,
-    /// CoeffName(i) and Coeff(i) of each coefficient from i = 1; then Points, the number N of points that took
-    /// part; ResidualVariance = sum of |w| r^2 / (N - Order) where N > Order; DeltaCoeff(i), see
-    /// GetDeltaCoefficient, where it can be told.
+    /// Keys after those of the base: VarianceCoVariance ("Covariance" or "Variance"), ChiSquare, Order,
+    /// Iterations, CoeffName(i) and Coeff(i) of each coefficient from i = 1; then Points, the number N of
+    /// points that took part; ResidualVariance = sum of |w| r^2 / (N - Order) where N > Order; DeltaCoeff(i),
+    /// see GetDeltaCoefficient, where it can be told.
     void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
     void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
     void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
@@ -75,15 +76,16 @@ public:
 
 protected:
     void CalculateFunction() override;
-    /// Moves the coefficients to the smallest sum. Raises EMathError "Simplex Fit: no order set!", "Simplex Fit: no
-    /// iterations set!", "Not enough data!" for fewer points than coefficients, "Reciprocal indefinite!" when all
-    /// weights are 0.
+    /// Moves the coefficients to the smallest sum. Raises EMathError "Simplex Fit: no order set!", "Simplex
+    /// Fit: no iterations set!", "Not enough data!" for fewer points than coefficients, "Reciprocal
+    /// indefinite!" when all weights are 0.
     void DoFit();
 
 private:
     void CollectPoints();
     void FindDeviations();
-    void EvaluateModel(std::span<const double> X, const TKxRealArray& Coefficients, std::span<double> Y) const;
+    void EvaluateModel(std::span<const double> X, const TKxRealArray& Coefficients,
+                       std::span<double> Y) const;
     template <class F>
     double SumOverPoints(const TKxRealArray& Coefficients, F Term) const;
     double Goodness(const TKxRealArray& Coefficients) const;
@@ -97,7 +99,8 @@ private:
     AnsiString FExpression;
     TKxRealArray FCoefficients, FDeltas;
     double FChiSquare = 0, FSumOfSquares = 0;
-    std::vector<double> FX, FY, FWeights, FDeviations; ///< the points that take part; the last two may be empty
+    std::vector<double> FX, FY, FWeights,
+        FDeviations; ///< the points that take part; the last two may be empty
     volatile bool FStopped = false;
 };
 

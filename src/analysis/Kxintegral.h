@@ -5,8 +5,8 @@
 
 namespace kx {
 
-/// The integral of the interpolated curve from the first display position on, with its extrema. It is 0 there if
-/// that position is a knot; it is measured from the knot left of it otherwise.
+/// The integral of the interpolated curve from the first display position on, with its extrema. It is 0 there
+/// if that position is a knot; it is measured from the knot left of it otherwise.
 class TKxIntegral : public TKxInterpolatedSecondary {
 public:
     using TKxInterpolatedSecondary::TKxInterpolatedSecondary;

@@ -18,15 +18,16 @@ void Append(TKxRealPosArray& Array, double x, double y) {
 void TKxIntPolynom::RecalculateCoeffs(double, double, TKxCustomRealVector*, TKxCustomRealVector*,
                                       TKxCustomRealVector*) {}
 
-int TKxIntPolynom::Search(double x, int Last) {
-    if (Last < 0) throw EMathError("Not enough data!");
+int TKxIntPolynom::Search(double x) {
+    const int last = LastPiece();
+    if (last < 0) throw EMathError("Not enough data!");
     constexpr int CNear = 16; // so many pieces are passed faster than halved
     const double* const knots = X.Data();
-    int i = std::clamp(Index, 0, Last);
-    for (int steps = 0; steps < CNear && i < Last && x >= knots[i + 1]; ++steps) ++i;
+    int i = std::clamp(Index, 0, last);
+    for (int steps = 0; steps < CNear && i < last && x >= knots[i + 1]; ++steps) ++i;
     for (int steps = 0; steps < CNear && i > 0 && x < knots[i]; ++steps) --i;
-    const bool found = (i == 0 || x >= knots[i]) && (i == Last || x < knots[i + 1]);
-    if (!found) i = std::max(int(std::upper_bound(knots, knots + Last + 1, x) - knots) - 1, 0);
+    const bool found = (i == 0 || x >= knots[i]) && (i == last || x < knots[i + 1]);
+    if (!found) i = std::max(int(std::upper_bound(knots, knots + last + 1, x) - knots) - 1, 0);
     return Index = i;
 }
 

@@ -74,38 +74,36 @@ protected:
     }
 
 private:
-    int Search(double x, int Last);
+    int Search(double x);
     void AddExtremum(double x);
     void FindExtremaOfPiece(int i);
     double SlopeAtInflection(int Piece, double Otherwise, double& x);
 };
 
 inline int TKxIntPolynom::FindIndex(double x) {
-    const int last = LastPiece(), i = Index;
-    const double* const knots = X.Data();
-    if (i >= 0 && i + 1 < last && x >= knots[i]) {
-        if (x < knots[i + 1]) return i;
-        if (x < knots[i + 2]) return Index = i + 1;
+    const int i = Index;
+    if (i >= 0 && i + 2 <= Count && i + 2 <= X.High() && x >= X[i]) {
+        if (x < X[i + 1]) return i;
+        if (x < X[i + 2]) return Index = i + 1;
     }
-    return Search(x, last);
+    return Search(x);
 }
 
 inline double TKxIntPolynom::Interpolate(double x) {
     const int i = FindIndex(x);
-    const long double t = static_cast<long double>(x) - X.Data()[i];
-    return static_cast<double>(((D.Data()[i] * t + C.Data()[i]) * t + B.Data()[i]) * t + A.Data()[i]);
+    const double t = x - X[i];
+    return ((D[i] * t + C[i]) * t + B[i]) * t + A[i];
 }
 
 inline double TKxIntPolynom::Slope(double x) {
     const int i = FindIndex(x);
-    const long double t = static_cast<long double>(x) - X.Data()[i];
-    return static_cast<double>((2 * C.Data()[i] + 3 * D.Data()[i] * t) * t + B.Data()[i]);
+    const double t = x - X[i];
+    return (2 * C[i] + 3 * D[i] * t) * t + B[i];
 }
 
 inline double TKxIntPolynom::Curvature(double x) {
     const int i = FindIndex(x);
-    const long double t = static_cast<long double>(x) - X.Data()[i];
-    return static_cast<double>(2 * C.Data()[i] + 6 * D.Data()[i] * t);
+    return 2 * C[i] + 6 * D[i] * (x - X[i]);
 }
 
 } // namespace kx

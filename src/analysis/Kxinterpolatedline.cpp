@@ -40,8 +40,8 @@ void TKxInterpolatedFunction::CalculateFunction() {
     FillCurve();
 }
 
-// The integration passes no more knots than it is given abscissae: where there are more data than pixels, positions
-// are put in between.
+// The integration passes no more knots than it is given abscissae: where there are more data than pixels,
+// positions are put in between.
 void TKxInterpolatedFunction::FillIntegral() {
     GetXSpacings();
     const auto x = DisplayX().Values();
@@ -61,7 +61,8 @@ void TKxInterpolatedFunction::WriteResults(TKxIniList& List, const AnsiString& S
     WritePoints(List, Section, "Maxima", GetMaxima());
 }
 
-TKxAkimaFunction::TKxAkimaFunction(TComponent* Owner) : TKxAkimaFunction(Owner, std::make_unique<TKxAkima>()) {}
+TKxAkimaFunction::TKxAkimaFunction(TComponent* Owner)
+    : TKxAkimaFunction(Owner, std::make_unique<TKxAkima>()) {}
 
 TKxAkimaFunction::TKxAkimaFunction(TComponent* Owner, std::unique_ptr<TKxAkima> Akima)
     : TKxInterpolatedFunction(Owner, std::move(Akima)), FAkima(static_cast<TKxAkima&>(Polynom())) {}

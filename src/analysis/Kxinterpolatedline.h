@@ -8,21 +8,21 @@
 
 namespace kx {
 
-/// The base of the series that are computed from a piecewise polynomial through or near their parent's points.
-/// Owns the polynomial, which its descendants make.
+/// The base of the series that are computed from a piecewise polynomial through or near their parent's
+/// points. Owns the polynomial, which its descendants make.
 class TKxInterpolatedFunction : public TKxCalculatedSeries {
 public:
     /// Minima and maxima of what the series shows, as (x, y); they share the polynomial's arrays.
     virtual TKxRealPosArray GetMinima() const { return FPolynom->Minima; }
     virtual TKxRealPosArray GetMaxima() const { return FPolynom->Maxima; }
-    /// Keys after those of the base: X-Minima(k) and Y-Minima(k) of each minimum from k = 1, then X-Maxima(k) and
-    /// Y-Maxima(k); for a differential those of the slope, for an integral those of the integral.
+    /// Keys after those of the base: X-Minima(k) and Y-Minima(k) of each minimum from k = 1, then X-Maxima(k)
+    /// and Y-Maxima(k); for a differential those of the slope, for an integral those of the integral.
     void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
 
 protected:
     TKxInterpolatedFunction(TComponent* Owner, std::unique_ptr<TKxIntPolynom> Polynom);
-    /// Computes the polynomial from the parent's points in the calculation range, and the extrema and the curve
-    /// of what the series shows (FindExtremaOfCurve, FillCurve).
+    /// Computes the polynomial from the parent's points in the calculation range, and the extrema and the
+    /// curve of what the series shows (FindExtremaOfCurve, FillCurve).
     void CalculateFunction() override;
     virtual void FindExtremaOfCurve() { FPolynom->FindExtrema(); }
     /// Adjusts the polynomial's settings before it is computed.

@@ -3,6 +3,7 @@
 #include "numeric/Kxstrings.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace kx {
 
@@ -23,7 +24,7 @@ TKxPolynomLine::TKxPolynomLine(TComponent* Owner) : TKxCalculatedSeries(Owner) {
 
 void TKxPolynomLine::StoreOrder(int Order) {
     FFit = {};
-    FFit.Order = std::max(Order, CLowestOrder);
+    FFit.Order = std::clamp(Order, CLowestOrder, std::numeric_limits<int>::max() - 1);
     FFit.Coefficients.SetLength(FFit.Order + 1);
 }
 

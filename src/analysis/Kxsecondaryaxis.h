@@ -5,8 +5,8 @@
 
 namespace kx {
 
-/// Finds or makes the Y axis that a series is drawn against besides its parent's. Owned by the series; the axis
-/// belongs to the form and stays when the series goes.
+/// Finds or makes the Y axis that a series is drawn against besides its parent's. Owned by the series; the
+/// axis belongs to the form and stays when the series goes.
 class TKxSecondaryAxis {
 public:
     /// Does nothing if Series has a Y axis, or its parent no X axis. With the graph's ZeroOrigin it takes the

@@ -3,6 +3,8 @@
 #include "platform/matherror.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
 #include <limits>
 #include <vector>
@@ -13,64 +15,66 @@ namespace {
 
 using TValues = std::vector<double>;
 
+/// What is summed up of weights, and of values times weights.
+#if defined(__GNUC__)
+using TLanes [[gnu::vector_size(16)]] = double;
+#else
+struct TLanes {
+    double Weight, Value;
+    friend TLanes operator+(TLanes a, TLanes b) { return {a.Weight + b.Weight, a.Value + b.Value}; }
+    friend TLanes operator-(TLanes a, TLanes b) { return {a.Weight - b.Weight, a.Value - b.Value}; }
+    friend TLanes operator*(TLanes a, TLanes b) { return {a.Weight * b.Weight, a.Value * b.Value}; }
+};
+#endif
+
 /// A number of about 32 digits as an unevaluated sum.
+template <class T>
 struct TPair {
-    double Hi = 0;
-    double Lo = 0;
+    T Hi{};
+    T Lo{};
 };
 
 /// Knuth's exact sum.
-TPair Sum(double a, double b) {
-    const double sum = a + b, part = sum - a;
+template <class T>
+TPair<T> Sum(T a, T b) {
+    const T sum = a + b, part = sum - a;
     return {sum, (a - (sum - part)) + (b - part)};
 }
 
-TPair Sum(const TPair& a, const TPair& b) {
-    const TPair hi = Sum(a.Hi, b.Hi);
+template <class T>
+TPair<T> Sum(const TPair<T>& a, const TPair<T>& b) {
+    const TPair<T> hi = Sum(a.Hi, b.Hi);
     return {hi.Hi, hi.Lo + (a.Lo + b.Lo)};
 }
 
-/// Dekker's exact product, of factors below 1e299.
-TPair Product(double a, double b) {
-    const auto upper = [](double v) {
-        const double c = 134217729 * v;
+/// Dekker's exact product of factors below 1e299, and what the lower parts add.
+TPair<TLanes> Product(const TPair<TLanes>& a, const TPair<TLanes>& b) {
+    const auto upper = [](TLanes v) {
+        const TLanes c = TLanes{134217729, 134217729} * v;
         return c - (c - v);
     };
-    const double a1 = upper(a), a2 = a - a1, b1 = upper(b), b2 = b - b1, product = a * b;
-    return {product, a2 * b2 - (((product - a1 * b1) - a2 * b1) - a1 * b2)};
+    const TLanes a1 = upper(a.Hi), a2 = a.Hi - a1, b1 = upper(b.Hi), b2 = b.Hi - b1, product = a.Hi * b.Hi;
+    const TLanes rest = a2 * b2 - (((product - a1 * b1) - a2 * b1) - a1 * b2);
+    return {product, rest + (a.Hi * b.Lo + a.Lo * b.Hi)};
 }
 
-TPair Product(const TPair& a, const TPair& b) {
-    const TPair hi = Product(a.Hi, b.Hi);
-    return {hi.Hi, hi.Lo + (a.Hi * b.Lo + a.Lo * b.Hi)};
-}
-
-/// Sums over points, t being the distance of a point from the anchor.
+/// Sums over points, of 1 and y and of both times the distance t from the anchor.
 struct TSums {
-    double Count = 0;
-    TPair T, Y, TY;
+    TPair<TLanes> Plain, Moment;
 
     void Add(double t, double y) {
-        ++Count;
-        Accumulate(T, t);
-        Accumulate(Y, y);
-        Accumulate(TY, t * y);
+        Accumulate(Plain, TLanes{1, y});
+        Accumulate(Moment, TLanes{t, t * y});
     }
     friend TSums operator+(const TSums& a, const TSums& b) {
-        return {a.Count + b.Count, Sum(a.T, b.T), Sum(a.Y, b.Y), Sum(a.TY, b.TY)};
+        return {Sum(a.Plain, b.Plain), Sum(a.Moment, b.Moment)};
     }
 
 private:
-    static void Accumulate(TPair& Total, double Value) {
-        const TPair sum = Sum(Total.Hi, Value);
+    static void Accumulate(TPair<TLanes>& Total, TLanes Value) {
+        const TPair<TLanes> sum = Sum(Total.Hi, Value);
         Total = {sum.Hi, Total.Lo + sum.Lo};
     }
-};
-
-/// Weighted sums for a point, weights in units of the window's half width.
-struct TMean {
-    double Weights = 0;
-    double Values = 0;
 };
 
 /// Points in ascending or, for the other side of the window, descending order of x; M and all distances
@@ -86,17 +90,19 @@ struct TSide {
         return std::abs(X[i * Step] - X[Anchor * Step]) * Scale;
     }
     /// M less the distance of i from the anchor, exactly.
-    TPair Rest(std::ptrdiff_t i, std::ptrdiff_t Anchor) const {
-        const TPair d = Sum(X[i * Step], -X[Anchor * Step]);
+    TPair<TLanes> Rest(std::ptrdiff_t i, std::ptrdiff_t Anchor) const {
+        const TPair<double> d = Sum(X[i * Step], -X[Anchor * Step]);
         const double scale = d.Hi < 0 ? Scale : -Scale;
-        return Sum({M, 0}, {d.Hi * scale, d.Lo * scale});
+        const TPair<double> rest = Sum(M, d.Hi * scale);
+        const double lo = rest.Lo + d.Lo * scale;
+        return {TLanes{rest.Hi, rest.Hi}, TLanes{lo, lo}};
     }
 };
 
 /// Adds to Means[i] the points before i that are nearer than M. The window is a queue of two stacks: sums
 /// from each of its older points up to the anchor, and one of the points since. When the last older point
 /// leaves, the newest one becomes the anchor and all points of the window older ones: each once.
-void AddPointsBefore(const TSide& Side, std::ptrdiff_t n, TMean* Means) {
+void AddPointsBefore(const TSide& Side, std::ptrdiff_t n, TLanes* Means) {
     std::vector<TSums> older; // [k]: of the points from anchor - k to the anchor
     TSums newer;
     std::ptrdiff_t lo = 0, anchor = -1;
@@ -116,10 +122,8 @@ void AddPointsBefore(const TSide& Side, std::ptrdiff_t n, TMean* Means) {
         }
         if (lo == i) continue;
         const TSums all = older[std::size_t(anchor - lo)] + newer;
-        const TPair rest = Side.Rest(i, anchor);
-        TMean& mean = Means[i * Side.Step];
-        mean.Weights += Sum(Product({all.Count, 0}, rest), all.T).Hi;
-        mean.Values += Sum(Product(all.Y, rest), all.TY).Hi;
+        const TPair<TLanes> total = Sum(Product(all.Plain, Side.Rest(i, anchor)), all.Moment);
+        Means[i * Side.Step] = Means[i * Side.Step] + (total.Hi + total.Lo);
     }
 }
 
@@ -138,12 +142,13 @@ TValues SmoothAscending(double M, const TValues& X, TValues Y) {
 
     const double scale = std::ldexp(1, -std::clamp(std::ilogb(M), -1000, 1000));
     const auto n = static_cast<std::ptrdiff_t>(X.size());
-    std::vector<TMean> means(X.size());
+    std::vector<TLanes> means(X.size(), TLanes{});
     AddPointsBefore({X.data(), Y.data(), 1, M * scale, scale}, n, means.data());
     AddPointsBefore({&X.back(), &Y.back(), -1, M * scale, scale}, n, &means.back());
+    const double own = M * scale;
     for (std::size_t i = 0; i < X.size(); ++i) {
-        const double own = M * scale;
-        if (means[i].Weights > 0) Y[i] = (own * Y[i] + means[i].Values) / (own + means[i].Weights);
+        const auto [weights, values] = std::bit_cast<std::array<double, 2>>(means[i]);
+        if (weights > 0) Y[i] = (own * Y[i] + values) / (own + weights);
         Y[i] /= yScale;
     }
     return Y;

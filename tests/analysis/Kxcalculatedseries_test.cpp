@@ -264,6 +264,9 @@ TEST(CalculatedSeries, SectionsOfOneKindAreNumberedAmongTheParentsChildren) {
         EXPECT_TRUE(stored.SectionExists(section)) << section;
     EXPECT_EQ(second->GetOwnIndex(), " (2)");
     EXPECT_EQ(second->GetResults().ReadString("Second", "Calculation", ""), "Polynomial Regression");
+    const int lines = stored.GetCount();
+    for (int i = 0; i < 10; ++i) line->Calculate();
+    EXPECT_EQ(stored.GetCount(), lines) << "the store does not grow";
     delete first;
     f.Draw();
     EXPECT_TRUE(stored.SectionExists("PolynomialRegression"));

@@ -56,10 +56,11 @@ TEST(FittedLine, WeightsRangeAndBlocksAreHeeded) {
     f.Fill({{20, 300}, {21, NAN}});
     f.Fit->SetCalculationStop(15);
     int calls = 0;
-    f.Fit->SetFittingBlockFunction([&](std::span<const double> X, const TKxRealArray& C, std::span<double> Y) {
-        ++calls;
-        for (std::size_t i = 0; i < X.size(); ++i) Y[i] = Decay(X[i], C);
-    });
+    f.Fit->SetFittingBlockFunction(
+        [&](std::span<const double> X, const TKxRealArray& C, std::span<double> Y) {
+            ++calls;
+            for (std::size_t i = 0; i < X.size(); ++i) Y[i] = Decay(X[i], C);
+        });
     f.Fit->SetParentSeries(f.Series);
     EXPECT_GT(calls, 100);
     EXPECT_NEAR(f.Fit->GetCoefficient(0), 5, 1e-6);

@@ -37,7 +37,8 @@ double WorstOf(const TKxCalculatedSeries& Curve, double Last, double (*Function)
     double worst = 0;
     for (int i = 0; i < Curve.GetXData()->GetCount(); ++i) {
         const double x = Curve.GetXData()->GetValue(i);
-        if (x >= 0 && x <= Last) worst = std::max(worst, std::abs(Curve.GetYData()->GetValue(i) - Function(x)));
+        if (x >= 0 && x <= Last)
+            worst = std::max(worst, std::abs(Curve.GetYData()->GetValue(i) - Function(x)));
     }
     return worst;
 }
@@ -71,9 +72,8 @@ TEST(InterpolatedSeries, FollowAFunctionItsSlopeAndItsIntegral) {
     EXPECT_LT(WorstOf(*splineSlope, 5.5, slope), 0.1);
     EXPECT_LT(WorstOf(*splineArea, 6, integral), 0.05);
     const auto& stored = f.Series->GetResults();
-    for (const char* section :
-         {"Interpolation", "Differentiation", "Integration", "ApproximativeSpline",
-          "ApproximativeSplineDifferentiation", "ApproximativeSplineIntegral"})
+    for (const char* section : {"Interpolation", "Differentiation", "Integration", "ApproximativeSpline",
+                                "ApproximativeSplineDifferentiation", "ApproximativeSplineIntegral"})
         EXPECT_TRUE(stored.SectionExists(section)) << section;
     EXPECT_NEAR(stored.ReadReal("Differentiation", "Y-Minima(1)", 0), -1, 1e-2);
 }

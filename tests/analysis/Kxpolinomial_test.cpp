@@ -68,5 +68,17 @@ TEST(PolynomLine, FailuresNameTheSeriesAndAnOutfitKeepsTheOrder) {
     EXPECT_EQ(read.GetCoeff(7), 0);
 }
 
+TEST(PolynomLine, ADiveTowardsZeroTakesALogarithmicAxisADecadeBeyondTheDataAtMost) {
+    TFixture f;
+    f.Y->SetScaling(AxLogEE);
+    f.Fill({{0, 10}, {1, 1}, {2, 1}, {3, 10}}); // the parabola has zeros between
+    f.Fit->SetParentSeries(f.Series);
+    f.Draw();
+    EXPECT_LT(f.Fit->GetY(1.5), 0.2);
+    EXPECT_GE(f.Y->GetStart(), 0.1);
+    EXPECT_GE(f.Y->GetStop(), 10);
+    EXPECT_LE(f.Y->GetStop(), 100);
+}
+
 } // namespace
 } // namespace kx

@@ -76,7 +76,7 @@ TEST(Kxsmoothing, AWindowKeepsItsDigitsBesideGreatValuesAndCrowdsAtItsRim) {
     EXPECT_NEAR(found[1500], DirectMean(1, x, y, 1500), 1e-15);
     for (const std::size_t i : {1502, 1597, 1604, 2999})
         EXPECT_NEAR(wide[i], DirectMean(3, x, y, i), 1e-15) << i;
-    for (const double scale : {1.5e308, 1e-306}) {
+    for (const double scale : {1e308, 1e-306}) {
         const std::vector<double> scaled =
             Smoothed(1.5 * scale, {0, scale / 2, scale}, {scale, scale, scale / 2});
         EXPECT_NEAR(scaled[1] / scale, (1 + 2.0 / 3 + 1.0 / 3) / (1 + 4.0 / 3), 1e-12) << scale;

@@ -1,112 +1,12 @@
-// Runs the program itself, as a shell would, in a directory of its own.
+// What the program draws, and what it says.
 
-#include "platform/files.h"
-#include "support/recording.h"
+#include "kxplot/program.h"
 
-#include <gtest/gtest.h>
-
-#include <fcntl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <filesystem>
-#include <regex>
 #include <set>
-#include <sstream>
-#include <string>
-#include <vector>
 
 namespace {
 
-namespace fs = std::filesystem;
-using TNames = std::vector<std::string>;
-
-struct TOutcome {
-    int Status = -1;
-    std::string Output, Errors;
-};
-
-class KxplotProgram : public testing::Test {
-protected:
-    void SetUp() override { Write("d.csv", "t,u,v,e\n1,2,3,0.1\n2,4,5,0.2\n3,3,nan,0.1\n"); }
-
-    void Write(const std::string& Name, const std::string& Text) const {
-        kx::ReplaceFile(FDirectory / Name, Text);
-    }
-    std::string Read(const std::string& Name) const { return kx::ReadFile(FDirectory / Name); }
-    bool Has(const std::string& Name) const { return kx::FileExists(FDirectory / Name); }
-    /// The files of the directory but d.csv, hidden ones too.
-    TNames Files() const {
-        TNames names;
-        for (const auto& entry : fs::directory_iterator(FDirectory / ""))
-            if (entry.path().filename() != "d.csv") names.push_back(entry.path().filename().string());
-        std::sort(names.begin(), names.end());
-        return names;
-    }
-
-    TOutcome Run(TNames Arguments, const std::string& Input = "") const {
-        const kx::test::TTemporaryDirectory streams;
-        kx::ReplaceFile(streams / "in", Input);
-        const pid_t child = fork();
-        if (child == 0) RunChild(Arguments, streams);
-        int status = 0;
-        waitpid(child, &status, 0);
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, kx::ReadFile(streams / "out"),
-                kx::ReadFile(streams / "err")};
-    }
-
-    /// The picture as SVG; a failure shows what the program said.
-    std::string Svg(TNames Arguments) const {
-        Arguments.insert(Arguments.begin(), "d.csv");
-        Arguments.insert(Arguments.end(), {"-o", "p.svg"});
-        const TOutcome outcome = Run(Arguments);
-        EXPECT_EQ(outcome.Status, 0) << outcome.Errors;
-        return outcome.Status == 0 ? Read("p.svg") : "";
-    }
-
-    /// One line about what is wrong; Arguments are words.
-    void ExpectError(int Status, const std::string& Arguments, const std::string& Message,
-                     const std::string& Input = "") const {
-        SCOPED_TRACE(Arguments);
-        std::istringstream words(Arguments);
-        const TOutcome outcome = Run(TNames(std::istream_iterator<std::string>(words), {}), Input);
-        EXPECT_EQ(outcome.Status, Status);
-        EXPECT_TRUE(std::regex_match(outcome.Errors, std::regex("kxplot: " + Message + "\n")))
-            << outcome.Errors;
-    }
-
-    /// A picture with data that is drawn, without a word.
-    void ExpectDrawn(const std::string& Text, TNames Arguments = {}) const {
-        SCOPED_TRACE(Text);
-        Write("case.csv", Text);
-        Arguments.insert(Arguments.begin(), "case.csv");
-        const TOutcome outcome = Run(Arguments);
-        EXPECT_EQ(outcome.Status, 0);
-        EXPECT_EQ(outcome.Errors, "");
-        EXPECT_TRUE(Has("case.png"));
-    }
-
-private:
-    [[noreturn]] void RunChild(TNames& Arguments, const kx::test::TTemporaryDirectory& Streams) const {
-        const auto open = [&](const char* Name, int Flags, int Target) {
-            dup2(::open((Streams / Name).c_str(), Flags | O_CREAT, 0600), Target);
-        };
-        open("in", O_RDONLY, 0);
-        open("out", O_WRONLY, 1);
-        open("err", O_WRONLY, 2);
-        if (chdir((FDirectory / "").c_str()) != 0) _exit(126);
-        setenv("LC_ALL", "de_DE.UTF-8", 1); // its decimal comma must show nowhere
-        Arguments.insert(Arguments.begin(), KXPLOT);
-        std::vector<char*> pointers;
-        for (auto& argument : Arguments) pointers.push_back(argument.data());
-        pointers.push_back(nullptr);
-        execv(KXPLOT, pointers.data());
-        _exit(127);
-    }
-
-    kx::test::TTemporaryDirectory FDirectory;
-};
+using namespace kxplot::test;
 
 TEST_F(KxplotProgram, WritesAPngOfDefaultSizeBesideTheDataAndNothingElse) {
     const TOutcome outcome = Run({"d.csv"});

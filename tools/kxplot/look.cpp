@@ -19,6 +19,8 @@ constexpr std::array<TColor, 8> CPalette{RGB(0x00, 0x72, 0xB2), RGB(0xD5, 0x5E, 
 constexpr std::array<TKxPointSymbol, 5> CSymbols{SyCircleFilled, SySquareFilled, SyDiamondFilled,
                                                  SyDeltaFilled, SyNablaFilled};
 
+constexpr std::array<TPenStyle, 4> CFitStyles{psSolid, psDash, psDot, psDashDot};
+
 /// The colour as it looks through three quarters of white.
 constexpr TColor Tint(TColor Color) {
     const auto lighter = [](int Part) { return (Part + 3 * 255) / 4; };
@@ -64,7 +66,8 @@ void DressAxis(TKxAxis& Axis) {
     Axis.SetMajorTickColor(CInk);
 }
 
-void DressSeries(TKxDataWithErrorSeries& Series, int Number, TStyle Style, bool HasErrors) {
+void DressSeries(TKxDataWithErrorSeries& Series, int Number, TStyle Style, bool HasErrors,
+                 bool SmallSymbols) {
     const TColor color = CPalette[std::size_t(Number) % CPalette.size()];
     const bool symbols = Style != TStyle::Line;
     Series.SetBreakAtGaps(true);
@@ -74,11 +77,19 @@ void DressSeries(TKxDataWithErrorSeries& Series, int Number, TStyle Style, bool 
     Series.GetAreaStyle().SetColor(Tint(color));
     Series.GetAreaStyle().SetDrawXOred(false);
     Series.GetPointStyle().SetColor(color);
-    Series.GetPointStyle().SetSize(3);
+    Series.GetPointStyle().SetSize(SmallSymbols ? 1 : 3);
     // Error bars come with the symbols: a point on the line is a symbol that does not show.
     Series.GetPointStyle().SetVisible(symbols || HasErrors);
     Series.GetPointStyle().SetStyle(symbols ? CSymbols[std::size_t(Number) % CSymbols.size()] : SyPoint);
     Series.SetErrorColor(color);
+}
+
+void DressFit(TKxSeries& Fit, int Number, int Series, bool SeveralSeries) {
+    const auto number = std::size_t(Number);
+    const std::size_t color = SeveralSeries ? std::size_t(Series) : 1 + number % (CPalette.size() - 1);
+    Fit.GetLineStyle().SetColor(CPalette[color % CPalette.size()]);
+    Fit.GetLineStyle().SetStyle(CFitStyles[number % CFitStyles.size()]);
+    Fit.GetLineStyle().SetWidth(2);
 }
 
 } // namespace kxplot

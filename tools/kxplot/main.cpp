@@ -75,7 +75,12 @@ void WritePicture(TPlot& Plot, const TOptions& Options, const std::string& FileN
         kx::qt::WritePng(FileName, picture, paint);
 }
 
-void Draw(const TOptions& Options) {
+void PrintResults(const std::string& Text) {
+    if (!(std::cout << Text << std::flush)) throw kx::EFileError("standard output: cannot be written");
+}
+
+/// Returns the exit status.
+int Draw(const TOptions& Options) {
     const std::string text = kx::ReadFile(Options.Data);
     const TTable table(text, Options.Data == "-" ? "standard input" : Options.Data);
     kx::qt::Install(true);
@@ -87,7 +92,15 @@ void Draw(const TOptions& Options) {
         files.Write(output, [&](const std::string& Name) { WritePicture(plot, Options, Name); });
     if (!Options.SaveOutfit.empty())
         files.Write(Options.SaveOutfit, [&](const std::string& Name) { plot.SaveOutfit(Name); });
+    const bool toFile = !Options.Results.empty() && Options.Results != "-";
+    if (toFile)
+        files.Write(Options.Results,
+                    [&](const std::string& Name) { kx::ReplaceFile(Name, plot.GetResults()); });
     files.MoveIntoPlace();
+    if (Options.Results == "-") PrintResults(plot.GetResults());
+    const auto failures = plot.GetFailures();
+    for (const auto& failure : failures) std::cerr << "kxplot: " << failure << '\n';
+    return failures.empty() ? 0 : CFailure;
 }
 
 int Complain(const std::exception& Error, int Status) {
@@ -100,8 +113,7 @@ int Complain(const std::exception& Error, int Status) {
 int main(int Count, char** Arguments) {
     try {
         const auto options = ParseOptions(Count, Arguments);
-        if (options) Draw(*options);
-        return 0;
+        return options ? Draw(*options) : 0;
     } catch (const TUsageError& error) {
         return Complain(error, CUsage);
     } catch (const std::exception& error) {

@@ -1,5 +1,6 @@
 #include "kxplot/options.h"
 
+#include "kxplot/number.h"
 #include "platform/files.h"
 #include "platform/text.h"
 
@@ -55,7 +56,8 @@ const std::map<std::string, TStyle> CStyles{
 struct TRaw {
     TOptions Options;
     std::string Size, Style;
-    std::vector<std::string> Assignments;
+    std::optional<std::string> From, To;
+    std::vector<std::string> Assignments, Fits, Labels;
 };
 
 void AddDataOptions(CLI::App& App, TRaw& Raw) {
@@ -66,16 +68,44 @@ void AddDataOptions(CLI::App& App, TRaw& Raw) {
     const auto columns = [&App](const char* Name, std::vector<std::string>& Target, const char* Help) {
         App.add_option(Name, Target, Help)->type_name("COL")->allow_extra_args(false);
     };
-    columns("-y", o.Y, "column of a series (several allowed; default: every other numeric column)");
+    columns("-y", o.Y,
+            "column of a series (several allowed; default: every other numeric column but that of --weight)");
     columns("--dx", o.DX, "errors of x; the k-th belongs to the k-th series");
     columns("--dy", o.DY, "errors of y, likewise");
     columns("--dx-minus", o.DXMinus, "errors towards smaller x where they differ from --dx");
     columns("--dy-minus", o.DYMinus, "errors towards smaller y where they differ from --dy");
 }
 
+void AddFitOptions(CLI::App& App, TRaw& Raw) {
+    auto& o = Raw.Options;
+    App.add_option(
+           "--fit", Raw.Fits,
+           "fits every series (several allowed): line, line:offset=VALUE for a line through (0, VALUE), "
+           "poly:DEGREE for a polynomial of a degree from 2. On a logarithmic axis a line is fitted to "
+           "the decimal logarithms, a polynomial to the values as they are")
+        ->type_name("FIT")
+        ->allow_extra_args(false);
+    App.add_option("--weight", o.Weight, "column of the points' weights in the fits, e.g. 1/variance")
+        ->type_name("COL");
+    App.add_option("--from", Raw.From, "fits take the points from this x on, and are drawn from there")
+        ->type_name("X");
+    App.add_option("--to", Raw.To, "fits take the points up to this x, and are drawn up to there")
+        ->type_name("X");
+    App.add_option("--results", o.Results, "writes what the fits found as INI text; - is standard output")
+        ->type_name("FILE");
+    App.add_option("--label", Raw.Labels,
+                   "shows a result in the picture, e.g. Slope:6 (several allowed). KEY is one of those in "
+                   "--results, DIGITS how many characters a number may take (0 to 18, default: 8). With "
+                   "several fits it is the first one that has KEY; 2.KEY is the second one, counted through "
+                   "the fits of the first series, then those of the next")
+        ->type_name("KEY[:DIGITS]")
+        ->allow_extra_args(false);
+}
+
 void AddPictureOptions(CLI::App& App, TRaw& Raw) {
     auto& o = Raw.Options;
-    App.add_option("--style", Raw.Style, "line, points or both (default: both up to 50 points, else line)")
+    App.add_option("--style", Raw.Style,
+                   "line, points or both (default: points with --fit; else both up to 50 points, line above)")
         ->type_name("STYLE");
     App.add_flag("--log-x", o.LogX, "logarithmic x axis");
     App.add_flag("--log-y", o.LogY, "logarithmic y axis");
@@ -97,7 +127,7 @@ void AddOutfitOptions(CLI::App& App, TRaw& Raw) {
     auto& o = Raw.Options;
     App.add_option("--set", Raw.Assignments,
                    "sets a property, e.g. Graph1.MajorGridX.Visible=1; components: Graph1, XAxis, YAxis, "
-                   "Series1, ...")
+                   "Series1, ..., Fit1, ..., Label1, ...")
         ->type_name("NAME.PROPERTY=VALUE")
         ->allow_extra_args(false);
     App.add_option("--outfit", o.Outfit, "takes the appearance from a file")->type_name("FILE.ini");
@@ -111,12 +141,38 @@ void CheckScale(double Scale) {
     if (!(Scale >= 0.1 && Scale <= 20)) throw TUsageError("--scale: a number from 0.1 to 20 is expected");
 }
 
+std::optional<double> ParseLimit(const char* Option, const std::optional<std::string>& Text) {
+    if (!Text) return std::nullopt;
+    const auto value = ParseNumber(*Text, false);
+    if (!value || !std::isfinite(*value))
+        throw TUsageError(std::string(Option) + ": '" + kx::Escaped(*Text) + "' is not a number");
+    return value;
+}
+
+void ParseFits(const TRaw& Raw, TOptions& Options) {
+    for (const auto& text : Raw.Fits) Options.Fits.push_back(ParseFit(text));
+    for (const auto& text : Raw.Labels) Options.Labels.push_back(ParseLabel(text));
+    Options.From = ParseLimit("--from", Raw.From);
+    Options.To = ParseLimit("--to", Raw.To);
+    if (Options.From && Options.To && *Options.From > *Options.To)
+        throw TUsageError("--from: " + *Raw.From + " lies above --to " + *Raw.To);
+    const std::pair<const char*, bool> needing[] = {{"--weight", Options.Weight.has_value()},
+                                                    {"--from", Options.From.has_value()},
+                                                    {"--to", Options.To.has_value()},
+                                                    {"--results", !Options.Results.empty()},
+                                                    {"--label", !Options.Labels.empty()}};
+    for (const auto& [option, given] : needing)
+        if (given && Options.Fits.empty())
+            throw TUsageError(std::string(option) + ": there is no --fit that it could be for");
+}
+
 } // namespace
 
 std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
     CLI::App app{"Draws the columns of a text table as a picture.", "kxplot"};
     TRaw raw;
     AddDataOptions(app, raw);
+    AddFitOptions(app, raw);
     AddPictureOptions(app, raw);
     AddOutfitOptions(app, raw);
     app.set_version_flag("--version", "kxplot 0.1.0");
@@ -135,6 +191,7 @@ std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
             throw TUsageError("--style: '" + kx::Escaped(raw.Style) + "' is not line, points or both");
         options.Style = style->second;
     }
+    ParseFits(raw, options);
     if (!raw.Size.empty()) options.Size = ParseSize(raw.Size);
     CheckScale(options.Scale);
     for (const auto& text : raw.Assignments) options.Assignments.push_back(ParseAssignment(text));

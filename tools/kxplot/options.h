@@ -1,6 +1,7 @@
 #pragma once
 // What the command line asks of kxplot.
 
+#include "kxplot/fitspec.h"
 #include "platform/geometry.h"
 
 #include <optional>
@@ -28,6 +29,11 @@ struct TOptions {
     std::optional<std::string> X;
     std::vector<std::string> Y, DX, DY, DXMinus, DYMinus;
     std::optional<TStyle> Style;
+    std::vector<TFitSpec> Fits;
+    std::optional<std::string> Weight; ///< column
+    std::optional<double> From, To;
+    std::string Results; ///< file; "-" is standard output, empty none
+    std::vector<TLabelSpec> Labels;
     bool LogX = false, LogY = false;
     std::optional<std::string> Title, XCaption, YCaption;
     kx::TSize Size{900, 600};

@@ -1,6 +1,7 @@
 #include "kxplot/plot.h"
 
 #include "kxplot/look.h"
+#include "kxplot/results.h"
 #include "platform/application.h"
 #include "platform/files.h"
 #include "platform/frame.h"
@@ -14,7 +15,12 @@ using namespace kx;
 
 namespace {
 
-constexpr int CFewPoints = 50;
+constexpr int CFewPoints = 50, CManySymbols = 500;
+
+TStyle DefaultStyle(const TOptions& Options, std::size_t Rows) {
+    if (!Options.Fits.empty()) return TStyle::Points;
+    return Rows <= std::size_t(CFewPoints) ? TStyle::Both : TStyle::Line;
+}
 
 /// One entry a series: the k-th option's column, or -1.
 std::vector<int> ErrorColumns(const TTable& Table, const std::vector<std::string>& Names, std::size_t Count,
@@ -64,9 +70,10 @@ TPlot::TColumns TPlot::ChooseColumns(const TTable& Table, const TOptions& Option
         columns.X = 0;
     for (const auto& name : Options.Y) columns.Y.push_back(Table.FindNumericColumn(name));
     if (!Options.X && columns.X == 0 && !Table.IsNumeric(0)) Table.FindNumericColumn("1");
+    if (Options.Weight) columns.Weight = Table.FindNumericColumn(*Options.Weight);
     if (Options.Y.empty()) {
         for (int i = 0; i < Table.GetColumnCount(); ++i)
-            if (i != columns.X && Table.IsNumeric(i)) columns.Y.push_back(i);
+            if (i != columns.X && i != columns.Weight && Table.IsNumeric(i)) columns.Y.push_back(i);
         if (columns.Y.empty())
             throw TTableError(Escaped(Table.GetName()) + ": has no numeric column for a series");
     }
@@ -93,6 +100,7 @@ void TPlot::MakeSeries(const TTable& Table, const TColumns& Columns, const TOpti
             wanted.push_back(Column);
     };
     want(Columns.X);
+    want(Columns.Weight);
     for (const auto* list :
          {&Columns.Y, &Columns.DXPlus, &Columns.DYPlus, &Columns.DXMinus, &Columns.DYMinus})
         for (const int column : *list) want(column);
@@ -106,7 +114,9 @@ void TPlot::MakeSeries(const TTable& Table, const TColumns& Columns, const TOpti
     if (Columns.X < 0)
         for (std::size_t i = 0; i < rows; ++i) numbers.push_back(double(i + 1));
     auto* x = MakeVector("XData", Columns.X < 0 ? numbers : valuesOf(Columns.X));
+    auto* weight = Columns.Weight < 0 ? nullptr : MakeVector("Weight", valuesOf(Columns.Weight));
 
+    FFits = std::make_unique<TFits>(Options, Columns.Y.size());
     for (std::size_t k = 0; k < Columns.Y.size(); ++k) {
         const std::string number = std::to_string(k + 1);
         auto* y = MakeVector("YData" + number, valuesOf(Columns.Y[k]));
@@ -120,18 +130,20 @@ void TPlot::MakeSeries(const TTable& Table, const TColumns& Columns, const TOpti
 
         auto* series = new TKxDataWithErrorSeries(FForm.get());
         series->SetName("Series" + number);
-        const TStyle style =
-            Options.Style.value_or(rows <= std::size_t(CFewPoints) ? TStyle::Both : TStyle::Line);
+        const TStyle style = Options.Style.value_or(DefaultStyle(Options, rows));
         DressSeries(*series, int(k), rows == 1 && style == TStyle::Line ? TStyle::Both : style,
-                    dx || dxMinus || dy || dyMinus);
+                    dx || dxMinus || dy || dyMinus,
+                    !Options.Fits.empty() && !Options.Style && rows > std::size_t(CManySymbols));
         series->SetdXPlus(dx);
         series->SetdXMinus(dxMinus ? dxMinus : dx);
         series->SetdYPlus(dy);
         series->SetdYMinus(dyMinus ? dyMinus : dy);
         series->SetXData(x);
         series->SetYData(y);
+        series->SetWeight(weight);
         series->SetAutoCaption(EscapeCaption(Table.ColumnName(Columns.Y[k])));
         FSeries.push_back(series);
+        FFits->AddTo(*series, FForm.get());
     }
 }
 
@@ -177,6 +189,11 @@ void TPlot::LoadOutfit(const std::string& FileName) {
     TKxIniList ini;
     ini.LoadFromFile(FileName);
     FGraph->LoadOutfit("Graph1", ini);
+    // Fits beyond those of the file have got the look of others, which would not tell them apart.
+    for (std::size_t k = 0; k < FSeries.size(); ++k) {
+        const int saved = ini.ReadInteger("Graph1.Series(" + std::to_string(k + 1) + ")", "ChildCount", 0);
+        if (saved > 0) FFits->Dress(k, std::size_t(saved));
+    }
     for (TKxAxis* axis : FGraph->GetAxes()) axis->RedoRanges();
 }
 
@@ -203,10 +220,19 @@ void TPlot::Apply(const TOptions& Options) {
     };
     caption(*FXAxis, Options.XCaption);
     caption(*FYAxis, Options.YCaption);
+    FFits->Configure();
+    FNotes = std::make_unique<TNotes>(*FGraph, FXAxis->GetFont(), *FFits, Options.Labels);
     FitCaptions(Options.Outfit.empty()); // the fonts of an outfit stay
     SettleTree(*FForm);                  // the ends follow the data now and no longer when they are set below
     for (const auto& assignment : Options.Assignments) Assign(assignment);
+    SettleTree(*FForm);
+    FFits->Refuse();
+    SettleTree(*FForm);
+    FNotes->Bind();
+    FNotes->Place();
 }
+
+std::string TPlot::GetResults() const { return ResultsText(FSeries); }
 
 void TPlot::Assign(const TAssignment& Assignment) {
     const auto point = Assignment.Path.find('.');

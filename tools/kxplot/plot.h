@@ -2,6 +2,8 @@
 // The form that kxplot draws: one graph, two axes, the vectors and a series a column.
 
 #include "graph/Kxgraph2d.h"
+#include "kxplot/fits.h"
+#include "kxplot/notes.h"
 #include "kxplot/options.h"
 #include "kxplot/table.h"
 #include "numeric/Kxvector.h"
@@ -14,12 +16,12 @@
 
 namespace kxplot {
 
-/// Components with stable names (Form1, Graph1, XAxis, YAxis, Series1, ...), owned by a form that is never
-/// shown.
+/// Components with stable names (Form1, Graph1, XAxis, YAxis, Series1, ..., Fit1, ..., Label1, ...), owned by
+/// a form that is never shown.
 class TPlot {
 public:
     /// Reads the columns that Options asks for and builds the picture in kxplot's own look. Raises
-    /// TTableError, and TUsageError for more error columns than series.
+    /// TTableError, and TUsageError for more error columns than series. Options must outlive the plot.
     TPlot(const TTable& Table, const TOptions& Options);
 
     kx::TForm& GetForm() { return *FForm; }
@@ -31,9 +33,15 @@ public:
     /// What was asked for on the command line beside the data. Raises TUsageError.
     void Apply(const TOptions& Options);
 
+    /// What the fits found, as text.
+    std::string GetResults() const;
+    /// A line for each fit without a curve.
+    std::vector<std::string> GetFailures() const { return FFits->GetFailures(); }
+
 private:
     struct TColumns {
-        int X = -1; ///< -1: 1, 2, 3, ...
+        int X = -1;      ///< -1: 1, 2, 3, ...
+        int Weight = -1; ///< -1: none
         std::vector<int> Y;
         std::vector<int> DXPlus, DYPlus, DXMinus, DYMinus; ///< a column a series, or -1
     };
@@ -51,6 +59,8 @@ private:
     kx::TKxAxis* FXAxis = nullptr;
     kx::TKxAxis* FYAxis = nullptr;
     std::vector<kx::TKxDataWithErrorSeries*> FSeries;
+    std::unique_ptr<TFits> FFits;
+    std::unique_ptr<TNotes> FNotes;
     std::string FXHeader, FYHeader; ///< what the axes are called in the table
 };
 

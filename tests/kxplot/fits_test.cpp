@@ -1,0 +1,228 @@
+// Fits: how they are asked for, what they find, and how the picture names them.
+
+#include "kxplot/fitspec.h"
+#include "kxplot/options.h"
+#include "kxplot/program.h"
+
+#include <cmath>
+
+namespace {
+
+using namespace kxplot;
+using namespace kxplot::test;
+
+TEST(KxplotFitSpec, ReadsLinesPolynomialsAndLabels) {
+    const std::pair<const char*, TFitSpec> fits[] = {{"line", {1, {}}},
+                                                     {"line:offset=0", {1, 0.0}},
+                                                     {"line:offset=-1.5e2", {1, -150.0}},
+                                                     {"poly:2", {2, {}}},
+                                                     {"poly:1000000", {1000000, {}}}};
+    for (const auto& [text, spec] : fits) EXPECT_EQ(ParseFit(text), spec) << text;
+    const std::tuple<const char*, std::optional<int>, const char*, int> labels[] = {
+        {"Slope", {}, "Slope", 8},
+        {"Slope:0", {}, "Slope", 0},
+        {"2.DeltaSlope%:18", 2, "DeltaSlope%", 18},
+        {"0.Coeff(1)", 0, "Coeff(1)", 8},
+        {"a.b:3", {}, "a.b", 3}};
+    for (const auto& [text, number, key, digits] : labels) {
+        const TLabelSpec label = ParseLabel(text);
+        EXPECT_EQ(std::tuple(label.Number, label.Key, label.Digits), std::tuple(number, key, digits)) << text;
+    }
+}
+
+class KxplotFits : public KxplotProgram {
+protected:
+    /// u = 1 + 2t, v = 10 - 3t, w are weights; p = 10^(t - 1) and q have something for logarithmic axes.
+    void SetUp() override {
+        Write("d.csv", "t,u,v,w,p,q\n1,3,7,1,1,1\n2,5,4,1,10,-1\n3,7,1,0,100,0\n4,9,-2,1,1000,5\n");
+    }
+
+    static TNames Words(const std::string& Text) {
+        std::istringstream words(Text);
+        return TNames(std::istream_iterator<std::string>(words), {});
+    }
+    /// A value in INI text; empty when it is not there.
+    static std::string Value(const std::string& Ini, const std::string& Section, const std::string& Key) {
+        const auto begin = ("\n" + Ini).find("\n[" + Section + "]\n");
+        if (begin == std::string::npos) return {};
+        const std::string body = Ini.substr(begin, Ini.find("\n\n", begin) - begin);
+        const auto at = body.find("\n" + Key + "=");
+        if (at == std::string::npos) return {};
+        const auto from = at + Key.size() + 2;
+        return body.substr(from, body.find('\n', from) - from);
+    }
+    std::string Results(const std::string& Arguments) const {
+        const TOutcome outcome = Run(Words("d.csv --results - " + Arguments));
+        EXPECT_EQ(outcome.Errors, "") << Arguments;
+        return outcome.Output;
+    }
+    double Result(const std::string& Arguments, const std::string& Section, const std::string& Key) const {
+        const std::string value = Value(Results(Arguments), Section, Key);
+        return value.empty() ? NAN : std::stod(value);
+    }
+    /// Where a text stands in the picture: "left top" and so on; empty when it is not there.
+    static std::string PlaceOf(const std::string& Svg, const std::string& Text) {
+        std::smatch found;
+        const std::regex element("<text x=\"([0-9]+)[^\"]*\" y=\"([0-9]+)\"[^>]*>" + Text + "</text>");
+        if (!std::regex_search(Svg, found, element)) return {};
+        return std::string(std::stoi(found[1]) < 450 ? "left " : "right ") +
+               (std::stoi(found[2]) < 300 ? "top" : "bottom");
+    }
+};
+
+TEST_F(KxplotFits, FindWhatTheDataHold) {
+    const std::tuple<const char*, const char*, const char*, double> cases[] = {
+        {"-y u --fit line", "LinearRegression", "Slope", 2},
+        {"-y u --fit line", "LinearRegression", "Offset", 1},
+        {"-y u --fit poly:2 --fit line:offset=0", "LinearRegression", "Slope", 70.0 / 30},
+        {"-y u --fit line --fit line:offset=1", "LinearRegression(2)", "DoFixedOffset", 1},
+        {"-y v --fit poly:2", "PolynomialRegression", "Coeff(2)", -3},
+        {"-y q --fit line --from 1 --to 2", "LinearRegression", "Slope", -2},
+        {"-y q --fit line --to=2.5 --from=-1", "LinearRegression", "Points", 2},
+        {"-y q --fit line --weight w --to 3", "LinearRegression", "Slope", -2},
+        {"-y p --fit line --log-y", "LinearRegression", "Slope", 1},
+        {"-y u -y v --fit poly:2 --fit line", "Series2.LinearRegression", "Slope", -3},
+        {"-y u -y v --fit line", "Series1.LinearRegression", "CalcStop", 4},
+        {"--weight w --fit line", "Series3.LinearRegression", "Slope", 14958.0 / 42},
+    };
+    for (const auto& [arguments, section, key, expected] : cases)
+        EXPECT_NEAR(Result(arguments, section, key), expected, 1e-10) << arguments;
+}
+
+TEST_F(KxplotFits, WriteResultsToAFileOrToStandardOutputAlone) {
+    const std::string one = Results("-y u --fit line"), two = Results("-y u -y v --fit line");
+    EXPECT_EQ(one.substr(0, 24), "[Datapoints]\nCaption=u\n\n");
+    EXPECT_EQ(two.substr(0, 32), "[Series1.Datapoints]\nCaption=u\n\n");
+    EXPECT_EQ(two.find("\n\n\n"), std::string::npos);
+    EXPECT_EQ(Value(two, "Series2.LinearRegression", "Caption"), "v: linear fit");
+    const TOutcome outcome = Run(Words("d.csv -y u --fit line --results r.ini -o p.png"));
+    EXPECT_EQ(outcome.Status, 0);
+    EXPECT_EQ(outcome.Output + outcome.Errors, "");
+    EXPECT_EQ(Read("r.ini"), one);
+    ExpectError(1, "d.csv --fit line --results none/r.ini -o no.png", "none/r\\.ini: .+");
+    EXPECT_FALSE(Has("no.png"));
+}
+
+TEST_F(KxplotFits, AreNamedInThePictureWithTheResultsAskedFor) {
+    struct TCase {
+        const char* Arguments;
+        TNames Shown, Hidden;
+    };
+    const TCase cases[] = {
+        {"-y u --fit line", {"linear fit"}, {"u: linear fit"}},
+        {"-y u --fit line:offset=0.5 --fit poly:2 --fit poly:3 --label 1.offset",
+         {"linear fit through 0.5", "quadratic fit", "cubic fit", "Offset = 0.5"},
+         {}},
+        {"-y u -y v --fit line --label Slope:3",
+         {"u: linear fit", "v: linear fit", "Slope = 2"},
+         {"Slope = -3"}},
+        {"-y u -y v --fit line --label 2.Slope --label 1.R", {"Slope = -3", "R = 1"}, {"Slope = 2"}},
+        {"-y u --fit poly:2 --fit line --label DeltaSlope%:4 --label Order",
+         {"DeltaSlope% = 0", "Order = 2"},
+         {}},
+        {"-y u --fit line --label Slope --set Label1.Suffix=/s --set Fit1.Caption=mine",
+         {"Slope = 2/s", "mine"},
+         {}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Arguments);
+        const std::string svg = Svg(Words(c.Arguments));
+        for (const auto& text : c.Shown)
+            EXPECT_NE(svg.find(">" + text + "</text>"), std::string::npos) << text;
+        for (const auto& text : c.Hidden)
+            EXPECT_EQ(svg.find(">" + text + "</text>"), std::string::npos) << text;
+    }
+    // Colours tell the fits of one series apart, and those of several series by their series.
+    const auto hasColoured = [&](const char* Arguments, const char* Colour, const char* Text) {
+        return std::regex_search(Svg(Words(Arguments)),
+                                 std::regex(std::string("fill=\"") + Colour + "\">" + Text));
+    };
+    EXPECT_TRUE(hasColoured("-y u --fit line --fit poly:2", "#009e73", "quadratic fit"));
+    EXPECT_TRUE(hasColoured("-y u -y v --fit line --fit poly:2", "#0072b2", "u: quadratic fit"));
+    EXPECT_TRUE(hasColoured("-y u --fit line --set Fit1.LineStyle.Color=#123456", "#123456", "linear fit"));
+}
+
+TEST_F(KxplotFits, NamesStandInTheCornerThatHidesTheLeast) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"t,u\n1,1\n2,2\n3,3\n", "points", "left top"},
+        {"t,u\n1,3\n2,2\n3,1\n", "points", "right top"},
+        {"t,u\n1,9\n2,0\n3,9\n", "points", "left bottom"},
+        {"t,u\n1,9\n1,0\n2,0\n3,9\n", "points", "right bottom"},
+        // A long line between two points counts, not the points alone.
+        {"t,u\n0,100\n1,97\n15,97\n16,0\n100,0\n", "line", "right top"},
+    };
+    for (const auto& [data, style, place] : cases) {
+        Write("d.csv", data);
+        EXPECT_EQ(PlaceOf(Svg({"--fit", "line", "--style", style}), "linear fit"), place) << data;
+    }
+    Write("d.csv", "t,u," + std::string(300, 'm') + "\n1,2,3\n2,4,5\n3,4,4\n");
+    EXPECT_NE(PlaceOf(Svg({"--fit", "line"}), "m+…: linear fit"), "") << "a name too long is shortened";
+}
+
+TEST_F(KxplotFits, WhatFailsIsToldOnceAndTheRestIsDrawn) {
+    const std::string log = "axis is logarithmic and . holds values that are not positive, first in row ";
+    const std::pair<std::string, std::string> cases[] = {
+        {"-y u --fit poly:4", "kxplot: u: polynomial fit of degree 4: Not enough data!\n"},
+        {"-y u --fit poly:1000000", "kxplot: u: polynomial fit of degree 1000000: Not enough data!\n"},
+        {"-y u -y v --fit line --from 4",
+         "kxplot: u: linear fit: Not enough data!\nkxplot: v: linear fit: Not enough data!\n"},
+        {"-x w -y u --from 1 --fit line", "kxplot: u: linear fit: no line can be computed from these data\n"},
+        {"-y q --fit line --log-y", "kxplot: q: linear fit: the y " + log + "2: -1\n"},
+        {"-x q -y u -y v --fit line --set XAxis.Scaling=AxLogEE --label 2.Slope",
+         "kxplot: u: linear fit: the x " + log + "2: -1\nkxplot: v: linear fit: the x " + log + "2: -1\n"},
+    };
+    for (const auto& [arguments, message] : cases) {
+        SCOPED_TRACE(arguments);
+        const TOutcome outcome =
+            Run(Words("d.csv --results r.ini -o p.svg --label CalcStart --label Slope " + arguments));
+        EXPECT_EQ(outcome.Status, 1);
+        EXPECT_TRUE(std::regex_match(outcome.Errors, std::regex(message))) << outcome.Errors;
+        EXPECT_NE(Read("p.svg").find(">Slope = ...</text>"), std::string::npos);
+        EXPECT_TRUE(Has("r.ini"));
+        fs::remove(Path("p.svg"));
+        fs::remove(Path("r.ini"));
+    }
+}
+
+TEST_F(KxplotFits, AnOutfitDressesThemAndTheCommandLineSaysWhatTheyAre) {
+    const TNames dressed = Words("-y u --fit line:offset=0 --to 3 --save-outfit o.ini "
+                                 "--set Fit1.LineStyle.Color=#123456");
+    const std::string first = Svg(dressed);
+    const std::string again =
+        Svg(Words("-y u --outfit o.ini --fit line:offset=5 --fit line --to 2 --results r.ini"));
+    for (const auto& svg : {first, again}) EXPECT_NE(svg.find("stroke=\"#123456\""), std::string::npos);
+    EXPECT_NE(again.find("stroke=\"#009e73\""), std::string::npos) << "one more than the outfit knows";
+    EXPECT_EQ(Value(Read("r.ini"), "LinearRegression", "Offset"), "5");
+    EXPECT_EQ(Value(Read("r.ini"), "LinearRegression", "CalcStop"), "2");
+    EXPECT_EQ(Value(Read("r.ini"), "LinearRegression(2)", "Slope"), "2");
+}
+
+TEST_F(KxplotFits, WrongOptionsAreUsageErrorsAndLeaveNoFile) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"--fit cubic", "--fit: 'cubic' is not line, line:offset=VALUE or poly:DEGREE"},
+        {"--fit line:foo=1", "--fit: .*line:offset=VALUE.*"},
+        {"--fit line:offset=abc", "--fit: .*with a number"},
+        {"--fit line:offset=inf", "--fit: .*with a number"},
+        {"--fit poly:x", "--fit: .*a degree from 2.*"},
+        {"--fit poly:1", "--fit: .*a degree from 2.*--fit line.*"},
+        {"--fit poly:99999999999", "--fit: .*a degree from 2.*"},
+        {"--fit line --from abc", "--from: 'abc' is not a number"},
+        {"--fit line --to nan", "--to: 'nan' is not a number"},
+        {"--fit line --from 3 --to 2", "--from: 3 lies above --to 2"},
+        {"--label Slope", "--label: there is no --fit .*"},
+        {"--results -", "--results: there is no --fit .*"},
+        {"--fit line --label Slope:x", "--label: 'Slope:x' .* 0 to 18 digits"},
+        {"--fit line --label Slope:19", "--label: .* 0 to 18 digits"},
+        {"--fit line --label 1.:3", "--label: .*no key"},
+        {"-y u --fit line --label Slop",
+         "--label: 'Slop': there is no such result; the keys are Calculation, .*Slope, .*"},
+        {"-y u --fit line --fit poly:2 --label 2.Slope", "--label: .* the keys are .*Coeff\\(3\\).*"},
+        {"-y u -y v --fit line --label 3.Slope", "--label: .* no fit 3, only 2; the keys are .*Slope.*"},
+        {"-y u --fit line --label 0.Slope", "--label: .* no fit 0, only one; .*"},
+    };
+    for (const auto& [arguments, message] : cases)
+        ExpectError(2, std::string("d.csv -o p.png ") + arguments, message);
+    EXPECT_TRUE(Files().empty());
+}
+
+} // namespace

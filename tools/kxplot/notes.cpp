@@ -1,0 +1,165 @@
+#include "kxplot/notes.h"
+
+#include "annotation/Kxcaption.h"
+#include "kxplot/corner.h"
+
+#include <algorithm>
+#include <array>
+
+namespace kxplot {
+
+using namespace kx;
+
+namespace {
+
+constexpr int CGap = 10;                              // between the block and the edges of the drawing world
+constexpr int CSolidSample = 28, CPatternSample = 44; // two dashes of a pen two pixels wide
+constexpr int CSmallestFont = 8;
+
+} // namespace
+
+/// A short piece of a line as it looks in the graph.
+class TLineSample : public TGraphicControl {
+public:
+    explicit TLineSample(TComponent* Owner) : TGraphicControl(Owner), FStyle(nullptr) {}
+    void SetStyle(const TKxLineStyle& Style) { FStyle.Assign(Style); }
+    bool IsSolid() const { return FStyle.GetStyle() == psSolid; }
+
+protected:
+    void Paint() override {
+        TCanvas& canvas = GetCanvas();
+        canvas.Pen.SetStyle(FStyle.GetStyle());
+        canvas.Pen.SetWidth(FStyle.GetWidth() == 1 ? 0 : FStyle.GetWidth());
+        canvas.Pen.SetColor(FStyle.GetColor());
+        canvas.Polyline(std::array{TPoint{1, GetHeight() / 2}, TPoint{GetWidth() - 1, GetHeight() / 2}});
+    }
+
+private:
+    TKxLineStyle FStyle;
+};
+
+template <class T>
+T* TNotes::Make(const char* Name, std::size_t Number, const TFont& Font) {
+    auto* label = new T(FGraph.GetOwner());
+    label->SetName(Name + std::to_string(Number));
+    label->SetParent(&FGraph);
+    label->SetTransparent(true);
+    label->SetFont(Font);
+    return label;
+}
+
+TNotes::TNotes(TKx2DGraph& Graph, const TFont& Font, const TFits& Fits, const std::vector<TLabelSpec>& Labels)
+    : FGraph(Graph), FFits(Fits) {
+    for (std::size_t k = 0; k < Fits.GetItems().size(); ++k) {
+        auto* sample = new TLineSample(Graph.GetOwner());
+        sample->SetParent(&Graph);
+        FNames.push_back({Make<TKxLabel>("FitName", k + 1, Font), sample});
+    }
+    for (const auto& spec : Labels) {
+        auto* label = Make<TKxResultLabel>("Label", FResults.size() + 1, Font);
+        label->SetDigits(spec.Digits);
+        FResults.push_back({spec, label});
+    }
+}
+
+void TNotes::Bind() {
+    for (auto& result : FResults) {
+        result.Fit = &FFits.Find(result.Spec);
+        if (result.Label->GetPrefix().empty())
+            result.Label->SetPrefix(EscapeCaption(result.Spec.Key) + " = ");
+        result.Label->SetIdentifier(result.Spec.Key);
+        // Without a curve there are markers in place of results, which belong in no picture.
+        if (result.Fit->HasCurve()) result.Label->SetSeries(result.Fit->Line);
+    }
+}
+
+// A fit that is not drawn is named where it has labels: they must belong to something.
+void TNotes::UpdateNames() {
+    for (std::size_t k = 0; k < FNames.size(); ++k) {
+        const TFit& fit = FFits.GetItems()[k];
+        const auto& [label, sample] = FNames[k];
+        const bool labelled = std::any_of(FResults.begin(), FResults.end(),
+                                          [&](const TResult& Result) { return Result.Fit == &fit; });
+        label->SetVisible(label->GetVisible() && (fit.IsDrawn() || labelled));
+        sample->SetVisible(label->GetVisible() && fit.IsDrawn());
+        label->SetCaption(fit.Line->GetCaption());
+        label->GetFont().SetColor(fit.Line->GetLineStyle().GetColor());
+        sample->SetStyle(fit.Line->GetLineStyle());
+    }
+}
+
+std::vector<TNotes::TLine> TNotes::GetLines() const {
+    std::vector<TLine> lines;
+    for (std::size_t k = 0; k < FNames.size(); ++k) {
+        if (FNames[k].Label->GetVisible()) lines.push_back({FNames[k].Label, FNames[k].Sample});
+        for (const auto& result : FResults)
+            if (result.Fit == &FFits.GetItems()[k] && result.Label->GetVisible())
+                lines.push_back({result.Label, nullptr});
+    }
+    return lines;
+}
+
+int TNotes::SampleWidth() const {
+    int width = 0;
+    for (const auto& name : FNames)
+        if (name.Sample->GetVisible())
+            width = std::max(width, name.Sample->IsSolid() ? CSolidSample : CPatternSample);
+    return width;
+}
+
+TSize TNotes::SizeOf(const std::vector<TLine>& Lines) const {
+    TSize size;
+    for (const auto& line : Lines) {
+        size.Width = std::max(size.Width, Indent() + line.Label->GetWidth());
+        size.Height += line.Label->GetHeight();
+    }
+    return size;
+}
+
+void TNotes::FitInto(TSize Room, const std::vector<TLine>& Lines) {
+    const auto isTooLarge = [&] {
+        const TSize size = SizeOf(Lines);
+        return size.Width > Room.Width || size.Height > Room.Height;
+    };
+    const auto shrink = [](const TLine& Line) {
+        TFont& font = Line.Label->GetFont();
+        const bool can = font.GetSize() > CSmallestFont;
+        if (can) font.SetSize(font.GetSize() - 1);
+        return can;
+    };
+    bool shrunk = true;
+    while (shrunk && isTooLarge()) {
+        shrunk = false;
+        for (const auto& line : Lines) shrunk = shrink(line) || shrunk;
+    }
+    for (std::size_t k = 0; k < FNames.size(); ++k) ShortenName(k, Room.Width - Indent());
+}
+
+// What the fit is stays, and the beginning of what it fits.
+void TNotes::ShortenName(std::size_t Index, int Width) {
+    TKxLabel& label = *FNames[Index].Label;
+    const std::string plain = TFits::PlainCaption(FFits.GetItems()[Index]);
+    const auto colon = std::min(plain.rfind(": "), plain.size());
+    std::string head = plain.substr(0, colon);
+    while (label.GetWidth() > Width && !head.empty()) {
+        do head.pop_back();
+        while (!head.empty() && (head.back() & 0xC0) == 0x80); // not inside of a character
+        label.SetCaption(EscapeCaption(head + "…" + plain.substr(colon)));
+    }
+}
+
+void TNotes::Place() {
+    UpdateNames();
+    const auto lines = GetLines();
+    if (lines.empty()) return;
+    const TSize world = FGraph.GetDrawingWorld().GetClientRect().Size();
+    FitInto({world.Width - 2 * CGap, world.Height - 2 * CGap}, lines);
+    TPoint at = FreestCorner(FGraph, SizeOf(lines), CGap);
+    for (const auto& [label, sample] : lines) {
+        label->SetBounds(at.X + Indent(), at.Y, label->GetWidth(), label->GetHeight());
+        if (sample) sample->SetBounds(at.X, at.Y, SampleWidth(), label->GetHeight());
+        at.Y += label->GetHeight();
+    }
+}
+
+} // namespace kxplot
