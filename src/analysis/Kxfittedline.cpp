@@ -4,6 +4,7 @@
 #include "analysis/Kxcurvature.h"
 #include "analysis/Kxsimplex.h"
 #include "numeric/Kxstrings.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -194,10 +195,28 @@ void TKxFittedLine::WriteResults(TKxIniList& List, const AnsiString& Section) co
     }
     const int points = int(FX.size());
     List.WriteInteger(Section, "Points", points);
-    if (points <= GetOrder()) return;
-    List.WriteReal(Section, "ResidualVariance", FSumOfSquares / (points - GetOrder()));
+    if (points > GetOrder())
+        List.WriteReal(Section, "ResidualVariance", FSumOfSquares / (points - GetOrder()));
     for (int i = 0; i < FDeltas.Length(); ++i)
         if (FDeltas[i] != CMaxReal) List.WriteReal(Section, Numbered("DeltaCoeff", i), FDeltas[i]);
+    WriteNamed(List, Section);
+}
+
+void TKxFittedLine::WriteNamed(TKxIniList& List, const AnsiString& Section) const {
+    TStringList keys;
+    List.ReadSection(Section, keys);
+    const auto isTaken = [&keys](const AnsiString& Name) {
+        for (int i = 0; i < keys.GetCount(); ++i)
+            if (SameText(keys.GetLine(i), Name)) return true;
+        return false;
+    };
+    for (int i = 0; i < std::min(GetOrder(), int(FNames.size())); ++i) {
+        const AnsiString& name = FNames[std::size_t(i)];
+        if (isTaken(name)) continue;
+        List.WriteReal(Section, name, FCoefficients[i]);
+        if (i < FDeltas.Length() && FDeltas[i] != CMaxReal)
+            List.WriteReal(Section, "Delta(" + name + ")", FDeltas[i]);
+    }
 }
 
 void TKxFittedLine::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {

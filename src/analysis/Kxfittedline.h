@@ -45,6 +45,10 @@ public:
     /// Raise ERangeError "Fitted Line: Index of coefficient out of range".
     double GetCoefficient(int I) const;
     void SetCoefficient(int I, double Value);
+    /// What the coefficients are called; may be fewer than there are. They then stand in the results under
+    /// their names, too.
+    const std::vector<AnsiString>& GetCoefficientNames() const { return FNames; }
+    void SetCoefficientNames(const std::vector<AnsiString>& Names) { FNames = Names; }
     /// The best sum of the last fit.
     double GetChiSquare() const { return FChiSquare; }
     /// Standard error of a coefficient, from the curvature of the sum of squares at the minimum
@@ -66,7 +70,8 @@ public:
     /// Keys after those of the base: VarianceCoVariance ("Covariance" or "Variance"), ChiSquare, Order,
     /// Iterations, CoeffName(i) and Coeff(i) of each coefficient from i = 1; then Points, the number N of
     /// points that took part; ResidualVariance = sum of |w| r^2 / (N - Order) where N > Order; DeltaCoeff(i),
-    /// see GetDeltaCoefficient, where it can be told.
+    /// see GetDeltaCoefficient, where it can be told; and all again under the coefficients'
+    /// names, where they have any that is no other key: a, Delta(a), ...
     void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
     void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
     void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
@@ -90,6 +95,7 @@ private:
     double SumOverPoints(const TKxRealArray& Coefficients, F Term) const;
     double Goodness(const TKxRealArray& Coefficients) const;
     void FindStatistics();
+    void WriteNamed(TKxIniList& List, const AnsiString& Section) const;
     void CheckIndex(int I) const;
 
     bool FDoCovariance = false;
@@ -97,6 +103,7 @@ private:
     TKxFittingFkt FFittingFunction;
     TKxFittingBlockFkt FFittingBlockFunction;
     AnsiString FExpression;
+    std::vector<AnsiString> FNames;
     TKxRealArray FCoefficients, FDeltas;
     double FChiSquare = 0, FSumOfSquares = 0;
     std::vector<double> FX, FY, FWeights,

@@ -1,0 +1,110 @@
+#include "formula/Kxformula.h"
+
+#include "support/graphfixture.h"
+
+#include <clocale>
+#include <cmath>
+#include <locale>
+#include <numbers>
+
+namespace kx {
+namespace {
+
+TEST(Formula, GivesTheValuesOfItsTextForAnyNumberOfPoints) {
+    struct TCase {
+        const char* Text;
+        double (*Function)(double x, double a, double b);
+    };
+    const TCase cases[] = {
+        {"a*exp(-b*x)", [](double x, double a, double b) { return a * std::exp(-b * x); }},
+        {"a*x^2 + b/(1+x)", [](double x, double a, double b) { return a * x * x + b / (1 + x); }},
+        {"a*sin(2*pi*x)+b*e",
+         [](double x, double a, double b) {
+             return a * std::sin(2 * std::numbers::pi * x) + b * std::numbers::e;
+         }},
+        {"x>1 ? a : b*1.5e-1", [](double x, double a, double b) { return x > 1 ? a : b * 0.15; }},
+        {"a+b", [](double, double a, double b) { return a + b; }},
+    };
+    std::vector<double> x, y;
+    for (int i = 0; i < 2500; ++i) x.push_back(i / 1000.0); // more than two blocks
+    y.resize(x.size());
+    for (const auto& [text, function] : cases) {
+        TKxFormula formula(text);
+        EXPECT_EQ(formula.GetNames(), (std::vector<std::string>{"a", "b"})) << text;
+        const double coefficients[] = {1.7, -0.3};
+        formula.Evaluate(x, coefficients, y);
+        for (std::size_t i = 0; i < x.size(); ++i)
+            ASSERT_NEAR(y[i], function(x[i], 1.7, -0.3), 1e-14) << text << " at " << x[i];
+        EXPECT_NEAR(formula.Evaluate(0.4, coefficients), function(0.4, 1.7, -0.3), 1e-14);
+    }
+}
+
+TEST(Formula, TakesCoefficientsInTheOrderThatIsGiven) {
+    TKxFormula formula("rate*x + base_1");
+    EXPECT_EQ(formula.GetNames(), (std::vector<std::string>{"rate", "base_1"})) << "in order of their place";
+    formula.SetCoefficientNames({"base_1", "unused", "rate"});
+    const double coefficients[] = {10, 99, 3};
+    EXPECT_EQ(formula.Evaluate(2, coefficients), 16);
+    TKxFormula roots("sqrt(x)");
+    EXPECT_TRUE(std::isnan(roots.Evaluate(-1, {})));
+}
+
+TEST(Formula, SaysWhatIsWrongAndWhere) {
+    struct TCase {
+        const char* Text;
+        int Position;
+        const char* What;
+    };
+    const TCase cases[] = {
+        {"", 0, "empty"},
+        {"a*", 0, "ends too early"},
+        {"a*(x+1", 0, "parenthesis is missing"},
+        {"a*x)", 4, "')' is not expected"},
+        {"a*fun(x)", 3, "no function 'fun'"},
+        {"2x", 2, "'x' is not expected"},
+        {"a b", 3, "not expected"},
+        {"1,5*x", 0, ""},
+        {"a=x", 2, "'=' is not expected"},
+        {"sin(x,a)", 0, "too many arguments"},
+        {"a#x", 2, ""},
+        {"\"a\"", 0, ""},
+    };
+    for (const auto& [text, position, what] : cases) {
+        try {
+            TKxFormula formula(text);
+            ADD_FAILURE() << text << " was taken";
+        } catch (const EFormulaError& error) {
+            EXPECT_NE(error.Message().find(what), std::string::npos) << text << ": " << error.Message();
+            EXPECT_TRUE(position == 0 || error.GetPosition() == position) << text << ": " << error.Message();
+        }
+    }
+    TKxFormula formula("exp(-b*x)+bb");
+    try {
+        formula.SetCoefficientNames({"b"});
+        FAIL();
+    } catch (const EFormulaError& error) {
+        EXPECT_EQ(error.GetPosition(), 11);
+        EXPECT_NE(error.Message().find("'bb' has no value at character 11"), std::string::npos);
+    }
+    EXPECT_THROW(formula.SetCoefficientNames({"b", "bb", "pi"}), EFormulaError);
+}
+
+TEST(Formula, BecomesTheModelOfAFittedLine) {
+    test::TGraphForm f;
+    auto* series = f.AddSeries();
+    for (double x = 0; x < 6; x += 0.2) f.Fill({{x, 3 * std::exp(-0.5 * x) + 0.7}});
+    TKxFittedLine fit(f.Form);
+    fit.SetName("Fit1");
+    SetFormula(fit, "A0*exp(-k*x)+c", {"k", "A0", "c"});
+    ASSERT_EQ(fit.GetOrder(), 3);
+    for (int i = 0; i < 3; ++i) fit.SetCoefficient(i, 1);
+    fit.SetParentSeries(series);
+    EXPECT_NEAR(fit.GetResults().ReadReal("Fit1", "k", 0), 0.5, 1e-5);
+    EXPECT_NEAR(fit.GetResults().ReadReal("Fit1", "Coeff(2)", 0), 3, 1e-5);
+    EXPECT_EQ(fit.GetFormula(), "A0*exp(-k*x)+c");
+    EXPECT_THROW(SetFormula(fit, "A0*"), EFormulaError);
+    EXPECT_EQ(fit.GetExpression(), "A0*exp(-k*x)+c") << "an error leaves the line as it was";
+}
+
+} // namespace
+} // namespace kx
