@@ -1,7 +1,10 @@
 // A nonlinear fit by the downhill simplex: what one point costs in one evaluation, beside GSL's simplex with
-// the same model and the same data.
+// the same model and the same data; as a bare simplex, and as a fitted line with a function and with a parsed
+// formula.
 
 #include "analysis/Kxsimplex.h"
+#include "formula/Kxformula.h"
+#include "platform/application.h"
 
 #include <gsl/gsl_multimin.h>
 
@@ -82,6 +85,62 @@ void FitGsl(benchmark::State& State) {
     fit.Report(State, least);
 }
 
+/// A fitted line on a series of the same points, without a graph.
+struct TLine {
+    explicit TLine(std::int64_t Points) : Data(Points) {
+        X.AddValues(Data.X);
+        Y.AddValues(Data.Y);
+        Series.SetXData(&X);
+        Series.SetYData(&Y);
+        Line.SetName("Line1");
+        Line.SetOrder(3);
+        Line.SetIterations(CIterations);
+    }
+    void Calculate() {
+        for (int i = 0; i < 3; ++i) Line.SetCoefficient(i, CStart[i]);
+        Line.Calculate();
+    }
+    /// Points times evaluations of one calculation.
+    std::int64_t CountCalls() {
+        std::int64_t calls = 0;
+        Line.SetFittingFunction([&](double x, const kx::TKxRealArray& c) {
+            ++calls;
+            return Decay(x, c.Data());
+        });
+        Line.SetParentSeries(&Series);
+        calls = 0;
+        Calculate();
+        return calls;
+    }
+    TFit Data;
+    kx::TKxLiveVector X{&kx::TApplication::Instance()}, Y{&kx::TApplication::Instance()};
+    kx::TKxLineSeries Series{nullptr};
+    kx::TKxFittedLine Line{nullptr};
+};
+
+template <class F>
+void FitLine(benchmark::State& State, F SetModel) {
+    TLine fit(State.range(0));
+    const std::int64_t calls = fit.CountCalls();
+    SetModel(fit);
+    for (auto _ : State) fit.Calculate();
+    State.SetItemsProcessed(calls * std::int64_t(State.iterations()));
+    State.counters["least"] = fit.Line.GetChiSquare();
+}
+
+void FitLineByFunction(benchmark::State& State) {
+    FitLine(State, [](TLine& Fit) {
+        Fit.Line.SetFittingFunction(
+            [&Fit](double x, const kx::TKxRealArray& c) { return Fit.Data.Model(x, c.Data()); });
+    });
+}
+
+void FitLineByFormula(benchmark::State& State) {
+    FitLine(State, [](TLine& Fit) { kx::SetFormula(Fit.Line, "a*exp(-b*x)+c"); });
+}
+
+BENCHMARK(FitLineByFunction)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FitLineByFormula)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(FitSimplex)->Arg(10)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(FitGsl)->Arg(10)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 

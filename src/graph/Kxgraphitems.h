@@ -8,6 +8,7 @@
 #include "series/Kxdraw.h"
 
 #include <string>
+#include <vector>
 
 namespace kx {
 
@@ -33,6 +34,16 @@ public:
     virtual void LoadOutfit(const std::string& Section, TKxIniList& Ini) = 0;
     /// The store that results are written into; owned by the series.
     virtual TKxIniList& GetResults() = 0;
+
+    // What a legend shows.
+    /// Rich caption.
+    virtual const AnsiString& GetCaption() const = 0;
+    virtual bool GetIncludeInLegend() const = 0;
+    /// Paints in Rect what the series looks like: line with a symbol, swatch, arrow. In the styles that it is
+    /// drawn with; nothing of what it hides. Leaves pen, brush and clip as it likes.
+    virtual void DrawSample(TCanvas& Canvas, const TRect& Rect) = 0;
+    /// The series computed from this one, in drawing order.
+    virtual std::vector<TKxGraphSeries*> GetChildSeries() const = 0;
 };
 
 /// A companion control of a graph, such as a legend, that is told when the list of items changes.

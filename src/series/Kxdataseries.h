@@ -58,9 +58,9 @@ public:
     // Appearance, captions.
     TKxLineStyle& GetLineStyle() { return FLineStyle; }
     TKxAreaStyle& GetAreaStyle() { return FAreaStyle; }
-    bool GetIncludeInLegend() const { return FIncludeInLegend; }
+    bool GetIncludeInLegend() const override { return FIncludeInLegend; }
     void SetIncludeInLegend(bool Include);
-    const AnsiString& GetCaption() const { return FCaption; }
+    const AnsiString& GetCaption() const override { return FCaption; }
     /// Also stored as the automatic caption when DoUserCaption is on, else as the user's.
     void SetCaption(const AnsiString& Caption);
     bool GetDoUserCaption() const { return FDoUserCaption; }
@@ -106,12 +106,17 @@ public:
     const std::vector<TKxSeries*>& GetChildren() const { return FChildren; }
     void AddChild(TKxSeries* Child);
     void RemoveChild(TKxSeries* Child);
+    std::vector<TKxGraphSeries*> GetChildSeries() const override {
+        return {FChildren.begin(), FChildren.end()};
+    }
     /// A child that fails does not keep the others from their calculation; the error goes to the application.
     void RecalculateChilds();
 
     void Draw(TCanvas& Canvas) override;
     /// Area and line.
     virtual void DrawLine(TCanvas& Canvas);
+    /// A swatch of the area, the line across the middle, and DrawSampleMark on it.
+    void DrawSample(TCanvas& Canvas, const TRect& Rect) override;
     bool IsCalculated() const override { return false; }
 
     virtual void WriteToIni(TKxIniList& Ini, const AnsiString& Section);
@@ -149,6 +154,10 @@ protected:
     virtual bool FollowsVectors() const { return true; }
     /// Symbols and the like, painted after the line.
     virtual void DrawMarks(TCanvas&) {}
+    /// One of them in the middle of a sample.
+    virtual void DrawSampleMark(TCanvas&, const TRect&) {}
+    /// The pens that line and outline are drawn with: the style, a line of width 1 as a cosmetic one.
+    void UseLinePen(TCanvas& Canvas) const;
 
     /// An interval that takes part in the extents; not finite: nothing does.
     struct TInterval {
@@ -276,6 +285,9 @@ public:
 
 protected:
     void DrawMarks(TCanvas& Canvas) override { DrawPoints(Canvas); }
+    void DrawSampleMark(TCanvas& Canvas, const TRect& Rect) override;
+    /// Pen and brush of the symbols.
+    void UseSymbolPen(TCanvas& Canvas) const;
     /// Sets brush and pen for symbols; Draw(i) is called for every point to mark. Unless both axes are zoomed
     /// the clip is lifted, so that symbols on the border are whole, and points beyond it are left out.
     template <class F>
@@ -324,6 +336,7 @@ protected:
     void CalcYValue(int Index) override;
     void CalculatePoint(int Index) override;
     void CalculateAllPoints() override;
+    void DrawSampleMark(TCanvas& Canvas, const TRect& Rect) override;
 
 private:
     enum TKind { XPlus, XMinus, YPlus, YMinus };

@@ -83,10 +83,7 @@ void TKxSeries::DrawArea(TCanvas& Canvas, const std::vector<std::span<const TPoi
 }
 
 void TKxSeries::DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs) {
-    Canvas.Pen.SetMode(pmCopy);
-    Canvas.Pen.SetStyle(FLineStyle.GetStyle());
-    Canvas.Pen.SetWidth(FLineStyle.GetWidth() == 1 ? 0 : FLineStyle.GetWidth());
-    Canvas.Pen.SetColor(FLineStyle.GetColor());
+    UseLinePen(Canvas);
     for (const auto& run : Runs) {
         if (run.size() == 1) {
             const TPoint p = run.front(); // between two gaps: a dot, or it would not show at all

@@ -11,11 +11,7 @@ void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, F Draw) {
     auto* graph = GetGraph();
     if (!graph || !graph->NotUpdating() || !FPointStyle.GetVisible() || !GetXAxis() || !GetYAxis()) return;
     if (NeedsCalculation()) CalculatePoints();
-    Canvas.Pen.SetMode(pmCopy);
-    Canvas.Pen.SetStyle(psSolid);
-    Canvas.Pen.SetWidth(FPointStyle.GetWidth());
-    Canvas.Pen.SetColor(FPointStyle.GetColor());
-    Canvas.Brush.SetColor(graph->GetSymbolGround());
+    UseSymbolPen(Canvas);
 
     const bool zoomed = GetXAxis()->CanZoomBack() && GetYAxis()->CanZoomBack();
     const TRect world{0, 0, GetDrawingWorld()->GetWidth(), GetDrawingWorld()->GetHeight()};
