@@ -164,7 +164,9 @@ void TKxCalculatedSeries::CalculationFailed(Exception& Error) {
 
 // As long as nobody has given the series another caption.
 void TKxCalculatedSeries::UpdateAutoCaption() {
-    if (GetCaption() == GetAutoCaption() && GetAutoCaption() != GetFormula()) SetAutoCaption(GetFormula());
+    if (GetCaption() != GetAutoCaption()) return;
+    const AnsiString formula = GetFormula();
+    if (GetAutoCaption() != formula) SetAutoCaption(formula);
 }
 
 AnsiString TKxCalculatedSeries::GetOwnIndex() const {

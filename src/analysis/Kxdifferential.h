@@ -1,42 +1,24 @@
 #pragma once
 // The derivative of a series.
 
-#include "analysis/Kxinterpolatedline.h"
-#include "analysis/Kxsecondaryaxis.h"
+#include "analysis/Kxderivedcurves.h"
 
 namespace kx {
 
-/// The base of curves that are drawn against a secondary axis, which is found or made when the series gets
-/// its parent, unless it has a Y axis or is being loaded.
-class TKxInterpolatedSecondary : public TKxAkimaFunction {
+/// The base of curves that follow from the interpolated one and have an axis of their own.
+class TKxInterpolatedSecondary : public TKxSecondaryCurve<TKxAkimaFunction> {
 public:
-    using TKxAkimaFunction::TKxAkimaFunction;
-    ~TKxInterpolatedSecondary() override { FSecondary.GiveBack(*this); }
-
-    /// Makes sure of a Y axis; see TKxSecondaryAxis.
-    void TestSecondaryAxis();
-
-protected:
-    void TakeYAxis(TKxNotCalculatedSeries& Parent) override;
-
-private:
-    TKxSecondaryAxis FSecondary;
+    using TKxSecondaryCurve::TKxSecondaryCurve;
 };
 
-/// The slope of the interpolated curve, with its extrema.
-class TKxDifferential : public TKxInterpolatedSecondary {
+/// The slope of the interpolated curve.
+class TKxDifferential : public TKxSlopeCurve<TKxInterpolatedSecondary> {
 public:
-    using TKxInterpolatedSecondary::TKxInterpolatedSecondary;
+    using TKxSlopeCurve::TKxSlopeCurve;
 
     static AnsiString CalculationID() { return "Differentiation"; }
     AnsiString GetCalculationID() const override { return CalculationID(); }
     AnsiString GetFormula() const override { return CalculationID(); }
-    double GetY(double X) const override { return Polynom().Slope(X); }
-    TKxRealPosArray GetMinima() const override { return Polynom().DiffMinima; }
-    TKxRealPosArray GetMaxima() const override { return Polynom().DiffMaxima; }
-
-protected:
-    void FindExtremaOfCurve() override { Polynom().FindDiffExtrema(); }
 };
 
 } // namespace kx

@@ -203,9 +203,10 @@ void TKxFittedLine::WriteResults(TKxIniList& List, const AnsiString& Section) co
 }
 
 void TKxFittedLine::WriteNamed(TKxIniList& List, const AnsiString& Section) const {
-    TStringList keys;
-    List.ReadSection(Section, keys);
-    const auto isTaken = [&keys](const AnsiString& Name) {
+    // Names of keys ignore case: of a and A the first one stands under its name.
+    const auto isTaken = [&](const AnsiString& Name) {
+        TStringList keys;
+        List.ReadSection(Section, keys);
         for (int i = 0; i < keys.GetCount(); ++i)
             if (SameText(keys.GetLine(i), Name)) return true;
         return false;

@@ -5,23 +5,14 @@
 
 namespace kx {
 
-/// The integral of the interpolated curve from the first display position on, with its extrema. It is 0 there
-/// if that position is a knot; it is measured from the knot left of it otherwise.
-class TKxIntegral : public TKxInterpolatedSecondary {
+/// The running integral of the interpolated curve.
+class TKxIntegral : public TKxIntegralCurve<TKxInterpolatedSecondary> {
 public:
-    using TKxInterpolatedSecondary::TKxInterpolatedSecondary;
+    using TKxIntegralCurve::TKxIntegralCurve;
 
     static AnsiString CalculationID() { return "Integration"; }
     AnsiString GetCalculationID() const override { return CalculationID(); }
     AnsiString GetFormula() const override { return CalculationID(); }
-    TKxRealPosArray GetMinima() const override { return Polynom().IntMinima; }
-    TKxRealPosArray GetMaxima() const override { return Polynom().IntMaxima; }
-    /// A zoom does not move the place that the integral starts from: the curve stays.
-    void CalculateLine() override;
-
-protected:
-    void FindExtremaOfCurve() override {} // found while integrating
-    void FillCurve() override { FillIntegral(); }
 };
 
 } // namespace kx

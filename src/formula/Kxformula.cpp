@@ -1,5 +1,7 @@
 #include "formula/Kxformula.h"
 
+#include "platform/text.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -25,15 +27,43 @@ bool IsName(const std::string& Text) {
     return !Text.empty() && !IsDigit(Text[0]) && std::all_of(Text.begin(), Text.end(), IsNameCharacter);
 }
 
-[[noreturn]] void RaiseAt(const std::string& Text, const std::string& What, int Position) {
+/// Place is a byte from 1; 0 for none.
+[[noreturn]] void RaiseAt(const std::string& Text, const std::string& What, int Place) {
     std::string message = "'" + Text + "': " + What;
-    if (Position > 0) message += " at character " + std::to_string(Position);
-    throw EFormulaError(message, Position);
+    if (Place <= 0 || std::size_t(Place) > Text.size()) throw EFormulaError(message, 0);
+    const int character = CharacterCount(Text.substr(0, std::size_t(Place) - 1)) + 1;
+    throw EFormulaError(message + " at character " + std::to_string(character), character);
 }
+
+std::string Trimmed(const std::string& Text) {
+    const auto first = Text.find_first_not_of(' ');
+    return first == Text.npos ? "" : Text.substr(first, Text.find_last_not_of(' ') - first + 1);
+}
+
+// muParser spreads a block over threads, which costs more than it gains for blocks of this size.
+extern "C" [[gnu::weak]] int omp_get_max_threads();
+extern "C" [[gnu::weak]] void omp_set_num_threads(int);
+
+class TOneThread {
+public:
+    TOneThread() {
+        if (!omp_get_max_threads || !omp_set_num_threads) return;
+        FBefore = omp_get_max_threads();
+        omp_set_num_threads(1);
+    }
+    ~TOneThread() {
+        if (FBefore > 0) omp_set_num_threads(FBefore);
+    }
+    TOneThread(const TOneThread&) = delete;
+    TOneThread& operator=(const TOneThread&) = delete;
+
+private:
+    int FBefore = 0;
+};
 
 /// What a parser's error says in our words; its own text speaks of internals.
 std::string ReasonOf(const mu::ParserError& Error) {
-    const std::string token = "'" + Error.GetToken() + "'";
+    const std::string token = "'" + Trimmed(Error.GetToken()) + "'";
     switch (Error.GetCode()) {
     case mu::ecUNEXPECTED_EOF: return "the formula ends too early";
     case mu::ecEMPTY_EXPRESSION: return "the formula is empty";
@@ -150,6 +180,7 @@ void TKxFormula::Evaluate(std::span<const double> X, std::span<const double> Coe
     auto& columns = FParser->Columns;
     const std::size_t given = std::min(Coefficients.size(), columns.size() - 1);
     const std::size_t longest = std::min(CBlock, X.size());
+    const TOneThread oneThread;
     for (std::size_t i = 0; i < given; ++i) std::fill_n(columns[i + 1].begin(), longest, Coefficients[i]);
     for (std::size_t start = 0; start < X.size(); start += CBlock) {
         const std::size_t count = std::min(CBlock, X.size() - start);

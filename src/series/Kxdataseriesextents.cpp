@@ -85,7 +85,9 @@ void TKxSeries::FOnWeightChanged(int, bool) {
 
 bool TKxSeries::NeedsCalculation() const {
     const bool complete = FXAxis && FYAxis && FXData && FYData;
-    return complete && (FPointsDirty || (FRangesModified && !FChildren.empty()));
+    return complete &&
+           (FPointsDirty || (FRangesModified && !FChildren.empty()) ||
+            std::ranges::any_of(FChildren, [](const TKxSeries* C) { return C->NeedsCalculation(); }));
 }
 
 // Plain vectors tell nobody of their values, so a count that was never scanned is stale too; so are extents

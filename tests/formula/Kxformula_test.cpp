@@ -67,6 +67,8 @@ TEST(Formula, SaysWhatIsWrongAndWhere) {
         {"a=x", 2, "'=' is not expected"},
         {"sin(x,a)", 0, "too many arguments"},
         {"a#x", 2, ""},
+        {"a*µ*x", 3, "'µ"},
+        {"µ", 1, ""},
         {"\"a\"", 0, ""},
     };
     for (const auto& [text, position, what] : cases) {

@@ -1,65 +1,18 @@
-// Fits: how they are asked for, what they find, and how the picture names them.
+// Lines and polynomials: what they find, and how the picture names them.
 
-#include "kxplot/fitspec.h"
-#include "kxplot/options.h"
-#include "kxplot/program.h"
-
-#include <cmath>
+#include "kxplot/analysisprogram.h"
 
 namespace {
 
-using namespace kxplot;
 using namespace kxplot::test;
 
-TEST(KxplotFitSpec, ReadsLinesPolynomialsAndLabels) {
-    const std::pair<const char*, TFitSpec> fits[] = {{"line", {1, {}}},
-                                                     {"line:offset=0", {1, 0.0}},
-                                                     {"line:offset=-1.5e2", {1, -150.0}},
-                                                     {"poly:2", {2, {}}},
-                                                     {"poly:1000000", {1000000, {}}}};
-    for (const auto& [text, spec] : fits) EXPECT_EQ(ParseFit(text), spec) << text;
-    const std::tuple<const char*, std::optional<int>, const char*, int> labels[] = {
-        {"Slope", {}, "Slope", 8},
-        {"Slope:0", {}, "Slope", 0},
-        {"2.DeltaSlope%:18", 2, "DeltaSlope%", 18},
-        {"0.Coeff(1)", 0, "Coeff(1)", 8},
-        {"a.b:3", {}, "a.b", 3}};
-    for (const auto& [text, number, key, digits] : labels) {
-        const TLabelSpec label = ParseLabel(text);
-        EXPECT_EQ(std::tuple(label.Number, label.Key, label.Digits), std::tuple(number, key, digits)) << text;
-    }
-}
-
-class KxplotFits : public KxplotProgram {
+class KxplotFits : public KxplotAnalyses {
 protected:
     /// u = 1 + 2t, v = 10 - 3t, w are weights; p = 10^(t - 1) and q have something for logarithmic axes.
     void SetUp() override {
         Write("d.csv", "t,u,v,w,p,q\n1,3,7,1,1,1\n2,5,4,1,10,-1\n3,7,1,0,100,0\n4,9,-2,1,1000,5\n");
     }
 
-    static TNames Words(const std::string& Text) {
-        std::istringstream words(Text);
-        return TNames(std::istream_iterator<std::string>(words), {});
-    }
-    /// A value in INI text; empty when it is not there.
-    static std::string Value(const std::string& Ini, const std::string& Section, const std::string& Key) {
-        const auto begin = ("\n" + Ini).find("\n[" + Section + "]\n");
-        if (begin == std::string::npos) return {};
-        const std::string body = Ini.substr(begin, Ini.find("\n\n", begin) - begin);
-        const auto at = body.find("\n" + Key + "=");
-        if (at == std::string::npos) return {};
-        const auto from = at + Key.size() + 2;
-        return body.substr(from, body.find('\n', from) - from);
-    }
-    std::string Results(const std::string& Arguments) const {
-        const TOutcome outcome = Run(Words("d.csv --results - " + Arguments));
-        EXPECT_EQ(outcome.Errors, "") << Arguments;
-        return outcome.Output;
-    }
-    double Result(const std::string& Arguments, const std::string& Section, const std::string& Key) const {
-        const std::string value = Value(Results(Arguments), Section, Key);
-        return value.empty() ? NAN : std::stod(value);
-    }
     /// Where a text stands in the picture: "left top" and so on; empty when it is not there.
     static std::string PlaceOf(const std::string& Svg, const std::string& Text) {
         std::smatch found;
@@ -81,6 +34,7 @@ TEST_F(KxplotFits, FindWhatTheDataHold) {
         {"-y q --fit line --to=2.5 --from=-1", "LinearRegression", "Points", 2},
         {"-y q --fit line --weight w --to 3", "LinearRegression", "Slope", -2},
         {"-y p --fit line --log-y", "LinearRegression", "Slope", 1},
+        {"-y q --fit poly:2 --log-y", "PolynomialRegression", "Coeff(3)", 7.0 / 4},
         {"-y u -y v --fit poly:2 --fit line", "Series2.LinearRegression", "Slope", -3},
         {"-y u -y v --fit line", "Series1.LinearRegression", "CalcStop", 4},
         {"--weight w --fit line", "Series3.LinearRegression", "Slope", 14958.0 / 42},
@@ -163,10 +117,11 @@ TEST_F(KxplotFits, WhatFailsIsToldOnceAndTheRestIsDrawn) {
     const std::string log = "axis is logarithmic and . holds values that are not positive, first in row ";
     const std::pair<std::string, std::string> cases[] = {
         {"-y u --fit poly:4", "kxplot: u: polynomial fit of degree 4: Not enough data!\n"},
-        {"-y u --fit poly:1000000", "kxplot: u: polynomial fit of degree 1000000: Not enough data!\n"},
+        {"-y u --fit poly:20000", "kxplot: u: polynomial fit of degree 20000: Not enough data!\n"},
         {"-y u -y v --fit line --from 4",
          "kxplot: u: linear fit: Not enough data!\nkxplot: v: linear fit: Not enough data!\n"},
-        {"-x w -y u --from 1 --fit line", "kxplot: u: linear fit: no line can be computed from these data\n"},
+        {"-x w -y u --from 1 --fit line",
+         "kxplot: u: linear fit: no curve can be computed from these data\n"},
         {"-y q --fit line --log-y", "kxplot: q: linear fit: the y " + log + "2: -1\n"},
         {"-x q -y u -y v --fit line --set XAxis.Scaling=AxLogEE --label 2.Slope",
          "kxplot: u: linear fit: the x " + log + "2: -1\nkxplot: v: linear fit: the x " + log + "2: -1\n"},
@@ -199,26 +154,13 @@ TEST_F(KxplotFits, AnOutfitDressesThemAndTheCommandLineSaysWhatTheyAre) {
 
 TEST_F(KxplotFits, WrongOptionsAreUsageErrorsAndLeaveNoFile) {
     const std::pair<const char*, const char*> cases[] = {
-        {"--fit cubic", "--fit: 'cubic' is not line, line:offset=VALUE or poly:DEGREE"},
-        {"--fit line:foo=1", "--fit: .*line:offset=VALUE.*"},
-        {"--fit line:offset=abc", "--fit: .*with a number"},
-        {"--fit line:offset=inf", "--fit: .*with a number"},
-        {"--fit poly:x", "--fit: .*a degree from 2.*"},
-        {"--fit poly:1", "--fit: .*a degree from 2.*--fit line.*"},
-        {"--fit poly:99999999999", "--fit: .*a degree from 2.*"},
-        {"--fit line --from abc", "--from: 'abc' is not a number"},
-        {"--fit line --to nan", "--to: 'nan' is not a number"},
-        {"--fit line --from 3 --to 2", "--from: 3 lies above --to 2"},
-        {"--label Slope", "--label: there is no --fit .*"},
-        {"--results -", "--results: there is no --fit .*"},
-        {"--fit line --label Slope:x", "--label: 'Slope:x' .* 0 to 18 digits"},
-        {"--fit line --label Slope:19", "--label: .* 0 to 18 digits"},
-        {"--fit line --label 1.:3", "--label: .*no key"},
+        {"--fit cubic", "--fit: 'cubic' is neither .*"},
         {"-y u --fit line --label Slop",
          "--label: 'Slop': there is no such result; the keys are Calculation, .*Slope, .*"},
         {"-y u --fit line --fit poly:2 --label 2.Slope", "--label: .* the keys are .*Coeff\\(3\\).*"},
-        {"-y u -y v --fit line --label 3.Slope", "--label: .* no fit 3, only 2; the keys are .*Slope.*"},
-        {"-y u --fit line --label 0.Slope", "--label: .* no fit 0, only one; .*"},
+        {"-y u -y v --fit line --label 3.Slope",
+         "--label: .* no fit or curve 3, only 2; the keys are .*Slope.*"},
+        {"-y u --fit line --label 0.Slope", "--label: .* no fit or curve 0, only one; .*"},
     };
     for (const auto& [arguments, message] : cases)
         ExpectError(2, std::string("d.csv -o p.png ") + arguments, message);

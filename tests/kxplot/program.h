@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 #include <iterator>
 #include <regex>
@@ -47,15 +48,25 @@ protected:
         return names;
     }
 
-    TOutcome Run(TNames Arguments, const std::string& Input = "") const {
+    TOutcome Run(const TNames& Arguments, const std::string& Input = "") const {
         const kx::test::TTemporaryDirectory streams;
         kx::ReplaceFile(streams / "in", Input);
+        const pid_t child = Start(Arguments, streams / "in", streams / "out", streams / "err");
+        const int status = StatusOf(child);
+        return {status, kx::ReadFile(streams / "out"), kx::ReadFile(streams / "err")};
+    }
+    /// The program at work, with its streams in files.
+    pid_t Start(const TNames& Arguments, const std::string& In, const std::string& Out,
+                const std::string& Err) const {
         const pid_t child = fork();
-        if (child == 0) RunChild(Arguments, streams);
+        if (child == 0) RunChild(Arguments, In, Out, Err);
+        return child;
+    }
+    /// Waits for its end; -1 when a signal ended it.
+    static int StatusOf(pid_t Child) {
         int status = 0;
-        waitpid(child, &status, 0);
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, kx::ReadFile(streams / "out"),
-                kx::ReadFile(streams / "err")};
+        waitpid(Child, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
     /// The picture as SVG; a failure shows what the program said.
@@ -67,12 +78,16 @@ protected:
         return outcome.Status == 0 ? Read("p.svg") : "";
     }
 
+    static TNames Words(const std::string& Text) {
+        std::istringstream words(Text);
+        return TNames(std::istream_iterator<std::string>(words), {});
+    }
+
     /// One line about what is wrong; Arguments are words.
     void ExpectError(int Status, const std::string& Arguments, const std::string& Message,
                      const std::string& Input = "") const {
         SCOPED_TRACE(Arguments);
-        std::istringstream words(Arguments);
-        const TOutcome outcome = Run(TNames(std::istream_iterator<std::string>(words), {}), Input);
+        const TOutcome outcome = Run(Words(Arguments), Input);
         EXPECT_EQ(outcome.Status, Status);
         EXPECT_TRUE(std::regex_match(outcome.Errors, std::regex("kxplot: " + Message + "\n")))
             << outcome.Errors;
@@ -90,15 +105,17 @@ protected:
     }
 
 private:
-    [[noreturn]] void RunChild(TNames& Arguments, const kx::test::TTemporaryDirectory& Streams) const {
-        const auto open = [&](const char* Name, int Flags, int Target) {
-            dup2(::open((Streams / Name).c_str(), Flags | O_CREAT, 0600), Target);
+    [[noreturn]] void RunChild(TNames Arguments, const std::string& In, const std::string& Out,
+                               const std::string& Err) const {
+        const auto open = [&](const std::string& Name, int Flags, int Target) {
+            dup2(::open(Name.c_str(), Flags | O_CREAT | O_NOCTTY, 0600), Target);
         };
-        open("in", O_RDONLY, 0);
-        open("out", O_WRONLY, 1);
-        open("err", O_WRONLY, 2);
+        open(In, O_RDONLY, 0);
+        open(Out, O_WRONLY, 1);
+        open(Err, O_WRONLY, 2);
         if (chdir((FDirectory / "").c_str()) != 0) _exit(126);
         setenv("LC_ALL", "de_DE.UTF-8", 1); // its decimal comma must show nowhere
+        std::signal(SIGINT, SIG_DFL);       // also where the tests themselves ignore it
         Arguments.insert(Arguments.begin(), KXPLOT);
         std::vector<char*> pointers;
         for (auto& argument : Arguments) pointers.push_back(argument.data());

@@ -19,7 +19,7 @@ constexpr std::array<TColor, 8> CPalette{RGB(0x00, 0x72, 0xB2), RGB(0xD5, 0x5E, 
 constexpr std::array<TKxPointSymbol, 5> CSymbols{SyCircleFilled, SySquareFilled, SyDiamondFilled,
                                                  SyDeltaFilled, SyNablaFilled};
 
-constexpr std::array<TPenStyle, 4> CFitStyles{psSolid, psDash, psDot, psDashDot};
+constexpr std::array<TPenStyle, 4> CLineStyles{psSolid, psDash, psDot, psDashDot};
 
 /// The colour as it looks through three quarters of white.
 constexpr TColor Tint(TColor Color) {
@@ -66,6 +66,14 @@ void DressAxis(TKxAxis& Axis) {
     Axis.SetMajorTickColor(CInk);
 }
 
+void DressSideAxis(TKxAxis& Axis, TColor Color) {
+    Axis.GetFont().SetColor(Color);
+    Axis.GetCaptionFont().SetColor(Color);
+    Axis.SetAxisColor(Color);
+    Axis.SetTickColor(Color);
+    Axis.SetMajorTickColor(Color);
+}
+
 void DressSeries(TKxDataWithErrorSeries& Series, int Number, TStyle Style, bool HasErrors,
                  bool SmallSymbols) {
     const TColor color = CPalette[std::size_t(Number) % CPalette.size()];
@@ -84,12 +92,17 @@ void DressSeries(TKxDataWithErrorSeries& Series, int Number, TStyle Style, bool 
     Series.SetErrorColor(color);
 }
 
-void DressFit(TKxSeries& Fit, int Number, int Series, bool SeveralSeries) {
-    const auto number = std::size_t(Number);
-    const std::size_t color = SeveralSeries ? std::size_t(Series) : 1 + number % (CPalette.size() - 1);
-    Fit.GetLineStyle().SetColor(CPalette[color % CPalette.size()]);
-    Fit.GetLineStyle().SetStyle(CFitStyles[number % CFitStyles.size()]);
-    Fit.GetLineStyle().SetWidth(2);
+TColor AnalysisColor(const TAnalysisPlace& Place) {
+    const int color = Place.SeveralSeries ? Place.Series : 1 + Place.Number % int(CPalette.size() - 1);
+    return CPalette[std::size_t(color) % CPalette.size()];
+}
+
+void DressAnalysis(TKxSeries& Line, const TAnalysisPlace& Place, bool HasOwnAxis) {
+    const bool solid = HasOwnAxis && !Place.SeveralSeries;
+    Line.GetLineStyle().SetColor(AnalysisColor(Place));
+    Line.GetLineStyle().SetStyle(solid ? psSolid
+                                       : CLineStyles[std::size_t(Place.Number) % CLineStyles.size()]);
+    Line.GetLineStyle().SetWidth(2);
 }
 
 } // namespace kxplot

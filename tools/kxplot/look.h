@@ -9,11 +9,21 @@ namespace kxplot {
 
 void DressGraph(kx::TKx2DGraph& Graph);
 void DressAxis(kx::TKxAxis& Axis);
+/// An axis of one curve's own takes the colour of that curve.
+void DressSideAxis(kx::TKxAxis& Axis, kx::TColor Color);
 /// Number counts from 0; HasErrors keeps the error bars shown in every style, SmallSymbols is for a cloud of
 /// points.
 void DressSeries(kx::TKxDataWithErrorSeries& Series, int Number, TStyle Style, bool HasErrors,
                  bool SmallSymbols);
-/// Number and Series count from 0. Of several series each lends its fits its colour.
-void DressFit(kx::TKxSeries& Fit, int Number, int Series, bool SeveralSeries);
+/// How an analysis is told from others. Of several series each lends its colour, and patterns tell its
+/// analyses apart.
+struct TAnalysisPlace {
+    int Number = 0; ///< from 0, among those of the series
+    int Series = 0; ///< from 0
+    bool SeveralSeries = false;
+};
+kx::TColor AnalysisColor(const TAnalysisPlace& Place);
+/// A curve on an axis of its own has no pattern unless it needs one.
+void DressAnalysis(kx::TKxSeries& Line, const TAnalysisPlace& Place, bool HasOwnAxis);
 
 } // namespace kxplot

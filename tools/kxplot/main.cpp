@@ -22,7 +22,7 @@ namespace {
 
 using namespace kxplot;
 
-constexpr int CFailure = 1, CUsage = 2;
+constexpr int CFailure = 1, CUsage = 2, CInterrupted = 130; // the last as shells have it
 
 /// The files of one run: written beside their places, and renamed into them when all are written.
 class TPendingFiles {
@@ -100,6 +100,7 @@ int Draw(const TOptions& Options) {
     if (Options.Results == "-") PrintResults(plot.GetResults());
     const auto failures = plot.GetFailures();
     for (const auto& failure : failures) std::cerr << "kxplot: " << failure << '\n';
+    if (plot.WasInterrupted()) return CInterrupted;
     return failures.empty() ? 0 : CFailure;
 }
 

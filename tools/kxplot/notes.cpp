@@ -1,7 +1,8 @@
 #include "kxplot/notes.h"
 
-#include "annotation/Kxcaption.h"
+#include "kxplot/captiontext.h"
 #include "kxplot/corner.h"
+#include "kxplot/lines.h"
 
 #include <algorithm>
 #include <array>
@@ -39,24 +40,26 @@ private:
 };
 
 template <class T>
-T* TNotes::Make(const char* Name, std::size_t Number, const TFont& Font) {
+T* TNotes::Make(const std::string& Name, const TFont& Font) {
     auto* label = new T(FGraph.GetOwner());
-    label->SetName(Name + std::to_string(Number));
+    label->SetName(Name);
     label->SetParent(&FGraph);
     label->SetTransparent(true);
     label->SetFont(Font);
     return label;
 }
 
-TNotes::TNotes(TKx2DGraph& Graph, const TFont& Font, const TFits& Fits, const std::vector<TLabelSpec>& Labels)
-    : FGraph(Graph), FFits(Fits) {
-    for (std::size_t k = 0; k < Fits.GetItems().size(); ++k) {
+TNotes::TNotes(TKx2DGraph& Graph, const TFont& Font, const TAnalyses& Analyses,
+               const std::vector<TLabelSpec>& Labels)
+    : FGraph(Graph), FAnalyses(Analyses) {
+    for (const auto& analysis : Analyses.GetItems()) {
         auto* sample = new TLineSample(Graph.GetOwner());
         sample->SetParent(&Graph);
-        FNames.push_back({Make<TKxLabel>("FitName", k + 1, Font), sample});
+        const std::string name = KindOf(analysis.Spec) + ("Name" + std::to_string(analysis.Number));
+        FNames.push_back({Make<TKxLabel>(name, Font), sample});
     }
     for (const auto& spec : Labels) {
-        auto* label = Make<TKxResultLabel>("Label", FResults.size() + 1, Font);
+        auto* label = Make<TKxResultLabel>("Label" + std::to_string(FResults.size() + 1), Font);
         label->SetDigits(spec.Digits);
         FResults.push_back({spec, label});
     }
@@ -64,27 +67,28 @@ TNotes::TNotes(TKx2DGraph& Graph, const TFont& Font, const TFits& Fits, const st
 
 void TNotes::Bind() {
     for (auto& result : FResults) {
-        result.Fit = &FFits.Find(result.Spec);
+        result.Analysis = &FAnalyses.Find(result.Spec);
         if (result.Label->GetPrefix().empty())
             result.Label->SetPrefix(EscapeCaption(result.Spec.Key) + " = ");
         result.Label->SetIdentifier(result.Spec.Key);
         // Without a curve there are markers in place of results, which belong in no picture.
-        if (result.Fit->HasCurve()) result.Label->SetSeries(result.Fit->Line);
+        if (result.Analysis->HasCurve()) result.Label->SetSeries(result.Analysis->Line);
     }
 }
 
-// A fit that is not drawn is named where it has labels: they must belong to something.
+// What is not drawn is named where it has labels: they must belong to something.
 void TNotes::UpdateNames() {
     for (std::size_t k = 0; k < FNames.size(); ++k) {
-        const TFit& fit = FFits.GetItems()[k];
+        const TAnalysis& analysis = FAnalyses.GetItems()[k];
         const auto& [label, sample] = FNames[k];
-        const bool labelled = std::any_of(FResults.begin(), FResults.end(),
-                                          [&](const TResult& Result) { return Result.Fit == &fit; });
-        label->SetVisible(label->GetVisible() && (fit.IsDrawn() || labelled));
-        sample->SetVisible(label->GetVisible() && fit.IsDrawn());
-        label->SetCaption(fit.Line->GetCaption());
-        label->GetFont().SetColor(fit.Line->GetLineStyle().GetColor());
-        sample->SetStyle(fit.Line->GetLineStyle());
+        const bool labelled = std::any_of(FResults.begin(), FResults.end(), [&](const TResult& Result) {
+            return Result.Analysis == &analysis;
+        });
+        label->SetVisible(label->GetVisible() && (analysis.IsDrawn() || labelled));
+        sample->SetVisible(label->GetVisible() && analysis.IsDrawn());
+        label->SetCaption(analysis.Line->GetCaption());
+        label->GetFont().SetColor(analysis.Line->GetLineStyle().GetColor());
+        sample->SetStyle(analysis.Line->GetLineStyle());
     }
 }
 
@@ -93,7 +97,7 @@ std::vector<TNotes::TLine> TNotes::GetLines() const {
     for (std::size_t k = 0; k < FNames.size(); ++k) {
         if (FNames[k].Label->GetVisible()) lines.push_back({FNames[k].Label, FNames[k].Sample});
         for (const auto& result : FResults)
-            if (result.Fit == &FFits.GetItems()[k] && result.Label->GetVisible())
+            if (result.Analysis == &FAnalyses.GetItems()[k] && result.Label->GetVisible())
                 lines.push_back({result.Label, nullptr});
     }
     return lines;
@@ -117,6 +121,7 @@ TSize TNotes::SizeOf(const std::vector<TLine>& Lines) const {
 }
 
 void TNotes::FitInto(TSize Room, const std::vector<TLine>& Lines) {
+    ShortenFormulas(Room.Width / 2 - Indent());
     const auto isTooLarge = [&] {
         const TSize size = SizeOf(Lines);
         return size.Width > Room.Width || size.Height > Room.Height;
@@ -135,17 +140,24 @@ void TNotes::FitInto(TSize Room, const std::vector<TLine>& Lines) {
     for (std::size_t k = 0; k < FNames.size(); ++k) ShortenName(k, Room.Width - Indent());
 }
 
-// What the fit is stays, and the beginning of what it fits.
+// A formula may be as long as it likes; the block would hide the data or have tiny letters.
+void TNotes::ShortenFormulas(int Width) {
+    for (std::size_t k = 0; k < FNames.size(); ++k) {
+        if (FAnalyses.GetItems()[k].Spec.Method != TMethod::Formula) continue;
+        TKxLabel& label = *FNames[k].Label;
+        std::string plain = PlainText(label.GetCaption());
+        while (label.GetWidth() > Width && Shorten(plain)) label.SetCaption(EscapeCaption(plain + "…"));
+    }
+}
+
+// What the analysis is stays, and the beginning of what it is about.
 void TNotes::ShortenName(std::size_t Index, int Width) {
     TKxLabel& label = *FNames[Index].Label;
-    const std::string plain = TFits::PlainCaption(FFits.GetItems()[Index]);
+    const std::string plain = PlainText(label.GetCaption());
     const auto colon = std::min(plain.rfind(": "), plain.size());
     std::string head = plain.substr(0, colon);
-    while (label.GetWidth() > Width && !head.empty()) {
-        do head.pop_back();
-        while (!head.empty() && (head.back() & 0xC0) == 0x80); // not inside of a character
+    while (label.GetWidth() > Width && Shorten(head))
         label.SetCaption(EscapeCaption(head + "…" + plain.substr(colon)));
-    }
 }
 
 void TNotes::Place() {

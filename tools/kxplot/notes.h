@@ -1,9 +1,9 @@
 #pragma once
-// The block of labels in the picture: the names of the fits, and their results.
+// The block of labels in the picture: the names of fits and curves, and their results.
 
 #include "annotation/Kxresultlabel.h"
 #include "graph/Kxgraph2d.h"
-#include "kxplot/fits.h"
+#include "kxplot/analyses.h"
 
 #include <vector>
 
@@ -11,14 +11,15 @@ namespace kxplot {
 
 class TLineSample;
 
-/// Labels on the graph that are components of its form: FitName1, FitName2, ... and, as --label asks for
-/// them, Label1, Label2, ... They are made before properties are set, and filled in and placed afterwards.
+/// Labels on the graph that are components of its form: the names (FitName1, CurveName1, ...) and, as --label
+/// asks for them, Label1, Label2, ... They are made before properties are set, and filled in and placed
+/// afterwards.
 class TNotes {
 public:
-    TNotes(kx::TKx2DGraph& Graph, const kx::TFont& Font, const TFits& Fits,
+    TNotes(kx::TKx2DGraph& Graph, const kx::TFont& Font, const TAnalyses& Analyses,
            const std::vector<TLabelSpec>& Labels);
 
-    /// Ties the result labels to their fits. Raises TUsageError for a key that there is not.
+    /// Ties the result labels to their analyses. Raises TUsageError for a key that there is not.
     void Bind();
     /// Lines up what there is to show in the freest corner of the settled graph.
     void Place();
@@ -28,7 +29,7 @@ private:
     struct TResult {
         TLabelSpec Spec;
         kx::TKxResultLabel* Label;
-        const TFit* Fit = nullptr;
+        const TAnalysis* Analysis = nullptr;
     };
     struct TName {
         kx::TKxLabel* Label;
@@ -40,18 +41,19 @@ private:
         TLineSample* Sample;
     };
     template <class T>
-    T* Make(const char* Name, std::size_t Number, const kx::TFont& Font);
+    T* Make(const std::string& Name, const kx::TFont& Font);
     void UpdateNames();
     std::vector<TLine> GetLines() const;
     void FitInto(kx::TSize Room, const std::vector<TLine>& Lines);
+    void ShortenFormulas(int Width);
     void ShortenName(std::size_t Index, int Width);
     int SampleWidth() const;
     int Indent() const { return SampleWidth() > 0 ? SampleWidth() + CSampleGap : 0; }
     kx::TSize SizeOf(const std::vector<TLine>& Lines) const;
 
     kx::TKx2DGraph& FGraph;
-    const TFits& FFits;
-    std::vector<TName> FNames; ///< one a fit
+    const TAnalyses& FAnalyses;
+    std::vector<TName> FNames; ///< one an analysis
     std::vector<TResult> FResults;
 };
 

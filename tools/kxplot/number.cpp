@@ -46,4 +46,17 @@ std::optional<double> ParseNumber(std::string_view Cell, bool DecimalComma) {
     return ParsePointForm(pointForm.data(), pointForm.data() + pointForm.size());
 }
 
+std::optional<double> ParseFinite(std::string_view Text) {
+    const auto value = ParseNumber(Text, false);
+    return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+std::optional<int> ParseWhole(std::string_view Text, int Lowest, int Highest) {
+    int value = 0;
+    const auto [stop, error] = std::from_chars(Text.data(), Text.data() + Text.size(), value);
+    if (error != std::errc() || stop != Text.data() + Text.size()) return std::nullopt;
+    if (value < Lowest || value > Highest) return std::nullopt;
+    return value;
+}
+
 } // namespace kxplot

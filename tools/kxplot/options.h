@@ -1,7 +1,8 @@
 #pragma once
 // What the command line asks of kxplot.
 
-#include "kxplot/fitspec.h"
+#include "kxplot/analysisspec.h"
+#include "kxplot/labelspec.h"
 #include "platform/geometry.h"
 
 #include <optional>
@@ -29,7 +30,9 @@ struct TOptions {
     std::optional<std::string> X;
     std::vector<std::string> Y, DX, DY, DXMinus, DYMinus;
     std::optional<TStyle> Style;
-    std::vector<TFitSpec> Fits;
+    std::vector<TAnalysisSpec> Analyses; ///< fits, then curves, the derivative and the integral
+    int Iterations = 1000, Repeat = 1;   ///< of formula fits
+    bool Covariance = false;
     std::optional<std::string> Weight; ///< column
     std::optional<double> From, To;
     std::string Results; ///< file; "-" is standard output, empty none

@@ -1,5 +1,6 @@
 #include "kxplot/plot.h"
 
+#include "annotation/Kxcaption.h"
 #include "kxplot/look.h"
 #include "kxplot/results.h"
 #include "platform/application.h"
@@ -17,8 +18,14 @@ namespace {
 
 constexpr int CFewPoints = 50, CManySymbols = 500;
 
+/// Whether there is a fit or a curve among the points.
+bool ShowsValues(const TOptions& Options) {
+    return std::any_of(Options.Analyses.begin(), Options.Analyses.end(),
+                       [](const TAnalysisSpec& Spec) { return Spec.Quantity == TQuantity::Value; });
+}
+
 TStyle DefaultStyle(const TOptions& Options, std::size_t Rows) {
-    if (!Options.Fits.empty()) return TStyle::Points;
+    if (ShowsValues(Options)) return TStyle::Points;
     return Rows <= std::size_t(CFewPoints) ? TStyle::Both : TStyle::Line;
 }
 
@@ -46,20 +53,34 @@ TPlot::TPlot(const TTable& Table, const TOptions& Options)
     FGraph->SetBounds(0, 0, Options.Size.Width, Options.Size.Height);
     DressGraph(*FGraph);
     MakeAxes();
+    MakeSideAxes(Options, columns.Y.size() > 1);
     MakeSeries(Table, columns, Options);
     CaptionAxes(Table, columns);
 }
 
+TKxAxis* TPlot::MakeAxis(const std::string& Name) {
+    auto* axis = new TKxAxis(FForm.get());
+    axis->SetName(Name);
+    axis->SetParent(FGraph);
+    DressAxis(*axis);
+    return axis;
+}
+
 void TPlot::MakeAxes() {
-    const auto make = [this](const char* Name) {
-        auto* axis = new TKxAxis(FForm.get());
-        axis->SetName(Name);
-        axis->SetParent(FGraph);
-        DressAxis(*axis);
-        return axis;
-    };
-    FGraph->SetPrimaryXAxis(FXAxis = make("XAxis"));
-    FGraph->SetPrimaryYAxis(FYAxis = make("YAxis"));
+    FGraph->SetPrimaryXAxis(FXAxis = MakeAxis("XAxis"));
+    FGraph->SetPrimaryYAxis(FYAxis = MakeAxis("YAxis"));
+}
+
+// The series would find or make an axis by themselves, but derivative and integral the same one.
+void TPlot::MakeSideAxes(const TOptions& Options, bool SeveralSeries) {
+    for (std::size_t k = 0; k < Options.Analyses.size(); ++k) {
+        const TQuantity quantity = Options.Analyses[k].Quantity;
+        if (quantity == TQuantity::Value) continue;
+        auto* axis = MakeAxis("SecondaryAxis" + std::to_string(FSideAxes.size() + 1));
+        axis->SetPosition(AxRightPos);
+        if (!SeveralSeries) DressSideAxis(*axis, AnalysisColor({int(k), 0, false}));
+        FSideAxes[quantity] = axis;
+    }
 }
 
 TPlot::TColumns TPlot::ChooseColumns(const TTable& Table, const TOptions& Options) const {
@@ -116,7 +137,7 @@ void TPlot::MakeSeries(const TTable& Table, const TColumns& Columns, const TOpti
     auto* x = MakeVector("XData", Columns.X < 0 ? numbers : valuesOf(Columns.X));
     auto* weight = Columns.Weight < 0 ? nullptr : MakeVector("Weight", valuesOf(Columns.Weight));
 
-    FFits = std::make_unique<TFits>(Options, Columns.Y.size());
+    FAnalyses = std::make_unique<TAnalyses>(Options, Columns.Y.size(), FSideAxes);
     for (std::size_t k = 0; k < Columns.Y.size(); ++k) {
         const std::string number = std::to_string(k + 1);
         auto* y = MakeVector("YData" + number, valuesOf(Columns.Y[k]));
@@ -133,7 +154,7 @@ void TPlot::MakeSeries(const TTable& Table, const TColumns& Columns, const TOpti
         const TStyle style = Options.Style.value_or(DefaultStyle(Options, rows));
         DressSeries(*series, int(k), rows == 1 && style == TStyle::Line ? TStyle::Both : style,
                     dx || dxMinus || dy || dyMinus,
-                    !Options.Fits.empty() && !Options.Style && rows > std::size_t(CManySymbols));
+                    ShowsValues(Options) && !Options.Style && rows > std::size_t(CManySymbols));
         series->SetdXPlus(dx);
         series->SetdXMinus(dxMinus ? dxMinus : dx);
         series->SetdYPlus(dy);
@@ -143,44 +164,7 @@ void TPlot::MakeSeries(const TTable& Table, const TColumns& Columns, const TOpti
         series->SetWeight(weight);
         series->SetAutoCaption(EscapeCaption(Table.ColumnName(Columns.Y[k])));
         FSeries.push_back(series);
-        FFits->AddTo(*series, FForm.get());
-    }
-}
-
-void TPlot::CaptionAxes(const TTable& Table, const TColumns& Columns) {
-    if (Columns.X >= 0) FXHeader = Table.GetHeader(Columns.X);
-    for (const int column : Columns.Y) {
-        const std::string header = Table.GetHeader(column);
-        FYHeader += (FYHeader.empty() || header.empty() ? "" : ", ") + header;
-    }
-    FXAxis->SetAutoCaption(EscapeCaption(FXHeader));
-    FYAxis->SetAutoCaption(EscapeCaption(FYHeader));
-}
-
-void TPlot::FitCaptions(bool MayShrink) {
-    SettleTree(*FForm);
-    constexpr int CSmallest = 8;
-    const auto fits = [this](const TKxLabel& Label) {
-        const TRect bounds = Label.GetBoundsRect(), all = FGraph->GetClientRect();
-        return bounds.Intersected(all) == bounds;
-    };
-    const auto shrink = [&](const TKxLabel& Label, TFont& Font) {
-        while (MayShrink && !fits(Label) && Font.GetSize() > CSmallest) {
-            Font.SetSize(Font.GetSize() - 1);
-            SettleTree(*FForm);
-        }
-    };
-    if (FGraph->GetShowTitle()) shrink(FGraph->GetTitleLabel(), FGraph->GetTitleFont());
-    for (TKxAxis* axis : {FXAxis, FYAxis}) {
-        const TKxLabel& label = axis->GetCaptionLabel();
-        shrink(label, axis->GetCaptionFont());
-        std::string text = axis == FXAxis ? FXHeader : FYHeader;
-        while (axis->GetCaption() == axis->GetAutoCaption() && !fits(label) && !text.empty()) {
-            do text.pop_back();
-            while (!text.empty() && (text.back() & 0xC0) == 0x80); // not inside of a character
-            axis->SetAutoCaption(EscapeCaption(text + "…"));
-            SettleTree(*FForm);
-        }
+        FAnalyses->AddTo(*series, FForm.get());
     }
 }
 
@@ -189,10 +173,10 @@ void TPlot::LoadOutfit(const std::string& FileName) {
     TKxIniList ini;
     ini.LoadFromFile(FileName);
     FGraph->LoadOutfit("Graph1", ini);
-    // Fits beyond those of the file have got the look of others, which would not tell them apart.
+    // Analyses beyond those of the file have got the look of others, which would not tell them apart.
     for (std::size_t k = 0; k < FSeries.size(); ++k) {
         const int saved = ini.ReadInteger("Graph1.Series(" + std::to_string(k + 1) + ")", "ChildCount", 0);
-        if (saved > 0) FFits->Dress(k, std::size_t(saved));
+        if (saved > 0) FAnalyses->Dress(k, std::size_t(saved));
     }
     for (TKxAxis* axis : FGraph->GetAxes()) axis->RedoRanges();
 }
@@ -220,13 +204,17 @@ void TPlot::Apply(const TOptions& Options) {
     };
     caption(*FXAxis, Options.XCaption);
     caption(*FYAxis, Options.YCaption);
-    FFits->Configure();
-    FNotes = std::make_unique<TNotes>(*FGraph, FXAxis->GetFont(), *FFits, Options.Labels);
+    FAnalyses->Configure();
+    FNotes = std::make_unique<TNotes>(*FGraph, FXAxis->GetFont(), *FAnalyses, Options.Labels);
+    CaptionSideAxes(Options);
     FitCaptions(Options.Outfit.empty()); // the fonts of an outfit stay
     SettleTree(*FForm);                  // the ends follow the data now and no longer when they are set below
     for (const auto& assignment : Options.Assignments) Assign(assignment);
     SettleTree(*FForm);
-    FFits->Refuse();
+    FAnalyses->Refuse();
+    SettleTree(*FForm);
+    FInterrupted = !FAnalyses->RunFormulas();
+    FGraph->Modified(); // curves that are calculated outside of a frame ask for none
     SettleTree(*FForm);
     FNotes->Bind();
     FNotes->Place();

@@ -2,7 +2,7 @@
 // The form that kxplot draws: one graph, two axes, the vectors and a series a column.
 
 #include "graph/Kxgraph2d.h"
-#include "kxplot/fits.h"
+#include "kxplot/analyses.h"
 #include "kxplot/notes.h"
 #include "kxplot/options.h"
 #include "kxplot/table.h"
@@ -30,13 +30,15 @@ public:
     /// The appearance from a file; automatic ends follow the data afterwards. Raises kx::EFileError.
     void LoadOutfit(const std::string& FileName);
     void SaveOutfit(const std::string& FileName);
-    /// What was asked for on the command line beside the data. Raises TUsageError.
+    /// What was asked for on the command line beside the data. Formula fits run here. Raises TUsageError.
     void Apply(const TOptions& Options);
 
-    /// What the fits found, as text.
+    /// Whether the user ended a fit before its time.
+    bool WasInterrupted() const { return FInterrupted; }
+    /// What the analyses found, as text.
     std::string GetResults() const;
-    /// A line for each fit without a curve.
-    std::vector<std::string> GetFailures() const { return FFits->GetFailures(); }
+    /// A line for each analysis without a curve.
+    std::vector<std::string> GetFailures() const { return FAnalyses->GetFailures(); }
 
 private:
     struct TColumns {
@@ -46,10 +48,13 @@ private:
         std::vector<int> DXPlus, DYPlus, DXMinus, DYMinus; ///< a column a series, or -1
     };
     TColumns ChooseColumns(const TTable& Table, const TOptions& Options) const;
+    kx::TKxAxis* MakeAxis(const std::string& Name);
     void MakeAxes();
+    void MakeSideAxes(const TOptions& Options, bool SeveralSeries);
     kx::TKxLiveVector* MakeVector(const std::string& Name, const std::vector<double>& Values);
     void MakeSeries(const TTable& Table, const TColumns& Columns, const TOptions& Options);
     void CaptionAxes(const TTable& Table, const TColumns& Columns);
+    void CaptionSideAxes(const TOptions& Options);
     /// Captions too long for the picture get a smaller font; those of header texts are cut off after that.
     void FitCaptions(bool MayShrink);
     void Assign(const TAssignment& Assignment);
@@ -58,10 +63,12 @@ private:
     kx::TKx2DGraph* FGraph = nullptr;
     kx::TKxAxis* FXAxis = nullptr;
     kx::TKxAxis* FYAxis = nullptr;
+    TSideAxes FSideAxes;
     std::vector<kx::TKxDataWithErrorSeries*> FSeries;
-    std::unique_ptr<TFits> FFits;
+    std::unique_ptr<TAnalyses> FAnalyses;
     std::unique_ptr<TNotes> FNotes;
     std::string FXHeader, FYHeader; ///< what the axes are called in the table
+    bool FInterrupted = false;
 };
 
 } // namespace kxplot

@@ -1,0 +1,35 @@
+#include "kxplot/captiontext.h"
+
+#include "platform/text.h"
+
+#include <array>
+#include <string_view>
+
+namespace kxplot {
+
+using namespace kx;
+
+std::string PlainText(const TKxCaption& Caption) {
+    std::string text;
+    for (const auto& run : ParseCaption(Caption).Runs) text += run.Text;
+    return Escaped(text);
+}
+
+bool Shorten(std::string& Text) {
+    if (Text.empty()) return false;
+    do Text.pop_back();
+    while (!Text.empty() && (Text.back() & 0xC0) == 0x80); // not inside of a character
+    return true;
+}
+
+TKxCaption Closed(const TKxCaption& Caption) {
+    constexpr std::string_view letters = "sbiuo+-"; // in the order of TKxCaptionSwitch
+    std::array<int, letters.size()> counts{};
+    for (const auto& change : ParseCaption(Caption).Switches) ++counts[std::size_t(change.Switch)];
+    TKxCaption closed = Caption;
+    for (std::size_t k = 0; k < counts.size(); ++k)
+        if (counts[k] % 2 != 0) closed += {'\\', letters[k]};
+    return closed;
+}
+
+} // namespace kxplot

@@ -1,0 +1,17 @@
+#pragma once
+// Captions as texts that are cut, quoted and put together.
+
+#include "annotation/Kxcaption.h"
+
+#include <string>
+
+namespace kxplot {
+
+/// A caption as plain text in one line.
+std::string PlainText(const kx::TKxCaption& Caption);
+/// Takes the last character of a plain text away; false when there is none.
+bool Shorten(std::string& Text);
+/// A caption with all its markup ended, so that more can follow.
+kx::TKxCaption Closed(const kx::TKxCaption& Caption);
+
+} // namespace kxplot

@@ -1,0 +1,42 @@
+#include "kxplot/labelspec.h"
+
+#include "kxplot/number.h"
+#include "kxplot/options.h"
+#include "platform/text.h"
+
+#include <limits>
+#include <string_view>
+
+namespace kxplot {
+
+namespace {
+
+constexpr int CMostDigits = 18;
+
+[[noreturn]] void Fail(const std::string& Text, const std::string& What) {
+    throw TUsageError("--label: '" + kx::Escaped(Text) + "' " + What);
+}
+
+} // namespace
+
+// Keys hold no colon, and none begins with a digit.
+TLabelSpec ParseLabel(const std::string& Text) {
+    TLabelSpec label;
+    label.Text = Text;
+    std::string_view rest(Text);
+    if (const auto colon = rest.rfind(':'); colon != std::string_view::npos) {
+        const auto digits = ParseWhole(rest.substr(colon + 1), 0, CMostDigits);
+        if (!digits) Fail(Text, "is not KEY:DIGITS with 0 to 18 digits");
+        label.Digits = *digits;
+        rest = rest.substr(0, colon);
+    }
+    if (const auto point = rest.find('.'); point != std::string_view::npos) {
+        label.Number = ParseWhole(rest.substr(0, point), 0, std::numeric_limits<int>::max());
+        if (label.Number) rest = rest.substr(point + 1);
+    }
+    if (rest.empty()) Fail(Text, "has no key");
+    label.Key = rest;
+    return label;
+}
+
+} // namespace kxplot

@@ -1,0 +1,20 @@
+#pragma once
+// What --label asks for.
+
+#include <optional>
+#include <string>
+
+namespace kxplot {
+
+/// One result to be shown in the picture.
+struct TLabelSpec {
+    std::string Text;          ///< as it was given, for messages
+    std::optional<int> Number; ///< of the analysis, 1-based; none: the first one that has the key
+    std::string Key;
+    int Digits = 8; ///< 0 to 18
+};
+
+/// "Slope", "Slope:6" or "2.Slope:6". Raises TUsageError.
+TLabelSpec ParseLabel(const std::string& Text);
+
+} // namespace kxplot

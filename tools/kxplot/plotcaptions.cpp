@@ -1,0 +1,62 @@
+// What the axes are called, and how captions are made to fit.
+
+#include "kxplot/captiontext.h"
+#include "kxplot/plot.h"
+#include "platform/frame.h"
+
+namespace kxplot {
+
+using namespace kx;
+
+void TPlot::CaptionAxes(const TTable& Table, const TColumns& Columns) {
+    if (Columns.X >= 0) FXHeader = Table.GetHeader(Columns.X);
+    for (const int column : Columns.Y) {
+        const std::string header = Table.GetHeader(column);
+        FYHeader += (FYHeader.empty() || header.empty() ? "" : ", ") + header;
+    }
+    FXAxis->SetAutoCaption(EscapeCaption(FXHeader));
+    FYAxis->SetAutoCaption(EscapeCaption(FYHeader));
+}
+
+// Made of what the other axes show: captions that were given, or headers.
+void TPlot::CaptionSideAxes(const TOptions& Options) {
+    const auto shown = [](const std::optional<std::string>& Given, const std::string& Header) {
+        return Given ? Closed(*Given) : EscapeCaption(Header);
+    };
+    const std::string x = shown(Options.XCaption, FXHeader), y = shown(Options.YCaption, FYHeader);
+    for (const auto& [quantity, axis] : FSideAxes)
+        axis->SetAutoCaption(quantity == TQuantity::Integral
+                                 ? "integral of " + (y.empty() ? "y" : y)
+                                 : "d" + (y.empty() ? "y" : "(" + y + ")") + " / d" +
+                                       (x.empty() ? "x" : "(" + x + ")"));
+}
+
+void TPlot::FitCaptions(bool MayShrink) {
+    SettleTree(*FForm);
+    constexpr int CSmallest = 8;
+    const auto fits = [this](const TKxLabel& Label, const TKxAxis* Axis = nullptr) {
+        TRect room = FGraph->GetClientRect();
+        // A factored exponent stands above the end of its axis, where a long caption would end.
+        if (Axis && !Axis->IsHorizontal() && Axis->GetUseScaleExponent())
+            room.Top = FGraph->GetDrawingWorld().GetTop();
+        return Label.GetBoundsRect().Intersected(room) == Label.GetBoundsRect();
+    };
+    const auto shrink = [&](const TKxLabel& Label, TFont& Font, const TKxAxis* Axis = nullptr) {
+        while (MayShrink && !fits(Label, Axis) && Font.GetSize() > CSmallest) {
+            Font.SetSize(Font.GetSize() - 1);
+            SettleTree(*FForm);
+        }
+    };
+    if (FGraph->GetShowTitle()) shrink(FGraph->GetTitleLabel(), FGraph->GetTitleFont());
+    for (TKxAxis* axis : FGraph->GetAxes()) {
+        const TKxLabel& label = axis->GetCaptionLabel();
+        shrink(label, axis->GetCaptionFont(), axis);
+        std::string text = PlainText(axis->GetAutoCaption());
+        while (axis->GetCaption() == axis->GetAutoCaption() && !fits(label, axis) && Shorten(text)) {
+            axis->SetAutoCaption(EscapeCaption(text + "…"));
+            SettleTree(*FForm);
+        }
+    }
+}
+
+} // namespace kxplot
