@@ -55,7 +55,7 @@ struct TGslCurve {
 };
 
 template <class T>
-void Build(benchmark::State& State) {
+void AkimaBuild(benchmark::State& State) {
     const TData data(CPoints);
     T curve(data);
     for (auto _ : State) {
@@ -64,20 +64,8 @@ void Build(benchmark::State& State) {
     }
     State.SetItemsProcessed(State.iterations() * CPoints);
 }
-BENCHMARK(Build<TCurve>)->Unit(benchmark::kMillisecond);
-BENCHMARK(Build<TGslCurve>)->Unit(benchmark::kMillisecond);
-
-/// Allocation included.
-template <class T>
-void BuildAnew(benchmark::State& State) {
-    const TData data(CPoints);
-    for (auto _ : State) {
-        T curve(data);
-        benchmark::DoNotOptimize(curve);
-    }
-}
-BENCHMARK(BuildAnew<TCurve>)->Unit(benchmark::kMillisecond);
-BENCHMARK(BuildAnew<TGslCurve>)->Unit(benchmark::kMillisecond);
+BENCHMARK(AkimaBuild<TCurve>)->Unit(benchmark::kMillisecond);
+BENCHMARK(AkimaBuild<TGslCurve>)->Unit(benchmark::kMillisecond);
 
 double Value(TCurve& Curve, double x) { return Curve.Akima.Interpolate(x); }
 double Value(TGslCurve& Curve, double x) {
@@ -86,7 +74,7 @@ double Value(TGslCurve& Curve, double x) {
 
 /// A million ascending abscissae over range(0) knots.
 template <class T>
-void Evaluate(benchmark::State& State) {
+void AkimaEvaluate(benchmark::State& State) {
     const TData data(int(State.range(0)));
     T curve(data);
     TValues x(CPoints), y(CPoints);
@@ -97,11 +85,11 @@ void Evaluate(benchmark::State& State) {
     }
     State.SetItemsProcessed(State.iterations() * CPoints);
 }
-BENCHMARK(Evaluate<TCurve>)->Arg(1000)->Arg(100000)->Arg(CPoints)->Unit(benchmark::kMillisecond);
-BENCHMARK(Evaluate<TGslCurve>)->Arg(1000)->Arg(100000)->Arg(CPoints)->Unit(benchmark::kMillisecond);
+BENCHMARK(AkimaEvaluate<TCurve>)->Arg(1000)->Arg(100000)->Arg(CPoints)->Unit(benchmark::kMillisecond);
+BENCHMARK(AkimaEvaluate<TGslCurve>)->Arg(1000)->Arg(100000)->Arg(CPoints)->Unit(benchmark::kMillisecond);
 
 /// Windows of one percent of the points, all in all.
-void Average(benchmark::State& State) {
+void TriangularAverage(benchmark::State& State) {
     const TData data(CPoints);
     TKxRealArray x(CPoints), y(CPoints);
     std::copy(data.X.begin(), data.X.end(), x.begin());
@@ -111,10 +99,10 @@ void Average(benchmark::State& State) {
     }
     State.SetItemsProcessed(State.iterations() * CPoints);
 }
-BENCHMARK(Average)->Unit(benchmark::kMillisecond);
+BENCHMARK(TriangularAverage)->Unit(benchmark::kMillisecond);
 
 /// The same by the direct sum, for every thousandth point: to be multiplied by 1000.
-void AverageByDirectSum(benchmark::State& State) {
+void TriangularAverageByDirectSum(benchmark::State& State) {
     const TData data(CPoints);
     const double m = data.X.back() * 0.005;
     for (auto _ : State)
@@ -133,7 +121,7 @@ void AverageByDirectSum(benchmark::State& State) {
         }
     State.SetItemsProcessed(State.iterations() * CPoints / 1000);
 }
-BENCHMARK(AverageByDirectSum)->Unit(benchmark::kMillisecond);
+BENCHMARK(TriangularAverageByDirectSum)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace kx

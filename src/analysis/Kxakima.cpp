@@ -5,28 +5,50 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <numeric>
 #include <tuple>
 #include <utility>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace kx {
 
 namespace {
 
 constexpr int CLeastPoints = 3;
-constexpr int CBlock = 256;
+constexpr int CBlock = 64; // so few that the stores of one overlap with the divisions of the next
 
 /// Value, or Otherwise when Value is not finite. Without a branch, for loops to be vectorised.
 double Held(double Value, double Otherwise = 0) { return Value - Value == 0 ? Value : Otherwise; }
 
-bool AllUsable(const double* X, const double* Y, double Start, double Stop) {
-    std::int64_t usable = -1;
-    for (int i = 0; i < CBlock; ++i) {
-        usable &= -std::int64_t(X[i] >= Start) & -std::int64_t(X[i] <= Stop) & -std::int64_t(X[i]-X[i]+(Y[i]-Y[i])==0);
+struct TSource {
+    const double *X, *Y, *W; // W may be null
+    double Start, Stop;
+
+    bool Takes(int i) const {
+        if (!(X[i] >= Start && X[i] <= Stop) || !std::isfinite(X[i]) || !std::isfinite(Y[i])) return false;
+        return !W || (W[i] != 0 && std::isfinite(W[i]));
     }
-    return usable;
-}
+    /// Whether all points of a block are to be taken and ascend.
+    bool TakesInOrder(int Begin, int End) const {
+        if (W || !Takes(Begin) || !Takes(End - 1)) return false;
+        int i = Begin + 1;
+#if defined(__SSE2__)
+        __m128d ordered = _mm_cmpeq_pd(_mm_setzero_pd(), _mm_setzero_pd());
+        for (; i + 2 <= End; i += 2) {
+            const __m128d y = _mm_loadu_pd(Y + i);
+            ordered = _mm_and_pd(ordered, _mm_cmplt_pd(_mm_loadu_pd(X + i - 1), _mm_loadu_pd(X + i)));
+            ordered = _mm_and_pd(ordered, _mm_cmpeq_pd(_mm_sub_pd(y, y), _mm_setzero_pd()));
+        }
+        if (_mm_movemask_pd(ordered) != 3) return false;
+#endif
+        for (; i < End; ++i)
+            if (!(X[i - 1] < X[i]) || !std::isfinite(Y[i])) return false;
+        return true;
+    }
+};
 
 /// Out[i] = the slope of the chord from point i to the next.
 void ChordSlopes(const double* __restrict X, const double* __restrict A, double* __restrict Out, int Chords) {
@@ -37,10 +59,10 @@ void ChordSlopes(const double* __restrict X, const double* __restrict A, double*
 void KnotSlopes(const double* __restrict M, double* __restrict B, int Knots) {
     for (int i = 0; i < Knots; ++i) {
         const double left = std::abs(M[i + 3] - M[i + 2]), right = std::abs(M[i + 1] - M[i]);
-        const double weighted = Held((left * M[i + 1] + right * M[i + 2]) / (left + right));
-        // Kept: between two straight stretches the knot has the slope of the right one, not the mean of both.
-        const double straight = (M[i + 2] + M[i + 3]) * 0.5;
-        B[i] = left + right == 0 ? straight : weighted;
+        // Kept: between two straight stretches, where the quotient is 0 / 0, the knot has the slope of the
+        // right one, not the mean of both.
+        const double straight = Held((M[i + 2] + M[i + 3]) * 0.5);
+        B[i] = Held((left * M[i + 1] + right * M[i + 2]) / (left + right), straight);
     }
 }
 
@@ -56,48 +78,55 @@ void PieceCoeffs(const double* __restrict X, const double* __restrict B, const d
 
 } // namespace
 
-/// Returns the number of points, which are then in X and A.
+/// Puts Count points into X and A. As long as they ascend, what they determine of the coefficients follows at
+/// once, while they are in the cache. Returns the number of pieces complete, or -1 when points do not ascend.
 int TKxAkima::TakePoints(double Start, double Stop, const TKxCustomRealVector& XValues,
                          const TKxCustomRealVector& YValues, const TKxCustomRealVector* Weights) {
     int n = std::min(XValues.GetCount(), YValues.GetCount());
     if (Weights) n = std::min(n, Weights->GetCount());
-    for (TKxRealArray* array : {&X, &A}) array->SetLength(n + 4);
-    const double* const x = XValues.Values().data();
-    const double* const y = YValues.Values().data();
-    const double* const w = Weights ? Weights->Values().data() : nullptr;
-    double* const outX = X.Data();
-    double* const outY = A.Data();
-    int points = 0;
-    for (int i = 0; i < n; ++i) {
-        if (i % CBlock == 0 && !w && i + CBlock <= n && AllUsable(x + i, y + i, Start, Stop)) {
-            std::copy_n(x + i, CBlock, outX + points);
-            std::copy_n(y + i, CBlock, outY + points);
-            points += CBlock;
-            i += CBlock - 1;
-            continue;
+    SetLengths(n);
+    const TSource source{XValues.Values().data(), YValues.Values().data(),
+                         Weights ? Weights->Values().data() : nullptr, Start, Stop};
+    bool ascending = true;
+    const auto take = [&, x = X.Data(), a = A.Data()](int i, int Points) {
+        ascending &= Count == 0 || x[Count - 1] < source.X[i];
+        std::copy_n(source.X + i, Points, x + Count);
+        std::copy_n(source.Y + i, Points, a + Count);
+        Count += Points;
+    };
+    int pieces = 0;
+    for (int begin = 0; begin < n; begin += CBlock) {
+        const int end = std::min(begin + CBlock, n);
+        if (source.TakesInOrder(begin, end)) {
+            take(begin, end - begin);
+        } else {
+            for (int i = begin; i < end; ++i)
+                if (source.Takes(i)) take(i, 1);
         }
-        if (!(x[i] >= Start && x[i] <= Stop) || !std::isfinite(x[i]) || !std::isfinite(y[i])) continue;
-        if (w && (w[i] == 0 || !std::isfinite(w[i]))) continue;
-        outX[points] = x[i];
-        outY[points++] = y[i];
+        if (ascending && !Smooth) pieces = CompletePieces(pieces);
     }
-    return points;
+    return ascending ? pieces : -1;
 }
 
-/// Sorts and merges the points; Count becomes the number of knots.
-void TKxAkima::OrderPoints(int Points) {
+/// Chords and coefficients as far as Count points determine them, the first Done pieces being complete.
+/// Returns how many are complete then.
+int TKxAkima::CompletePieces(int Done) {
+    const int pieces = Count - 3;
+    if (pieces <= Done) return Done;
+    const int chords = Done > 0 ? Done + 2 : 0;
+    ChordSlopes(X.Data() + chords, A.Data() + chords, M.Data() + 2 + chords, Count - 1 - chords);
+    if (Done == 0) ExtrapolateLeft();
+    CalcPieces(Done, pieces);
+    return pieces;
+}
+
+/// Count becomes the number of distinct x.
+void TKxAkima::SortAndMerge() {
     double* const x = X.Data();
     double* const y = A.Data();
-    bool ascending = true, distinct = true;
-    for (int i = 1; i < Points; ++i) {
-        ascending &= x[i - 1] <= x[i];
-        distinct &= x[i - 1] < x[i];
-    }
-    if (!ascending) QuickSortYtoX(0, Points - 1, X, A);
-    Count = Points;
-    if (distinct) return;
+    if (!std::is_sorted(x, x + Count)) QuickSortYtoX(0, Count - 1, X, A);
     int knots = 1;
-    for (int i = 1; i < Points; ++i) {
+    for (int i = 1; i < Count; ++i) {
         if (x[i] == x[knots - 1]) {
             // Kept: not the mean of all, so later ones weigh more.
             y[knots - 1] = std::midpoint(y[knots - 1], y[i]);
@@ -113,8 +142,8 @@ void TKxAkima::RecalculateCoeffs(double Start, double Stop, TKxCustomRealVector*
                                  TKxCustomRealVector* YValues, TKxCustomRealVector* Weights) {
     Count = 0;
     ClearExtrema();
-    const int points = TakePoints(Start, Stop, *XValues, *YValues, Weights);
-    if (points >= CLeastPoints) OrderPoints(points);
+    const int pieces = TakePoints(Start, Stop, *XValues, *YValues, Weights);
+    if (Count >= CLeastPoints && pieces < 0) SortAndMerge();
     const int knots = std::exchange(Count, 0);
     if (knots < CLeastPoints) throw EMathError("Not enough data!");
     if (Smooth) {
@@ -123,8 +152,18 @@ void TKxAkima::RecalculateCoeffs(double Start, double Stop, TKxCustomRealVector*
         (SmoothLog ? SmoothVectorLog : SmoothVector)(SmoothM, X, A);
     }
     Count = knots;
-    Extrapolate();
-    CalcCoeffs();
+    SetLengths(Count);
+    if (pieces > 0)
+        ExtrapolateRight();
+    else
+        Extrapolate();
+    CalcCoeffsFrom(std::max(pieces, 0));
+}
+
+/// Of all arrays, for Knots knots.
+void TKxAkima::SetLengths(int Knots) {
+    for (TKxRealArray* array : {&X, &A, &B, &C, &D}) array->SetLength(Knots + 4);
+    M.SetLength(Knots + 5);
 }
 
 void TKxAkima::ExtrapolateLeft() {
@@ -149,36 +188,36 @@ void TKxAkima::ExtrapolateRight() {
         X[i] = x;
         A[i] = a;
     }
+    // Kept: the slope at X[Count] takes the first of them for the chord that is not there.
+    M[n + 3] = M[n + 4] = 0;
 }
 
 void TKxAkima::Extrapolate() {
-    X.SetLength(Count + 4);
-    A.SetLength(Count + 4);
-    M.SetLength(Count + 5);
+    SetLengths(Count);
     ChordSlopes(X.Data(), A.Data(), M.Data() + 2, Count - 1);
     ExtrapolateLeft();
     ExtrapolateRight();
-    M[Count + 3] = M[Count + 4] = 0;
+}
+
+void TKxAkima::CalcPieces(int Begin, int End) {
+    KnotSlopes(M.Data() + Begin, B.Data() + Begin, End + 1 - Begin);
+    PieceCoeffs(X.Data() + Begin, B.Data() + Begin, M.Data() + Begin + 2, C.Data() + Begin, D.Data() + Begin,
+                End - Begin);
+}
+
+void TKxAkima::CalcCoeffsFrom(int Begin) {
+    const int n = Count;
+    for (; Begin < n; Begin += CBlock) CalcPieces(Begin, std::min(Begin + CBlock, n));
+    B[n + 1] = B[n - 1];
+    B[n + 2] = B[n];
+    B[n + 3] = C[n + 3] = D[n + 3] = 0;
+    PieceCoeffs(X.Data() + n, B.Data() + n, M.Data() + n + 2, C.Data() + n, D.Data() + n, 3);
+    Index = 0;
 }
 
 void TKxAkima::CalcCoeffs() {
     ClearExtrema();
-    for (TKxRealArray* array : {&B, &C, &D}) array->SetLength(Count + 4);
-    // Kept: the slope at X[Count] takes M[Count + 3], which is 0, for the chord that is not there.
-    constexpr int CBlock=512;
-    KnotSlopes(M.Data(), B.Data(), 1);
-    int i = 0;
-    for (; i < Count; i += CBlock) {
-        const int n = std::min(CBlock, Count - i);
-        KnotSlopes(M.Data() + i+1, B.Data()+i+1, n);
-        PieceCoeffs(X.Data() + i, B.Data() + i, M.Data() + i + 2, C.Data() + i, D.Data() + i, n);
-    }
-    B[Count + 1] = B[Count - 1];
-    B[Count + 2] = B[Count];
-    B[Count + 3] = C[Count + 3] = D[Count + 3] = 0;
-    i = Count;
-    PieceCoeffs(X.Data() + i, B.Data() + i, M.Data() + i + 2, C.Data() + i, D.Data() + i, 3);
-    Index = 0;
+    CalcCoeffsFrom(0);
 }
 
 } // namespace kx

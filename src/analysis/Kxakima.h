@@ -43,7 +43,11 @@ public:
 private:
     int TakePoints(double Start, double Stop, const TKxCustomRealVector& XValues,
                    const TKxCustomRealVector& YValues, const TKxCustomRealVector* Weights);
-    void OrderPoints(int Points);
+    void SortAndMerge();
+    int CompletePieces(int Done);
+    void SetLengths(int Knots);
+    void CalcPieces(int Begin, int End);
+    void CalcCoeffsFrom(int Begin);
     void ExtrapolateLeft();
     void ExtrapolateRight();
 };

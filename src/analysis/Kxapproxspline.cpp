@@ -1,6 +1,5 @@
 #include "analysis/Kxapproxspline.h"
 
-#include "analysis/Kxmatrix.h"
 #include "analysis/Kxsplinesmoother.h"
 #include "numeric/Kxsort.h"
 #include "numeric/Kxvector.h"
@@ -27,21 +26,25 @@ int TKxApproxSpline::TakePoints(double Start, double Stop, const TKxCustomRealVe
     int n = std::min(XValues.GetCount(), YValues.GetCount());
     if (Weights) n = std::min(n, Weights->GetCount());
     for (TKxRealArray* array : {&X, &A, &W}) array->SetLength(n);
-    const auto x = XValues.Values(), y = YValues.Values();
+    const double* const x = XValues.Values().data();
+    const double* const y = YValues.Values().data();
+    const double* const w = Weights ? Weights->Values().data() : nullptr;
+    double *const outX = X.Data(), *const outY = A.Data(), *const outW = W.Data();
+    if (!std::isfinite(WeightFactor)) return 0;
     int points = 0;
     for (int i = 0; i < n; ++i) {
-        const auto k = static_cast<std::size_t>(i);
-        const double weight = Weights ? Weights->Values()[k] : 1;
-        if (!(x[k] >= Start && x[k] <= Stop) || !std::isfinite(x[k]) || !std::isfinite(y[k])) continue;
-        if (!std::isfinite(weight) || !std::isfinite(WeightFactor)) continue;
-        X[points] = x[k];
-        A[points] = y[k];
-        W[points++] = std::min(std::abs(weight * WeightFactor), CMaxReal);
+        const double weight = (w ? w[i] : 1) * WeightFactor;
+        const bool isFinite = (x[i] - x[i]) + (y[i] - y[i]) + (w ? w[i] - w[i] : 0) == 0;
+        if (!(x[i] >= Start && x[i] <= Stop) || !isFinite) continue;
+        outX[points] = x[i];
+        outY[points] = y[i];
+        outW[points++] = std::min(std::abs(weight), CMaxReal);
     }
     return points;
 }
 
 int TKxApproxSpline::MergeEqual(int Points) {
+    if (std::adjacent_find(X.begin(), X.begin() + Points) == X.begin() + Points) return Points;
     int knots = 1;
     for (int i = 1; i < Points; ++i) {
         if (X[i] == X[knots - 1]) {
@@ -61,7 +64,8 @@ void TKxApproxSpline::RecalculateCoeffs(double Start, double Stop, TKxCustomReal
     Count = 0;
     const int points = TakePoints(Start, Stop, *XValues, *YValues, Weights);
     if (points < CLeastPoints) RaiseNotEnough();
-    QuickSortYWtoX(0, points - 1, X, A, W);
+    const double* const x = X.Data();
+    if (!std::is_sorted(x, x + points)) QuickSortYWtoX(0, points - 1, X, A, W);
     const int knots = MergeEqual(points);
     if (knots < CLeastPoints) RaiseNotEnough();
     for (TKxRealArray* array : {&X, &A, &B, &C, &D, &W}) array->SetLength(knots + 1);
@@ -78,8 +82,7 @@ void TKxApproxSpline::CalcCoeffs() {
     Index = 0;
     for (TKxRealPosArray* array : {&Minima, &Maxima, &DiffMinima, &DiffMaxima, &IntMinima, &IntMaxima})
         array->SetLength(0);
-    if (PrepareBand()) {
-        SolveCurvatures();
+    if (SolveCurvatures()) {
         SmoothOrdinates();
     } else {
         const auto n = static_cast<std::size_t>(Count);
@@ -88,67 +91,105 @@ void TKxApproxSpline::CalcCoeffs() {
     CompletePieces();
 }
 
-/// B becomes 6 / W. False when the band system is too ill-conditioned or not finite.
-bool TKxApproxSpline::PrepareBand() {
-    for (int i = 0; i < Count; ++i) B[i] = 6 / W[i];
-    double worst = 0;
-    for (int i = 0; i + 2 < Count; ++i) {
-        const double r = 1 / (X[i + 1] - X[i]), next = 1 / (X[i + 2] - X[i + 1]);
-        const double pull = B[i] * r * r + B[i + 1] * (r + next) * (r + next) + B[i + 2] * next * next;
-        const double ratio = pull / (2 * (X[i + 2] - X[i]));
-        if (!(ratio <= worst)) worst = ratio;
-        if (!(worst <= CWellConditioned)) return false;
+namespace {
+
+/// What the band system takes from a knot and the distance to the next one.
+struct TKnot {
+    double H, R;  ///< distance and its inverse
+    double Pull;  ///< 6 / weight
+    double Chord; ///< slope to the next knot
+};
+
+TKnot KnotAt(int i, const double* X, const double* A, const double* W) {
+    const double h = X[i + 1] - X[i], r = 1 / h;
+    return {h, r, 6 / W[i], (A[i + 1] - A[i]) * r};
+}
+
+/// One row after its elimination: pivot and what lies right of it, that divided by the pivot, and the right
+/// side.
+struct TRow {
+    double First = 0, Second = 0;
+    double ByPivot1 = 0, ByPivot2 = 0;
+    double Right = 0;
+};
+
+} // namespace
+
+/// C becomes half the second derivative at each knot. The elimination of SolveBand for this symmetric band of
+/// width 2, row by row as the rows come into being: no matrix is stored, the factors stand in D and B. False
+/// when the system is too ill-conditioned or not finite.
+bool TKxApproxSpline::SolveCurvatures() {
+    const int rows = Count - 2;
+    const double *const x = X.Data(), *const a = A.Data(), *const w = W.Data();
+    double *const b = B.Data(), *const c = C.Data(), *const d = D.Data();
+    TKnot k0 = KnotAt(0, x, a, w), k1 = KnotAt(1, x, a, w);
+    TRow last, before;
+    for (int i = 0; i < rows; ++i) {
+        const bool hasNext = i + 1 < rows; // beyond the last row there is only its end
+        const TKnot k2 = hasNext ? KnotAt(i + 2, x, a, w) : TKnot{1, 0, 6 / w[i + 2], 0};
+        const double sum = k0.R + k1.R, stiff = 2 * (k0.H + k1.H);
+        const double pull = k0.Pull * k0.R * k0.R + k1.Pull * sum * sum + k2.Pull * k1.R * k1.R;
+        if (!(pull <= CWellConditioned * stiff)) return false;
+        TRow row;
+        const double diagonal = stiff + pull - last.ByPivot1 * last.First - before.ByPivot2 * before.Second;
+        if (hasNext)
+            row.First =
+                k1.H - k1.Pull * k1.R * sum - k2.Pull * k1.R * (k1.R + k2.R) - last.ByPivot1 * last.Second;
+        if (i + 2 < rows) row.Second = k2.Pull * k1.R * k2.R;
+        const double inverse = 1 / diagonal;
+        row.ByPivot1 = row.First * inverse;
+        row.ByPivot2 = row.Second * inverse;
+        row.Right = 3 * (k1.Chord - k0.Chord) - last.ByPivot1 * last.Right - before.ByPivot2 * before.Right;
+        c[i + 1] = row.Right * inverse;
+        d[i + 1] = row.ByPivot1;
+        b[i + 1] = row.ByPivot2;
+        before = last;
+        last = row;
+        k0 = k1;
+        k1 = k2;
+    }
+    c[0] = c[rows + 1] = c[rows + 2] = 0;
+    double next = 0, second = 0;
+    for (int i = rows; i > 0; --i) {
+        const double value = c[i] - d[i] * next - b[i] * second;
+        second = next;
+        c[i] = next = value;
     }
     return true;
 }
 
-/// C becomes half the second derivative at each knot, from B = 6 / W.
-void TKxApproxSpline::SolveCurvatures() {
-    const int n = Count;
-    TKxRealArray h(n), r(n);
-    TKxRealMatrix q(n, 5);
-    for (int i = 0; i < n - 1; ++i) {
-        h[i] = X[i + 1] - X[i];
-        r[i] = 1 / h[i];
-        C[i] = r[i] * r[i];
-    }
-    for (int i = 1; i < n - 1; ++i) D[i] = r[i - 1] + r[i];
-    for (int i = 2; i < n - 2; ++i) q[i - 2][4] = q[i][0] = B[i] * r[i - 1] * r[i];
-    for (int i = 1; i < n - 2; ++i)
-        q[i - 1][3] = q[i][1] = h[i] - B[i] * r[i] * D[i] - B[i + 1] * r[i] * D[i + 1];
-    for (int i = 0; i < n - 2; ++i)
-        q[i][2] = B[i] * C[i] + 2 * (h[i] + h[i + 1]) + B[i + 1] * D[i + 1] * D[i + 1] + B[i + 2] * C[i + 1];
-    for (int i = 0; i < n - 2; ++i) C[i] = 3 * ((A[i + 2] - A[i + 1]) * r[i + 1] - (A[i + 1] - A[i]) * r[i]);
-    SolveBand(n - 2, 2, 2, q, C);
-    for (int i = n - 2; i > 0; --i) C[i] = C[i - 1];
-    C[0] = C[n - 1] = 0;
-}
-
 void TKxApproxSpline::SmoothOrdinates() {
     const int last = Count - 1;
+    const double *const x = X.Data(), *const c = C.Data(), *const w = W.Data();
+    double* const a = A.Data();
     double left = 0; // the slope of C in the piece before the knot
-    for (int i = 0; i <= last; ++i) {
-        const double right = i < last ? (C[i + 1] - C[i]) / (X[i + 1] - X[i]) : 0;
-        A[i] -= B[i] / 3 * (right - left);
+    for (int i = 0; i < last; ++i) {
+        const double right = (c[i + 1] - c[i]) / (x[i + 1] - x[i]);
+        a[i] -= 2 / w[i] * (right - left);
         left = right;
     }
+    a[last] += 2 / w[last] * left;
 }
 
 void TKxApproxSpline::CompletePieces() {
     const int n = Count;
+    const double *const x = X.Data(), *const a = A.Data(), *const c = C.Data();
+    double *const b = B.Data(), *const d = D.Data();
+    double notFinite = 0;
     for (int i = 0; i < n - 1; ++i) {
-        const double h = X[i + 1] - X[i];
-        B[i] = (A[i + 1] - A[i]) / h - (2 * C[i] + C[i + 1]) * h / 3;
-        D[i] = (C[i + 1] - C[i]) / h / 3;
+        const double h = x[i + 1] - x[i], r = 1 / h;
+        b[i] = (a[i + 1] - a[i]) * r - (2 * c[i] + c[i + 1]) * h * (1.0 / 3);
+        d[i] = (c[i + 1] - c[i]) * r * (1.0 / 3);
     }
+    for (int i = 0; i < n - 1; ++i) notFinite += (a[i] - a[i]) + ((b[i] - b[i]) + (d[i] - d[i]));
+    if (notFinite != 0) // or NaN
+        for (TKxRealArray* array : {&A, &B, &C, &D})
+            for (int i = 0; i < n - 1; ++i) CheckedResult((*array)[i]);
     // Kept: the last knot has the slope of the one before it, and so the curve beyond the points.
-    B[n - 1] = B[n - 2];
-    D[n - 1] = 0;
+    b[n - 1] = b[n - 2];
+    d[n - 1] = 0;
     X[n] = X[n - 1];
-    for (TKxRealArray* array : {&A, &B, &C, &D}) {
-        (*array)[n] = (*array)[n - 1];
-        for (const double v : *array) CheckedResult(v);
-    }
+    for (TKxRealArray* array : {&A, &B, &C, &D}) (*array)[n] = CheckedResult((*array)[n - 1]);
 }
 
 } // namespace kx

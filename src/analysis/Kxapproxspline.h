@@ -40,8 +40,7 @@ private:
     int TakePoints(double Start, double Stop, const TKxCustomRealVector& XValues,
                    const TKxCustomRealVector& YValues, const TKxCustomRealVector* Weights);
     int MergeEqual(int Points);
-    bool PrepareBand();
-    void SolveCurvatures();
+    bool SolveCurvatures();
     void SmoothOrdinates();
     void CompletePieces();
 };

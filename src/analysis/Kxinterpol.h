@@ -5,12 +5,14 @@
 #include "numeric/Kxvector.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace kx {
 
 /// A curve of cubic pieces over ascending knots. Piece i covers X[i] <= x < X[i+1] and is
 /// A[i] + B[i] t + C[i] t^2 + D[i] t^3 with t = x - X[i]. Left of X[0] piece 0 is continued; right of
-/// X[Count-1] follows what the filling method left there. RecalculateCoeffs comes before all else: without
+/// X[Count-1] follows what the filling method left there. The arrays of coefficients have at most one element
+/// less than X. RecalculateCoeffs comes before all else: without
 /// pieces (Count = 0 or empty arrays) whatever needs one raises EMathError "Not enough data!".
 ///
 /// All results depend on the coefficients alone; Index saves time only. The result for an x that is not
@@ -29,7 +31,8 @@ public:
     /// coefficients; 0 left of all knots. Becomes Index. O(1) a call for ascending x, O(log Count) at worst.
     int FindIndex(double x);
 
-    /// In extended precision where there is one, then rounded. At a knot the result is its A.
+    /// By Horner's rule in plain double precision, which is twice as fast as extended. At a knot the result
+    /// is its A.
     double Interpolate(double x);
     double Slope(double x);
     double Curvature(double x);
@@ -75,6 +78,7 @@ protected:
 
 private:
     int Search(double x);
+    std::vector<double> IntegralsAt(const std::vector<double>& Abscissae);
     void AddExtremum(double x);
     void FindExtremaOfPiece(int i);
     double SlopeAtInflection(int Piece, double Otherwise, double& x);

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <functional>
+#include <span>
 #include <vector>
 
 namespace kx {
@@ -33,7 +34,9 @@ private:
     std::vector<long double> FSums; // at each knot
 };
 
-/// Halves its way to the extremum of Integral, from Base + Reach on.
+/// Halves its way to the extremum of Integral, from Base + Reach on, within twice Reach.
+/// Kept: it meets the turning point only where the integral bends one way all over that range; else it ends
+/// at another point of the curve.
 template <class F>
 TKxRealPos Refine(TIntegral& Integral, double Base, double Reach, F Better) {
     double p = Reach, step = Reach;
@@ -60,34 +63,36 @@ std::vector<double> FiniteOnes(std::span<const double> Values) {
 void TKxIntPolynom::Integrate(const TKxCustomRealVector& XValues, TKxRealVector& YValues) {
     IntMinima.SetLength(0);
     IntMaxima.SetLength(0);
-    const std::vector<double> x = FiniteOnes(XValues.Values());
-    std::vector<double> y(x.size());
-    const int n = int(x.size()), all = XValues.GetCount();
-    std::vector<bool> takesPart;
-    for (const double v : XValues.Values()) takesPart.push_back(std::isfinite(v));
-
-    if (n > 0) {
-        const int first = FindIndex(x[0]);
-        // Kept: the number of abscissae bounds the pieces that are passed.
-        const int last = std::max(first, std::min({n - 2, Count - 1, LastPiece()}));
-        TIntegral integral(*this, first, last);
-        int i = first;
-        for (std::size_t k = 1; k < x.size(); ++k) {
-            while (i < last && x[k] >= X[i + 1]) ++i;
-            y[k] = integral.InPiece(i, x[k]);
-            if (k < 2 || k + 1 == x.size()) continue;
-            const double base = X[std::max(i - 2, 0)];
-            if (y[k - 1] < y[k - 2] && y[k - 1] <= y[k])
-                Append(IntMinima, Refine(integral, base, x[k] - base, std::less<>()));
-            else if (y[k - 1] > y[k - 2] && y[k - 1] >= y[k])
-                Append(IntMaxima, Refine(integral, base, x[k] - base, std::greater<>()));
-        }
-    }
+    const std::vector<double> integrals = IntegralsAt(FiniteOnes(XValues.Values()));
+    auto next = integrals.begin();
     double value = 0;
-    for (int k = 0, next = 0; k < all; ++k) {
-        if (takesPart[std::size_t(k)]) value = y[std::size_t(next++)];
+    for (int k = 0, n = XValues.GetCount(); k < n; ++k) {
+        if (std::isfinite(XValues.GetValue(k))) value = *next++;
         YValues.SetValue(k, value);
     }
+}
+
+/// For finite abscissae; finds the extrema too.
+std::vector<double> TKxIntPolynom::IntegralsAt(const std::vector<double>& Abscissae) {
+    const std::vector<double>& x = Abscissae;
+    std::vector<double> y(x.size());
+    if (x.empty()) return y;
+    const int first = FindIndex(x[0]);
+    // Kept: the number of abscissae bounds the pieces that are passed.
+    const int last = std::max(first, std::min({int(x.size()) - 2, Count - 1, LastPiece()}));
+    TIntegral integral(*this, first, last);
+    int i = first;
+    for (std::size_t k = 1; k < x.size(); ++k) {
+        while (i < last && x[k] >= X[i + 1]) ++i;
+        y[k] = integral.InPiece(i, x[k]);
+        if (k < 2 || k + 1 == x.size()) continue;
+        const double base = X[std::max(i - 2, 0)], before = y[k - 2], middle = y[k - 1];
+        if (middle < before && middle <= y[k])
+            Append(IntMinima, Refine(integral, base, x[k] - base, std::less<>()));
+        else if (middle > before && middle >= y[k])
+            Append(IntMaxima, Refine(integral, base, x[k] - base, std::greater<>()));
+    }
+    return y;
 }
 
 } // namespace kx

@@ -3,10 +3,9 @@
 #include "platform/matherror.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cmath>
 #include <limits>
+#include <span>
 #include <vector>
 
 namespace kx {
@@ -18,6 +17,8 @@ using TValues = std::vector<double>;
 /// What is summed up of weights, and of values times weights.
 #if defined(__GNUC__)
 using TLanes [[gnu::vector_size(16)]] = double;
+double WeightOf(TLanes Lanes) { return Lanes[0]; }
+double ValueOf(TLanes Lanes) { return Lanes[1]; }
 #else
 struct TLanes {
     double Weight, Value;
@@ -25,6 +26,8 @@ struct TLanes {
     friend TLanes operator-(TLanes a, TLanes b) { return {a.Weight - b.Weight, a.Value - b.Value}; }
     friend TLanes operator*(TLanes a, TLanes b) { return {a.Weight * b.Weight, a.Value * b.Value}; }
 };
+double WeightOf(TLanes Lanes) { return Lanes.Weight; }
+double ValueOf(TLanes Lanes) { return Lanes.Value; }
 #endif
 
 /// A number of about 32 digits as an unevaluated sum.
@@ -71,61 +74,88 @@ struct TSums {
     }
 
 private:
+    /// Kahan's compensated sum.
     static void Accumulate(TPair<TLanes>& Total, TLanes Value) {
-        const TPair<TLanes> sum = Sum(Total.Hi, Value);
-        Total = {sum.Hi, Total.Lo + sum.Lo};
+        const TLanes sum = Total.Hi + Value;
+        Total = {sum, Total.Lo + (Value - (sum - Total.Hi))};
     }
 };
 
-/// Points in ascending or, for the other side of the window, descending order of x; M and all distances
-/// multiplied by the power of two Scale.
-struct TSide {
-    const double* X;
-    const double* Y;
-    std::ptrdiff_t Step;
+/// The points and the half width of the window. Powers of two bring y and distances to where no sum
+/// overflows.
+struct TPoints {
+    std::span<const double> X, Y;
     double M;
-    double Scale;
+    double XScale, YScale;
 
-    double DistanceOf(std::ptrdiff_t i, std::ptrdiff_t Anchor) const {
-        return std::abs(X[i * Step] - X[Anchor * Step]) * Scale;
-    }
-    /// M less the distance of i from the anchor, exactly.
-    TPair<TLanes> Rest(std::ptrdiff_t i, std::ptrdiff_t Anchor) const {
-        const TPair<double> d = Sum(X[i * Step], -X[Anchor * Step]);
-        const double scale = d.Hi < 0 ? Scale : -Scale;
-        const TPair<double> rest = Sum(M, d.Hi * scale);
-        const double lo = rest.Lo + d.Lo * scale;
-        return {TLanes{rest.Hi, rest.Hi}, TLanes{lo, lo}};
-    }
+    double HalfWidth() const { return M * XScale; }
+    double DistanceOf(std::size_t i, std::size_t From) const { return (X[i] - X[From]) * XScale; }
+    bool AreNear(std::size_t Lower, std::size_t Upper) const { return X[Upper] - X[Lower] < M; }
 };
 
-/// Adds to Means[i] the points before i that are nearer than M. The window is a queue of two stacks: sums
-/// from each of its older points up to the anchor, and one of the points since. When the last older point
-/// leaves, the newest one becomes the anchor and all points of the window older ones: each once.
-void AddPointsBefore(const TSide& Side, std::ptrdiff_t n, TLanes* Means) {
-    std::vector<TSums> older; // [k]: of the points from anchor - k to the anchor
-    TSums newer;
-    std::ptrdiff_t lo = 0, anchor = -1;
-    for (std::ptrdiff_t i = 1; i < n; ++i) {
-        while (lo < i && !(Side.DistanceOf(i, lo) < Side.M)) ++lo;
-        if (lo > anchor) {
-            anchor = i - 1;
-            newer = {};
-            older.clear();
-            TSums sums;
-            for (std::ptrdiff_t l = anchor; l >= lo; --l) {
-                sums.Add(-Side.DistanceOf(l, anchor), Side.Y[l * Side.Step]);
-                older.push_back(sums);
-            }
-        } else {
-            newer.Add(Side.DistanceOf(i - 1, anchor), Side.Y[(i - 1) * Side.Step]);
-        }
-        if (lo == i) continue;
-        const TSums all = older[std::size_t(anchor - lo)] + newer;
-        const TPair<TLanes> total = Sum(Product(all.Plain, Side.Rest(i, anchor)), all.Moment);
-        Means[i * Side.Step] = Means[i * Side.Step] + (total.Hi + total.Lo);
+/// Sums about an anchor: of the points from each one before it up to the anchor itself, and of the points
+/// behind it up to each.
+class TJoint {
+public:
+    explicit TJoint(const TPoints& Points) : FPoints(&Points) {}
+
+    /// Covers the points First..End-1; the anchor is Split - 1. Without points Split is First.
+    void Build(std::size_t First, std::size_t Split, std::size_t End) {
+        FFirst = First;
+        FSplit = Split;
+        FEnd = End;
+        if (FSums.size() <= End - First) FSums.resize(2 * (End - First) + 1);
+        FSums[Split - First] = {};
+        Accumulate(Split, First, -1);
+        Accumulate(Split, End, 1);
     }
-}
+    std::size_t Split() const { return FSplit; }
+    std::size_t End() const { return FEnd; }
+
+    /// Sums of weight * half width, and of that times y, of the points Begin..End-1 for the point Middle,
+    /// where Begin <= Split <= End. All lie below Middle (Side is 1) or above (-1).
+    TLanes SumsFor(std::size_t Middle, std::size_t Begin, std::size_t End, double Side) const {
+        if (Begin == End) return TLanes{};
+        const TSums &a = FSums[Begin - FFirst], &b = FSums[End - FFirst];
+        const double width = FPoints->HalfWidth();
+        const double rest = width - Side * FPoints->DistanceOf(Middle, FSplit - 1);
+        const TLanes moment = a.Moment.Hi + b.Moment.Hi + (a.Moment.Lo + b.Moment.Lo);
+        const TLanes plain = a.Plain.Hi + b.Plain.Hi + (a.Plain.Lo + b.Plain.Lo);
+        const TLanes sums = plain * TLanes{rest, rest} + moment * TLanes{Side, Side};
+        // Digits cancel where most of the points have hardly any weight.
+        constexpr double CHarmless = 64;
+        const bool cancels = WeightOf(plain) * width > CHarmless * (WeightOf(sums) + width);
+        return cancels ? ExactSumsFor(Middle, a + b, Side) : sums;
+    }
+
+private:
+    void Accumulate(std::size_t From, std::size_t To, int Step) {
+        TSums sums;
+        TSums* out = FSums.data() + (From - FFirst);
+        const TPoints points = *FPoints;
+        for (std::size_t l = From; l != To; l += std::size_t(Step)) {
+            const std::size_t i = Step > 0 ? l : l - 1;
+            sums.Add(points.DistanceOf(i, FSplit - 1), points.Y[i] * points.YScale);
+            out += Step;
+            *out = sums;
+        }
+    }
+
+    TLanes ExactSumsFor(std::size_t Middle, const TSums& All, double Side) const {
+        const TLanes side{Side, Side};
+        const TPair<double> d = Sum(FPoints->X[Middle], -FPoints->X[FSplit - 1]);
+        const double scale = -Side * FPoints->XScale;
+        const TPair<double> rest = Sum(FPoints->HalfWidth(), d.Hi * scale);
+        const double lo = rest.Lo + d.Lo * scale;
+        const TPair<TLanes> product = Product(All.Plain, {TLanes{rest.Hi, rest.Hi}, TLanes{lo, lo}});
+        const TPair<TLanes> sums = Sum(product, {All.Moment.Hi * side, All.Moment.Lo * side});
+        return sums.Hi + sums.Lo;
+    }
+
+    const TPoints* FPoints;
+    std::size_t FFirst = 0, FSplit = 0, FEnd = 0;
+    std::vector<TSums> FSums; // [k - First]: of k..Split-1, or of Split..k-1
+};
 
 /// 1, or the power of two that brings values of this magnitude to about 1 when sums of them might overflow or
 /// vanish.
@@ -134,27 +164,43 @@ double SafeScale(double Magnitude) {
     return std::abs(exponent) > 800 ? std::ldexp(1, -std::max(exponent, -1000)) : 1;
 }
 
-TValues SmoothAscending(double M, const TValues& X, TValues Y) {
+TValues SmoothAscending(double M, std::span<const double> X, std::span<const double> Y) {
     double greatest = 0;
     for (const double y : Y) greatest = std::max(greatest, std::abs(y));
-    const double yScale = SafeScale(greatest);
-    for (double& y : Y) y *= yScale;
+    const double xScale = std::ldexp(1, -std::clamp(std::ilogb(M), -1000, 1000));
+    const TPoints points{X, Y, M, xScale, SafeScale(greatest)};
 
-    const double scale = std::ldexp(1, -std::clamp(std::ilogb(M), -1000, 1000));
-    const auto n = static_cast<std::ptrdiff_t>(X.size());
-    std::vector<TLanes> means(X.size(), TLanes{});
-    AddPointsBefore({X.data(), Y.data(), 1, M * scale, scale}, n, means.data());
-    AddPointsBefore({&X.back(), &Y.back(), -1, M * scale, scale}, n, &means.back());
-    const double own = M * scale;
-    for (std::size_t i = 0; i < X.size(); ++i) {
-        const auto [weights, values] = std::bit_cast<std::array<double, 2>>(means[i]);
-        if (weights > 0) Y[i] = (own * Y[i] + values) / (own + weights);
-        Y[i] /= yScale;
+    TValues result(X.size());
+    // Anchors lie less than M apart, each as far behind the one before as can be, save over gaps. So a window
+    // takes in the last anchor before i and the first one from i on: with each of them go the points of one
+    // side, and no sum need ever be taken back.
+    TJoint lower(points), upper(points);
+    const auto endNear = [&](std::size_t i) {
+        std::size_t end = i + 1;
+        while (end < X.size() && points.AreNear(i, end)) ++end;
+        return end;
+    };
+    lower.Build(0, 0, 0);
+    upper.Build(0, 1, endNear(0));
+    const double own = points.HalfWidth(), unscale = 1 / points.YScale;
+    for (std::size_t i = 0, begin = 0, end = 0; i < X.size(); ++i) {
+        if (i == upper.Split()) {
+            std::swap(lower, upper);
+            const std::size_t split = std::max(lower.End(), i + 1);
+            upper.Build(i, split, endNear(split - 1));
+        }
+        begin += std::size_t(!points.AreNear(begin, i));
+        while (!points.AreNear(begin, i)) ++begin;
+        end = std::max(end, i + 1);
+        while (end < X.size() && points.AreNear(i, end)) ++end;
+        const TLanes sums = lower.SumsFor(i, begin, i, 1) + upper.SumsFor(i, i + 1, end, -1);
+        const double mean = (own * (Y[i] * points.YScale) + ValueOf(sums)) / (own + WeightOf(sums)) * unscale;
+        result[i] = WeightOf(sums) > 0 ? mean : Y[i];
     }
-    return Y;
+    return result;
 }
 
-TValues SmoothDirectly(double M, const TValues& X, const TValues& Y) {
+TValues SmoothDirectly(double M, std::span<const double> X, std::span<const double> Y) {
     TValues result(X.size());
     for (std::size_t i = 0; i < X.size(); ++i) {
         std::size_t lo = i, hi = i;
@@ -172,35 +218,50 @@ TValues SmoothDirectly(double M, const TValues& X, const TValues& Y) {
     return result;
 }
 
-/// Log10 is not certain to keep the order of neighbours.
-void KeepOrder(const TValues& X, TValues& Positions) {
-    for (std::size_t i = 1; i < X.size(); ++i)
-        if (X[i - 1] <= X[i]) Positions[i] = std::max(Positions[i], Positions[i - 1]);
+TValues LogarithmsOf(std::span<const double> X) {
+    TValues logs(X.size());
+    for (std::size_t i = 0; i < X.size(); ++i) {
+        logs[i] = std::log10(CheckedPositive(X[i]));
+        // Log10 is not certain to keep the order of neighbours.
+        if (i > 0 && X[i - 1] <= X[i]) logs[i] = std::max(logs[i], logs[i - 1]);
+    }
+    return logs;
+}
+
+/// For finite values.
+TValues SmoothFinite(double M, std::span<const double> X, std::span<const double> Y, bool Log) {
+    if (X.size() < 3) throw EMathError("Not enough data!");
+    const TValues logs = Log ? LogarithmsOf(X) : TValues();
+    if (Log) X = logs;
+    return std::is_sorted(X.begin(), X.end()) ? SmoothAscending(M, X, Y) : SmoothDirectly(M, X, Y);
 }
 
 void Smooth(double M, const TKxRealArray& X, TKxRealArray& Y, bool Log) {
     const int n = std::min(X.Length(), Y.Length());
     if (n < 3) throw EMathError("Not enough data!");
     if (!(M > 0)) return;
-    const auto takesPart = [&](int i) { return std::isfinite(X[i]) && std::isfinite(Y[i]); };
-    TValues x, y;
-    for (int i = 0; i < n; ++i) {
-        if (!takesPart(i)) continue;
-        x.push_back(X[i]);
-        y.push_back(Y[i]);
-    }
-    if (x.size() < 3) throw EMathError("Not enough data!");
-    if (Log) {
-        TValues positions;
-        for (const double v : x) positions.push_back(std::log10(CheckedPositive(v)));
-        KeepOrder(x, positions);
-        x.swap(positions);
-    }
     M = std::min(M, std::numeric_limits<double>::max());
-    y = std::is_sorted(x.begin(), x.end()) ? SmoothAscending(M, x, std::move(y)) : SmoothDirectly(M, x, y);
-    auto next = y.begin();
-    for (int i = 0; i < n; ++i)
-        if (takesPart(i)) Y[i] = *next++;
+    const std::span<const double> allX(X.Data(), std::size_t(n));
+    const std::span<double> allY(Y.Data(), std::size_t(n));
+    const auto takesPart = [=](std::size_t i) { return std::isfinite(allX[i]) && std::isfinite(allY[i]); };
+
+    std::size_t leading = 0; // all, as a rule
+    while (leading < allX.size() && takesPart(leading)) ++leading;
+    if (leading == allX.size()) {
+        const TValues result = SmoothFinite(M, allX, allY, Log);
+        std::copy(result.begin(), result.end(), allY.begin());
+        return;
+    }
+    TValues x, y;
+    std::vector<std::size_t> indices;
+    for (std::size_t i = 0; i < allX.size(); ++i) {
+        if (!takesPart(i)) continue;
+        indices.push_back(i);
+        x.push_back(allX[i]);
+        y.push_back(allY[i]);
+    }
+    const TValues result = SmoothFinite(M, x, y, Log);
+    for (std::size_t k = 0; k < indices.size(); ++k) allY[indices[k]] = result[k];
 }
 
 } // namespace

@@ -146,6 +146,32 @@ TEST(Kxakima, PointsAreSelectedSortedAndMerged) {
     }
 }
 
+TEST(Kxakima, NeitherOrderNorUnusablePointsAmongThemChangeTheCurve) {
+    TValues x, y;
+    for (int i = 0; i < 900; ++i) {
+        x.push_back(i + 0.4 * std::sin(7 * i));
+        y.push_back(std::cos(i * i));
+    }
+    TKxAkima plain, mixed;
+    Calculate(plain, x, y);
+    for (const int firstExchanged : {900, 700, 5}) {
+        TValues otherX = x, otherY = y;
+        for (std::size_t i = std::size_t(firstExchanged); i + 50 < x.size(); i += 11) {
+            std::swap(otherX[i], otherX[i + 50]);
+            std::swap(otherY[i], otherY[i + 50]);
+        }
+        for (const int at : {640, 200, 199, 3, 0}) {
+            otherX.insert(otherX.begin() + at, at == 3 ? 1e301 : at);
+            otherY.insert(otherY.begin() + at, at == 3 ? 1 : CNaN);
+        }
+        Calculate(mixed, otherX, otherY);
+        for (const auto array : {&TKxAkima::X, &TKxAkima::A, &TKxAkima::B, &TKxAkima::C, &TKxAkima::D})
+            EXPECT_TRUE(std::equal((plain.*array).begin(), (plain.*array).end(), (mixed.*array).begin(),
+                                   (mixed.*array).end()))
+                << firstExchanged;
+    }
+}
+
 TEST(Kxakima, FewerThanThreeDistinctPointsAreNotEnoughAndLeaveNoCurve) {
     for (const TValues& x : {TValues{}, {1, 2}, {1, 1, 2}, {1, CNaN, 2}}) {
         TKxAkima akima;

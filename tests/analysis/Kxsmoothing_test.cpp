@@ -41,8 +41,9 @@ double DirectMean(double M, const std::vector<double>& X, const std::vector<doub
 
 std::vector<double> RandomAscending(std::mt19937& Random, int n, double Offset, double Unevenness) {
     std::vector<double> x;
-    std::normal_distribution<double> logStep(0, Unevenness);
-    for (double at = 0; int(x.size()) < n; at += std::exp(logStep(Random))) x.push_back(Offset + at);
+    std::normal_distribution<double> logStep;
+    for (double at = 0; int(x.size()) < n; at += std::exp(Unevenness * logStep(Random)))
+        x.push_back(Offset + at);
     return x;
 }
 
