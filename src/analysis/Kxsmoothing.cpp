@@ -1,5 +1,6 @@
 #include "analysis/Kxsmoothing.h"
 
+#include "numeric/Kxdoubled.h"
 #include "platform/matherror.h"
 
 #include <algorithm>
@@ -24,58 +25,31 @@ struct TLanes {
     double Weight, Value;
     friend TLanes operator+(TLanes a, TLanes b) { return {a.Weight + b.Weight, a.Value + b.Value}; }
     friend TLanes operator-(TLanes a, TLanes b) { return {a.Weight - b.Weight, a.Value - b.Value}; }
+    friend TLanes operator-(TLanes a) { return {-a.Weight, -a.Value}; }
     friend TLanes operator*(TLanes a, TLanes b) { return {a.Weight * b.Weight, a.Value * b.Value}; }
+    friend TLanes operator*(TLanes a, double b) { return {a.Weight * b, a.Value * b}; }
 };
 double WeightOf(TLanes Lanes) { return Lanes.Weight; }
 double ValueOf(TLanes Lanes) { return Lanes.Value; }
 #endif
 
-/// A number of about 32 digits as an unevaluated sum.
-template <class T>
-struct TPair {
-    T Hi{};
-    T Lo{};
-};
-
-/// Knuth's exact sum.
-template <class T>
-TPair<T> Sum(T a, T b) {
-    const T sum = a + b, part = sum - a;
-    return {sum, (a - (sum - part)) + (b - part)};
-}
-
-template <class T>
-TPair<T> Sum(const TPair<T>& a, const TPair<T>& b) {
-    const TPair<T> hi = Sum(a.Hi, b.Hi);
-    return {hi.Hi, hi.Lo + (a.Lo + b.Lo)};
-}
-
-/// Dekker's exact product of factors below 1e299, and what the lower parts add.
-TPair<TLanes> Product(const TPair<TLanes>& a, const TPair<TLanes>& b) {
-    const auto upper = [](TLanes v) {
-        const TLanes c = TLanes{134217729, 134217729} * v;
-        return c - (c - v);
-    };
-    const TLanes a1 = upper(a.Hi), a2 = a.Hi - a1, b1 = upper(b.Hi), b2 = b.Hi - b1, product = a.Hi * b.Hi;
-    const TLanes rest = a2 * b2 - (((product - a1 * b1) - a2 * b1) - a1 * b2);
-    return {product, rest + (a.Hi * b.Lo + a.Lo * b.Hi)};
-}
+using TPairs = TKxDoubledOf<TLanes>;
 
 /// Sums over points, of 1 and y and of both times the distance t from the anchor.
 struct TSums {
-    TPair<TLanes> Plain, Moment;
+    TPairs Plain, Moment;
 
     void Add(double t, double y) {
         Accumulate(Plain, TLanes{1, y});
         Accumulate(Moment, TLanes{t, t * y});
     }
     friend TSums operator+(const TSums& a, const TSums& b) {
-        return {Sum(a.Plain, b.Plain), Sum(a.Moment, b.Moment)};
+        return {a.Plain + b.Plain, a.Moment + b.Moment};
     }
 
 private:
     /// Kahan's compensated sum.
-    static void Accumulate(TPair<TLanes>& Total, TLanes Value) {
+    static void Accumulate(TPairs& Total, TLanes Value) {
         const TLanes sum = Total.Hi + Value;
         Total = {sum, Total.Lo + (Value - (sum - Total.Hi))};
     }
@@ -143,13 +117,11 @@ private:
 
     TLanes ExactSumsFor(std::size_t Middle, const TSums& All, double Side) const {
         const TLanes side{Side, Side};
-        const TPair<double> d = Sum(FPoints->X[Middle], -FPoints->X[FSplit - 1]);
-        const double scale = -Side * FPoints->XScale;
-        const TPair<double> rest = Sum(FPoints->HalfWidth(), d.Hi * scale);
-        const double lo = rest.Lo + d.Lo * scale;
-        const TPair<TLanes> product = Product(All.Plain, {TLanes{rest.Hi, rest.Hi}, TLanes{lo, lo}});
-        const TPair<TLanes> sums = Sum(product, {All.Moment.Hi * side, All.Moment.Lo * side});
-        return sums.Hi + sums.Lo;
+        const TKxDoubled d = TwoSum(FPoints->X[Middle], -FPoints->X[FSplit - 1]);
+        const double scale = -Side * FPoints->XScale; // a power of two
+        const TKxDoubled rest = TKxDoubled(FPoints->HalfWidth()) + TKxDoubled(d.Hi * scale, d.Lo * scale);
+        const TPairs product = All.Plain * TPairs(TLanes{rest.Hi, rest.Hi}, TLanes{rest.Lo, rest.Lo});
+        return (product + TPairs(All.Moment.Hi * side, All.Moment.Lo * side)).Hi;
     }
 
     const TPoints* FPoints;
