@@ -129,21 +129,6 @@ void TKx2DGraph::Notification(TComponent* Component, TOperation Operation) {
     std::erase_if(FCompanions, [Component](const TCompanion& C) { return C.Component == Component; });
 }
 
-void TKx2DGraph::RegisterCompanion(TComponent* Component, TKxGraphCompanion* Companion) {
-    UnregisterCompanion(Component);
-    FCompanions.push_back({Component, Companion});
-    Component->FreeNotification(this);
-    Modified();
-}
-
-void TKx2DGraph::UnregisterCompanion(TComponent* Component) {
-    std::erase_if(FCompanions, [Component](const TCompanion& C) { return C.Component == Component; });
-}
-
-void TKx2DGraph::ItemsModified() {
-    for (const auto& [component, companion] : FCompanions) companion->ItemsModified();
-}
-
 void TKx2DGraph::EndUpdate() {
     if (FUpdateCount == 0) return;
     if (--FUpdateCount == 0 && FNeedsCalculate) Invalidate();

@@ -124,7 +124,9 @@ public:
     std::vector<TKxAxis*> GetAxes() const;
     const TKxLabel& GetTitleLabel() const { return *FTitleLabel; }
 
-    /// Companions are told of every change of the items until they are taken away or destroyed.
+    /// Companions are told of every change of the items until they are taken away or destroyed. They are
+    /// given room beside the axes, together up to half of the drawing world, and kept with the outfit; both
+    /// in the order of the components. The first one of a side stands next to the axes.
     void RegisterCompanion(TComponent* Component, TKxGraphCompanion* Companion);
     void UnregisterCompanion(TComponent* Component);
     void ItemsModified();
@@ -144,7 +146,9 @@ public:
     /// A settled frame on any device, with a white ground in place of the button face.
     void PaintTo(TCanvasDevice& Device);
 
-    /// The graph's outfit in Section, its axes' in Section.<name>, its series' in Section.Series(i).
+    /// The graph's outfit in Section, its axes' in Section.<name>, its series' in Section.Series(i), its
+    /// companions' in Section.Legend, Section.Legend(2), ... A companion for which nothing was saved stays as
+    /// it is; what was saved for more than there are is left alone.
     void SaveOutfit(const AnsiString& Section, TKxIniList& Ini);
     void LoadOutfit(const AnsiString& Section, TKxIniList& Ini);
 
@@ -168,6 +172,16 @@ private:
         TComponent* Component;
         TKxGraphCompanion* Companion;
     };
+    struct TGivenRoom {
+        TKxGraphCompanion* Companion;
+        TKxCompanionRoom Room;
+    };
+    std::vector<TKxGraphCompanion*> CompanionsInOrder() const;
+    std::vector<TGivenRoom> ReserveRoom(TKxLayoutInput& Input) const;
+    void PlaceCompanions(const std::vector<TGivenRoom>& Rooms, const TKxLayoutInput& Input,
+                         const TRect& Inside) const;
+    void SaveCompanions(const AnsiString& Section, TKxIniList& Ini) const;
+    void LoadCompanions(const AnsiString& Section, TKxIniList& Ini) const;
     void PaintGround();
     void PaintGrid(const TKxAxis& Axis, const TKxLineStyle& Major, const TKxLineStyle& Minor);
     void PaintGridLines(const TKxAxis& Axis, const TKxLineStyle& Style, bool Major);

@@ -62,6 +62,28 @@ std::optional<TKxAxisMap> TKx2DGraph::CrossedBy(const TKxAxis& Axis) const {
     return other.GetMap();
 }
 
+namespace {
+
+/// The part of World that is free of the ticks of the axes at its edges.
+TRect WithoutTicks(TRect World, const TKxLayoutInput& Input, const std::vector<TKxAxis*>& Axes) {
+    for (std::size_t i = 0; i < Axes.size(); ++i) {
+        const TKxLayoutAxis& axis = Input.Axes[i];
+        if (axis.Fixed || axis.Crossed) continue;
+        const int inward = -std::min(Axes[i]->GetMajorTickLength(), Axes[i]->GetTickLength());
+        const int depth = std::max(0, inward - axis.Gap);
+        switch (axis.Position) {
+        case AxBottomPos: World.Bottom = std::max(World.Top, World.Bottom - depth); break;
+        case AxTopPos: World.Top = std::min(World.Bottom, World.Top + depth); break;
+        case AxLeftPos: World.Left = std::min(World.Right, World.Left + depth); break;
+        case AxRightPos: World.Right = std::max(World.Left, World.Right - depth); break;
+        case AxFreeFloating: break;
+        }
+    }
+    return World;
+}
+
+} // namespace
+
 bool TKx2DGraph::PlaceAxes(const std::vector<TKxAxis*>& Axes) {
     TKxLayoutInput input;
     input.Graph = GetBoundsRect().Size();
@@ -79,6 +101,7 @@ bool TKx2DGraph::PlaceAxes(const std::vector<TKxAxis*>& Axes) {
         input.Axes.back().StartReach += air;
         input.Axes.back().StopReach += air;
     }
+    const auto rooms = ReserveRoom(input);
     const TKxLayout layout = LayOutGraph(input);
 
     const TRect& world = layout.DrawingWorld;
@@ -97,6 +120,7 @@ bool TKx2DGraph::PlaceAxes(const std::vector<TKxAxis*>& Axes) {
     for (TKxAxis* axis : Axes)
         if (!axis->GetVisible())
             axis->SetPlace({}, (axis->IsHorizontal() ? world.Width() : world.Height()) - 1);
+    PlaceCompanions(rooms, input, WithoutTicks(world, input, placed));
     return moved;
 }
 

@@ -1,4 +1,5 @@
-// What of the graph is kept: the published properties, and the outfit with those of its axes and series.
+// What of the graph is kept: the published properties, and the outfit with those of its axes, series
+// and companions.
 
 #include "graph/Kxgraph2d.h"
 
@@ -39,6 +40,7 @@ void TKx2DGraph::SaveOutfit(const AnsiString& Section, TKxIniList& Ini) {
     Ini.WriteInteger(Section, "SeriesCount", GetSeriesList().GetCount());
     int number = 0;
     for (TKxGraphSeries* series : GetSeriesList()) series->SaveOutfit(SeriesSection(Section, ++number), Ini);
+    SaveCompanions(Section, Ini);
 }
 
 void TKx2DGraph::LoadOutfit(const AnsiString& Section, TKxIniList& Ini) {
@@ -50,6 +52,7 @@ void TKx2DGraph::LoadOutfit(const AnsiString& Section, TKxIniList& Ini) {
     const int saved = Ini.ReadInteger(Section, "SeriesCount", 0);
     for (int i = 0; i < saved && i < int(list.size()); ++i)
         list[std::size_t(i)]->LoadOutfit(SeriesSection(Section, i + 1), Ini);
+    LoadCompanions(Section, Ini);
     Modified();
 }
 

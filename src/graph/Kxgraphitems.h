@@ -2,6 +2,7 @@
 // What a graph needs to know of its neighbours from above: series, and companions such as legends. Shells
 // without data, so that the graph names no concrete class.
 
+#include "graph/Kxscale.h"
 #include "persist/Kxlargeini.h"
 #include "platform/canvas.h"
 #include "platform/component.h"
@@ -46,10 +47,32 @@ public:
     virtual std::vector<TKxGraphSeries*> GetChildSeries() const = 0;
 };
 
-/// A companion control of a graph, such as a legend, that is told when the list of items changes.
+/// What a companion asks for: so many pixels between one side of the graph and what stands there.
+struct TKxCompanionRoom {
+    TKxAxisPos Side = AxFreeFloating; ///< AxFreeFloating: it needs no room
+    int Extent = 0;
+};
+
+/// What a layout pass leaves for a companion, in pixels of the graph.
+struct TKxCompanionPlace {
+    TRect Room;   ///< its room, as long as the graph's side (without the title); empty when it needs none
+    TRect World;  ///< the drawing world
+    TRect Inside; ///< the drawing world without the ticks that point into it
+};
+
+/// A companion control of a graph, such as a legend, that is told when the list of items changes. It may take
+/// part in the layout and be kept with the graph.
 class TKxGraphCompanion {
 public:
     virtual void ItemsModified() = 0;
+    /// Asked in every round of the layout pass. Area is the graph without its title, AtMost what a side can
+    /// still give across (Width: left and right, Height: top and bottom); more is cut down to it. The answer
+    /// must not depend on where the companion stands.
+    virtual TKxCompanionRoom GetRoom(TSize /*Area*/, TSize /*AtMost*/) { return {}; }
+    /// Told after every round; the last one counts.
+    virtual void TakePlace(const TKxCompanionPlace&) {}
+    virtual void SaveOutfit(const std::string& /*Section*/, TKxIniList& /*Ini*/) {}
+    virtual void LoadOutfit(const std::string& /*Section*/, TKxIniList& /*Ini*/) {}
 
 protected:
     ~TKxGraphCompanion() = default;

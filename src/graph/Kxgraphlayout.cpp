@@ -42,7 +42,7 @@ int StackThickness(const TKxLayoutInput& Input, TKxAxisPos Side) {
 
 /// The margin that a crossing axis needs at its edge: its caption, which keeps off the data, and the part of
 /// its labels that zero, a fraction of the world away from that edge, leaves outside. Span is the graph's
-/// extent less the margin at the other side.
+/// extent less the margin at the other side and what neighbours take at this one.
 int CrossingMargin(const TKxLayoutAxis& Axis, int Span) {
     const TKxAxisMap& map = *Axis.Crossed;
     const double fromStart = map.Start / (map.Start - map.Stop);
@@ -66,17 +66,19 @@ TMargins MarginsOf(const TKxLayoutInput& Input) {
         start = std::max(start, axis.StartReach - 1);
         stop = std::max(stop, axis.StopReach - 1);
     }
-    m.Left += Input.Reserved.Left;
     m.Right += Input.Reserved.Right;
-    m.Bottom += Input.Reserved.Bottom;
     m.Top += Input.Reserved.Top + Input.TitleHeight;
+    const int width = Input.Graph.Width - Input.Reserved.Left - m.Right;
+    const int height = Input.Graph.Height - Input.Reserved.Bottom - m.Top;
     for (const auto& axis : Input.Axes) {
         if (!Crosses(axis)) continue;
         if (IsHorizontal(axis.Position))
-            m.Bottom = std::max(m.Bottom, CrossingMargin(axis, Input.Graph.Height - m.Top));
+            m.Bottom = std::max(m.Bottom, CrossingMargin(axis, height));
         else
-            m.Left = std::max(m.Left, CrossingMargin(axis, Input.Graph.Width - m.Right));
+            m.Left = std::max(m.Left, CrossingMargin(axis, width));
     }
+    m.Left += Input.Reserved.Left;
+    m.Bottom += Input.Reserved.Bottom;
     return m;
 }
 

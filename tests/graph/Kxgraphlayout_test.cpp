@@ -51,6 +51,7 @@ TEST(GraphLayout, axes_lie_inside_the_graph_and_along_the_world_whatever_there_i
         const bool tiny = round % 10 == 0;
         input.Graph = tiny ? TSize{any(0, 20), any(0, 20)} : TSize{any(400, 900), any(400, 900)};
         input.TitleHeight = any(0, 1) * 18;
+        if (!tiny) input.Reserved = {any(0, 60), any(0, 60), any(0, 60), any(0, 60)};
         const double zero[] = {any(1, 99) / 100.0, any(1, 99) / 100.0};
         const bool crossing = any(0, 1);
         for (int i = 0; i < 2 + any(0, 4); ++i) {
@@ -65,14 +66,19 @@ TEST(GraphLayout, axes_lie_inside_the_graph_and_along_the_world_whatever_there_i
         }
         const TKxLayout layout = LayOutGraph(input);
         const TRect world = layout.DrawingWorld, graph{0, 0, input.Graph.Width, input.Graph.Height};
+        const TRect free{input.Reserved.Left, input.TitleHeight + input.Reserved.Top,
+                         graph.Right - input.Reserved.Right, graph.Bottom - input.Reserved.Bottom};
         ASSERT_TRUE(world.Width() >= 2 && world.Height() >= 2);
         if (tiny) continue;
-        ASSERT_TRUE(Contains(graph, world)) << round;
+        ASSERT_TRUE(Contains(free, world)) << round;
         for (std::size_t i = 0; i < layout.Axes.size(); ++i) {
             const auto& [bounds, origin, length, captionFrom] = layout.Axes[i];
             ASSERT_EQ(captionFrom > 0, input.Axes[i].Crossed.has_value()) << round;
             const bool horizontal = input.Axes[i].Orientation == AxHorizontal;
             ASSERT_TRUE(Contains(graph, bounds)) << round << " axis " << i;
+            const TRect across = horizontal ? TRect{world.Left, bounds.Top, world.Right, bounds.Bottom}
+                                            : TRect{bounds.Left, world.Top, bounds.Right, world.Bottom};
+            ASSERT_TRUE(Contains(free, across)) << round << " axis " << i << " lies in what is reserved";
             ASSERT_TRUE(!horizontal || (world.Left + 1 >= input.Axes[i].StartReach &&
                                         world.Right + input.Axes[i].StopReach <= graph.Right + 1));
             ASSERT_EQ(length + 1, horizontal ? world.Width() : world.Height());

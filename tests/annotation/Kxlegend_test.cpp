@@ -1,0 +1,482 @@
+#include "annotation/Kxlegend.h"
+
+#include "analysis/Kxlinearregressionline.h"
+#include "support/graphfixture.h"
+#include "support/recording.h"
+
+#include <algorithm>
+#include <random>
+#include <set>
+
+namespace kx {
+namespace {
+
+using test::CallsOf;
+using test::TGraphForm;
+
+/// A graph whose legend has characters that are 6 wide and 10 high.
+struct TFixture : TGraphForm {
+    TFixture() {
+        Fill({{0, 1}, {1, 3.5}, {2, 6}});
+        Dress(*Legend, "Legend1");
+    }
+    void Dress(TKxLegend& Control, const char* Name) {
+        Control.SetName(Name);
+        Control.SetParent(Graph);
+        Control.SetGraph(Graph);
+        Control.GetFont().SetHeight(-10);
+    }
+    TKxDataSeries* Add(const AnsiString& Caption) {
+        auto* series = AddSeries<TKxDataSeries>();
+        series->SetCaption(Caption);
+        return series;
+    }
+    TRect Bounds() {
+        Draw();
+        return Legend->GetBoundsRect();
+    }
+    TRect World() const { return Graph->GetDrawingWorld().GetBoundsRect(); }
+
+    TKxLegend* Legend = new TKxLegend(Form);
+};
+
+std::string LettersOf(const TRecording& Picture) {
+    std::string letters; // captions are painted letter by letter
+    for (const auto& text : CallsOf<TRecording::TText>(Picture)) letters += text.Text;
+    return letters;
+}
+
+bool Overlap(const TRect& A, const TRect& B) { return !A.Intersected(B).IsEmpty(); }
+
+/// A curve that calls itself after the number of its parent's points.
+struct TCounting : TKxCalculatedSeries {
+    using TKxCalculatedSeries::TKxCalculatedSeries;
+    void CalculateFunction() override {
+        SetAutoCaption("n" + std::string(std::size_t(GetParentSeries()->GetPointsCount()), '+'));
+        GetContinousLine();
+    }
+    AnsiString GetFormula() const override { return GetAutoCaption(); }
+};
+
+TEST(Legend, ShowsTheSeriesInDrawingOrderAndChildrenAfterTheirParent) {
+    TFixture f;
+    auto* first = f.Add("first");
+    auto* second = f.Add("");
+    auto* fit = new TKxLinearRegressionLine(f.Form);
+    fit->SetParentSeries(first);
+    fit->SetCaption("fit");
+    auto* grandchild = new TKxLinearRegressionLine(f.Form);
+    grandchild->SetCaption("grandchild");
+    fit->AddChild(grandchild);
+    first->AddChild(grandchild); // entered twice, shown once
+    const auto shown = [&f] {
+        f.Draw();
+        std::vector<TKxGraphSeries*> series;
+        for (int i = 0; i < f.Legend->GetEntryCount(); ++i) series.push_back(f.Legend->GetEntrySeries(i));
+        return series;
+    };
+    using TShown = std::vector<TKxGraphSeries*>;
+    second->SetName("Series2");
+    EXPECT_EQ(shown(), (TShown{first, fit, grandchild, second}));
+    EXPECT_NE(LettersOf(f.Draw()).find("firstfitgrandchildSeries2"), std::string::npos);
+    first->SetIncludeInLegend(false);
+    EXPECT_EQ(shown(), (TShown{fit, grandchild, second})) << "its children stay";
+    second->SetComponentIndex(0);
+    f.Graph->Modified();
+    EXPECT_EQ(shown(), (TShown{second, fit, grandchild}));
+    delete second;
+    EXPECT_EQ(f.Legend->GetEntryCount(), 2) << "at once";
+    fit->RemoveChild(grandchild);
+    EXPECT_EQ(shown(), (TShown{fit, grandchild}));
+    f.Legend->SetGraph(nullptr);
+    EXPECT_EQ(shown(), TShown{});
+    EXPECT_TRUE(f.Legend->GetClientRect().IsEmpty());
+}
+
+TEST(Legend, KeepsItsGapInTheCornersClearOfInwardTicks) {
+    const struct {
+        TKxLegendPlacement Placement;
+        bool Right, Bottom;
+    } cases[] = {{lgInsideTopLeft, false, false},
+                 {lgInsideTopRight, true, false},
+                 {lgInsideBottomLeft, false, true},
+                 {lgInsideBottomRight, true, true}};
+    for (const int inward : {0, 7})
+        for (const auto& c : cases) {
+            TFixture f;
+            f.Add("abc");
+            f.Legend->SetGap(5);
+            f.Legend->SetPlacement(c.Placement);
+            f.X->SetMajorTickLength(inward ? -inward : 10);
+            f.Y->SetMajorTickLength(inward ? -inward : 10);
+            const TRect b = f.Bounds(), world = f.World();
+            // Frame 1, padding 3, sample 30, gap 5, three letters.
+            EXPECT_EQ(b.Size(), (TSize{2 * 4 + 30 + 5 + 18, 2 * 4 + 10}));
+            EXPECT_EQ(c.Right ? world.Right - b.Right : b.Left - world.Left, 5 + (c.Right ? 0 : inward));
+            EXPECT_EQ(c.Bottom ? world.Bottom - b.Bottom : b.Top - world.Top, 5 + (c.Bottom ? inward : 0));
+            f.Legend->SetVisible(false);
+            f.Draw();
+            EXPECT_EQ(f.World(), world) << "inside it takes no room";
+        }
+}
+
+TEST(Legend, TheGraphMakesRoomOutside) {
+    for (const auto placement : {lgRight, lgLeft, lgTop, lgBottom})
+        for (const bool zeroOrigin : {false, true}) {
+            TFixture f;
+            f.Add("abc");
+            f.Graph->SetShowTitle(true);
+            f.Graph->SetCaption("Title");
+            f.Graph->SetZeroOrigin(zeroOrigin);
+            f.Fix(-1, 2, -0.1, 6);
+            for (TKxAxis* axis : {f.X, f.Y}) {
+                axis->SetCaption("Caption");
+                axis->SetShowCaption(true);
+            }
+            const TRect before = f.LaidOut();
+            f.Legend->SetPlacement(placement);
+            f.Legend->SetColumns(placement == lgTop || placement == lgBottom ? 0 : 1);
+            f.Add("defgh");
+            const bool beside = placement == lgRight || placement == lgLeft;
+            const TRect b = f.Bounds(), world = f.World();
+            // 28 for frame, padding and the two gaps; 30 + 8 + 6 a letter; 10 a line.
+            const int room = 28 + (beside ? 30 + 8 + 5 * 6 : 10);
+            const int taken = beside ? before.Width() - world.Width() : before.Height() - world.Height();
+            EXPECT_GE(taken, room) << placement;
+            EXPECT_LE(taken, room + 4) << "zero has moved nearer to the edge " << placement;
+            EXPECT_EQ(f.Graph->GetClientRect().United(b), f.Graph->GetClientRect());
+            for (const TControl* other : std::initializer_list<const TControl*>{
+                     &f.Graph->GetTitleLabel(), &f.Graph->GetDrawingWorld(), &f.X->GetCaptionLabel(),
+                     &f.Y->GetCaptionLabel()})
+                EXPECT_FALSE(Overlap(other->GetBoundsRect(), b)) << placement << zeroOrigin;
+            if (beside) {
+                EXPECT_EQ(b.Top, world.Top);
+                EXPECT_FALSE(Overlap(f.Y->GetBoundsRect(), b));
+            } else {
+                EXPECT_NEAR(b.Left + b.Right, world.Left + world.Right, 1);
+                EXPECT_FALSE(Overlap(f.X->GetBoundsRect(), b));
+            }
+            EXPECT_EQ(f.Bounds(), b) << "and it stays there";
+            f.Legend->SetPlacement(lgFree);
+            EXPECT_EQ(f.LaidOut(), before);
+        }
+}
+
+TEST(Legend, TheFirstOfASideStandsNextToTheAxesAndAllLeaveHalfOfTheWorld) {
+    TFixture f;
+    auto* second = new TKxLegend(f.Form);
+    f.Dress(*second, "Legend2");
+    for (TKxLegend* legend : {second, f.Legend}) legend->SetPlacement(lgBottom);
+    auto* series = f.Add("abc");
+    TRect b = f.Bounds();
+    EXPECT_GE(b.Top, f.X->GetBoundsRect().Bottom);
+    EXPECT_GE(second->GetTop(), b.Bottom);
+
+    for (TKxLegend* legend : {second, f.Legend}) legend->SetPlacement(lgRight);
+    for (TKxLegend* legend : {second, f.Legend}) legend->SetVisible(false);
+    const TRect before = f.LaidOut();
+    for (TKxLegend* legend : {second, f.Legend}) legend->SetVisible(true);
+    series->SetCaption(std::string(200, 'w'));
+    b = f.Bounds();
+    EXPECT_NEAR(f.World().Width(), before.Width() / 2, 1);
+    EXPECT_LE(b.Right, f.Graph->GetWidth());
+    EXPECT_GT(b.Width(), 100);
+    // Every letter that shows lies in the clip in force, which ends before the frame.
+    const TPoint corner = f.Legend->ClientToRoot({});
+    std::optional<TRect> clip;
+    for (const auto& call : f.Draw().Calls) {
+        if (const auto* set = std::get_if<TRecording::TClip>(&call)) clip = set->Clip;
+        if (const auto* text = std::get_if<TRecording::TText>(&call); text && text->Text == "w") {
+            ASSERT_TRUE(clip);
+            EXPECT_LE(clip->Right, corner.X + b.Width() - 1);
+            EXPECT_GE(text->Pos.X, corner.X + 30 + 8);
+        }
+    }
+    for (const TSize size : {TSize{0, 0}, {3, 2}, {40, 300}, {300, 25}})
+        for (int placement = lgInsideTopLeft; placement <= lgFree; ++placement) {
+            f.Graph->SetBounds(0, 0, size.Width, size.Height);
+            f.Legend->SetPlacement(TKxLegendPlacement(placement));
+            EXPECT_TRUE(SettleTree(*f.Form)) << size.Width << " " << placement;
+            EXPECT_GE(f.World().Width(), 2);
+        }
+}
+
+TEST(Legend, ColumnsAreFilledOneAfterTheOtherAndAsManyAsFit) {
+    // A column is 38 + 6 a letter wide, the next one 16 further; 7 lie around.
+    const struct {
+        TKxLegendPlacement Placement;
+        int Columns, Letters, Count, Width;
+        TPoint Last; // of the last entry, from the first one
+        int Lines;
+    } cases[] = {{lgFree, 1, 2, 5, 0, {0, 48}, 5},
+                 {lgFree, 2, 2, 5, 0, {66, 12}, 3},
+                 {lgFree, 4, 2, 5, 0, {198, 0}, 2}, // 2, 1, 1, 1
+                 {lgFree, 9, 2, 3, 0, {132, 0}, 1},
+                 {lgFree, 0, 2, 3, 14 + 50 * 3 + 32, {132, 0}, 1},
+                 {lgFree, 0, 2, 3, 14 + 50 * 3 + 31, {66, 0}, 2},
+                 {lgFree, 3, 2, 3, 14 + 50 * 2 + 16, {66, 0}, 2}, // fewer than wanted
+                 {lgTop, 0, 2, 8, 0, {66 * 4, 0}, 2},             // 400 less 2 * 8: 5 of them
+                 {lgTop, 3, 20, 3, 0, {0 + 174, 0}, 2},
+                 {lgRight, 0, 2, 4, 0, {0, 36}, 4},
+                 {lgRight, 0, 2, 30, 0, {66, 14 * 12}, 15}}; // 300 high: 22 lines
+    for (const auto& c : cases) {
+        TFixture f;
+        for (int i = 0; i < c.Count; ++i) f.Add(std::string(std::size_t(c.Letters), 'x'));
+        f.Legend->SetPlacement(c.Placement);
+        f.Legend->SetColumns(c.Columns);
+        if (c.Width) {
+            f.Legend->SetAutoSize(false);
+            f.Legend->SetBounds(0, 0, c.Width, 40);
+        }
+        const TRect b = f.Bounds(), last = f.Legend->GetEntryRect(c.Count - 1);
+        EXPECT_EQ(f.Legend->GetEntryRect(0), TRect::Bounds(7, 7, 38 + 6 * c.Letters, 10));
+        EXPECT_EQ((last.TopLeft() - TPoint{7, 7}), c.Last)
+            << c.Placement << " " << c.Columns << " " << c.Width;
+        if (c.Width)
+            EXPECT_EQ(b.Size(), (TSize{c.Width, 40}));
+        else
+            EXPECT_EQ(b.Height(), 14 + 12 * c.Lines - 2);
+    }
+    TFixture f; // a free one is fitted into what its parent has to the right of it
+    for (int i = 0; i < 4; ++i) f.Add("xx");
+    f.Legend->SetPlacement(lgFree);
+    f.Legend->SetColumns(0);
+    for (const auto& [left, columns] : {std::pair{20, 4}, {400 - 14 - 50 * 2 - 16, 2}, {390, 1}}) {
+        f.Legend->SetLeft(left);
+        EXPECT_EQ(f.Bounds().Width(), 14 + 50 * columns + 16 * (columns - 1));
+    }
+}
+
+TEST(Legend, IsPaintedWithTheSamplesOfTheSeries) {
+    TFixture f;
+    auto* bars = f.AddSeries();
+    bars->SetCaption("\\iy\\i (x)");
+    bars->SetdYPlus(f.DY);
+    bars->GetLineStyle().SetVisible(false);
+    auto* area = f.Add("");
+    area->GetAreaStyle().SetVisible(true);
+    area->GetPointStyle().SetVisible(false);
+    area->GetLineStyle().SetWidth(3);
+    f.Draw();
+    TCustomPanel panel(nullptr); // anywhere: it places itself
+    panel.SetBounds(0, 0, 150, 90);
+    f.Legend->SetParent(&panel);
+    f.Legend->SetBounds(20, 10, 1, 1);
+    f.Legend->SetCaption("Samples");
+    f.Legend->SetShowTitle(true);
+    f.Legend->GetFrameLine().SetWidth(2);
+    f.Legend->SetColor(clYellow);
+    TRecorder device(panel.GetBoundsRect().Size());
+    PaintFrame(panel, device);
+    test::ExpectRecording("legend", device.Recording.ToText());
+}
+
+TEST(Legend, ASampleStaysInItsPlaceWhateverItDoesToTheCanvas) {
+    struct TUnruly : TKxDataSeries {
+        using TKxDataSeries::TKxDataSeries;
+        void DrawSample(TCanvas& Canvas, const TRect&) override {
+            Canvas.SetClip(std::nullopt);
+            Canvas.SetOrigin({});
+            Canvas.Font.SetHeight(-40);
+            Canvas.Brush.SetColor(clFuchsia);
+            Canvas.FillRect({-1000, -1000, 1000, 1000});
+            throw Exception("no sample");
+        }
+    };
+    TFixture f;
+    f.AddSeries<TUnruly>()->SetCaption("Q");
+    test::TFaults faults;
+    std::optional<TRect> clip;
+    int seen = 0;
+    for (const auto& call : f.Draw().Calls) {
+        if (const auto* set = std::get_if<TRecording::TClip>(&call)) clip = set->Clip;
+        if (const auto* fill = std::get_if<TRecording::TFillRect>(&call);
+            fill && fill->Fill.Color == clFuchsia) {
+            const TPoint at = f.Legend->ClientToRoot({7, 7});
+            EXPECT_EQ(clip, TRect::Bounds(at.X, at.Y, 30, 10));
+            ++seen;
+        }
+        if (const auto* text = std::get_if<TRecording::TText>(&call); text && text->Text == "Q") {
+            EXPECT_EQ(text->Face.Height, -10);
+            EXPECT_EQ(text->Pos, f.Legend->ClientToRoot({7 + 38, 7}));
+            ++seen;
+        }
+    }
+    EXPECT_EQ(seen, 2);
+    EXPECT_EQ(faults.Text, "no sample");
+}
+
+TEST(Legend, ItsGroundIsThatOfWhatItStandsOn) {
+    TFixture f;
+    f.Add("a");
+    f.Graph->SetDataColor(clAqua);
+    const auto ground = [&f]() -> TColor {
+        f.Graph->PaintToMetafile();
+        for (const auto& fill : CallsOf<TRecording::TFillRect>(f.Graph->GetMetafile().GetRecording()))
+            if (fill.Rect == f.Legend->GetBoundsRect()) return fill.Fill.Color;
+        return -1;
+    };
+    EXPECT_EQ(ground(), clAqua);
+    f.Legend->SetPlacement(lgBottom);
+    EXPECT_EQ(ground(), clWhite) << "in place of the button face";
+    f.Graph->SetColor(clLime);
+    EXPECT_EQ(ground(), clLime);
+    f.Legend->SetColor(clBtnFace);
+    EXPECT_EQ(ground(), clWhite);
+    f.Legend->SetTransparent(true);
+    EXPECT_EQ(ground(), -1);
+}
+
+TEST(Legend, AClickTellsTheSeriesOfItsEntry) {
+    TFixture f;
+    std::vector<TKxGraphSeries*> series{f.Add("a"), f.Add("bbb"), f.Add("c")}, clicked;
+    f.Legend->SetColumns(2);
+    f.Legend->OnEntryClick = [&](TKxGraphSeries* S) { clicked.push_back(S); };
+    f.Draw();
+    const auto mouse = [&](TMouseKind Kind, int Entry, unsigned Shift = 0) {
+        const TRect r = f.Legend->GetEntryRect(Entry);
+        const TPoint at = f.Legend->ClientToRoot({r.Right - 1, r.Top});
+        f.Form->AsHostClient().HostMouse(Kind, mbLeft, Shift | (Kind == TMouseKind::Up ? 0u : ssLeft), at);
+    };
+    const auto click = [&](int From, int To) {
+        mouse(TMouseKind::Down, From);
+        mouse(TMouseKind::Move, To);
+        mouse(TMouseKind::Up, To);
+    };
+    for (const auto& [from, to] : {std::pair{2, 2}, {0, 0}, {0, 1}, {1, 1}}) click(from, to);
+    EXPECT_EQ(clicked, (std::vector{series[2], series[0], series[1]})) << "not for two entries";
+    const TRect r = f.Legend->GetEntryRect(1);
+    EXPECT_EQ(f.Legend->EntryAt(r.Left, r.Bottom), nullptr) << "between two lines";
+    EXPECT_EQ(f.Legend->EntryAt(r.Left, r.Bottom - 1), series[1]);
+
+    f.Legend->OnClick = [&](TControl*) { delete series[0]; };
+    click(0, 0);
+    EXPECT_EQ(clicked.size(), 3u) << "the series is gone";
+    f.Draw();
+    f.Legend->OnClick = [](TControl* Sender) { delete Sender; };
+    click(0, 0);
+    EXPECT_EQ(clicked.size(), 3u);
+    f.Draw();
+}
+
+TEST(Legend, AChangedCaptionReachesThePictureByTheNextFrame) {
+    for (const auto placement : {lgRight, lgInsideBottomRight, lgFree}) {
+        TFixture f;
+        auto* series = f.Add("points");
+        auto* counting = new TCounting(f.Form);
+        counting->SetParentSeries(series);
+        f.Legend->SetPlacement(placement);
+        auto& host = dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost());
+        f.Form->Show();
+        for (int i = 0; i < 3; ++i) host.ProcessMessages();
+        const auto& view = *host.WindowOf(f.Form->AsHostClient());
+        const TRect before = f.Legend->GetBoundsRect();
+        int frames = view.Frames;
+
+        f.Fill({{3, 9}, {4, 9}, {5, 9}, {6, 9}}); // the curve is told its caption while the graph calculates
+        host.ProcessMessages();
+        EXPECT_NE(LettersOf(view.LastFrame).find("pointsn+++++++"), std::string::npos) << placement;
+        EXPECT_EQ(f.Legend->GetWidth(), 14 + 38 + 6 * 8);
+        const int right = placement == lgFree    ? before.Right + 12
+                          : placement == lgRight ? f.Graph->GetWidth() - 8
+                                                 : f.World().Right - 8;
+        EXPECT_EQ(f.Legend->GetBoundsRect().Right, right);
+        EXPECT_TRUE(placement != lgRight || f.World().Right + 8 <= f.Legend->GetLeft());
+        EXPECT_EQ(view.Frames, ++frames);
+
+        series->SetIncludeInLegend(false);
+        counting->SetIncludeInLegend(false);
+        host.ProcessMessages();
+        EXPECT_TRUE(f.Legend->GetClientRect().IsEmpty());
+        series->SetIncludeInLegend(true); // an empty legend has no pixel that asks for a frame
+        host.ProcessMessages();
+        EXPECT_EQ(f.Legend->GetWidth(), 14 + 38 + 6 * 6);
+        series->GetPointStyle().SetColor(clFuchsia);
+        frames = view.Frames;
+        host.ProcessMessages();
+        host.ProcessMessages();
+        EXPECT_EQ(view.Frames, frames + 1) << "and that is all";
+    }
+}
+
+TEST(Legend, TheOutfitIsKeptWithTheGraphs) {
+    TKxIniList saved, again;
+    std::string picture;
+    const auto add = [](TFixture& F, const char* Name) {
+        auto* legend = new TKxLegend(F.Form);
+        F.Dress(*legend, Name);
+        return legend;
+    };
+    {
+        TFixture f;
+        f.Add("a")->SetName("S");
+        f.Graph->SetDataColor(clWhite);
+        f.Legend->SetPlacement(lgBottom);
+        f.Legend->SetCaption("\\bT");
+        f.Legend->SetShowTitle(true);
+        f.Legend->SetColumns(0);
+        f.Legend->SetGap(3);
+        f.Legend->SetSampleWidth(11);
+        f.Legend->GetFrameLine().SetStyle(psDot);
+        f.Legend->GetFont().SetColor(clRed);
+        auto* second = add(f, "Legend2");
+        second->SetPlacement(lgFree);
+        second->SetAutoSize(false);
+        second->SetBounds(120, 44, 55, 33);
+        second->SetColor(clYellow);
+        add(f, "Legend3")->SetVisible(false);
+        picture = f.Draw().ToText();
+        f.Graph->SaveOutfit("G", saved);
+    }
+    EXPECT_EQ(saved.ReadInteger("G.Legend", "Placement", -1), lgBottom);
+    EXPECT_EQ(saved.ReadInteger("G.Legend(2)", "Width", -1), 55);
+    TFixture f;
+    f.Add("a")->SetName("S");
+    auto* second = add(f, "Legend2");
+    f.Graph->LoadOutfit("G", saved); // fewer than were saved
+    EXPECT_EQ(second->GetBoundsRect(), TRect::Bounds(120, 44, 55, 33));
+    add(f, "Legend3");
+    auto* fourth = add(f, "Legend4");
+    fourth->SetGap(1);
+    f.Graph->LoadOutfit("G", saved); // more
+    EXPECT_EQ(fourth->GetGap(), 1);
+    EXPECT_TRUE(fourth->GetParentColor());
+    delete fourth;
+    EXPECT_EQ(f.Draw().ToText(), picture);
+    f.Graph->SaveOutfit("G", again);
+    EXPECT_EQ(again.GetText(), saved.GetText());
+    delete second;
+    f.Graph->SaveOutfit("G", again);
+    EXPECT_EQ(again.ReadBool("G.Legend(2)", "Visible", true), false) << "the third has become the second";
+    EXPECT_FALSE(again.SectionExists("G.Legend(3)"));
+    f.Graph->SetColor(clLime);
+    f.Legend->LoadOutfit("G.Legend", saved);
+    EXPECT_EQ(f.Legend->GetColor(), clLime) << "it still follows its parent";
+}
+
+TEST(Legend, AnyPartMayBeDestroyedBeforeTheOthers) {
+    std::mt19937 random(3);
+    for (int round = 0; round < 150; ++round) {
+        auto* f = new TFixture;
+        auto* series = f->Add("a");
+        auto* fit = new TKxLinearRegressionLine(f->Form);
+        fit->SetParentSeries(series);
+        auto* panel = new TCustomPanel(f->Form);
+        panel->SetParent(f->Form);
+        if (round % 3 == 0) f->Legend->SetParent(panel);
+        f->Legend->SetPlacement(TKxLegendPlacement(round % 9));
+        f->Draw();
+        EXPECT_EQ(f->Legend->GetEntryCount(), 2);
+        std::vector<TComponent*> parts{f->Graph, f->Legend, series, fit, f->X, f->XV, panel};
+        std::shuffle(parts.begin(), parts.end(), random);
+        parts.resize(random() % parts.size()); // the form takes the rest along
+        for (TComponent* part : parts) {
+            delete part;
+            f->Draw();
+        }
+        delete f;
+    }
+}
+
+} // namespace
+} // namespace kx
