@@ -6,6 +6,7 @@
 #include "persist/Kxlargeini.h"
 #include "platform/canvas.h"
 #include "platform/component.h"
+#include "platform/text.h"
 #include "series/Kxdraw.h"
 
 #include <string>
