@@ -49,10 +49,17 @@ void TKxIntPolynom::FindExtremaOfPiece(int i) {
     const double q = -(C[i] + std::copysign(std::sqrt(discriminant), C[i]));
     double plus = q == 0 ? 0 : q / a, minus = q == 0 ? 0 : B[i] / q;
     if (!std::signbit(C[i])) std::swap(plus, minus);
-    for (const double t : {plus, minus}) {
-        const double x = X[i] + t;
-        if (x >= X[i] && x < X[i + 1]) AddExtremum(x);
-    }
+    // The slopes of two pieces differ at their knot by rounding: an extremum there must not fall between
+    // them.
+    const double first = -RoundingAt(i), end = X[i + 1] - X[i] - RoundingAt(i + 1);
+    for (const double t : {plus, minus})
+        if (t >= first && t < end) AddExtremum(std::max(X[i], X[i] + t));
+}
+
+double TKxIntPolynom::RoundingAt(int Knot) const {
+    constexpr double COfPiece = 1e-9;
+    if (Knot <= 0 || Knot >= Count - 1) return 0;
+    return COfPiece * std::min(X[Knot] - X[Knot - 1], X[Knot + 1] - X[Knot]);
 }
 
 void TKxIntPolynom::FindExtrema() {

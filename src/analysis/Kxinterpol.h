@@ -81,6 +81,7 @@ private:
     std::vector<double> IntegralsAt(const std::vector<double>& Abscissae);
     void AddExtremum(double x);
     void FindExtremaOfPiece(int i);
+    double RoundingAt(int Knot) const;
     double SlopeAtInflection(int Piece, double Otherwise, double& x);
 };
 

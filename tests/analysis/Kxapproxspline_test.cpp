@@ -173,6 +173,24 @@ TEST(ApproxSpline, CollinearPointsGiveTheirLine) {
     }
 }
 
+TEST(ApproxSpline, FindsAnExtremumThatLiesOnAKnot) {
+    for (const double shift : {0.0, 0.1, 1 / 3.0, 1e6}) {
+        TNumbers x, y;
+        for (int i = 0; i < 9; ++i) {
+            x.push_back(i + shift);
+            y.push_back(-std::abs(i - 4) * 0.7);
+        }
+        for (const double factor : {0.1, 1.0, 7.0, 1e9}) {
+            TFixture f(x, y, {});
+            f.Spline.WeightFactor = factor;
+            f.Calculate();
+            f.Spline.FindExtrema();
+            ASSERT_EQ(f.Spline.Maxima.Length(), 1) << shift << " " << factor;
+            EXPECT_NEAR(f.Spline.Maxima[0].X, 4 + shift, 1e-8);
+        }
+    }
+}
+
 TEST(ApproxSpline, TakesMergesAndRefusesPoints) {
     const double nan = NAN, inf = INFINITY;
     TFixture f({7, 5, 9, 2, 2, nan, 1, 3, 4, -inf, 2, 6, 8}, {1, nan, 5, 1, 5, 1, 0, 2, 2, 1, 3, inf, 7},

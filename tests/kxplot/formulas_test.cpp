@@ -129,8 +129,10 @@ TEST_F(KxplotFormulas, WhatFailsIsToldAndTheRestIsDrawn) {
 class TTerminal {
 public:
     TTerminal() : FMaster(posix_openpt(O_RDWR | O_NOCTTY)) {
-        if (FMaster < 0 || grantpt(FMaster) != 0 || unlockpt(FMaster) != 0) ADD_FAILURE() << "no terminal";
+        FReady = FMaster >= 0 && grantpt(FMaster) == 0 && unlockpt(FMaster) == 0;
     }
+    /// A machine need not have any.
+    bool IsReady() const { return FReady; }
     TTerminal(const TTerminal&) = delete;
     TTerminal& operator=(const TTerminal&) = delete;
     ~TTerminal() { close(FMaster); }
@@ -145,10 +147,12 @@ public:
 
 private:
     int FMaster;
+    bool FReady = false;
 };
 
 TEST_F(KxplotFormulas, CtrlCEndsThemAndKeepsTheBestSoFar) {
     const TTerminal terminal;
+    if (!terminal.IsReady()) GTEST_SKIP() << "there are no pseudo-terminals here";
     const pid_t child = Start(Words("d.csv -y u --fit a*exp(-b*x) --start a=1,b=1 --fit a+x --start a=1 "
                                     "--iterations 1000000000 --results r.ini -o p.svg"),
                               "/dev/null", "/dev/null", terminal.Name());
