@@ -242,7 +242,7 @@ int TKxSeries::FindPoint(int X, int Y, int Tolerance) const {
     return -1;
 }
 
-TKxLineSeries::TKxLineSeries(TComponent* Owner) : TKxNotCalculatedSeries(Owner) {
+void TKxSeries::TakeAxes(const TComponent* Owner) {
     if (!Owner) return;
     for (TComponent* component : Owner->GetComponents()) {
         auto* graph = dynamic_cast<TKx2DGraph*>(component);
@@ -252,6 +252,8 @@ TKxLineSeries::TKxLineSeries(TComponent* Owner) : TKxNotCalculatedSeries(Owner) 
         if (!GetXAxis()) ReferToWorld(graph->GetDrawingWorld());
     }
 }
+
+TKxLineSeries::TKxLineSeries(TComponent* Owner) : TKxNotCalculatedSeries(Owner) { TakeAxes(Owner); }
 
 void TKxLineSeries::SetBreakAtGaps(bool Break) {
     if (FBreakAtGaps == Break) return;

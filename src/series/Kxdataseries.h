@@ -138,6 +138,8 @@ protected:
     virtual void FOnWeightChanged(int Index, bool WasDeleted);
     void FOnXIChanged(int Index, bool WasDeleted);
     void FOnYIChanged(int Index, bool WasDeleted);
+    /// Of one of the two something has changed, which the series has not looked at yet.
+    virtual void DataChanged(const TKxCustomRealVector*) {}
     /// Full scan of the extents.
     virtual void GetNewXStartStop();
     virtual void GetNewYStartStop();
@@ -156,6 +158,20 @@ protected:
     virtual void DrawMarks(TCanvas&) {}
     /// One of them in the middle of a sample.
     virtual void DrawSampleMark(TCanvas&, const TRect&) {}
+    /// What precedes the drawing: calculates what is due. Returns whether there is something to draw on now.
+    bool PrepareDrawing();
+    /// Whether both axes are zoomed; what reaches over the drawing world's border is cut off then.
+    bool IsZoomed() const;
+    /// Draw(i) for every point that has a place, under the clip in force when both axes are zoomed. Otherwise
+    /// the clip is lifted, so that what stands on the border is whole, and points beyond it are left out.
+    template <class F>
+    void ForPlacedPoints(TCanvas& Canvas, F Draw);
+    /// The axes of the last graph among the components of Owner, and its drawing world.
+    void TakeAxes(const TComponent* Owner);
+    /// Whether the extents will be found anew anyway.
+    bool AwaitsRescan() const { return FChildModified; }
+    const TKxLineStyle& LineStyle() const { return FLineStyle; }
+    const TKxAreaStyle& AreaStyle() const { return FAreaStyle; }
     /// The pens that line and outline are drawn with: the style, a line of width 1 as a cosmetic one.
     void UseLinePen(TCanvas& Canvas) const;
 
@@ -163,9 +179,12 @@ protected:
     struct TInterval {
         double Low, High;
     };
-    /// The smallest and the largest of Count intervals and their first indices; -1 where there are none.
+    static constexpr TInterval CEmptyInterval{1.7e308, -1.7e308};
+    /// The smallest and the largest of Count intervals and of From, and the first indices that they have; -1
+    /// where there are none.
     template <class F>
-    void ScanExtents(TRange& Range, int& MinIndex, int& MaxIndex, int Count, F IntervalOf);
+    void ScanExtents(TRange& Range, int& MinIndex, int& MaxIndex, int Count, F IntervalOf,
+                     TInterval From = CEmptyInterval);
     /// One changed interval; rescans when an extreme may have moved inward.
     template <class F>
     void UpdateExtents(TRange& Range, int& MinIndex, int& MaxIndex, int Index, TInterval Value, F Rescan);
@@ -288,8 +307,7 @@ protected:
     void DrawSampleMark(TCanvas& Canvas, const TRect& Rect) override;
     /// Pen and brush of the symbols.
     void UseSymbolPen(TCanvas& Canvas) const;
-    /// Sets brush and pen for symbols; Draw(i) is called for every point to mark. Unless both axes are zoomed
-    /// the clip is lifted, so that symbols on the border are whole, and points beyond it are left out.
+    /// ForPlacedPoints with brush and pen set for symbols.
     template <class F>
     void ForMarkedPoints(TCanvas& Canvas, F Draw);
 

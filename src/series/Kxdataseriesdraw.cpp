@@ -42,16 +42,22 @@ std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
     return runs;
 }
 
-void TKxSeries::DrawLine(TCanvas& Canvas) {
+bool TKxSeries::PrepareDrawing() {
     auto* graph = GetGraph();
-    if (!FXAxis || !FYAxis || !graph) return;
+    if (!FXAxis || !FYAxis || !graph) return false;
     graph->BeginUpdate();
     Guarded([this] {
         if (FPointsDirty) CalculatePoints();
         if (FRangesModified) RecalculateChilds();
     });
     graph->EndUpdate();
-    if (!graph->NotUpdating()) return;
+    return graph->NotUpdating();
+}
+
+bool TKxSeries::IsZoomed() const { return FXAxis->CanZoomBack() && FYAxis->CanZoomBack(); }
+
+void TKxSeries::DrawLine(TCanvas& Canvas) {
+    if (!PrepareDrawing()) return;
     if ((!FLineStyle.GetVisible() && !FAreaStyle.GetVisible()) || FPointsCount < 2) return;
     const auto runs = DrawableRuns();
     if (FAreaStyle.GetVisible()) DrawArea(Canvas, runs);

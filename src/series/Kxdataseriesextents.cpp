@@ -51,10 +51,12 @@ void TKxSeries::CalcYValue(int Index) {
 }
 
 void TKxSeries::FOnXIChanged(int Index, bool WasDeleted) {
+    DataChanged(FXData);
     ValueChanged(Index, WasDeleted, FYData, &TKxSeries::CalcXValue, &TKxSeries::CalcYValue);
 }
 
 void TKxSeries::FOnYIChanged(int Index, bool WasDeleted) {
+    DataChanged(FYData);
     ValueChanged(Index, WasDeleted, FXData, &TKxSeries::CalcYValue, &TKxSeries::CalcXValue);
 }
 

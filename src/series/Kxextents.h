@@ -8,16 +8,18 @@
 namespace kx {
 
 template <class F>
-void TKxSeries::ScanExtents(TRange& Range, int& MinIndex, int& MaxIndex, int Count, F IntervalOf) {
-    double low = 1.7e308, high = -1.7e308;
+void TKxSeries::ScanExtents(TRange& Range, int& MinIndex, int& MaxIndex, int Count, F IntervalOf,
+                            TInterval From) {
+    double low = From.Low, high = From.High;
+    const bool empty = low > high; // then an equal value is the first one
     MinIndex = MaxIndex = -1;
     for (int i = 0; i < Count; ++i) {
         const TInterval value = IntervalOf(i); // not a number compares as false: it takes no part
-        if (value.Low < low || (MinIndex < 0 && value.Low <= low)) {
+        if (value.Low < low || (empty && MinIndex < 0 && value.Low <= low)) {
             low = value.Low;
             MinIndex = i;
         }
-        if (value.High > high || (MaxIndex < 0 && value.High >= high)) {
+        if (value.High > high || (empty && MaxIndex < 0 && value.High >= high)) {
             high = value.High;
             MaxIndex = i;
         }

@@ -1,19 +1,14 @@
 #pragma once
-// How symbols and error bars come onto the drawing world: the body of a template that the sources of the
-// series share. Included by those sources only.
+// How symbols, error bars and arrows come onto the drawing world: the bodies of templates that the sources of
+// the series share. Included by those sources only.
 
 #include "series/Kxdataseries.h"
 
 namespace kx {
 
 template <class F>
-void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, F Draw) {
-    auto* graph = GetGraph();
-    if (!graph || !graph->NotUpdating() || !FPointStyle.GetVisible() || !GetXAxis() || !GetYAxis()) return;
-    if (NeedsCalculation()) CalculatePoints();
-    UseSymbolPen(Canvas);
-
-    const bool zoomed = GetXAxis()->CanZoomBack() && GetYAxis()->CanZoomBack();
+void TKxSeries::ForPlacedPoints(TCanvas& Canvas, F Draw) {
+    const bool zoomed = IsZoomed();
     const TRect world{0, 0, GetDrawingWorld()->GetWidth(), GetDrawingWorld()->GetHeight()};
     const TCanvas::TSaved saved(Canvas);
     if (!zoomed) Canvas.SetClip(std::nullopt);
@@ -23,6 +18,15 @@ void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, F Draw) {
         if (!zoomed && !world.Contains(points[std::size_t(i)])) continue;
         Draw(i);
     }
+}
+
+template <class F>
+void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, F Draw) {
+    auto* graph = GetGraph();
+    if (!graph || !graph->NotUpdating() || !FPointStyle.GetVisible() || !GetXAxis() || !GetYAxis()) return;
+    if (NeedsCalculation()) CalculatePoints();
+    UseSymbolPen(Canvas);
+    ForPlacedPoints(Canvas, Draw);
 }
 
 } // namespace kx

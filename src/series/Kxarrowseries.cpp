@@ -1,0 +1,202 @@
+#include "series/Kxarrowseries.h"
+
+#include "persist/Kxoutfit.h"
+#include "series/Kxextents.h"
+#include "series/Kxmarks.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kx {
+
+TKxArrowSeries::TKxArrowSeries(TComponent* Owner) : TKxNotCalculatedSeries(Owner) { TakeAxes(Owner); }
+
+TKxArrowSeries::~TKxArrowSeries() {
+    if (FDX) FDX->Listeners().RemoveOwn(DXHandler());
+    if (FDY) FDY->Listeners().RemoveOwn(DYHandler());
+}
+
+void TKxArrowSeries::Notification(TComponent* Component, TOperation Operation) {
+    TKxNotCalculatedSeries::Notification(Component, Operation);
+    if (Operation != opRemove || (Component != FDX && Component != FDY)) return;
+    if (Component == FDX) FDX = nullptr;
+    if (Component == FDY) FDY = nullptr;
+    RangesModified();
+}
+
+void TKxArrowSeries::SetComponent(TKxCustomRealVector*& Field, TKxCustomRealVector* Vector,
+                                  TKxIntegerVector& Ends, const TKxValueIChangedEvent& Handler) {
+    if (Field) Field->Listeners().RemoveOwn(Handler);
+    Ends.Clear();
+    Refer(Field, Vector);
+    if (Vector) Vector->Listeners().Add(Handler);
+    RangesModified();
+    DsgnUpdate();
+}
+
+void TKxArrowSeries::SetDX(TKxCustomRealVector* Vector) { SetComponent(FDX, Vector, FEndXs, DXHandler()); }
+void TKxArrowSeries::SetDY(TKxCustomRealVector* Vector) { SetComponent(FDY, Vector, FEndYs, DYHandler()); }
+
+void TKxArrowSeries::SetTipLength(int Length) {
+    if (FTipLength == Length) return;
+    FTipLength = Length;
+    Modified();
+}
+
+void TKxArrowSeries::SetTipWidth(int Width) {
+    if (FTipWidth == Width) return;
+    FTipWidth = Width;
+    Modified();
+}
+
+void TKxArrowSeries::Modified() {
+    if (FCountsTips == LineStyle().GetVisible()) return TKxNotCalculatedSeries::Modified();
+    FCountsTips = LineStyle().GetVisible();
+    RangesModified();
+}
+
+double TKxArrowSeries::ComponentAt(const TKxCustomRealVector* Vector, int Index) const {
+    const bool exists = Vector && Index >= 0 && Index < Vector->GetCount();
+    return exists && LineStyle().GetVisible() ? Vector->GetValue(Index) : 0;
+}
+
+TKxSeries::TInterval TKxArrowSeries::ArrowInterval(double Value, double Component) const {
+    const double tip = Value + Component;
+    if (!std::isfinite(Value) || !std::isfinite(tip)) return PointInterval(Value, nullptr);
+    return {std::min(Value, tip), std::max(Value, tip)};
+}
+
+TKxSeries::TInterval TKxArrowSeries::XInterval(int Index) const {
+    return ArrowInterval(GetXData()->GetValue(Index), GetDX(Index));
+}
+
+TKxSeries::TInterval TKxArrowSeries::YInterval(int Index) const {
+    return ArrowInterval(GetYData()->GetValue(Index), GetDY(Index));
+}
+
+void TKxArrowSeries::GetNewXStartStop() {
+    ScanExtents(FXRange, FXMinIndex, FXMaxIndex, XIdxNeeded(), [this](int i) { return XInterval(i); });
+    Modified();
+}
+
+void TKxArrowSeries::GetNewYStartStop() {
+    ScanExtents(FYRange, FYMinIndex, FYMaxIndex, YIdxNeeded(), [this](int i) { return YInterval(i); });
+    Modified();
+}
+
+// A component may arrive before its point: then it counts when that does.
+void TKxArrowSeries::CalcXValue(int Index) {
+    if (!GetXData() || Index >= GetXData()->GetCount()) return;
+    UpdateExtents(FXRange, FXMinIndex, FXMaxIndex, Index, XInterval(Index), [this] { GetNewXStartStop(); });
+}
+
+void TKxArrowSeries::CalcYValue(int Index) {
+    if (!GetYData() || Index >= GetYData()->GetCount()) return;
+    UpdateExtents(FYRange, FYMinIndex, FYMaxIndex, Index, YInterval(Index), [this] { GetNewYStartStop(); });
+}
+
+namespace {
+
+/// Where the mapping puts an end; the start of a logarithmic axis where it puts none.
+int EndPixel(const TKxAxisMap& Map, double Value) {
+    if (!std::isfinite(Value)) return CNoPixel;
+    return Map.RealToIntPosition(Map.IsLogarithmic() && Value <= 0 ? Map.Start : Value);
+}
+
+bool HasNoPixel(const TKxAxisMap& Map, double Value) {
+    return !std::isfinite(Value) || (Map.IsLogarithmic() && Value <= 0);
+}
+
+} // namespace
+
+void TKxArrowSeries::CalculateEnd(int Index) {
+    const double x = GetXData()->GetValue(Index), y = GetYData()->GetValue(Index);
+    const TKxAxisMap &xMap = GetXAxis()->GetMap(), &yMap = GetYAxis()->GetMap();
+    FEndXs.SetValue(Index, HasNoPixel(xMap, x) ? CNoPixel : EndPixel(xMap, x + GetDX(Index)));
+    FEndYs.SetValue(Index, HasNoPixel(yMap, y) ? CNoPixel : EndPixel(yMap, y + GetDY(Index)));
+}
+
+void TKxArrowSeries::CalculatePoint(int Index) {
+    TKxNotCalculatedSeries::CalculatePoint(Index);
+    if (Index >= 0 && Index < FPointsCount && GetXAxis() && GetYAxis()) CalculateEnd(Index);
+}
+
+void TKxArrowSeries::CalculateAllPoints() {
+    TKxNotCalculatedSeries::CalculateAllPoints();
+    FEndXs.SetCount(FPointsCount);
+    FEndYs.SetCount(FPointsCount);
+    for (int i = 0; i < FPointsCount; ++i) CalculateEnd(i);
+}
+
+void TKxArrowSeries::DrawOne(TCanvas& Canvas, TPoint From, TPoint To, int TipLength, int TipWidth) const {
+    if (TipLength > 0 || From == To)
+        DrawArrow(From.X, From.Y, To.X, To.Y, TipLength, TipWidth, Canvas);
+    else
+        kx::DrawLine(From.X, From.Y, To.X, To.Y, Canvas);
+}
+
+void TKxArrowSeries::DrawLine(TCanvas& Canvas) {
+    if (!PrepareDrawing() || !LineStyle().GetVisible()) return;
+    UseLinePen(Canvas);
+    const auto points = FPoints.Values();
+    const auto xs = FEndXs.Values(), ys = FEndYs.Values();
+    ForPlacedPoints(Canvas, [&](int Index) {
+        const auto i = std::size_t(Index);
+        if (i >= xs.size() || i >= ys.size() || xs[i] == CNoPixel || ys[i] == CNoPixel) return;
+        DrawOne(Canvas, points[i], {xs[i], ys[i]}, FTipLength, FTipWidth);
+    });
+}
+
+void TKxArrowSeries::DrawSample(TCanvas& Canvas, const TRect& Rect) {
+    if (!LineStyle().GetVisible()) return;
+    UseLinePen(Canvas);
+    const int middle = (Rect.Top + Rect.Bottom) / 2, room = std::max(0, Rect.Height() / 2 - 1);
+    DrawOne(Canvas, {Rect.Left, middle}, {Rect.Right - 1, middle}, std::min(FTipLength, Rect.Width() / 2),
+            std::min(FTipWidth, room));
+}
+
+namespace {
+
+const TKxOutfit<TKxArrowSeries>& ArrowOutfit() {
+    using T = TKxArrowSeries;
+    static const TKxOutfit<T> table{
+        OutfitRef<&T::GetdXData, &T::SetDX>("dX"),
+        OutfitRef<&T::GetdYData, &T::SetDY>("dY"),
+        Outfit<&T::GetTipLength, &T::SetTipLength>("TipLength"),
+        Outfit<&T::GetTipWidth, &T::SetTipWidth>("TipWidth"),
+    };
+    return table;
+}
+
+} // namespace
+
+void TKxArrowSeries::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
+    TKxNotCalculatedSeries::WriteToIni(Ini, Section);
+    SaveOutfitTable(*this, ArrowOutfit(), Section, Ini);
+}
+
+void TKxArrowSeries::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
+    TKxNotCalculatedSeries::ReadFromIni(Ini, Section);
+    LoadOutfitTable(*this, ArrowOutfit(), Section, Ini);
+}
+
+const TPropertyTable& TKxArrowSeries::Properties() {
+    using S = TKxSeries;
+    using T = TKxArrowSeries;
+    static const TPropertyTable table(
+        "TKxArrowSeries", &TKxSeries::Properties(),
+        {
+            Published<&S::GetXAxis, &S::SetXAxis>("XAxis", nullptr, "horizontal axis"),
+            Published<&S::GetYAxis, &S::SetYAxis>("YAxis", nullptr, "vertical axis"),
+            Published<&S::GetXData, &S::SetXData>("XData", nullptr, "vector of the x values"),
+            Published<&S::GetYData, &S::SetYData>("YData", nullptr, "vector of the y values"),
+            Published<&S::GetWeight, &S::SetWeight>("Weight", nullptr, "vector of the weights"),
+            Published<&T::GetdXData, &T::SetDX>("dXData", nullptr, "vector of the arrows' x components"),
+            Published<&T::GetdYData, &T::SetDY>("dYData", nullptr, "vector of the arrows' y components"),
+            Published<&T::GetTipLength, &T::SetTipLength>("TipLength", 10, "length of the head in pixels"),
+            Published<&T::GetTipWidth, &T::SetTipWidth>("TipWidth", 3, "half the head's width in pixels"),
+        });
+    return table;
+}
+
+} // namespace kx

@@ -1,0 +1,77 @@
+#pragma once
+// Vector fields: an arrow at each point.
+
+#include "series/Kxdataseries.h"
+
+namespace kx {
+
+/// An arrow from each point (X, Y) to (X + dX, Y + dY), in the line style. Components beyond the end of their
+/// vector are 0. An arrow with a value that is not finite, or from a point without a place on a logarithmic
+/// axis, is not drawn; a tip that is not positive lies at the start of such an axis. The four vectors are not
+/// owned. Takes the axes of the last graph that its owner has.
+class TKxArrowSeries : public TKxNotCalculatedSeries {
+public:
+    explicit TKxArrowSeries(TComponent* Owner);
+    ~TKxArrowSeries() override;
+
+    TKxCustomRealVector* GetdXData() const { return FDX; }
+    void SetDX(TKxCustomRealVector* Vector);
+    TKxCustomRealVector* GetdYData() const { return FDY; }
+    void SetDY(TKxCustomRealVector* Vector);
+    /// Length of the head in pixels. With 0 or less arrows have none.
+    int GetTipLength() const { return FTipLength; }
+    void SetTipLength(int Length);
+    /// Half the width of the head in pixels.
+    int GetTipWidth() const { return FTipWidth; }
+    void SetTipWidth(int Width);
+
+    /// Components of arrow Index, signed; 0 without one, or while the line is hidden.
+    double GetDX(int Index) const { return ComponentAt(FDX, Index); }
+    double GetDY(int Index) const { return ComponentAt(FDY, Index); }
+    /// Pixels of the tips.
+    const TKxIntegerVector& GetEndXs() const { return FEndXs; }
+    const TKxIntegerVector& GetEndYs() const { return FEndYs; }
+
+    /// The tips' part in the extents comes and goes with the line.
+    void Modified() override;
+    void DrawLine(TCanvas& Canvas) override;
+    /// One arrow to the right.
+    void DrawSample(TCanvas& Canvas, const TRect& Rect) override;
+    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
+    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
+
+    const TPropertyTable& PublishedProperties() const override { return Properties(); }
+    static const TPropertyTable& Properties();
+
+protected:
+    void Notification(TComponent* Component, TOperation Operation) override;
+    void GetNewXStartStop() override;
+    void GetNewYStartStop() override;
+    void CalcXValue(int Index) override;
+    void CalcYValue(int Index) override;
+    void CalculatePoint(int Index) override;
+    void CalculateAllPoints() override;
+
+private:
+    // Methods of their own: a vector may serve as X of one series and as dX of another one.
+    void DXChanged(int Index, bool WasDeleted) { FOnXIChanged(Index, WasDeleted); }
+    void DYChanged(int Index, bool WasDeleted) { FOnYIChanged(Index, WasDeleted); }
+    TKxValueIChangedEvent DXHandler() { return TKxValueIChangedEvent::Of<&TKxArrowSeries::DXChanged>(this); }
+    TKxValueIChangedEvent DYHandler() { return TKxValueIChangedEvent::Of<&TKxArrowSeries::DYChanged>(this); }
+    void SetComponent(TKxCustomRealVector*& Field, TKxCustomRealVector* Vector, TKxIntegerVector& Ends,
+                      const TKxValueIChangedEvent& Handler);
+    double ComponentAt(const TKxCustomRealVector* Vector, int Index) const;
+    TInterval ArrowInterval(double Value, double Component) const;
+    TInterval XInterval(int Index) const;
+    TInterval YInterval(int Index) const;
+    void CalculateEnd(int Index);
+    void DrawOne(TCanvas& Canvas, TPoint From, TPoint To, int TipLength, int TipWidth) const;
+
+    TKxCustomRealVector* FDX = nullptr;
+    TKxCustomRealVector* FDY = nullptr;
+    TKxIntegerVector FEndXs, FEndYs;
+    int FTipLength = 10, FTipWidth = 3;
+    bool FCountsTips = true; // in the extents
+};
+
+} // namespace kx

@@ -1,0 +1,164 @@
+#include "series/Kxbarseries.h"
+
+#include <algorithm>
+
+namespace kx {
+
+TKxBarSeries::TKxBarSeries(TComponent* Owner) : TKxLineSeries(Owner) {
+    GetLineStyle().SetColor(clBlue);
+    GetAreaStyle().SetColor(clNavy);
+    GetAreaStyle().SetDrawXOred(false);
+    FXRange.SetStartStop(0, 0);
+    FYRange.SetStartStop(0, 0);
+}
+
+TKxBarSeries::~TKxBarSeries() {
+    LeaveStack();
+    for (TKxBarSeries* above : FAbove) {
+        std::erase(above->FStack, this);
+        above->RangesModified();
+    }
+}
+
+template <class T>
+void TKxBarSeries::Change(T& Field, T Value) {
+    if (Field == Value) return;
+    Field = Value;
+    FStackIsOld = true;
+    RangesModified();
+}
+
+void TKxBarSeries::ChangeOverlay(bool& Field, bool& Other, bool Value) {
+    if (Field == Value) return;
+    if (Value) Other = false;
+    Change(Field, Value);
+}
+
+void TKxBarSeries::SetShowAs3D(bool Show) { Change(FShow3DBars, Show); }
+void TKxBarSeries::SetBarHorizontal(bool Horizontal) { Change(FBarHorizontal, Horizontal); }
+void TKxBarSeries::Set3DDepthPercent(double Percent) { Change(FDepthPercent, Percent); }
+void TKxBarSeries::SetBarsGapPercent(double Percent) { Change(FBarsGapPercent, Percent); }
+
+void TKxBarSeries::SetShiftOverlays(bool Shift) { ChangeOverlay(FShiftOverlays, FStackOverlays, Shift); }
+void TKxBarSeries::SetStackOverlays(bool Stack) { ChangeOverlay(FStackOverlays, FShiftOverlays, Stack); }
+
+void TKxBarSeries::FillSampleEdges(TKxCustomRealVector* Vector) const {
+    if (!IsIn(csDesigning) || !Vector || Vector->GetCount() > 0) return;
+    for (int i = 0; i <= 10; ++i) Vector->SetValue(i, 10 * i);
+}
+
+void TKxBarSeries::SetXData(TKxCustomRealVector* Vector) {
+    if (!FBarHorizontal) FillSampleEdges(Vector);
+    TKxLineSeries::SetXData(Vector);
+}
+
+void TKxBarSeries::SetYData(TKxCustomRealVector* Vector) {
+    if (FBarHorizontal) FillSampleEdges(Vector);
+    TKxLineSeries::SetYData(Vector);
+}
+
+// What is read from a series below may have changed with any change of that one.
+void TKxBarSeries::Modified() {
+    TKxLineSeries::Modified();
+    TellAbove();
+}
+
+void TKxBarSeries::TellAbove() {
+    for (TKxBarSeries* above : FAbove)
+        if (!above->AwaitsRescan()) above->RangesModified();
+}
+
+// Series of a group share their edges as a rule, but only one of them hears of an edge.
+void TKxBarSeries::DataChanged(const TKxCustomRealVector* Vector) {
+    TellAbove();
+    if (!GetDrawingWorld()) return;
+    for (TKxGraphSeries* series : GetDrawingWorld()->GetSeriesList()) {
+        auto* bars = dynamic_cast<TKxBarSeries*>(series);
+        if (!bars || bars == this || bars->AwaitsRescan()) continue;
+        if (bars->GetXData() == Vector || bars->GetYData() == Vector) bars->RangesModified();
+    }
+}
+
+// Which series lie below depends on what others are and where they stand, so every frame looks anew; values
+// that arrive in between find the list as it is. A count that differs from the last known one has changed
+// unheard.
+void TKxBarSeries::CalculatePoints() {
+    FStackIsOld = true;
+    const int known = FPointsCount;
+    SetPointsCount();
+    if (FPointsCount != known && !AwaitsRescan()) RangesModified();
+    TKxLineSeries::CalculatePoints();
+}
+
+void TKxBarSeries::RebuildStack() {
+    FStackIsOld = false;
+    std::vector<TKxBarSeries*> below;
+    if (FStackOverlays && GetOwner()) {
+        for (TComponent* component : GetOwner()->GetComponents()) {
+            if (component == this) break;
+            auto* bars = dynamic_cast<TKxBarSeries*>(component);
+            if (!bars || bars->FBarHorizontal != FBarHorizontal || bars->EdgeAxis() != EdgeAxis()) continue;
+            below.push_back(bars);
+        }
+    }
+    if (below == FStack) return;
+    LeaveStack();
+    FStack = std::move(below);
+    for (TKxBarSeries* bars : FStack) bars->FAbove.push_back(this);
+    RangesModified();
+}
+
+void TKxBarSeries::LeaveStack() {
+    for (TKxBarSeries* bars : FStack) std::erase(bars->FAbove, this);
+    FStack.clear();
+}
+
+TKxBarValues TKxBarSeries::OwnValues() const {
+    const auto* lengths = Lengths();
+    if (!lengths) return {};
+    return lengths->Values().first(std::size_t(std::min(FPointsCount, lengths->GetCount())));
+}
+
+// Asked for once per scan or paint: the list keeps its storage.
+std::span<const TKxBarValues> TKxBarSeries::ValuesBelow() const {
+    FBelow.clear();
+    if (FStackOverlays)
+        for (const TKxBarSeries* bars : FStack) FBelow.push_back(bars->OwnValues());
+    return FBelow;
+}
+
+double TKxBarSeries::LengthAt(int Index) const {
+    return Lengths()->GetValue(Index) + StackBelow(ValuesBelow(), std::size_t(Index));
+}
+
+double TKxBarSeries::GetX(int Index) const {
+    if (!GetXData()) return 0;
+    return FBarHorizontal ? LengthAt(Index) : GetXData()->GetValue(Index);
+}
+
+double TKxBarSeries::GetY(int Index) const {
+    if (!GetYData()) return 0;
+    return FBarHorizontal ? GetYData()->GetValue(Index) : LengthAt(Index);
+}
+
+double TKxBarSeries::DepthAt(int Index, double Divisor) const {
+    const auto* edges = Edges();
+    if (!FShow3DBars || !edges || Index <= 0 || Index >= edges->GetCount()) return 0;
+    return (edges->GetValue(Index) - edges->GetValue(Index - 1)) *
+           (FDepthPercent / Divisor - FBarsGapPercent / 200);
+}
+
+// Kept: the last bar is left out, as programs that pick bars expect it.
+int TKxBarSeries::FindPoint(int X, int Y, int Tolerance) const {
+    const long long x = (long long)(X)-OriginX(), y = (long long)(Y)-OriginY();
+    const long long across = FBarHorizontal ? y : x, along = FBarHorizontal ? x : y;
+    for (int i = FPointsCount - 2; i >= 0; --i) {
+        const int edge = EdgeAt(i), next = EdgeAt(i + 1);
+        if (edge == CNoPixel || next == CNoPixel || EndAt(i) == CNoPixel) continue;
+        const auto [first, last] = std::minmax(edge, next);
+        if (first <= across && across <= last && std::abs(EndAt(i) - along) <= Tolerance) return i;
+    }
+    return -1;
+}
+
+} // namespace kx

@@ -1,0 +1,182 @@
+// Painting of bars.
+
+#include "series/Kxbarseries.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kx {
+
+TKxBarLayout TKxBarSeries::GetLayout() const {
+    TKxBarLayout layout{1, 1, FBarsGapPercent, FDepthPercent};
+    if (!FShiftOverlays || !GetOwner()) return layout;
+    layout.Count = 0;
+    for (const TComponent* component : GetOwner()->GetComponents()) {
+        const auto* bars = dynamic_cast<const TKxBarSeries*>(component);
+        if (!bars || !bars->FShiftOverlays || bars->FBarHorizontal != FBarHorizontal ||
+            bars->GetXAxis() != GetXAxis() || bars->GetYAxis() != GetYAxis())
+            continue;
+        ++layout.Count;
+        if (bars == this) layout.Place = layout.Count;
+        layout.GapPercent = std::min(layout.GapPercent, bars->FBarsGapPercent);
+        layout.DepthPercent = std::min(layout.DepthPercent, bars->FDepthPercent);
+    }
+    return layout;
+}
+
+struct TKxBarSeries::TPlan {
+    TKxBarLayout Layout;
+    const TKxAxisMap& Map; // of the lengths
+    std::span<const TKxBarValues> Below;
+    TSize World;
+    bool Cut, InOrder;
+};
+
+TKxBarSeries::TPlan TKxBarSeries::MakePlan() const {
+    return {GetLayout(),   LengthAxis()->GetMap(),
+            ValuesBelow(), GetDrawingWorld()->GetBoundsRect().Size(),
+            !IsZoomed(),   PaintsInEdgeOrder(EdgeAt(0), EdgeAt(FPointsCount), FBarHorizontal)};
+}
+
+// Without a clip a bar that reaches out of the drawing world would lie on labels: it is cut at the border.
+TKxBarSeries::TBar TKxBarSeries::BarAt(const TPlan& Plan, int Index) const {
+    TBar bar{{}, {}, this};
+    const int edge = EdgeAt(Index), next = EdgeAt(Index + 1), end = EndAt(Index);
+    if (edge == CNoPixel || next == CNoPixel || end == CNoPixel) return bar;
+    const int start = BarPixel(Plan.Map, StackBelow(Plan.Below, std::size_t(Index)));
+    bar.Slot = SlotInBin(edge, next, Plan.Layout);
+    const TRect outline = BarOutline(bar.Slot, start, end, FBarHorizontal);
+    if (!IsBarInside(outline, Plan.World)) return bar;
+    bar.Outline = Plan.Cut ? outline.Intersected({0, 0, Plan.World.Width, Plan.World.Height}) : outline;
+    return bar;
+}
+
+namespace {
+
+bool IsDeep(const TKxBarSlot& Slot) { return Slot.DepthX != 0 || Slot.DepthY != 0; }
+
+} // namespace
+
+// Bars of a dense histogram that fall into one column of pixels are drawn as one.
+template <class F>
+void TKxBarSeries::ForBars(bool AreaOnly, F Draw) const {
+    const TPlan plan = MakePlan();
+    TBar pending{{}, {}, this};
+    for (int n = 0; n < FPointsCount; ++n) {
+        TBar bar = BarAt(plan, plan.InOrder ? n : FPointsCount - 1 - n);
+        if (AreaOnly) bar.Outline = BarArea(bar.Outline, FBarHorizontal);
+        if (bar.Outline.IsEmpty()) continue;
+        const bool deep = FShow3DBars && (IsDeep(bar.Slot) || IsDeep(pending.Slot));
+        if (!deep && AreOneLine(pending.Outline, bar.Outline, FBarHorizontal)) {
+            pending.Outline = pending.Outline.United(bar.Outline);
+            continue;
+        }
+        if (!pending.Outline.IsEmpty()) Draw(pending.Outline, pending.Slot);
+        pending = bar;
+    }
+    if (!pending.Outline.IsEmpty()) Draw(pending.Outline, pending.Slot);
+}
+
+void TKxBarSeries::DrawLine(TCanvas& Canvas) {
+    if (!PrepareDrawing() || FPointsCount < 1 || !IsShown()) return;
+    const TCanvas::TSaved saved(Canvas);
+    if (!IsZoomed()) Canvas.SetClip(std::nullopt);
+    if (FShow3DBars)
+        DrawBoxes(Canvas);
+    else
+        DrawFlat(Canvas, [this](bool AreaOnly, auto Draw) { ForBars(AreaOnly, Draw); });
+}
+
+template <class E>
+void TKxBarSeries::DrawFlat(TCanvas& Canvas, E ForEach) const {
+    const TKxAreaStyle& area = AreaStyle();
+    const bool outlined = LineStyle().GetVisible(), xored = area.GetDrawXOred() && Canvas.CanXor();
+    const bool filledApart = xored || !outlined;
+    if (area.GetVisible() && filledApart)
+        ForEach(true, [&](const TRect& Area, const TKxBarSlot&) { FillBar(Canvas, Area, xored); });
+    UseLinePen(Canvas);
+    if (!outlined) return;
+    Canvas.Brush.SetColor(area.GetColor());
+    Canvas.Brush.SetStyle(area.GetVisible() && !filledApart ? area.GetStyle() : bsClear);
+    ForEach(false, [&](const TRect& Outline, const TKxBarSlot&) {
+        Canvas.Rectangle(Outline.Left, Outline.Top, Outline.Right, Outline.Bottom);
+    });
+}
+
+// Those that stand among this one's boxes, in painting order.
+std::vector<TKxBarSeries*> TKxBarSeries::BoxGroup() {
+    std::vector<TKxBarSeries*> group;
+    for (TKxGraphSeries* series : GetDrawingWorld()->GetSeriesList()) {
+        auto* bars = dynamic_cast<TKxBarSeries*>(series);
+        if (bars && bars->FShow3DBars && bars->IsShown() && bars->FBarHorizontal == FBarHorizontal &&
+            bars->GetXAxis() == GetXAxis() && bars->GetYAxis() == GetYAxis() && bars->FPointsCount > 0)
+            group.push_back(bars);
+    }
+    return group;
+}
+
+void TKxBarSeries::DrawBoxes(TCanvas& Canvas) {
+    const auto group = BoxGroup();
+    if (group.size() > 1 && group.front() == this) return DrawBoxesTogether(Canvas, group);
+    if (group.size() > 1 && std::find(group.begin(), group.end(), this) != group.end()) return;
+    ForBars(false, [&](const TRect& Outline, const TKxBarSlot& Slot) { DrawBox(Canvas, Outline, Slot); });
+}
+
+void TKxBarSeries::DrawBoxesTogether(TCanvas& Canvas, const std::vector<TKxBarSeries*>& Group) const {
+    std::vector<TPlan> plans;
+    int bins = 0;
+    for (TKxBarSeries* bars : Group) {
+        bars->PrepareDrawing();
+        plans.push_back(bars->MakePlan());
+        bins = std::max(bins, bars->FPointsCount);
+    }
+    std::vector<TBar> bin;
+    for (int n = 0; n < bins; ++n) {
+        const int i = plans.front().InOrder ? n : bins - 1 - n;
+        bin.clear();
+        for (std::size_t k = 0; k < Group.size(); ++k)
+            if (i < Group[k]->FPointsCount) bin.push_back(Group[k]->BarAt(plans[k], i));
+        std::stable_sort(bin.begin(), bin.end(), [this](const TBar& A, const TBar& B) {
+            return PaintsBefore(A.Outline, B.Outline, FBarHorizontal);
+        });
+        for (const TBar& bar : bin)
+            if (!bar.Outline.IsEmpty()) bar.Series->DrawBox(Canvas, bar.Outline, bar.Slot);
+    }
+}
+
+void TKxBarSeries::DrawBox(TCanvas& Canvas, const TRect& Outline, const TKxBarSlot& Slot) const {
+    const TColor front = AreaStyle().GetColor();
+    UseLinePen(Canvas);
+    Draw3DBar(Outline.Left, Outline.Top, Outline.Right, Outline.Bottom, Slot.DepthX, Slot.DepthY,
+              LineStyle().GetVisible() ? LineStyle().GetColor() : front, front, BarTopColor(front),
+              BarSideColor(front), Canvas);
+}
+
+void TKxBarSeries::FillBar(TCanvas& Canvas, const TRect& Area, bool Xored) const {
+    Canvas.Brush.SetColor(AreaStyle().GetColor());
+    Canvas.Brush.SetStyle(AreaStyle().GetStyle());
+    if (!Xored) return Canvas.FillRect(Area);
+    const TColor ground = GetGraph() ? GetGraph()->GetDataGround() : clWhite;
+    Canvas.Brush.SetColor(ColorToRGB(AreaStyle().GetColor()) ^ ColorToRGB(ground));
+    Canvas.Brush.SetStyle(AreaStyle().GetStyle());
+    Canvas.Pen.SetMode(pmXor);
+    Canvas.Pen.SetStyle(psClear);
+    const TPoint corners[] = {
+        {Area.Left, Area.Top}, {Area.Right, Area.Top}, {Area.Right, Area.Bottom}, {Area.Left, Area.Bottom}};
+    Canvas.Polygon(corners); // without an outline its right and lower border stay out
+}
+
+void TKxBarSeries::DrawSample(TCanvas& Canvas, const TRect& Rect) {
+    if (!IsShown()) return;
+    if (!FShow3DBars)
+        return DrawFlat(Canvas, [&](bool AreaOnly, auto Draw) {
+            Draw(AreaOnly ? BarArea(Rect, FBarHorizontal) : Rect, TKxBarSlot{});
+        });
+    TKxBarSlot slot = SlotInBin(0, Rect.Width(), {1, 1, 0, FDepthPercent});
+    slot.DepthX = std::min(std::abs(slot.DepthX), Rect.Width() / 2);
+    slot.DepthY = std::min(std::abs(slot.DepthY), Rect.Height() / 2);
+    const TRect front{Rect.Left, Rect.Top + slot.DepthY + 1, Rect.Right - slot.DepthX, Rect.Bottom};
+    if (!front.IsEmpty()) DrawBox(Canvas, front, slot);
+}
+
+} // namespace kx

@@ -1,0 +1,56 @@
+// What of a bar series is kept.
+
+#include "persist/Kxoutfit.h"
+#include "series/Kxbarseries.h"
+
+namespace kx {
+
+namespace {
+
+const TKxOutfit<TKxBarSeries>& BarOutfit() {
+    using T = TKxBarSeries;
+    static const TKxOutfit<T> table{
+        Outfit<&T::GetShiftOverlays, &T::SetShiftOverlays>("ShiftOverlays"),
+        Outfit<&T::GetStackOverlays, &T::SetStackOverlays>("StackOverlays"),
+        Outfit<&T::GetShow3DBars, &T::SetShowAs3D>("Show3DBars"),
+        Outfit<&T::GetBarHorizontal, &T::SetBarHorizontal>("BarHorizontal"),
+        Outfit<&T::GetDepthPercent, &T::Set3DDepthPercent>("DepthPercent"),
+        Outfit<&T::GetBarsGapPercent, &T::SetBarsGapPercent>("BarsGapPercent"),
+    };
+    return table;
+}
+
+} // namespace
+
+void TKxBarSeries::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
+    TKxLineSeries::WriteToIni(Ini, Section);
+    SaveOutfitTable(*this, BarOutfit(), Section, Ini);
+}
+
+void TKxBarSeries::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
+    TKxLineSeries::ReadFromIni(Ini, Section);
+    LoadOutfitTable(*this, BarOutfit(), Section, Ini);
+}
+
+const TPropertyTable& TKxBarSeries::Properties() {
+    using T = TKxBarSeries;
+    static const TPropertyTable table(
+        "TKxBarSeries", &TKxLineSeries::Properties(),
+        {
+            Published<&T::GetShow3DBars, &T::SetShowAs3D>("Show3DBars", false,
+                                                          "bars are boxes with a top and a side face"),
+            Published<&T::GetBarHorizontal, &T::SetBarHorizontal>(
+                "BarHorizontal", false, "bars grow along x; YData holds the edges of the bins"),
+            Published<&T::GetShiftOverlays, &T::SetShiftOverlays>(
+                "ShiftOverlays", false, "stands beside the other bar series that have this set"),
+            Published<&T::GetStackOverlays, &T::SetStackOverlays>("StackOverlays", false,
+                                                                  "stands on the bar series before it"),
+            Published<&T::GetDepthPercent, &T::Set3DDepthPercent>("DepthPercent", 50.0,
+                                                                  "depth of boxes in percent of their width"),
+            Published<&T::GetBarsGapPercent, &T::SetBarsGapPercent>(
+                "BarsGapPercent", 0.0, "percentage of a bin that stays free, half of it at each side"),
+        });
+    return table;
+}
+
+} // namespace kx

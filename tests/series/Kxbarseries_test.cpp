@@ -1,0 +1,462 @@
+#include "series/Kxbarseries.h"
+#include "support/graphfixture.h"
+
+#include <array>
+#include <limits>
+#include <random>
+#include <set>
+
+using namespace kx;
+using namespace kx::test;
+
+namespace {
+
+constexpr double CNan = std::numeric_limits<double>::quiet_NaN(),
+                 CInf = std::numeric_limits<double>::infinity();
+using TDoubles = std::vector<double>;
+using TRects = std::vector<TRect>;
+
+/// Counts full scans of the heights.
+struct TCounting : TKxBarSeries {
+    using TKxBarSeries::TKxBarSeries;
+    void GetNewYStartStop() override {
+        ++Scans;
+        TKxBarSeries::GetNewYStartStop();
+    }
+    int Scans = 0;
+};
+
+struct TBarForm : TGraphForm {
+    TKxLiveVector* Vector(const TDoubles& Values = {}) {
+        auto* vector = new TKxLiveVector(Form);
+        for (const double v : Values) vector->Add(v);
+        return vector;
+    }
+    template <class T = TKxBarSeries>
+    T* Bars(TKxCustomRealVector* Edges, TKxCustomRealVector* Values, bool Horizontal = false) {
+        auto* bars = new T(Form);
+        bars->SetBarHorizontal(Horizontal);
+        bars->SetXData(Horizontal ? Values : Edges);
+        bars->SetYData(Horizontal ? Edges : Values);
+        return bars;
+    }
+    TPoint OnForm(double Xv, double Yv) const { return World() + At(Xv, Yv); }
+    /// The rectangle of pixels between two corners, both included.
+    TRect Between(double X1, double Y1, double X2, double Y2) const {
+        const TPoint a = OnForm(X1, Y1), b = OnForm(X2, Y2);
+        return {std::min(a.X, b.X), std::min(a.Y, b.Y), std::max(a.X, b.X) + 1, std::max(a.Y, b.Y) + 1};
+    }
+    TRects Outlines() {
+        TRects rects;
+        for (const auto& call : CallsOf<TRecording::TRectangle>(Draw())) rects.push_back(call.Rect);
+        return rects;
+    }
+};
+
+std::array<double, 4> ExtentsOf(TKxSeries& Series) {
+    return {Series.GetXRange().GetStart(), Series.GetXRange().GetStop(), Series.GetYRange().GetStart(),
+            Series.GetYRange().GetStop()};
+}
+
+TDoubles PixelsOf(const TKxSeries& Series) {
+    TDoubles pixels;
+    for (const TPoint p : Series.GetPoints().Values())
+        pixels.insert(pixels.end(), {double(p.X), double(p.Y)});
+    return pixels;
+}
+
+} // namespace
+
+TEST(BarSeries, bars_stand_between_edges_and_on_zero_in_every_direction) {
+    for (const bool horizontal : {false, true})
+        for (const bool twisted : {false, true})
+            for (const bool descending : {false, true}) {
+                TBarForm f;
+                f.Fix(-100, 100, -100, 100);
+                f.X->SetTwisted(twisted);
+                auto* edges = f.Vector(descending ? TDoubles{60, 30, 10} : TDoubles{10, 30, 60});
+                f.Bars(edges, f.Vector({40, -80, 7}), horizontal);
+                const TRects found = f.Outlines();
+                const TRects expected =
+                    horizontal ? TRects{f.Between(0, edges->GetValue(0), 40, edges->GetValue(1)),
+                                        f.Between(0, edges->GetValue(1), -80, edges->GetValue(2))}
+                               : TRects{f.Between(edges->GetValue(0), 0, edges->GetValue(1), 40),
+                                        f.Between(edges->GetValue(1), 0, edges->GetValue(2), -80)};
+                ASSERT_EQ(found.size(), 2u) << "the third value has no bin";
+                EXPECT_TRUE(std::is_permutation(found.begin(), found.end(), expected.begin()))
+                    << horizontal << twisted << descending;
+            }
+}
+
+TEST(BarSeries, extents_reach_from_zero_to_the_depth_of_boxes) {
+    for (const bool horizontal : {false, true}) {
+        TBarForm f;
+        auto* bars = f.Bars(f.Vector({100, 110, 130}), f.Vector({5, 7, 9}), horizontal);
+        f.Draw();
+        EXPECT_EQ(bars->GetPointsCount(), 2);
+        const auto extents = [&] {
+            f.Draw();
+            const auto e = ExtentsOf(*bars);
+            return horizontal ? std::array{e[2], e[3], e[0], e[1]} : e;
+        };
+        EXPECT_EQ(extents(), (std::array{100.0, 130.0, 0.0, 7.0}));
+        EXPECT_EQ(horizontal ? bars->GetXMinIndex() : bars->GetYMinIndex(), -1) << "zero is no bar's end";
+        bars->SetShowAs3D(true);
+        bars->Set3DDepthPercent(120);
+        bars->SetBarsGapPercent(20);
+        EXPECT_DOUBLE_EQ(bars->GetDX(2), 20 * (0.5 - 0.1));
+        EXPECT_DOUBLE_EQ(bars->GetDY(1), 10 * (0.3 - 0.1));
+        EXPECT_EQ(bars->GetDX(0) + bars->GetDX(3), 0);
+        const auto [e0, e1, l0, l1] = extents();
+        EXPECT_EQ(e0, 100);
+        EXPECT_DOUBLE_EQ(e1, horizontal ? 134 : 138);
+        EXPECT_EQ(l0, 0);
+        EXPECT_DOUBLE_EQ(l1, horizontal ? 11 : 9);
+    }
+}
+
+TEST(BarSeries, values_that_are_no_numbers_have_no_bar_and_carry_nothing) {
+    TBarForm f;
+    f.Fix(0, 100, 0, 100);
+    f.Bars(f.Vector({0, 10, 20, CNan, 30, 40}), f.Vector({20, CInf, 30, 30, CNan}));
+    f.Bars(f.Vector({0, 10, 20}), f.Vector({CNan, 30}))->SetStackOverlays(true);
+    EXPECT_TRUE(SettleTree(*f.Form));
+    EXPECT_EQ(f.Outlines(), (TRects{f.Between(0, 0, 10, 20), f.Between(10, 0, 20, 30)}));
+}
+
+TEST(BarSeries, on_a_logarithmic_axis_bars_begin_at_its_start_and_zero_takes_no_part) {
+    TBarForm f;
+    auto* bars = f.Bars(f.Vector({0, 1, 2, 3, 4}), f.Vector({20, -3, 3000, CNan}));
+    f.Y->SetScaling(AxLog);
+    const TRects found = f.Outlines();
+    EXPECT_EQ(bars->GetYRange().GetStart(), 20);
+    EXPECT_EQ(f.Y->GetStart(), 10);
+    ASSERT_EQ(found.size(), 3u);
+    EXPECT_EQ(found[0], f.Between(0, 10, 1, 20));
+    EXPECT_EQ(found[1], f.Between(1, 10, 2, 10));
+    EXPECT_EQ(found[2], f.Between(2, 10, 3, 3000));
+    f.Y->SetScaling(AxNormal);
+    f.Draw();
+    EXPECT_EQ(bars->GetYRange().GetStart(), -3);
+}
+
+TEST(BarSeries, shifted_series_share_each_bin_with_the_smallest_gap) {
+    TBarForm f;
+    f.Fix(0, 100, 0, 100);
+    auto* edges = f.Vector({0, 50, 100});
+    TKxBarSeries* bars[3];
+    for (auto*& b : bars) b = f.Bars(edges, f.Vector({40, 80}));
+    bars[0]->SetShiftOverlays(true);
+    bars[2]->SetShiftOverlays(true);
+    bars[0]->SetBarsGapPercent(60);
+    bars[2]->SetBarsGapPercent(20);
+    const TRects found = f.Outlines();
+    ASSERT_EQ(found.size(), 6u);
+    const int left = f.OnForm(0, 0).X, right = f.OnForm(50, 0).X, gap = RoundToInt((right - left) / 10.0);
+    const int middle = left + gap + RoundToInt((right - left - 2 * gap) / 2.0);
+    EXPECT_EQ(found[0].Left, left + gap);
+    EXPECT_EQ(found[0].Right, middle + 1);
+    EXPECT_EQ(found[4].Left, middle);
+    EXPECT_EQ(found[4].Right, right - gap + 1);
+    EXPECT_EQ(found[2].Width(), right - left + 1) << "not in the group";
+    bars[2]->SetStackOverlays(true);
+    EXPECT_FALSE(bars[2]->GetShiftOverlays());
+    bars[2]->SetShiftOverlays(true);
+    EXPECT_FALSE(bars[2]->GetStackOverlays());
+}
+
+TEST(BarSeries, stacked_bars_begin_where_those_below_end_and_follow_them_by_the_next_frame) {
+    for (const bool horizontal : {false, true}) {
+        TBarForm f;
+        f.Fix(0, 100, 0, 100);
+        auto* edges = f.Vector({0, 50, 100});
+        TKxLiveVector* values[] = {f.Vector({10, 20}), f.Vector({5}), f.Vector({20, 30})};
+        TKxBarSeries* bars[3];
+        for (int k = 0; k < 3; ++k) {
+            bars[k] = f.Bars(edges, values[k], horizontal);
+            bars[k]->SetStackOverlays(true);
+        }
+        const auto between = [&](double E0, double V0, double E1, double V1) {
+            return horizontal ? f.Between(V0, E0, V1, E1) : f.Between(E0, V0, E1, V1);
+        };
+        TRects found = f.Outlines();
+        EXPECT_EQ(found, (TRects{between(0, 0, 50, 10), between(50, 0, 100, 20), between(0, 10, 50, 15),
+                                 between(0, 15, 50, 35), between(50, 20, 100, 50)}));
+        EXPECT_EQ(horizontal ? bars[2]->GetX(1) : bars[2]->GetY(1), 50);
+        values[0]->SetValue(0, 30);
+        values[1]->Add(-4);
+        found = f.Outlines();
+        EXPECT_EQ(found.back(), between(50, 16, 100, 46));
+        EXPECT_EQ(found[4], between(0, 35, 50, 55));
+        EXPECT_EQ((horizontal ? bars[2]->GetXRange() : bars[2]->GetYRange()).GetStop(), 55);
+        values[0]->Clear();
+        EXPECT_EQ(f.Outlines().back(), between(50, -4, 100, 26).Intersected(between(50, 0, 100, 26)));
+        delete values[1];
+        EXPECT_EQ(f.Outlines().back(), between(50, 0, 100, 30)) << "nothing below: the base line";
+        EXPECT_EQ((horizontal ? bars[2]->GetXRange() : bars[2]->GetYRange()).GetStop(), 30);
+        bars[2]->SetComponentIndex(0);
+        bars[2]->Modified();
+        f.Draw();
+        EXPECT_TRUE(bars[2]->GetStackList().empty()) << "the lowest now";
+    }
+}
+
+TEST(BarSeries, what_was_followed_value_by_value_is_what_a_full_scan_finds) {
+    std::mt19937 random(7);
+    const auto below = [&](int N) { return int(random() % unsigned(N)); };
+    for (int variant = 0; variant < 16; ++variant) {
+        TBarForm f;
+        const bool horizontal = variant & 1, shared = variant & 2;
+        std::vector<TKxBarSeries*> bars;
+        std::vector<TKxLiveVector*> vectors;
+        for (int k = 0; k < 3; ++k) {
+            if (k == 0 || !shared) vectors.push_back(f.Vector());
+            auto* edges = vectors[shared ? 0 : std::size_t(2 * k)];
+            vectors.push_back(f.Vector());
+            bars.push_back(f.Bars(edges, vectors.back(), horizontal));
+            bars.back()->SetShowAs3D(variant & 4);
+            bars.back()->SetStackOverlays(variant & 8);
+        }
+        for (int step = 0; step < 40; ++step) {
+            for (int change = 0; change < 4; ++change) {
+                auto* vector = vectors[std::size_t(below(int(vectors.size())))];
+                const int kind = below(8), count = vector->GetCount();
+                const double value = kind == 7 ? CNan : below(100) - 30;
+                if (kind == 0 && count > 0)
+                    vector->Delete(below(count));
+                else if (kind < 3 && count > 0)
+                    vector->SetValue(below(count), value);
+                else
+                    vector->Add(value);
+            }
+            f.Draw();
+            std::vector<std::array<double, 4>> extents;
+            std::vector<TDoubles> pixels;
+            for (auto* b : bars) {
+                extents.push_back(ExtentsOf(*b));
+                pixels.push_back(PixelsOf(*b));
+            }
+            for (auto* b : bars) b->RangesModified();
+            f.Draw();
+            for (std::size_t k = 0; k < 3; ++k) {
+                ASSERT_EQ(extents[k], ExtentsOf(*bars[k])) << "variant " << variant << " step " << step;
+                ASSERT_EQ(pixels[k], PixelsOf(*bars[k])) << "variant " << variant << " step " << step;
+            }
+        }
+    }
+}
+
+TEST(BarSeries, appending_to_a_stack_scans_nothing_before_the_next_frame) {
+    TBarForm f;
+    auto* edges = f.Vector({0});
+    TKxLiveVector* values[] = {f.Vector(), f.Vector()};
+    TCounting* bars[] = {f.Bars<TCounting>(edges, values[0]), f.Bars<TCounting>(edges, values[1])};
+    bars[1]->SetStackOverlays(true);
+    f.Draw();
+    const int before = bars[0]->Scans + bars[1]->Scans;
+    for (int i = 1; i <= 500; ++i) {
+        edges->Add(i);
+        for (auto* v : values) v->Add(i);
+    }
+    EXPECT_EQ(bars[0]->Scans + bars[1]->Scans, before);
+    f.Draw();
+    EXPECT_LE(bars[0]->Scans + bars[1]->Scans, before + 4);
+    EXPECT_EQ(bars[1]->GetYRange().GetStop(), 1000);
+    TKxRealVector more(f.Form); // tells nobody
+    bars[0]->SetYData(&more);
+    for (const double v : {1.0, 3000.0}) {
+        more.Add(v);
+        bars[0]->Modified();
+        f.Draw();
+    }
+    EXPECT_EQ(bars[0]->GetYRange().GetStop(), 3000);
+}
+
+TEST(BarSeries, styles_decide_what_is_filled_and_what_is_outlined) {
+    TBarForm f;
+    f.Fix(0, 100, 0, 100);
+    auto* bars = f.Bars(f.Vector({20, 40}), f.Vector({50}));
+    auto& line = bars->GetLineStyle();
+    auto& area = bars->GetAreaStyle();
+    const auto of = [&](bool Line, bool Area) {
+        line.SetVisible(Line);
+        area.SetVisible(Area);
+        return f.Draw();
+    };
+    const TRect outline = (f.Draw(), f.Between(20, 0, 40, 50));
+    auto rectangles = CallsOf<TRecording::TRectangle>(of(true, true));
+    ASSERT_EQ(rectangles.size(), 1u);
+    EXPECT_EQ(rectangles[0].Fill.Color, clNavy);
+    EXPECT_EQ(rectangles[0].Fill.Style, bsSolid);
+    EXPECT_EQ(rectangles[0].Stroke.Color, clBlue);
+    rectangles = CallsOf<TRecording::TRectangle>(of(true, false));
+    ASSERT_EQ(rectangles.size(), 1u);
+    EXPECT_EQ(rectangles[0].Fill.Style, bsClear);
+    const auto fills = CallsOf<TRecording::TFillRect>(of(false, true));
+    EXPECT_EQ(fills.back().Rect, (TRect{outline.Left, outline.Top, outline.Right - 1, outline.Bottom - 1}));
+    EXPECT_EQ(fills.back().Fill.Color, clNavy);
+    const auto bare = CallsOf<TRecording::TFillRect>(of(false, false)).size();
+    EXPECT_EQ(bare + 1, fills.size());
+    area.SetDrawXOred(true);
+    of(true, true);
+    const auto xored = CallsOf<TRecording::TPolygon>(f.Draw(true));
+    ASSERT_EQ(xored.size(), 1u);
+    EXPECT_EQ(xored[0].Fill.Mode, pmXor);
+    EXPECT_EQ(xored[0].Fill.Color, clNavy ^ ColorToRGB(f.Graph->GetDataGround()));
+    EXPECT_EQ(CallsOf<TRecording::TRectangle>(f.Draw(true)).at(0).Stroke.Mode, pmCopy);
+}
+
+TEST(BarSeries, boxes_of_several_series_are_painted_bin_by_bin) {
+    TBarForm f;
+    f.Fix(0, 100, 0, 100);
+    auto* edges = f.Vector({0, 50, 100});
+    for (const TColor color : {clWhite, clGreen}) {
+        auto* bars = f.Bars(edges, f.Vector({20, 40}));
+        bars->GetAreaStyle().SetColor(color);
+        bars->SetStackOverlays(true);
+        bars->SetShowAs3D(true);
+    }
+    const auto picture = f.Draw();
+    std::vector<TColor> fronts;
+    for (const auto& front : CallsOf<TRecording::TRectangle>(picture)) fronts.push_back(front.Fill.Color);
+    EXPECT_EQ(fronts, (std::vector{clWhite, clGreen, clWhite, clGreen}));
+    const auto faces = CallsOf<TRecording::TPolygon>(picture);
+    ASSERT_EQ(faces.size(), 8u);
+    const TRect first = f.Between(0, 0, 50, 20);
+    const int width = first.Width() - 1, dx = RoundToInt(width * 50 / 240.0), dy = RoundToInt(width / 8.0);
+    EXPECT_EQ(faces[0].Points[2], (TPoint{first.Right - 1 + dx, first.Top - dy - 1}));
+    EXPECT_EQ(faces[0].Fill.Color, RGB(69, 69, 69));
+    EXPECT_EQ(faces[1].Fill.Color, RGB(150, 150, 150));
+    EXPECT_EQ(faces[0].Stroke.Color, clBlue);
+    f.X->SetTwisted(true);
+    EXPECT_LT(f.Outlines()[0].Left, f.Outlines()[2].Left) << "from the left in any case";
+}
+
+TEST(BarSeries, bars_are_cut_at_the_drawing_world_unless_the_clip_does_it) {
+    TBarForm f;
+    f.Fix(20, 80, 20, 80);
+    f.Bars(f.Vector({0, 10, 30, 50, 200}), f.Vector({50, 50, 90, 10}));
+    f.Draw();
+    const TRect world = f.LaidOut().MovedBy(f.World() - f.Graph->GetDrawingWorld().GetBoundsRect().TopLeft());
+    EXPECT_EQ(f.Outlines(), (TRects{f.Between(10, 0, 30, 50).Intersected(world),
+                                    f.Between(30, 0, 50, 90).Intersected(world)}));
+    f.X->ZoomIn(20, 80);
+    EXPECT_EQ(f.Outlines()[1].Intersected(world), f.Outlines()[1]) << "one axis";
+    f.Y->ZoomIn(20, 80);
+    EXPECT_EQ(f.Outlines(), (TRects{f.Between(10, 0, 30, 50), f.Between(30, 0, 50, 90)}));
+}
+
+TEST(BarSeries, dense_bars_cover_what_each_of_them_would) {
+    std::mt19937 random(3);
+    for (const bool horizontal : {false, true}) {
+        TBarForm f;
+        auto *edges = f.Vector({0}), *values = f.Vector();
+        for (int i = 1; i <= 4000; ++i) {
+            edges->Add(i);
+            values->Add(int(random() % 2000) - 1000);
+        }
+        auto* bars = f.Bars(edges, values, horizontal);
+        bars->GetLineStyle().SetVisible(false);
+        bars->GetAreaStyle().SetVisible(true);
+        bars->GetAreaStyle().SetColor(clFuchsia);
+        std::set<std::pair<int, int>> found, expected;
+        const auto paint = [](auto& Pixels, const TRect& Rect) {
+            for (int x = Rect.Left; x < Rect.Right; ++x)
+                for (int y = Rect.Top; y < Rect.Bottom; ++y) Pixels.emplace(x, y);
+        };
+        std::size_t calls = 0;
+        for (const auto& fill : CallsOf<TRecording::TFillRect>(f.Draw())) {
+            if (fill.Fill.Color != clFuchsia) continue;
+            paint(found, fill.Rect);
+            ++calls;
+        }
+        for (int i = 0; i < 4000; ++i) {
+            const double v = values->GetValue(i);
+            const TRect outline = horizontal ? f.Between(0, i, v, i + 1) : f.Between(i, 0, i + 1, v);
+            paint(expected, BarArea(outline, horizontal));
+        }
+        EXPECT_EQ(found, expected);
+        EXPECT_LT(calls, 1000u);
+    }
+}
+
+TEST(BarSeries, finds_a_bar_by_its_end_but_never_the_last_one) {
+    for (const bool horizontal : {false, true}) {
+        TBarForm f;
+        f.Fix(0, 100, 0, 100);
+        auto* bars = f.Bars(f.Vector({10, 40, 70, 90}), f.Vector({50, 50, 50}), horizontal);
+        f.Draw();
+        const struct {
+            double Edge, Value;
+            int Off, Found;
+        } cases[] = {{25, 50, 0, 0}, {25, 50, 3, 0}, {25, 50, 4, -1}, {10, 50, -3, 0},
+                     {40, 50, 0, 1}, {70, 50, 0, 1}, {80, 50, 0, -1}, {5, 50, 0, -1}};
+        for (const auto& c : cases) {
+            const TPoint p = horizontal ? f.At(c.Value, c.Edge) : f.At(c.Edge, c.Value);
+            EXPECT_EQ(bars->FindPoint(p.X + horizontal * c.Off, p.Y + !horizontal * c.Off, 3), c.Found)
+                << c.Edge << " + " << c.Off;
+        }
+    }
+}
+
+TEST(BarSeries, keeps_its_settings_and_fills_in_sample_edges_in_the_designer) {
+    TBarForm f;
+    auto *saved = f.Bars(f.XV, f.YV), *read = f.Bars(f.XV, f.YV);
+    for (const auto& property : TKxBarSeries::Properties().GetOwn())
+        EXPECT_FALSE(IsStored(*read, property)) << property.Name;
+    saved->SetShowAs3D(true);
+    saved->SetBarHorizontal(true);
+    saved->SetStackOverlays(true);
+    saved->Set3DDepthPercent(12.5);
+    saved->SetBarsGapPercent(33);
+    read->SetShiftOverlays(true);
+    TKxIniList ini, again;
+    saved->WriteToIni(ini, "S");
+    read->ReadFromIni(ini, "S");
+    read->WriteToIni(again, "S");
+    EXPECT_EQ(again.GetText(), ini.GetText());
+    EXPECT_TRUE(read->GetStackOverlays() && read->GetShow3DBars() && read->GetBarHorizontal());
+    EXPECT_EQ(read->GetBarsGapPercent() + read->GetDepthPercent(), 45.5);
+    f.Form->SetDesigning(true);
+    auto *edges = f.Vector(), *values = f.Vector({1, 2});
+    f.Bars(edges, values);
+    EXPECT_EQ(edges->GetCount(), 11);
+    EXPECT_EQ(edges->GetValue(10), 100);
+    EXPECT_EQ(values->GetCount(), 2);
+}
+
+TEST(BarSeries, may_go_in_any_order) {
+    for (int first = 0; first < 6; ++first) {
+        TBarForm f;
+        auto *edges = f.Vector({0, 1, 2}), *values = f.Vector({1, 2});
+        std::vector<TComponent*> parts{edges, values, f.Graph};
+        for (int k = 0; k < 3; ++k) {
+            parts.push_back(f.Bars(edges, values));
+            static_cast<TKxBarSeries*>(parts.back())->SetStackOverlays(true);
+        }
+        f.Draw();
+        for (int k = 0; k < 5; ++k) {
+            delete parts[std::size_t((first + k * 5) % 6)];
+            f.Draw();
+        }
+    }
+}
+
+TEST(BarSeries, a_sample_is_one_bar_inside_its_place) {
+    TBarForm f;
+    auto* bars = f.Bars(f.XV, f.YV);
+    const TRect place{5, 7, 35, 19};
+    for (const bool boxes : {false, true}) {
+        bars->SetShowAs3D(boxes);
+        TRecorder recorder({50, 30});
+        TCanvas canvas(&recorder);
+        bars->DrawSample(canvas, place);
+        const auto rectangles = CallsOf<TRecording::TRectangle>(recorder.Recording);
+        ASSERT_EQ(rectangles.size(), 1u);
+        EXPECT_EQ(rectangles[0].Rect == place, !boxes);
+        const auto faces = CallsOf<TRecording::TPolygon>(recorder.Recording);
+        EXPECT_EQ(faces.size(), boxes ? 2u : 0u);
+        for (const auto& face : faces)
+            for (const TPoint p : face.Points) EXPECT_TRUE(place.Contains(p)) << p.X << ", " << p.Y;
+    }
+}
