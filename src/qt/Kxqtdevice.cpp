@@ -168,7 +168,9 @@ void TPainterDevice::Polygon(std::span<const TPoint> Points, const TStroke& Stro
 void TPainterDevice::Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) {
     const TRect frame = FramedInside(Rect, Stroke);
     if (frame.IsEmpty()) return;
-    const int right = frame.Right - 1, bottom = frame.Bottom - 1;
+    // An outline runs along the last pixels; an area alone ends behind them.
+    const int outline = IsVisible(Stroke) ? 1 : 0;
+    const int right = frame.Right - outline, bottom = frame.Bottom - outline;
     const std::array<TPoint, 4> corners{
         {frame.TopLeft(), {right, frame.Top}, {right, bottom}, {frame.Left, bottom}}};
     PaintShape(corners, Stroke, Fill, Qt::MiterJoin);

@@ -363,6 +363,7 @@ private:
         TKxIntegerVector Pixels; ///< signed, from the point to the end of the bar
     };
     void SetErrors(TKind Kind, TKxCustomRealVector* Vector);
+    bool HasErrors() const;
     void ErrorsChanged(int Index, bool WasDeleted);
     double ErrorAt(TKind Kind, int Index) const;
     int PixelLength(TKind Kind, int Index) const;

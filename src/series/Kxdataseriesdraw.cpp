@@ -1,6 +1,7 @@
 // Painting: area, line and symbols.
 
 #include "platform/application.h"
+#include "platform/recording.h"
 #include "series/Kxdataseries.h"
 #include "series/Kxmarks.h"
 
@@ -100,13 +101,26 @@ void TKxSeries::DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const
     }
 }
 
+// Many symbols are one picture at many places: a raster paints it once and leaves out what is covered.
 void TKxDataSeries::DrawPoints(TCanvas& Canvas) {
-    const int size = FPointStyle.GetSize();
-    const TKxPointSymbol symbol = FPointStyle.GetStyle();
-    ForMarkedPoints(Canvas, [&](int i) {
-        const TPoint p = FPoints.Values()[std::size_t(i)];
-        DrawPointSymbol(p.X, p.Y, size, symbol, Canvas);
-    });
+    constexpr std::size_t CMany = 100;
+    std::vector<TPoint> places;
+    ForMarkedPoints(Canvas, [&](int i) { places.push_back(FPoints.Values()[std::size_t(i)]); });
+    if (places.empty()) return;
+    const auto draw = [this](TPoint At, TCanvas& On) {
+        DrawPointSymbol(At.X, At.Y, FPointStyle.GetSize(), FPointStyle.GetStyle(), On);
+    };
+    const TCanvas::TSaved saved(Canvas);
+    if (!IsZoomed()) Canvas.SetClip(std::nullopt);
+    if (places.size() < CMany) {
+        for (const TPoint p : places) draw(p, Canvas);
+        return;
+    }
+    TRecorder symbol({});
+    TCanvas one(&symbol);
+    UseSymbolPen(one);
+    draw({}, one);
+    Canvas.Stamps(places, symbol.Recording);
 }
 
 } // namespace kx

@@ -34,6 +34,11 @@ void TKxDataWithErrorSeries::SetErrors(TKind Kind, TKxCustomRealVector* Vector) 
     RangesModified();
 }
 
+bool TKxDataWithErrorSeries::HasErrors() const {
+    return std::any_of(std::begin(FErrors), std::end(FErrors),
+                       [](const TErrors& Errors) { return Errors.Vector != nullptr; });
+}
+
 void TKxDataWithErrorSeries::Modified() {
     if (FCountsErrors == FPointStyle.GetVisible()) return TKxDataSeries::Modified();
     FCountsErrors = FPointStyle.GetVisible();
@@ -160,6 +165,7 @@ void TKxDataWithErrorSeries::DrawBars(TCanvas& Canvas, int Index) {
 }
 
 void TKxDataWithErrorSeries::DrawPoints(TCanvas& Canvas) {
+    if (!HasErrors()) return TKxDataSeries::DrawPoints(Canvas);
     const TRect world{0, 0, GetDrawingWorld() ? GetDrawingWorld()->GetWidth() : 0,
                       GetDrawingWorld() ? GetDrawingWorld()->GetHeight() : 0};
     ForMarkedPoints(Canvas, [&](int i) {

@@ -45,9 +45,7 @@ void TKxDataSeries::DrawSampleMark(TCanvas& Canvas, const TRect& Rect) {
 }
 
 void TKxDataWithErrorSeries::DrawSampleMark(TCanvas& Canvas, const TRect& Rect) {
-    const bool hasErrors = std::any_of(std::begin(FErrors), std::end(FErrors),
-                                       [](const TErrors& Errors) { return Errors.Vector != nullptr; });
-    if (hasErrors && FPointStyle.GetVisible()) {
+    if (HasErrors() && FPointStyle.GetVisible()) {
         const int middle = (Rect.Left + Rect.Right) / 2, half = FPointStyle.GetSize();
         Canvas.Pen.SetMode(pmCopy);
         Canvas.Pen.SetStyle(psSolid);
