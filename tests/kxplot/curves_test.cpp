@@ -91,7 +91,7 @@ TEST_F(KxplotCurves, AreNamedAndDerivedOnesStandOnCaptionedAxes) {
 
 TEST_F(KxplotCurves, AnAxisOfOneCurvesOwnHasItsColourAndComponentsHaveTheirNames) {
     const std::string svg =
-        Svg(Words("-y step --fit line --curve akima --derivative --integral "
+        Svg(Words("-y step --fit line --curve akima --derivative --integral --no-legend "
                   "--set Curve1.LineStyle.Color=#111111 --set Integral1.LineStyle.Color=#222222"));
     for (const char* coloured :
          {"fill=\"#111111\">Akima", "fill=\"#222222\">integral<", "fill=\"#cc79a7\">derivative",

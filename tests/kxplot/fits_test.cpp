@@ -86,14 +86,23 @@ TEST_F(KxplotFits, AreNamedInThePictureWithTheResultsAskedFor) {
         for (const auto& text : c.Hidden)
             EXPECT_EQ(svg.find(">" + text + "</text>"), std::string::npos) << text;
     }
-    // Colours tell the fits of one series apart, and those of several series by their series.
+    // Colours tell the fits of one series apart, and those of several series by their series: of names among
+    // the data, and of results that belong to one of several in the legend.
     const auto hasColoured = [&](const char* Arguments, const char* Colour, const char* Text) {
         return std::regex_search(Svg(Words(Arguments)),
                                  std::regex(std::string("fill=\"") + Colour + "\">" + Text));
     };
-    EXPECT_TRUE(hasColoured("-y u --fit line --fit poly:2", "#009e73", "quadratic fit"));
-    EXPECT_TRUE(hasColoured("-y u -y v --fit line --fit poly:2", "#0072b2", "u: quadratic fit"));
-    EXPECT_TRUE(hasColoured("-y u --fit line --set Fit1.LineStyle.Color=#123456", "#123456", "linear fit"));
+    const std::tuple<const char*, const char*, const char*> coloured[] = {
+        {"-y u --fit line --fit poly:2 --no-legend", "#009e73", "quadratic fit"},
+        {"-y u -y v --fit line --fit poly:2 --no-legend", "#0072b2", "u: quadratic fit"},
+        {"-y u --fit line --no-legend --set Fit1.LineStyle.Color=#123456", "#123456", "linear fit"},
+        {"-y u --fit line --fit poly:2 --label Order", "#009e73", "Order"},
+        {"-y u -y v --fit line --label 2.Slope", "#d55e00", "Slope"},
+        {"-y u -y v --fit line --label 2.Slope --set Label1.Font.Color=#123456", "#123456", "Slope"},
+        {"-y u --fit line --label Slope", "#262626", "Slope"},
+    };
+    for (const auto& [arguments, colour, text] : coloured)
+        EXPECT_TRUE(hasColoured(arguments, colour, text)) << arguments;
 }
 
 TEST_F(KxplotFits, NamesStandInTheCornerThatHidesTheLeast) {
@@ -107,10 +116,18 @@ TEST_F(KxplotFits, NamesStandInTheCornerThatHidesTheLeast) {
     };
     for (const auto& [data, style, place] : cases) {
         Write("d.csv", data);
-        EXPECT_EQ(PlaceOf(Svg({"--fit", "line", "--style", style}), "linear fit"), place) << data;
+        EXPECT_EQ(PlaceOf(Svg({"--fit", "line", "--style", style, "--no-legend"}), "linear fit"), place)
+            << data;
     }
+    // Results avoid the legend even where they then hide data.
+    Write("d.csv", "t,u\n1,9\n2,5\n3,1\n");
+    for (const auto& [legend, place] : {std::pair{"top-left", "right top"}, {"top-right", "left bottom"}})
+        EXPECT_EQ(PlaceOf(Svg({"--fit", "line", "--label", "Slope", "--legend", legend}), "Slope = -4"),
+                  place);
     Write("d.csv", "t,u," + std::string(300, 'm') + "\n1,2,3\n2,4,5\n3,4,4\n");
-    EXPECT_NE(PlaceOf(Svg({"--fit", "line"}), "m+…: linear fit"), "") << "a name too long is shortened";
+    for (const char* legend : {"--legend=right", "--legend=top-left", "--no-legend"})
+        EXPECT_NE(PlaceOf(Svg({"--fit", "line", legend}), "m+…: linear fit"), "")
+            << "a name too long is shortened, " << legend;
 }
 
 TEST_F(KxplotFits, WhatFailsIsToldOnceAndTheRestIsDrawn) {

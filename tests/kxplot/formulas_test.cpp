@@ -106,8 +106,12 @@ TEST_F(KxplotFormulas, AreNamedByTheFormulaThatIsCutWhereItIsTooLong) {
         TNames arguments = base;
         arguments.insert(arguments.end(), {"--fit", formula});
         for (const auto& word : Words(more)) arguments.push_back(word);
-        const std::string svg = Svg(arguments);
-        for (const auto& text : shown) EXPECT_NE(svg.find(text), std::string::npos) << text;
+        for (const char* legend : {"--legend=right", "--no-legend"}) {
+            TNames all = arguments;
+            all.push_back(legend);
+            const std::string svg = Svg(all);
+            for (const auto& text : shown) EXPECT_NE(svg.find(text), std::string::npos) << text << legend;
+        }
     }
 }
 

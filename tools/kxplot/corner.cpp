@@ -100,7 +100,7 @@ double CoveredBy(const TRect& Rect, TKx2DGraph& Graph) {
 
 } // namespace
 
-TPoint FreestCorner(TKx2DGraph& Graph, TSize Size, int Gap) {
+TPoint FreestCorner(TKx2DGraph& Graph, TSize Size, int Gap, const TRect& Taken) {
     const TRect world = Graph.GetDrawingWorld().GetBoundsRect();
     const int left = Gap, top = Gap;
     const int right = std::max(left, world.Width() - Gap - Size.Width);
@@ -110,7 +110,11 @@ TPoint FreestCorner(TKx2DGraph& Graph, TSize Size, int Gap) {
     for (const TPoint corner : {TPoint{left, top}, {right, top}, {left, bottom}, {right, bottom}}) {
         constexpr int air = 12; // what comes near disturbs too
         const TRect block = TRect::Bounds(corner.X, corner.Y, Size.Width, Size.Height);
-        const double covered = CoveredBy(Grown(block, air), Graph);
+        const TRect hidden = Taken.Intersected({block.Left + world.Left, block.Top + world.Top,
+                                                block.Right + world.Left, block.Bottom + world.Top});
+        constexpr double much = 1e6;
+        const double covered = CoveredBy(Grown(block, air), Graph) +
+                               (hidden.IsEmpty() ? 0 : much * hidden.Width() * hidden.Height());
         if (covered >= least) continue;
         least = covered;
         freest = corner;

@@ -1,5 +1,6 @@
 #include "kxplot/look.h"
 
+#include <algorithm>
 #include <array>
 
 namespace kxplot {
@@ -21,11 +22,21 @@ constexpr std::array<TKxPointSymbol, 5> CSymbols{SyCircleFilled, SySquareFilled,
 
 constexpr std::array<TPenStyle, 4> CLineStyles{psSolid, psDash, psDot, psDashDot};
 
-/// The colour as it looks through three quarters of white.
-constexpr TColor Tint(TColor Color) {
-    const auto lighter = [](int Part) { return (Part + 3 * 255) / 4; };
+/// The colour as it looks through so many quarters of white.
+constexpr TColor Tint(TColor Color, int Quarters) {
+    const auto lighter = [=](int Part) { return ((4 - Quarters) * Part + Quarters * 255) / 4; };
     return RGB(lighter(RedOf(Color)), lighter(GreenOf(Color)), lighter(BlueOf(Color)));
 }
+
+/// The colour, darkened so far that one 1.3 times as light still is a colour.
+TColor FrontOfBox(TColor Color) {
+    constexpr int most = 195;
+    const int lightest = std::max({int(RedOf(Color)), int(GreenOf(Color)), int(BlueOf(Color)), most});
+    const auto darker = [=](int Part) { return Part * most / lightest; };
+    return RGB(darker(RedOf(Color)), darker(GreenOf(Color)), darker(BlueOf(Color)));
+}
+
+TColor SeriesColor(int Number) { return CPalette[std::size_t(Number) % CPalette.size()]; }
 
 void SetFont(TFont& Font, int Points) {
     Font.SetName("Arial");
@@ -76,13 +87,13 @@ void DressSideAxis(TKxAxis& Axis, TColor Color) {
 
 void DressSeries(TKxDataWithErrorSeries& Series, int Number, TStyle Style, bool HasErrors,
                  bool SmallSymbols) {
-    const TColor color = CPalette[std::size_t(Number) % CPalette.size()];
+    const TColor color = SeriesColor(Number);
     const bool symbols = Style != TStyle::Line;
     Series.SetBreakAtGaps(true);
     Series.GetLineStyle().SetColor(color);
     Series.GetLineStyle().SetVisible(Style != TStyle::Points);
     // An area that is asked for looks the same on paper, where there is no XOR.
-    Series.GetAreaStyle().SetColor(Tint(color));
+    Series.GetAreaStyle().SetColor(Tint(color, 3));
     Series.GetAreaStyle().SetDrawXOred(false);
     Series.GetPointStyle().SetColor(color);
     Series.GetPointStyle().SetSize(SmallSymbols ? 1 : 3);
@@ -92,9 +103,31 @@ void DressSeries(TKxDataWithErrorSeries& Series, int Number, TStyle Style, bool 
     Series.SetErrorColor(color);
 }
 
+void DressBars(TKxBarSeries& Series, int Number, bool Boxes, double GapPercent) {
+    const TColor color = SeriesColor(Number);
+    Series.GetLineStyle().SetColor(Boxes ? CInk : color);
+    Series.GetAreaStyle().SetColor(Boxes ? FrontOfBox(color) : Tint(color, 2));
+    Series.GetAreaStyle().SetVisible(true);
+    Series.SetBarsGapPercent(GapPercent);
+}
+
+void DressArrows(TKxArrowSeries& Series, int Number) {
+    Series.GetLineStyle().SetColor(SeriesColor(Number));
+    Series.SetTipLength(8);
+    Series.SetTipWidth(3);
+}
+
+void DressLegend(TKxLegend& Legend) {
+    SetFont(Legend.GetFont(), 10);
+    Legend.SetPlacement(lgRight);
+    Legend.SetColumns(0); // as few as there is height for
+    Legend.SetTransparent(false);
+    Legend.GetFrameLine().SetColor(RGB(0xAA, 0xAA, 0xAA));
+}
+
 TColor AnalysisColor(const TAnalysisPlace& Place) {
     const int color = Place.SeveralSeries ? Place.Series : 1 + Place.Number % int(CPalette.size() - 1);
-    return CPalette[std::size_t(color) % CPalette.size()];
+    return SeriesColor(color);
 }
 
 void DressAnalysis(TKxSeries& Line, const TAnalysisPlace& Place, bool HasOwnAxis) {

@@ -1,8 +1,11 @@
 #pragma once
 // kxplot's own look: what a picture is like when nothing is asked for.
 
+#include "annotation/Kxlegend.h"
 #include "graph/Kxgraph2d.h"
 #include "kxplot/options.h"
+#include "series/Kxarrowseries.h"
+#include "series/Kxbarseries.h"
 #include "series/Kxdataseries.h"
 
 namespace kxplot {
@@ -15,6 +18,10 @@ void DressSideAxis(kx::TKxAxis& Axis, kx::TColor Color);
 /// points.
 void DressSeries(kx::TKxDataWithErrorSeries& Series, int Number, TStyle Style, bool HasErrors,
                  bool SmallSymbols);
+/// Boxes are darker: the library makes their other faces of the colour of the front.
+void DressBars(kx::TKxBarSeries& Series, int Number, bool Boxes, double GapPercent);
+void DressArrows(kx::TKxArrowSeries& Series, int Number);
+void DressLegend(kx::TKxLegend& Legend);
 /// How an analysis is told from others. Of several series each lends its colour, and patterns tell its
 /// analyses apart.
 struct TAnalysisPlace {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace kxplot {
 
@@ -50,8 +51,8 @@ T* TNotes::Make(const std::string& Name, const TFont& Font) {
 }
 
 TNotes::TNotes(TKx2DGraph& Graph, const TFont& Font, const TAnalyses& Analyses,
-               const std::vector<TLabelSpec>& Labels)
-    : FGraph(Graph), FAnalyses(Analyses) {
+               const std::vector<TLabelSpec>& Labels, const TKxLegend& Legend)
+    : FGraph(Graph), FAnalyses(Analyses), FLegend(Legend), FInk(Font.GetColor()) {
     for (const auto& analysis : Analyses.GetItems()) {
         auto* sample = new TLineSample(Graph.GetOwner());
         sample->SetParent(&Graph);
@@ -76,29 +77,45 @@ void TNotes::Bind() {
     }
 }
 
-// What is not drawn is named where it has labels: they must belong to something.
+bool TNotes::IsLabelled(const TAnalysis& Analysis) const {
+    return std::any_of(FResults.begin(), FResults.end(),
+                       [&](const TResult& Result) { return Result.Analysis == &Analysis; });
+}
+
+// What is not drawn is named where it has labels: they must belong to something. With a legend the sample
+// tells what the labels of one of several analyses belong to.
 void TNotes::UpdateNames() {
+    const bool several = FNames.size() > 1;
     for (std::size_t k = 0; k < FNames.size(); ++k) {
         const TAnalysis& analysis = FAnalyses.GetItems()[k];
         const auto& [label, sample] = FNames[k];
-        const bool labelled = std::any_of(FResults.begin(), FResults.end(), [&](const TResult& Result) {
-            return Result.Analysis == &analysis;
-        });
-        label->SetVisible(label->GetVisible() && (analysis.IsDrawn() || labelled));
-        sample->SetVisible(label->GetVisible() && analysis.IsDrawn());
+        const bool labelled = IsLabelled(analysis), drawn = analysis.IsDrawn();
+        const bool listed = HasLegend() && analysis.Line->GetIncludeInLegend();
+        label->SetVisible(label->GetVisible() && !listed && (drawn || labelled));
+        sample->SetVisible(drawn && (label->GetVisible() || (listed && labelled && several)));
         label->SetCaption(analysis.Line->GetCaption());
         label->GetFont().SetColor(analysis.Line->GetLineStyle().GetColor());
         sample->SetStyle(analysis.Line->GetLineStyle());
     }
+    if (HasLegend() && several) ColourResults();
+}
+
+void TNotes::ColourResults() {
+    for (auto& result : FResults)
+        if (result.Analysis->IsDrawn() && result.Label->GetFont().GetColor() == FInk)
+            result.Label->GetFont().SetColor(result.Analysis->Line->GetLineStyle().GetColor());
 }
 
 std::vector<TNotes::TLine> TNotes::GetLines() const {
     std::vector<TLine> lines;
     for (std::size_t k = 0; k < FNames.size(); ++k) {
-        if (FNames[k].Label->GetVisible()) lines.push_back({FNames[k].Label, FNames[k].Sample});
+        TLineSample* sample = FNames[k].Sample->GetVisible() ? FNames[k].Sample : nullptr;
+        const auto add = [&](TKxCustomLabel* Label) {
+            if (Label->GetVisible()) lines.push_back({Label, std::exchange(sample, nullptr)});
+        };
+        add(FNames[k].Label);
         for (const auto& result : FResults)
-            if (result.Analysis == &FAnalyses.GetItems()[k] && result.Label->GetVisible())
-                lines.push_back({result.Label, nullptr});
+            if (result.Analysis == &FAnalyses.GetItems()[k]) add(result.Label);
     }
     return lines;
 }
@@ -166,7 +183,7 @@ void TNotes::Place() {
     if (lines.empty()) return;
     const TSize world = FGraph.GetDrawingWorld().GetClientRect().Size();
     FitInto({world.Width - 2 * CGap, world.Height - 2 * CGap}, lines);
-    TPoint at = FreestCorner(FGraph, SizeOf(lines), CGap);
+    TPoint at = FreestCorner(FGraph, SizeOf(lines), CGap, HasLegend() ? FLegend.GetBoundsRect() : TRect{});
     for (const auto& [label, sample] : lines) {
         label->SetBounds(at.X + Indent(), at.Y, label->GetWidth(), label->GetHeight());
         if (sample) sample->SetBounds(at.X, at.Y, SampleWidth(), label->GetHeight());

@@ -1,6 +1,7 @@
 #pragma once
-// The block of labels in the picture: the names of fits and curves, and their results.
+// The block of labels in the picture: results, and the names of fits and curves that have none in a legend.
 
+#include "annotation/Kxlegend.h"
 #include "annotation/Kxresultlabel.h"
 #include "graph/Kxgraph2d.h"
 #include "kxplot/analyses.h"
@@ -17,7 +18,7 @@ class TLineSample;
 class TNotes {
 public:
     TNotes(kx::TKx2DGraph& Graph, const kx::TFont& Font, const TAnalyses& Analyses,
-           const std::vector<TLabelSpec>& Labels);
+           const std::vector<TLabelSpec>& Labels, const kx::TKxLegend& Legend);
 
     /// Ties the result labels to their analyses. Raises TUsageError for a key that there is not.
     void Bind();
@@ -35,14 +36,17 @@ private:
         kx::TKxLabel* Label;
         TLineSample* Sample;
     };
-    /// A line of the block; only names have a sample.
+    /// A line of the block; the first one of an analysis may have a sample.
     struct TLine {
         kx::TKxCustomLabel* Label;
         TLineSample* Sample;
     };
     template <class T>
     T* Make(const std::string& Name, const kx::TFont& Font);
+    bool HasLegend() const { return FLegend.GetGraph() && FLegend.GetVisible(); }
+    bool IsLabelled(const TAnalysis& Analysis) const;
     void UpdateNames();
+    void ColourResults();
     std::vector<TLine> GetLines() const;
     void FitInto(kx::TSize Room, const std::vector<TLine>& Lines);
     void ShortenFormulas(int Width);
@@ -53,6 +57,8 @@ private:
 
     kx::TKx2DGraph& FGraph;
     const TAnalyses& FAnalyses;
+    const kx::TKxLegend& FLegend;
+    kx::TColor FInk;           ///< of labels that nobody has coloured
     std::vector<TName> FNames; ///< one an analysis
     std::vector<TResult> FResults;
 };

@@ -1,15 +1,14 @@
 #include "kxplot/options.h"
 
 #include "kxplot/number.h"
+#include "kxplot/rawoptions.h"
+#include "kxplot/stylespec.h"
 #include "platform/files.h"
 #include "platform/text.h"
-
-#include <CLI/CLI.hpp>
 
 #include <charconv>
 #include <initializer_list>
 #include <iostream>
-#include <map>
 
 namespace kxplot {
 
@@ -49,130 +48,6 @@ void CheckOutput(const std::string& FileName) {
     throw TUsageError("-o: '" + kx::Escaped(FileName) + "' does not end with .png, .svg or .pdf");
 }
 
-const std::map<std::string, TStyle> CStyles{
-    {"line", TStyle::Line}, {"points", TStyle::Points}, {"both", TStyle::Both}};
-
-/// The options as CLI11 stores them, before they are checked.
-struct TRaw {
-    TOptions Options;
-    std::string Size, Style;
-    std::optional<std::string> From, To;
-    std::optional<std::string> Iterations, Repeat;
-    std::vector<std::string> Assignments, Fits, Starts, Curves, Labels;
-    bool Derivative = false, Integral = false;
-};
-
-void AddDataOptions(CLI::App& App, TRaw& Raw) {
-    auto& o = Raw.Options;
-    App.add_option("DATA", o.Data, "text table with the data; - reads standard input")->required();
-    App.add_option("-x", o.X, "column of the x values: header text or 1-based number (default: the first)")
-        ->type_name("COL");
-    const auto columns = [&App](const char* Name, std::vector<std::string>& Target, const char* Help) {
-        App.add_option(Name, Target, Help)->type_name("COL")->allow_extra_args(false);
-    };
-    columns("-y", o.Y,
-            "column of a series (several allowed; default: every other numeric column but that of --weight)");
-    columns("--dx", o.DX, "errors of x; the k-th belongs to the k-th series");
-    columns("--dy", o.DY, "errors of y, likewise");
-    columns("--dx-minus", o.DXMinus, "errors towards smaller x where they differ from --dx");
-    columns("--dy-minus", o.DYMinus, "errors towards smaller y where they differ from --dy");
-}
-
-void AddFitOptions(CLI::App& App, TRaw& Raw) {
-    const auto several = [&App](const char* Name, std::vector<std::string>& Target, const char* Type,
-                                const char* Help) {
-        App.add_option(Name, Target, Help)->type_name(Type)->allow_extra_args(false);
-    };
-    several("--fit", Raw.Fits, "FIT",
-            "fits every series (several allowed): line, line:offset=VALUE for a line through (0, VALUE), "
-            "poly:DEGREE for a polynomial of a degree from 2, or a formula such as 'a*exp(-b*x)+c' with "
-            "--start. On a logarithmic axis a line is fitted to the decimal logarithms, all else to the "
-            "values as they are. Formulas have the point as decimal separator; x, pi and e are known, every "
-            "other name is a coefficient; one that begins with - needs --fit=");
-    several("--start", Raw.Starts, "a=1,b=0.5,...",
-            "where the coefficients of a formula start from, none of them at 0; the k-th belongs to the k-th "
-            "formula. Ctrl+C ends a fit that takes too long; the best so far is kept");
-    App.add_option("--iterations", Raw.Iterations, "steps of a formula fit (default: 1000)")->type_name("N");
-    App.add_option("--repeat", Raw.Repeat,
-                   "how many times a formula is fitted, each time from the coefficients before; opens a fit "
-                   "that got stuck (default: 1)")
-        ->type_name("N");
-    App.add_flag("--covariance", Raw.Options.Covariance,
-                 "formula fits heed the points by their scatter about others of the same x");
-}
-
-void AddCurveOptions(CLI::App& App, TRaw& Raw) {
-    App.add_option("--curve", Raw.Curves,
-                   "draws a curve through every series (several allowed): akima, akima:smooth=WIDTH after "
-                   "averaging over WIDTH to both sides (decades on a logarithmic x axis), spline for a "
-                   "smoothing spline (six points at least), spline:weight=FACTOR for one closer to the "
-                   "points (above 1) or further "
-                   "off")
-        ->type_name("CURVE")
-        ->allow_extra_args(false);
-    App.add_flag("--derivative", Raw.Derivative,
-                 "draws the derivative against an axis at the right, of the first --curve (default: akima)");
-    App.add_flag("--integral", Raw.Integral, "draws the integral from the first point on, likewise");
-}
-
-void AddAnalysisOptions(CLI::App& App, TRaw& Raw) {
-    auto& o = Raw.Options;
-    App.add_option("--weight", o.Weight, "column of the points' weights in fits and curves, e.g. 1/variance")
-        ->type_name("COL");
-    App.add_option("--from", Raw.From, "fits and curves take the points from this x on, and begin there")
-        ->type_name("X");
-    App.add_option("--to", Raw.To, "fits and curves take the points up to this x, and end there")
-        ->type_name("X");
-    App.add_option("--results", o.Results,
-                   "writes what fits and curves found as INI text; - is standard output")
-        ->type_name("FILE");
-    App.add_option("--label", Raw.Labels,
-                   "shows a result in the picture, e.g. Slope:6 (several allowed). KEY is one of those in "
-                   "--results, DIGITS how many characters a number may take (0 to 18, default: 8). It is "
-                   "that of the first fit or curve that has KEY; 2.KEY is that of the second one, counted "
-                   "through fits, curves, derivative and integral of the first series, then of the next")
-        ->type_name("KEY[:DIGITS]")
-        ->allow_extra_args(false);
-}
-
-void AddPictureOptions(CLI::App& App, TRaw& Raw) {
-    auto& o = Raw.Options;
-    App.add_option(
-           "--style", Raw.Style,
-           "line, points or both (default: points with --fit or --curve; else both up to 50 points, line "
-           "above)")
-        ->type_name("STYLE");
-    App.add_flag("--log-x", o.LogX, "logarithmic x axis");
-    App.add_flag("--log-y", o.LogY, "logarithmic y axis");
-    App.add_option("--title", o.Title,
-                   "title; captions take markup: \\b bold, \\i italic, \\+ superscript, "
-                   "\\- subscript, \\s Greek; each swallows one blank behind it")
-        ->type_name("TEXT");
-    App.add_option("--x-caption", o.XCaption, "caption of the x axis (default: its header)")
-        ->type_name("TEXT");
-    App.add_option("--y-caption", o.YCaption, "caption of the y axis (default: the headers)")
-        ->type_name("TEXT");
-    App.add_option("--size", Raw.Size, "size in pixels at 96 per inch (default: 900x600)")->type_name("WxH");
-    App.add_option("--scale", o.Scale, "pixels of a PNG for one pixel of --size (default: 1)")
-        ->type_name("S");
-    App.add_flag("--antialias", o.Antialias, "smooth lines in a PNG (SVG and PDF are smooth)");
-}
-
-void AddOutfitOptions(CLI::App& App, TRaw& Raw) {
-    auto& o = Raw.Options;
-    App.add_option("--set", Raw.Assignments,
-                   "sets a property, e.g. Graph1.MajorGridX.Visible=1; components: Graph1, XAxis, YAxis, "
-                   "SecondaryAxis1, SecondaryAxis2, Series1, ..., Fit1, ..., Curve1, ..., Derivative1, ..., "
-                   "Integral1, ..., Label1, ...")
-        ->type_name("NAME.PROPERTY=VALUE")
-        ->allow_extra_args(false);
-    App.add_option("--outfit", o.Outfit, "takes the appearance from a file")->type_name("FILE.ini");
-    App.add_option("--save-outfit", o.SaveOutfit, "keeps the appearance in a file")->type_name("FILE.ini");
-    App.add_option("-o", o.Outputs, "picture to write: .png, .svg or .pdf (several allowed)")
-        ->type_name("FILE")
-        ->allow_extra_args(false);
-}
-
 void CheckScale(double Scale) {
     if (!(Scale >= 0.1 && Scale <= 20)) throw TUsageError("--scale: a number from 0.1 to 20 is expected");
 }
@@ -184,13 +59,13 @@ std::optional<double> ParseLimit(const char* Option, const std::optional<std::st
     return value;
 }
 
-int ParseCount(const char* Option, const std::optional<std::string>& Text, int Default) {
-    constexpr int most = 1000000000;
+int ParseCount(const char* Option, const std::optional<std::string>& Text, int Default,
+               int Most = 1000000000) {
     if (!Text) return Default;
-    const auto count = ParseWhole(*Text, 1, most);
+    const auto count = ParseWhole(*Text, 1, Most);
     if (!count)
         throw TUsageError(std::string(Option) + ": '" + kx::Escaped(*Text) +
-                          "' is not a whole number from 1 to " + std::to_string(most));
+                          "' is not a whole number from 1 to " + std::to_string(Most));
     return *count;
 }
 
@@ -205,7 +80,7 @@ void CheckNeeds(bool Met, const char* What, std::initializer_list<TNeed> Needs) 
             throw TUsageError(std::string(need.Option) + ": there is no " + What + " that it could be for");
 }
 
-void ParseFits(const TRaw& Raw, TOptions& Options) {
+void ParseFits(const TRawOptions& Raw, TOptions& Options) {
     std::size_t formulas = 0;
     for (const auto& text : Raw.Fits) {
         if (!IsFormula(text)) {
@@ -226,7 +101,7 @@ void ParseFits(const TRaw& Raw, TOptions& Options) {
                 {"--covariance", Options.Covariance}});
 }
 
-void ParseCurves(const TRaw& Raw, TOptions& Options) {
+void ParseCurves(const TRawOptions& Raw, TOptions& Options) {
     for (const auto& text : Raw.Curves) Options.Analyses.push_back(ParseCurve(text));
     TAnalysisSpec derived = ParseCurve(Raw.Curves.empty() ? "akima" : Raw.Curves.front());
     for (const auto& [wanted, quantity] :
@@ -236,7 +111,7 @@ void ParseCurves(const TRaw& Raw, TOptions& Options) {
     }
 }
 
-void ParseAnalyses(const TRaw& Raw, TOptions& Options) {
+void ParseAnalyses(const TRawOptions& Raw, TOptions& Options) {
     ParseFits(Raw, Options);
     ParseCurves(Raw, Options);
     for (const auto& text : Raw.Labels) Options.Labels.push_back(ParseLabel(text));
@@ -252,17 +127,36 @@ void ParseAnalyses(const TRaw& Raw, TOptions& Options) {
                 {"--label", !Options.Labels.empty()}});
 }
 
+void ParseDrawing(const TRawOptions& Raw, TOptions& Options) {
+    constexpr int mostBins = 1000000;
+    if (!Raw.Style.empty()) Options.Style = ParseStyle(Raw.Style);
+    if (Raw.Legend) Options.Legend = ParseLegendPlace(*Raw.Legend);
+    if (Raw.Bins) Options.Bins = ParseCount("--hist", Raw.Bins, 0, mostBins);
+    CheckNeeds(
+        Options.HasBars(), "--style bars, --style bars3d or --hist",
+        {{"--stack", Options.Stack}, {"--shift", Options.Shift}, {"--horizontal", Options.Horizontal}});
+    CheckNeeds(Options.HasArrows(), "--style arrows",
+               {{"--vx", !Options.VX.empty()}, {"--vy", !Options.VY.empty()}});
+    CheckTogether(Options);
+}
+
+void RefuseAnalyses(const TRawOptions& Raw, const TOptions& Options) {
+    for (const auto& [option, given] : {TNeed{"--fit", !Raw.Fits.empty()},
+                                        {"--curve", !Raw.Curves.empty()},
+                                        {"--derivative", Raw.Derivative},
+                                        {"--integral", Raw.Integral}})
+        if (given)
+            throw TUsageError(std::string(option) + ": does not go with " +
+                              (Options.HasBars() ? "bars, whose x are edges" : "arrows") +
+                              "; it needs a line or points");
+}
+
 } // namespace
 
 std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
     CLI::App app{"Draws the columns of a text table as a picture.", "kxplot"};
-    TRaw raw;
-    AddDataOptions(app, raw);
-    AddFitOptions(app, raw);
-    AddCurveOptions(app, raw);
-    AddAnalysisOptions(app, raw);
-    AddPictureOptions(app, raw);
-    AddOutfitOptions(app, raw);
+    TRawOptions raw;
+    AddOptions(app, raw);
     app.set_version_flag("--version", "kxplot 0.1.0");
     try {
         app.parse(Count, Arguments);
@@ -273,13 +167,9 @@ std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
         throw TUsageError(error.what());
     }
     TOptions& options = raw.Options;
-    if (!raw.Style.empty()) {
-        const auto style = CStyles.find(raw.Style);
-        if (style == CStyles.end())
-            throw TUsageError("--style: '" + kx::Escaped(raw.Style) + "' is not line, points or both");
-        options.Style = style->second;
-    }
+    ParseDrawing(raw, options);
     ParseAnalyses(raw, options);
+    if (options.HasBars() || options.HasArrows()) RefuseAnalyses(raw, options);
     if (!raw.Size.empty()) options.Size = ParseSize(raw.Size);
     CheckScale(options.Scale);
     for (const auto& text : raw.Assignments) options.Assignments.push_back(ParseAssignment(text));

@@ -1,6 +1,7 @@
 #pragma once
 // What the command line asks of kxplot.
 
+#include "annotation/Kxlegend.h"
 #include "kxplot/analysisspec.h"
 #include "kxplot/labelspec.h"
 #include "platform/geometry.h"
@@ -18,7 +19,7 @@ class TUsageError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-enum class TStyle { Line, Points, Both };
+enum class TStyle { Line, Points, Both, Bars, Bars3D, Arrows };
 
 struct TAssignment {
     std::string Path; ///< component and property: "Graph1.MajorGridX.Visible"
@@ -29,7 +30,12 @@ struct TOptions {
     std::string Data;
     std::optional<std::string> X;
     std::vector<std::string> Y, DX, DY, DXMinus, DYMinus;
+    std::vector<std::string> VX, VY; ///< components of arrows
     std::optional<TStyle> Style;
+    std::optional<int> Bins; ///< of a histogram
+    bool Stack = false, Shift = false, Horizontal = false;
+    std::optional<kx::TKxLegendPlacement> Legend;
+    bool NoLegend = false;
     std::vector<TAnalysisSpec> Analyses; ///< fits, then curves, the derivative and the integral
     int Iterations = 1000, Repeat = 1;   ///< of formula fits
     bool Covariance = false;
@@ -45,6 +51,9 @@ struct TOptions {
     std::vector<TAssignment> Assignments;
     std::string Outfit, SaveOutfit;
     std::vector<std::string> Outputs;
+
+    bool HasBars() const { return Bins || Style == TStyle::Bars || Style == TStyle::Bars3D; }
+    bool HasArrows() const { return Style == TStyle::Arrows; }
 };
 
 /// Reads the command line. Nothing: help or version were asked for and have been printed. Raises TUsageError.

@@ -16,17 +16,17 @@ using namespace kx;
 
 namespace {
 
-constexpr int CFewPoints = 50, CManySymbols = 500;
-
-/// Whether there is a fit or a curve among the points.
-bool ShowsValues(const TOptions& Options) {
-    return std::any_of(Options.Analyses.begin(), Options.Analyses.end(),
-                       [](const TAnalysisSpec& Spec) { return Spec.Quantity == TQuantity::Value; });
+/// The k-th option's column for the k-th series.
+std::vector<int> ComponentColumns(const TTable& Table, const std::vector<std::string>& Names) {
+    std::vector<int> columns;
+    for (const auto& name : Names) columns.push_back(Table.FindNumericColumn(name));
+    return columns;
 }
 
-TStyle DefaultStyle(const TOptions& Options, std::size_t Rows) {
-    if (ShowsValues(Options)) return TStyle::Points;
-    return Rows <= std::size_t(CFewPoints) ? TStyle::Both : TStyle::Line;
+void CheckComponents(const std::vector<int>& Columns, std::size_t Count, const char* Option) {
+    if (Columns.size() != Count)
+        throw TUsageError(std::string(Option) + ": " + std::to_string(Columns.size()) +
+                          " for a number of series of " + std::to_string(Count));
 }
 
 /// One entry a series: the k-th option's column, or -1.
@@ -55,7 +55,8 @@ TPlot::TPlot(const TTable& Table, const TOptions& Options)
     MakeAxes();
     MakeSideAxes(Options, columns.Y.size() > 1);
     MakeSeries(Table, columns, Options);
-    CaptionAxes(Table, columns);
+    MakeLegend(Options);
+    CaptionAxes(Table, columns, Options);
 }
 
 TKxAxis* TPlot::MakeAxis(const std::string& Name) {
@@ -85,87 +86,41 @@ void TPlot::MakeSideAxes(const TOptions& Options, bool SeveralSeries) {
 
 TPlot::TColumns TPlot::ChooseColumns(const TTable& Table, const TOptions& Options) const {
     TColumns columns;
+    for (const auto& name : Options.Y) columns.Y.push_back(Table.FindNumericColumn(name));
+    if (Options.Bins) {
+        if (Options.Y.empty()) columns.Y.push_back(Table.FindNumericColumn("1"));
+        return columns;
+    }
     if (Options.X)
         columns.X = Table.FindNumericColumn(*Options.X);
     else if (Table.GetColumnCount() > 1)
         columns.X = 0;
-    for (const auto& name : Options.Y) columns.Y.push_back(Table.FindNumericColumn(name));
+    columns.VX = ComponentColumns(Table, Options.VX);
+    columns.VY = ComponentColumns(Table, Options.VY);
     if (!Options.X && columns.X == 0 && !Table.IsNumeric(0)) Table.FindNumericColumn("1");
     if (Options.Weight) columns.Weight = Table.FindNumericColumn(*Options.Weight);
     if (Options.Y.empty()) {
+        const auto isOther = [&](int Column) {
+            if (Column == columns.X || Column == columns.Weight) return false;
+            for (const auto* list : {&columns.VX, &columns.VY})
+                if (std::find(list->begin(), list->end(), Column) != list->end()) return false;
+            return true;
+        };
         for (int i = 0; i < Table.GetColumnCount(); ++i)
-            if (i != columns.X && i != columns.Weight && Table.IsNumeric(i)) columns.Y.push_back(i);
+            if (isOther(i) && Table.IsNumeric(i)) columns.Y.push_back(i);
         if (columns.Y.empty())
             throw TTableError(Escaped(Table.GetName()) + ": has no numeric column for a series");
     }
     const std::size_t count = columns.Y.size();
+    if (Options.HasArrows()) {
+        CheckComponents(columns.VX, count, "--vx");
+        CheckComponents(columns.VY, count, "--vy");
+    }
     columns.DXPlus = ErrorColumns(Table, Options.DX, count, "--dx");
     columns.DYPlus = ErrorColumns(Table, Options.DY, count, "--dy");
     columns.DXMinus = ErrorColumns(Table, Options.DXMinus, count, "--dx-minus");
     columns.DYMinus = ErrorColumns(Table, Options.DYMinus, count, "--dy-minus");
     return columns;
-}
-
-TKxLiveVector* TPlot::MakeVector(const std::string& Name, const std::vector<double>& Values) {
-    auto* vector = new TKxLiveVector(FForm.get());
-    vector->SetName(Name);
-    vector->AddValues(Values);
-    return vector;
-}
-
-void TPlot::MakeSeries(const TTable& Table, const TColumns& Columns, const TOptions& Options) {
-    // One pass over the table reads every column once; vectors are filled before series listen to them.
-    std::vector<int> wanted;
-    const auto want = [&wanted](int Column) {
-        if (Column >= 0 && std::find(wanted.begin(), wanted.end(), Column) == wanted.end())
-            wanted.push_back(Column);
-    };
-    want(Columns.X);
-    want(Columns.Weight);
-    for (const auto* list :
-         {&Columns.Y, &Columns.DXPlus, &Columns.DYPlus, &Columns.DXMinus, &Columns.DYMinus})
-        for (const int column : *list) want(column);
-    const auto values = Table.ReadColumns(wanted);
-    const auto valuesOf = [&](int Column) -> const std::vector<double>& {
-        return values[std::size_t(std::find(wanted.begin(), wanted.end(), Column) - wanted.begin())];
-    };
-    const auto rows = values.front().size();
-
-    std::vector<double> numbers;
-    if (Columns.X < 0)
-        for (std::size_t i = 0; i < rows; ++i) numbers.push_back(double(i + 1));
-    auto* x = MakeVector("XData", Columns.X < 0 ? numbers : valuesOf(Columns.X));
-    auto* weight = Columns.Weight < 0 ? nullptr : MakeVector("Weight", valuesOf(Columns.Weight));
-
-    FAnalyses = std::make_unique<TAnalyses>(Options, Columns.Y.size(), FSideAxes);
-    for (std::size_t k = 0; k < Columns.Y.size(); ++k) {
-        const std::string number = std::to_string(k + 1);
-        auto* y = MakeVector("YData" + number, valuesOf(Columns.Y[k]));
-        const auto errors = [&](const char* Name, int Column) -> TKxLiveVector* {
-            return Column < 0 ? nullptr : MakeVector(Name + number, valuesOf(Column));
-        };
-        auto* dx = errors("dX", Columns.DXPlus[k]);
-        auto* dxMinus = errors("dXMinus", Columns.DXMinus[k]);
-        auto* dy = errors("dY", Columns.DYPlus[k]);
-        auto* dyMinus = errors("dYMinus", Columns.DYMinus[k]);
-
-        auto* series = new TKxDataWithErrorSeries(FForm.get());
-        series->SetName("Series" + number);
-        const TStyle style = Options.Style.value_or(DefaultStyle(Options, rows));
-        DressSeries(*series, int(k), rows == 1 && style == TStyle::Line ? TStyle::Both : style,
-                    dx || dxMinus || dy || dyMinus,
-                    ShowsValues(Options) && !Options.Style && rows > std::size_t(CManySymbols));
-        series->SetdXPlus(dx);
-        series->SetdXMinus(dxMinus ? dxMinus : dx);
-        series->SetdYPlus(dy);
-        series->SetdYMinus(dyMinus ? dyMinus : dy);
-        series->SetXData(x);
-        series->SetYData(y);
-        series->SetWeight(weight);
-        series->SetAutoCaption(EscapeCaption(Table.ColumnName(Columns.Y[k])));
-        FSeries.push_back(series);
-        FAnalyses->AddTo(*series, FForm.get());
-    }
 }
 
 void TPlot::LoadOutfit(const std::string& FileName) {
@@ -182,6 +137,7 @@ void TPlot::LoadOutfit(const std::string& FileName) {
 }
 
 void TPlot::SaveOutfit(const std::string& FileName) {
+    for (TKxSeries* line : FLeftOut) line->SetIncludeInLegend(true); // with other data it is drawn
     SettleTree(*FForm);
     TKxIniList ini;
     FGraph->SaveOutfit("Graph1", ini);
@@ -205,7 +161,9 @@ void TPlot::Apply(const TOptions& Options) {
     caption(*FXAxis, Options.XCaption);
     caption(*FYAxis, Options.YCaption);
     FAnalyses->Configure();
-    FNotes = std::make_unique<TNotes>(*FGraph, FXAxis->GetFont(), *FAnalyses, Options.Labels);
+    ConfigureBars(Options);
+    ConfigureLegend(Options);
+    FNotes = std::make_unique<TNotes>(*FGraph, FXAxis->GetFont(), *FAnalyses, Options.Labels, *FLegend);
     CaptionSideAxes(Options);
     FitCaptions(Options.Outfit.empty()); // the fonts of an outfit stay
     SettleTree(*FForm);                  // the ends follow the data now and no longer when they are set below
@@ -217,10 +175,11 @@ void TPlot::Apply(const TOptions& Options) {
     FGraph->Modified(); // curves that are calculated outside of a frame ask for none
     SettleTree(*FForm);
     FNotes->Bind();
+    FResults = ResultsText(FSeries); // with the captions as they are, before the legend shortens them
+    FFailures = FAnalyses->GetFailures();
+    FinishLegend(Options);
     FNotes->Place();
 }
-
-std::string TPlot::GetResults() const { return ResultsText(FSeries); }
 
 void TPlot::Assign(const TAssignment& Assignment) {
     const auto point = Assignment.Path.find('.');

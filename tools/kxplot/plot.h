@@ -1,6 +1,7 @@
 #pragma once
 // The form that kxplot draws: one graph, two axes, the vectors and a series a column.
 
+#include "annotation/Kxlegend.h"
 #include "graph/Kxgraph2d.h"
 #include "kxplot/analyses.h"
 #include "kxplot/notes.h"
@@ -8,6 +9,8 @@
 #include "kxplot/table.h"
 #include "numeric/Kxvector.h"
 #include "platform/form.h"
+#include "series/Kxarrowseries.h"
+#include "series/Kxbarseries.h"
 #include "series/Kxdataseries.h"
 
 #include <memory>
@@ -16,12 +19,13 @@
 
 namespace kxplot {
 
-/// Components with stable names (Form1, Graph1, XAxis, YAxis, Series1, ..., Fit1, ..., Label1, ...), owned by
-/// a form that is never shown.
+/// Components with stable names (Form1, Graph1, XAxis, YAxis, Series1, ..., Fit1, ..., Legend1, Label1, ...),
+/// owned by a form that is never shown.
 class TPlot {
 public:
     /// Reads the columns that Options asks for and builds the picture in kxplot's own look. Raises
-    /// TTableError, and TUsageError for more error columns than series. Options must outlive the plot.
+    /// TTableError, and TUsageError for more error columns than series or arrows without components. Options
+    /// must outlive the plot.
     TPlot(const TTable& Table, const TOptions& Options);
 
     kx::TForm& GetForm() { return *FForm; }
@@ -36,9 +40,9 @@ public:
     /// Whether the user ended a fit before its time.
     bool WasInterrupted() const { return FInterrupted; }
     /// What the analyses found, as text.
-    std::string GetResults() const;
+    const std::string& GetResults() const { return FResults; }
     /// A line for each analysis without a curve.
-    std::vector<std::string> GetFailures() const { return FAnalyses->GetFailures(); }
+    const std::vector<std::string>& GetFailures() const { return FFailures; }
 
 private:
     struct TColumns {
@@ -46,6 +50,21 @@ private:
         int Weight = -1; ///< -1: none
         std::vector<int> Y;
         std::vector<int> DXPlus, DYPlus, DXMinus, DYMinus; ///< a column a series, or -1
+        std::vector<int> VX, VY;                           ///< a column a series of arrows
+        std::vector<int> All() const;
+    };
+    /// What is read of the table.
+    struct TValues {
+        std::vector<int> Columns;
+        std::vector<std::vector<double>> Values;
+        std::size_t Rows() const { return Values.front().size(); }
+        const std::vector<double>& Of(int Column) const;
+    };
+    /// A series of bars and what it is bound to: an outfit may name other vectors.
+    struct TBars {
+        kx::TKxBarSeries* Series;
+        kx::TKxCustomRealVector* X;
+        kx::TKxCustomRealVector* Y;
     };
     TColumns ChooseColumns(const TTable& Table, const TOptions& Options) const;
     kx::TKxAxis* MakeAxis(const std::string& Name);
@@ -53,21 +72,48 @@ private:
     void MakeSideAxes(const TOptions& Options, bool SeveralSeries);
     kx::TKxLiveVector* MakeVector(const std::string& Name, const std::vector<double>& Values);
     void MakeSeries(const TTable& Table, const TColumns& Columns, const TOptions& Options);
-    void CaptionAxes(const TTable& Table, const TColumns& Columns);
+    /// What all series share: x values, or the edges of bars.
+    std::vector<double> MakeX(const TTable& Table, const TColumns& Columns, const TValues& Values,
+                              const TOptions& Options) const;
+    kx::TKxNotCalculatedSeries* MakeOne(const TColumns& Columns, const TValues& Values,
+                                        const TOptions& Options);
+    kx::TKxNotCalculatedSeries* MakePoints(const TColumns& Columns, const TValues& Values,
+                                           const TOptions& Options);
+    kx::TKxNotCalculatedSeries* MakeArrows(const TColumns& Columns, const TValues& Values);
+    kx::TKxNotCalculatedSeries* MakeBars(const TColumns& Columns, const TValues& Values,
+                                         const TOptions& Options);
+    void ConfigureBars(const TOptions& Options);
+    void CaptionAxes(const TTable& Table, const TColumns& Columns, const TOptions& Options);
     void CaptionSideAxes(const TOptions& Options);
     /// Captions too long for the picture get a smaller font; those of header texts are cut off after that.
     void FitCaptions(bool MayShrink);
     void Assign(const TAssignment& Assignment);
+    void MakeLegend(const TOptions& Options);
+    void ConfigureLegend(const TOptions& Options);
+    bool HasLegend() const { return FLegend->GetGraph() && FLegend->GetVisible(); }
+    /// Entries are of what is drawn, and as long as there is room for.
+    void FinishLegend(const TOptions& Options);
+    /// Cuts captions off whose entries would end beyond Width pixels.
+    void ShortenEntries(int Width, bool FormulasAlone);
+    /// How far entries reach beyond the legend's edges.
+    kx::TSize LegendOverflow() const;
 
     std::unique_ptr<kx::TForm> FForm;
     kx::TKx2DGraph* FGraph = nullptr;
     kx::TKxAxis* FXAxis = nullptr;
     kx::TKxAxis* FYAxis = nullptr;
     TSideAxes FSideAxes;
-    std::vector<kx::TKxDataWithErrorSeries*> FSeries;
+    std::vector<kx::TKxNotCalculatedSeries*> FSeries;
+    kx::TKxLiveVector* FXVector = nullptr;
+    std::vector<TBars> FBars;
+    kx::TKxLegend* FLegend = nullptr;
+    std::vector<kx::TKxSeries*> FLeftOut; ///< of the legend, because they are not drawn
     std::unique_ptr<TAnalyses> FAnalyses;
     std::unique_ptr<TNotes> FNotes;
-    std::string FXHeader, FYHeader; ///< what the axes are called in the table
+    std::string FXHeader, FYHeader;     ///< what the axes are called in the table
+    kx::TKxAxis* FSeriesAxis = nullptr; ///< the one that is called like the series
+    std::string FResults;
+    std::vector<std::string> FFailures;
     bool FInterrupted = false;
 };
 

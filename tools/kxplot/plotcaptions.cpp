@@ -4,15 +4,24 @@
 #include "kxplot/plot.h"
 #include "platform/frame.h"
 
+#include <utility>
+
 namespace kxplot {
 
 using namespace kx;
 
-void TPlot::CaptionAxes(const TTable& Table, const TColumns& Columns) {
-    if (Columns.X >= 0) FXHeader = Table.GetHeader(Columns.X);
+void TPlot::CaptionAxes(const TTable& Table, const TColumns& Columns, const TOptions& Options) {
+    std::string headers;
     for (const int column : Columns.Y) {
         const std::string header = Table.GetHeader(column);
-        FYHeader += (FYHeader.empty() || header.empty() ? "" : ", ") + header;
+        headers += (headers.empty() || header.empty() ? "" : ", ") + header;
+    }
+    FXHeader = Options.Bins ? headers : Columns.X >= 0 ? Table.GetHeader(Columns.X) : "";
+    FYHeader = Options.Bins ? "count" : headers;
+    FSeriesAxis = Options.Bins ? FXAxis : FYAxis;
+    if (Options.Horizontal) {
+        std::swap(FXHeader, FYHeader);
+        FSeriesAxis = FSeriesAxis == FXAxis ? FYAxis : FXAxis;
     }
     FXAxis->SetAutoCaption(EscapeCaption(FXHeader));
     FYAxis->SetAutoCaption(EscapeCaption(FYHeader));
@@ -49,6 +58,7 @@ void TPlot::FitCaptions(bool MayShrink) {
     };
     if (FGraph->GetShowTitle()) shrink(FGraph->GetTitleLabel(), FGraph->GetTitleFont());
     for (TKxAxis* axis : FGraph->GetAxes()) {
+        if (axis->GetCaption().empty()) continue; // the label lies anywhere
         const TKxLabel& label = axis->GetCaptionLabel();
         shrink(label, axis->GetCaptionFont(), axis);
         std::string text = PlainText(axis->GetAutoCaption());

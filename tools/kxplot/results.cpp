@@ -2,7 +2,7 @@
 
 namespace kxplot {
 
-std::string ResultsText(const std::vector<kx::TKxDataWithErrorSeries*>& Series) {
+std::string ResultsText(const std::vector<kx::TKxNotCalculatedSeries*>& Series) {
     std::string text;
     for (auto* series : Series) {
         const auto& results = series->GetResults();

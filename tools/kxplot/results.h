@@ -10,6 +10,6 @@ namespace kxplot {
 
 /// The stores of the series' results, one after the other. Where there are several series, the name of each
 /// section begins with that of its series: [Series1.LinearRegression].
-std::string ResultsText(const std::vector<kx::TKxDataWithErrorSeries*>& Series);
+std::string ResultsText(const std::vector<kx::TKxNotCalculatedSeries*>& Series);
 
 } // namespace kxplot

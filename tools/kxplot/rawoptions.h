@@ -1,0 +1,27 @@
+#pragma once
+// The command line as it is written down for the parser and for --help.
+
+#include "kxplot/options.h"
+
+#include <CLI/CLI.hpp>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kxplot {
+
+/// The options as CLI11 stores them, before they are checked.
+struct TRawOptions {
+    TOptions Options;
+    std::string Size, Style;
+    std::optional<std::string> From, To;
+    std::optional<std::string> Iterations, Repeat, Bins, Legend;
+    std::vector<std::string> Assignments, Fits, Starts, Curves, Labels;
+    bool Derivative = false, Integral = false;
+};
+
+/// Enters all options; both must live as long as App parses.
+void AddOptions(CLI::App& App, TRawOptions& Raw);
+
+} // namespace kxplot
