@@ -4,7 +4,10 @@
 
 #include <QImage>
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <optional>
 
 namespace kx::qt {
 
@@ -53,6 +56,78 @@ private:
     }
 };
 
+/// A run of pixels of one row of a stamp.
+struct TRun {
+    int X, Y, Length;
+    const QRgb* Pixels;
+};
+
+/// The stamp as runs of opaque pixels; nothing if some pixel is neither opaque nor clear.
+std::optional<std::vector<TRun>> OpaqueRuns(const QImage& Picture, TPoint Origin) {
+    std::vector<TRun> runs;
+    for (int y = 0; y < Picture.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(Picture.constScanLine(y));
+        for (int x = 0, start; x < Picture.width(); ++x) {
+            if (qAlpha(row[x]) == 0) continue;
+            for (start = x; x < Picture.width() && qAlpha(row[x]) == 255; ++x) {
+            }
+            if (x < Picture.width() && qAlpha(row[x]) != 0) return std::nullopt;
+            if (x > start) runs.push_back({Origin.X + start, Origin.Y + y, x - start, row + start});
+        }
+    }
+    return runs;
+}
+
+/// The image that a painter writes pixel for pixel, where an opaque pixel is its colour; null for any other.
+QImage* PlainImage(const QPainter& Painter) {
+    auto* image = dynamic_cast<QImage*>(Painter.device());
+    if (!image || image->depth() != 32 || image->devicePixelRatio() != 1 || !Painter.transform().isIdentity())
+        return nullptr;
+    const bool plain = image->format() == QImage::Format_RGB32 || image->format() == QImage::Format_ARGB32 ||
+                       image->format() == QImage::Format_ARGB32_Premultiplied;
+    return plain ? image : nullptr;
+}
+
+/// Runs are a few pixels long: a call of the general copy would cost more than it moves.
+inline void CopyShort(QRgb* To, const QRgb* From, int Count) {
+    constexpr int CChunk = 4;
+    for (; Count >= CChunk; Count -= CChunk, To += CChunk, From += CChunk)
+        std::memcpy(To, From, CChunk * sizeof(QRgb));
+    if (Count & 2) {
+        std::memcpy(To, From, 2 * sizeof(QRgb));
+        To += 2;
+        From += 2;
+    }
+    if (Count & 1) *To = *From;
+}
+
+/// Writes the runs at each place, the last one first seen; Clip lies inside the image.
+void WriteRuns(QImage& Image, const std::vector<TRun>& Runs, const std::vector<TPoint>& Places,
+               const TRect& Bounds, const TRect& Clip) {
+    auto* const first =
+        reinterpret_cast<QRgb*>(const_cast<uchar*>(Image.constBits())); // the painter's own: no copy
+    const auto stride = Image.bytesPerLine() / qsizetype(sizeof(QRgb));
+    for (std::size_t i = Places.size(); i-- > 0;) {
+        const TPoint p = Places[i];
+        const TRect all{p.X + Bounds.Left, p.Y + Bounds.Top, p.X + Bounds.Right, p.Y + Bounds.Bottom};
+        const bool inside = all.Intersected(Clip) == all;
+        for (const TRun& run : Runs) {
+            int x = p.X + run.X, end = x + run.Length;
+            const int y = p.Y + run.Y;
+            const QRgb* pixels = run.Pixels;
+            if (!inside) {
+                if (y < Clip.Top || y >= Clip.Bottom) continue;
+                const int cut = std::max(0, Clip.Left - x);
+                x += cut;
+                pixels += cut;
+                end = std::min(end, Clip.Right);
+                if (x >= end) continue;
+            }
+            CopyShort(first + y * stride + x, pixels, end - x);
+        }
+    }
+}
+
 } // namespace
 
 void TPainterDevice::Stamps(std::span<const TPoint> Places, const TRecording& One) {
@@ -81,6 +156,11 @@ void TPainterDevice::Stamps(std::span<const TPoint> Places, const TRecording& On
         if (taken[index]) continue;
         taken[index] = true;
         FPixels.push_back(Places[i]);
+    }
+    if (QImage* image = PlainImage(FPainter)) {
+        const TRect clip = FClip.Intersected({0, 0, image->width(), image->height()});
+        if (const auto runs = OpaqueRuns(picture, bounds.TopLeft()))
+            return WriteRuns(*image, *runs, FPixels, bounds, clip);
     }
     SetMode(pmCopy, false);
     for (std::size_t i = FPixels.size(); i-- > 0;)
