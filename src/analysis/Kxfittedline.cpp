@@ -34,7 +34,12 @@ void TKxFittedLine::SetOrder(int Order) {
 }
 
 void TKxFittedLine::SetFittingFunction(TKxFittingFkt Function) {
+    StoreFunction(Function, InBlocks(Function));
+}
+
+void TKxFittedLine::StoreFunction(TKxFittingFkt Function, TKxFittingBlockFkt Blocks) {
     FFittingFunction = std::move(Function);
+    FFunctionInBlocks = std::move(Blocks);
     ParentModified();
 }
 
@@ -140,8 +145,7 @@ void TKxFittedLine::FindDeviations() {
 
 void TKxFittedLine::EvaluateModel(std::span<const double> X, const TKxRealArray& Coefficients,
                                   std::span<double> Y) const {
-    if (FFittingBlockFunction) return FFittingBlockFunction(X, Coefficients, Y);
-    for (std::size_t i = 0; i < X.size(); ++i) Y[i] = FFittingFunction(X[i], Coefficients);
+    (FFittingBlockFunction ? FFittingBlockFunction : FFunctionInBlocks)(X, Coefficients, Y);
 }
 
 /// Term(i, r) is added up over all points, r being the distance of point i from the model.
@@ -152,9 +156,13 @@ double TKxFittedLine::SumOverPoints(const TKxRealArray& Coefficients, F Term) co
     for (std::size_t start = 0; start < FX.size(); start += CBlock) {
         const std::size_t count = std::min(CBlock, FX.size() - start);
         EvaluateModel({&FX[start], count}, Coefficients, {model, count});
-        double part = 0;
-        for (std::size_t i = 0; i < count; ++i) part += Term(start + i, FY[start + i] - model[i]);
-        sum += part;
+        const auto term = [&](std::size_t i) { return Term(start + i, FY[start + i] - model[i]); };
+        double parts[4] = {}; // four chains of additions, for one would wait for itself
+        std::size_t i = 0;
+        for (; i + 4 <= count; i += 4)
+            for (std::size_t k = 0; k < 4; ++k) parts[k] += term(i + k);
+        for (; i < count; ++i) parts[0] += term(i);
+        sum += (parts[0] + parts[1]) + (parts[2] + parts[3]);
     }
     return sum;
 }

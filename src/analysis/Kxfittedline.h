@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <span>
+#include <type_traits>
 #include <vector>
 
 namespace kx {
@@ -36,6 +37,13 @@ public:
     void SetOrder(int Order);
     const TKxFittingFkt& GetFittingFunction() const { return FFittingFunction; }
     void SetFittingFunction(TKxFittingFkt Function);
+    /// Any callable of the same form; it is called without a detour for each point. Copies of it are kept.
+    template <class F>
+    requires(
+        !std::is_same_v<F, TKxFittingFkt> &&
+        std::is_invocable_r_v<double, F&, double, const TKxRealArray&>) void SetFittingFunction(F Function) {
+        StoreFunction(Function, InBlocks(Function));
+    }
     /// Beside FittingFunction, and used in its place by the fit; empty for none.
     void SetFittingBlockFunction(TKxFittingBlockFkt Function);
     /// The formula as text, for results and legends.
@@ -87,6 +95,14 @@ protected:
     void DoFit();
 
 private:
+    template <class F>
+    static TKxFittingBlockFkt InBlocks(F Function) {
+        return [Function](std::span<const double> X, const TKxRealArray& Coefficients,
+                          std::span<double> Y) mutable {
+            for (std::size_t i = 0; i < X.size(); ++i) Y[i] = Function(X[i], Coefficients);
+        };
+    }
+    void StoreFunction(TKxFittingFkt Function, TKxFittingBlockFkt Blocks);
     void CollectPoints();
     void FindDeviations();
     void EvaluateModel(std::span<const double> X, const TKxRealArray& Coefficients,
@@ -101,6 +117,7 @@ private:
     bool FDoCovariance = false;
     int FIterations = 1000, FIterationsDone = 0;
     TKxFittingFkt FFittingFunction;
+    TKxFittingBlockFkt FFunctionInBlocks; ///< the same
     TKxFittingBlockFkt FFittingBlockFunction;
     AnsiString FExpression;
     std::vector<AnsiString> FNames;
