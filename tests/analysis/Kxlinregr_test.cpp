@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
 #include <limits>
 #include <random>
 #include <vector>
@@ -73,48 +72,38 @@ TEST(LinReg, CertifiedValuesOfNistAreMet) {
     for (const auto& c : cases) EXPECT_GE(Digits(c.Value, c.Certified), c.Digits) << c.Certified;
 }
 
+// The same line near zero, where sums of small integers are exact, shows what it is far away.
 TEST(LinReg, DataFarFromZeroLoseNoDigits) {
     const struct {
         double X0, StepX, Y0;
         int Count;
     } cases[] = {
-        {1.7e9, 60, 20, 60},        // Unix seconds
-        {2024, 1. / 4096, 1e6, 60}, // decimal years
-        {4e15, 0.5, -4e14, 60},     // steps of one unit in the last place
-        {-1e15, 1, 1e15, 5000},     // several blocks
+        {4e15, 0.5, -4e14, 60}, // steps of one unit in the last place
+        {-1e15, 1, 1e15, 5000}, // several blocks
     };
     for (const auto& c : cases) {
-        TReals x, y;
-        std::int64_t sumU = 0, sumV = 0, sumUu = 0, sumUv = 0, sumVv = 0; // exact
-        for (int u = 0; u < c.Count; ++u) {
-            const int v = 3 * u + u * u % 101 % 17;
-            x.push_back(c.X0 + u * c.StepX);
-            y.push_back(c.Y0 + v * 0.125);
-            sumU += u;
-            sumV += v;
-            sumUu += u * u;
-            sumUv += u * v;
-            sumVv += v * v;
+        TReals u, v, x, y;
+        for (int i = 0; i < c.Count; ++i) {
+            u.push_back(i);
+            v.push_back(3 * i + i * i % 101 % 17);
+            x.push_back(c.X0 + i * c.StepX);
+            y.push_back(c.Y0 + v.back() * 0.125);
         }
-        const TExtended n = c.Count, uu = n * sumUu - TExtended(sumU) * sumU;
-        const TExtended uv = n * sumUv - TExtended(sumU) * sumV, vv = n * sumVv - TExtended(sumV) * sumV;
-        const TExtended slope = uv / uu * 0.125L / c.StepX;
-        const TResults free = Fit(x, y), fixed = FitThrough(c.Y0, x, y);
-        EXPECT_GE(Digits(free.Slope, double(slope)), 15) << c.X0;
-        EXPECT_GE(Digits(free.ChiSquare, double((vv - uv / uu * uv) / n / 64)), 12) << c.X0;
-        const TExtended meanX = c.X0 + c.StepX * (sumU / n), meanV = 0.125L * sumV / n;
-        EXPECT_GE(Digits(free.Offset, double(c.Y0 + meanV - slope * meanX)), 14) << c.X0;
-        EXPECT_GE(Digits(free.VarianceX, double(uu / n / (n - 1) * c.StepX * c.StepX)), 14) << c.X0;
-        const TExtended xx = uu / n * c.StepX * c.StepX, about0 = xx + n * meanX * meanX;
-        const TExtended through = (slope * xx + n * meanX * meanV) / about0;
-        EXPECT_GE(Digits(fixed.Slope, double(through)), 15) << c.X0;
-        EXPECT_EQ(fixed.VarianceX, free.VarianceX);
+        const TResults near = Fit(u, v), far = Fit(x, y);
+        const TExtended slope = near.Slope * 0.125L / c.StepX;
+        EXPECT_GE(Digits(far.Slope, double(slope)), 15) << c.X0;
+        EXPECT_GE(Digits(far.ChiSquare, near.ChiSquare / 64), 12) << c.X0;
+        EXPECT_GE(Digits(far.VarianceX, near.VarianceX * c.StepX * c.StepX), 14) << c.X0;
+        EXPECT_GE(Digits(far.Offset, double(c.Y0 + near.Offset * 0.125L - slope * c.X0)), 14) << c.X0;
+        const TExtended xx = near.VarianceX * (c.Count - 1.L) * c.StepX * c.StepX / c.Count;
+        const TExtended meanX = c.X0 + c.StepX * TExtended(near.AverageX), meanY = near.AverageY * 0.125L;
+        const TExtended through = (slope * xx + meanX * meanY) / (xx + meanX * meanX);
+        EXPECT_GE(Digits(FitThrough(c.Y0, x, y).Slope, double(through)), 15) << c.X0;
     }
 }
 
 TEST(LinReg, SmallAndDegenerateDataGiveExactLinesMarkersAndZeros) {
     constexpr double free = CNaN, mark = CMaxReal;
-    const auto root = [](double Value) { return std::sqrt(Value); };
     const struct {
         const char* What;
         double Offset;
@@ -122,28 +111,14 @@ TEST(LinReg, SmallAndDegenerateDataGiveExactLinesMarkersAndZeros) {
         std::array<double, 11> Fields; // in the order of the record
     } cases[] = {
         {"line", free, {0, 1, 2}, {1, 3, 5}, {}, {2, 0, 1, 0, 1, 3, 1, 4, 1, 1, 0}},
-        {"two points", free, {1, 4}, {10, 1}, {}, {-3, 0, 13, 0, 2.5, 5.5, 4.5, 40.5, 1, -1, 0}},
         {"x equal", free, {.1, .1, .1}, {1, 2, 6}, {}, {mark, 0, mark, 0, .1, 3, 0, 0, 1, 1, 0}},
         {"y equal", free, {1, 2, 3}, {.1, .1, .1}, {}, {mark, 0, mark, 0, 2, .1, 1, 0, 1, 1, 0}},
         {"overflow", free, {1, 2, 3}, {1e300, -1e300, 0}, {}, {mark, 0, mark, 0, 2, 0, 0, 0, 1, 1, 0}},
         {"mean too", free, {-mark, mark}, {1, 2}, {}, {mark, 0, mark, 0, mark, 1.5, 0, 0, 1, 1, 0}},
-        // Weights: as repetitions, of sum 1, 0 for a senseless y, for one x only, of sums 0 and below.
-        {"repeated",
-         free,
-         {0, 1, 2},
-         {0, 0, 3},
-         {2, 1, 2},
-         {1.5, root(.15), -.3, root(.27), 1, 1.2, 1, 2.7, 5. / 6, root(5. / 6), 1.8}},
-        {"sum 1", free, {0, 1, 2}, {1, 3, 5}, {.25, .5, .25}, {2, 0, 1, 0, 1, 3, 0, 0, 1, 1, 0}},
-        {"void y",
-         free,
-         {7, 0, 1, 2},
-         {mark, 1, 3, 5},
-         {0, .1, .3, .07},
-         {2, 0, 1, 0, .44 / .47, 1.35 / .47, 0, 0, 1, 1, 0}},
+        // Weights: 0 for a senseless y, for one x only, of sums 0 and below.
+        {"void y", free, {7, 0, 1, 2}, {mark, 1, 3, 5}, {0, .25, .5, .25}, {2, 0, 1, 0, 1, 3, 0, 0, 1, 1, 0}},
         {"one x", free, {0, 1, 2}, {1, 2, 4}, {0, 2, 0}, {mark, 0, mark, 0, 1, 2, 0, 0, 1, 1, 0}},
         {"sum 0", free, {0, 1}, {1, 3}, {1, -1}, {mark, 0, mark, 0, mark, mark, 0, 0, 1, 1, 0}},
-        {"negative", free, {0, 2}, {1, 3}, {-1, -1}, {mark, 0, mark, 0, 1, 2, 0, 0, 1, 1, 0}},
         {"sum -1", free, {0, 1, 2}, {0, 2, 4}, {1, -3, 1}, {mark, 0, mark, 0, 1, 2, 0, 0, 1, 1, 0}},
 
         {"line", 0, {1, 2}, {2, 4}, {}, {2, 0, 0, 0, 1.5, 3, .5, 2, 1, 0, 0}},
@@ -151,9 +126,6 @@ TEST(LinReg, SmallAndDegenerateDataGiveExactLinesMarkersAndZeros) {
         {"y equal", 0, {1, 2}, {5, 5}, {}, {3, 1, 0, 0, 1.5, 5, .5, 0, 1, 0, 5}},
         {"x zero", 7, {0, 0}, {1, 3}, {}, {mark, 0, 7, 0, 0, 2, 0, 2, 1, 0, 0}},
         {"overflow", 7, {1, 2}, {1e300, -1e300}, {}, {mark, 0, 7, 0, 1.5, 0, .5, 0, 1, 0, 0}},
-        {"repeated", 1, {1, 2}, {1, 4}, {1, 2}, {4. / 3, 1. / 3, 1, 0, 5. / 3, 3, 1. / 3, 3, 2. / 3, 0, 2}},
-        {"sum 1", 0, {1, 2}, {2, 4}, {.5, .5}, {2, 0, 0, 0, 1.5, 3, 0, 0, 1, 0, 0}},
-        {"negative", 7, {0, 2}, {1, 3}, {-1, -1}, {mark, 0, 7, 0, 1, 2, 0, 0, 1, 0, 0}},
         {"sum -1", 7, {0, 1, 2}, {0, 2, 4}, {1, -3, 1}, {mark, 0, 7, 0, 1, 2, 0, 0, 1, 0, 0}},
     };
     for (const auto& c : cases) {
@@ -165,22 +137,14 @@ TEST(LinReg, SmallAndDegenerateDataGiveExactLinesMarkersAndZeros) {
 }
 
 TEST(LinReg, TooFewPointsOrNoWeightsAreNotEnoughData) {
-    const auto isEnough = [](int Least, const TReals& X, const TReals& Y, const TReals& W, double Start,
-                             double Stop) {
-        return test::MessageOf<EMathError>([&] {
-                   Least == 1 ? FitThrough(1, X, Y, W, Start, Stop) : Fit(X, Y, W, Start, Stop);
-               }) != "Not enough data!";
-    };
     const struct {
         TReals X, Y, W;
         double Start, Stop;
         int Points;
     } cases[] = {
         {{}, {}, {}, -CInf, CInf, 0},
-        {{1, 2, 3}, {1, 2, 3}, {}, 3, 1, 0},
         {{1, 2, 3}, {1, 2, 3}, {}, CNaN, 5, 0},
         {{1, 2, 3}, {1, 2, 3}, {}, 0, 1, 1},
-        {{1, 2, 3}, {1, 2, 3}, {}, 3, 4, 1},
         {{1, 2, 3}, {CNaN, 2, CInf}, {}, 0, 5, 1},
         {{1, 2, 3}, {1}, {}, 0, 5, 1},
         {{1, 2, 3}, {1, 2, 3}, {1}, 0, 5, 1},
@@ -189,14 +153,17 @@ TEST(LinReg, TooFewPointsOrNoWeightsAreNotEnoughData) {
         {{-CInf, 1, 3, 2, 9}, {1, 2, CNaN, 2, 8}, {}, 1, 2, 2}, // ends of the range take part
         {{1, 2}, {1, 2}, {-1, 1}, 0, 5, 2},
     };
-    for (const auto& c : cases)
-        for (int least : {1, 2})
-            EXPECT_EQ(isEnough(least, c.X, c.Y, c.W, c.Start, c.Stop), c.Points >= least) << &c - cases;
+    for (const auto& c : cases) {
+        const auto free = [&] { Fit(c.X, c.Y, c.W, c.Start, c.Stop); };
+        const auto through = [&] { FitThrough(1, c.X, c.Y, c.W, c.Start, c.Stop); };
+        EXPECT_EQ(test::MessageOf<EMathError>(free), c.Points < 2 ? "Not enough data!" : "") << &c - cases;
+        EXPECT_EQ(test::MessageOf<EMathError>(through), c.Points < 1 ? "Not enough data!" : "") << &c - cases;
+    }
 }
 
-/// The slow way: points picked one by one, formulas as they are in books.
-TResults Reference(const TReals& X, const TReals& Y, const TReals& W, double Start, double Stop, bool Free,
-                   double Offset) {
+/// The slow way: points picked one by one, formulas as they are in books. Fields in the order of the record.
+std::array<double, 11> Reference(const TReals& X, const TReals& Y, const TReals& W, double Start, double Stop,
+                                 bool Free, double Offset) {
     std::vector<std::array<TExtended, 3>> points;
     TExtended n = 0, meanX = 0, meanY = 0, xx = 0, xy = 0, yy = 0, xx0 = 0, xy0 = 0, chi = 0;
     for (std::size_t i = 0; i < X.size(); ++i) {
@@ -218,21 +185,15 @@ TResults Reference(const TReals& X, const TReals& Y, const TReals& W, double Sta
     }
     const TExtended b = Free ? xy / xx : xy0 / xx0, a = Free ? meanY - b * meanX : Offset;
     for (const auto& [x, y, w] : points) chi += w * (y - a - b * x) * (y - a - b * x);
-    const TExtended freedom = n - (Free ? 2 : 1);
-    const bool hasErrors = freedom > 0;
-    TResults r;
-    r.Slope = double(b);
-    r.Offset = double(a);
-    r.DeltaSlope = hasErrors ? double(std::sqrt(chi / freedom / (Free ? xx : xx0))) : 0;
-    r.DeltaOffset = Free && hasErrors ? double(std::sqrt((meanX * meanX / xx + 1 / n) * chi / freedom)) : 0;
-    r.AverageX = double(meanX);
-    r.AverageY = double(meanY);
-    r.VarianceX = n > 1 ? double(xx / (n - 1)) : 0;
-    r.VarianceY = n > 1 ? double(yy / (n - 1)) : 0;
-    r.Determination = double(1 - chi / yy);
-    r.R = Free ? double(xy / std::sqrt(xx * yy)) : 0;
-    r.ChiSquare = hasErrors ? double(chi) : 0;
-    return r;
+    const TExtended freedom = n - (Free ? 2 : 1), error = freedom > 0 ? std::sqrt(chi / freedom) : 0;
+    const TExtended part = n > 1 ? 1 / (n - 1) : 0, r = Free ? xy / std::sqrt(xx * yy) : 0;
+    const TExtended errorA = Free ? error * std::sqrt(meanX * meanX / xx + 1 / n) : 0;
+    const TExtended errorB = error / std::sqrt(Free ? xx : xx0), left = freedom > 0 ? chi : 0;
+    std::array<double, 11> fields;
+    std::ranges::copy(
+        std::array{b, errorB, a, errorA, meanX, meanY, xx * part, yy * part, 1 - chi / yy, r, left},
+        fields.begin());
+    return fields;
 }
 
 TEST(LinReg, AllFitsAgreeWithAPlainReferenceOnRandomDataWithGapsAndRanges) {
@@ -262,7 +223,7 @@ TEST(LinReg, AllFitsAgreeWithAPlainReferenceOnRandomDataWithGapsAndRanges) {
         const double offset = uniform(-5, 5) * scale;
         for (const TReals& weights : {TReals{}, w})
             for (bool isFree : {true, false}) {
-                const auto expected = FieldsOf(Reference(x, y, weights, start, stop, isFree, offset));
+                const auto expected = Reference(x, y, weights, start, stop, isFree, offset);
                 const auto fields = FieldsOf(isFree ? Fit(x, y, weights, start, stop)
                                                     : FitThrough(offset, x, y, weights, start, stop));
                 for (std::size_t i = 0; i < fields.size(); ++i) {
@@ -283,26 +244,20 @@ TEST(LinReg, AllFitsAgreeWithAPlainReferenceOnRandomDataWithGapsAndRanges) {
 TEST(LinReg, NoResultIsNanOrInfiniteWhateverTheData) {
     std::mt19937 random(7);
     const TReals pool{0, 1, 2, -1, 3.5, 1e-300, 5e-324, 1e-160, 1e155, 1e300, -1.7e308, 1.7e308, CNaN, CInf};
-    int fits = 0;
     for (int round = 0; round < 20000; ++round) {
         const std::size_t kinds = round % 2 ? pool.size() : 5;
         TReals x, y, w;
         for (std::size_t i = 0, count = 1 + random() % 6; i < count; ++i)
             for (TReals* values : {&x, &y, &w}) values->push_back(pool[random() % kinds]);
-        for (const TReals& weights : {TReals{}, w})
-            for (bool isFree : {true, false}) {
-                TResults results;
-                const auto fit = [&] {
-                    results =
-                        isFree ? Fit(x, y, weights) : FitThrough(y[0] * 0 == 0 ? y[0] : 1, x, y, weights);
-                };
-                if (test::MessageOf<EMathError>(fit) != "") continue;
-                ++fits;
-                for (double field : FieldsOf(results)) ASSERT_TRUE(std::isfinite(field)) << round;
-                ASSERT_LE(std::abs(results.R), 1);
-            }
+        for (const TReals& weights : {TReals{}, w}) {
+            TResults free, through;
+            test::MessageOf<EMathError>([&] { free = Fit(x, y, weights); });
+            test::MessageOf<EMathError>([&] { through = FitThrough(1e155, x, y, weights); });
+            for (double field : FieldsOf(free)) ASSERT_TRUE(std::isfinite(field)) << round;
+            for (double field : FieldsOf(through)) ASSERT_TRUE(std::isfinite(field)) << round;
+            ASSERT_LE(std::abs(free.R), 1);
+        }
     }
-    EXPECT_GT(fits, 60000);
 }
 
 TEST(LinReg, VectorsAreFittedLikeTheirValues) {

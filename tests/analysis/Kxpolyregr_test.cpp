@@ -1,8 +1,10 @@
 #include "analysis/Kxpolyregr.h"
 
+#include "support/errors.h"
+
 #include <gtest/gtest.h>
 
-#include <array>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -33,16 +35,6 @@ TKxPolynomRegessionResults WeightedFit(int Order, const TValues& X, const TValue
     return results;
 }
 
-template <class F>
-std::string MessageOf(F&& Call) {
-    try {
-        Call();
-    } catch (const EMathError& error) {
-        return error.Message();
-    }
-    return "";
-}
-
 /// Digits that Value shares with Expected.
 void ExpectDigits(double Digits, double Value, double Expected, const std::string& What) {
     EXPECT_LE(std::abs(Value - Expected), std::pow(10, -Digits) * std::abs(Expected))
@@ -52,18 +44,13 @@ void ExpectDigits(double Digits, double Value, double Expected, const std::strin
 // Certified values of NIST StRD, linear least squares.
 
 TEST(PolynomRegression, AgreesWithTheCertifiedValuesOfPontius) {
-    const TValues first = {.11019,  .21956,  .32949,  .43899,  .54803,  .65694,  .76562,
-                           .87487,  .98292,  1.09146, 1.20001, 1.30822, 1.41599, 1.52399,
-                           1.63194, 1.73947, 1.84646, 1.95392, 2.06128, 2.16844};
-    const TValues second = {.11052,  .22018,  .32939,  .43886,  .54798,  .65739,  .76596,
-                            .87474,  .98300,  1.09150, 1.20004, 1.30818, 1.41613, 1.52408,
-                            1.63159, 1.73965, 1.84696, 1.95445, 2.06177, 2.16829};
-    TValues x, y;
-    for (const auto& run : {first, second})
-        for (std::size_t i = 0; i < run.size(); ++i) {
-            x.push_back(150000.0 * double(i + 1));
-            y.push_back(run[i]);
-        }
+    const TValues y = {.11019,  .21956,  .32949,  .43899,  .54803,  .65694,  .76562,  .87487,
+                       .98292,  1.09146, 1.20001, 1.30822, 1.41599, 1.52399, 1.63194, 1.73947,
+                       1.84646, 1.95392, 2.06128, 2.16844, .11052,  .22018,  .32939,  .43886,
+                       .54798,  .65739,  .76596,  .87474,  .98300,  1.09150, 1.20004, 1.30818,
+                       1.41613, 1.52408, 1.63159, 1.73965, 1.84696, 1.95445, 2.06177, 2.16829};
+    TValues x;
+    for (int i = 0; i < 40; ++i) x.push_back(150000.0 * (i % 20 + 1));
     const auto results = Fit(2, x, y);
     const double coefficients[] = {0.673565789473684E-03, 0.732059160401003E-06, -0.316081871345029E-14};
     const double errors[] = {0.107938612033077E-03, 0.157817399981659E-09, 0.486652849992036E-16};
@@ -81,232 +68,83 @@ TEST(PolynomRegression, AgreesWithTheCertifiedValuesOfWampler) {
                             -2048, 1838,  -2048, 2048,  -2048, 2523,  -2048, 2048,  -2048, 759};
     const double errors[] = {2152.32624678170, 2363.55173469681, 779.343524331583,
                              101.475507550350, 5.64566512170752, 0.112324854679312};
-    const struct {
-        double Base;  // the coefficients are its powers
-        double Noise; // factor
-        double R2;
-    } cases[] = {{1, 0, 1},
-                 {0.1, 0, 1},
-                 {1, 1, 0.999995559025820},
-                 {1, 100, 0.957478440825662},
-                 {1, 10000, 0.224668921574940E-02}};
-    for (const auto& c : cases) {
+    const std::pair<double, double> cases[] = {
+        {0, 1}, {1, 0.999995559025820}, {100, 0.957478440825662}, {10000, 0.224668921574940E-02}};
+    for (const auto& [factor, r2] : cases) {
         TValues x, y;
         for (int i = 0; i <= 20; ++i) {
-            const double step = c.Base == 1 ? 1 : 10;
-            double sum =
-                0; // in units of 1e-5 for the second set, so that y is the double next to its decimals
-            for (int k = 0; k <= 5; ++k) sum += std::pow(i, k) * std::pow(step, 5 - k);
             x.push_back(i);
-            y.push_back(sum / std::pow(step, 5) + c.Noise * noise[i]);
+            y.push_back(1 + i * (1 + i * (1 + i * (1 + i * (1.0 + i)))) + factor * noise[i]);
         }
         const auto results = Fit(5, x, y);
         for (int k = 0; k <= 5; ++k) {
-            ExpectDigits(12, results.Coefficients[k], std::pow(c.Base, k), "coefficient");
-            if (c.Noise > 0)
-                ExpectDigits(10, results.DeltaCoefficients[k], errors[k] * c.Noise, "error");
-            else
-                EXPECT_LT(results.DeltaCoefficients[k], 1e-12);
+            ExpectDigits(12, results.Coefficients[k], 1, "coefficient");
+            ExpectDigits(10, results.DeltaCoefficients[k], errors[k] * factor, "error");
         }
-        ExpectDigits(13, results.R2, c.R2, "R2");
-        EXPECT_NEAR(results.ChiSquare, 83554268.0 * c.Noise * c.Noise, 1e-10 * results.ChiSquare + 1e-9);
+        ExpectDigits(13, results.R2, r2, "R2");
+        ExpectDigits(10, results.ChiSquare, 83554268.0 * factor * factor, "chi-square");
     }
-}
-
-/// An integer of 5120 bits, two's complement: the exact second method.
-class TBig {
-public:
-    TBig(std::int64_t Value = 0) {
-        for (int i = 0; i < CSize; ++i, Value >>= 31, Value >>= 1) FLimbs[i] = std::uint32_t(Value);
-    }
-    TBig operator-(const TBig& B) const {
-        TBig result;
-        std::int64_t carry = 0;
-        for (int i = 0; i < CSize; ++i, carry >>= 32)
-            result.FLimbs[i] = std::uint32_t(carry += std::int64_t(FLimbs[i]) - B.FLimbs[i]);
-        return result;
-    }
-    TBig operator+(const TBig& B) const { return *this - (TBig() - B); }
-    TBig operator*(const TBig& B) const {
-        TBig result;
-        for (int i = 0; i < CSize; ++i) {
-            std::uint64_t carry = 0;
-            if (FLimbs[i] == 0) continue;
-            for (int j = 0; i + j < CSize; ++j, carry >>= 32)
-                result.FLimbs[i + j] =
-                    std::uint32_t(carry += std::uint64_t(FLimbs[i]) * B.FLimbs[j] + result.FLimbs[i + j]);
-        }
-        return result;
-    }
-    /// For a B that divides this: without its trailing zeros B is odd and has an inverse modulo 2^5120.
-    TBig operator/(const TBig& B) const {
-        const int zeros = B.TrailingZeros();
-        const TBig odd = B.ShiftedRight(zeros);
-        TBig inverse = odd; // right in 3 bits; each step doubles them
-        for (int bits = 3; bits < 32 * CSize; bits *= 2) inverse = inverse * (TBig(2) - odd * inverse);
-        return ShiftedRight(zeros) * inverse;
-    }
-    bool IsNegative() const { return FLimbs[CSize - 1] >> 31; }
-    /// Value / 2^Exponent with 0.5 <= |Value| < 2, so that quotients stay in range.
-    std::pair<double, int> Parts() const {
-        if (IsNegative()) {
-            const auto [value, exponent] = (TBig() - *this).Parts();
-            return {-value, exponent};
-        }
-        int top = CSize - 1;
-        while (top > 0 && FLimbs[top] == 0) --top;
-        double value = 0;
-        for (int i = top; i >= std::max(0, top - 3); --i) value += std::ldexp(FLimbs[i], 32 * (i - top));
-        return {value, 32 * top};
-    }
-    static double Ratio(const TBig& A, const TBig& B) {
-        const auto a = A.Parts();
-        const auto b = B.Parts();
-        return std::ldexp(a.first / b.first, a.second - b.second);
-    }
-
-private:
-    static constexpr int CSize = 160;
-    int TrailingZeros() const {
-        int n = 0;
-        while (!(FLimbs[n / 32] >> (n % 32) & 1)) ++n;
-        return n;
-    }
-    TBig ShiftedRight(int Bits) const {
-        TBig result;
-        const std::uint64_t sign = IsNegative() ? 0xffffffff : 0;
-        for (int i = 0; i < CSize; ++i) {
-            const int from = i + Bits / 32;
-            const std::uint64_t low = from < CSize ? FLimbs[from] : sign;
-            const std::uint64_t high = from + 1 < CSize ? FLimbs[from + 1] : sign;
-            result.FLimbs[i] = std::uint32_t((high << 32 | low) >> (Bits % 32));
-        }
-        return result;
-    }
-    std::array<std::uint32_t, CSize> FLimbs{};
-};
-
-struct TExactFit {
-    TValues Coefficients, Deltas;
-    double ChiSquare;
-};
-
-/// The normal equations of integer data, solved by fraction-free elimination (E. H. Bareiss, Mathematics of
-/// Computation 22 (1968) 565) with the unit matrix beside them; every division is exact.
-TExactFit ExactFit(int Order, const std::vector<std::int64_t>& X, const std::vector<std::int64_t>& Y,
-                   const std::vector<std::int64_t>& W) {
-    const int n = Order + 1;
-    std::vector<std::vector<TBig>> m(std::size_t(n), std::vector<TBig>(std::size_t(2 * n + 1)));
-    std::vector<TBig> right(m.size());
-    TBig squares;
-    for (std::size_t p = 0; p < X.size(); ++p) {
-        std::vector<TBig> powers = {TBig(W[p])};
-        for (int k = 1; k <= 2 * Order; ++k) powers.push_back(powers.back() * X[p]);
-        for (int i = 0; i < n; ++i) {
-            for (int j = 0; j < n; ++j) m[i][j] = m[i][j] + powers[i + j];
-            right[i] = right[i] + powers[i] * Y[p];
-        }
-        squares = squares + powers[0] * Y[p] * Y[p];
-    }
-    for (int i = 0; i < n; ++i) {
-        m[i][n] = right[i];
-        m[i][n + 1 + i] = 1;
-    }
-    TBig previous = 1;
-    for (int k = 0; k < n; ++k) {
-        for (int i = 0; i < n; ++i)
-            for (int j = 2 * n; i != k && j >= 0; --j)
-                if (j != k) m[i][j] = (m[k][k] * m[i][j] - m[i][k] * m[k][j]) / previous;
-        for (int i = 0; i < n; ++i)
-            if (i != k) m[i][k] = 0;
-        previous = m[k][k];
-    }
-    TExactFit fit;
-    TBig chiSquare = squares * previous;
-    for (int i = 0; i < n; ++i) chiSquare = chiSquare - m[i][n] * right[i];
-    fit.ChiSquare = TBig::Ratio(chiSquare, previous);
-    for (int i = 0; i < n; ++i) {
-        fit.Coefficients.push_back(TBig::Ratio(m[i][n], previous));
-        const double reduced = fit.ChiSquare / (double(X.size()) - n);
-        fit.Deltas.push_back(std::sqrt(reduced * TBig::Ratio(m[i][n + 1 + i], previous)));
-    }
-    return fit;
-}
-
-/// Integers in units of a power of two; values that look like noise about a curve.
-struct TIntegerData {
-    std::vector<std::int64_t> X, Y, W;
-    double UnitX = 1, UnitY = 1;
-    void Add(std::int64_t AX, std::int64_t AY, std::int64_t AW = 1) {
-        X.push_back(AX);
-        Y.push_back(AY);
-        W.push_back(AW);
-    }
-};
-
-TKxPolynomRegessionResults CompareWithExactFit(int Order, const TIntegerData& Data, const std::string& What) {
-    TValues x, y, w;
-    for (const std::int64_t v : Data.X) x.push_back(double(v) * Data.UnitX);
-    for (const std::int64_t v : Data.Y) y.push_back(double(v) * Data.UnitY);
-    for (const std::int64_t v : Data.W) w.push_back(double(v));
-    const auto results = WeightedFit(Order, x, y, w);
-    const TExactFit exact = ExactFit(Order, Data.X, Data.Y, Data.W);
-    for (int k = 0; k <= Order; ++k) {
-        const double unit = Data.UnitY / std::pow(Data.UnitX, k);
-        const std::string what = What + " " + std::to_string(k);
-        ExpectDigits(14, results.Coefficients[k], exact.Coefficients[std::size_t(k)] * unit, what);
-        ExpectDigits(12, results.DeltaCoefficients[k], exact.Deltas[std::size_t(k)] * unit, what + " error");
-    }
-    ExpectDigits(12, results.ChiSquare, exact.ChiSquare * Data.UnitY * Data.UnitY, What + " chi-square");
-    return results;
 }
 
 std::int64_t Noise(std::int64_t Index) { return Index * Index * 7919 % 1009 - 504; }
 
-// As ill-conditioned as the hardest of the certified sets: the condition number of its matrix is about 1e15.
-TEST(PolynomRegression, KeepsAllDigitsOfTenDegreesFarFromZero) {
-    TIntegerData data;
-    data.UnitX = 0x1p-7;
-    data.UnitY = 0x1p-20;
-    for (std::int64_t i = 0; i < 82; ++i) data.Add(9 * i - 1152, 800000 + 1000 * i + Noise(i));
-    CompareWithExactFit(10, data, "ten degrees");
-}
-
-TEST(PolynomRegression, KeepsAllDigitsOfTimesInSecondsAndOfDecimalYears) {
-    TIntegerData seconds;
-    for (std::int64_t i = 0; i < 60; ++i)
-        seconds.Add(1700000000 + 86400 * i, 5000 + i * i + Noise(i), 1 + i % 3);
-    for (const int order : {2, 3, 6}) {
-        const auto results = CompareWithExactFit(order, seconds, "seconds");
-        // A curve drawn through it has no noise: third differences are those of the polynomial.
-        double largest = 0;
-        const auto at = [&](int i) { return EvaluateFit(results, 1700000000 + 5097.6 * i); };
-        for (int i = 0; order == 3 && i < 997; ++i)
-            largest = std::max(largest, std::abs(at(i + 3) - 3 * at(i + 2) + 3 * at(i + 1) - at(i)));
-        EXPECT_LT(largest, 1e-4);
+// Expected values: the normal equations of the same doubles, solved with fractions of integers.
+TEST(PolynomRegression, KeepsAllDigitsOfIllConditionedData) {
+    const struct {
+        double ChiSquare;
+        TValues Coefficients, Errors;
+    } cases[] = {
+        {5.91164950301428e-06,
+         {25.23350256414932, 44.20885693305772, 35.47822616085458, 16.59217456344052, 5.008202186414437,
+          1.01992782086117, 0.1419970650707989, 0.01335209569716595, 0.0008119775665281002,
+          2.8852848620852e-05, 4.5517058871521e-07},
+         {31.20105476489, 56.61959475399, 45.62905330947, 21.50760892233, 6.567670694279, 1.357920478911,
+          0.192572958784, 0.01850185395884, 0.001152942375565, 4.209353764033e-05, 6.840016544209e-07}},
+        {8553213.0955318,
+         {-2.027621269662787e+20, 714615591375.7109, -1049.413887483088, 8.219014893280393e-07,
+          -3.620888628186141e-16, 8.507642005479049e-26, -8.328981885663914e-36},
+         {1.574723839941e+20, 554945251968.2, 814.8629124942, 6.38142409271e-07, 2.811079358666e-16,
+          6.604306931787e-26, 6.465022868104e-36}},
+        {458541.078347413,
+         {-0.7574069948417582, 1.657686979505135, 0.00283718047468311, -1.454029803784079e-06,
+          2.269102612396587e-10, -1.123080766310402e-14, 1.697091312748921e-19, -6.394859035066684e-25},
+         {177.3322851697, 2.754715245183, 0.005625781593107, 2.923350567903e-06, 4.598744752474e-10,
+          2.283157705283e-14, 3.453802278642e-19, 1.301911160192e-24}},
+        {173015.141727411,
+         {1251.34694852376, -1015948.414163972, 289927.6871113517, -29760.05546860832, 1405.372197297424,
+          -31.00171328574407, 0.2583542327175704},
+         {193.6218665979, 814640.3811922, 232502.8653963, 23865.20333093, 1126.961885758, 24.85938066436,
+          0.2071611382574}},
+    };
+    TValues x[4], y[4], w[4];
+    const auto add = [&](int Case, double X, double Y, double W = 1) {
+        x[Case].push_back(X);
+        y[Case].push_back(Y);
+        w[Case].push_back(W);
+    };
+    // As hard as the hardest of the certified sets: the condition number of its matrix is about 1e15.
+    for (int i = 0; i < 82; ++i)
+        add(0, (9 * i - 1152) * 0x1p-7, double(800000 + 1000 * i + Noise(i)) * 0x1p-20);
+    for (int i = 0; i < 60; ++i) add(1, 1.7e9 + 86400 * i, double(5000 + i * i + Noise(i)), 1 + i % 3);
+    // Points that crowd at one end leave pivots down to 1e-24; without a second step digits would be missing.
+    for (int i = 0; i < 12; ++i) add(2, std::pow(3, i), 3 * std::pow(3, i) + double(Noise(i)));
+    // Small x have more digits behind the point than their distance from the middle has room for.
+    for (int i = 1; i <= 6; ++i) add(3, i * 0x1p-14 + (2 * i + 1) * 0x1p-50, double(1000 + Noise(i)));
+    for (int i = 1; i <= 5; ++i) add(3, i * 8, double(Noise(10 + i)));
+    for (int i = 0; i < 4; ++i) {
+        const auto& [chiSquare, coefficients, errors] = cases[i];
+        const auto results = WeightedFit(int(errors.size()) - 1, x[i], y[i], w[i]);
+        for (std::size_t k = 0; k < errors.size(); ++k) {
+            ExpectDigits(14, results.Coefficients[int(k)], coefficients[k], "coefficient");
+            ExpectDigits(12, results.DeltaCoefficients[int(k)], errors[k], "error");
+        }
+        ExpectDigits(12, results.ChiSquare, chiSquare, "chi-square");
     }
-    TIntegerData years;
-    years.UnitX = 0x1p-6;
-    for (std::int64_t i = 0; i < 150; ++i) years.Add(64 * 1990 + 16 * i, i * (150 - i) + Noise(i));
-    CompareWithExactFit(10, years, "years");
-}
-
-// Points that crowd at one end leave pivots of 1e-15 to 1e-24; without a second step digits would be missing.
-TEST(PolynomRegression, KeepsAllDigitsOfCrowdedPoints) {
-    for (const int step : {2, 3}) {
-        TIntegerData data;
-        for (std::int64_t i = 0, x = 1; i < 12; ++i, x *= step) data.Add(x, 3 * x + Noise(i));
-        for (const int order : {4, 7}) CompareWithExactFit(order, data, "crowded");
-    }
-}
-
-// Small x have more digits behind the point than their distance from the middle has room for.
-TEST(PolynomRegression, KeepsAllDigitsOfPointsThatNeedMoreThanADoubleAboutTheMiddle) {
-    TIntegerData data;
-    data.UnitX = 0x1p-50;
-    for (std::int64_t i = 1; i <= 6; ++i) data.Add((i << 36) + 2 * i + 1, 1000 + Noise(i));
-    for (std::int64_t i = 1; i <= 5; ++i) data.Add(i << 53, Noise(10 + i));
-    CompareWithExactFit(6, data, "fine");
+    // A curve drawn through times has no noise: third differences are those of the polynomial.
+    const auto results = Fit(3, x[1], y[1]);
+    const auto at = [&](int i) { return EvaluateFit(results, 1.7e9 + 5097.6 * i); };
+    for (int i = 0; i < 997; ++i)
+        ASSERT_LT(std::abs(at(i + 3) - 3 * at(i + 2) + 3 * at(i + 1) - at(i)), 1e-4);
 }
 
 TEST(PolynomRegression, GivesExactCoefficientsOfExactCurves) {
@@ -316,10 +154,6 @@ TEST(PolynomRegression, GivesExactCoefficientsOfExactCurves) {
     EXPECT_EQ(results.QRel, 0);
     EXPECT_EQ(results.DeltaCoefficients[2], 0);
     EXPECT_EQ(results.AdjR2, results.R2);
-
-    results = Fit(1, {1, 2, 3, 4}, {5, 7, 9, 11});
-    EXPECT_EQ(results.Coefficients[0], 3);
-    EXPECT_EQ(results.Coefficients[1], 2);
     results = Fit(0, {1, 2, 4, 9}, {1, 2, 3, 6});
     EXPECT_EQ(results.Coefficients[0], 3);
     EXPECT_EQ(results.ChiSquare, 14);
@@ -331,16 +165,13 @@ TEST(PolynomRegression, GivesExactCoefficientsOfExactCurves) {
 }
 
 TEST(PolynomRegression, CallsValuesThatAreAllEqualExplained) {
-    for (const double value : {0.0, 0.1, -1e300}) {
-        const auto results =
-            WeightedFit(3, {1, 2, 3, 4, 5.5, 7}, TValues(6, value), {0.1, 0.7, 0.3, 1, 1.1, 0.9});
-        EXPECT_EQ(results.R2, 1);
-        EXPECT_EQ(results.AdjR2, 1);
-        EXPECT_EQ(results.VarianceY, 0);
-        EXPECT_EQ(results.ChiSquare, 0);
-        EXPECT_EQ(results.Coefficients[0], value);
-        EXPECT_EQ(results.Coefficients[3], 0);
-    }
+    const auto results = WeightedFit(3, {1, 2, 3, 4, 5.5, 7}, TValues(6, 0.1), {0.1, 0.7, 0.3, 1, 1.1, 0.9});
+    EXPECT_EQ(results.R2, 1);
+    EXPECT_EQ(results.AdjR2, 1);
+    EXPECT_EQ(results.VarianceY, 0);
+    EXPECT_EQ(results.ChiSquare, 0);
+    EXPECT_EQ(results.Coefficients[0], 0.1);
+    EXPECT_EQ(results.Coefficients[3], 0);
 }
 
 TEST(PolynomRegression, LeavesOutWhatIsOutsideOrNotFiniteAsWholePoints) {
@@ -352,10 +183,8 @@ TEST(PolynomRegression, LeavesOutWhatIsOutsideOrNotFiniteAsWholePoints) {
     EXPECT_EQ(results.QRel, expected.QRel);
     EXPECT_EQ(results.AverageX, 2);
     EXPECT_EQ(results.AverageY, 7.1);
-    TValues above = x;
-    above[0] = 60;
-    EXPECT_EQ(Fit(2, above, y, -CInf, 50).QRel, expected.QRel);
-    EXPECT_EQ(MessageOf([&] { Fit(2, x, y, CNaN, 5); }), CNotEnough);
+    EXPECT_EQ(Fit(2, {60, 0, 1, 2, 3, 4}, {0, 1, 2, 5, 10, 17.5}, -CInf, 50).QRel, expected.QRel);
+    EXPECT_EQ(test::MessageOf<EMathError>([&] { Fit(2, x, y, CNaN, 5); }), CNotEnough);
     const auto weighted =
         WeightedFit(2, {0, 1, 7, 2, 3, 8, 4}, {1, 2, 9, 5, 10, -3, 17.5}, {1, 1, CNaN, 1, 1, CInf, 1});
     EXPECT_EQ(weighted.Coefficients[2], expected.Coefficients[2]);
@@ -363,14 +192,8 @@ TEST(PolynomRegression, LeavesOutWhatIsOutsideOrNotFiniteAsWholePoints) {
 
 TEST(PolynomRegression, CountsAPointOfWeightTwoAsTwo) {
     const TValues x = {1, 2, 3, 5, 8}, y = {2, 1, 4, 3, 9}, w = {2, 1, 1, 3, 1};
-    TValues x2, y2;
-    for (std::size_t i = 0; i < x.size(); ++i)
-        for (int copy = 0; copy < w[i]; ++copy) {
-            x2.push_back(x[i]);
-            y2.push_back(y[i]);
-        }
     const auto a = WeightedFit(2, x, y, w);
-    const auto b = Fit(2, x2, y2);
+    const auto b = Fit(2, {1, 1, 2, 3, 5, 5, 5, 8}, {2, 2, 1, 4, 3, 3, 3, 9});
     for (int k = 0; k <= 2; ++k) ExpectDigits(15, a.Coefficients[k], b.Coefficients[k], "coefficient");
     for (const auto field : {&TKxPolynomRegessionResults::AverageX, &TKxPolynomRegessionResults::AverageY,
                              &TKxPolynomRegessionResults::VarianceX, &TKxPolynomRegessionResults::VarianceY,
@@ -385,16 +208,14 @@ TEST(PolynomRegression, CountsAPointOfWeightTwoAsTwo) {
 TEST(PolynomRegression, UsesWeightsOfAnySizeAndSign) {
     const TValues x = {1, 2, 3, 5, 8, 9}, y = {2, 1, 4, 3, 9, 5};
     const auto plain = Fit(2, x, y);
-    for (const double weight : {1e-300, 0.1, 1e300}) {
+    for (const double weight : {1e-300, 1e300}) {
         const auto results = WeightedFit(2, x, y, TValues(6, weight));
         for (int k = 0; k <= 2; ++k) {
             ExpectDigits(14, results.Coefficients[k], plain.Coefficients[k], "coefficient");
             ExpectDigits(14, results.DeltaCoefficients[k], plain.DeltaCoefficients[k], "error");
         }
         ExpectDigits(14, results.ChiSquare, plain.ChiSquare * weight, "chi-square");
-        if (weight < 1e-10) {
-            EXPECT_EQ(results.VarianceX, 0);
-        } // their sum is below 1
+        EXPECT_EQ(results.VarianceX == 0, weight < 1); // as the sum of weights is below 1
     }
     // A point without weight may be anywhere; a negative weight takes a point back.
     const auto without =
@@ -407,35 +228,32 @@ TEST(PolynomRegression, UsesWeightsOfAnySizeAndSign) {
 }
 
 TEST(PolynomRegression, RaisesRatherThanFittingTooLittle) {
-    const TValues same(5, 0.1), y = {1, 2, 4, 8, 16}, two = {1, 2, 1, 2, 1};
+    const TValues same(5, 0.1), y = {1, 2, 4, 8, 16};
     const TValues near = {1, std::nextafter(1, 2), 2, 0.5, 1e-30};
     const struct {
         int Order;
         TValues X, Y, W;
         std::string Message;
     } cases[] = {
-        {2, {1, 2}, {1, 2}, {1, 1}, CNotEnough},
         {-1, y, y, same, CNotEnough},
         {std::numeric_limits<int>::max(), y, y, same, CNotEnough},
-        {2, {}, {}, {}, CNotEnough},
-        {2, same, y, {0, 0, 0, 0, 0}, CNotEnough},
         {2, y, y, {1, 0, 1, 0, 0}, CNotEnough},
         {2, y, y, {1, 1, -3, 0, 1}, CNotEnough},
         {2, y, y, {}, CNotEnough},
         {1, same, y, same, CSingular},
-        {2, same, y, same, CSingular},
-        {2, two, y, same, CSingular},
+        {2, {1, 2, 1, 2, 1}, y, same, CSingular},
         {2, y, y, {1, 1, 1, -2.5, 0}, CSingular},
-        {4, {0, 1, 2, 1, 0, 2, 1, 3}, {1, 2, 3, 4, 5, 6, 7, 8}, TValues(8, 1), CSingular},
         {4, near, y, same, CSingular}, // different, but no more than pairs of doubles can tell
         {4, y, y, same, ""},
         {0, same, y, same, ""},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(MessageOf([&] { WeightedFit(c.Order, c.X, c.Y, c.W); }), c.Message) << c.Order;
+        EXPECT_EQ(test::MessageOf<EMathError>([&] { WeightedFit(c.Order, c.X, c.Y, c.W); }), c.Message)
+            << c.Order;
     TValues many;
     for (int i = 0; i < 100; ++i) many.push_back(0.01 * i);
-    for (const int order : {60, 65, 99}) EXPECT_EQ(MessageOf([&] { Fit(order, many, many); }), CSingular);
+    for (const int order : {60, 65})
+        EXPECT_EQ(test::MessageOf<EMathError>([&] { Fit(order, many, many); }), CSingular);
 
     TKxPolynomRegessionResults kept = Fit(2, {0, 1, 2}, {1, 6, 17});
     EXPECT_THROW(PolynomRegression(TValues{1}, TValues{1}, 0, 2, kept), EMathError);
@@ -453,15 +271,14 @@ TEST(PolynomRegression, WorksAtEveryScaleThatResultsHave) {
     };
     TValues y = {3, 1, 4, 1, 5, 9, 2, 6, 5};
     const auto plain = Fit(5, shape, y);
-    for (const int exponent : {-200, -100, 100, 500}) { // up to 1e150
+    for (const int exponent : {-200, 500}) { // up to 1e150
         const auto results = Fit(5, scaled(exponent), y);
         for (int k = 0; k <= 5; ++k) {
             EXPECT_EQ(results.Coefficients[k], std::ldexp(plain.Coefficients[k], -exponent * k));
             EXPECT_EQ(results.DeltaCoefficients[k], std::ldexp(plain.DeltaCoefficients[k], -exponent * k));
         }
         EXPECT_EQ(results.R2, plain.R2);
-        for (const double x : {1.1, 2.7})
-            EXPECT_EQ(EvaluateFit(results, std::ldexp(x, exponent)), EvaluateFit(plain, x));
+        EXPECT_EQ(EvaluateFit(results, std::ldexp(1.1, exponent)), EvaluateFit(plain, 1.1));
     }
     const TValues line = {1, 1.5, 2, 2.5, 3, 3.5, 4, 4.5, 5};
     const auto tiny = Fit(5, scaled(-664), line); // 1e-200
@@ -480,24 +297,18 @@ TEST(PolynomRegression, WorksAtEveryScaleThatResultsHave) {
 
 // The blocks, their last odd point and the second pass for small residuals.
 TEST(PolynomRegression, GivesTheSameForEveryNumberOfPoints) {
-    for (const int count : {3, 4, 127, 128, 129, 255, 257, 1000}) {
+    for (const int count : {4, 127, 128, 129, 256, 1000}) {
         TValues x, y;
-        double chiSquare = 0;
         for (int i = 0; i < count; ++i) {
             x.push_back(i - 0.5 * (count - 1));
-            // Alternating signs about the middle: orthogonal to a line for an even number of points.
-            const double error =
-                count % 2 == 0 ? (std::min(i, count - 1 - i) % 2 == 0 ? 0x1p-40 : -0x1p-40) : 0;
-            y.push_back(2 + x.back() + error);
-            chiSquare += 0x1p-80;
+            // Alternating signs about the middle: orthogonal to a line for counts that 4 divides.
+            const double sign = std::min(i, count - 1 - i) % 2 == 0 ? 1 : -1;
+            y.push_back(2 + x.back() + (count % 2 == 0 ? sign * 0x1p-40 : 0));
         }
         const auto results = Fit(1, x, y);
         EXPECT_EQ(results.Coefficients[1], 1) << count;
         ExpectDigits(12, results.VarianceX, count * (count + 1.0) / 12, "variance");
-        if (count % 4 == 0) ExpectDigits(12, results.ChiSquare, chiSquare, "chi-square");
-        if (count % 2 == 1) {
-            EXPECT_EQ(results.ChiSquare, 0);
-        }
+        ExpectDigits(12, results.ChiSquare, count % 2 == 0 ? count * 0x1p-80 : 0, "chi-square");
     }
 }
 
