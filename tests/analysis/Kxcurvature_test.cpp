@@ -40,24 +40,24 @@ TKxRealArray ErrorsOf(double (*Model)(double, const double*), const TNumbers& Co
 TNumbers LineErrors(const TNumbers& Weights, double Freedom) {
     double s = 0, sx = 0, sxx = 0;
     for (std::size_t i = 0; i < Weights.size(); ++i) {
-        s += std::abs(Weights[i]);
-        sx += std::abs(Weights[i]) * CPoints[i].X;
-        sxx += std::abs(Weights[i]) * CPoints[i].X * CPoints[i].X;
+        const double w = std::abs(Weights[i]), x = CPoints[i].X;
+        s += w, sx += w * x, sxx += w * x * x;
     }
     const double scale = 3 / Freedom / (s * sxx - sx * sx);
     return {std::sqrt(scale * sxx), std::sqrt(scale * s)};
 }
 
+double Line(double x, const double* c) { return c[0] + c[1] * x; }
+
 TEST(Curvature, WeightsAndOddScalesOfCoefficients) {
-    const auto line = [](double x, const double* c) { return c[0] + c[1] * x; };
-    struct TCase {
+    const struct {
         TNumbers Coefficients, Weights;
         double Freedom;
-    };
-    for (const auto& [coefficients, weights, freedom] :
-         {TCase{{2, 3}, {1, 1, 1, 1, 1}, 3}, TCase{{0, 3}, {1, -4, 2, 0.5, 7}, 3},
-          TCase{{1e-19, 3}, {1, 4, 2, 0.5, 0}, 2}, TCase{{-1e12, 1e-3}, {1e9, 1e9, 1e9, 1e9, 1e9}, 3}}) {
-        const auto errors = ErrorsOf(line, coefficients, weights);
+    } cases[] = {{{0, 3}, {1, -4, 2, 0.5, 7}, 3},
+                 {{1e-19, 3}, {1, 4, 2, 0.5, 0}, 2},
+                 {{-1e12, 1e-3}, {1e9, 1e9, 1e9, 1e9, 1e9}, 3}};
+    for (const auto& [coefficients, weights, freedom] : cases) {
+        const auto errors = ErrorsOf(Line, coefficients, weights);
         const TNumbers expected = LineErrors(weights, freedom);
         for (std::size_t k = 0; k < 2; ++k)
             EXPECT_NEAR(errors[int(k)] / expected[k], 1, 1e-4) << coefficients[0] << ", coefficient " << k;
@@ -65,33 +65,26 @@ TEST(Curvature, WeightsAndOddScalesOfCoefficients) {
 }
 
 TEST(Curvature, WhatCannotBeToldIsMarked) {
-    const auto line = [](double x, const double* c) { return c[0] + c[1] * x; };
-    const auto isMarked = [](const TKxRealArray& Errors) {
-        std::vector<bool> marked;
-        for (const double e : Errors) marked.push_back(e == CMaxReal);
-        return marked;
+    const auto root = [](double x, const double* c) { return c[0] + c[1] * std::sqrt(3 - x); };
+    const auto idle = [](double x, const double* c) { return c[0] + x * c[2]; };
+    const auto twins = [](double x, const double* c) { return c[0] * std::exp(c[2] - x) + c[1] * x; };
+    const struct {
+        const char* Name;
+        TKxRealArray Errors;
+        std::vector<bool> Marked;
+    } cases[] = {
+        {"few points", ErrorsOf(Line, {1, 1}, {}, 2), {true, true}},
+        {"few weights", ErrorsOf(Line, {1, 1}, {1, 1, 0, 0, 0}), {true, true}},
+        {"infinite sum", ErrorsOf(Line, {1, 1}, {}, 5, INFINITY), {true, true}},
+        {"not a number", ErrorsOf(root, {1, 1}), {true, true}},
+        {"not a number where it counts for nothing", ErrorsOf(root, {1, 1}, {1, 1, 1, 0, 0}), {false, false}},
+        {"no influence", ErrorsOf(idle, {1, 1, 1}), {false, true, false}},
+        {"one makes up for the other", ErrorsOf(twins, {3, 2, 1}), {true, false, true}},
     };
-    using TMarks = std::vector<bool>;
-    EXPECT_EQ(isMarked(ErrorsOf(line, {1, 1}, {}, 2)), (TMarks{true, true}))
-        << "as many coefficients as points";
-    EXPECT_EQ(isMarked(ErrorsOf(line, {1, 1}, {1, 1, 0, 0, 0})), (TMarks{true, true}));
-    EXPECT_EQ(isMarked(ErrorsOf(line, {1, 1}, {}, 5, INFINITY)), (TMarks{true, true}));
-    EXPECT_EQ(
-        isMarked(ErrorsOf([](double x, const double* c) { return c[0] + x * std::sqrt(-c[1]); }, {1, 1})),
-        (TMarks{true, true}))
-        << "not a number";
-    EXPECT_EQ(isMarked(ErrorsOf([](double x, const double* c) { return c[0] + x * c[2]; }, {1, 1, 1})),
-              (TMarks{false, true, false}))
-        << "no influence";
-    EXPECT_EQ(isMarked(ErrorsOf(
-                  [](double x, const double* c) { return c[0] * std::exp(c[2] - x) + c[1] * x; }, {3, 2, 1})),
-              (TMarks{true, false, true}))
-        << "one makes up for the other";
-    EXPECT_EQ(isMarked(ErrorsOf([](double x, const double* c) { return c[0] + c[1] * std::sqrt(3 - x); },
-                                {1, 1}, {1, 1, 1, 0, 0})),
-              (TMarks{false, false}))
-        << "not a number where it counts for nothing";
-    for (const double e : ErrorsOf(line, {1, 1}, {}, 5, 0)) EXPECT_EQ(e, 0) << "on the model";
+    for (const auto& [name, errors, marked] : cases)
+        for (int k = 0; k < errors.Length(); ++k)
+            EXPECT_EQ(errors[k] == CMaxReal, marked[std::size_t(k)]) << name << ", coefficient " << k;
+    for (const double e : ErrorsOf(Line, {1, 1}, {}, 5, 0)) EXPECT_EQ(e, 0) << "on the model";
 }
 
 } // namespace
