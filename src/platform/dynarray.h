@@ -4,14 +4,33 @@
 
 #include <cassert>
 #include <cstddef>
-#include <cstdlib>
 #include <cstring>
 #include <initializer_list>
-#include <new>
 #include <type_traits>
 #include <utility>
 
 namespace kx {
+
+/// The storage of a TDynArray, of any type of element: the head of a piece of memory, the elements behind it.
+/// Memory is got and given back out of line: a compiler that sees the end of one holder inlined into the end
+/// of the next takes the memory for freed between them, since it cannot know that the count kept it.
+struct TArrayBlock {
+    int References;
+    int Length;
+    std::size_t Allocated; // elements that there is room for
+
+    void* Elements() { return reinterpret_cast<unsigned char*>(this) + COffset; }
+    /// Makes Block its holder's own and Length elements long; new elements are zero bytes. Length > 0.
+    static void Resize(TArrayBlock*& Block, std::size_t Length, std::size_t ElementSize);
+    static void Free(TArrayBlock* Block) noexcept;
+
+private:
+    static const std::size_t COffset;
+    static TArrayBlock* Reallocate(TArrayBlock* Block, std::size_t Elements, std::size_t ElementSize);
+    static void MakeOwn(TArrayBlock*& Block, std::size_t Wanted, std::size_t ElementSize);
+};
+inline constexpr std::size_t TArrayBlock::COffset = (sizeof(TArrayBlock) + alignof(std::max_align_t) - 1) /
+                                                    alignof(std::max_align_t) * alignof(std::max_align_t);
 
 /// Zero-based array of a trivially copyable T with shared elements. New elements are zero. Growing by small
 /// steps costs amortised O(1) a step: what is allocated may exceed Length().
@@ -44,15 +63,20 @@ public:
     /// Elements are reached unchecked but in builds with assertions.
     T& operator[](int Index) const {
         assert(Index >= 0 && Index < Length());
-        return Elements(FBlock)[Index];
+        return static_cast<T*>(FBlock->Elements())[Index];
     }
-    T* Data() const { return FBlock ? Elements(FBlock) : nullptr; }
+    T* Data() const { return FBlock ? static_cast<T*>(FBlock->Elements()) : nullptr; }
     T* begin() const { return Data(); }
     T* end() const { return Data() + Length(); }
 
     /// Makes the array Length elements long and its holder's own; kept elements keep their values.
     /// A negative length counts as 0; std::bad_alloc is raised when there is no memory.
-    void SetLength(int Length);
+    void SetLength(int Length) {
+        if (Length <= 0)
+            Release();
+        else
+            TArrayBlock::Resize(FBlock, std::size_t(Length), sizeof(T));
+    }
 
     /// A copy that shares nothing.
     TDynArray Clone() const {
@@ -64,66 +88,15 @@ public:
     bool SharesWith(const TDynArray& Other) const { return FBlock && FBlock == Other.FBlock; }
 
 private:
-    struct TBlock {
-        int References;
-        int Length;
-        std::size_t Allocated;
-    };
-    static constexpr std::size_t COffset = (sizeof(TBlock) + alignof(std::max_align_t) - 1) /
-                                           alignof(std::max_align_t) * alignof(std::max_align_t);
-
-    static T* Elements(TBlock* Block) {
-        return reinterpret_cast<T*>(reinterpret_cast<unsigned char*>(Block) + COffset);
-    }
-    static TBlock* Reallocate(TBlock* Block, std::size_t Elements) {
-        auto* block = static_cast<TBlock*>(std::realloc(Block, COffset + Elements * sizeof(T)));
-        if (!block) throw std::bad_alloc();
-        block->Allocated = Elements;
-        return block;
-    }
     void Retain() const {
         if (FBlock) ++FBlock->References;
     }
     void Release() {
-        if (FBlock && --FBlock->References == 0) std::free(FBlock);
+        if (FBlock && --FBlock->References == 0) TArrayBlock::Free(FBlock);
         FBlock = nullptr;
     }
-    void MakeOwn(std::size_t Wanted);
 
-    TBlock* FBlock = nullptr;
+    TArrayBlock* FBlock = nullptr;
 };
-
-template <class T>
-void TDynArray<T>::MakeOwn(std::size_t Wanted) {
-    if (!FBlock) {
-        FBlock = Reallocate(nullptr, Wanted);
-        FBlock->References = 1;
-        FBlock->Length = 0;
-    } else if (FBlock->References > 1) {
-        TBlock* own = Reallocate(nullptr, Wanted);
-        own->References = 1;
-        own->Length = FBlock->Length < int(Wanted) ? FBlock->Length : int(Wanted);
-        std::memcpy(static_cast<void*>(Elements(own)), Elements(FBlock),
-                    sizeof(T) * std::size_t(own->Length));
-        --FBlock->References;
-        FBlock = own;
-    } else if (FBlock->Allocated < Wanted) {
-        const std::size_t grown = FBlock->Allocated + FBlock->Allocated / 2;
-        FBlock = Reallocate(FBlock, grown > Wanted ? grown : Wanted);
-    }
-}
-
-template <class T>
-void TDynArray<T>::SetLength(int Length) {
-    if (Length <= 0) {
-        Release();
-        return;
-    }
-    MakeOwn(std::size_t(Length));
-    if (Length > FBlock->Length)
-        std::memset(static_cast<void*>(Elements(FBlock) + FBlock->Length), 0,
-                    sizeof(T) * std::size_t(Length - FBlock->Length));
-    FBlock->Length = Length;
-}
 
 } // namespace kx

@@ -49,13 +49,14 @@ TEST(QtPicture, FailureNamesTheFileAndLeavesItAsItWas) {
     qt::WritePng(file, {{100, 60}}, Scene);
     const std::string before = ReadFile(file);
     const struct {
-        TPictureOptions Options;
-        std::string Reason;
-    } cases[] = {{{{0, 5}}, "a picture of 0 x 5 pixels is empty"},
-                 {{{30000, 10}, 2}, "a picture of 60000 x 20 pixels is too large"},
-                 {{{32767, 32767}, 1e6}, "a picture of 32767000000 x 32767000000 pixels is too large"}};
+        TSize Size;
+        double Scale;
+        const char* Reason;
+    } cases[] = {{{0, 5}, 1, "a picture of 0 x 5 pixels is empty"},
+                 {{30000, 10}, 2, "a picture of 60000 x 20 pixels is too large"},
+                 {{32767, 32767}, 1e6, "a picture of 32767000000 x 32767000000 pixels is too large"}};
     for (const auto& c : cases) {
-        const auto write = [&] { qt::WritePng(file, c.Options, Scene); };
+        const auto write = [&] { qt::WritePng(file, {c.Size, c.Scale}, Scene); };
         EXPECT_EQ(MessageOf<EFileError>(write), file + ": " + c.Reason);
     }
     EXPECT_THROW(qt::WritePdf(directory / "no/such.pdf", {{100, 60}}, Scene), EFileError);
