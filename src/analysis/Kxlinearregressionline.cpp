@@ -1,6 +1,7 @@
 #include "analysis/Kxlinearregressionline.h"
 
 #include "numeric/Kxarithm.h"
+#include "persist/Kxoutfit.h"
 
 #include <cmath>
 #include <limits>
@@ -9,6 +10,8 @@
 namespace kx {
 
 namespace {
+
+constexpr double CNone = std::numeric_limits<double>::quiet_NaN(); ///< no value
 
 bool IsLogarithmic(const TKxAxis* Axis) { return Axis && Axis->GetScaling() != AxNormal; }
 
@@ -69,15 +72,16 @@ void TKxLinearRegressionLine::CalculateFunction() {
         columns = {copies[0], copies[1], copies[2]};
     }
     const double offset = FFit.Offset;
+    const TKxLinRegRules rules{FWeightMeaning, !FMarkers};
     try {
         if (FDoFixedOffset && weight)
-            OfsRegWithWeight(start, stop, columns.X, columns.Y, columns.W, FFit);
+            OfsRegWithWeight(start, stop, columns.X, columns.Y, columns.W, FFit, rules);
         else if (FDoFixedOffset)
-            OfsReg(start, stop, columns.X, columns.Y, FFit);
+            OfsReg(start, stop, columns.X, columns.Y, FFit, rules);
         else if (weight)
-            LinRegWithWeight(start, stop, columns.X, columns.Y, columns.W, FFit);
+            LinRegWithWeight(start, stop, columns.X, columns.Y, columns.W, FFit, rules);
         else
-            LinReg(start, stop, columns.X, columns.Y, FFit);
+            LinReg(start, stop, columns.X, columns.Y, FFit, rules);
     } catch (...) {
         FFit = {};
         if (FDoFixedOffset) FFit.Offset = offset;
@@ -89,7 +93,7 @@ void TKxLinearRegressionLine::CalculateFunction() {
 bool TKxLinearRegressionLine::HasLine() const { return FFit.Slope != CMaxReal && FFit.Offset != CMaxReal; }
 
 double TKxLinearRegressionLine::GetY(double X) const {
-    if (!HasLine()) return std::numeric_limits<double>::quiet_NaN();
+    if (!HasLine()) return CNone;
     const double y = FFit.Offset + FFit.Slope * (IsLogX() ? std::log10(X) : X);
     return IsLogY() ? Exp10(y) : y;
 }
@@ -111,43 +115,69 @@ AnsiString TKxLinearRegressionLine::GetFormula() const {
     return AnsiString(IsLogY() ? "lg(Y)=a+b(" : "Y=a+b(") + (IsLogX() ? "lg(X))" : "X)");
 }
 
-void TKxLinearRegressionLine::WriteResults(TKxIniList& List, const AnsiString& Section) const {
-    TKxCalculatedSeries::WriteResults(List, Section);
-    const auto real = [&](const char* Key, double Value) { List.WriteReal(Section, Key, Value); };
-    const auto percent = [&](const char* Key, double Delta, double Value) {
-        if (Value != 0) real(Key, std::abs(Delta / Value * 100));
-    };
+double TKxLinearRegressionLine::AdjustedDetermination() const {
+    const int coefficients = FDoFixedOffset ? 1 : 2;
+    const double free = FWeightMeaning == wmPrecisions ? FFit.Freedom : FFit.Points - coefficients;
+    if (!(free > 0)) return CNone;
+    return 1 - (1 - FFit.Determination) * (free + coefficients - 1) / free;
+}
+
+std::vector<TKxLinearRegressionLine::TValue> TKxLinearRegressionLine::Values() const {
     const auto onX = [this](double Value) { return IsLogX() ? Exp10(Value) : Value; };
     const auto onY = [this](double Value) { return IsLogY() ? Exp10(Value) : Value; };
+    const auto percent = [](double Delta, double Value) {
+        return Value == 0 ? CNone : std::abs(Delta / Value * 100);
+    };
+    const TKxLinearRegessionResults& f = FFit;
+    const bool line = HasLine(), hasErrors = line && f.Freedom > 0, hasR = f.HasDetermination;
+    const bool fixed = FDoFixedOffset, exact = f.Points == 2 || FWeightMeaning == wmPrecisions;
+    return {
+        {"AverageX", onX(f.AverageX), f.AverageX != CMaxReal},
+        {"VarianceX", onX(f.VarianceX), true}, // Kept: the power of ten of the variance of the logarithms
+        {"AverageY", onY(f.AverageY), f.AverageY != CMaxReal},
+        {"VarianceY", onY(f.VarianceY), true},
+        {"R", f.R, hasR || fixed},
+        {"ChiSquare", f.ChiSquare, line && (fixed || exact || hasErrors)},
+        {"Offset", f.Offset, line || fixed},
+        {"DeltaOffset", f.DeltaOffset, hasErrors || fixed},
+        {"DeltaOffset%", percent(f.DeltaOffset, f.Offset), hasErrors || fixed},
+        {"Slope", f.Slope, line},
+        {"DeltaSlope", f.DeltaSlope, hasErrors},
+        {"DeltaSlope%", percent(f.DeltaSlope, f.Slope), hasErrors},
+        {"Points", double(f.Points), true},
+        {"R2", f.Determination, hasR},
+        {"AdjR2", AdjustedDetermination(), hasR},
+    };
+}
+
+void TKxLinearRegressionLine::WriteResults(TKxIniList& List, const AnsiString& Section) const {
+    TKxCalculatedSeries::WriteResults(List, Section);
     List.WriteBool(Section, "DoFixedOffset", FDoFixedOffset);
-    real("AverageX", onX(FFit.AverageX));
-    real("VarianceX", onX(FFit.VarianceX)); // Kept: the power of ten of the variance of the logarithms
-    real("AverageY", onY(FFit.AverageY));
-    real("VarianceY", onY(FFit.VarianceY));
-    real("R", FFit.R);
-    real("ChiSquare", FFit.ChiSquare);
-    real("Offset", FFit.Offset);
-    real("DeltaOffset", FFit.DeltaOffset);
-    percent("DeltaOffset%", FFit.DeltaOffset, FFit.Offset);
-    real("Slope", FFit.Slope);
-    real("DeltaSlope", FFit.DeltaSlope);
-    percent("DeltaSlope%", FFit.DeltaSlope, FFit.Slope);
-    List.WriteInteger(Section, "Points", FFit.Points);
-    real("R2", FFit.Determination);
-    const int free = FFit.Points - (FDoFixedOffset ? 1 : 2);
-    if (free > 0) real("AdjR2", 1 - (1 - FFit.Determination) * (FFit.Points - 1) / free);
+    for (const auto& [key, value, known] : Values())
+        if ((known || FMarkers) && !std::isnan(value)) List.WriteReal(Section, key, value);
+}
+
+std::vector<AnsiString> TKxLinearRegressionLine::KeysWithoutValue() const {
+    std::vector<AnsiString> keys;
+    for (const auto& [key, value, known] : Values())
+        if (std::isnan(value) || !(known || FMarkers)) keys.push_back(key);
+    return keys;
 }
 
 void TKxLinearRegressionLine::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
     TKxCalculatedSeries::WriteToIni(Ini, Section);
     Ini.WriteBool(Section, "DoFixedOffset", FDoFixedOffset);
     Ini.WriteReal(Section, "Offset", FFit.Offset);
+    detail::WriteOutfitValue(Ini, Section, "WeightMeaning", FWeightMeaning);
+    Ini.WriteBool(Section, "Markers", FMarkers);
 }
 
 void TKxLinearRegressionLine::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
     TKxCalculatedSeries::ReadFromIni(Ini, Section);
     FDoFixedOffset = Ini.ReadBool(Section, "DoFixedOffset", FDoFixedOffset);
     FFit.Offset = Ini.ReadReal(Section, "Offset", FFit.Offset);
+    FWeightMeaning = detail::ReadOutfitValue(Ini, Section, "WeightMeaning", FWeightMeaning, FWeightMeaning);
+    FMarkers = Ini.ReadBool(Section, "Markers", FMarkers);
 }
 
 const TPropertyTable& TKxLinearRegressionLine::Properties() {
@@ -158,6 +188,10 @@ const TPropertyTable& TKxLinearRegressionLine::Properties() {
             Published<&T::GetDoFixedOffset, &T::SetDoFixedOffset>("DoFixedOffset", false,
                                                                   "the line keeps the given offset"),
             Published<&T::GetOffset, &T::SetFixedOffset>("Offset", 0.0, "the fixed offset"),
+            Published<&T::GetWeightMeaning, &T::SetWeightMeaning>("WeightMeaning", wmCounts,
+                                                                  "what weights say"),
+            Published<&T::GetMarkers, &T::SetMarkers>("Markers", true,
+                                                      "results that data leave open have markers"),
         });
     return table;
 }

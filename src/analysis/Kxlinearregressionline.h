@@ -4,6 +4,8 @@
 #include "analysis/Kxcalculatedseries.h"
 #include "analysis/Kxlinregr.h"
 
+#include <vector>
+
 namespace kx {
 
 /// Y = a + b X by least squares. On a logarithmic axis the decimal logarithms of that coordinate are fitted:
@@ -19,6 +21,14 @@ public:
     double GetOffset() const { return FFit.Offset; }
     /// Switches DoFixedOffset on.
     void SetFixedOffset(double Offset);
+    /// What weights mean for variances and standard errors; counts at first.
+    TKxWeightMeaning GetWeightMeaning() const { return FWeightMeaning; }
+    void SetWeightMeaning(TKxWeightMeaning Meaning) { ChangeSetting(FWeightMeaning, Meaning); }
+    /// Whether what the data leave open has a marker (the default): in the results Slope and Offset 1.7E308,
+    /// R and R2 1, standard errors 0; and no line for equal y. Without markers the results have no such keys,
+    /// and the line through equal y is level.
+    bool GetMarkers() const { return FMarkers; }
+    void SetMarkers(bool Markers) { ChangeSetting(FMarkers, Markers); }
     /// Of the last calculation; on logarithmic axes of the logarithms.
     const TKxLinearRegessionResults& GetFit() const { return FFit; }
 
@@ -33,8 +43,11 @@ public:
     /// logarithmic axis 10 to that power); R, ChiSquare, Offset, DeltaOffset, DeltaOffset% (of |Offset|,
     /// unless that is 0), Slope, DeltaSlope, DeltaSlope%; then Points, the number N of points that took part;
     /// R2 = 1 - ChiSquare / Syy; AdjR2 = 1 - (1 - R2) (N - 1) / (N - p) with p = 2 coefficients, or 1 with a
-    /// fixed offset. The standard errors DeltaOffset and DeltaSlope are scaled by the reduced chi-square.
+    /// fixed offset, and without points of weight 0 where weights are precisions. The standard errors
+    /// DeltaOffset and DeltaSlope are scaled by the reduced chi-square.
     void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
+    /// Keys that the results lack because the data leave them open.
+    std::vector<AnsiString> KeysWithoutValue() const;
     void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
     void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
 
@@ -45,12 +58,21 @@ protected:
     void CalculateFunction() override;
 
 private:
+    /// A result; unknown when it is a marker.
+    struct TValue {
+        const char* Key;
+        double Value;
+        bool Known;
+    };
+    std::vector<TValue> Values() const;
+    double AdjustedDetermination() const;
     bool HasLine() const;
     void PlaceEnds();
     bool IsLogX() const;
     bool IsLogY() const;
 
-    bool FDoFixedOffset = false;
+    bool FDoFixedOffset = false, FMarkers = true;
+    TKxWeightMeaning FWeightMeaning = wmCounts;
     TKxLinearRegessionResults FFit;
 };
 

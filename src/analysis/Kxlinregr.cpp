@@ -125,18 +125,22 @@ double FiniteOrMark(double Value) { return std::isfinite(Value) ? Value : CMaxRe
 struct TFit {
     std::vector<TBlock> Blocks;
     TKxLinearRegessionResults& Results;
-    double W = 0; ///< sum of weights; the count without weights
+    TKxLinRegRules Rules;
+    double W = 0;       ///< sum of weights; the count without weights
+    double Counted = 0; ///< what degrees of freedom are counted from
     TLine Means{};
     TMoments About{};
 
     void TakeMeans(double LeastCount) {
-        double count = 0;
-        for (const TBlock& block : Blocks) count += block.Count;
-        if (count < LeastCount ||
-            std::ranges::none_of(Blocks, [](const TBlock& B) { return B.Centre.HasWeight; }))
-            throw EMathError("Not enough data!");
+        double count = 0, withWeight = 0;
+        for (const TBlock& block : Blocks) {
+            count += block.Count;
+            withWeight += block.WithWeight;
+        }
+        if (count < LeastCount || withWeight == 0) throw EMathError("Not enough data!");
         Results.Points = static_cast<int>(count);
         W = SumOver(Blocks, [](const TBlock& B) { return B.Centre.W; });
+        Counted = Rules.Weights == wmCounts ? W : withWeight;
         Means.X = Mean(Blocks, W, &TCentre::X, &TBlock::Px);
         Means.Y = Mean(Blocks, W, &TCentre::Y, &TBlock::Py);
         Results.AverageX = FiniteOrMark(Means.X.High);
@@ -145,8 +149,9 @@ struct TFit {
     }
     /// They stay 0 where they have no value.
     bool StoreVariances() {
-        return !(W > 1) ||
-               (Store(Results.VarianceX, About.Xx / (W - 1)) && Store(Results.VarianceY, About.Yy / (W - 1)));
+        const double divisor = (Counted - 1) * (W / Counted);
+        return !(divisor > 0) ||
+               (Store(Results.VarianceX, About.Xx / divisor) && Store(Results.VarianceY, About.Yy / divisor));
     }
     bool StoreLine() {
         if (!(W > 0 && About.Xx > 0)) return false;
@@ -156,15 +161,21 @@ struct TFit {
         const double offset =
             std::fma(-slope.High, x.High, y.High) + (y.Low - slope.High * x.Low - slope.Low * x.High);
         if (!(Store(Results.Slope, slope.High) && Store(Results.Offset, offset) &&
-              Store(Results.ChiSquare, ChiSquareOf(line, Blocks)) && StoreVariances() && About.Yy > 0))
+              Store(Results.ChiSquare, ChiSquareOf(line, Blocks)) && StoreVariances()))
             return false;
+        Results.R = Results.Determination = 1;
+        if (!(About.Yy > 0)) return Rules.LevelLines;
         // Rounding alone could bring R beyond 1.
         const double r = std::sqrt(About.Xx) * slope.High / std::sqrt(About.Yy);
-        return Store(Results.R, std::isfinite(r) ? std::clamp(r, -1.0, 1.0) : r) &&
-               Store(Results.Determination, 1 - Results.ChiSquare / About.Yy);
+        return Store(Results.R, std::isfinite(r) ? std::clamp(r, -1.0, 1.0) : r) && StoreDetermination();
+    }
+    bool StoreDetermination() {
+        Results.HasDetermination =
+            About.Yy > 0 && Store(Results.Determination, 1 - Results.ChiSquare / About.Yy);
+        return Results.HasDetermination;
     }
     bool StoreErrors() {
-        const double x = Means.X.High, freedom = W - 2;
+        const double x = Means.X.High, freedom = Results.Freedom = Counted - 2;
         return freedom > 0 &&
                Store(Results.DeltaSlope, std::sqrt(Results.ChiSquare / (freedom * About.Xx))) &&
                Store(Results.DeltaOffset,
@@ -193,16 +204,16 @@ void FitThroughOffset(TFit&& Fit) {
     Fit.TakeMeans(1);
     const TLine offset{{0}, {results.Offset}};
     const TMoments about = MomentsAbout(offset, Fit.Blocks);
-    if (!Fit.StoreSlopeThroughOffset(offset, about)) {
+    const bool hasLine = Fit.StoreSlopeThroughOffset(offset, about);
+    if (!hasLine) {
         results.Slope = CMaxReal;
         results.ChiSquare = 0;
     }
     Fit.StoreVariances();
-    if (!(Fit.About.Yy > 0 && Store(results.Determination, 1 - results.ChiSquare / Fit.About.Yy)))
-        results.Determination = 1;
-    const double freedom = Fit.W - 1;
+    if (!(hasLine && Fit.StoreDetermination())) results.Determination = 1;
+    const double freedom = results.Freedom = Fit.Counted - 1;
     if (!(freedom > 0 && Store(results.DeltaSlope, std::sqrt(results.ChiSquare / (freedom * about.Xx)))))
-        results.DeltaSlope = results.ChiSquare = 0;
+        results.DeltaSlope = 0;
 }
 
 TPoints PointsOf(std::span<const double> X, std::span<const double> Y) {
@@ -226,27 +237,29 @@ void ClearForOffset(TKxLinearRegessionResults& Results) {
 } // namespace
 
 void LinReg(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-            TKxLinearRegessionResults& Results) {
+            TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules) {
     ClearForFree(Results);
-    FitFree({BlocksOf(PointsOf(X, Y), Start, Stop), Results});
+    FitFree({BlocksOf(PointsOf(X, Y), Start, Stop), Results, Rules});
 }
 
 void LinRegWithWeight(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-                      std::span<const double> W, TKxLinearRegessionResults& Results) {
+                      std::span<const double> W, TKxLinearRegessionResults& Results,
+                      const TKxLinRegRules& Rules) {
     ClearForFree(Results);
-    FitFree({BlocksOf(PointsOf(X, Y, W), Start, Stop), Results});
+    FitFree({BlocksOf(PointsOf(X, Y, W), Start, Stop), Results, Rules});
 }
 
 void OfsReg(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-            TKxLinearRegessionResults& Results) {
+            TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules) {
     ClearForOffset(Results);
-    FitThroughOffset({BlocksOf(PointsOf(X, Y), Start, Stop), Results});
+    FitThroughOffset({BlocksOf(PointsOf(X, Y), Start, Stop), Results, Rules});
 }
 
 void OfsRegWithWeight(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-                      std::span<const double> W, TKxLinearRegessionResults& Results) {
+                      std::span<const double> W, TKxLinearRegessionResults& Results,
+                      const TKxLinRegRules& Rules) {
     ClearForOffset(Results);
-    FitThroughOffset({BlocksOf(PointsOf(X, Y, W), Start, Stop), Results});
+    FitThroughOffset({BlocksOf(PointsOf(X, Y, W), Start, Stop), Results, Rules});
 }
 
 } // namespace kx

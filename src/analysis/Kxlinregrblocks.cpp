@@ -119,8 +119,8 @@ TCentre CentreOf(const TPoints& P) {
     std::size_t first = 0; // not one without weight: its values may be as senseless as they like
     if constexpr (Weighted)
         while (first < P.Count && P.W[first] == 0) ++first;
-    const bool hasWeight = first < P.Count;
-    const double x0 = P.X[hasWeight ? first : 0], y0 = P.Y[hasWeight ? first : 0];
+    if (first == P.Count) first = 0;
+    const double x0 = P.X[first], y0 = P.Y[first];
     const auto [sumX, sumY, sumW] = Sums<Weighted, 3>(P, [=](auto& Sum, const auto& At) {
         Sum[0] = Sum[0] + At.W * (At.X - x0); // so equal values have a mean without rounding
         Sum[1] = Sum[1] + At.W * (At.Y - y0);
@@ -128,7 +128,7 @@ TCentre CentreOf(const TPoints& P) {
     });
     const double w = Weighted ? sumW : static_cast<double>(P.Count);
     const double divisor = w > 0 ? w : CInf; // makes 0 of finite sums only
-    return {w, x0 + sumX / divisor, y0 + sumY / divisor, hasWeight};
+    return {w, x0 + sumX / divisor, y0 + sumY / divisor};
 }
 
 template <bool Weighted>
@@ -152,7 +152,9 @@ TBlock BlockOf(const TPoints& P, const TCentre& Centre) {
         Sum[0] = Sum[0] + wr * r;
         Sum[1] = Sum[1] + wr * dx;
     });
-    return {Centre, static_cast<double>(P.Count), px, py, qxx, qxy, qyy, slope, rr, rx};
+    const double count = static_cast<double>(P.Count);
+    const double without = Weighted ? static_cast<double>(std::count(P.W, P.W + P.Count, 0.0)) : 0;
+    return {Centre, count, count - without, px, py, qxx, qxy, qyy, slope, rr, rx};
 }
 
 /// Room for those points of a block that take part, where not all do.

@@ -18,7 +18,6 @@ struct TPoints {
 /// positive one of the points. Not finite if any value of the points is not.
 struct TCentre {
     double W, X, Y;
-    bool HasWeight; ///< some weight is not zero
     bool IsFinite() const { return std::isfinite(W) && std::isfinite(X) && std::isfinite(Y); }
 };
 
@@ -27,8 +26,8 @@ struct TCentre {
 /// cancel.
 struct TBlock {
     TCentre Centre;
-    double Count;
-    double Px, Py; ///< sums of dx, dy: what rounding left
+    double Count, WithWeight; ///< points, and those of a weight that is not zero
+    double Px, Py;            ///< sums of dx, dy: what rounding left
     double Qxx, Qxy, Qyy;
     double Slope;
     double Rr, Rx; ///< sums of r squared, of r dx

@@ -1,6 +1,7 @@
 #include "analysis/Kxpolinomial.h"
 
 #include "numeric/Kxstrings.h"
+#include "persist/Kxoutfit.h"
 
 #include <algorithm>
 #include <limits>
@@ -46,7 +47,7 @@ void TKxPolynomLine::CalculateFunction() {
     if (!parent->GetXData() || !parent->GetYData()) throw EMathError("Not enough data!");
     if (const auto* weight = GetWeight())
         PolynomRegressionWithWeight(*parent->GetXData(), *parent->GetYData(), *weight, GetCalculationStart(),
-                                    GetCalculationStop(), FFit);
+                                    GetCalculationStop(), FFit, FWeightMeaning);
     else
         PolynomRegression(*parent->GetXData(), *parent->GetYData(), GetCalculationStart(),
                           GetCalculationStop(), FFit);
@@ -77,7 +78,7 @@ void TKxPolynomLine::WriteResults(TKxIniList& List, const AnsiString& Section) c
         real(numbered("Coeff", i), FFit.Coefficients[i]);
     }
     List.WriteInteger(Section, "Points", FFit.Points);
-    if (FFit.Points <= FFit.Order + 1) return;
+    if (FFit.Freedom <= 0) return;
     real("AdjR2", FFit.AdjR2);
     for (int i = 0; i <= FFit.Order; ++i) real(numbered("DeltaCoeff", i), FFit.DeltaCoefficients[i]);
 }
@@ -85,19 +86,23 @@ void TKxPolynomLine::WriteResults(TKxIniList& List, const AnsiString& Section) c
 void TKxPolynomLine::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
     TKxCalculatedSeries::WriteToIni(Ini, Section);
     Ini.WriteInteger(Section, "Order", FFit.Order);
+    detail::WriteOutfitValue(Ini, Section, "WeightMeaning", FWeightMeaning);
 }
 
 void TKxPolynomLine::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
     TKxCalculatedSeries::ReadFromIni(Ini, Section);
     const int order = Ini.ReadInteger(Section, "Order", FFit.Order);
     if (order != FFit.Order) StoreOrder(order);
+    FWeightMeaning = detail::ReadOutfitValue(Ini, Section, "WeightMeaning", FWeightMeaning, FWeightMeaning);
 }
 
 const TPropertyTable& TKxPolynomLine::Properties() {
     using T = TKxPolynomLine;
     static const TPropertyTable table(
         "TKxPolynomLine", &TKxCalculatedSeries::Properties(),
-        {Published<&T::GetOrder, &T::SetOrder>("Order", CLowestOrder, "degree of the polynomial")});
+        {Published<&T::GetOrder, &T::SetOrder>("Order", CLowestOrder, "degree of the polynomial"),
+         Published<&T::GetWeightMeaning, &T::SetWeightMeaning>("WeightMeaning", wmCounts,
+                                                               "what weights say")});
     return table;
 }
 

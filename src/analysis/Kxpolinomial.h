@@ -14,6 +14,9 @@ public:
     /// The degree, at least 2.
     int GetOrder() const { return FFit.Order; }
     void SetOrder(int Order);
+    /// What weights mean for variances; counts at first. See Kxpolyregr.h.
+    TKxWeightMeaning GetWeightMeaning() const { return FWeightMeaning; }
+    void SetWeightMeaning(TKxWeightMeaning Meaning) { ChangeSetting(FWeightMeaning, Meaning); }
     /// Coefficient of X to the power I, 0 <= I <= Order; 0 before the first fit. Raises ERangeError
     /// "Polynomial: Index of variable out of range".
     double GetCoeff(int I) const;
@@ -28,7 +31,8 @@ public:
     /// (100 QRel), CoeffName(i) and Coeff(i) of each coefficient from i = 1; then Points, the number N of
     /// points that took part; AdjR2 = 1 - (1 - r2) (N - 1) / (N - Order - 1); DeltaCoeff(i), the
     /// coefficients' standard errors sqrt(ChiSquare / (N - Order - 1) (inverse of the normal matrix)[i][i]),
-    /// so scaled by the reduced chi-square. AdjR2 and DeltaCoeff are written where N > Order + 1.
+    /// so scaled by the reduced chi-square. AdjR2 and DeltaCoeff are written where N > Order + 1. Where
+    /// weights are precisions N of all but Points leaves out the points of weight 0.
     void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
     void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
     void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
@@ -43,6 +47,7 @@ private:
     void StoreOrder(int Order);
 
     TKxPolynomRegessionResults FFit;
+    TKxWeightMeaning FWeightMeaning = wmCounts;
 };
 
 } // namespace kx

@@ -58,7 +58,8 @@ double LargestOf(const TPolynom& Polynom) {
 
 class TFit {
 public:
-    TFit(const TKxFitPoints& Points, int Order) : FPoints(Points), FExtent(ExtentOf(Points)), FOrder(Order) {
+    TFit(const TKxFitPoints& Points, int Order, TKxWeightMeaning Meaning)
+        : FPoints(Points), FExtent(ExtentOf(Points)), FOrder(Order), FMeaning(Meaning) {
         CheckPoints();
         FFrame = FrameOf(FExtent);
         FSums = SumsOfPowers(Points, FFrame, Order, std::max(2 * Order, 2));
@@ -81,6 +82,7 @@ private:
     TKxFitPoints FPoints;
     TKxFitExtent FExtent;
     int FOrder;
+    TKxWeightMeaning FMeaning;
     TKxFitFrame FFrame;
     TKxFitSums FSums;
     TKxDoubledMatrix FUpper; // Cholesky factor of the normal matrix in inner coordinates
@@ -205,21 +207,26 @@ void TFit::SetStatistics(TKxPolynomRegessionResults& Results) const {
     const double chiSquare = squares.Residuals.Hi;
     const double syy = FExtent.LowY == FExtent.HighY ? 0 : squares.Deviations.Hi;
     const int exponent = 2 * FFrame.ExponentY + FFrame.ExponentW;
-    const double points = static_cast<double>(FExtent.Count);
+    const bool counts = FMeaning == wmCounts;
+    const double points = static_cast<double>(counts ? FExtent.Count : FExtent.WithWeight);
     const double freedom = points - FOrder - 1;
     Results.ChiSquare = std::ldexp(chiSquare, exponent);
     Results.Points = static_cast<int>(FExtent.Count);
+    Results.Freedom = static_cast<int>(freedom);
     // Negative weights may bring a sum of squares below 0.
     Results.QRel = std::ldexp(std::sqrt(std::max(chiSquare, 0.0) / (points - FOrder)), exponent / 2);
     Results.R2 = syy == 0 ? 1 : 1 - chiSquare / syy;
     Results.AdjR2 = freedom > 0 ? 1 - (1 - Results.R2) * (points - 1) / freedom : Results.R2;
     Results.DeltaCoefficients = StandardErrors(freedom > 0 ? std::max(chiSquare, 0.0) / freedom : 0);
 
-    const double divisor = (Scaled(sumOfWeights, FFrame.ExponentW) - 1).Hi;
+    // In units of 2^ExponentW with precisions, which may be as small as they like.
+    const double divisor =
+        counts ? (Scaled(sumOfWeights, FFrame.ExponentW) - 1).Hi : sumOfWeights.Hi * ((points - 1) / points);
     if (!(divisor > 0)) return;
+    const int exponentW = counts ? FFrame.ExponentW : 0;
     const TKxDoubled sxx = FSums.Powers[2] - meanX * FSums.Powers[1];
-    Results.VarianceX = std::ldexp(sxx.Hi / divisor, 2 * FFrame.ExponentX + FFrame.ExponentW);
-    Results.VarianceY = std::ldexp(syy / divisor, exponent);
+    Results.VarianceX = std::ldexp(sxx.Hi / divisor, 2 * FFrame.ExponentX + exponentW);
+    Results.VarianceY = std::ldexp(syy / divisor, 2 * FFrame.ExponentY + exponentW);
 }
 
 bool AreFinite(const TKxRealArray& Values) {
@@ -252,14 +259,14 @@ double EvaluateFit(const TKxPolynomRegessionResults& Results, double X) {
 void PolynomRegression(std::span<const double> X, std::span<const double> Y, double Start, double Stop,
                        TKxPolynomRegessionResults& Results) {
     const std::size_t count = std::min(X.size(), Y.size());
-    Results = TFit({X.data(), Y.data(), nullptr, count, Start, Stop}, Results.Order).Results();
+    Results = TFit({X.data(), Y.data(), nullptr, count, Start, Stop}, Results.Order, wmCounts).Results();
 }
 
 void PolynomRegressionWithWeight(std::span<const double> X, std::span<const double> Y,
                                  std::span<const double> W, double Start, double Stop,
-                                 TKxPolynomRegessionResults& Results) {
+                                 TKxPolynomRegessionResults& Results, TKxWeightMeaning Meaning) {
     const std::size_t count = std::min({X.size(), Y.size(), W.size()});
-    Results = TFit({X.data(), Y.data(), W.data(), count, Start, Stop}, Results.Order).Results();
+    Results = TFit({X.data(), Y.data(), W.data(), count, Start, Stop}, Results.Order, Meaning).Results();
 }
 
 } // namespace kx

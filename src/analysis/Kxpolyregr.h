@@ -10,6 +10,7 @@
 // coefficients in x follow from there and are rounded last. What is still too near to singular for that
 // raises rather than giving a polynomial through rounding noise.
 
+#include "analysis/Kxweightmeaning.h"
 #include "numeric/Kxvector.h"
 
 #include <span>
@@ -22,13 +23,14 @@ struct TKxPolynomRegessionResults { // the spelling is part of the interface
     TKxRealArray Coefficients; ///< Order + 1: y = c0 + c1 x + c2 x^2 + ..., for the reader; see EvaluateFit
     double AverageX = 0;       ///< (weighted) mean of x
     double AverageY = 0;       ///< (weighted) mean of y
-    double VarianceX = 0; ///< sample variance of x: Sxx / (N - 1), with weights Sxx / (sum of weights - 1)
-    double VarianceY = 0; ///< sample variance of y, likewise; both 0 where the divisor is not positive
-    double R2 = 0;        ///< 1 - ChiSquare / Syy; 1 when all y are equal
-    double QRel = 0;      ///< sqrt(ChiSquare / (N - Order)), N the number of points
-    double ChiSquare = 0; ///< (weighted) sum of squared residuals
+    double VarianceX = 0;      ///< sample variance of x: Sxx / (N - 1); see PolynomRegressionWithWeight
+    double VarianceY = 0;      ///< sample variance of y, likewise; both 0 where the divisor is not positive
+    double R2 = 0;             ///< 1 - ChiSquare / Syy; 1 when all y are equal
+    double QRel = 0;           ///< sqrt(ChiSquare / (N - Order)), N the number of points
+    double ChiSquare = 0;      ///< (weighted) sum of squared residuals
 
-    int Points = 0; ///< how many points took part
+    int Points = 0;  ///< how many points took part
+    int Freedom = 0; ///< degrees of freedom: N - Order - 1
 
     TKxRealArray DeltaCoefficients; ///< standard errors: sqrt(ChiSquare / (N - Order - 1) * (inverse
                                     ///< M)[i][i]), M the normal matrix in x; 0 for N = Order + 1
@@ -42,8 +44,8 @@ struct TKxPolynomRegessionResults { // the spelling is part of the interface
 /// cancel. 0 before the first fit.
 double EvaluateFit(const TKxPolynomRegessionResults& Results, double X);
 
-/// Fits the polynomial of degree Results.Order. N counts all points that take part, also those of weight 0. A
-/// coefficient too small for a double is 0. All else raises, and Results stays as it was:
+/// Fits the polynomial of degree Results.Order. N counts all points that take part, as a rule also those of
+/// weight 0. A coefficient too small for a double is 0. All else raises, and Results stays as it was:
 /// - EMathError "Not enough data!" for Order < 0, for less than Order + 1 points (with a weight other than
 /// 0),
 ///   and when the sum of weights is not positive;
@@ -53,9 +55,12 @@ double EvaluateFit(const TKxPolynomRegessionResults& Results, double X);
 /// - EOverflow when a result is beyond the range of a double.
 void PolynomRegression(std::span<const double> X, std::span<const double> Y, double Start, double Stop,
                        TKxPolynomRegessionResults& Results);
+/// Standard errors never depend on the unit of the weights. Variances are Sxx / (Sw - 1) with weights that
+/// are counts, Sw being their sum; with precisions N / (N - 1) Sxx / Sw, and points of weight 0 do not count
+/// in N.
 void PolynomRegressionWithWeight(std::span<const double> X, std::span<const double> Y,
                                  std::span<const double> W, double Start, double Stop,
-                                 TKxPolynomRegessionResults& Results);
+                                 TKxPolynomRegessionResults& Results, TKxWeightMeaning Meaning = wmCounts);
 
 inline void PolynomRegression(const TKxCustomRealVector& X, const TKxCustomRealVector& Y, double Start,
                               double Stop, TKxPolynomRegessionResults& Results) {
@@ -63,8 +68,9 @@ inline void PolynomRegression(const TKxCustomRealVector& X, const TKxCustomRealV
 }
 inline void PolynomRegressionWithWeight(const TKxCustomRealVector& X, const TKxCustomRealVector& Y,
                                         const TKxCustomRealVector& W, double Start, double Stop,
-                                        TKxPolynomRegessionResults& Results) {
-    PolynomRegressionWithWeight(X.Values(), Y.Values(), W.Values(), Start, Stop, Results);
+                                        TKxPolynomRegessionResults& Results,
+                                        TKxWeightMeaning Meaning = wmCounts) {
+    PolynomRegressionWithWeight(X.Values(), Y.Values(), W.Values(), Start, Stop, Results, Meaning);
 }
 
 } // namespace kx

@@ -75,12 +75,15 @@ TEST(LinearRegressionLine, HeedsWeightsRangeAndAGivenOffset) {
     EXPECT_NEAR(f.Result("Slope"), (1 * 2 + 2 * 3 + 3 * 4) / 14.0, 1e-13);
     EXPECT_EQ(f.Result("Offset"), -1);
 
+    f.Line->SetWeightMeaning(wmPrecisions);
+    f.Line->SetMarkers(false);
     TKxIniList ini;
     f.Line->WriteToIni(ini, "L");
     TKxLinearRegressionLine read(f.Form);
     read.ReadFromIni(ini, "L");
     EXPECT_TRUE(read.GetDoFixedOffset());
     EXPECT_EQ(read.GetOffset(), -1);
+    EXPECT_EQ(std::pair(read.GetWeightMeaning(), read.GetMarkers()), std::pair(wmPrecisions, false));
 }
 
 TEST(LinearRegressionLine, WritesItsKeysInOrderAndTheirNumbers) {
@@ -117,6 +120,43 @@ TEST(LinearRegressionLine, DrawsNothingWhereThereIsNoLine) {
     EXPECT_EQ(f.Result("Slope"), 1.7e308);
     EXPECT_TRUE(std::isnan(f.Line->GetY(1)));
     EXPECT_LT(f.Y->GetStop(), 10) << "a marker moves no axis";
+}
+
+TEST(LinearRegressionLine, WithoutMarkersKeysAreLeftOutThatDataLeaveOpen) {
+    const struct {
+        const char* What;
+        std::vector<TKxRealPos> Points;
+        const char* Missing; ///< of those that a line with markers has
+        bool Drawn;
+    } cases[] = {
+        {"y equal", {{1, 5}, {2, 5}, {4, 5}}, "R DeltaSlope% R2 AdjR2 ", true},
+        {"two points", {{1, 5}, {2, 7}}, "DeltaOffset DeltaOffset% DeltaSlope DeltaSlope% ", true},
+        {"x equal",
+         {{1, 5}, {1, 6}, {1, 9}},
+         "R ChiSquare Offset DeltaOffset DeltaOffset% Slope DeltaSlope DeltaSlope% R2 AdjR2 ",
+         false},
+        {"all known", {{1, 5}, {2, 6}, {3, 9}}, "", true},
+    };
+    for (const auto& c : cases) {
+        TFixture f;
+        for (const auto& point : c.Points) f.Fill({{point.X, point.Y}});
+        f.Line->SetParentSeries(f.Series);
+        TStringList with, without;
+        f.Line->GetResults().ReadSection("Line1", with);
+        f.Line->SetMarkers(false);
+        f.Draw();
+        f.Line->GetResults().ReadSection("Line1", without);
+        std::string missing;
+        for (int i = 0, k = 0; i < with.GetCount(); ++i)
+            if (k < without.GetCount() && without.GetLine(k) == with.GetLine(i))
+                ++k;
+            else
+                missing += with.GetLine(i) + " ";
+        EXPECT_EQ(missing, c.Missing) << c.What;
+        EXPECT_EQ(f.Line->GetPointsCount() > 0, c.Drawn) << c.What;
+        EXPECT_EQ(f.Result("Slope") == 0, std::string(c.What) == "y equal") << c.What;
+        for (const auto& key : f.Line->KeysWithoutValue()) EXPECT_TRUE(std::isnan(f.Result(key.c_str())));
+    }
 }
 
 TEST(LinearRegressionLine, ReachesAnAxisEndThatIsMovedOutAndStaysInAZoom) {

@@ -22,17 +22,19 @@ constexpr double CInf = std::numeric_limits<double>::infinity();
 constexpr double CNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// Without weights an empty W.
-TResults Fit(const TReals& X, const TReals& Y, const TReals& W = {}, double Start = -CInf,
-             double Stop = CInf) {
+TResults Fit(const TReals& X, const TReals& Y, const TReals& W = {}, double Start = -CInf, double Stop = CInf,
+             const TKxLinRegRules& Rules = {}) {
     TResults results{.R = CNaN, .ChiSquare = CNaN}; // nothing of it may stay
-    W.empty() ? LinReg(Start, Stop, X, Y, results) : LinRegWithWeight(Start, Stop, X, Y, W, results);
+    W.empty() ? LinReg(Start, Stop, X, Y, results, Rules)
+              : LinRegWithWeight(Start, Stop, X, Y, W, results, Rules);
     return results;
 }
 TResults FitThrough(double Offset, const TReals& X, const TReals& Y, const TReals& W = {},
-                    double Start = -CInf, double Stop = CInf) {
+                    double Start = -CInf, double Stop = CInf, const TKxLinRegRules& Rules = {}) {
     TResults results{.DeltaOffset = CNaN, .R = CNaN};
     results.Offset = Offset;
-    W.empty() ? OfsReg(Start, Stop, X, Y, results) : OfsRegWithWeight(Start, Stop, X, Y, W, results);
+    W.empty() ? OfsReg(Start, Stop, X, Y, results, Rules)
+              : OfsRegWithWeight(Start, Stop, X, Y, W, results, Rules);
     return results;
 }
 
@@ -136,6 +138,39 @@ TEST(LinReg, SmallAndDegenerateDataGiveExactLinesMarkersAndZeros) {
     }
 }
 
+TEST(LinReg, EqualYHaveALevelLineWhereItIsAskedFor) {
+    const TKxLinRegRules level{wmCounts, true};
+    for (const TReals& w : {TReals{}, TReals{1, 2, 4}}) {
+        const TResults r = Fit({1, 2, 4}, {.1, .1, .1}, w, -CInf, CInf, level);
+        EXPECT_EQ(std::tuple(r.Slope, r.Offset, r.ChiSquare, r.DeltaSlope), std::tuple(0, .1, 0, 0));
+        EXPECT_FALSE(r.HasDetermination);
+    }
+    EXPECT_EQ(Fit({1, 1}, {5, 5}, {}, -CInf, CInf, level).Slope, CMaxReal) << "not at one x";
+    EXPECT_TRUE(Fit({1, 2}, {5, 6}, {}, -CInf, CInf, level).HasDetermination);
+}
+
+TEST(LinReg, PrecisionsInAnyUnitGiveTheSameErrors) {
+    const TReals x{0, 1, 2, 3, 9}, y{1, 2.5, 2, 5, 100};
+    for (const double unit : {1.0, 100.0, 0.01}) {
+        const TReals w{unit, 2 * unit, 4 * unit, 2 * unit, 0}; // the last one is no point
+        const TResults free = Fit(x, y, w, -CInf, CInf, {wmPrecisions});
+        const TResults through = FitThrough(1, x, y, w, -CInf, CInf, {wmPrecisions});
+        const std::pair<double, double> cases[] = {
+            {free.Slope, 75. / 68},
+            {free.DeltaSlope, std::sqrt(3861. / 9248)},
+            {free.DeltaOffset, std::sqrt(3861. / 2312)},
+            {free.VarianceX, 4. / 3 * 68 / 81},
+            {free.VarianceY, 4. / 3 * 31 / 18},
+            {free.ChiSquare, 429. / 68 * unit},
+            {through.Slope, 35. / 36},
+            {through.DeltaSlope, std::sqrt(233. / 3888)},
+            {through.ChiSquare, 233. / 36 * unit},
+            {through.VarianceX, 4. / 3 * 68 / 81},
+        };
+        for (const auto& c : cases) EXPECT_NEAR(c.first, c.second, 1e-13 * c.second) << unit << &c - cases;
+    }
+}
+
 TEST(LinReg, TooFewPointsOrNoWeightsAreNotEnoughData) {
     const struct {
         TReals X, Y, W;
@@ -163,14 +198,15 @@ TEST(LinReg, TooFewPointsOrNoWeightsAreNotEnoughData) {
 
 /// The slow way: points picked one by one, formulas as they are in books. Fields in the order of the record.
 std::array<double, 11> Reference(const TReals& X, const TReals& Y, const TReals& W, double Start, double Stop,
-                                 bool Free, double Offset) {
+                                 bool Free, double Offset, TKxWeightMeaning Meaning) {
     std::vector<std::array<TExtended, 3>> points;
-    TExtended n = 0, meanX = 0, meanY = 0, xx = 0, xy = 0, yy = 0, xx0 = 0, xy0 = 0, chi = 0;
+    TExtended n = 0, points0 = 0, meanX = 0, meanY = 0, xx = 0, xy = 0, yy = 0, xx0 = 0, xy0 = 0, chi = 0;
     for (std::size_t i = 0; i < X.size(); ++i) {
         const double w = W.empty() ? 1 : W[i];
         if (!(Start <= X[i] && X[i] <= Stop) || !std::isfinite(X[i] * 0 + Y[i] * 0 + w * 0)) continue;
         points.push_back({X[i], Y[i], w});
         n += w;
+        points0 += w != 0;
         meanX += TExtended(w) * X[i];
         meanY += TExtended(w) * Y[i];
     }
@@ -185,10 +221,12 @@ std::array<double, 11> Reference(const TReals& X, const TReals& Y, const TReals&
     }
     const TExtended b = Free ? xy / xx : xy0 / xx0, a = Free ? meanY - b * meanX : Offset;
     for (const auto& [x, y, w] : points) chi += w * (y - a - b * x) * (y - a - b * x);
-    const TExtended freedom = n - (Free ? 2 : 1), error = freedom > 0 ? std::sqrt(chi / freedom) : 0;
-    const TExtended part = n > 1 ? 1 / (n - 1) : 0, r = Free ? xy / std::sqrt(xx * yy) : 0;
+    const TExtended counted = Meaning == wmCounts ? n : points0, freedom = counted - (Free ? 2 : 1);
+    const TExtended error = freedom > 0 ? std::sqrt(chi / freedom) : 0;
+    const TExtended part = counted > 1 ? counted / n / (counted - 1) : 0,
+                    r = Free ? xy / std::sqrt(xx * yy) : 0;
     const TExtended errorA = Free ? error * std::sqrt(meanX * meanX / xx + 1 / n) : 0;
-    const TExtended errorB = error / std::sqrt(Free ? xx : xx0), left = freedom > 0 ? chi : 0;
+    const TExtended errorB = error / std::sqrt(Free ? xx : xx0), left = freedom > 0 || !Free ? chi : 0;
     std::array<double, 11> fields;
     std::ranges::copy(
         std::array{b, errorB, a, errorA, meanX, meanY, xx * part, yy * part, 1 - chi / yy, r, left},
@@ -223,9 +261,11 @@ TEST(LinReg, AllFitsAgreeWithAPlainReferenceOnRandomDataWithGapsAndRanges) {
         const double offset = uniform(-5, 5) * scale;
         for (const TReals& weights : {TReals{}, w})
             for (bool isFree : {true, false}) {
-                const auto expected = Reference(x, y, weights, start, stop, isFree, offset);
-                const auto fields = FieldsOf(isFree ? Fit(x, y, weights, start, stop)
-                                                    : FitThrough(offset, x, y, weights, start, stop));
+                const auto meaning = pick({0, 1}) == 0 ? wmCounts : wmPrecisions;
+                const auto expected = Reference(x, y, weights, start, stop, isFree, offset, meaning);
+                const TKxLinRegRules rules{meaning, pick({0, 1}) == 0};
+                const auto fields = FieldsOf(isFree ? Fit(x, y, weights, start, stop, rules)
+                                                    : FitThrough(offset, x, y, weights, start, stop, rules));
                 for (std::size_t i = 0; i < fields.size(); ++i) {
                     // Where terms cancel, what is left is as exact as they were.
                     const double terms = i == 8 || i == 9   ? 1

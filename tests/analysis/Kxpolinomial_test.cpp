@@ -60,11 +60,13 @@ TEST(PolynomLine, FailuresNameTheSeriesAndAnOutfitKeepsTheOrder) {
               "Parabola: Cholesky Decomposition ([i,i]): Matrix is not positive definite!");
     EXPECT_EQ(f.Fit->GetCoeff(2), 0);
     f.Fit->SetOrder(7);
+    f.Fit->SetWeightMeaning(wmPrecisions);
     TKxIniList ini;
     f.Fit->WriteToIni(ini, "P");
     TKxPolynomLine read(f.Form);
     read.ReadFromIni(ini, "P");
     EXPECT_EQ(read.GetOrder(), 7);
+    EXPECT_EQ(read.GetWeightMeaning(), wmPrecisions);
     EXPECT_EQ(read.GetCoeff(7), 0);
 }
 

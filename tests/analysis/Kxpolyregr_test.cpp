@@ -28,10 +28,11 @@ TKxPolynomRegessionResults Fit(int Order, const TValues& X, const TValues& Y, do
     return results;
 }
 
-TKxPolynomRegessionResults WeightedFit(int Order, const TValues& X, const TValues& Y, const TValues& W) {
+TKxPolynomRegessionResults WeightedFit(int Order, const TValues& X, const TValues& Y, const TValues& W,
+                                       TKxWeightMeaning Meaning = wmCounts) {
     TKxPolynomRegessionResults results;
     results.Order = Order;
-    PolynomRegressionWithWeight(X, Y, W, -CInf, CInf, results);
+    PolynomRegressionWithWeight(X, Y, W, -CInf, CInf, results, Meaning);
     return results;
 }
 
@@ -216,6 +217,15 @@ TEST(PolynomRegression, UsesWeightsOfAnySizeAndSign) {
         }
         ExpectDigits(14, results.ChiSquare, plain.ChiSquare * weight, "chi-square");
         EXPECT_EQ(results.VarianceX == 0, weight < 1); // as the sum of weights is below 1
+        const auto precise = WeightedFit(2, {1, 2, 3, 5, 8, 9, 4}, {2, 1, 4, 3, 9, 5, 70},
+                                         {weight, weight, weight, weight, weight, weight, 0}, wmPrecisions);
+        for (const auto field :
+             {&TKxPolynomRegessionResults::VarianceX, &TKxPolynomRegessionResults::VarianceY,
+              &TKxPolynomRegessionResults::R2, &TKxPolynomRegessionResults::AdjR2})
+            ExpectDigits(14, precise.*field, plain.*field, "field");
+        for (int k = 0; k <= 2; ++k)
+            ExpectDigits(14, precise.DeltaCoefficients[k], plain.DeltaCoefficients[k], "precise error");
+        EXPECT_EQ(std::pair(precise.Points, precise.Freedom), std::pair(7, 3));
     }
     // A point without weight may be anywhere; a negative weight takes a point back.
     const auto without =
