@@ -2,6 +2,8 @@
 
 #include "kxplot/analysisprogram.h"
 
+#include <iomanip>
+
 namespace {
 
 using namespace kxplot::test;
@@ -41,6 +43,68 @@ TEST_F(KxplotFits, FindWhatTheDataHold) {
     };
     for (const auto& [arguments, section, key, expected] : cases)
         EXPECT_NEAR(Result(arguments, section, key), expected, 1e-10) << arguments;
+}
+
+// m and p are errors of y towards both sides, with the mean s; c is 0.01 / s^2. z = 10^l, and k is the error
+// of z that l's error of s makes.
+TEST_F(KxplotFits, AreWeighedByColumnsOrErrorsOfAnyUnit) {
+    std::ostringstream table;
+    table << std::setprecision(15) << "t,y,s,m,p,c,l,z,k\n";
+    const double rows[][4] = {{1, 2.1, 0.1, 0.5}, {2, 3.9, 0.2, 1.6}, {3, 6.2, 0.1, 2.4}, {4, 7.7, 0.4, 3.7}};
+    for (const auto& [t, y, s, l] : rows) {
+        for (const double value : {t, y, s, s / 2, s * 1.5, 0.01 / s / s, l, std::pow(10, l)})
+            table << value << ',';
+        table << s * std::log(10) * std::pow(10, l) << '\n';
+    }
+    Write("d.csv", table.str());
+    const auto errorOf = [&](const std::string& Arguments, const char* Key = "DeltaSlope") {
+        const char* section = Key[5] == 'S' ? "LinearRegression" : "NonlinearRegression";
+        return Result(Arguments, section, Key);
+    };
+    const double expected = errorOf("-y y --weight c --fit a+b*x --start a=1,b=1 --repeat 3", "Delta(b)");
+    for (const char* arguments :
+         {"--weight c", "--dy s --weight-by-errors", "--dy-minus s --weight-by-errors",
+          "--dy m --dy-minus p --weight-by-errors"})
+        EXPECT_NEAR(errorOf(std::string("-y y --fit line ") + arguments), expected, 1e-8) << arguments;
+    for (const char* section : {"LinearRegression", "PolynomialRegression"})
+        EXPECT_NEAR(Result("-y y --dy s --weight-by-errors --fit line --fit poly:2", section, "VarianceX"),
+                    Result("-y y --weight c --fit line --fit poly:2", section, "VarianceX"), 1e-12);
+    EXPECT_GT(std::abs(errorOf("-y y --fit line --dy s") - expected), 1e-3) << "errors alone weigh nothing";
+    const double ofLogarithms = errorOf("-y l --dy s --weight-by-errors --fit line");
+    for (const char* arguments : {"", "--save-outfit o.ini", "--outfit o.ini"})
+        EXPECT_NEAR(errorOf(std::string("-y z --dy k --weight-by-errors --log-y --fit line ") + arguments),
+                    ofLogarithms, 1e-12)
+            << arguments;
+    EXPECT_NEAR(
+        errorOf("-y y --dy s --weight-by-errors --outfit o.ini --set YAxis.Scaling=AxNormal --fit line"),
+        expected, 1e-8)
+        << "weights of logarithms are no part of an outfit";
+    Write("d.csv", "# two lines\nt,u,s\n1,2,0.1\n3,,\n4,5,0\n5,6,\n");
+    const std::pair<const char*, const char*> refused[] = {
+        {"1-y u --dy s", "d\\.csv:5: the error of u is 0; --weight-by-errors needs one above 0"},
+        {"1-y u --dy s --to 3", "d\\.csv:5: .*"},
+        {"1-x t -y t --dy-minus s", "d\\.csv:4: the error of t is missing; .*"},
+        {"2-y u -y s --dy t", "--weight-by-errors: series 2, s, has no --dy"},
+        {"2-y u --dy t --weight s", "--weight-by-errors: does not go with --weight"},
+    };
+    for (const auto& [arguments, message] : refused)
+        ExpectError(arguments[0] - '0', std::string("d.csv --fit line --weight-by-errors ") + (arguments + 1),
+                    message);
+}
+
+// No degrees of freedom, equal y: what has no value is not in the report, and labels say so.
+TEST_F(KxplotFits, SayNothingThatDataLeaveOpen) {
+    const std::tuple<const char*, TNames, TNames> cases[] = {
+        {"t,u\n1,5\n2,7\n", {"Slope=2", "R2=1"}, {"DeltaSlope", "DeltaSlope%", "DeltaOffset"}},
+        {"t,u\n1,5\n2,5\n4,5\n", {"Slope=0", "Offset=5", "DeltaSlope=0"}, {"R", "R2"}},
+    };
+    for (const auto& [data, held, missing] : cases) {
+        Write("d.csv", data);
+        const std::string results = Results("--fit line -o p.svg --label 1." + missing[0]);
+        for (const auto& line : held) EXPECT_NE(results.find("\n" + line + "\n"), std::string::npos) << line;
+        for (const auto& key : missing) EXPECT_EQ(results.find("\n" + key + "="), std::string::npos) << key;
+        EXPECT_NE(Read("p.svg").find(">" + missing[0] + " = ...<"), std::string::npos) << data;
+    }
 }
 
 TEST_F(KxplotFits, WriteResultsToAFileOrToStandardOutputAlone) {

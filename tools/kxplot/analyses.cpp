@@ -1,9 +1,11 @@
 #include "kxplot/analyses.h"
 
+#include "analysis/Kxlinearregressionline.h"
 #include "kxplot/captiontext.h"
 #include "kxplot/formulaline.h"
 #include "kxplot/lines.h"
 #include "kxplot/look.h"
+#include "kxplot/weights.h"
 #include "platform/numbertext.h"
 #include "platform/text.h"
 
@@ -32,6 +34,14 @@ std::string KeyIn(const TAnalysis& Analysis, const std::string& Key) {
     const auto alike = [&](const std::string& Other) { return SameText(Other, Key); };
     const auto found = std::find_if(keys.begin(), keys.end(), alike);
     return found == keys.end() ? "" : *found;
+}
+
+/// Whether the key is one that results have, but for these data.
+bool LeavesOpen(const TAnalysis& Analysis, const std::string& Key) {
+    const auto* line = dynamic_cast<const TKxLinearRegressionLine*>(Analysis.Line);
+    if (!line) return false;
+    const auto keys = line->KeysWithoutValue();
+    return std::any_of(keys.begin(), keys.end(), [&](const auto& Other) { return SameText(Other, Key); });
 }
 
 /// The keys of some analyses, each told once.
@@ -143,6 +153,17 @@ void TAnalyses::Refuse() {
     }
 }
 
+void TAnalyses::WeighLogarithms() {
+    for (const auto& analysis : FItems) {
+        const auto* parent = analysis.Line->GetParentSeries();
+        if (analysis.Spec.Method != TMethod::Line || !parent || !parent->GetWeight()) continue;
+        if (!parent->GetYAxis() || parent->GetYAxis()->GetScaling() == AxNormal) continue;
+        auto* weight = new TKxLiveVector(analysis.Line->GetOwner());
+        weight->AddValues(WeightsOfLogarithms(parent->GetWeight()->Values(), parent->GetYData()->Values()));
+        analysis.Line->SetWeight(weight);
+    }
+}
+
 bool TAnalyses::RunFormulas() {
     TFitWatch watch;
     for (const auto& analysis : FItems)
@@ -172,7 +193,7 @@ const TAnalysis& TAnalyses::Find(TLabelSpec& Label) const {
         return *analysis;
     }
     for (const TAnalysis* analysis : candidates)
-        if (analysis->HasFailed()) return *analysis;
+        if (analysis->HasFailed() || LeavesOpen(*analysis, Label.Key)) return *analysis;
     throw TUsageError("--label: '" + Escaped(Label.Text) + "': there is no such result; the keys are " +
                       ListOfKeys(candidates));
 }

@@ -46,13 +46,15 @@ public:
     void Configure();
     /// Takes lines out of the picture whose points have no place on a logarithmic axis.
     void Refuse();
+    /// Gives lines that are fitted to logarithms of y the weights of those, given weights by errors of y.
+    void WeighLogarithms();
     /// Does the formula fits, on a settled graph, after which nothing may be changed that they depend on.
     /// Returns false after an interruption.
     bool RunFormulas();
 
     const std::vector<TAnalysis>& GetItems() const { return FItems; }
     /// The analysis that Label means; its key as it stands in the results goes into Label. Raises TUsageError
-    /// when there is none, unless the one that should have the key has failed.
+    /// when there is none, unless the one that should have the key has failed or its data leave it open.
     const TAnalysis& Find(TLabelSpec& Label) const;
     /// One line in plain text for each analysis without a curve.
     std::vector<std::string> GetFailures() const;

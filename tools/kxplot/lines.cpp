@@ -42,10 +42,15 @@ void ConfigureFormula(TKxFittedLine& Line, const TAnalysisSpec& Spec, const TOpt
 
 void ConfigureMethod(TKxCalculatedSeries& Line, const TAnalysisSpec& Spec, const TOptions& Options) {
     if (auto* line = dynamic_cast<TKxLinearRegressionLine*>(&Line)) {
+        line->SetWeightMeaning(wmPrecisions);
+        line->SetMarkers(false);
         line->SetDoFixedOffset(Spec.Setting.has_value());
         if (Spec.Setting) line->SetFixedOffset(*Spec.Setting);
     }
-    if (auto* polynomial = dynamic_cast<TKxPolynomLine*>(&Line)) polynomial->SetOrder(Spec.Degree);
+    if (auto* polynomial = dynamic_cast<TKxPolynomLine*>(&Line)) {
+        polynomial->SetWeightMeaning(wmPrecisions);
+        polynomial->SetOrder(Spec.Degree);
+    }
     if (auto* formula = dynamic_cast<TKxFittedLine*>(&Line)) ConfigureFormula(*formula, Spec, Options);
     if (auto* akima = dynamic_cast<TKxAkimaFunction*>(&Line)) {
         akima->SetSmoothM(Spec.Setting.value_or(0));
@@ -74,6 +79,7 @@ TKxCalculatedSeries* MakeLine(const TAnalysisSpec& Spec, TComponent* Form) {
 // nobody measured; an integral would begin somewhere else.
 void ConfigureLine(TKxCalculatedSeries& Line, const TAnalysisSpec& Spec, const TOptions& Options) {
     ConfigureMethod(Line, Spec, Options);
+    Line.SetParentWeight(true); // an outfit may come from a line with weights of its own
     Line.SetDisplayAutoStart(Spec.IsFit() && !Options.From);
     Line.SetDisplayAutoStop(Spec.IsFit() && !Options.To);
     Line.SetAutoStart(!Options.From);

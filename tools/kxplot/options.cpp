@@ -115,12 +115,15 @@ void ParseAnalyses(const TRawOptions& Raw, TOptions& Options) {
     ParseFits(Raw, Options);
     ParseCurves(Raw, Options);
     for (const auto& text : Raw.Labels) Options.Labels.push_back(ParseLabel(text));
+    if (Options.Weight && Options.WeightByErrors)
+        throw TUsageError("--weight-by-errors: does not go with --weight");
     Options.From = ParseLimit("--from", Raw.From);
     Options.To = ParseLimit("--to", Raw.To);
     if (Options.From && Options.To && *Options.From > *Options.To)
         throw TUsageError("--from: " + *Raw.From + " lies above --to " + *Raw.To);
     CheckNeeds(!Options.Analyses.empty(), "--fit, --curve, --derivative or --integral",
                {{"--weight", Options.Weight.has_value()},
+                {"--weight-by-errors", Options.WeightByErrors},
                 {"--from", Options.From.has_value()},
                 {"--to", Options.To.has_value()},
                 {"--results", !Options.Results.empty()},

@@ -40,6 +40,7 @@ struct TOptions {
     int Iterations = 1000, Repeat = 1;   ///< of formula fits
     bool Covariance = false;
     std::optional<std::string> Weight; ///< column
+    bool WeightByErrors = false;
     std::optional<double> From, To;
     std::string Results; ///< file; "-" is standard output, empty none
     std::vector<TLabelSpec> Labels;

@@ -170,6 +170,7 @@ void TPlot::Apply(const TOptions& Options) {
     for (const auto& assignment : Options.Assignments) Assign(assignment);
     SettleTree(*FForm);
     FAnalyses->Refuse();
+    if (Options.WeightByErrors) FAnalyses->WeighLogarithms();
     SettleTree(*FForm);
     FInterrupted = !FAnalyses->RunFormulas();
     FGraph->Modified(); // curves that are calculated outside of a frame ask for none

@@ -79,6 +79,8 @@ private:
                                         const TOptions& Options);
     kx::TKxNotCalculatedSeries* MakePoints(const TColumns& Columns, const TValues& Values,
                                            const TOptions& Options);
+    /// The weights of the next series; null for none.
+    kx::TKxLiveVector* MakeErrorWeight(const TTable& Table, const TColumns& Columns, const TValues& Values);
     kx::TKxNotCalculatedSeries* MakeArrows(const TColumns& Columns, const TValues& Values);
     kx::TKxNotCalculatedSeries* MakeBars(const TColumns& Columns, const TValues& Values,
                                          const TOptions& Options);

@@ -4,6 +4,7 @@
 #include "kxplot/bins.h"
 #include "kxplot/look.h"
 #include "kxplot/plot.h"
+#include "kxplot/weights.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -90,7 +91,7 @@ void TPlot::MakeSeries(const TTable& Table, const TColumns& Columns, const TOpti
     for (const int column : Columns.Y) {
         auto* series = MakeOne(Columns, values, Options);
         series->SetName("Series" + std::to_string(FSeries.size() + 1));
-        series->SetWeight(weight);
+        series->SetWeight(Options.WeightByErrors ? MakeErrorWeight(Table, Columns, values) : weight);
         series->SetAutoCaption(EscapeCaption(Table.ColumnName(column)));
         FSeries.push_back(series);
         FAnalyses->AddTo(*series, FForm.get());
@@ -131,6 +132,20 @@ TKxNotCalculatedSeries* TPlot::MakePoints(const TColumns& Columns, const TValues
     series->SetXData(FXVector);
     series->SetYData(y);
     return series;
+}
+
+TKxLiveVector* TPlot::MakeErrorWeight(const TTable& Table, const TColumns& Columns, const TValues& Values) {
+    const std::size_t k = FSeries.size();
+    const std::string name = Table.ColumnName(Columns.Y[k]), number = std::to_string(k + 1);
+    const int plus = Columns.DYPlus[k], minus = Columns.DYMinus[k];
+    if (plus < 0 && minus < 0)
+        throw TUsageError("--weight-by-errors: series " + number + ", " + name + ", has no --dy");
+    const auto errors = [&](int Column) {
+        return Column < 0 ? std::span<const double>() : std::span<const double>(Values.Of(Column));
+    };
+    return MakeVector("Weight" + number,
+                      WeightsByErrors(Table, {name, FXVector->Values(), Values.Of(Columns.Y[k]), errors(plus),
+                                              errors(minus)}));
 }
 
 TKxNotCalculatedSeries* TPlot::MakeArrows(const TColumns& Columns, const TValues& Values) {

@@ -15,7 +15,7 @@ void AddDataOptions(CLI::App& App, TRawOptions& Raw) {
     columns("-y", o.Y,
             "column of a series (several allowed; default: every other numeric column but that of --weight)");
     columns("--dx", o.DX, "errors of x; the k-th belongs to the k-th series");
-    columns("--dy", o.DY, "errors of y, likewise");
+    columns("--dy", o.DY, "errors of y, likewise; they weigh nothing without --weight-by-errors");
     columns("--dx-minus", o.DXMinus, "errors towards smaller x where they differ from --dx");
     columns("--dy-minus", o.DYMinus, "errors towards smaller y where they differ from --dy");
     columns("--vx", o.VX, "x components of --style arrows; the k-th belongs to the k-th series");
@@ -61,8 +61,13 @@ void AddCurveOptions(CLI::App& App, TRawOptions& Raw) {
 
 void AddAnalysisOptions(CLI::App& App, TRawOptions& Raw) {
     auto& o = Raw.Options;
-    App.add_option("--weight", o.Weight, "column of the points' weights in fits and curves, e.g. 1/variance")
+    App.add_option("--weight", o.Weight,
+                   "column of the points' weights in fits and curves: 1/variance up to a factor, which "
+                   "changes no standard error")
         ->type_name("COL");
+    App.add_flag("--weight-by-errors", o.WeightByErrors,
+                 "weighs the points in fits and curves by 1/error^2 of --dy (of the mean of --dy and "
+                 "--dy-minus); --dy alone weighs nothing");
     App.add_option("--from", Raw.From, "fits and curves take the points from this x on, and begin there")
         ->type_name("X");
     App.add_option("--to", Raw.To, "fits and curves take the points up to this x, and end there")

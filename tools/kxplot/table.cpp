@@ -56,6 +56,15 @@ void TTable::Fail(long Line, const std::string& What) const {
     throw TTableError(kx::Escaped(FName) + (Line > 0 ? ":" + std::to_string(Line) : "") + ": " + What);
 }
 
+void TTable::FailInRow(std::size_t Row, const std::string& What) const {
+    TRowReader rows(FText, FBodyAt, FBodyLine, FSeparator);
+    std::string_view cell;
+    for (std::size_t i = 0; i <= Row && rows.NextRow(); ++i)
+        while (rows.NextCell(cell)) {
+        }
+    Fail(rows.Line(), What);
+}
+
 // The separator that cuts all of the first rows into as many cells; failing that, one that cuts most of them,
 // or at least the very first one (the row that differs is told later). A single column has none.
 void TTable::FindSeparator() {

@@ -44,6 +44,9 @@ public:
     /// no number, or a row with more or fewer cells than the first, naming its line.
     std::vector<std::vector<double>> ReadColumns(const std::vector<int>& Columns) const;
 
+    /// Raises TTableError about a row that ReadColumns has read, zero-based, naming its line.
+    [[noreturn]] void FailInRow(std::size_t Row, const std::string& What) const;
+
 private:
     void FindSeparator();
     void ReadHead();

@@ -1,0 +1,45 @@
+#include "kxplot/weights.h"
+
+#include "platform/numbertext.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace kxplot {
+
+namespace {
+
+double ErrorOf(const TErrors& Errors, std::size_t Row) {
+    if (Errors.Plus.empty()) return Errors.Minus[Row];
+    if (Errors.Minus.empty()) return Errors.Plus[Row];
+    return (Errors.Plus[Row] + Errors.Minus[Row]) / 2;
+}
+
+} // namespace
+
+std::vector<double> WeightsByErrors(const TTable& Table, const TErrors& Errors) {
+    std::vector<double> weights;
+    weights.reserve(Errors.Y.size());
+    for (std::size_t i = 0; i < Errors.Y.size(); ++i) {
+        const double sigma = ErrorOf(Errors, i), weight = 1 / sigma / sigma;
+        const bool isPoint = std::isfinite(Errors.X[i]) && std::isfinite(Errors.Y[i]);
+        if (isPoint && !(sigma > 0 && weight > 0 && std::isfinite(weight)))
+            Table.FailInRow(i, "the error of " + Errors.Name + " is " +
+                                   (std::isnan(sigma) ? "missing" : kx::FloatToStr(sigma)) +
+                                   "; --weight-by-errors needs one above 0");
+        weights.push_back(weight);
+    }
+    return weights;
+}
+
+std::vector<double> WeightsOfLogarithms(std::span<const double> Weights, std::span<const double> Y) {
+    std::vector<double> weights;
+    for (std::size_t i = 0; i < std::min(Weights.size(), Y.size()); ++i) {
+        const double scale = Y[i] * std::numbers::ln10;
+        weights.push_back(Weights[i] * scale * scale);
+    }
+    return weights;
+}
+
+} // namespace kxplot
