@@ -53,8 +53,9 @@ public:
     double GetCalculationStop() const { return FCalculationStop; }
     void SetCalculationStop(double X);
 
-    // Where the curve is shown. An automatic end follows the X axis and goes before the coupling, by which
-    // the display range is that of the calculation; setting an end switches both off.
+    // Where the curve is shown. An automatic end follows the X axis (the start of an integral: that of its
+    // calculation) and goes before the coupling, by which the display range is that of the calculation;
+    // setting an end switches both off.
     bool GetDisplayAutoStart() const { return FDisplayAutoStart; }
     void SetDisplayAutoStart(bool Auto) { ChangeSetting(FDisplayAutoStart, Auto); }
     bool GetDisplayAutoStop() const { return FDisplayAutoStop; }
@@ -111,22 +112,19 @@ protected:
     /// The calculation itself: results from the parent's data, then the curve. Raises EMathError.
     virtual void CalculateFunction();
 
-    /// X positions of the curve, one a pixel, from DisplayStart to DisplayStop; evenly spaced on the axis, so
-    /// in decades on a logarithmic one. At most two more than pixels.
+    /// X positions of the curve, one a pixel, from DisplayStart to DisplayStop, both included; evenly spaced
+    /// on the axis, so in decades on a logarithmic one. At most two more than pixels. Of a display range far
+    /// wider than the axis the visible part.
     void GetXSpacings();
-    /// GetXSpacings and GetY at each. (The spelling is part of the interface.)
+    /// GetXSpacings and GetY at each; while the axis waits for its layout not before that. (The spelling is
+    /// part of the interface.)
     void GetContinousLine();
-    /// Computes the curve between the display ends, from results that stand: GetContinousLine.
-    virtual void FillCurve() { GetContinousLine(); }
-    /// The first layout, a resize, or an automatic display end that the axis has outgrown: the curve has to
-    /// be filled anew. Moves such ends.
-    bool CurveIsOutgrown();
+    /// Where an automatic display start lies: at that of the X axis.
+    virtual double AutomaticDisplayStart() const { return GetXAxis()->GetStart(); }
     /// Takes the Y axis to draw against when the series gets a parent: the parent's.
     virtual void TakeYAxis(TKxNotCalculatedSeries& Parent) { SetYAxis(Parent.GetYAxis()); }
     /// The curve as given, instead.
     void SetCurve(std::span<const double> X, std::span<const double> Y);
-    /// Ordinates to the positions of GetXSpacings.
-    void SetCurveY(std::span<const double> Y) { Fill(*FDisplayY, Y); }
     /// To be called when the curve has changed outside of Calculate: screen points and extents follow.
     void CurveChanged();
     /// Moves the automatic display ends outward where the axis reaches further; whether any moved.
@@ -154,6 +152,8 @@ protected:
     TKxLiveVector& DisplayY() { return *FDisplayY; }
 
 private:
+    enum class TSampling { None, Due, Done }; ///< of a curve by GetContinousLine
+
     void ChangeAutomatic(bool& Field, bool Auto);
     void SettingChanged();
     void Join(TKxNotCalculatedSeries* Parent);
@@ -166,6 +166,9 @@ private:
     void StoreResultsIn(TKxIniList& List, AnsiString& Last, const AnsiString& Section) const;
     void UpdateAutoCaption();
     void TellResultLabels();
+    bool AwaitsLayout() const;
+    bool HasCurve() const { return FSampling != TSampling::None || FDisplayX->GetCount() > 0; }
+    bool CurveIsOutgrown();
     void SampleVisible();
     void EvaluateCurve(const std::vector<double>& X);
     static void Fill(TKxLiveVector& Vector, std::span<const double> Values);
@@ -173,6 +176,8 @@ private:
     double VisibleStart() const;
     double VisibleStop() const;
     std::size_t PixelsBetween(double Start, double Stop) const;
+    std::size_t MostPixels() const;
+    bool IsLogarithmicX() const { return GetXAxis() && GetXAxis()->GetScaling() != AxNormal; }
     template <class F>
     static void ForStoredFlags(F Action);
     template <class F>
@@ -183,6 +188,7 @@ private:
     double FCalculationStart = 0, FCalculationStop = 0, FDisplayStart = 0, FDisplayStop = 0;
     double FLastAxisStart = 0, FLastAxisStop = 0;
     int FLastAxisLength = -1;
+    TSampling FSampling = TSampling::None;
     std::vector<TKxResultListener*> FResultLabels;
     std::unique_ptr<TKxLiveVector> FDisplayX, FDisplayY;
     TKxNotCalculatedSeries* FParentSeries = nullptr;

@@ -9,16 +9,21 @@ namespace kx {
 
 namespace {
 
-/// First, and Parts equal steps on from it up to Last; in ratios for a logarithmic axis. MaxCount at most,
-/// one where First is Last.
-std::vector<double> Spaced(double First, double Last, std::size_t Parts, std::size_t MaxCount,
+/// First and Count - 1 positions more, each a part of the way to Last further; in ratios for a logarithmic
+/// axis. One where First is Last. Each is computed from First: steps that are added up miss the end, and are
+/// lost altogether where they are less than half a digit of it.
+std::vector<double> Spaced(double First, double Last, std::size_t Count, std::size_t Parts,
                            bool Logarithmic) {
+    if (!(First <= Last)) return {};
+    if (First == Last) return {First};
     const bool ratios = Logarithmic && First > 0;
-    const double step = ratios ? std::pow(Last / First, 1.0 / double(Parts)) : (Last - First) / double(Parts);
-    std::vector<double> values;
-    for (double x = First; x <= Last && values.size() < MaxCount; x = ratios ? x * step : x + step) {
-        values.push_back(x);
-        if (First == Last) break;
+    const double from = ratios ? std::log(First) : First;
+    const double step = ((ratios ? std::log(Last) : Last) - from) / double(Parts);
+    std::vector<double> values{First};
+    values.reserve(Count);
+    for (std::size_t i = 1; i < Count; ++i) {
+        const double x = from + double(i) * step;
+        values.push_back(i == Parts ? Last : std::clamp(ratios ? std::exp(x) : x, First, Last));
     }
     return values;
 }
@@ -37,14 +42,14 @@ void TKxCalculatedSeries::SetDisplayLimits() {
         FDisplayStop = FCalculationStop;
     }
     if (!GetXAxis()) return;
-    if (FDisplayAutoStart) FDisplayStart = GetXAxis()->GetStart();
+    if (FDisplayAutoStart) FDisplayStart = AutomaticDisplayStart();
     if (FDisplayAutoStop) FDisplayStop = GetXAxis()->GetStop();
 }
 
 bool TKxCalculatedSeries::ExtendDisplay() {
-    const bool before = FDisplayAutoStart && GetXAxis()->GetStart() < FDisplayStart;
+    const bool before = FDisplayAutoStart && AutomaticDisplayStart() < FDisplayStart;
     const bool behind = FDisplayAutoStop && GetXAxis()->GetStop() > FDisplayStop;
-    if (before) FDisplayStart = GetXAxis()->GetStart();
+    if (before) FDisplayStart = AutomaticDisplayStart();
     if (behind) FDisplayStop = GetXAxis()->GetStop();
     return before || behind;
 }
@@ -57,10 +62,17 @@ double TKxCalculatedSeries::VisibleStop() const {
     return GetXAxis() ? std::min(FDisplayStop, GetXAxis()->GetStop()) : FDisplayStop;
 }
 
+// So many samples a curve is worth, whatever the axis makes of its ends: a view may lie deep inside a display
+// range, and the map of an axis far beside its data.
+std::size_t TKxCalculatedSeries::MostPixels() const {
+    constexpr int CTimesTheView = 10;
+    return CTimesTheView * (std::size_t(std::max(GetXAxis()->GetAxisLength(), 0)) + 1);
+}
+
 std::size_t TKxCalculatedSeries::PixelsBetween(double Start, double Stop) const {
     if (!GetXAxis() || !(Start < Stop)) return 0;
     const long long from = GetXAxis()->RealToIntPosition(Start), to = GetXAxis()->RealToIntPosition(Stop);
-    return std::size_t(std::abs(to - from));
+    return std::min(std::size_t(std::abs(to - from)), MostPixels());
 }
 
 void TKxCalculatedSeries::RememberAxis() {
@@ -71,23 +83,31 @@ void TKxCalculatedSeries::RememberAxis() {
 }
 
 void TKxCalculatedSeries::GetXSpacings() {
-    const bool logarithmic = GetXAxis() && GetXAxis()->GetScaling() != AxNormal;
     double start = FDisplayStart, stop = FDisplayStop;
-    std::size_t pixels = PixelsBetween(start, stop);
-    // A view deep inside a display range of its own: what lies far outside is not worth billions of points.
-    constexpr std::size_t CWide = 10;
-    if (GetXAxis() && pixels > CWide * std::size_t(GetXAxis()->GetAxisLength() + 1)) {
+    // What lies far outside of the view is worth no samples, unless there is nothing else.
+    const bool wide = GetXAxis() && PixelsBetween(start, stop) == MostPixels();
+    if (wide && VisibleStart() < VisibleStop()) {
         start = VisibleStart();
         stop = VisibleStop();
-        pixels = PixelsBetween(start, stop);
     }
     // Nothing left of the axis shows, and what is not positive has no place on a logarithmic one.
-    if (logarithmic && start <= 0) start = VisibleStart();
-    Fill(*FDisplayX, Spaced(start, stop, pixels + 1, pixels + 2, logarithmic));
+    if (IsLogarithmicX() && start <= 0) start = VisibleStart();
+    const std::size_t pixels = PixelsBetween(start, stop);
+    Fill(*FDisplayX, Spaced(start, stop, pixels + 2, pixels + 1, IsLogarithmicX()));
     RememberAxis();
 }
 
+// Before its layout an axis has the map of other data. The frame that lays it out asks for the line.
+bool TKxCalculatedSeries::AwaitsLayout() const {
+    return GetXAxis() && GetGraph() && GetXAxis()->GetChanged();
+}
+
 void TKxCalculatedSeries::GetContinousLine() {
+    if (AwaitsLayout()) {
+        SetCurve({}, {});
+        FSampling = TSampling::Due;
+        return;
+    }
     GetXSpacings();
     const auto x = FDisplayX->Values();
     EvaluateCurve({x.begin(), x.end()});
@@ -97,11 +117,13 @@ void TKxCalculatedSeries::EvaluateCurve(const std::vector<double>& X) {
     std::vector<double> y(X.size());
     std::transform(X.begin(), X.end(), y.begin(), [this](double Value) { return GetY(Value); });
     SetCurve(X, y);
+    FSampling = TSampling::Done;
 }
 
 void TKxCalculatedSeries::SetCurve(std::span<const double> X, std::span<const double> Y) {
     Fill(*FDisplayX, X);
     Fill(*FDisplayY, Y);
+    FSampling = TSampling::None;
 }
 
 void TKxCalculatedSeries::Fill(TKxLiveVector& Vector, std::span<const double> Values) {
@@ -132,15 +154,19 @@ void TKxCalculatedSeries::CurveChanged() {
         RangesModified();
 }
 
+// The first layout, a resize, or an automatic display end that the axis has outgrown. Moves such ends.
 bool TKxCalculatedSeries::CurveIsOutgrown() {
-    if (!GetXAxis() || FDisplayX->GetCount() == 0) return false;
+    if (FSampling == TSampling::Due) {
+        SetDisplayLimits();
+        return true;
+    }
     return ExtendDisplay() || GetXAxis()->GetAxisLength() != FLastAxisLength;
 }
 
 void TKxCalculatedSeries::CalculateLine() {
-    if (!GetXAxis() || FDisplayX->GetCount() == 0) return;
+    if (!GetXAxis() || !HasCurve() || AwaitsLayout()) return;
     if (CurveIsOutgrown()) {
-        FillCurve();
+        GetContinousLine();
         return CurveChanged();
     }
     const TKxAxis& axis = *GetXAxis();
@@ -150,13 +176,15 @@ void TKxCalculatedSeries::CalculateLine() {
     CurveChanged();
 }
 
-// As many points as before, or as many as there are pixels now; the last one lies a step below the end.
+// As many points as before, or as many as there are pixels now. Where the view cuts the curve off, the last
+// one lies a step below its edge; the curve's own end is reached.
 void TKxCalculatedSeries::SampleVisible() {
     const double start = VisibleStart(), stop = VisibleStop();
-    const std::size_t pixels = PixelsBetween(start, stop), before = std::size_t(FDisplayX->GetCount());
     if (!(start < stop)) return;
-    const std::size_t count = pixels > before ? pixels + 2 : before;
-    EvaluateCurve(Spaced(start, stop, count + 1, count, GetXAxis()->GetScaling() != AxNormal));
+    const std::size_t pixels = PixelsBetween(start, stop), before = std::size_t(FDisplayX->GetCount());
+    const std::size_t count = std::max<std::size_t>(pixels > before ? pixels + 2 : before, 2);
+    const std::size_t parts = stop == FDisplayStop ? count - 1 : count + 1;
+    EvaluateCurve(Spaced(start, stop, count, parts, IsLogarithmicX()));
 }
 
 } // namespace kx

@@ -77,8 +77,9 @@ const TPropertyTable& TKxCalculatedSeries::Properties() {
                                                           "the calculation starts with the data"),
             Published<&T::GetAutoStop, &T::SetAutoStop>("AutoStop", true,
                                                         "the calculation stops with the data"),
-            Published<&T::GetDisplayAutoStart, &T::SetDisplayAutoStart>("DisplayAutoStart", true,
-                                                                        "the curve starts with the X axis"),
+            Published<&T::GetDisplayAutoStart, &T::SetDisplayAutoStart>(
+                "DisplayAutoStart", true,
+                "the curve starts with the X axis, an integral with its calculation"),
             Published<&T::GetDisplayAutoStop, &T::SetDisplayAutoStop>("DisplayAutoStop", true,
                                                                       "the curve stops with the X axis"),
             Published<&T::GetCoupleCalculationAndDisplay, &T::SetCoupleCalcAndDisplay>(

@@ -4,6 +4,9 @@
 
 #include "analysis/Kxinterpolatedline.h"
 #include "analysis/Kxsecondaryaxis.h"
+#include "platform/matherror.h"
+
+#include <optional>
 
 namespace kx {
 
@@ -42,24 +45,33 @@ protected:
     void FindExtremaOfCurve() override { this->Polynom().FindDiffExtrema(); }
 };
 
-/// The integral of the curve from the first display position on, with its extrema. It is 0 there if that
-/// position is a knot; it is measured from the knot left of it otherwise.
+/// The integral of the curve, with its extrema. It is 0 at DisplayStart, or at the first point where that
+/// lies left of all points; an automatic DisplayStart is CalculationStart, wherever the axis begins.
 template <class Base>
 class TKxIntegralCurve : public Base {
 public:
     using Base::Base;
+    /// Raises EMathError "Not enough data!" as long as no calculation has succeeded.
+    double GetY(double X) const override {
+        if (!FIntegral) throw EMathError("Not enough data!");
+        return (*FIntegral)(X);
+    }
     TKxRealPosArray GetMinima() const override { return this->Polynom().IntMinima; }
     TKxRealPosArray GetMaxima() const override { return this->Polynom().IntMaxima; }
-    /// A zoom does not move the place that the integral starts from: the curve stays.
-    void CalculateLine() override {
-        if (!this->CurveIsOutgrown()) return;
-        FillCurve();
-        this->CurveChanged();
-    }
 
 protected:
-    void FindExtremaOfCurve() override {} // found while integrating
-    void FillCurve() override { this->FillIntegral(); }
+    double AutomaticDisplayStart() const override { return this->GetCalculationStart(); }
+    void CalculateFunction() override {
+        FIntegral.reset();
+        Base::CalculateFunction();
+    }
+    void FindExtremaOfCurve() override {
+        FIntegral.emplace(this->Polynom(), this->GetDisplayStart());
+        this->Polynom().FindIntExtrema(*FIntegral);
+    }
+
+private:
+    std::optional<TKxRunningIntegral> FIntegral;
 };
 
 } // namespace kx

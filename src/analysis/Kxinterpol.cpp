@@ -41,14 +41,20 @@ void TKxIntPolynom::AddExtremum(double x) {
     Append(Curvature(x) < 0 ? Maxima : Minima, x, Interpolate(x));
 }
 
-void TKxIntPolynom::FindExtremaOfPiece(int i) {
+// Not finite where the slope never vanishes.
+TKxIntPolynom::TLevelPoints TKxIntPolynom::LevelPoints(int i) const {
     const double a = 3 * D[i];
     const double discriminant = C[i] * C[i] - a * B[i];
-    if (!(discriminant >= 0) || std::isinf(discriminant) || a == 0) return;
+    if (!(discriminant >= 0) || std::isinf(discriminant)) return {NAN, NAN};
     // The root of greater magnitude, and the other one by their product B / 3D: so no digits cancel.
     const double q = -(C[i] + std::copysign(std::sqrt(discriminant), C[i]));
-    double plus = q == 0 ? 0 : q / a, minus = q == 0 ? 0 : B[i] / q;
-    if (!std::signbit(C[i])) std::swap(plus, minus);
+    const double greater = q == 0 ? 0 : q / a, other = q == 0 ? 0 : B[i] / q;
+    return std::signbit(C[i]) ? TLevelPoints{greater, other} : TLevelPoints{other, greater};
+}
+
+void TKxIntPolynom::FindExtremaOfPiece(int i) {
+    if (D[i] == 0) return;
+    const auto [plus, minus] = LevelPoints(i);
     // The slopes of two pieces differ at their knot by rounding: an extremum there must not fall between
     // them.
     const double first = -RoundingAt(i), end = X[i + 1] - X[i] - RoundingAt(i + 1);

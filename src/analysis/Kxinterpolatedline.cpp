@@ -1,7 +1,5 @@
 #include "analysis/Kxinterpolatedline.h"
 
-#include <vector>
-
 namespace kx {
 
 namespace {
@@ -13,16 +11,6 @@ void WritePoints(TKxIniList& List, const AnsiString& Section, const AnsiString& 
         List.WriteReal(Section, "X-" + Kind + number, Points[k].X);
         List.WriteReal(Section, "Y-" + Kind + number, Points[k].Y);
     }
-}
-
-/// X with each distance cut into Parts equal ones.
-std::vector<double> Refined(std::span<const double> X, std::size_t Parts) {
-    std::vector<double> refined;
-    for (std::size_t i = 0; i + 1 < X.size(); ++i)
-        for (std::size_t k = 0; k < Parts; ++k)
-            refined.push_back(X[i] + (X[i + 1] - X[i]) * (double(k) / double(Parts)));
-    refined.push_back(X.back());
-    return refined;
 }
 
 } // namespace
@@ -37,22 +25,7 @@ void TKxInterpolatedFunction::CalculateFunction() {
     FPolynom->RecalculateCoeffs(GetCalculationStart(), GetCalculationStop(), parent->GetXData(),
                                 parent->GetYData(), GetWeight());
     FindExtremaOfCurve();
-    FillCurve();
-}
-
-// The integration passes no more knots than it is given abscissae: where there are more data than pixels,
-// positions are put in between.
-void TKxInterpolatedFunction::FillIntegral() {
-    GetXSpacings();
-    const auto x = DisplayX().Values();
-    if (x.empty()) return;
-    const std::size_t parts = x.size() < 2 ? 1 : (std::size_t(FPolynom->Count) + 2) / (x.size() - 1) + 1;
-    TKxRealVector abscissae(nullptr), integral(nullptr);
-    abscissae.AddValues(Refined(x, parts));
-    FPolynom->Integrate(abscissae, integral);
-    std::vector<double> y;
-    for (std::size_t i = 0; i < x.size(); ++i) y.push_back(integral.GetValue(int(i * parts)));
-    SetCurveY(y);
+    GetContinousLine();
 }
 
 void TKxInterpolatedFunction::WriteResults(TKxIniList& List, const AnsiString& Section) const {

@@ -22,15 +22,13 @@ public:
 protected:
     TKxInterpolatedFunction(TComponent* Owner, std::unique_ptr<TKxIntPolynom> Polynom);
     /// Computes the polynomial from the parent's points in the calculation range, and the extrema and the
-    /// curve of what the series shows (FindExtremaOfCurve, FillCurve).
+    /// curve of what the series shows.
     void CalculateFunction() override;
     virtual void FindExtremaOfCurve() { FPolynom->FindExtrema(); }
     /// Adjusts the polynomial's settings before it is computed.
     virtual void PreparePolynom() {}
     /// Evaluating moves the place where the next search starts, nothing else.
     TKxIntPolynom& Polynom() const { return *FPolynom; }
-    /// The curve as the running integral from the first display position on.
-    void FillIntegral();
 
 private:
     std::unique_ptr<TKxIntPolynom> FPolynom;

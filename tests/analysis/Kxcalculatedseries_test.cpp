@@ -18,7 +18,10 @@ using test::TGraphForm;
 class TSquare : public TKxCalculatedSeries {
 public:
     using TKxCalculatedSeries::TKxCalculatedSeries;
-    double GetY(double X) const override { return X * X; }
+    double GetY(double X) const override {
+        ++Evaluations;
+        return X * X;
+    }
     static AnsiString CalculationID() { return "Square Of X"; }
     AnsiString GetCalculationID() const override { return CalculationID(); }
     AnsiString GetFormula() const override { return "Y=X\\+2\\+"; }
@@ -34,6 +37,7 @@ public:
     using TKxCalculatedSeries::DisplayX;
     using TKxCalculatedSeries::DisplayY;
     int Runs = 0;
+    mutable int Evaluations = 0;
     bool Fails = false;
 };
 
@@ -141,6 +145,64 @@ TEST(CalculatedSeries, IsSampledAtEveryPixelOfTheVisibleRange) {
     f.Curve->SetDisplayStop(1);
     f.Draw();
     EXPECT_EQ(f.Curve->DisplayX().GetCount(), 1);
+
+    // Out of sight, and then in it.
+    f.Curve->SetDisplayStart(1e3);
+    f.Curve->SetDisplayStop(1e9);
+    f.Draw();
+    f.X->SetStop(2000);
+    f.Draw();
+    EXPECT_EQ(f.FirstX(), 1e3);
+    EXPECT_NEAR(f.LastX(), 2000, 3 * f.X->GetScale());
+}
+
+TEST(CalculatedSeries, ReachesItsEndExactlyInEqualSteps) {
+    const std::tuple<double, double, TKxAxScaling> cases[] = {
+        {0.1, 12.3, AxNormal}, {-7, 1.0 / 3, AxNormal}, {1e15, 1e15 + 40, AxNormal}, {1e-3, 0.7, AxLog}};
+    for (const auto& [start, stop, scaling] : cases) {
+        SCOPED_TRACE(stop);
+        TFixture f;
+        f.XV->Clear();
+        for (const double x : {start, (start + stop) / 2, stop}) f.XV->Add(x);
+        f.X->SetScaling(scaling);
+        f.Curve->SetDisplayAutoStart(false);
+        f.Curve->SetDisplayAutoStop(false);
+        f.Curve->SetParentSeries(f.Series);
+        f.Draw();
+        EXPECT_EQ(f.FirstX(), start);
+        EXPECT_EQ(f.LastX(), stop);
+        const auto x = f.Curve->DisplayX().Values();
+        const auto place = [log = scaling != AxNormal](double X) { return log ? std::log(X) : X; };
+        const double first = place(start), step = (place(stop) - first) / double(x.size() - 1);
+        for (std::size_t i = 0; i < x.size(); ++i)
+            ASSERT_NEAR(place(x[i]), first + double(i) * step, 1e-15 * (std::abs(first) + 1)) << i;
+        f.X->ZoomIn((start + stop) / 2, stop + (stop - start) / 3);
+        f.Draw();
+        EXPECT_EQ(f.LastX(), stop) << "the end is in view";
+    }
+}
+
+TEST(CalculatedSeries, WaitsForItsAxisAndIsNeverWorthMoreThanAFewViews) {
+    TFixture f;
+    f.Fill({{1e6, 7}}); // far from the 0 to 100 that the axis begins with
+    f.Curve->SetParentSeries(f.Series);
+    EXPECT_EQ(f.Curve->Evaluations, 0) << "the axis has not seen the data";
+    f.Draw();
+    EXPECT_NEAR(f.Curve->DisplayX().GetCount(), f.X->GetAxisLength() + 2, 1);
+    EXPECT_LE(f.Curve->Evaluations, 3 * f.X->GetAxisLength());
+    f.Fix(0, 1e-3, 0, 1);
+    const int before = f.Curve->Evaluations;
+    f.Curve->Calculate();
+    EXPECT_EQ(f.Curve->Evaluations, before);
+    f.Draw();
+    EXPECT_GT(f.Curve->DisplayX().GetCount(), f.X->GetAxisLength());
+    EXPECT_LE(f.Curve->DisplayX().GetCount(), 11 * f.X->GetAxisLength());
+
+    TKxAxis alone(f.Form); // on no graph, so laid out by no frame
+    f.Series->SetXAxis(&alone);
+    f.Curve->Calculate();
+    EXPECT_GT(f.Curve->DisplayX().GetCount(), 1);
+    EXPECT_LE(f.Curve->DisplayX().GetCount(), 20);
 }
 
 TEST(CalculatedSeries, IsSampledEvenlyOnALogarithmicAxis) {

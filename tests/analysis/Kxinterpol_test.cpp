@@ -113,6 +113,7 @@ TKxIntPolynom TwoPieces(const TValues& First, const TValues& Second) {
     curve.X = {0, 2, 4};
     TKxRealArray* const arrays[] = {&curve.A, &curve.B, &curve.C, &curve.D};
     for (std::size_t i = 0; i < 4; ++i) *arrays[i] = ArrayOf({First[i], Second[i], 0});
+    curve.A[2] = ((Second[3] * 2 + Second[2]) * 2 + Second[1]) * 2 + Second[0];
     return curve;
 }
 
@@ -159,6 +160,11 @@ TEST(Kxinterpol, PiecesWithoutACubicTermOfferNoInflection) {
 
 TEST(Kxinterpol, TheIntegralIsThatOfTheCurveFromTheFirstKnotOn) {
     TKxIntPolynom curve = WaveOf(Steps(2, 0.5, 40));
+    for (const double from : {2.6, -1.0, 7.0, 23.0}) {
+        const TKxRunningIntegral integral(curve, from);
+        for (const double x : Steps(1, 0.3, 80))
+            EXPECT_NEAR(integral(x), Simpson(curve, std::max(from, 2.0), x), 1e-7) << from << " " << x;
+    }
     TValues x = Steps(2.6, 0.3, 80); // beyond the last knot too
     TValues found = Integrals(curve, x);
     EXPECT_EQ(found[0], 0);
@@ -189,12 +195,43 @@ TEST(Kxinterpol, TurningPointsOfTheIntegralAreRefined) {
             EXPECT_NEAR(y, Simpson(curve, 0.2, x), 1e-8);
         }
     }
-    // In the first pieces the search starts at the first knot.
-    curve = TwoPieces({-1, 1, 0, 0}, {1, 1, 0, 0});
-    Integrals(curve, Steps(0, 0.3, 10));
+}
+
+TEST(Kxinterpol, TheIntegralTurnsWhereTheCurveChangesItsSign) {
+    struct TCase {
+        const char* What;
+        TValues First, Second, Minima, Maxima;
+    };
+    const TCase cases[] = {
+        {"in a straight piece", {-1, 1, 0, 0}, {1, 1, 0, 0}, {1}, {}},
+        {"in a parabola", {3, -4, 1, 0}, {-1, -1, 0, 0}, {}, {1}},
+        {"three times in a piece", {-0.75, 2.75, -3, 1}, {0.75, 0, 0, 0}, {0.5, 1.5}, {1}},
+        {"at a knot", {2, -1, 0, 0}, {0, -1, 0, 0}, {}, {2}},
+        {"at a jump", {-1, 0, 0, 0}, {2, -0.5, 0, 0}, {2}, {}},
+        {"not where it touches 0", {0.01, -0.2, 1, 0}, {3.61, 0, 0, 0}, {}, {}},
+        {"not at the ends", {0, 1, 0, 0}, {2, -1, 0, 0}, {}, {}},
+    };
+    for (const auto& [what, first, second, minima, maxima] : cases) {
+        TKxIntPolynom curve = TwoPieces(first, second);
+        Integrals(curve, {0, 4}); // however few they are
+        for (const auto& [found, expected] :
+             {std::pair{curve.IntMinima, minima}, {curve.IntMaxima, maxima}}) {
+            ASSERT_EQ(found.Length(), int(expected.size())) << what;
+            for (int i = 0; i < found.Length(); ++i) {
+                EXPECT_NEAR(found[i].X, expected[std::size_t(i)], 1e-15) << what;
+                EXPECT_NEAR(found[i].Y, Simpson(curve, 0, found[i].X), 2e-3) << what;
+            }
+        }
+    }
+    TKxIntPolynom curve = TwoPieces({-1, 0.5, 0, 0}, {0, 0, 0, 0});
+    for (TKxRealArray* array : {&curve.X, &curve.A, &curve.B, &curve.C, &curve.D}) array->SetLength(5);
+    curve.Count = 5;
+    curve.X[3] = 5;
+    curve.X[4] = 6;
+    curve.A[4] = curve.D[3] = 1;
+    curve.FindIntExtrema(TKxRunningIntegral(curve, 0));
     ASSERT_EQ(curve.IntMinima.Length(), 1);
-    EXPECT_NEAR(curve.IntMinima[0].X, 1, 1e-8);
-    EXPECT_NEAR(curve.IntMinima[0].Y, -0.5, 1e-15);
+    EXPECT_EQ(curve.IntMinima[0], (TKxRealPos{2, -1})) << "where a stretch of zeros begins";
 }
 
 TEST(Kxinterpol, WithoutPiecesNothingIsEvaluated) {

@@ -85,12 +85,55 @@ TEST(InterpolatedSeries, AnIntegralIsRightWithMorePointsThanPixels) {
     f.Draw();
     ASSERT_LT(area->GetXData()->GetCount(), f.XV->GetCount());
     EXPECT_LT(WorstOf(*area, 20, [](double x) { return x; }), 1e-10);
-    // A zoom leaves it as it is, a resize makes it finer.
     const int count = area->GetXData()->GetCount();
     f.Graph->SetBounds(0, 0, 1400, 300);
     f.Draw();
     EXPECT_GT(area->GetXData()->GetCount(), 2 * count);
     EXPECT_LT(WorstOf(*area, 20, [](double x) { return x; }), 1e-10);
+}
+
+double Wave(double X) { return std::sin(0.7 * X) + 0.1 * X; }
+
+TEST(InterpolatedSeries, AnIntegralIsTheSameInEveryView) {
+    TFixture f;
+    f.Sample(Wave, 12, 1);
+    f.Fix(-3.3, 20.7, -2, 2);
+    const auto* line = f.AddCurve<TKxInterpolatedLine>("Line");
+    auto* area = f.AddCurve<TKxIntegral>("Integral");
+    f.Draw();
+    const auto x = [&](int i) { return area->GetXData()->GetValue(i); };
+    const auto y = [&](int i) { return area->GetYData()->GetValue(i); };
+    EXPECT_EQ(x(0), 0) << "not at the start of the axis";
+    EXPECT_EQ(y(0), 0);
+    const double reference = area->GetY(5.01);
+    EXPECT_NEAR(reference, (1 - std::cos(0.7 * 5.01)) / 0.7 + 0.05 * 5.01 * 5.01, 0.05);
+
+    for (const auto& view : {std::function<void()>([] {}),
+                             {[&] { f.X->ZoomIn(5, 5.02); }},
+                             {[&] { f.Graph->SetBounds(0, 0, 1400, 300); }},
+                             {[&] { area->Calculate(); }}}) {
+        view();
+        f.Draw();
+        const double middle = std::max(x(0), 5.01);
+        int i = 0;
+        while (x(i) < middle) ++i;
+        EXPECT_NEAR(y(i), reference, 2 * f.X->GetScale());
+        ASSERT_EQ(area->GetMaxima().Length(), 1);
+        ASSERT_EQ(area->GetMinima().Length(), 1);
+        for (const auto& pos : {area->GetMaxima()[0], area->GetMinima()[0]}) {
+            EXPECT_NEAR(line->GetY(pos.X), 0, 1e-14);
+            EXPECT_EQ(pos.Y, area->GetY(pos.X));
+        }
+    }
+    EXPECT_NEAR(area->GetMaxima()[0].X, 5.297, 1e-3);
+    EXPECT_NEAR(area->GetMinima()[0].X, 7.740, 1e-3);
+    EXPECT_LT(x(1) - x(0), 0.02 / 1000) << "sampled for the view";
+
+    f.X->ZoomBack();
+    area->SetDisplayStart(0.37); // between two points
+    f.Draw();
+    EXPECT_EQ(y(0), 0);
+    EXPECT_LT(std::abs(y(1)), f.X->GetScale());
 }
 
 TEST(InterpolatedSeries, SmoothingIsSwitchedOnByItsWidthAndMeasuredOnTheAxis) {
