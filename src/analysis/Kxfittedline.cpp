@@ -239,7 +239,10 @@ void TKxFittedLine::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
 
 void TKxFittedLine::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
     TKxCalculatedSeries::ReadFromIni(Ini, Section);
-    Ini.ReadRealArray(Section, "Coefs", FCoefficients.Data(), FCoefficients.High());
+    // What was saved with another function is of no use as coefficients of this one.
+    const AnsiString saved = Ini.ReadString(Section, "Coefs", "");
+    if (std::count(saved.begin(), saved.end(), ';') == FCoefficients.High())
+        Ini.ReadRealArray(Section, "Coefs", FCoefficients.Data(), FCoefficients.High());
     FIterations = Ini.ReadInteger(Section, "Iterations", FIterations);
     SetExpression(Ini.ReadString(Section, "Formula", FExpression));
 }

@@ -9,6 +9,7 @@
 
 #include "numeric/Kxvector.h"
 #include "persist/Kxiniindex.h"
+#include "platform/exceptions.h"
 #include "platform/lists.h"
 
 #include <cstdint>
@@ -22,6 +23,19 @@ class TFont;
 class TForm;
 class TKxAreaStyle;
 class TKxLineStyle;
+
+/// A value does not hold the numbers that its reader needs. The message is that of the number that is
+/// missing.
+class EIniError : public Exception {
+public:
+    EIniError(const std::string& Message, std::string_view Section, std::string_view Ident)
+        : Exception(Message), FSection(Section), FIdent(Ident) {}
+    const std::string& GetSection() const { return FSection; }
+    const std::string& GetIdent() const { return FIdent; }
+
+private:
+    std::string FSection, FIdent;
+};
 
 /// An INI store in memory, not bound to a file. Its lines can also be reached as those of any string list.
 ///
@@ -74,7 +88,7 @@ public:
     /// Shortened to fit into Digits characters.
     void WriteRealDigits(std::string_view Section, std::string_view Ident, double X, std::int16_t Digits);
 
-    // Several numbers in one value, joined by ";". The readers raise Exception "Error during integer
+    // Several numbers in one value, joined by ";". The readers raise EIniError "Error during integer
     // extraction" when the text holds too few numbers (those read until then are stored), but ReadRealVector.
 
     /// Values[0] to Values[High]; an empty value for a High of -1.

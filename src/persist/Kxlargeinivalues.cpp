@@ -47,6 +47,19 @@ private:
     std::string_view FRest;
 };
 
+/// Calls Read with the numbers of a value, unless it is empty.
+template <class F>
+void ReadNumbers(const TKxIniList& Ini, std::string_view Section, std::string_view Ident, F Read) {
+    const std::string text = Ini.ReadString(Section, Ident, "");
+    if (text.empty()) return;
+    try {
+        TNumberReader numbers(text);
+        Read(numbers);
+    } catch (const Exception& error) {
+        throw EIniError(error.Message(), Section, Ident);
+    }
+}
+
 template <class T, class F>
 std::string Joined(const T* Values, int Count, F ToText) {
     std::string text;
@@ -101,10 +114,9 @@ void TKxIniList::WriteRealDigits(std::string_view Section, std::string_view Iden
 
 void TKxIniList::ReadRealArray(std::string_view Section, std::string_view Ident, double* Values,
                                int High) const {
-    const std::string text = ReadString(Section, Ident, "");
-    if (text.empty()) return;
-    TNumberReader numbers(text);
-    for (int i = 0; i <= High; ++i) Values[i] = numbers.NextReal();
+    ReadNumbers(*this, Section, Ident, [&](TNumberReader& Numbers) {
+        for (int i = 0; i <= High; ++i) Values[i] = Numbers.NextReal();
+    });
 }
 
 void TKxIniList::WriteRealArray(std::string_view Section, std::string_view Ident, const double* Values,
@@ -131,10 +143,9 @@ void TKxIniList::WriteRealVector(std::string_view Section, std::string_view Iden
 
 void TKxIniList::ReadIntArray(std::string_view Section, std::string_view Ident,
                               const TKxIntegerArray& Array) const {
-    const std::string text = ReadString(Section, Ident, "");
-    if (text.empty()) return;
-    TNumberReader numbers(text);
-    for (std::int32_t& value : Array) value = numbers.NextInt();
+    ReadNumbers(*this, Section, Ident, [&](TNumberReader& Numbers) {
+        for (std::int32_t& value : Array) value = Numbers.NextInt();
+    });
 }
 
 void TKxIniList::WriteIntArray(std::string_view Section, std::string_view Ident,
@@ -146,11 +157,10 @@ void TKxIniList::WriteIntArray(std::string_view Section, std::string_view Ident,
 }
 
 void TKxIniList::ReadRealPos(std::string_view Section, std::string_view Ident, TKxRealPos& Pos) const {
-    const std::string text = ReadString(Section, Ident, "");
-    if (text.empty()) return;
-    TNumberReader numbers(text);
-    Pos.X = numbers.NextReal();
-    Pos.Y = numbers.NextReal();
+    ReadNumbers(*this, Section, Ident, [&](TNumberReader& Numbers) {
+        Pos.X = Numbers.NextReal();
+        Pos.Y = Numbers.NextReal();
+    });
 }
 
 void TKxIniList::WriteRealPos(std::string_view Section, std::string_view Ident, const TKxRealPos& Pos) {

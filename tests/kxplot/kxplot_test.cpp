@@ -25,6 +25,7 @@ TEST_F(KxplotProgram, WritesAllFormatsAtOnceAndReadsStandardInput) {
     EXPECT_EQ(outcome.Status, 0) << outcome.Errors;
     EXPECT_EQ(Files(), (TNames{"a.svg", "b.PDF", "c.png"}));
     EXPECT_EQ(Read("a.svg").substr(0, 5) + Read("b.PDF").substr(0, 5), "<?xml%PDF-");
+    EXPECT_NE(Read("a.svg").find(" width=\"300\" height=\"200\""), std::string::npos) << "has no pixels";
     EXPECT_EQ(Read("c.png").substr(16, 8), std::string("\0\0\x02\x58\0\0\x01\x90", 8));
 }
 
@@ -55,6 +56,9 @@ TEST_F(KxplotProgram, TellsWhatIsWrongWithTheDataInOneLineAndLeavesNoFile) {
         {"1,2\n", "bad.csv -o p.png -o none/p.png", "none/p\\.png: .+"},
         {"1,2\n", "bad.csv -o p.png --outfit none.ini", "none\\.ini: .+"},
         {"1,2\n", "bad.csv -o p.png --save-outfit none/o.ini", "none/o\\.ini: .+"},
+        {"1,2\n", "bad.csv -o p.png --outfit bad.csv",
+         "bad\\.csv: is no outfit: it has no section \\[Graph1\\]"},
+        {"1,2\n2,n/a\n3,4\n", "bad.csv --header", "bad\\.csv:2: column 2: 'n/a' is not a number"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Message);
@@ -69,7 +73,7 @@ TEST_F(KxplotProgram, RefusesWrongOptions) {
          {"", "--no-such-option", "d.csv -o p.gif", "d.csv --style dots", "d.csv --size 0x200",
           "d.csv --scale two", "d.csv -y u --dy e --dy e", "d.csv --set Graph1",
           "d.csv --set Graph1.Colour=1", "d.csv --set Graph9.Color=1", "d.csv --set XAxis.TickLength=long",
-          "d.csv other.csv"})
+          "d.csv other.csv", "d.csv --header --no-header"})
         ExpectError(2, arguments, "[^\n]+");
     EXPECT_TRUE(Files().empty());
     const TOutcome help = Run({"--help"});
@@ -132,6 +136,21 @@ TEST_F(KxplotProgram, AnOutfitGoesBeforeTheOwnLookAndOptionsBeforeTheOutfit) {
     EXPECT_NE(changed.find(">U<"), std::string::npos);
     EXPECT_EQ(Read("o.ini"), outfit) << "an outfit that is loaded is not written";
     EXPECT_EQ(Files(), (TNames{"o.ini", "p.svg"}));
+}
+
+TEST_F(KxplotProgram, AnOutfitOfAnotherFormulaGivesItsLook) {
+    Svg({"-y", "u", "--fit", "a+b*x", "--start", "a=1,b=1", "--set", "Fit1.LineStyle.Color=#123456",
+         "--save-outfit", "o.ini"});
+    const TNames other = {"-y", "u", "--fit", "a+b*x+c*x^2", "--start", "a=1,b=1,c=1", "--outfit", "o.ini"};
+    EXPECT_NE(Svg(other).find("#123456"), std::string::npos);
+    Write("o.ini", "[Graph1]\nSeriesCount=1\n\n[Graph1.Series(1)]\nChildCount=1\n\n"
+                   "[Graph1.Series(1).Child(1)]\nCoefs=1;2;x\n");
+    TNames arguments = {"d.csv"};
+    arguments.insert(arguments.end(), other.begin(), other.end());
+    const TOutcome outcome = Run(arguments);
+    EXPECT_EQ(outcome.Status, 1);
+    EXPECT_EQ(outcome.Errors.find("kxplot: o.ini: [Graph1.Series(1).Child(1)] Coefs: '1;2;x' "), 0u)
+        << outcome.Errors;
 }
 
 } // namespace

@@ -63,6 +63,8 @@ TEST(KxplotTable, FindsOutHowATextIsBuilt) {
         {"1,\n2,\n3,7\n", TSeparator::Comma, {}, {1, 2, 3}, {CNan, CNan, 7}},
         {"a,b\n1,-Inf\n2,1e400\n", TSeparator::Comma, {"a", "b"}, {1, 2}, {-CInf, CInf}},
         {"1\r2\r", TSeparator::Blanks, {}, {1, 2}, {1, 2}},
+        {"x y\tz\n1\t2 3\n4 5\t6\n", TSeparator::Blanks, {"x", "y", "z"}, {1, 4}, {3, 6}},
+        {"a b\tz\n9 h\t3\n", TSeparator::Tab, {"a b", "z"}, {}, {3}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Text);
@@ -70,19 +72,40 @@ TEST(KxplotTable, FindsOutHowATextIsBuilt) {
         EXPECT_EQ(table.GetSeparator(), c.Separator);
         ASSERT_EQ(table.HasHeader(), !c.Headers.empty());
         for (std::size_t i = 0; i < c.Headers.size(); ++i) EXPECT_EQ(table.GetHeader(int(i)), c.Headers[i]);
-        const auto values = table.ReadColumns({0, table.GetColumnCount() - 1});
-        ExpectValues(values.front(), c.First);
-        ExpectValues(values.back(), c.Last);
+        const int last = table.GetColumnCount() - 1;
+        if (!c.First.empty()) ExpectValues(table.ReadColumns({0}).front(), c.First);
+        ExpectValues(table.ReadColumns({last}).front(), c.Last);
+    }
+}
+
+TEST(KxplotTable, TakesTheFirstRowForDataWhereItsTextsStandInColumnsOfTexts) {
+    constexpr auto guess = THeaderRow::Guess, present = THeaderRow::Present, absent = THeaderRow::Absent;
+    const std::tuple<const char*, THeaderRow, bool, std::vector<double>> cases[] = {
+        {"1,a\n2,b\n3,c\n", guess, false, {1, 2, 3}},
+        {"1,a\n2,b\n3,c\n", present, true, {2, 3}},
+        {"1,a\n2,\n", guess, true, {2}},
+        {"1,a\n2,b\n3,4\n5,c\n", guess, false, {1, 2, 3, 5}},
+        {"7,a,u\n2,b,1\n", guess, true, {2}},
+        {"1,2\n3,4\n", guess, false, {1, 3}},
+        {"1,2\n3,4\n", present, true, {3}},
+        {"1,a\n", absent, false, {1}},
+        {"7,a\n2,b\n3,4\n5,6\n8,9\n", guess, true, {2, 3, 5, 8}},
+    };
+    for (const auto& [text, header, isHeader, first] : cases) {
+        SCOPED_TRACE(text);
+        const TTable table(text, "t", header);
+        EXPECT_EQ(table.HasHeader(), isHeader);
+        ExpectValues(table.ReadColumns({0}).front(), first);
     }
 }
 
 TEST(KxplotTable, FindsColumnsByHeaderBeforeNumberAndKnowsTheNumericOnes) {
-    const TTable table("t,2,name\n1,,x\n2,5,9\n", "t");
+    const TTable table("t,2,name\n1,,x\n2,5,9\n3,6,y\n", "t");
     EXPECT_EQ(table.FindNumericColumn("t"), 0);
     EXPECT_EQ(table.FindNumericColumn("1"), 0);
     EXPECT_EQ(table.FindNumericColumn("2"), 1) << "its first cell that is not empty counts";
     EXPECT_FALSE(table.IsNumeric(2));
-    ExpectValues(table.ReadColumns({0}).front(), {1, 2}); // whatever stands in the others
+    ExpectValues(table.ReadColumns({0}).front(), {1, 2, 3}); // whatever stands in the others
 }
 
 TEST(KxplotTable, TellsWhatIsWrongAndWhere) {
@@ -96,6 +119,7 @@ TEST(KxplotTable, TellsWhatIsWrongAndWhere) {
         {"\n# only this\n", "1", "f.csv: is empty"},
         {"a,b\n# nothing\n", "a", "f.csv: has a header but no rows"},
         {"t,u\n1,2\n2,abc\n", "u", "f.csv:3: column u: 'abc' is not a number"},
+        {"t,u\n1,n/a\n2,3\n", "u", "f.csv:2: column u: 'n/a' is not a number"},
         {"1,2\n# a comment\n\n2,\"x\xFFy\"\n", "2", "f.csv:4: column 2: 'x\\xFFy' is not a number"},
         {"\"a\nb\",c\n1,2\nq,3\n", "1", "f.csv:4: column a\\x0Ab: 'q' is not a number"},
         {"1,2\n3\n", "1", "f.csv:2: 1 cell where the first row has 2"},

@@ -72,7 +72,12 @@ TEST(IniList, TooFewNumbersRaiseButInAVector) {
     TKxIniList ini;
     ini.SetText("[S]\nn=10;20\nopen=10;20;\nv=1;2-3 4,5x;-;6");
     double values[3] = {};
-    EXPECT_THROW(ini.ReadRealArray("S", "n", values, 2), Exception);
+    try {
+        ini.ReadRealArray("S", "n", values, 2);
+        ADD_FAILURE() << "nothing was raised";
+    } catch (const EIniError& error) {
+        EXPECT_EQ(error.GetSection() + error.GetIdent() + error.what(), "SnError during integer extraction");
+    }
     EXPECT_NO_THROW(ini.ReadRealArray("S", "missing", values, 2));
     EXPECT_EQ(values[1], 20);
     const TKxIntegerArray ints(4);

@@ -64,7 +64,7 @@ void WritePicture(TPlot& Plot, const TOptions& Options, const std::string& FileN
     const kx::TColor ground = Plot.GetGraph().GetColor();
     const std::string extension = kx::ExtractFileExt(FileName);
     if (kx::SameText(extension, ".svg")) {
-        kx::WriteSvg(FileName, Options.Size, Options.Scale, ground, paint);
+        kx::WriteSvg(FileName, Options.Size, 1, ground, paint); // lines have no pixels to multiply
         return;
     }
     const kx::qt::TPictureOptions picture{Options.Size, Options.Scale, Options.Antialias, ground,
@@ -82,7 +82,7 @@ void PrintResults(const std::string& Text) {
 /// Returns the exit status.
 int Draw(const TOptions& Options) {
     const std::string text = kx::ReadFile(Options.Data);
-    const TTable table(text, Options.Data == "-" ? "standard input" : Options.Data);
+    const TTable table(text, Options.Data == "-" ? "standard input" : Options.Data, Options.Header);
     kx::qt::Install(true);
     TPlot plot(table, Options);
     if (!Options.Outfit.empty()) plot.LoadOutfit(Options.Outfit);

@@ -130,6 +130,12 @@ void ParseAnalyses(const TRawOptions& Raw, TOptions& Options) {
                 {"--label", !Options.Labels.empty()}});
 }
 
+void ParseHeader(const TRawOptions& Raw, TOptions& Options) {
+    if (Raw.Header && Raw.NoHeader) throw TUsageError("--header: does not go with --no-header");
+    if (Raw.Header) Options.Header = THeaderRow::Present;
+    if (Raw.NoHeader) Options.Header = THeaderRow::Absent;
+}
+
 void ParseDrawing(const TRawOptions& Raw, TOptions& Options) {
     constexpr int mostBins = 1000000;
     if (!Raw.Style.empty()) Options.Style = ParseStyle(Raw.Style);
@@ -170,6 +176,7 @@ std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
         throw TUsageError(error.what());
     }
     TOptions& options = raw.Options;
+    ParseHeader(raw, options);
     ParseDrawing(raw, options);
     ParseAnalyses(raw, options);
     if (options.HasBars() || options.HasArrows()) RefuseAnalyses(raw, options);

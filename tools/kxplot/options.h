@@ -4,6 +4,7 @@
 #include "annotation/Kxlegend.h"
 #include "kxplot/analysisspec.h"
 #include "kxplot/labelspec.h"
+#include "kxplot/table.h"
 #include "platform/geometry.h"
 
 #include <optional>
@@ -28,6 +29,7 @@ struct TAssignment {
 
 struct TOptions {
     std::string Data;
+    THeaderRow Header = THeaderRow::Guess;
     std::optional<std::string> X;
     std::vector<std::string> Y, DX, DY, DXMinus, DYMinus;
     std::vector<std::string> VX, VY; ///< components of arrows

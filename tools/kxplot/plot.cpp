@@ -2,9 +2,9 @@
 
 #include "annotation/Kxcaption.h"
 #include "kxplot/look.h"
+#include "kxplot/outfit.h"
 #include "kxplot/results.h"
 #include "platform/application.h"
-#include "platform/files.h"
 #include "platform/frame.h"
 #include "platform/text.h"
 
@@ -124,10 +124,8 @@ TPlot::TColumns TPlot::ChooseColumns(const TTable& Table, const TOptions& Option
 }
 
 void TPlot::LoadOutfit(const std::string& FileName) {
-    if (!FileExists(FileName)) ReadFile(FileName); // raises with the reason
     TKxIniList ini;
-    ini.LoadFromFile(FileName);
-    FGraph->LoadOutfit("Graph1", ini);
+    LoadOutfitFile(*FGraph, FileName, ini);
     // Analyses beyond those of the file have got the look of others, which would not tell them apart.
     for (std::size_t k = 0; k < FSeries.size(); ++k) {
         const int saved = ini.ReadInteger("Graph1.Series(" + std::to_string(k + 1) + ")", "ChildCount", 0);

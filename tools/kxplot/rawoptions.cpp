@@ -7,6 +7,9 @@ namespace {
 void AddDataOptions(CLI::App& App, TRawOptions& Raw) {
     auto& o = Raw.Options;
     App.add_option("DATA", o.Data, "text table with the data; - reads standard input")->required();
+    App.add_flag("--header", Raw.Header, "the first row is a header, whatever it looks like");
+    App.add_flag("--no-header", Raw.NoHeader,
+                 "the first row is data (default: it is a header when any text in it stands over numbers)");
     App.add_option("-x", o.X, "column of the x values: header text or 1-based number (default: the first)")
         ->type_name("COL");
     const auto columns = [&App](const char* Name, std::vector<std::string>& Target, const char* Help) {

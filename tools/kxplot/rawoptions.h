@@ -18,6 +18,7 @@ struct TRawOptions {
     std::optional<std::string> From, To;
     std::optional<std::string> Iterations, Repeat, Bins, Legend;
     std::vector<std::string> Assignments, Fits, Starts, Curves, Labels;
+    bool Header = false, NoHeader = false;
     bool Derivative = false, Integral = false;
 };
 

@@ -19,14 +19,27 @@ bool IsEmptyCell(std::string_view Cell) { return kx::Trimmed(Cell).empty(); }
 
 std::string Quoted(std::string_view Text) { return "'" + kx::Escaped(kx::Trimmed(Text)) + "'"; }
 
-/// Cells of the first rows when read with Separator.
+/// Whether Cell is several numbers with blanks between them.
+bool IsSeveralNumbers(std::string_view Cell) {
+    Cell = kx::Trimmed(Cell);
+    if (Cell.find(' ') == std::string_view::npos) return false;
+    TRowReader parts(Cell, 0, 1, TSeparator::Blanks);
+    bool numbers = parts.NextRow();
+    for (std::string_view part; numbers && parts.NextCell(part);)
+        numbers = ParseNumber(part, false).has_value();
+    return numbers;
+}
+
+/// Cells of the first rows when read with Separator; none where tabs and blanks are mixed: then both are
+/// blanks.
 std::vector<int> SampleCounts(std::string_view Text, TSeparator Separator) {
     TRowReader rows(Text, 0, 1, Separator);
     std::vector<int> counts;
     std::string_view cell;
     while (static_cast<int>(counts.size()) < CSampleRows && rows.NextRow()) {
         int count = 0;
-        while (rows.NextCell(cell)) ++count;
+        for (; rows.NextCell(cell); ++count)
+            if (Separator == TSeparator::Tab && IsSeveralNumbers(cell)) return {};
         counts.push_back(count);
     }
     return counts;
@@ -46,10 +59,32 @@ bool SeveralInTheFirstRow(const std::vector<int>& Counts) { return !Counts.empty
 
 } // namespace
 
-TTable::TTable(std::string_view Text, std::string Name) : FText(Text), FName(std::move(Name)) {
+/// What the cells of a column are that are not empty.
+class TTable::TColumnLook {
+public:
+    void Add(bool IsNumber) {
+        if (FCount++ == 0)
+            FFirstIsNumber = IsNumber;
+        else
+            FBalance += IsNumber ? 1 : -1;
+    }
+    /// Whether more cells would hardly change the answer.
+    bool IsDecided() const { return FCount > 0 && (FFirstIsNumber || FCount > CSampleRows); }
+    TKind Kind() const {
+        if (FCount == 0) return TKind::Empty;
+        return FFirstIsNumber || FBalance > 0 ? TKind::Numbers : TKind::Texts;
+    }
+
+private:
+    int FCount = 0, FBalance = 0; // behind the first one: how many more are numbers than texts
+    bool FFirstIsNumber = false;
+};
+
+TTable::TTable(std::string_view Text, std::string Name, THeaderRow Header)
+    : FText(Text), FName(std::move(Name)) {
     if (FText.substr(0, CByteOrderMark.size()) == CByteOrderMark) FText.remove_prefix(CByteOrderMark.size());
     FindSeparator();
-    ReadHead();
+    ReadHead(Header);
 }
 
 void TTable::Fail(long Line, const std::string& What) const {
@@ -80,36 +115,49 @@ void TTable::FindSeparator() {
     }
 }
 
-void TTable::ReadHead() {
+void TTable::ReadHead(THeaderRow Header) {
     TRowReader rows(FText, 0, 1, FSeparator);
     if (!rows.NextRow()) Fail(0, "is empty");
     std::vector<std::string> first;
-    bool header = false;
-    for (std::string_view cell; rows.NextCell(cell);) {
-        header = header || (!IsEmptyCell(cell) && !ParseNumber(cell, FDecimalComma));
-        first.emplace_back(kx::Trimmed(cell));
-    }
+    for (std::string_view cell; rows.NextCell(cell);) first.emplace_back(kx::Trimmed(cell));
     if (rows.HasOpenQuote()) Fail(rows.Line(), "a quote is not closed");
-    FNumeric.assign(first.size(), false);
-    if (header) {
-        FHeaders = std::move(first);
+    if (Header != THeaderRow::Absent) {
         FBodyAt = rows.Position();
         FBodyLine = rows.NextLine();
-    }
-    TRowReader body(FText, FBodyAt, FBodyLine, FSeparator);
-    std::vector<bool> known(FNumeric.size(), false);
-    std::size_t unknown = known.size(), seen = 0;
-    while (unknown > 0 && body.NextRow()) {
-        ++seen;
-        std::string_view cell;
-        for (std::size_t i = 0; body.NextCell(cell) && i < known.size(); ++i) {
-            if (known[i] || IsEmptyCell(cell)) continue;
-            known[i] = true;
-            --unknown;
-            FNumeric[i] = ParseNumber(cell, FDecimalComma).has_value();
+        const bool hasRows = LookAtColumns(first.size());
+        if (Header == THeaderRow::Present || LooksLikeHeader(first)) {
+            FHeaders = std::move(first);
+            if (!hasRows) Fail(0, "has a header but no rows");
+            return;
         }
     }
-    if (seen == 0) Fail(0, "has a header but no rows");
+    FBodyAt = 0;
+    FBodyLine = 1;
+    LookAtColumns(first.size());
+}
+
+bool TTable::LooksLikeHeader(const std::vector<std::string>& Row) const {
+    for (std::size_t i = 0; i < Row.size(); ++i)
+        if (!Row[i].empty() && !ParseNumber(Row[i], FDecimalComma) && FKinds[i] != TKind::Texts) return true;
+    return false;
+}
+
+// Returns whether there is any row.
+bool TTable::LookAtColumns(std::size_t Count) {
+    TRowReader body(FText, FBodyAt, FBodyLine, FSeparator);
+    std::vector<TColumnLook> looks(Count);
+    std::size_t undecided = Count, rows = 0;
+    for (; undecided > 0 && body.NextRow(); ++rows) {
+        std::string_view cell;
+        for (std::size_t i = 0; body.NextCell(cell) && i < Count; ++i) {
+            if (looks[i].IsDecided() || IsEmptyCell(cell)) continue;
+            looks[i].Add(ParseNumber(cell, FDecimalComma).has_value());
+            undecided -= looks[i].IsDecided();
+        }
+    }
+    FKinds.clear();
+    for (const auto& look : looks) FKinds.push_back(look.Kind());
+    return rows > 0;
 }
 
 std::string TTable::GetHeader(int Column) const {
@@ -150,8 +198,8 @@ std::size_t TTable::ExpectedRows() const {
 }
 
 std::vector<std::vector<double>> TTable::ReadColumns(const std::vector<int>& Columns) const {
-    std::vector<std::vector<double>> read(FNumeric.size());
-    std::vector<bool> wanted(FNumeric.size());
+    std::vector<std::vector<double>> read(FKinds.size());
+    std::vector<bool> wanted(FKinds.size());
     for (const int column : Columns) {
         wanted[std::size_t(column)] = true;
         read[std::size_t(column)].reserve(ExpectedRows());

@@ -18,22 +18,27 @@ class TTableError : public kx::Exception {
 /// What stands between the cells of a row.
 enum class TSeparator { Comma, Semicolon, Tab, Blanks };
 
+/// Whether the first row is a header. Guess: it is one when any of its cells is a text that stands over
+/// numbers or over nothing; a row whose texts stand in columns of texts is data.
+enum class THeaderRow { Guess, Present, Absent };
+
 /// One table in memory. Lines that begin with '#' and empty lines count for nothing; a byte-order mark, CR LF
 /// and quoted cells ("" for a quote in one) are understood; with semicolons or tabs also a decimal comma.
 class TTable {
 public:
     /// Looks at the head of Text, which must outlive the table. Name stands in messages. Raises TTableError
     /// for a table without rows.
-    TTable(std::string_view Text, std::string Name);
+    TTable(std::string_view Text, std::string Name, THeaderRow Header = THeaderRow::Guess);
 
     const std::string& GetName() const { return FName; }
     TSeparator GetSeparator() const { return FSeparator; }
-    int GetColumnCount() const { return static_cast<int>(FNumeric.size()); }
+    int GetColumnCount() const { return static_cast<int>(FKinds.size()); }
     bool HasHeader() const { return !FHeaders.empty(); }
     /// Header text of a column, zero-based; empty without header.
     std::string GetHeader(int Column) const;
-    /// Whether the first cell below the header that is not empty is a number.
-    bool IsNumeric(int Column) const { return FNumeric[static_cast<std::size_t>(Column)]; }
+    /// Whether the first cell below the header that is not empty is a number, or most of the next ones are: a
+    /// text before numbers is no reason to leave a column out, it is told when the column is read.
+    bool IsNumeric(int Column) const { return KindOf(Column) == TKind::Numbers; }
     /// Header text, or the number of a column without one, for messages.
     std::string ColumnName(int Column) const;
     /// Zero-based column for a header text or a 1-based number; a header text goes first. Raises TTableError
@@ -48,8 +53,13 @@ public:
     [[noreturn]] void FailInRow(std::size_t Row, const std::string& What) const;
 
 private:
+    enum class TKind { Empty, Numbers, Texts };
+    class TColumnLook;
+    TKind KindOf(int Column) const { return FKinds[static_cast<std::size_t>(Column)]; }
     void FindSeparator();
-    void ReadHead();
+    void ReadHead(THeaderRow Header);
+    bool LooksLikeHeader(const std::vector<std::string>& Row) const;
+    bool LookAtColumns(std::size_t Count);
     double Value(std::string_view Cell, std::size_t Column, long Line) const;
     std::size_t ExpectedRows() const;
     [[noreturn]] void Fail(long Line, const std::string& What) const;
@@ -59,7 +69,7 @@ private:
     TSeparator FSeparator = TSeparator::Blanks;
     bool FDecimalComma = false;
     std::vector<std::string> FHeaders;
-    std::vector<bool> FNumeric;
+    std::vector<TKind> FKinds;
     std::size_t FBodyAt = 0; // where the first row below the header begins
     long FBodyLine = 1;      // its number in the file
 };
