@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <random>
 #include <vector>
@@ -45,6 +46,23 @@ TEST(Sort, OrdersARangeAndCarriesTheOthersAlong) {
         std::sort(w.begin(), w.end());
         EXPECT_EQ(std::unique(w.begin(), w.end()), w.end()) << "none is lost";
     }
+}
+
+TEST(Sort, SweepsThereAndBackTakeNoLongerThanAnyOrder) {
+    constexpr int CCount = 40000;
+    const auto timeOf = [](auto ValueAt) {
+        TKxRealArray x(CCount), y(CCount), w(CCount);
+        for (int i = 0; i < CCount; ++i) x[i] = y[i] = w[i] = ValueAt(i);
+        const auto start = std::chrono::steady_clock::now();
+        QuickSortYWtoX(0, CCount - 1, x, y, w);
+        const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+        for (const auto& sorted : {x, y, w}) EXPECT_TRUE(std::is_sorted(sorted.begin(), sorted.end()));
+        return time.count();
+    };
+    std::mt19937 random(7);
+    const double anyOrder = timeOf([&](int) { return double(random()); });
+    EXPECT_LT(timeOf([](int i) { return double(std::min(i, CCount - i)); }), 20 * anyOrder);
+    EXPECT_LT(timeOf([](int i) { return double(std::max(i, CCount - i)); }), 20 * anyOrder);
 }
 
 } // namespace
