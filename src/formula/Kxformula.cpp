@@ -3,7 +3,6 @@
 #include "platform/text.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <numbers>
 #include <string>
@@ -13,9 +12,6 @@
 namespace kx {
 
 namespace {
-
-/// Points that are evaluated in one go: a column of this length for x and for each coefficient.
-constexpr std::size_t CBlock = 1000;
 
 const char* const CVariable = "x";
 
@@ -39,27 +35,6 @@ std::string Trimmed(const std::string& Text) {
     const auto first = Text.find_first_not_of(' ');
     return first == Text.npos ? "" : Text.substr(first, Text.find_last_not_of(' ') - first + 1);
 }
-
-// muParser spreads a block over threads, which costs more than it gains for blocks of this size.
-extern "C" [[gnu::weak]] int omp_get_max_threads();
-extern "C" [[gnu::weak]] void omp_set_num_threads(int);
-
-class TOneThread {
-public:
-    TOneThread() {
-        if (!omp_get_max_threads || !omp_set_num_threads) return;
-        FBefore = omp_get_max_threads();
-        omp_set_num_threads(1);
-    }
-    ~TOneThread() {
-        if (FBefore > 0) omp_set_num_threads(FBefore);
-    }
-    TOneThread(const TOneThread&) = delete;
-    TOneThread& operator=(const TOneThread&) = delete;
-
-private:
-    int FBefore = 0;
-};
 
 /// What a parser's error says in our words; its own text speaks of internals.
 std::string ReasonOf(const mu::ParserError& Error) {
@@ -115,16 +90,16 @@ int PlaceOf(const std::string& Name, const std::string& Text) {
 
 } // namespace
 
-/// The parser and the columns that its variables point at: x first, then the coefficients.
+/// The parser and what its variables point at: x first, then the coefficients.
 struct TKxFormula::TParser {
     mu::Parser Parser;
-    std::vector<std::array<double, CBlock>> Columns;
+    std::vector<double> Values;
 
     void Bind(const std::vector<std::string>& Names) {
         Parser.ClearVar();
-        Columns.assign(Names.size() + 1, {});
-        Parser.DefineVar(CVariable, Columns[0].data());
-        for (std::size_t i = 0; i < Names.size(); ++i) Parser.DefineVar(Names[i], Columns[i + 1].data());
+        Values.assign(Names.size() + 1, 0);
+        Parser.DefineVar(CVariable, Values.data());
+        for (std::size_t i = 0; i < Names.size(); ++i) Parser.DefineVar(Names[i], &Values[i + 1]);
     }
 };
 
@@ -167,7 +142,7 @@ void TKxFormula::SetCoefficientNames(const std::vector<std::string>& Names) {
         FParser->Bind(Names);
         FParser->Parser.SetExpr(FText);
         int results = 0;
-        FParser->Parser.Eval(results); // everything that is wrong shows now
+        FParser->Parser.Eval(results); // makes the code: everything that is wrong shows now
         if (results != 1) RaiseAt(FText, "the formula gives several values", 0);
     } catch (const mu::ParserError& error) {
         Raise(FText, error);
@@ -175,17 +150,14 @@ void TKxFormula::SetCoefficientNames(const std::vector<std::string>& Names) {
     FCoefficientNames = Names;
 }
 
+// Point by point: what muParser evaluates as a block it parses anew each time.
 void TKxFormula::Evaluate(std::span<const double> X, std::span<const double> Coefficients,
                           std::span<double> Y) {
-    auto& columns = FParser->Columns;
-    const std::size_t given = std::min(Coefficients.size(), columns.size() - 1);
-    const std::size_t longest = std::min(CBlock, X.size());
-    const TOneThread oneThread;
-    for (std::size_t i = 0; i < given; ++i) std::fill_n(columns[i + 1].begin(), longest, Coefficients[i]);
-    for (std::size_t start = 0; start < X.size(); start += CBlock) {
-        const std::size_t count = std::min(CBlock, X.size() - start);
-        std::copy_n(X.begin() + std::ptrdiff_t(start), count, columns[0].begin());
-        FParser->Parser.Eval(Y.data() + start, int(count));
+    auto& values = FParser->Values;
+    std::copy_n(Coefficients.begin(), std::min(Coefficients.size(), values.size() - 1), values.begin() + 1);
+    for (std::size_t i = 0; i < X.size(); ++i) {
+        values[0] = X[i];
+        Y[i] = FParser->Parser.Eval();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "support/graphfixture.h"
 
+#include <chrono>
 #include <clocale>
 #include <cmath>
 #include <locale>
@@ -47,6 +48,24 @@ TEST(Formula, TakesCoefficientsInTheOrderThatIsGiven) {
     EXPECT_EQ(formula.Evaluate(2, coefficients), 16);
     TKxFormula roots("sqrt(x)");
     EXPECT_TRUE(std::isnan(roots.Evaluate(-1, {})));
+}
+
+TEST(Formula, IsParsedOnceHoweverFewPointsAreEvaluated) {
+    std::string text = "a*exp(-b*x)";
+    while (text.size() < 400) text += "+b*sin(a*x)/(1+x)";
+    TKxFormula formula(text);
+    const double coefficients[] = {1.7, 0.3};
+    std::vector<double> x(2000, 0.5), y(x.size());
+    const auto timeOf = [](auto Action) {
+        const auto start = std::chrono::steady_clock::now();
+        Action();
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
+    const double together = timeOf([&] { formula.Evaluate(x, coefficients, y); });
+    const double oneByOne = timeOf([&] {
+        for (const double at : x) EXPECT_EQ(formula.Evaluate(at, coefficients), y[0]);
+    });
+    EXPECT_LT(oneByOne, 20 * together);
 }
 
 TEST(Formula, SaysWhatIsWrongAndWhere) {
