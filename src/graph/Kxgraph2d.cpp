@@ -5,8 +5,19 @@
 #include "platform/scopedvalue.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace kx {
+
+namespace {
+
+/// All graphs there are. Never destroyed, as graphs may be static objects.
+std::vector<TKx2DGraph*>& AllGraphs() {
+    static auto& graphs = *new std::vector<TKx2DGraph*>;
+    return graphs;
+}
+
+} // namespace
 
 TKx2DGraph::TKx2DGraph(TComponent* Owner)
     : TCustomPanel(Owner), FFrameLine(this), FMajorGridX(this), FMajorGridY(this), FMinorGridX(this),
@@ -28,14 +39,26 @@ TKx2DGraph::TKx2DGraph(TComponent* Owner)
         grid->SetStyle(psDot);
     }
     TKx2DGraph::SetBounds(0, 0, 600, 400);
+    AllGraphs().push_back(this);
 }
 
 TKx2DGraph::~TKx2DGraph() {
+    std::erase(AllGraphs(), this);
     FTitleFont.OnChange = nullptr;
     // While the rest is still there: axes, title and drawing world report to the graph as they leave.
     for (TKxAxis* axis : GetAxes()) axis->SetParent(nullptr);
     FTitleLabel.reset();
     FWorld.reset();
+}
+
+std::vector<TKx2DGraph*> TKx2DGraph::OwnedBy(const TComponent& Owner) {
+    std::vector<TKx2DGraph*> graphs;
+    std::copy_if(AllGraphs().begin(), AllGraphs().end(), std::back_inserter(graphs),
+                 [&](const TKx2DGraph* Graph) { return Graph->GetOwner() == &Owner; });
+    std::sort(graphs.begin(), graphs.end(), [](const TKx2DGraph* A, const TKx2DGraph* B) {
+        return A->GetComponentIndex() < B->GetComponentIndex();
+    });
+    return graphs;
 }
 
 void TKx2DGraph::SetPrimaryXAxis(TKxAxis* Axis) {

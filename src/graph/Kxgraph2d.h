@@ -69,6 +69,8 @@ class TKx2DGraph : public TCustomPanel, public TKxAxisHost, public TKxStyleOwner
 public:
     explicit TKx2DGraph(TComponent* Owner);
     ~TKx2DGraph() override;
+    /// The graphs among Owner's components, in their order. Does not walk the components.
+    static std::vector<TKx2DGraph*> OwnedBy(const TComponent& Owner);
 
     // Properties.
     bool GetAutoZoom() const { return FWorld->GetAutoZoom(); }

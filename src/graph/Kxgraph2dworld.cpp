@@ -40,9 +40,11 @@ void TKxDrawingWorld::Invalidate() {
 
 void TKxDrawingWorld::ReorderSeriesList() {
     std::vector<TKxGraphSeries*> sorted(FSeriesList.begin(), FSeriesList.end());
-    std::stable_sort(sorted.begin(), sorted.end(), [](const TKxGraphSeries* A, const TKxGraphSeries* B) {
+    const auto precedes = [](const TKxGraphSeries* A, const TKxGraphSeries* B) {
         return A->GetComponentIndex() < B->GetComponentIndex();
-    });
+    };
+    if (std::is_sorted(sorted.begin(), sorted.end(), precedes)) return;
+    std::stable_sort(sorted.begin(), sorted.end(), precedes);
     FSeriesList.Clear();
     for (auto* series : sorted) FSeriesList.Add(series);
 }

@@ -58,7 +58,7 @@ int TRangeList::Add(TRange* Range) {
 
 int TRangeList::Remove(TRange* Range) {
     const int first = IndexOf(Range);
-    std::erase(FItems, Range);
+    if (first >= 0) std::erase(FItems, Range);
     return first;
 }
 

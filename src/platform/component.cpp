@@ -18,6 +18,8 @@ bool IsIdentifier(std::string_view Name) {
     });
 }
 
+char UpperLetter(char C) { return C >= 'a' && C <= 'z' ? static_cast<char>(C - 'a' + 'A') : C; }
+
 [[noreturn]] void RaiseTaken(const std::string& Name) {
     throw EComponentError("A component named " + Name + " already exists");
 }
@@ -28,6 +30,17 @@ void EraseFrom(std::vector<T*>& List, T* Item) {
 }
 
 } // namespace
+
+std::size_t TComponent::TNameHash::operator()(std::string_view Name) const {
+    constexpr std::size_t offset = 0xCBF29CE484222325, prime = 0x100000001B3; // FNV-1a
+    std::size_t hash = offset;
+    for (const char c : Name) hash = (hash ^ static_cast<unsigned char>(UpperLetter(c))) * prime;
+    return hash;
+}
+
+bool TComponent::TSameName::operator()(std::string_view A, std::string_view B) const {
+    return SameText(A, B);
+}
 
 TComponent::TComponent(TComponent* Owner) {
     if (Owner) Owner->InsertComponent(this);
@@ -46,8 +59,10 @@ void TComponent::TellPartners() {
         TComponent* partner = FFreeNotifies.back();
         Forget(partner);
         partner->Forget(this);
-        // The owner and what it owns are told when this component leaves the owner.
-        if (!FOwner || (partner != FOwner && partner->FOwner != FOwner))
+        // The owner and what it owns are told when this component leaves the owner, unless that is going,
+        // too.
+        const bool isNear = FOwner && (partner == FOwner || partner->FOwner == FOwner);
+        if (!isNear || (partner != FOwner && FOwner->IsIn(csDestroying)))
             partner->Notification(this, opRemove);
     }
 }
@@ -58,10 +73,13 @@ TComponent* TComponent::GetComponent(int Index) const {
     return FComponents[static_cast<std::size_t>(Index)];
 }
 
+// Each remembers where it stood last; when one is found to have moved, all of them look anew.
 int TComponent::GetComponentIndex() const {
     if (!FOwner) return -1;
     const auto& all = FOwner->FComponents;
-    return static_cast<int>(std::find(all.begin(), all.end(), this) - all.begin());
+    if (FIndex >= all.size() || all[FIndex] != this)
+        for (std::size_t i = 0; i < all.size(); ++i) all[i]->FIndex = i;
+    return static_cast<int>(FIndex);
 }
 
 void TComponent::SetComponentIndex(int Index) {
@@ -72,10 +90,8 @@ void TComponent::SetComponentIndex(int Index) {
 }
 
 TComponent* TComponent::FindComponent(std::string_view Name) const {
-    if (Name.empty()) return nullptr;
-    const auto found = std::find_if(FComponents.begin(), FComponents.end(),
-                                    [&](const TComponent* C) { return SameText(C->FName, Name); });
-    return found == FComponents.end() ? nullptr : *found;
+    const auto found = FNames.find(Name);
+    return found == FNames.end() ? nullptr : found->second;
 }
 
 void TComponent::InsertComponent(TComponent* Component) {
@@ -85,32 +101,59 @@ void TComponent::InsertComponent(TComponent* Component) {
     if (FindComponent(Component->FName)) RaiseTaken(Component->FName);
     if (Component->FOwner) Component->FOwner->RemoveComponent(Component);
     FComponents.push_back(Component);
+    try {
+        if (!Component->FName.empty()) FNames.emplace(Component->FName, Component);
+    } catch (...) {
+        FComponents.pop_back();
+        throw;
+    }
     Component->FOwner = this;
+    Component->FIndex = FComponents.size() - 1;
     if (IsIn(csDesigning)) Component->SetDesigning(true);
     Notification(Component, opInsert);
 }
 
 void TComponent::RemoveComponent(TComponent* Component) {
     if (!Component || Component->FOwner != this) return;
-    EraseFrom(FComponents, Component);
+    FComponents.erase(FComponents.begin() + Component->GetComponentIndex());
+    if (!Component->FName.empty()) FNames.erase(Component->FName);
     Component->FOwner = nullptr;
-    Notification(Component, opRemove);
+    // Where all go, those that would be told of each that they do not know are many.
+    if (!IsIn(csDestroying)) Notification(Component, opRemove);
 }
 
 void TComponent::SetName(const std::string& Name) {
     if (Name == FName) return;
     if (!Name.empty() && !IsIdentifier(Name))
-        throw EComponentError("'" + Escaped(Name) + "' is not a valid component name");
+        throw EComponentError("'" + Abridged(Name) + "' is not a valid component name");
     if (FOwner) {
         const TComponent* bearer = FOwner->FindComponent(Name);
         if (bearer && bearer != this) RaiseTaken(Name);
     }
-    FName = Name;
+    StoreName(Name);
+}
+
+// A name enters the owner's index with the text that the component keeps, or nothing happens.
+void TComponent::StoreName(std::string Name) {
+    if (!FOwner || (FName.empty() && Name.empty())) {
+        FName = std::move(Name);
+        return;
+    }
+    auto& names = FOwner->FNames;
+    if (FName.empty()) names.emplace(Name, this);
+    auto entry = names.extract(FName.empty() ? Name : FName);
+    FName = std::move(Name);
+    if (FName.empty()) return;
+    entry.key() = FName;
+    names.insert(std::move(entry));
 }
 
 void TComponent::FreeNotification(TComponent* Component) {
     if (!Component || Component == this) return;
-    if (std::find(FFreeNotifies.begin(), FFreeNotifies.end(), Component) != FFreeNotifies.end()) return;
+    const bool few =
+        FFreeNotifies.size() < Component->FFreeNotifies.size(); // each stands in the other's list
+    const auto& list = few ? FFreeNotifies : Component->FFreeNotifies;
+    if (std::find(list.begin(), list.end(), few ? Component : this) != list.end()) return;
     FFreeNotifies.push_back(Component);
     Component->FFreeNotifies.push_back(this);
 }

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace kx {
@@ -37,11 +38,12 @@ public:
     /// Raises ERangeError for an index outside 0..ComponentCount-1.
     TComponent* GetComponent(int Index) const;
     const std::vector<TComponent*>& GetComponents() const { return FComponents; }
-    /// The place among the owner's components; -1 without owner.
+    /// The place among the owner's components; -1 without owner. O(1), but for the first call after
+    /// components have left the owner or moved within it.
     int GetComponentIndex() const;
     /// Moves within the owner's list; an index outside is clamped.
     void SetComponentIndex(int Index);
-    /// Owned component by name, ignoring case; null when there is none.
+    /// Owned component by name, ignoring case; null when there is none. O(1).
     TComponent* FindComponent(std::string_view Name) const;
     void InsertComponent(TComponent* Component);
     void RemoveComponent(TComponent* Component);
@@ -71,18 +73,31 @@ public:
 
 protected:
     /// Another component enters (opInsert) or goes (opRemove). Overrides call the inherited one first and
-    /// clear the references that point at Component.
+    /// clear the references that point at Component. While the owner is being destroyed, only partners of
+    /// FreeNotification are told.
     virtual void Notification(TComponent* Component, TOperation Operation);
     /// All properties were read.
     virtual void Loaded();
 
 private:
+    struct TNameHash {
+        std::size_t operator()(std::string_view Name) const;
+    };
+    struct TSameName {
+        bool operator()(std::string_view A, std::string_view B) const;
+    };
+    /// The keys are the components' own texts.
+    using TNameIndex = std::unordered_map<std::string_view, TComponent*, TNameHash, TSameName>;
+
     void Forget(TComponent* Partner);
     void TellPartners();
+    void StoreName(std::string Name);
 
     TComponent* FOwner = nullptr;
     std::string FName;
     std::vector<TComponent*> FComponents;
+    TNameIndex FNames;              // of FComponents, but those without a name
+    mutable std::size_t FIndex = 0; // among the owner's components, if it is this that stands there
     std::vector<TComponent*> FFreeNotifies;
     TComponentState FComponentState = 0;
 };

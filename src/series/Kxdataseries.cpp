@@ -244,9 +244,7 @@ int TKxSeries::FindPoint(int X, int Y, int Tolerance) const {
 
 void TKxSeries::TakeAxes(const TComponent* Owner) {
     if (!Owner) return;
-    for (TComponent* component : Owner->GetComponents()) {
-        auto* graph = dynamic_cast<TKx2DGraph*>(component);
-        if (!graph) continue;
+    for (TKx2DGraph* graph : TKx2DGraph::OwnedBy(*Owner)) {
         SetXAxis(graph->GetPrimaryXAxis());
         SetYAxis(graph->GetPrimaryYAxis());
         if (!GetXAxis()) ReferToWorld(graph->GetDrawingWorld());

@@ -2,6 +2,7 @@
 
 #include "kxplot/program.h"
 
+#include <chrono>
 #include <set>
 
 namespace {
@@ -37,6 +38,15 @@ TEST_F(KxplotProgram, DrawsDifficultData) {
     ExpectDrawn("t,u\n1e-300,1e-300\n1e300,1e300\n", {"--log-x", "--log-y"});
     ExpectDrawn("t,u\n-1,-2\n0,0\n", {"--log-x", "--log-y"});
     ExpectDrawn("t,u\n1,nan\n2,\n", {"--size", "1x1"});
+}
+
+// 4,000 columns took minutes when anything was searched for at every series.
+TEST_F(KxplotProgram, DrawsThousandsOfColumns) {
+    std::string row;
+    for (int i = 0; i < 4000; ++i) row += (i ? "," : "") + std::to_string(i * 7 % 1000);
+    const auto begin = std::chrono::steady_clock::now();
+    ExpectDrawn("1" + row + "\n2" + row + "\n", {"--no-legend"});
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
 }
 
 TEST_F(KxplotProgram, TellsWhatIsWrongWithTheDataInOneLineAndLeavesNoFile) {

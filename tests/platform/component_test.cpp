@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 #include <numeric>
 #include <utility>
 
@@ -49,6 +50,26 @@ TEST(Component, OwnerDeletesLastToFirstWhatHasNotLeftBefore) {
     EXPECT_THROW(owner->GetComponent(2), ERangeError);
     delete owner;
     EXPECT_EQ(TWatcher::Deaths, "StackBAC");
+}
+
+TEST(Component, IndicesFollowEveryMove) {
+    TComponent owner(nullptr), other(nullptr);
+    std::vector<std::unique_ptr<TComponent>> all;
+    for (int i = 0; i < 5; ++i) all.push_back(std::make_unique<TComponent>(&owner));
+    const auto expect = [&](std::vector<int> Indices) {
+        for (std::size_t i = 0; i < all.size(); ++i) EXPECT_EQ(all[i]->GetComponentIndex(), Indices[i]) << i;
+    };
+    expect({0, 1, 2, 3, 4});
+    all[4]->SetComponentIndex(1);
+    expect({0, 2, 3, 4, 1});
+    other.InsertComponent(all[0].get());
+    expect({0, 1, 2, 3, 0});
+    owner.InsertComponent(all[0].get());
+    expect({4, 1, 2, 3, 0});
+    all.erase(all.begin() + 1);
+    expect({3, 1, 2, 0});
+    owner.RemoveComponent(all[1].get());
+    expect({2, -1, 1, 0});
 }
 
 TEST(Component, OwnersTheirComponentsAndPartnersHearOnceOfComingAndGoing) {
@@ -116,7 +137,14 @@ TEST(Component, NamesAreIdentifiersAndUniqueWithinTheOwner) {
     a.SetName("AXIS1"); // its own name in another case
     EXPECT_EQ(FindComponentAs<TWatcher>(owner, "axis1"), nullptr);
     EXPECT_EQ(FindComponentAs<TComponent>(owner, "axis1"), &a);
+    EXPECT_EQ(owner.FindComponent("axis1"), &a);
+    owner.RemoveComponent(&a);
+    EXPECT_EQ(owner.FindComponent("axis1"), nullptr);
+    a.SetName("Far_away_and_of_another_name");
+    owner.InsertComponent(&a);
+    EXPECT_EQ(owner.FindComponent("FAR_AWAY_AND_OF_ANOTHER_NAME"), &a);
     a.SetName("");
+    EXPECT_EQ(owner.FindComponent("far_away_and_of_another_name"), nullptr);
     EXPECT_EQ(owner.FindComponent(""), nullptr);
 }
 
