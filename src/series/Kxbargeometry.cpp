@@ -51,11 +51,24 @@ void BarPixels(const TKxAxisMap& Map, std::span<const double> Values, int* First
     }
 }
 
-double StackBelow(std::span<const TKxBarValues> Below, std::size_t Index) {
+namespace {
+
+template <class F>
+double SumBelow(std::span<const TKxBarValues> Below, std::size_t Index, F Counts) {
     double sum = 0;
     for (const TKxBarValues values : Below)
-        if (Index < values.size()) sum += FiniteOr0(values[Index]);
+        if (Index < values.size() && Counts(values[Index])) sum += FiniteOr0(values[Index]);
     return sum;
+}
+
+} // namespace
+
+double StackBelow(std::span<const TKxBarValues> Below, std::size_t Index) {
+    return SumBelow(Below, Index, [](double) { return true; });
+}
+
+double StackBeside(std::span<const TKxBarValues> Below, std::size_t Index, double Value) {
+    return SumBelow(Below, Index, [Value](double Other) { return (Other < 0) == (Value < 0); });
 }
 
 TRect BarOutline(const TKxBarSlot& Slot, int Start, int End, bool Horizontal) {

@@ -45,6 +45,9 @@ using TKxBarValues = std::span<const double>;
 /// Where bar Index of a stack begins: the sum of the series below that have such a bar, 0 when none has.
 /// Values that are not finite are not drawn and carry nothing.
 double StackBelow(std::span<const TKxBarValues> Below, std::size_t Index);
+/// The same where a stack grows away from zero on both sides: the sum of the values below that lie on Value's
+/// side. 0 lies above.
+double StackBeside(std::span<const TKxBarValues> Below, std::size_t Index, double Value);
 
 /// The pixels of a bar with its outline: across from slot side to slot side, along from Start to End, all of
 /// them included.

@@ -34,6 +34,7 @@ void TKxBarSeries::ChangeOverlay(bool& Field, bool& Other, bool Value) {
     Change(Field, Value);
 }
 
+void TKxBarSeries::SetStackSignsApart(bool Apart) { Change(FStackSignsApart, Apart); }
 void TKxBarSeries::SetShowAs3D(bool Show) { Change(FShow3DBars, Show); }
 void TKxBarSeries::SetBarHorizontal(bool Horizontal) { Change(FBarHorizontal, Horizontal); }
 void TKxBarSeries::Set3DDepthPercent(double Percent) { Change(FDepthPercent, Percent); }
@@ -127,8 +128,14 @@ std::span<const TKxBarValues> TKxBarSeries::ValuesBelow() const {
     return FBelow;
 }
 
+double TKxBarSeries::StackStart(std::span<const TKxBarValues> Below, int Index) const {
+    const auto index = std::size_t(Index);
+    return FStackSignsApart ? StackBeside(Below, index, Lengths()->GetValue(Index))
+                            : StackBelow(Below, index);
+}
+
 double TKxBarSeries::LengthAt(int Index) const {
-    return Lengths()->GetValue(Index) + StackBelow(ValuesBelow(), std::size_t(Index));
+    return Lengths()->GetValue(Index) + StackStart(ValuesBelow(), Index);
 }
 
 double TKxBarSeries::GetX(int Index) const {

@@ -15,8 +15,9 @@ namespace kx {
 ///
 /// Other bar series of the same owner take part: with ShiftOverlays the series stand side by side in each
 /// bin, with StackOverlays bars begin where those of the bar series before this one among the owner's
-/// components end. Series of one stack share the edge axis; in a bin that a series below does not have it
-/// carries nothing. When a series below changes, those above follow with the next frame.
+/// components end (with StackSignsApart, where those end that lie on the same side of zero). Series of one
+/// stack share the edge axis; in a bin that a series below does not have it carries nothing. When a series
+/// below changes, those above follow with the next frame.
 ///
 /// Flat bars are filled in the area style and outlined in the line style, as far as these are visible. The
 /// faces of boxes have the area's colour also when the area is hidden; nothing is drawn when the line is
@@ -43,6 +44,10 @@ public:
     /// Switches ShiftOverlays off.
     bool GetStackOverlays() const { return FStackOverlays; }
     void SetStackOverlays(bool Stack);
+    /// In a stack values above and below zero grow away from zero, each upon those of their own side: without
+    /// it a negative value is drawn over what it is taken from. Default false.
+    bool GetStackSignsApart() const { return FStackSignsApart; }
+    void SetStackSignsApart(bool Apart);
     /// Depth of boxes in percent of the width of what stands in a bin.
     double GetDepthPercent() const { return FDepthPercent; }
     void Set3DDepthPercent(double Percent);
@@ -111,6 +116,7 @@ private:
     int EdgeAt(int Index) const;
     int EndAt(int Index) const;
     double LengthAt(int Index) const;
+    double StackStart(std::span<const TKxBarValues> Below, int Index) const;
     double DepthAt(int Index, double Divisor) const;
     template <class T>
     void Change(T& Field, T Value);
@@ -158,7 +164,8 @@ private:
     mutable std::vector<TKxBarValues> FBelow;
     std::vector<double> FSums;
     double FDepthPercent = 50, FBarsGapPercent = 0;
-    bool FShow3DBars = false, FBarHorizontal = false, FShiftOverlays = false, FStackOverlays = false;
+    bool FShow3DBars = false, FBarHorizontal = false, FShiftOverlays = false, FStackOverlays = false,
+         FStackSignsApart = false;
     bool FStackIsOld = true;
 };
 

@@ -111,7 +111,7 @@ void TKxBarSeries::CalculateAllPoints() {
 
     const auto below = ValuesBelow();
     FSums.assign(lengths.begin(), lengths.begin() + std::ptrdiff_t(lengthCount));
-    for (std::size_t i = 0; !below.empty() && i < lengthCount; ++i) FSums[i] += StackBelow(below, i);
+    for (std::size_t i = 0; !below.empty() && i < lengthCount; ++i) FSums[i] += StackStart(below, int(i));
     BarPixels(LengthAxis()->GetMap(), FSums, FBarHorizontal ? &first.X : &first.Y, 2);
 }
 

@@ -16,6 +16,7 @@ const TKxOutfit<TKxBarSeries>& BarOutfit() {
         Outfit<&T::GetBarHorizontal, &T::SetBarHorizontal>("BarHorizontal"),
         Outfit<&T::GetDepthPercent, &T::Set3DDepthPercent>("DepthPercent"),
         Outfit<&T::GetBarsGapPercent, &T::SetBarsGapPercent>("BarsGapPercent"),
+        Outfit<&T::GetStackSignsApart, &T::SetStackSignsApart>("StackSignsApart"),
     };
     return table;
 }
@@ -45,6 +46,8 @@ const TPropertyTable& TKxBarSeries::Properties() {
                 "ShiftOverlays", false, "stands beside the other bar series that have this set"),
             Published<&T::GetStackOverlays, &T::SetStackOverlays>("StackOverlays", false,
                                                                   "stands on the bar series before it"),
+            Published<&T::GetStackSignsApart, &T::SetStackSignsApart>(
+                "StackSignsApart", false, "in a stack values grow away from zero, each sign on its own side"),
             Published<&T::GetDepthPercent, &T::Set3DDepthPercent>("DepthPercent", 50.0,
                                                                   "depth of boxes in percent of their width"),
             Published<&T::GetBarsGapPercent, &T::SetBarsGapPercent>(

@@ -201,10 +201,36 @@ TEST(BarSeries, stacked_bars_begin_where_those_below_end_and_follow_them_by_the_
     }
 }
 
+TEST(BarSeries, stacks_of_mixed_signs_grow_away_from_zero_on_request) {
+    TBarForm f;
+    f.Fix(0, 100, -100, 100);
+    auto* edges = f.Vector({0, 50, 100});
+    TKxLiveVector* values[] = {f.Vector({30, -20}), f.Vector({-10, -5}), f.Vector({20, 40}),
+                               f.Vector({-25, CNan})};
+    TKxBarSeries* bars[4];
+    for (int k = 0; k < 4; ++k) {
+        bars[k] = f.Bars(edges, values[k]);
+        bars[k]->SetStackOverlays(true);
+        bars[k]->SetStackSignsApart(true);
+    }
+    const auto between = [&](double E, double V0, double V1) { return f.Between(E, V0, E + 50, V1); };
+    TRects found = f.Outlines();
+    EXPECT_EQ(found,
+              (TRects{between(0, 0, 30), between(50, 0, -20), between(0, 0, -10), between(50, -20, -25),
+                      between(0, 30, 50), between(50, 0, 40), between(0, -10, -35)}));
+    EXPECT_EQ(ExtentsOf(*bars[2]), (std::array{0.0, 100.0, 0.0, 50.0}));
+    EXPECT_EQ(ExtentsOf(*bars[3]), (std::array{0.0, 100.0, -35.0, 0.0}));
+    values[1]->SetValue(0, 7); // changes the side
+    EXPECT_EQ(f.Outlines().back(), between(0, 0, -25));
+    EXPECT_EQ(bars[2]->GetYRange().GetStop(), 57);
+    bars[3]->SetStackSignsApart(false);
+    EXPECT_EQ(f.Outlines().back(), between(0, 57, 32));
+}
+
 TEST(BarSeries, what_was_followed_value_by_value_is_what_a_full_scan_finds) {
     std::mt19937 random(7);
     const auto below = [&](int N) { return int(random() % unsigned(N)); };
-    for (int variant = 0; variant < 16; ++variant) {
+    for (int variant = 0; variant < 32; ++variant) {
         TBarForm f;
         const bool horizontal = variant & 1, shared = variant & 2;
         std::vector<TKxBarSeries*> bars;
@@ -216,6 +242,7 @@ TEST(BarSeries, what_was_followed_value_by_value_is_what_a_full_scan_finds) {
             bars.push_back(f.Bars(edges, vectors.back(), horizontal));
             bars.back()->SetShowAs3D(variant & 4);
             bars.back()->SetStackOverlays(variant & 8);
+            bars.back()->SetStackSignsApart(variant & 16);
         }
         for (int step = 0; step < 40; ++step) {
             for (int change = 0; change < 4; ++change) {
@@ -407,6 +434,7 @@ TEST(BarSeries, keeps_its_settings_and_fills_in_sample_edges_in_the_designer) {
     saved->SetShowAs3D(true);
     saved->SetBarHorizontal(true);
     saved->SetStackOverlays(true);
+    saved->SetStackSignsApart(true);
     saved->Set3DDepthPercent(12.5);
     saved->SetBarsGapPercent(33);
     read->SetShiftOverlays(true);
@@ -415,7 +443,8 @@ TEST(BarSeries, keeps_its_settings_and_fills_in_sample_edges_in_the_designer) {
     read->ReadFromIni(ini, "S");
     read->WriteToIni(again, "S");
     EXPECT_EQ(again.GetText(), ini.GetText());
-    EXPECT_TRUE(read->GetStackOverlays() && read->GetShow3DBars() && read->GetBarHorizontal());
+    EXPECT_TRUE(read->GetStackOverlays() && read->GetStackSignsApart() && read->GetShow3DBars() &&
+                read->GetBarHorizontal());
     EXPECT_EQ(read->GetBarsGapPercent() + read->GetDepthPercent(), 45.5);
     f.Form->SetDesigning(true);
     auto *edges = f.Vector(), *values = f.Vector({1, 2});
