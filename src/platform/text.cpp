@@ -102,6 +102,23 @@ std::string Escaped(std::string_view Text) {
     return escaped;
 }
 
+std::string Abridged(std::string_view Text) {
+    constexpr int most = 60;
+    std::string shown;
+    std::size_t fits = 0; // so much of it leaves room for the ellipsis
+    int count = 0;
+    for (std::size_t pos = 0; pos < Text.size();) {
+        const auto length = static_cast<std::size_t>(DecodeAt(Text, pos).Length);
+        const std::string next = Escaped(Text.substr(pos, length));
+        count += CharacterCount(next);
+        if (count > most) return shown.substr(0, fits) + "…";
+        shown += next;
+        if (count < most) fits = shown.size();
+        pos += length;
+    }
+    return shown;
+}
+
 std::string UpperCase(std::string_view Text) {
     std::string upper;
     upper.reserve(Text.size());

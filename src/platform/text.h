@@ -33,6 +33,10 @@ std::string ToValidUtf8(std::string_view Text);
 /// Text for a message: foreign bytes and control characters as \xNN.
 std::string Escaped(std::string_view Text);
 
+/// The same in 60 characters at most, of which the last is "…" where Text does not fit: for what others have
+/// written, such as a cell, a name or a formula, in a message.
+std::string Abridged(std::string_view Text);
+
 /// Upper case of the ASCII letters; all other bytes stay.
 std::string UpperCase(std::string_view Text);
 /// Whether both are equal but for the case of ASCII letters.
