@@ -194,8 +194,21 @@ void TKx2DGraph::Settle() {
     Calculate();
 }
 
+void TKx2DGraph::DemandPrimaryAxesStand() const {
+    const auto named = [](const TComponent& Component, const char* Otherwise) {
+        return Component.GetName().empty() ? std::string(Otherwise) : Component.GetName();
+    };
+    for (const TKxAxis* axis : {FPrimaryXAxis, FPrimaryYAxis}) {
+        if (!axis || axis->GetParent()) continue;
+        const std::string what = axis == FPrimaryXAxis ? "primary X axis" : "primary Y axis";
+        throw Exception("The " + what + " of " + named(*this, "a graph") + " has no parent: call SetParent(" +
+                        named(*this, "&graph") + ") of " + named(*axis, "the axis"));
+    }
+}
+
 void TKx2DGraph::Calculate() {
     FNeedsCalculate = false; // first, so that a Modified from inside survives
+    DemandPrimaryAxesStand();
     FWorld->ReorderSeriesList();
     const auto series = std::vector<TKxGraphSeries*>(GetSeriesList().begin(), GetSeriesList().end());
     for (auto* s : series) s->GetResults().WriteString("Graph", "Title", GetCaption());
@@ -219,6 +232,7 @@ void TKx2DGraph::ZoomTo(const TRect& Rect) {
 }
 
 void TKx2DGraph::PaintTo(TCanvasDevice& Device) {
+    DemandPrimaryAxesStand(); // here it reaches the caller; a frame gives what it raises to the application
     const TScopedValue white(FWhiteBackground, true);
     PaintFrame(*this, Device);
 }

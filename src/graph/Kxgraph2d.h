@@ -113,7 +113,8 @@ public:
     /// Everything must be calculated anew before the next frame.
     void Modified() override;
     bool GetNeedsCalculate() const { return FNeedsCalculate; }
-    /// Axes, then series: ends, ticks, places, screen points.
+    /// Axes, then series: ends, ticks, places, screen points. Raises Exception "... has no parent: call
+    /// SetParent(...)" for a primary axis that stands nowhere: it would be left out without a word.
     void Calculate();
     void LayOutAxes() override;
 
@@ -145,7 +146,7 @@ public:
     void PaintToMetafile();
     void CopyToClipboard();
     const TMetafile& GetMetafile() const { return FMetafile; }
-    /// A settled frame on any device, with a white ground in place of the button face.
+    /// A settled frame on any device, with a white ground in place of the button face. Raises as Calculate.
     void PaintTo(TCanvasDevice& Device);
 
     /// The graph's outfit in Section, its axes' in Section.<name>, its series' in Section.Series(i), its
@@ -184,6 +185,7 @@ private:
                          const TRect& Inside) const;
     void SaveCompanions(const AnsiString& Section, TKxIniList& Ini) const;
     void LoadCompanions(const AnsiString& Section, TKxIniList& Ini) const;
+    void DemandPrimaryAxesStand() const;
     void PaintGround();
     void PaintGrid(const TKxAxis& Axis, const TKxLineStyle& Major, const TKxLineStyle& Minor);
     void PaintGridLines(const TKxAxis& Axis, const TKxLineStyle& Style, bool Major);

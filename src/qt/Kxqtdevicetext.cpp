@@ -1,7 +1,6 @@
 #include "platform/text.h"
 #include "qt/Kxqtdevice.h"
-
-#include <cmath>
+#include "qt/Kxqthost.h"
 
 namespace kx::qt {
 
@@ -45,10 +44,12 @@ private:
 } // namespace
 
 TSize TPainterDevice::MeasureText(const TFontFace& Face, std::string_view Text) const {
+    DemandInstalled();
     return TQtFont::Of(Face).Measure(Text);
 }
 
 void TPainterDevice::Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) {
+    DemandInstalled();
     TQtFont& font = TQtFont::Of(Face);
     const TSize size = font.Measure(Text);
     const double reach = 2.0 * (size.Width + size.Height) + 16; // slanted glyphs leave their cells

@@ -12,4 +12,8 @@ public:
     TSize MeasureText(const TFontFace& Face, std::string_view Text) const override;
 };
 
+/// Raises Exception "... call kx::qt::Install() first" while the application is on another host: Qt's fonts
+/// need its application, and what another host has measured does not fit them.
+void DemandInstalled();
+
 } // namespace kx::qt

@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "platform/text.h"
 #include "qt/Kxqtdevice.h"
+#include "qt/Kxqthost.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -43,6 +44,7 @@ QImage ImageFor(const TPictureOptions& Options) {
 
 void PaintPicture(QPaintDevice& Target, const TPictureOptions& Options, double Scale,
                   const TPaintPicture& Paint) {
+    DemandInstalled();
     QPainter painter;
     if (!painter.begin(&Target)) throw EPictureError("the picture cannot be painted");
     TPainterDevice device(painter, Options.Size, Scale, Options.Antialias);

@@ -18,8 +18,8 @@ struct TPictureOptions {
 
 using TPaintPicture = std::function<void(TCanvasDevice&)>;
 
-/// The bytes of a PNG file. Raises Exception when the picture is empty or too large; what Paint raises
-/// passes.
+/// The bytes of a PNG file. Raises Exception before kx::qt::Install() was called, and when the picture is
+/// empty or too large; what Paint raises passes.
 std::string PngBytes(const TPictureOptions& Options, const TPaintPicture& Paint);
 /// The bytes of a PDF file of one page, with text as text. The same picture gives the same bytes at any time.
 std::string PdfBytes(const TPictureOptions& Options, const TPaintPicture& Paint);

@@ -232,6 +232,19 @@ TEST(Graph, an_axis_without_automatic_size_keeps_its_bounds) {
     EXPECT_EQ(f.X->GetAxisLength(), world.Width() - 1);
 }
 
+TEST(Graph, says_what_to_call_for_a_primary_axis_without_parent) {
+    TGraphForm f;
+    f.Y->SetParent(nullptr);
+    const std::string expected =
+        "The primary Y axis of Graph1 has no parent: call SetParent(Graph1) of YAxis1";
+    EXPECT_EQ(MessageOf([&] { f.Graph->PaintToMetafile(); }), expected);
+    TFaults faults;
+    f.Draw();
+    EXPECT_TRUE(faults.Text.starts_with(expected)) << faults.Text;
+    f.Y->SetParent(f.Graph);
+    EXPECT_EQ(MessageOf([&] { f.Graph->PaintToMetafile(); }), "");
+}
+
 TEST(Graph, lays_out_without_primary_axes_and_at_any_size) {
     TScene scene;
     const int height = scene.LaidOut().Height();

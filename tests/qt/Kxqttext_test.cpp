@@ -1,10 +1,15 @@
 #include "raster.h"
 
 #include "platform/application.h"
+#include "platform/headlesshost.h"
+#include "qt/Kxqtinstall.h"
+#include "qt/Kxqtpicture.h"
+#include "support/errors.h"
 
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <memory>
 
 namespace kx::test {
 namespace {
@@ -16,6 +21,15 @@ QImage Written(const std::string& Text, const TFontFace& Face = {"Arial"}, TPoin
 
 TSize Measured(const TFontFace& Face, const std::string& Text) {
     return TApplication::Instance().GetHost().MeasureText(Face, Text);
+}
+
+TEST(QtText, NeedsTheHostAndSaysSo) {
+    TApplication::Instance().SetHost(std::make_unique<THeadlessHost>());
+    const std::string expected = "Painting with Qt needs its fonts: call kx::qt::Install() first";
+    EXPECT_EQ(MessageOf([] { Written("A"); }), expected);
+    EXPECT_EQ(MessageOf([] { qt::PngBytes({{9, 9}}, [](auto&) {}); }), expected);
+    qt::Install(true);
+    EXPECT_EQ(MessageOf([] { Written("A"); }), "");
 }
 
 TEST(QtText, CellTurnsAboutItsTopLeftAtAnyScale) {
