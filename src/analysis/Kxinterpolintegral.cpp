@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <limits>
-#include <optional>
 #include <span>
 #include <vector>
 
@@ -108,24 +107,25 @@ void TKxIntPolynom::FindIntExtrema(const TKxRunningIntegral& Integral) {
     IntMaxima.SetLength(0);
     const int pieces = std::min(Count - 1, LastPiece());
     int sign = pieces > 0 ? SignOf(A[0]) : 0;
-    std::optional<double> zero; // where the curve came to 0 from that sign
+    constexpr double nowhere = std::numeric_limits<double>::quiet_NaN();
+    double zero = nowhere; // where the curve came to 0 from that sign
     for (int i = 0; i < pieces; ++i) {
         const auto [at, count] = MonotoneParts(i);
         for (int k = 1; k < count; ++k) {
             const bool atKnot = k + 1 == count;
             const int next = atKnot && i < A.High() ? SignOf(A[i + 1]) : SignIn(i, at[k]);
             if (next == 0) {
-                if (!zero) zero = atKnot ? X[i + 1] : X[i] + at[k];
+                if (std::isnan(zero)) zero = atKnot ? X[i + 1] : X[i] + at[k];
                 continue;
             }
             if (sign * next < 0) {
-                const double x = zero ? *zero : Crossing(i, at[k - 1], at[k], next);
+                const double x = std::isnan(zero) ? Crossing(i, at[k - 1], at[k], next) : zero;
                 TKxRealPosArray& found = next > 0 ? IntMinima : IntMaxima;
                 found.SetLength(found.Length() + 1);
                 found[found.High()] = {x, Integral(x)};
             }
             sign = next;
-            zero.reset();
+            zero = nowhere;
         }
     }
 }
