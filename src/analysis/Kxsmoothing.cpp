@@ -129,18 +129,17 @@ private:
     std::vector<TSums> FSums; // [k - First]: of k..Split-1, or of Split..k-1
 };
 
-/// 1, or the power of two that brings values of this magnitude to about 1 when sums of them might overflow or
-/// vanish.
-double SafeScale(double Magnitude) {
-    const int exponent = Magnitude > 0 ? std::ilogb(Magnitude) : 0;
+/// 1, or the power of two that brings the greatest value to about 1 when sums might overflow or vanish.
+double SafeScale(std::span<const double> Values) {
+    double greatest = 0;
+    for (const double value : Values) greatest = std::max(greatest, std::abs(value));
+    const int exponent = greatest > 0 ? std::ilogb(greatest) : 0;
     return std::abs(exponent) > 800 ? std::ldexp(1, -std::max(exponent, -1000)) : 1;
 }
 
 TValues SmoothAscending(double M, std::span<const double> X, std::span<const double> Y) {
-    double greatest = 0;
-    for (const double y : Y) greatest = std::max(greatest, std::abs(y));
     const double xScale = std::ldexp(1, -std::clamp(std::ilogb(M), -1000, 1000));
-    const TPoints points{X, Y, M, xScale, SafeScale(greatest)};
+    const TPoints points{X, Y, M, xScale, SafeScale(Y)};
 
     TValues result(X.size());
     // Anchors lie less than M apart, each as far behind the one before as can be, save over gaps. So a window
@@ -174,6 +173,7 @@ TValues SmoothAscending(double M, std::span<const double> X, std::span<const dou
 
 TValues SmoothDirectly(double M, std::span<const double> X, std::span<const double> Y) {
     TValues result(X.size());
+    const double scale = SafeScale(Y);
     for (std::size_t i = 0; i < X.size(); ++i) {
         std::size_t lo = i, hi = i;
         while (lo > 0 && std::abs(X[i] - X[lo]) < M) --lo;
@@ -182,10 +182,10 @@ TValues SmoothDirectly(double M, std::span<const double> X, std::span<const doub
         for (std::size_t l = lo; l <= hi; ++l) {
             const double w = 1 - std::abs(X[i] - X[l]) / M;
             if (!(w > 0)) continue;
-            sum += w * Y[l];
+            sum += w * (Y[l] * scale);
             weights += w;
         }
-        result[i] = sum / weights;
+        result[i] = sum / weights / scale;
     }
     return result;
 }

@@ -25,7 +25,7 @@ bool IsName(const std::string& Text) {
 
 /// Place is a byte from 1; 0 for none.
 [[noreturn]] void RaiseAt(const std::string& Text, const std::string& What, int Place) {
-    std::string message = "'" + Text + "': " + What;
+    std::string message = "'" + Escaped(Text) + "': " + What;
     if (Place <= 0 || std::size_t(Place) > Text.size()) throw EFormulaError(message, 0);
     const int character = CharacterCount(Text.substr(0, std::size_t(Place) - 1)) + 1;
     throw EFormulaError(message + " at character " + std::to_string(character), character);
@@ -73,6 +73,8 @@ std::string ReasonOf(const mu::ParserError& Error) {
 /// An assignment would change coefficients behind the fit's back; several values are no model.
 void CheckShape(const std::string& Text) {
     for (std::size_t i = 0; i < Text.size(); ++i) {
+        // The parser would take it for the end in one place, go on in another, and never finish.
+        if (Text[i] == '\0') RaiseAt(Text, "a character of code 0 is not expected here", int(i) + 1);
         if (Text[i] != '=') continue;
         const bool comparison = (i > 0 && std::string("<>!=").find(Text[i - 1]) != std::string::npos) ||
                                 (i + 1 < Text.size() && Text[i + 1] == '=');

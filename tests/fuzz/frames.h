@@ -1,0 +1,39 @@
+#pragma once
+// What a frame must do, for targets that draw.
+
+#include "fuzz/fuzz.h"
+
+#include "platform/application.h"
+#include "platform/form.h"
+#include "platform/frame.h"
+#include "platform/recording.h"
+
+namespace kx::fuzz {
+
+/// Takes what goes to the application while it lives.
+struct TQuiet {
+    TQuiet() {
+        TApplication::Instance().OnException = [this](const std::exception& Error) { Last = Error.what(); };
+    }
+    ~TQuiet() { TApplication::Instance().OnException = nullptr; }
+    TQuiet(const TQuiet&) = delete;
+    TQuiet& operator=(const TQuiet&) = delete;
+    std::string Last;
+};
+
+inline std::string Drawn(TForm& Form) {
+    TRecorder recorder(Form.GetBoundsRect().Size());
+    PaintFrame(Form, recorder);
+    return recorder.Recording.ToText();
+}
+
+/// A frame settles, unless something was raised, and a second one without a change in between is the same.
+inline void DemandFrame(TForm& Form, TQuiet& Quiet) {
+    Quiet.Last.clear();
+    const bool settled = SettleTree(Form);
+    KX_DEMAND(settled || !Quiet.Last.empty());
+    const std::string once = Drawn(Form);
+    if (Quiet.Last.empty()) KX_DEMAND(Drawn(Form) == once, +once);
+}
+
+} // namespace kx::fuzz

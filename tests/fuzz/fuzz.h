@@ -1,0 +1,123 @@
+#pragma once
+// What the fuzz targets share. A target is one file: a body that takes any bytes and demands what must hold
+// whatever they are. Built by itself over libFuzzer (preset fuzz, scripts/fuzz), and together with the others
+// into kxgraph_fuzz_replay, which puts the files of corpus/<target> through it.
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <initializer_list>
+#include <limits>
+#include <map>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kx::fuzz {
+
+/// Takes values off the bytes of a case, zeros when they are used up.
+class TData {
+public:
+    explicit TData(std::span<const std::uint8_t> Bytes) : FBytes(Bytes) {}
+
+    bool IsEmpty() const { return FBytes.empty(); }
+    std::uint8_t Byte() {
+        if (FBytes.empty()) return 0;
+        const std::uint8_t first = FBytes.front();
+        FBytes = FBytes.subspan(1);
+        return first;
+    }
+    bool Flag() { return Byte() & 1; }
+    std::int32_t Integer() { return Raw<std::int32_t>(); }
+    /// First to Last, both included; at most 65536 values.
+    int Between(int First, int Last) {
+        const int span = Last - First + 1;
+        const int low = Byte();
+        return First + (span <= 256 ? low : low + 256 * Byte()) % span;
+    }
+    template <class T>
+    T OneOf(std::initializer_list<T> Values) {
+        return Values.begin()[Between(0, int(Values.size()) - 1)];
+    }
+
+    /// Any double: often a small whole number or a tenth, else a limit, else any bits.
+    double Real() {
+        const int kind = Byte();
+        if (kind < 96) return kind - 48;
+        if (kind < 160) return std::int8_t(Byte()) / 10.0;
+        if (kind < 192) {
+            using L = std::numeric_limits<double>;
+            static constexpr double limits[] = {L::infinity(),
+                                                -L::infinity(),
+                                                L::quiet_NaN(),
+                                                L::max(),
+                                                L::lowest(),
+                                                L::min(),
+                                                L::denorm_min(),
+                                                -L::denorm_min(),
+                                                1.7e308,
+                                                -1.7e308,
+                                                -0.0,
+                                                1e15,
+                                                1e-280,
+                                                1.6e9,
+                                                1e-12,
+                                                L::epsilon()};
+            return limits[kind % 16];
+        }
+        return Raw<double>();
+    }
+    std::vector<double> Reals(int Most) {
+        std::vector<double> values(std::size_t(Between(0, Most)));
+        for (double& value : values) value = Real();
+        return values;
+    }
+    /// Up to Most bytes.
+    std::string Text(int Most) { return Take(std::size_t(Between(0, Most))); }
+    std::string Rest() { return Take(FBytes.size()); }
+
+private:
+    std::string Take(std::size_t Count) {
+        const auto part = FBytes.first(std::min(Count, FBytes.size()));
+        FBytes = FBytes.subspan(part.size());
+        return {part.begin(), part.end()};
+    }
+    template <class T>
+    T Raw() {
+        T value{};
+        const std::string bytes = Take(sizeof value);
+        std::memcpy(&value, bytes.data(), bytes.size());
+        return value;
+    }
+
+    std::span<const std::uint8_t> FBytes;
+};
+
+[[noreturn]] inline void Fail(const char* File, int Line, const char* Demand, const std::string& Why) {
+    std::fprintf(stderr, "%s:%d: %s does not hold %s\n", File, Line, Demand, Why.c_str());
+    std::abort();
+}
+
+using TBody = void (*)(TData&);
+/// The targets of this program by name.
+std::map<std::string, TBody>& Targets();
+
+struct TRegistration {
+    TRegistration(const char* Name, TBody Body) { Targets()[Name] = Body; }
+};
+
+} // namespace kx::fuzz
+
+/// Ends the program, as sanitizers do, unless Demand holds; the rest is a text to print.
+#define KX_DEMAND(DEMAND, ...)                                                                               \
+    ((DEMAND) ? void() : ::kx::fuzz::Fail(__FILE__, __LINE__, #DEMAND, std::string("" __VA_ARGS__)))
+
+/// Begins the body of target NAME: KX_FUZZ(ini) { ... Data ... }
+#define KX_FUZZ(NAME)                                                                                        \
+    static void Fuzz_##NAME(::kx::fuzz::TData& Data);                                                        \
+    static const ::kx::fuzz::TRegistration CRegistered_##NAME(#NAME, Fuzz_##NAME);                           \
+    static void Fuzz_##NAME(::kx::fuzz::TData& Data)

@@ -1,0 +1,102 @@
+// Outfits: any settings are loaded into a whole graph, which still settles, and whose own outfit then reads
+// back.
+
+#include "fuzz/frames.h"
+
+#include "analysis/Kxlinearregressionline.h"
+#include "annotation/Kxlegend.h"
+#include "graph/Kxgraph2d.h"
+#include "platform/exceptions.h"
+#include "series/Kxbarseries.h"
+#include "series/Kxdataseries.h"
+
+namespace kx {
+namespace {
+
+/// A graph with everything that an outfit holds.
+struct TPlot {
+    TPlot()
+        : Form(nullptr), Graph(&Form), X(&Form), Y(&Form), XV(&Form), YV(&Form), Series(&Form), Bars(&Form),
+          Line(&Form), Legend(&Form) {
+        Form.SetName("Form1");
+        Form.SetBounds(0, 0, 320, 240);
+        Graph.SetParent(&Form);
+        Graph.SetBounds(0, 0, 320, 240);
+        const std::pair<TComponent*, const char*> names[] = {
+            {&Graph, "Graph1"}, {&X, "XAxis"},        {&Y, "YAxis"},    {&XV, "X1"},
+            {&YV, "Y1"},        {&Series, "Series1"}, {&Bars, "Bars1"}, {&Line, "Line1"}};
+        for (const auto& [component, name] : names) component->SetName(name);
+        for (TKxAxis* axis : {&X, &Y}) axis->SetParent(&Graph);
+        Graph.SetPrimaryXAxis(&X);
+        Graph.SetPrimaryYAxis(&Y);
+        for (int i = 0; i < 7; ++i) {
+            XV.Add(i + 1);
+            YV.Add(0.5 + i % 3);
+        }
+        for (TKxSeries* series : {static_cast<TKxSeries*>(&Series), static_cast<TKxSeries*>(&Bars)}) {
+            series->SetXAxis(&X);
+            series->SetYAxis(&Y);
+            series->SetXData(&XV);
+            series->SetYData(&YV);
+        }
+        Line.SetParentSeries(&Series);
+        Legend.SetParent(&Graph);
+        Legend.SetGraph(&Graph);
+    }
+    std::string Saved() {
+        TKxIniList ini;
+        Graph.SaveOutfit("Graph", ini);
+        return ini.GetText();
+    }
+    bool Load(const std::string& Text) {
+        TKxIniList ini;
+        ini.SetText(Text);
+        try {
+            Graph.LoadOutfit("Graph", ini);
+            return true;
+        } catch (const Exception&) {
+            return false;
+        }
+    }
+
+    TForm Form;
+    TKx2DGraph Graph;
+    TKxAxis X, Y;
+    TKxRealVector XV, YV;
+    TKxDataWithErrorSeries Series;
+    TKxBarSeries Bars;
+    TKxLinearRegressionLine Line;
+    TKxLegend Legend;
+};
+
+/// The outfit of a new graph with some of its values replaced.
+std::string Changed(fuzz::TData& Data) {
+    static const std::string original = TPlot().Saved();
+    TStringList lines;
+    lines.SetText(original);
+    for (int changes = Data.Between(0, 10); changes > 0; --changes) {
+        const int index = Data.Between(0, lines.GetCount() - 1);
+        const std::string& line = lines.GetLine(index);
+        const auto equals = line.find('=');
+        if (equals == line.npos) continue;
+        const std::string value = Data.Flag() ? std::to_string(Data.Between(-3, 260)) : Data.Text(12);
+        lines.PutLine(index, line.substr(0, equals + 1) + value);
+    }
+    return lines.GetText();
+}
+
+KX_FUZZ(outfits) {
+    fuzz::TQuiet quiet;
+    TPlot first, second;
+    std::string text = Changed(Data);
+    text += Data.Text(200);
+    first.Load(text);
+    fuzz::DemandFrame(first.Form, quiet);
+    const std::string saved = first.Saved();
+    KX_DEMAND(second.Load(saved), +saved);
+    fuzz::DemandFrame(second.Form, quiet);
+    KX_DEMAND(second.Saved() == saved, +saved + "\n--- becomes ---\n" + second.Saved());
+}
+
+} // namespace
+} // namespace kx
