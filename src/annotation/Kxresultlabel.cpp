@@ -41,13 +41,29 @@ void TKxResultLabel::SetIdentifier(const AnsiString& Identifier) {
     Change(FIdentifier, TKxIDString(Identifier));
 }
 void TKxResultLabel::SetDigits(int Digits) { Change(FDigits, std::clamp(Digits, 0, CMostDigits)); }
+void TKxResultLabel::SetSignificantDigits(int Digits) {
+    Change(FSignificantDigits, std::clamp(Digits, 0, CMostDigits));
+}
+void TKxResultLabel::SetErrorIdentifier(const AnsiString& Identifier) {
+    Change(FErrorIdentifier, TKxIDString(Identifier));
+}
 void TKxResultLabel::SetPrefix(const TKxCaption& Prefix) { Change(FPrefix, Prefix); }
 void TKxResultLabel::SetSuffix(const TKxCaption& Suffix) { Change(FSuffix, Suffix); }
 
 AnsiString TKxResultLabel::ResultText() const {
     if (!FSeries || FIdentifier.empty()) return CNoResult;
-    AnsiString text = FSeries->GetResults().ReadString(FSeries->GetName(), FIdentifier, CNoResult);
-    return IsNumber(text) ? RealToStrDigits(ExtractOneReal(text), FDigits) : text;
+    AnsiString text = Stored(FIdentifier);
+    if (!IsNumber(text)) return text;
+    const double value = ExtractOneReal(text);
+    AnsiString error = FErrorIdentifier.empty() ? AnsiString() : Stored(FErrorIdentifier);
+    if (IsNumber(error)) return RealWithErrorToStr(value, ExtractOneReal(error), FSignificantDigits);
+    return (FSignificantDigits > 0 ? RealToStrSignificant(value, FSignificantDigits)
+                                   : RealToStrDigits(value, FDigits)) +
+           (error.empty() ? "" : " \u00B1 " + error);
+}
+
+AnsiString TKxResultLabel::Stored(const AnsiString& Key) const {
+    return FSeries->GetResults().ReadString(FSeries->GetName(), Key, CNoResult);
 }
 
 void TKxResultLabel::SetResult() { SetCaption(FPrefix + ResultText() + FSuffix); }
@@ -60,6 +76,10 @@ const TPropertyTable& TKxResultLabel::Properties() {
             Published<&T::GetSeries, &T::SetSeries>("Series", nullptr, "the series whose result is shown"),
             Published<&T::GetIdentifier, &T::SetIdentifier>("Identifier", "", "key of the result"),
             Published<&T::GetDigits, &T::SetDigits>("Digits", 0, "characters of a number; 0: 15 digits"),
+            Published<&T::GetSignificantDigits, &T::SetSignificantDigits>(
+                "SignificantDigits", 0, "significant digits of a number; 0: as Digits says"),
+            Published<&T::GetErrorIdentifier, &T::SetErrorIdentifier>("ErrorIdentifier", "",
+                                                                      "key of the standard error"),
             Published<&T::GetPrefix, &T::SetPrefix>("Prefix", "", "caption in front of the result"),
             Published<&T::GetSuffix, &T::SetSuffix>("Suffix", "", "caption behind the result"),
         });

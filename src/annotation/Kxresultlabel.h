@@ -26,6 +26,13 @@ public:
     /// How many characters a number may take (see RealToStrDigits), 0 to 18; 0 shows 15 digits.
     int GetDigits() const { return FDigits; }
     void SetDigits(int Digits);
+    /// Significant digits of a number, 0 to 18; 0 (the default) leaves it to Digits.
+    int GetSignificantDigits() const { return FSignificantDigits; }
+    void SetSignificantDigits(int Digits);
+    /// The key of the result's standard error, e.g. "DeltaSlope". It is shown behind the result, both rounded
+    /// to the same place (see RealWithErrorToStr) by SignificantDigits. Empty at first: none is shown.
+    const TKxIDString& GetErrorIdentifier() const { return FErrorIdentifier; }
+    void SetErrorIdentifier(const AnsiString& Identifier);
     /// Captions before and after the result, e.g. "Slope = " and " mV". Empty at first.
     const TKxCaption& GetPrefix() const { return FPrefix; }
     void SetPrefix(const TKxCaption& Prefix);
@@ -43,6 +50,7 @@ protected:
 
 private:
     AnsiString ResultText() const;
+    AnsiString Stored(const AnsiString& Key) const;
     template <class T>
     void Change(T& Field, const T& Value) {
         if (Field == Value) return;
@@ -51,8 +59,8 @@ private:
     }
 
     TKxCalculatedSeries* FSeries = nullptr;
-    TKxIDString FIdentifier;
-    int FDigits = 0;
+    TKxIDString FIdentifier, FErrorIdentifier;
+    int FDigits = 0, FSignificantDigits = 0;
     TKxCaption FPrefix, FSuffix;
 };
 

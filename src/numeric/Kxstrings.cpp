@@ -1,9 +1,11 @@
 #include "numeric/Kxstrings.h"
 
+#include "numeric/Kxarithm.h"
 #include "platform/exceptions.h"
 #include "platform/numbertext.h"
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace kx {
@@ -23,19 +25,26 @@ T ReadWhole(std::string_view Text, T (*Read)(std::string_view, int&)) {
     return value;
 }
 
-/// Takes the number that S begins with, and one character behind it, out of S; Whole tells that S held
-/// nothing else, in which case it is left as it is.
+/// Takes the number that S begins with, and one character behind it, out of S. When S holds nothing else, it
+/// is left as it is.
 template <class T>
-T TakeNumber(std::string& S, T (*Read)(std::string_view, int&), bool& Whole) {
+std::string TakeNumber(std::string& S, T (*Read)(std::string_view, int&)) {
     EraseToNumber(S);
     int position = 0;
-    const T value = Read(S, position);
-    Whole = position == 0;
-    if (Whole) return value;
+    Read(S, position);
+    if (position == 0) return S;
     const auto length = static_cast<std::size_t>(position);
     const std::string number = S.substr(0, length - 1);
     S.erase(0, length);
-    return ReadWhole(number, Read);
+    return number;
+}
+
+constexpr std::int32_t CDefaultDigits = 15, CDigitsOfADouble = 17;
+
+/// E of 0.ddd x 10^E after rounding to Digits digits.
+int PlaceOf(double X, std::int32_t Digits) {
+    int position = 0;
+    return GetExponent(Val(Americanize(RealToStrSignificant(X, Digits)), position)) + 1;
 }
 
 char UpperCase(char C) { return C >= 'a' && C <= 'z' ? static_cast<char>(C - 'a' + 'A') : C; }
@@ -81,6 +90,30 @@ std::string RealToStrDigits(double X, std::int32_t Digits) {
     std::string text = FloatToStrGeneral(X, n, n);
     while (n > 0 && text.size() > static_cast<std::size_t>(Digits)) text = FloatToStrGeneral(X, --n, 0);
     return text;
+}
+
+std::string RealToStrSignificant(double X, std::int32_t Digits) {
+    return FloatToStrGeneral(X, Digits == 0 ? CDefaultDigits : Digits, 0);
+}
+
+std::string RealWithErrorToStr(double X, double Error, std::int32_t Digits) {
+    constexpr const char* plusMinus = " \u00B1 ";
+    const double larger = std::max(std::abs(X), std::abs(Error));
+    const auto apart = [&] {
+        return RealToStrSignificant(X, Digits) + plusMinus + RealToStrSignificant(Error, Digits);
+    };
+    const std::int32_t digits = Digits == 0 ? CDefaultDigits : std::clamp(Digits, 1, CDigitsOfADouble);
+    if (!std::isfinite(X) || !std::isfinite(Error) || larger == 0) return apart();
+    const int place = PlaceOf(larger, digits);
+    int decimals = digits - place;
+    if (Error != 0) decimals = std::max(decimals, 1 - PlaceOf(Error, 1));
+    if (place + decimals > CDigitsOfADouble) return apart();
+    if (decimals >= 0 && place >= -3)
+        return FloatToStrFixed(X, CDigitsOfADouble, decimals) + plusMinus +
+               FloatToStrFixed(Error, CDigitsOfADouble, decimals);
+    const int exponent = place - 1;
+    return "(" + RealWithErrorToStr(ExpMinus(X, exponent), ExpMinus(Error, exponent), place + decimals) +
+           ")E" + std::to_string(exponent);
 }
 
 std::string RealToAmericanStr(double X) { return Americanize(RealToStr(X)); }
@@ -145,19 +178,19 @@ void EraseToNextNumber(std::string& S) {
 }
 
 std::int32_t ExtractOneInt(std::string& S) {
-    bool whole = false;
     // Kept: a number that is all of S stays there and is read again by the next call.
-    return TakeNumber(S, &ValInt, whole);
+    return ReadWhole(TakeNumber(S, &ValInt), &ValInt);
 }
 
 double ExtractOneReal(std::string& S) {
-    bool whole = false;
-    const double value = TakeNumber(S, &Val, whole);
-    if (whole)
+    EraseToNumber(S);
+    const std::size_t length = S.size();
+    const std::string number = TakeNumber(S, &Val);
+    if (number.size() == length)
         S.clear();
     else
         EraseToNumber(S);
-    return value;
+    return ReadWhole(number, &Val);
 }
 
 bool ContainsToken(std::string_view S, char Token) { return !FindTokens(S, Token, true).empty(); }

@@ -14,6 +14,12 @@ std::string RealToStr(double X);
 /// The most precise text of at most Digits characters that was found by lowering the precision from Digits
 /// on, or the shortest one if none fits; 15 digits for Digits 0. Local form.
 std::string RealToStrDigits(double X, std::int32_t Digits);
+/// Digits significant digits, 15 for 0; trailing zeros are dropped. Local form.
+std::string RealToStrSignificant(double X, std::int32_t Digits);
+/// A value and its standard error rounded to the same place, "0.876 ± 0.014" or "(1.23 ± 0.05)E-7": Digits
+/// significant digits of the larger one (15 for 0), and at least one of the error. Where one number has no
+/// place for both, as with an error 1E-20 times the value, each has its own Digits. Local form, UTF-8.
+std::string RealWithErrorToStr(double X, double Error, std::int32_t Digits);
 std::string RealToAmericanStr(double X);
 std::string RealToAmericanStrDigits(double X, std::int32_t Digits);
 /// Eight significant digits, an exponent of at least four: 1.5E0020. Local form.
@@ -46,7 +52,8 @@ void EraseToNextNumber(std::string& S);
 /// Takes the first number, and the one character behind it, out of S. Raises Exception "Error during integer
 /// extraction" (for reals too) when there is none; S has lost what was read until then. A list of numbers may
 /// be separated by any character that is no number character. If the rest of S is the number and nothing
-/// else, ExtractOneInt leaves it there; ExtractOneReal empties S, and else goes on to the next number.
+/// else, ExtractOneInt leaves it there; ExtractOneReal empties S, and else goes on to the next number, also
+/// when it raises.
 std::int32_t ExtractOneInt(std::string& S);
 double ExtractOneReal(std::string& S);
 

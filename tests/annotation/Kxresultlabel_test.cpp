@@ -48,6 +48,19 @@ TEST(ResultLabel, ShowsAResultAndStaysTrue) {
 
     f.Label->SetPrefix("");
     f.Label->SetSuffix("");
+    f.Label->SetDigits(3);
+    for (const auto& [digits, stored, error, text] : {std::tuple{4, 4, "", "2.725"},
+                                                      {2, 2, "", "2.7"},
+                                                      {3, 3, "DeltaSlope", "2.73 ± 0.13"},
+                                                      {99, 18, "", "2.72500000000000009"},
+                                                      {2, 2, "None", "2.7 ± ..."},
+                                                      {0, 0, "", "2.7"}}) {
+        f.Label->SetSignificantDigits(digits);
+        f.Label->SetErrorIdentifier(error);
+        EXPECT_EQ(f.Label->GetSignificantDigits(), stored);
+        EXPECT_EQ(f.Label->GetCaption(), text) << digits << error;
+    }
+    f.Label->SetErrorIdentifier("DeltaSlope");
     f.Label->SetIdentifier("Formula");
     EXPECT_EQ(f.Label->GetCaption(), "Y=a+b(X)") << "a text is shown unchanged";
     f.Label->SetIdentifier("NoSuchKey");
