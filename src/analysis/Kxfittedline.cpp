@@ -3,8 +3,7 @@
 #include "analysis/Kxakima.h"
 #include "analysis/Kxcurvature.h"
 #include "analysis/Kxsimplex.h"
-#include "numeric/Kxstrings.h"
-#include "platform/text.h"
+#include "platform/scopedvalue.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,9 +20,6 @@ TKxRealArray ArrayOf(std::span<const double> Values) {
     std::copy(Values.begin(), Values.end(), array.begin());
     return array;
 }
-
-/// "a", "b", ... as in the results of other fits.
-AnsiString Numbered(const char* Key, int i) { return Key + ("(" + std::to_string(i + 1)) + ")"; }
 
 } // namespace
 
@@ -78,9 +74,11 @@ double TKxFittedLine::GetY(double X) const {
 
 void TKxFittedLine::CalculateFunction() {
     FDeltas = {};
+    FConverged.reset();
     if (!FFittingFunction) throw EMathError("Fitted Line: no FittingFunction defined");
     if (GetOrder() <= 0) throw EMathError("Fitted Line: Order <=0");
     DoFit();
+    if (!FStopped) FConverged = TestConvergence();
     FindStatistics();
     GetContinousLine();
 }
@@ -91,24 +89,42 @@ void TKxFittedLine::DoFit() {
     if (FDoCovariance) FindDeviations();
     FStopped = false;
     FIterationsDone = 0;
-    TKxRealArray trial(GetOrder()); // one array for all evaluations
-    TKxSimplex simplex([&](std::span<const double> Coefficients) {
-        std::copy(Coefficients.begin(), Coefficients.end(), trial.begin());
-        return Goodness(trial);
-    });
-    const auto keepBest = [&](const TKxSimplex& Simplex) {
+    const TKxRealArray start = FCoefficients.Clone();
+    RunSimplex([this](const TKxSimplex& Simplex) {
         ++FIterationsDone;
         FCoefficients = ArrayOf(Simplex.Best());
         FChiSquare = Simplex.BestValue();
         OnIteration(this);
         return !FStopped;
-    };
-    const TKxRealArray start = FCoefficients.Clone();
-    simplex.Run({start.begin(), start.end()}, FIterations, keepBest);
+    });
     if (!std::isfinite(FChiSquare)) {
         FCoefficients = start;
         throw EMathError("Fitted Line: the function has no finite value at the start");
     }
+}
+
+/// From the present coefficients, which Progress may change.
+void TKxFittedLine::RunSimplex(const std::function<bool(const TKxSimplex&)>& Progress) const {
+    TKxRealArray trial(GetOrder()); // one array for all evaluations
+    TKxSimplex simplex([&](std::span<const double> Coefficients) {
+        std::copy(Coefficients.begin(), Coefficients.end(), trial.begin());
+        return Goodness(trial);
+    });
+    const TKxRealArray start = FCoefficients.Clone();
+    simplex.Run({start.begin(), start.end()}, FIterations, Progress);
+}
+
+std::optional<bool> TKxFittedLine::TestConvergence() {
+    if (!FCheckConvergence) return std::nullopt;
+    const TScopedValue<bool> checking(FChecking, true);
+    bool improved = false;
+    RunSimplex([&](const TKxSimplex& Simplex) {
+        improved = IsImproved(Simplex.BestValue(), FChiSquare);
+        OnIteration(this);
+        return !improved && !FStopped;
+    });
+    if (FStopped && !improved) return std::nullopt;
+    return !improved;
 }
 
 void TKxFittedLine::CollectPoints() {
@@ -178,10 +194,27 @@ double TKxFittedLine::Goodness(const TKxRealArray& Coefficients) const {
     return SumOverPoints(Coefficients, [](std::size_t, double r) { return r * r; });
 }
 
+/// The weighted sum of squares of y about their mean; 0 when they are all equal.
+double TKxFittedLine::SumOfDeviations() const {
+    double weights = 0, origin = 0, mean = 0, sum = 0;
+    for (std::size_t i = 0; i < FY.size(); ++i) {
+        if (weights == 0) origin = FY[i]; // a y that counts, so that equal ones have a mean without rounding
+        weights += WeightOf(i);
+    }
+    for (std::size_t i = 0; i < FY.size(); ++i) mean += WeightOf(i) / weights * (FY[i] - origin);
+    for (std::size_t i = 0; i < FY.size(); ++i)
+        sum += WeightOf(i) * (FY[i] - origin - mean) * (FY[i] - origin - mean);
+    return sum;
+}
+
+int TKxFittedLine::Freedom() const {
+    return int(FX.size()) - int(std::ranges::count(FWeights, 0.0)) - GetOrder();
+}
+
 void TKxFittedLine::FindStatistics() {
-    const bool weighted = !FWeights.empty();
-    FSumOfSquares = SumOverPoints(
-        FCoefficients, [&](std::size_t i, double r) { return (weighted ? FWeights[i] : 1) * r * r; });
+    FSumOfSquares =
+        SumOverPoints(FCoefficients, [&](std::size_t i, double r) { return WeightOf(i) * r * r; });
+    FDetermination = 1 - FSumOfSquares / SumOfDeviations();
     TKxRealArray trial(GetOrder());
     const auto model = [&](std::span<const double> Coefficients, std::span<double> Values) {
         std::copy(Coefficients.begin(), Coefficients.end(), trial.begin());
@@ -189,76 +222,6 @@ void TKxFittedLine::FindStatistics() {
     };
     FDeltas = StandardErrors({FCoefficients.begin(), FCoefficients.end()}, model, int(FX.size()), FWeights,
                              FSumOfSquares);
-}
-
-void TKxFittedLine::WriteResults(TKxIniList& List, const AnsiString& Section) const {
-    TKxCalculatedSeries::WriteResults(List, Section);
-    List.WriteString(Section, "VarianceCoVariance", FDoCovariance ? "Covariance" : "Variance");
-    List.WriteReal(Section, "ChiSquare", FChiSquare);
-    List.WriteInteger(Section, "Order", GetOrder());
-    List.WriteInteger(Section, "Iterations", FIterations);
-    for (int i = 0; i < GetOrder(); ++i) {
-        List.WriteString(Section, Numbered("CoeffName", i), ColumnToCharHeader(i + 1));
-        List.WriteReal(Section, Numbered("Coeff", i), FCoefficients[i]);
-    }
-    const int points = int(FX.size());
-    List.WriteInteger(Section, "Points", points);
-    if (points > GetOrder())
-        List.WriteReal(Section, "ResidualVariance", FSumOfSquares / (points - GetOrder()));
-    for (int i = 0; i < FDeltas.Length(); ++i)
-        if (FDeltas[i] != CMaxReal) List.WriteReal(Section, Numbered("DeltaCoeff", i), FDeltas[i]);
-    WriteNamed(List, Section);
-}
-
-void TKxFittedLine::WriteNamed(TKxIniList& List, const AnsiString& Section) const {
-    // Names of keys ignore case: of a and A the first one stands under its name.
-    const auto isTaken = [&](const AnsiString& Name) {
-        TStringList keys;
-        List.ReadSection(Section, keys);
-        for (int i = 0; i < keys.GetCount(); ++i)
-            if (SameText(keys.GetLine(i), Name)) return true;
-        return false;
-    };
-    for (int i = 0; i < std::min(GetOrder(), int(FNames.size())); ++i) {
-        const AnsiString& name = FNames[std::size_t(i)];
-        if (isTaken(name)) continue;
-        List.WriteReal(Section, name, FCoefficients[i]);
-        if (i < FDeltas.Length() && FDeltas[i] != CMaxReal)
-            List.WriteReal(Section, "Delta(" + name + ")", FDeltas[i]);
-    }
-}
-
-void TKxFittedLine::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxCalculatedSeries::WriteToIni(Ini, Section);
-    Ini.WriteString(Section, "Formula", FExpression);
-    Ini.WriteInteger(Section, "Order", GetOrder());
-    Ini.WriteInteger(Section, "Iterations", FIterations);
-    Ini.WriteReal(Section, "ChiSquare", FChiSquare);
-    Ini.WriteRealArray(Section, "Coefs", FCoefficients.Data(), FCoefficients.High());
-}
-
-void TKxFittedLine::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxCalculatedSeries::ReadFromIni(Ini, Section);
-    // What was saved with another function is of no use as coefficients of this one.
-    const AnsiString saved = Ini.ReadString(Section, "Coefs", "");
-    if (std::count(saved.begin(), saved.end(), ';') == FCoefficients.High())
-        Ini.ReadRealArray(Section, "Coefs", FCoefficients.Data(), FCoefficients.High());
-    FIterations = Ini.ReadInteger(Section, "Iterations", FIterations);
-    SetExpression(Ini.ReadString(Section, "Formula", FExpression));
-}
-
-const TPropertyTable& TKxFittedLine::Properties() {
-    using T = TKxFittedLine;
-    static const TPropertyTable table(
-        "TKxFittedLine", &TKxCalculatedSeries::Properties(),
-        {
-            Published<&T::GetDoCovariance, &T::SetDoCovariance>("DoCovariance", false,
-                                                                "the covariance form of the goodness"),
-            Published<&T::GetIterations, &T::SetIterations>("Iterations", 1000, "budget of the simplex"),
-            Published<&T::GetOrder, &T::SetOrder>("Order", 0, "number of coefficients"),
-            Published<&T::GetExpression, &T::SetExpression>("Expression", "", "the formula as text"),
-        });
-    return table;
 }
 
 } // namespace kx

@@ -3,12 +3,16 @@
 
 #include "analysis/Kxcalculatedseries.h"
 
+#include <cmath>
 #include <functional>
+#include <optional>
 #include <span>
 #include <type_traits>
 #include <vector>
 
 namespace kx {
+
+class TKxSimplex;
 
 /// The model: y at X for the given coefficients.
 using TKxFittingFkt = std::function<double(double X, const TKxRealArray& Coefficients)>;
@@ -57,6 +61,15 @@ public:
     /// their names, too.
     const std::vector<AnsiString>& GetCoefficientNames() const { return FNames; }
     void SetCoefficientNames(const std::vector<AnsiString>& Names) { FNames = Names; }
+    /// Whether it is found out after each fit if it has come to rest: a simplex that has frozen looks like
+    /// one that has arrived. The fit is done once more from its coefficients, on a copy: they, the results
+    /// and the curve stay. Off at first, for that may take as long as the fit.
+    bool GetCheckConvergence() const { return FCheckConvergence; }
+    void SetCheckConvergence(bool Check) { ChangeSetting(FCheckConvergence, Check); }
+    /// False when that has made the best sum smaller by more than 1e-8 of itself; nothing without a check.
+    std::optional<bool> GetConverged() const { return FConverged; }
+    /// Whether the iterations of OnIteration are those of the check.
+    bool IsChecking() const { return FChecking; }
     /// The best sum of the last fit.
     double GetChiSquare() const { return FChiSquare; }
     /// Standard error of a coefficient, from the curvature of the sum of squares at the minimum
@@ -66,8 +79,9 @@ public:
     /// Iterations that the last fit has done.
     int GetIterationsDone() const { return FIterationsDone; }
 
-    /// Ends a running fit after its present iteration; the best coefficients so far are the result. For
-    /// handlers of OnIteration, and safe in a signal handler.
+    /// Ends a running fit, or its check, after its present iteration; the best coefficients so far are the
+    /// result, and nothing is known of convergence. For handlers of OnIteration, and safe in a signal
+    /// handler.
     void Stop() { FStopped = true; }
     TKxAnyEvent OnIteration; ///< after every iteration of the simplex
 
@@ -77,9 +91,11 @@ public:
     double GetY(double X) const override;
     /// Keys after those of the base: VarianceCoVariance ("Covariance" or "Variance"), ChiSquare, Order,
     /// Iterations, CoeffName(i) and Coeff(i) of each coefficient from i = 1; then Points, the number N of
-    /// points that took part; ResidualVariance = sum of |w| r^2 / (N - Order) where N > Order; DeltaCoeff(i),
-    /// see GetDeltaCoefficient, where it can be told; and all again under the coefficients'
-    /// names, where they have any that is no other key: a, Delta(a), ...
+    /// points that took part; ResidualVariance = sum of |w| r^2 / (N - Order) where N > Order, N without
+    /// points of weight 0; Converged, where it is known; DeltaCoeff(i), see GetDeltaCoefficient, where it can
+    /// be told; all again under the coefficients' names, where they have any that is no other key: a,
+    /// Delta(a), ...; and R2 = 1 - sum of |w| r^2 / Syy, unless y are all equal or a coefficient has that
+    /// name.
     void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
     void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
     void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
@@ -93,8 +109,13 @@ protected:
     /// Fit: no iterations set!", "Not enough data!" for fewer points than coefficients, "Reciprocal
     /// indefinite!" when all weights are 0.
     void DoFit();
+    /// Whether the fit that has just been done is at rest. With CheckConvergence does it again.
+    virtual std::optional<bool> TestConvergence();
+    /// Whether a sum is smaller than the one Before by more than 1e-8 of that.
+    static bool IsImproved(double Sum, double Before) { return Before - Sum > CLeastImprovement * Before; }
 
 private:
+    static constexpr double CLeastImprovement = 1e-8;
     template <class F>
     static TKxFittingBlockFkt InBlocks(F Function) {
         return [Function](std::span<const double> X, const TKxRealArray& Coefficients,
@@ -103,6 +124,7 @@ private:
         };
     }
     void StoreFunction(TKxFittingFkt Function, TKxFittingBlockFkt Blocks);
+    void RunSimplex(const std::function<bool(const TKxSimplex&)>& Progress) const;
     void CollectPoints();
     void FindDeviations();
     void EvaluateModel(std::span<const double> X, const TKxRealArray& Coefficients,
@@ -110,11 +132,15 @@ private:
     template <class F>
     double SumOverPoints(const TKxRealArray& Coefficients, F Term) const;
     double Goodness(const TKxRealArray& Coefficients) const;
+    double WeightOf(std::size_t Point) const { return FWeights.empty() ? 1 : FWeights[Point]; }
+    double SumOfDeviations() const;
+    int Freedom() const;
     void FindStatistics();
     void WriteNamed(TKxIniList& List, const AnsiString& Section) const;
     void CheckIndex(int I) const;
 
-    bool FDoCovariance = false;
+    bool FDoCovariance = false, FCheckConvergence = false, FChecking = false;
+    std::optional<bool> FConverged;
     int FIterations = 1000, FIterationsDone = 0;
     TKxFittingFkt FFittingFunction;
     TKxFittingBlockFkt FFunctionInBlocks; ///< the same
@@ -122,7 +148,7 @@ private:
     AnsiString FExpression;
     std::vector<AnsiString> FNames;
     TKxRealArray FCoefficients, FDeltas;
-    double FChiSquare = 0, FSumOfSquares = 0;
+    double FChiSquare = 0, FSumOfSquares = 0, FDetermination = NAN;
     std::vector<double> FX, FY, FWeights,
         FDeviations; ///< the points that take part; the last two may be empty
     volatile bool FStopped = false;

@@ -47,6 +47,10 @@ TEST(FittedLine, FindsTheCoefficientsAndFollowsLiveData) {
     f.Draw();
     EXPECT_NEAR(f.Result("ChiSquare"), 40 * 1e-4, 4e-4);
     EXPECT_NEAR(f.Result("ResidualVariance"), f.Result("ChiSquare") / 37, 1e-9);
+    double mean = 0, deviations = 0;
+    for (const double y : f.YV->Values()) mean += y / 40;
+    for (const double y : f.YV->Values()) deviations += (y - mean) * (y - mean);
+    EXPECT_NEAR(f.Result("R2"), 1 - f.Result("ChiSquare") / deviations, 1e-12);
     EXPECT_GT(f.Result("DeltaCoeff(1)"), 0.005);
     EXPECT_LT(f.Result("DeltaCoeff(1)"), 0.02);
 }
@@ -71,6 +75,9 @@ TEST(FittedLine, WeightsRangeAndBlocksAreHeeded) {
     f.Restart({1, 1, 1});
     f.Draw();
     EXPECT_NEAR(f.Fit->GetCoefficient(0), 5, 1e-6);
+    EXPECT_NEAR(f.Result("ResidualVariance") * 37, f.Result("ChiSquare"), 1e-12)
+        << "without points of weight 0";
+    EXPECT_GT(f.Result("R2"), 0.999);
     f.Fit->SetFittingBlockFunction({});
     f.Draw();
     EXPECT_NEAR(f.Fit->GetCoefficient(1), 0.7, 1e-6);
@@ -97,6 +104,50 @@ TEST(FittedLine, CanBeWatchedAndStopped) {
     seen = 100;
     f.Fit->Calculate();
     EXPECT_EQ(f.Fit->GetIterationsDone(), 1) << "nothing is better than 0";
+}
+
+TEST(FittedLine, WhetherItHasComeToRestIsFoundOutWithoutTouchingIt) {
+    struct TOutcome {
+        std::vector<double> Numbers;
+        std::optional<bool> Converged;
+        std::string Key;
+        int Iterations = 0, Checks = 0; ///< of the last run
+    };
+    const auto fitted = [](bool Check, int Iterations, int Runs, bool Stops = false) {
+        TFixture f;
+        TOutcome outcome;
+        for (int i = 0; i < 40; ++i) f.YV->SetValue(i, f.YV->GetValue(i) + (i % 3 == 0 ? 0.01 : -0.02));
+        f.Fit->SetIterations(Iterations);
+        f.Fit->SetCheckConvergence(Check);
+        f.Fit->OnIteration = [&](TComponent*) {
+            ++(f.Fit->IsChecking() ? outcome.Checks : outcome.Iterations);
+            if (f.Fit->IsChecking() && Stops) f.Fit->Stop();
+        };
+        f.Fit->SetParentSeries(f.Series);
+        for (int run = 1; run < Runs; ++run) {
+            outcome.Iterations = outcome.Checks = 0;
+            f.Fit->Calculate();
+        }
+        EXPECT_EQ(outcome.Iterations, f.Fit->GetIterationsDone());
+        EXPECT_FALSE(f.Fit->IsChecking());
+        for (int i = 0; i < 3; ++i) outcome.Numbers.push_back(f.Fit->GetCoefficient(i));
+        outcome.Numbers.push_back(f.Result("ChiSquare"));
+        outcome.Converged = f.Fit->GetConverged();
+        outcome.Key = f.Fit->GetResults().ReadString("Fit1", "Converged", "none");
+        return outcome;
+    };
+    const auto unchecked = fitted(false, 25, 1), moving = fitted(true, 25, 1), atRest = fitted(true, 300, 5),
+               stopped = fitted(true, 300, 5, true);
+    EXPECT_EQ(std::tuple(unchecked.Converged, unchecked.Key, unchecked.Checks),
+              std::tuple(std::nullopt, "none", 0));
+    EXPECT_EQ(std::pair(moving.Converged, moving.Key), std::pair(std::optional(false), std::string("0")));
+    EXPECT_EQ(moving.Numbers, unchecked.Numbers);
+    EXPECT_LT(moving.Checks, 26) << "the first gain is enough";
+    EXPECT_EQ(std::tuple(atRest.Converged, atRest.Key, atRest.Checks),
+              std::tuple(std::optional(true), "1", 301));
+    EXPECT_EQ(std::tuple(stopped.Converged, stopped.Key, stopped.Checks),
+              std::tuple(std::nullopt, "none", 1));
+    EXPECT_EQ(stopped.Numbers, atRest.Numbers);
 }
 
 TEST(FittedLine, TheCovarianceFormWeighsByTheSpreadOfRepeatedPoints) {
@@ -140,6 +191,7 @@ TEST(FittedLine, SaysWhatIsMissing) {
 TEST(FittedLine, OutfitsKeepTheFitAndNaNIsNoResult) {
     TFixture f;
     f.Fit->SetParentSeries(f.Series);
+    f.Fit->SetCheckConvergence(true);
     TKxIniList ini;
     f.Fit->WriteToIni(ini, "F");
     TKxFittedLine read(f.Form);
@@ -152,6 +204,7 @@ TEST(FittedLine, OutfitsKeepTheFitAndNaNIsNoResult) {
         read.ReadFromIni(ini, "F");
         EXPECT_NEAR(read.GetCoefficient(1), 0.7, 1e-6) << "those of another function";
     }
+    EXPECT_TRUE(read.GetCheckConvergence());
     f.Fit->SetFittingFunction([](double, const TKxRealArray&) { return std::sqrt(-1.0); });
     f.Restart({1, 2, 3});
     EXPECT_NE(MessageOf<EMathError>([&] { f.Fit->Calculate(); }).find("no finite value"), std::string::npos);

@@ -1,0 +1,93 @@
+// What a fit tells of its results, publishes and keeps.
+
+#include "analysis/Kxfittedline.h"
+#include "numeric/Kxstrings.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kx {
+
+namespace {
+
+/// "a", "b", ... as in the results of other fits.
+AnsiString Numbered(const char* Key, int i) { return Key + ("(" + std::to_string(i + 1)) + ")"; }
+
+} // namespace
+
+void TKxFittedLine::WriteResults(TKxIniList& List, const AnsiString& Section) const {
+    TKxCalculatedSeries::WriteResults(List, Section);
+    List.WriteString(Section, "VarianceCoVariance", FDoCovariance ? "Covariance" : "Variance");
+    List.WriteReal(Section, "ChiSquare", FChiSquare);
+    List.WriteInteger(Section, "Order", GetOrder());
+    List.WriteInteger(Section, "Iterations", FIterations);
+    for (int i = 0; i < GetOrder(); ++i) {
+        List.WriteString(Section, Numbered("CoeffName", i), ColumnToCharHeader(i + 1));
+        List.WriteReal(Section, Numbered("Coeff", i), FCoefficients[i]);
+    }
+    List.WriteInteger(Section, "Points", int(FX.size()));
+    if (Freedom() > 0) List.WriteReal(Section, "ResidualVariance", FSumOfSquares / Freedom());
+    if (FConverged) List.WriteBool(Section, "Converged", *FConverged);
+    for (int i = 0; i < FDeltas.Length(); ++i)
+        if (FDeltas[i] != CMaxReal) List.WriteReal(Section, Numbered("DeltaCoeff", i), FDeltas[i]);
+    WriteNamed(List, Section);
+}
+
+void TKxFittedLine::WriteNamed(TKxIniList& List, const AnsiString& Section) const {
+    // Names of keys ignore case: of a and A the first one stands under its name.
+    const auto isTaken = [&](const AnsiString& Name) {
+        TStringList keys;
+        List.ReadSection(Section, keys);
+        for (int i = 0; i < keys.GetCount(); ++i)
+            if (SameText(keys.GetLine(i), Name)) return true;
+        return false;
+    };
+    for (int i = 0; i < std::min(GetOrder(), int(FNames.size())); ++i) {
+        const AnsiString& name = FNames[std::size_t(i)];
+        if (isTaken(name)) continue;
+        List.WriteReal(Section, name, FCoefficients[i]);
+        if (i < FDeltas.Length() && FDeltas[i] != CMaxReal)
+            List.WriteReal(Section, "Delta(" + name + ")", FDeltas[i]);
+    }
+    if (std::isfinite(FDetermination) && !isTaken("R2")) List.WriteReal(Section, "R2", FDetermination);
+}
+
+void TKxFittedLine::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
+    TKxCalculatedSeries::WriteToIni(Ini, Section);
+    Ini.WriteString(Section, "Formula", FExpression);
+    Ini.WriteInteger(Section, "Order", GetOrder());
+    Ini.WriteInteger(Section, "Iterations", FIterations);
+    Ini.WriteReal(Section, "ChiSquare", FChiSquare);
+    Ini.WriteBool(Section, "CheckConvergence", FCheckConvergence);
+    Ini.WriteRealArray(Section, "Coefs", FCoefficients.Data(), FCoefficients.High());
+}
+
+void TKxFittedLine::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
+    TKxCalculatedSeries::ReadFromIni(Ini, Section);
+    // What was saved with another function is of no use as coefficients of this one.
+    const AnsiString saved = Ini.ReadString(Section, "Coefs", "");
+    if (std::count(saved.begin(), saved.end(), ';') == FCoefficients.High())
+        Ini.ReadRealArray(Section, "Coefs", FCoefficients.Data(), FCoefficients.High());
+    FIterations = Ini.ReadInteger(Section, "Iterations", FIterations);
+    FCheckConvergence = Ini.ReadBool(Section, "CheckConvergence", FCheckConvergence);
+    SetExpression(Ini.ReadString(Section, "Formula", FExpression));
+}
+
+const TPropertyTable& TKxFittedLine::Properties() {
+    using T = TKxFittedLine;
+    static const TPropertyTable table(
+        "TKxFittedLine", &TKxCalculatedSeries::Properties(),
+        {
+            Published<&T::GetDoCovariance, &T::SetDoCovariance>("DoCovariance", false,
+                                                                "the covariance form of the goodness"),
+            Published<&T::GetIterations, &T::SetIterations>("Iterations", 1000, "budget of the simplex"),
+            Published<&T::GetOrder, &T::SetOrder>("Order", 0, "number of coefficients"),
+            Published<&T::GetCheckConvergence, &T::SetCheckConvergence>(
+                "CheckConvergence", false, "does each fit once more to see if it has come to rest"),
+            Published<&T::GetExpression, &T::SetExpression>("Expression", "", "the formula as text"),
+        });
+    return table;
+}
+
+} // namespace kx
