@@ -21,7 +21,9 @@ protected:
     }
     std::string Results(const std::string& Arguments) const {
         const TOutcome outcome = Run(Words("d.csv --results - " + Arguments));
-        EXPECT_EQ(outcome.Errors, "") << Arguments;
+        // Fits with few iterations may say that they are not through.
+        EXPECT_TRUE(std::regex_match(outcome.Errors, std::regex("(kxplot: .* has not converged: .*\n)*")))
+            << Arguments << ": " << outcome.Errors;
         return outcome.Output;
     }
     double Result(const std::string& Arguments, const std::string& Section, const std::string& Key) const {

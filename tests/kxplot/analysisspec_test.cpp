@@ -49,17 +49,21 @@ TEST(KxplotAnalysisSpec, FitsComeFirstThenCurvesThenWhatIsDerivedOfTheFirstCurve
 }
 
 TEST(KxplotAnalysisSpec, LabelsNameAnAnalysisAKeyAndDigits) {
-    const std::tuple<const char*, std::optional<int>, const char*, int> cases[] = {
-        {"Slope", {}, "Slope", 8},
-        {"Slope:0", {}, "Slope", 0},
-        {"2.DeltaSlope%:18", 2, "DeltaSlope%", 18},
-        {"0.Coeff(1)", 0, "Coeff(1)", 8},
-        {"a.b:3", {}, "a.b", 3},
-        {"X-Maxima(1):6", {}, "X-Maxima(1)", 6}};
-    for (const auto& [text, number, key, digits] : cases) {
+    const std::tuple<const char*, std::optional<int>, const char*, int, bool> cases[] = {
+        {"Slope", {}, "Slope", 8, false},
+        {"Slope:0", {}, "Slope", 0, false},
+        {"2.DeltaSlope%:18", 2, "DeltaSlope%", 18, false},
+        {"0.Coeff(1)", 0, "Coeff(1)", 8, false},
+        {"a.b:3+-", {}, "a.b", 3, true},
+        {"X-Maxima(1):6", {}, "X-Maxima(1)", 6, false}};
+    for (const auto& [text, number, key, digits, error] : cases) {
         const TLabelSpec label = ParseLabel(text);
-        EXPECT_EQ(std::tuple(label.Number, label.Key, label.Digits), std::tuple(number, key, digits)) << text;
+        EXPECT_EQ(std::tuple(label.Number, label.Key, label.Digits, label.WithError),
+                  std::tuple(number, key, digits, error))
+            << text;
     }
+    EXPECT_EQ(Parsed("--fit a*x --start a=1 --repeat auto").Repeat, std::nullopt);
+    EXPECT_EQ(Parsed("--fit a*x --start a=1").Repeat, 1);
 }
 
 TEST(KxplotAnalysisSpec, TellsWhatIsWrongAndWhere) {
@@ -70,6 +74,7 @@ TEST(KxplotAnalysisSpec, TellsWhatIsWrongAndWhere) {
     const std::string curve = "is not akima, akima:smooth=WIDTH, spline or spline:weight=FACTOR";
     const std::string count = "is not a whole number from 1 to 1000000000";
     const std::string none = "there is no --fit, --curve, --derivative or --integral that it could be for";
+    const std::string label = "is not KEY:DIGITS or KEY:DIGITS+- with 0 to 18 digits";
     const std::string noFormula = "there is no --fit with a formula that it could be for";
     const std::pair<const char*, std::string> cases[] = {
         {"--fit line:foo=1", "--fit: 'line:foo=1' is not line, line:offset=VALUE or poly:DEGREE"},
@@ -102,8 +107,8 @@ TEST(KxplotAnalysisSpec, TellsWhatIsWrongAndWhere) {
         {"--fit a*x --start a=1 --start b=2", "--start: there is no formula for 'b=2'"},
         {"--fit line --start a=1", "--start: there is no formula for 'a=1'"},
         {"--fit a*x --start a=1 --iterations 0", "--iterations: '0' " + count},
-        {"--fit a*x --start a=1 --repeat 1.5", "--repeat: '1.5' " + count},
-        {"--fit a*x --start a=1 --repeat 1000000001", "--repeat: '1000000001' " + count},
+        {"--fit a*x --start a=1 --repeat 1.5", "--repeat: '1.5' " + count + " or auto"},
+        {"--fit a*x --start a=1 --repeat 1000000001", "--repeat: '1000000001' " + count + " or auto"},
         {"--fit line --iterations 5", "--iterations: " + noFormula},
         {"--curve akima --repeat 5", "--repeat: " + noFormula},
         {"--covariance", "--covariance: " + noFormula},
@@ -119,8 +124,8 @@ TEST(KxplotAnalysisSpec, TellsWhatIsWrongAndWhere) {
         {"--label Slope", "--label: " + none},
         {"--results -", "--results: " + none},
         {"--weight w", "--weight: " + none},
-        {"--fit line --label Slope:x", "--label: 'Slope:x' is not KEY:DIGITS with 0 to 18 digits"},
-        {"--fit line --label Slope:19", "--label: 'Slope:19' is not KEY:DIGITS with 0 to 18 digits"},
+        {"--fit line --label Slope:+-", "--label: 'Slope:+-' " + label},
+        {"--fit line --label Slope:19", "--label: 'Slope:19' " + label},
         {"--fit line --label 1.:3", "--label: '1.:3' has no key"},
     };
     for (const auto& [arguments, message] : cases) {

@@ -138,6 +138,11 @@ TEST_F(KxplotFits, AreNamedInThePictureWithTheResultsAskedFor) {
         {"-y u --fit poly:2 --fit line --label DeltaSlope%:4 --label Order",
          {"DeltaSlope% = 0", "Order = 2"},
          {}},
+        {"-y q --fit line --fit a*x --start a=1e-7 --label 1.Slope:3 --label slope:3+- --label a:2+- "
+         "--label 2.r2:4",
+         {"Slope = 1.3", "Slope = 1.30 ± 1.11", "a = 0.63 ± 0.41", "R2 = 0.2787"},
+         {}},
+        {"-y u --fit poly:3 --label R2 --label Coeff(2):3+-", {"r2 = 1", "Coeff(2) = 2 ± ..."}, {}},
         {"-y u --fit line --label Slope --set Label1.Suffix=/s --set Fit1.Caption=mine",
          {"Slope = 2/s", "mine"},
          {}},
@@ -242,6 +247,7 @@ TEST_F(KxplotFits, WrongOptionsAreUsageErrorsAndLeaveNoFile) {
         {"-y u -y v --fit line --label 3.Slope",
          "--label: .* no fit or curve 3, only 2; the keys are .*Slope.*"},
         {"-y u --fit line --label 0.Slope", "--label: .* no fit or curve 0, only one; .*"},
+        {"-y u --fit line --label r2:3+-", "--label: 'r2:3\\+-': R2 has no standard error"},
     };
     for (const auto& [arguments, message] : cases)
         ExpectError(2, std::string("d.csv -o p.png ") + arguments, message);

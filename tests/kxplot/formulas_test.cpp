@@ -75,6 +75,27 @@ TEST_F(KxplotFormulas, RunExactlyAsOftenAsAskedWhateverElseIsDrawn) {
     EXPECT_NE(FromTheLibrary(4, 2), FromTheLibrary(4, 1)) << "or this could not fail";
 }
 
+TEST_F(KxplotFormulas, AreToldWhereOneMoreRunWouldGainAndRepeatUntilNoneDoes) {
+    Write("d.csv", kx::ReadFile(KX_SOURCE "/examples/ultrasonic_response.csv"));
+    const char* best = " --fit exp(-b1*x)/(b2+b3*x) --start b1=0.1,b2=0.01,b3=0.02";
+    const char* slow = " --fit a+b*x+c*x^2+d*x^3 --start a=1,b=1,c=1,d=1.1";
+    const std::string told = "kxplot: ultrasonic response: .*: the fit has not converged: ";
+    const std::tuple<const char*, const char*, const char*, std::string> cases[] = {
+        {"--iterations 40", best, "0", told + "one more run lowers the .* \\(--repeat auto goes on\\)\n"},
+        {"--iterations 40 --repeat 20", best, "1", ""},
+        {"--iterations 40 --repeat auto", best, "1", ""},
+        {"--iterations 30 --repeat auto", slow, "0", told + "the last run still lowered the .*\n"},
+    };
+    for (const auto& [arguments, fit, converged, message] : cases) {
+        const TOutcome outcome = Run(Words("d.csv --results - " + std::string(arguments) + fit));
+        EXPECT_EQ(outcome.Status, 0);
+        EXPECT_TRUE(std::regex_match(outcome.Errors, std::regex(message))) << outcome.Errors;
+        EXPECT_EQ(Value(outcome.Output, "NonlinearRegression", "Converged"), converged) << arguments;
+        const double chi = std::stod(Value(outcome.Output, "NonlinearRegression", "ChiSquare"));
+        EXPECT_EQ(chi < 513.0480295 * (1 + 1e-8), *converged == '1') << arguments;
+    }
+}
+
 TEST_F(KxplotFormulas, HeedWeightsRangesAndCovariance) {
     const std::string fit = " --fit a+b*x --start a=1,b=1 --iterations 3000 --repeat 3";
     const std::tuple<std::string, const char*, double> cases[] = {

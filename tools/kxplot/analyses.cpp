@@ -81,6 +81,16 @@ std::string RefusalAlong(const TKxAxis& Axis, const TKxSeries& Series, const TKx
            FloatToStr(Data.GetValue(row));
 }
 
+/// The key of the standard error that belongs to a key; empty when none does.
+std::string ErrorKeyOf(const TAnalysis& Analysis, const std::string& Key) {
+    const auto is = [&](const std::string& Other) { return SameText(Key, Other); };
+    if (SameText(Key.substr(0, 6), "Coeff(")) return "Delta" + Key;
+    if (Analysis.Spec.Method == TMethod::Line && (is("Slope") || is("Offset"))) return "Delta" + Key;
+    for (const auto& start : Analysis.Spec.Start)
+        if (is(start.Name)) return "Delta(" + start.Name + ")";
+    return {};
+}
+
 /// Caption and reason of a failure; empty when there is none.
 std::string FailureOf(const TAnalysis& Analysis) {
     const std::string caption = PlainText(Analysis.Line->GetCaption()) + ": ";
@@ -185,6 +195,16 @@ std::vector<const TAnalysis*> TAnalyses::Numbered(const TLabelSpec& Label) const
 }
 
 const TAnalysis& TAnalyses::Find(TLabelSpec& Label) const {
+    const TAnalysis& analysis = FindKey(Label);
+    if (!Label.WithError) return analysis;
+    Label.ErrorKey = ErrorKeyOf(analysis, Label.Key);
+    if (Label.ErrorKey.empty() && !analysis.HasFailed())
+        throw TUsageError("--label: '" + Escaped(Label.Text) + "': " + Escaped(Label.Key) +
+                          " has no standard error");
+    return analysis;
+}
+
+const TAnalysis& TAnalyses::FindKey(TLabelSpec& Label) const {
     const auto candidates = Numbered(Label);
     for (const TAnalysis* analysis : candidates) {
         const std::string key = KeyIn(*analysis, Label.Key);
@@ -198,14 +218,31 @@ const TAnalysis& TAnalyses::Find(TLabelSpec& Label) const {
                       ListOfKeys(candidates));
 }
 
+// Captions of analyses name their series where there are several.
+std::string TAnalyses::SeriesOf(const TAnalysis& Analysis) const {
+    return FSeriesCount > 1 ? "" : PlainText(Analysis.Parent->GetCaption()) + ": ";
+}
+
 std::vector<std::string> TAnalyses::GetFailures() const {
     std::vector<std::string> failures;
     for (const auto& analysis : FItems) {
-        const std::string series = FSeriesCount > 1 ? "" : PlainText(analysis.Parent->GetCaption()) + ": ";
         const std::string failure = FailureOf(analysis);
-        if (!failure.empty()) failures.push_back(series + failure);
+        if (!failure.empty()) failures.push_back(SeriesOf(analysis) + failure);
     }
     return failures;
+}
+
+std::vector<std::string> TAnalyses::GetRemarks() const {
+    std::vector<std::string> remarks;
+    for (const auto& analysis : FItems) {
+        const auto* line = dynamic_cast<const TKxFittedLine*>(analysis.Line);
+        if (!line || analysis.HasFailed() || line->GetConverged().value_or(true)) continue;
+        remarks.push_back(SeriesOf(analysis) + PlainText(line->GetCaption()) +
+                          ": the fit has not converged: " +
+                          (FOptions.Repeat ? "one more run lowers the sum of squares (--repeat auto goes on)"
+                                           : "the last run still lowered the sum of squares"));
+    }
+    return remarks;
 }
 
 } // namespace kxplot

@@ -53,16 +53,20 @@ public:
     bool RunFormulas();
 
     const std::vector<TAnalysis>& GetItems() const { return FItems; }
-    /// The analysis that Label means; its key as it stands in the results goes into Label. Raises TUsageError
+    /// The analysis that Label means; its keys as they stand in the results go into Label. Raises TUsageError
     /// when there is none, unless the one that should have the key has failed or its data leave it open.
     const TAnalysis& Find(TLabelSpec& Label) const;
     /// One line in plain text for each analysis without a curve.
     std::vector<std::string> GetFailures() const;
+    /// One for each fit that has not come to rest.
+    std::vector<std::string> GetRemarks() const;
 
 private:
     std::string CaptionOf(const TAnalysis& Analysis) const;
     void Configure(const TAnalysis& Analysis) const;
     kx::TKxAxis* YAxisOf(const TAnalysis& Analysis) const;
+    std::string SeriesOf(const TAnalysis& Analysis) const;
+    const TAnalysis& FindKey(TLabelSpec& Label) const;
     std::vector<const TAnalysis*> Numbered(const TLabelSpec& Label) const;
 
     const TOptions& FOptions;

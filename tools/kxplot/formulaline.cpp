@@ -2,16 +2,34 @@
 
 namespace kxplot {
 
-void TFormulaLine::Run(int Times, TFitWatch& Watch, const std::string& Title) {
+namespace {
+
+constexpr int CMostRepeats = 100;
+
+} // namespace
+
+void TFormulaLine::Run(std::optional<int> Times, TFitWatch& Watch, const std::string& Title) {
     if (Watch.WasInterrupted()) {
         FState = TState::GivenUp;
         return Calculate();
     }
     FState = TState::Runs;
-    for (int k = 1; k <= Times && !Watch.WasInterrupted() && (k == 1 || GetError().empty()); ++k)
-        Watch.Calculate(*this, Times == 1
-                                   ? Title
-                                   : Title + ": run " + std::to_string(k) + " of " + std::to_string(Times));
+    FTimes = Times;
+    const int most = Times.value_or(CMostRepeats + 1);
+    for (FRun = 1; FRun <= most; ++FRun) {
+        FBefore = GetChiSquare();
+        const std::string run = ": run " + std::to_string(FRun);
+        Watch.Calculate(*this, most == 1 ? Title
+                               : Times   ? Title + run + " of " + std::to_string(most)
+                                         : Title + run);
+        if (Watch.WasInterrupted() || !GetError().empty() || (!Times && GetConverged() == true)) return;
+    }
+}
+
+// A run of several is a test of the one before.
+std::optional<bool> TFormulaLine::TestConvergence() {
+    if (FTimes) return FRun == *FTimes ? TKxFittedLine::TestConvergence() : std::nullopt;
+    return FRun == 1 ? std::nullopt : std::optional(!IsImproved(GetChiSquare(), FBefore));
 }
 
 void TFormulaLine::CalculateFunction() {

@@ -25,8 +25,11 @@ TLabelSpec ParseLabel(const std::string& Text) {
     label.Text = Text;
     std::string_view rest(Text);
     if (const auto colon = rest.rfind(':'); colon != std::string_view::npos) {
-        const auto digits = ParseWhole(rest.substr(colon + 1), 0, CMostDigits);
-        if (!digits) Fail(Text, "is not KEY:DIGITS with 0 to 18 digits");
+        std::string_view number = rest.substr(colon + 1);
+        label.WithError = number.ends_with("+-");
+        if (label.WithError) number.remove_suffix(2);
+        const auto digits = ParseWhole(number, 0, CMostDigits);
+        if (!digits) Fail(Text, "is not KEY:DIGITS or KEY:DIGITS+- with 0 to 18 digits");
         label.Digits = *digits;
         rest = rest.substr(0, colon);
     }

@@ -38,6 +38,7 @@ void ConfigureFormula(TKxFittedLine& Line, const TAnalysisSpec& Spec, const TOpt
     for (std::size_t i = 0; i < names.size(); ++i) Line.SetCoefficient(int(i), Spec.Start[i].Value);
     Line.SetIterations(Options.Iterations);
     Line.SetDoCovariance(Options.Covariance);
+    Line.SetCheckConvergence(true);
 }
 
 void ConfigureMethod(TKxCalculatedSeries& Line, const TAnalysisSpec& Spec, const TOptions& Options) {

@@ -98,8 +98,9 @@ int Draw(const TOptions& Options) {
                     [&](const std::string& Name) { kx::ReplaceFile(Name, plot.GetResults()); });
     files.MoveIntoPlace();
     if (Options.Results == "-") PrintResults(plot.GetResults());
-    const auto failures = plot.GetFailures();
-    for (const auto& failure : failures) std::cerr << "kxplot: " << failure << '\n';
+    const auto& failures = plot.GetFailures();
+    for (const auto* lines : {&failures, &plot.GetRemarks()})
+        for (const auto& line : *lines) std::cerr << "kxplot: " << line << '\n';
     if (plot.WasInterrupted()) return CInterrupted;
     return failures.empty() ? 0 : CFailure;
 }

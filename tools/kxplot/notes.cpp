@@ -61,7 +61,7 @@ TNotes::TNotes(TKx2DGraph& Graph, const TFont& Font, const TAnalyses& Analyses,
     }
     for (const auto& spec : Labels) {
         auto* label = Make<TKxResultLabel>("Label" + std::to_string(FResults.size() + 1), Font);
-        label->SetDigits(spec.Digits);
+        label->SetSignificantDigits(spec.Digits);
         FResults.push_back({spec, label});
     }
 }
@@ -72,6 +72,7 @@ void TNotes::Bind() {
         if (result.Label->GetPrefix().empty())
             result.Label->SetPrefix(EscapeCaption(result.Spec.Key) + " = ");
         result.Label->SetIdentifier(result.Spec.Key);
+        result.Label->SetErrorIdentifier(result.Spec.ErrorKey);
         // Without a curve there are markers in place of results, which belong in no picture.
         if (result.Analysis->HasCurve()) result.Label->SetSeries(result.Analysis->Line);
     }

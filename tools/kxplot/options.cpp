@@ -59,14 +59,22 @@ std::optional<double> ParseLimit(const char* Option, const std::optional<std::st
     return value;
 }
 
-int ParseCount(const char* Option, const std::optional<std::string>& Text, int Default,
-               int Most = 1000000000) {
+constexpr int CMostTimes = 1000000000;
+
+int ParseCount(const char* Option, const std::optional<std::string>& Text, int Default, int Most = CMostTimes,
+               const char* Else = "") {
     if (!Text) return Default;
     const auto count = ParseWhole(*Text, 1, Most);
     if (!count)
         throw TUsageError(std::string(Option) + ": '" + kx::Escaped(*Text) +
-                          "' is not a whole number from 1 to " + std::to_string(Most));
+                          "' is not a whole number from 1 to " + std::to_string(Most) + Else);
     return *count;
+}
+
+/// Nothing for "auto".
+std::optional<int> ParseRepeat(const std::optional<std::string>& Text) {
+    if (Text == "auto") return std::nullopt;
+    return ParseCount("--repeat", Text, 1, CMostTimes, " or auto");
 }
 
 struct TNeed {
@@ -94,7 +102,7 @@ void ParseFits(const TRawOptions& Raw, TOptions& Options) {
     if (Raw.Starts.size() > formulas)
         throw TUsageError("--start: there is no formula for '" + kx::Escaped(Raw.Starts[formulas]) + "'");
     Options.Iterations = ParseCount("--iterations", Raw.Iterations, Options.Iterations);
-    Options.Repeat = ParseCount("--repeat", Raw.Repeat, Options.Repeat);
+    Options.Repeat = ParseRepeat(Raw.Repeat);
     CheckNeeds(formulas > 0, "--fit with a formula",
                {{"--iterations", Raw.Iterations.has_value()},
                 {"--repeat", Raw.Repeat.has_value()},

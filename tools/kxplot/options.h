@@ -39,7 +39,8 @@ struct TOptions {
     std::optional<kx::TKxLegendPlacement> Legend;
     bool NoLegend = false;
     std::vector<TAnalysisSpec> Analyses; ///< fits, then curves, the derivative and the integral
-    int Iterations = 1000, Repeat = 1;   ///< of formula fits
+    int Iterations = 1000;               ///< of formula fits
+    std::optional<int> Repeat = 1;       ///< likewise; nothing: until nothing is gained
     bool Covariance = false;
     std::optional<std::string> Weight; ///< column
     bool WeightByErrors = false;

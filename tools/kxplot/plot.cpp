@@ -176,6 +176,7 @@ void TPlot::Apply(const TOptions& Options) {
     FNotes->Bind();
     FResults = ResultsText(FSeries); // with the captions as they are, before the legend shortens them
     FFailures = FAnalyses->GetFailures();
+    FRemarks = FAnalyses->GetRemarks();
     FinishLegend(Options);
     FNotes->Place();
 }

@@ -43,6 +43,8 @@ public:
     const std::string& GetResults() const { return FResults; }
     /// A line for each analysis without a curve.
     const std::vector<std::string>& GetFailures() const { return FFailures; }
+    /// A line for each fit whose result is not the best there is.
+    const std::vector<std::string>& GetRemarks() const { return FRemarks; }
 
 private:
     struct TColumns {
@@ -115,7 +117,7 @@ private:
     std::string FXHeader, FYHeader;     ///< what the axes are called in the table
     kx::TKxAxis* FSeriesAxis = nullptr; ///< the one that is called like the series
     std::string FResults;
-    std::vector<std::string> FFailures;
+    std::vector<std::string> FFailures, FRemarks;
     bool FInterrupted = false;
 };
 

@@ -40,10 +40,13 @@ void AddFitOptions(CLI::App& App, TRawOptions& Raw) {
             "where the coefficients of a formula start from, none of them at 0; the k-th belongs to the k-th "
             "formula. Ctrl+C ends a fit that takes too long; the best so far is kept");
     App.add_option("--iterations", Raw.Iterations, "steps of a formula fit (default: 1000)")->type_name("N");
-    App.add_option("--repeat", Raw.Repeat,
-                   "how many times a formula is fitted, each time from the coefficients before; opens a fit "
-                   "that got stuck (default: 1)")
-        ->type_name("N");
+    App.add_option(
+           "--repeat", Raw.Repeat,
+           "how many times a formula is fitted, each time from the coefficients before; opens a fit "
+           "that got stuck (default: 1). auto goes on until the sum of squares falls by no more than "
+           "1e-8 of itself, at most 100 times. A fit that one more run would improve is told, and has "
+           "Converged=0 in --results")
+        ->type_name("N|auto");
     App.add_flag("--covariance", Raw.Options.Covariance,
                  "formula fits heed the points by their scatter about others of the same x");
 }
@@ -80,10 +83,12 @@ void AddAnalysisOptions(CLI::App& App, TRawOptions& Raw) {
         ->type_name("FILE");
     App.add_option("--label", Raw.Labels,
                    "shows a result in the picture, e.g. Slope:6 (several allowed). KEY is one of those in "
-                   "--results, DIGITS how many characters a number may take (0 to 18, default: 8). It is "
+                   "--results, DIGITS how many significant digits a number has (0 to 18, default: 8; 0: "
+                   "all). KEY:3+- adds the "
+                   "standard error, rounded to the same place. It is "
                    "that of the first fit or curve that has KEY; 2.KEY is that of the second one, counted "
                    "through fits, curves, derivative and integral of the first series, then of the next")
-        ->type_name("KEY[:DIGITS]")
+        ->type_name("KEY[:DIGITS[+-]]")
         ->allow_extra_args(false);
 }
 

@@ -51,6 +51,7 @@ void TFitWatch::AfterIteration(kx::TKxFittedLine& Line, const std::string& Title
     if (WasInterrupted()) Line.Stop();
     if (!FTerminal || TClock::now() - FShown < pause) return;
     FShown = TClock::now();
+    if (Line.IsChecking()) return Show(Title + ": one more run as a test");
     Show(Title + ": iteration " + std::to_string(Line.GetIterationsDone()) + " of " +
          std::to_string(Line.GetIterations()) + ", chi-square " + Rounded(Line.GetChiSquare()));
 }
