@@ -7,6 +7,7 @@
 #include <functional>
 #include <iterator>
 #include <limits>
+#include <new>
 
 namespace kx {
 
@@ -39,19 +40,20 @@ void TKxIniLines::ForEachKind(const TLine& Line, F Do) {
 }
 
 TKxIniLines::TPlace TKxIniLines::PlaceAt(int Index) const {
-    if (Index < 0 || Index >= GetCount())
-        throw ERangeError("i=" + std::to_string(Index) + " index out of range");
+    const std::size_t index = CheckedIndex(Index, FLines.size());
     if (!FPositionsHold) {
         FPositions.clear();
         for (auto place = begin(); place != end(); ++place) FPositions.push_back(place);
         FPositionsHold = true;
     }
-    return FPositions[static_cast<std::size_t>(Index)];
+    return FPositions[index];
 }
 
 void TKxIniLines::InsertAt(int Index, std::string Text) {
     if (Index == GetCount()) return Append(std::move(Text));
-    const TPlace place = Insert(PlaceAt(Index), std::move(Text));
+    const TPlace before = PlaceAt(Index);
+    if (FPositions.size() == FPositions.capacity()) FPositions.reserve(2 * FPositions.size());
+    const TPlace place = Insert(before, std::move(Text));
     FPositions.insert(FPositions.begin() + Index, place);
     FPositionsHold = true;
 }
@@ -67,36 +69,97 @@ TKxIniLines::TPlace TKxIniLines::Insert(TPlace Before, std::string Text) {
     const bool atEnd = Before == end();
     const auto number = NumberBefore(Before);
     const TPlace place = FLines.insert(Before, TLine{std::move(Text), SectionAt(Before), number});
-    Enter(place);
-    EnterSection(Before);
-    if (!atEnd)
+    try {
+        if (atEnd && FPositionsHold) FPositions.push_back(place);
+        if (FIndexHolds) {
+            Enter(place);
+            EnterSection(Before);
+        }
+    } catch (...) {
+        GiveUpIndex();
         FPositionsHold = false;
-    else if (FPositionsHold)
-        FPositions.push_back(place);
+        FLines.erase(place);
+        throw;
+    }
+    if (!atEnd) FPositionsHold = false;
     return place;
 }
 
 void TKxIniLines::Replace(TPlace Place, std::string Text) {
-    Leave(Place);
     const auto line = FLines.erase(Place, Place); // erases nothing: the place, for writing
-    line->Text = std::move(Text);
-    Enter(Place);
-    EnterSection(std::next(Place));
+    const bool left = TryIndex([&] { Leave(Place); });
+    line->Text.swap(Text);
+    try {
+        if (left) {
+            Enter(Place);
+            EnterSection(std::next(Place));
+        }
+    } catch (...) {
+        GiveUpIndex();
+        line->Text.swap(Text);
+        throw;
+    }
 }
 
-void TKxIniLines::Delete(TPlace First, TPlace Last) {
-    for (TPlace place = First; place != Last; ++place) Leave(place);
+void TKxIniLines::Delete(TPlace First, TPlace Last) noexcept {
+    TryIndex([&] {
+        for (TPlace place = First; place != Last; ++place) Leave(place);
+    });
     std::list<TLine> deleted; // lines behind still refer to a header among them
     deleted.splice(deleted.end(), FLines, First, Last);
-    EnterSection(Last);
+    TryIndex([&] { EnterSection(Last); });
     FPositionsHold = false;
 }
 
-void TKxIniLines::Clear() {
+void TKxIniLines::Clear() noexcept {
     FIndex.clear();
     FPositions.clear();
-    FPositionsHold = true;
+    FIndexHolds = FPositionsHold = true;
     FLines.clear();
+}
+
+void TKxIniLines::Swap(TKxIniLines& Other) noexcept {
+    FLines.swap(Other.FLines);
+    FIndex.swap(Other.FIndex);
+    FPositions.swap(Other.FPositions);
+    std::swap(FIndexHolds, Other.FIndexHolds);
+    std::swap(FPositionsHold, Other.FPositionsHold);
+}
+
+void TKxIniLines::GiveUpIndex() const noexcept {
+    FIndex.clear();
+    FIndexHolds = false;
+}
+
+/// Changes the index if there is one. Whether there is one afterwards: without memory for it there is none.
+template <class F>
+bool TKxIniLines::TryIndex(F Change) const {
+    try {
+        if (FIndexHolds) Change();
+    } catch (const std::bad_alloc&) {
+        GiveUpIndex();
+    }
+    return FIndexHolds;
+}
+
+const TKxIniLines::TIndex& TKxIniLines::Index() const {
+    if (FIndexHolds) return FIndex;
+    try {
+        for (TPlace place = begin(); place != end(); ++place) {
+            place->Section = SectionAt(place);
+            Enter(place);
+        }
+    } catch (...) {
+        GiveUpIndex();
+        throw;
+    }
+    FIndexHolds = true;
+    return FIndex;
+}
+
+const TKxIniLines::TSameKind* TKxIniLines::Find(const TKind& Kind) const {
+    const auto found = Index().find(Kind);
+    return found == FIndex.end() ? nullptr : &found->second;
 }
 
 TKxIniLines::TPlace TKxIniLines::FindHeader(std::string_view Section) const {
@@ -104,17 +167,17 @@ TKxIniLines::TPlace TKxIniLines::FindHeader(std::string_view Section) const {
 }
 
 TKxIniLines::TPlace TKxIniLines::FindKey(TPlace Header, std::string_view Ident) const {
-    const auto found = FIndex.find({&*Header, KeyKind(Ident.substr(0, Ident.find('=')))});
-    if (found == FIndex.end()) return end();
+    const TSameKind* lines = Find({&*Header, KeyKind(Ident.substr(0, Ident.find('=')))});
+    if (!lines) return end();
     const std::string start = std::string(Ident) + "=";
-    const auto key = std::find_if(found->second.begin(), found->second.end(),
-                                  [&](TPlace Place) { return StartsWithText(Place->Text, start); });
-    return key == found->second.end() ? end() : *key;
+    const auto key =
+        std::ranges::find_if(*lines, [&](TPlace Place) { return StartsWithText(Place->Text, start); });
+    return key == lines->end() ? end() : *key;
 }
 
 TKxIniLines::TPlace TKxIniLines::First(const TKind& Kind) const {
-    const auto found = FIndex.find(Kind);
-    return found == FIndex.end() ? end() : found->second.front();
+    const TSameKind* lines = Find(Kind);
+    return lines ? lines->front() : end();
 }
 
 const TKxIniLines::TLine* TKxIniLines::SectionAt(TPlace Place) const {
@@ -124,8 +187,8 @@ const TKxIniLines::TLine* TKxIniLines::SectionAt(TPlace Place) const {
 }
 
 /// Puts the lines from First on into the section that they lie in now, up to the first that is in it already.
-void TKxIniLines::EnterSection(TPlace First) {
-    for (auto line = FLines.erase(First, First); line != FLines.end(); ++line) {
+void TKxIniLines::EnterSection(TPlace First) const {
+    for (TPlace line = First; line != end(); ++line) {
         const TLine* section = SectionAt(line);
         if (line->Section == section) return;
         Leave(line);
@@ -149,16 +212,16 @@ void TKxIniLines::Renumber() {
     for (TLine& line : FLines) line.Number = number += CAppendStep;
 }
 
-void TKxIniLines::Enter(TPlace Place) {
+void TKxIniLines::Enter(TPlace Place) const {
     ForEachKind(*Place, [&](TKind Kind) {
-        TSameKind& lines = FIndex[std::move(Kind)];
+        TSameKind& lines = FIndex[std::move(Kind)]; // empty for a moment: no search may see it so
         const bool isLast = lines.empty() || IsInOrder(lines.back(), Place);
         lines.insert(isLast ? lines.end() : std::upper_bound(lines.begin(), lines.end(), Place, IsInOrder),
                      Place);
     });
 }
 
-void TKxIniLines::Leave(TPlace Place) {
+void TKxIniLines::Leave(TPlace Place) const {
     ForEachKind(*Place, [&](const TKind& Kind) {
         const auto found = FIndex.find(Kind);
         TSameKind& lines = found->second;

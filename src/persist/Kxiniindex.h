@@ -17,13 +17,16 @@ namespace kx {
 /// were inserted or deleted at places since the last one. What costs more: a line beginning with "[" that
 /// comes or goes (O(n) in the lines that change their section by it, none at the end of the list), and lines
 /// of one key in one section (O(k) for k of them). A place stays valid until its line is deleted.
+///
+/// When memory runs out, an operation that adds or replaces lines raises and leaves the lines as they were;
+/// deleting never fails. The index is given up then and made anew by the next search.
 class TKxIniLines {
 public:
     /// Section is the last line beginning with "[" in front of this one; null when there is none. A header is
-    /// thus the last line of the section in front of it, where readers stop.
+    /// thus the last line of the section in front of it, where readers stop. Right while the index holds.
     struct TLine {
         std::string Text;
-        const TLine* Section = nullptr;
+        mutable const TLine* Section = nullptr;
         std::uint64_t Number = 0; // grows in line order, with gaps
     };
     using TPlace = std::list<TLine>::const_iterator;
@@ -47,8 +50,9 @@ public:
     TPlace Insert(TPlace Before, std::string Text);
     void Replace(TPlace Place, std::string Text);
     /// Deletes First and what follows it up to, not including, Last.
-    void Delete(TPlace First, TPlace Last);
-    void Clear();
+    void Delete(TPlace First, TPlace Last) noexcept;
+    void Clear() noexcept;
+    void Swap(TKxIniLines& Other) noexcept;
 
     // Searches ignore the case of ASCII letters and give end() when there is no such line. Header is any line
     // that begins with "[".
@@ -75,18 +79,26 @@ private:
     };
     using TSameKind = std::vector<TPlace>; // in line order
 
+    using TIndex = std::unordered_map<TKind, TSameKind, THash>;
+
     template <class F>
     static void ForEachKind(const TLine& Line, F Do);
+    const TIndex& Index() const;
+    const TSameKind* Find(const TKind& Kind) const;
     TPlace First(const TKind& Kind) const;
     const TLine* SectionAt(TPlace Place) const;
-    void EnterSection(TPlace First);
+    void EnterSection(TPlace First) const;
     std::uint64_t NumberBefore(TPlace Before);
     void Renumber();
-    void Enter(TPlace Place);
-    void Leave(TPlace Place);
+    void Enter(TPlace Place) const;
+    void Leave(TPlace Place) const;
+    template <class F>
+    bool TryIndex(F Change) const;
+    void GiveUpIndex() const noexcept;
 
     std::list<TLine> FLines;
-    std::unordered_map<TKind, TSameKind, THash> FIndex;
+    mutable TIndex FIndex;
+    mutable bool FIndexHolds = true;
     mutable std::vector<TPlace> FPositions; // all places in order, if FPositionsHold
     mutable bool FPositionsHold = true;
 };

@@ -3,10 +3,12 @@
 #include "numeric/Kxstrings.h"
 #include "platform/application.h"
 #include "platform/files.h"
+#include "platform/text.h"
 
 #include <algorithm>
 #include <exception>
 #include <iterator>
+#include <new>
 
 namespace kx {
 
@@ -64,8 +66,8 @@ void TKxIniList::ReadSectionValues(std::string_view Section, TStrings& Strings) 
 void TKxIniList::EraseSection(std::string_view Section) {
     const auto header = FStore.FindHeader(Section);
     if (header == FStore.end()) return;
-    Modified = true;
     FStore.Delete(header, FStore.NextHeader(header));
+    Modified = true;
 }
 
 std::string TKxIniList::ReadString(std::string_view Section, std::string_view Ident,
@@ -77,15 +79,10 @@ std::string TKxIniList::ReadString(std::string_view Section, std::string_view Id
 }
 
 void TKxIniList::WriteString(std::string_view Section, std::string_view Ident, std::string_view Value) {
-    Modified = true;
     std::string line = KeyLine(Ident, Value);
     const auto header = FStore.FindHeader(Section);
-    if (header == FStore.end()) {
-        FStore.Append({});
-        FStore.Append(std::string("[").append(Section).append("]"));
-        FStore.Append(std::move(line));
-        return;
-    }
+    Modified = true;
+    if (header == FStore.end()) return AppendSection(Section, std::move(line));
     // Kept: past headers, as long as no empty line comes.
     for (auto section = header;; section = FStore.NextHeader(section)) {
         const auto key = FStore.FindKey(section, Ident);
@@ -97,6 +94,23 @@ void TKxIniList::WriteString(std::string_view Section, std::string_view Ident, s
             return;
         }
     }
+}
+
+void TKxIniList::AppendSection(std::string_view Section, std::string Line) {
+    const auto empty = FStore.Insert(FStore.end(), {});
+    try {
+        FStore.Append(std::string("[").append(Section).append("]"));
+        FStore.Append(std::move(Line));
+    } catch (...) {
+        FStore.Delete(empty, FStore.end());
+        throw;
+    }
+}
+
+void TKxIniList::SetLines(std::vector<std::string> Lines) {
+    TKxIniLines store;
+    for (std::string& line : Lines) store.Append(std::move(line));
+    FStore.Swap(store);
 }
 
 void TKxIniList::ReadXYVector(std::string_view Section, TKxRealVector& X, TKxRealVector& Y) const {
@@ -119,13 +133,21 @@ void TKxIniList::DeleteLeadingEmptyLines() {
     FStore.Delete(FStore.begin(), filled);
 }
 
+// A settings file that cannot be read must not keep the program from starting.
 TKxLargeIniFile::TKxLargeIniFile(std::string FileName) : FFileName(std::move(FileName)) {
-    if (!FileExists(FFileName)) return;
     try {
-        LoadFromFile(FFileName);
-    } catch (const std::exception&) {
-        // A settings file that cannot be read must not keep the program from starting.
+        if (!IsMissing(FFileName)) Load();
+    } catch (const std::bad_alloc&) {
+        FLoadError = "no memory";
+    } catch (const std::exception& error) {
+        FLoadError = error.what();
     }
+}
+
+void TKxLargeIniFile::Load() {
+    const TTextFile file = ReadTextFile(FFileName);
+    SetText(file.Text);
+    FHasMark = file.HasMark;
 }
 
 TKxLargeIniFile::~TKxLargeIniFile() {
@@ -134,8 +156,11 @@ TKxLargeIniFile::~TKxLargeIniFile() {
 
 void TKxLargeIniFile::Save() {
     if (!Modified) return;
+    if (!FLoadError.empty())
+        throw EFileError(Escaped(FFileName) + ": not saved, for it could not be read before (" + FLoadError +
+                         ")");
     DeleteLeadingEmptyLines();
-    SaveToFile(FFileName);
+    ReplaceFile(FFileName, std::string(FHasMark ? CByteOrderMark : "") + GetText());
     Modified = false;
 }
 

@@ -16,6 +16,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace kx {
 
@@ -44,6 +45,7 @@ private:
 ///
 /// A missing section or key leaves the target of a reader as it is, or gives its Default.
 /// Values must not hold CR or LF: they would come back from a file as lines of their own.
+/// When memory runs out in a writer of one key, the store is as it was before.
 class TKxIniList : public TStringList {
 public:
     /// Whether anything was written or erased. Set by every writer and by EraseSection, not by the operations
@@ -143,9 +145,12 @@ public:
     void Clear() override { FStore.Clear(); }
 
 protected:
+    void SetLines(std::vector<std::string> Lines) override;
     void DeleteLeadingEmptyLines();
 
 private:
+    void AppendSection(std::string_view Section, std::string Line);
+
     TKxIniLines FStore; // instead of the lines of the base class
 };
 
@@ -153,19 +158,26 @@ private:
 /// in between. One object serves one load-change-save cycle.
 class TKxLargeIniFile : public TKxIniList {
 public:
-    /// A missing or unreadable file gives an empty store.
+    /// A missing file gives an empty store, and so does one that is there and cannot be read, see LoadError.
     explicit TKxLargeIniFile(std::string FileName);
     /// Saves. An error goes to the application's HandleException: a destructor must not raise. Call Save
     /// before to have it raised.
     ~TKxLargeIniFile() override;
 
     const std::string& GetFileName() const { return FFileName; }
-    /// If Modified: deletes the empty lines at the beginning, replaces the file atomically and resets
-    /// Modified. Raises EFileError; Modified and the file then stay as they were.
+    /// Why the file, which exists, could not be read; empty when it was read whole or is missing. Such a
+    /// store can be used, but is never saved: that would replace what stands in the file.
+    const std::string& GetLoadError() const { return FLoadError; }
+    /// If Modified: deletes the empty lines at the beginning, replaces the file atomically (with the
+    /// byte-order mark that it had) and resets Modified. Raises EFileError, also where there is a LoadError;
+    /// Modified and the file then stay as they were.
     void Save();
 
 private:
-    std::string FFileName;
+    void Load();
+
+    std::string FFileName, FLoadError;
+    bool FHasMark = false;
 };
 
 } // namespace kx

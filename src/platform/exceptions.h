@@ -1,6 +1,7 @@
 #pragma once
 // The exceptions of the library. Each carries a complete English message that can be shown as it stands.
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -28,6 +29,12 @@ class EConvertError : public Exception {
 class ERangeError : public Exception {
     using Exception::Exception;
 };
+/// Index of a list of Count elements. Raises ERangeError "i=%d index out of range" for any other.
+inline std::size_t CheckedIndex(int Index, std::size_t Count) {
+    if (Index < 0 || static_cast<std::size_t>(Index) >= Count)
+        throw ERangeError("i=" + std::to_string(Index) + " index out of range");
+    return static_cast<std::size_t>(Index);
+}
 /// A component name is not an identifier, or is taken.
 class EComponentError : public Exception {
     using Exception::Exception;

@@ -56,6 +56,11 @@ bool FileExists(const std::string& FileName) {
     return fs::exists(status) && !fs::is_directory(status);
 }
 
+bool IsMissing(const std::string& FileName) {
+    std::error_code error;
+    return fs::status(FileName, error).type() == fs::file_type::not_found;
+}
+
 bool DirectoryExists(const std::string& Path) {
     std::error_code error;
     return fs::is_directory(Path, error);
@@ -137,21 +142,20 @@ std::string LinkTarget(const std::string& FileName) {
     return path.string();
 }
 
-/// Removes a file unless it has been let go.
+/// Removes a file unless it has been let go, without asking for memory. Name must outlive it.
 class TTemporaryFile {
 public:
-    explicit TTemporaryFile(std::string Name) : FName(std::move(Name)) {}
+    explicit TTemporaryFile(const std::string& Name) : FName(&Name) {}
     ~TTemporaryFile() {
-        std::error_code error;
-        if (!FName.empty()) fs::remove(FName, error);
+        if (FName) std::remove(FName->c_str());
     }
     TTemporaryFile(const TTemporaryFile&) = delete;
     TTemporaryFile& operator=(const TTemporaryFile&) = delete;
-    const std::string& Name() const { return FName; }
-    void LetGo() { FName.clear(); }
+    const std::string& Name() const { return *FName; }
+    void LetGo() { FName = nullptr; }
 
 private:
-    std::string FName;
+    const std::string* FName;
 };
 
 void Rename(TTemporaryFile& Temporary, const std::string& FileName) {
@@ -177,6 +181,15 @@ std::string ReadFile(const std::string& FileName) {
     std::error_code unknown;
     const std::uintmax_t size = fs::is_regular_file(FileName, unknown) ? fs::file_size(FileName, unknown) : 0;
     return ReadAll(file.get(), FileName, unknown ? 0 : size);
+}
+
+TTextFile ReadTextFile(const std::string& FileName) {
+    std::string text = ReadFile(FileName);
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
+        Raise(FileName, "is UTF-16 text; UTF-8 or another text of 8 bits was expected");
+    const bool marked = text.starts_with(CByteOrderMark);
+    if (marked) text.erase(0, CByteOrderMark.size());
+    return {std::move(text), marked};
 }
 
 std::string TemporaryNameFor(const std::string& FileName) {

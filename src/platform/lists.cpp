@@ -15,19 +15,20 @@ std::string TStrings::GetText() const {
 }
 
 void TStrings::SetText(std::string_view Text) {
-    Clear();
+    std::vector<std::string> lines;
     while (!Text.empty()) {
         const std::size_t end = std::min(Text.find_first_of("\r\n"), Text.size());
-        Add(std::string(Text.substr(0, end)));
+        lines.emplace_back(Text.substr(0, end));
         Text.remove_prefix(end);
         if (Text.starts_with("\r\n"))
             Text.remove_prefix(2);
         else if (!Text.empty())
             Text.remove_prefix(1);
     }
+    SetLines(std::move(lines));
 }
 
-void TStrings::LoadFromFile(const std::string& FileName) { SetText(ReadFile(FileName)); }
+void TStrings::LoadFromFile(const std::string& FileName) { SetText(ReadTextFile(FileName).Text); }
 
 void TStrings::SaveToFile(const std::string& FileName) const { ReplaceFile(FileName, GetText()); }
 
@@ -37,20 +38,10 @@ void TStrings::Assign(const TPersistent& Source) {
         TPersistent::Assign(Source);
         return;
     }
-    if (lines == this) return;
-    Clear();
-    for (int i = 0; i < lines->GetCount(); ++i) Add(lines->GetLine(i));
+    std::vector<std::string> copy;
+    for (int i = 0; i < lines->GetCount(); ++i) copy.push_back(lines->GetLine(i));
+    SetLines(std::move(copy));
 }
-
-namespace {
-
-std::size_t CheckedIndex(int Index, std::size_t Count) {
-    if (Index < 0 || static_cast<std::size_t>(Index) >= Count)
-        throw ERangeError("i=" + std::to_string(Index) + " index out of range");
-    return static_cast<std::size_t>(Index);
-}
-
-} // namespace
 
 const std::string& TStringList::GetLine(int Index) const {
     return FLines[CheckedIndex(Index, FLines.size())];

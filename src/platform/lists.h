@@ -1,21 +1,23 @@
 #pragma once
 // The two lists that components share: pointers in order, and lines of text.
 
+#include "platform/exceptions.h"
 #include "platform/properties.h"
 
+#include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kx {
 
-/// Pointers in order, none of them owned.
+/// Pointers in order, none of them owned. An index outside 0..Count-1 raises ERangeError.
 template <class T>
 class TList {
 public:
     virtual ~TList() = default;
     int GetCount() const { return static_cast<int>(FItems.size()); }
-    /// Raises std::out_of_range for an index outside 0..Count-1.
-    T* GetItem(int Index) const { return FItems.at(static_cast<std::size_t>(Index)); }
+    T* GetItem(int Index) const { return FItems[CheckedIndex(Index, FItems.size())]; }
     /// Appends Item; returns its index.
     virtual int Add(T* Item) {
         FItems.push_back(Item);
@@ -27,8 +29,9 @@ public:
         if (index >= 0) Delete(index);
         return index;
     }
-    void Insert(int Index, T* Item) { FItems.insert(FItems.begin() + Index, Item); }
-    void Delete(int Index) { FItems.erase(FItems.begin() + Index); }
+    /// Inserts before Index, which may be Count.
+    void Insert(int Index, T* Item) { FItems.insert(PlaceOf(Index, FItems.size() + 1), Item); }
+    void Delete(int Index) { FItems.erase(PlaceOf(Index, FItems.size())); }
     void Clear() { FItems.clear(); }
     int IndexOf(const T* Item) const {
         for (int i = 0; i < GetCount(); ++i)
@@ -41,6 +44,11 @@ public:
 
 protected:
     std::vector<T*> FItems;
+
+private:
+    auto PlaceOf(int Index, std::size_t Count) {
+        return FItems.begin() + static_cast<std::ptrdiff_t>(CheckedIndex(Index, Count));
+    }
 };
 
 /// Lines of text that can be read from and written to a file. Lines may hold any byte but CR and LF.
@@ -61,13 +69,18 @@ public:
     }
     /// All lines, each followed by LF.
     std::string GetText() const;
-    /// Replaces all lines; LF, CR LF and CR end a line.
+    /// Replaces all lines; LF, CR LF and CR end a line. On failure the lines stay as they were.
     void SetText(std::string_view Text);
-    /// Raises EFileError; on failure the lines stay as they were.
+    /// Replaces all lines by those of a text file (see ReadTextFile). Raises EFileError; on failure the lines
+    /// stay as they were.
     void LoadFromFile(const std::string& FileName);
     /// Replaces the file atomically; raises EFileError.
     void SaveToFile(const std::string& FileName) const;
     void Assign(const TPersistent& Source) override;
+
+protected:
+    /// Replaces all lines, or leaves them as they are and raises.
+    virtual void SetLines(std::vector<std::string> Lines) = 0;
 };
 
 /// Lines held in memory.
@@ -81,6 +94,8 @@ public:
     void Clear() override { FLines.clear(); }
 
 protected:
+    void SetLines(std::vector<std::string> Lines) override { FLines = std::move(Lines); }
+
     std::vector<std::string> FLines;
 };
 

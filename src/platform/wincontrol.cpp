@@ -40,9 +40,7 @@ void PlaceAligned(TControl& Control, TRect& Free) {
 TWinControl::TWinControl(TComponent* Owner) : TControl(Owner) {}
 
 TControl* TWinControl::GetControl(int Index) const {
-    if (Index < 0 || Index >= GetControlCount())
-        throw ERangeError("i=" + std::to_string(Index) + " index out of range");
-    return FControls[static_cast<std::size_t>(Index)];
+    return FControls[CheckedIndex(Index, FControls.size())];
 }
 
 bool TWinControl::ContainsControl(const TControl* Control) const {

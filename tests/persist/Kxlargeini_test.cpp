@@ -5,10 +5,14 @@
 #include "platform/form.h"
 #include "platform/numbertext.h"
 #include "series/Kxdraw.h"
+#include "support/errors.h"
+#include "support/shortmemory.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
+#include <sys/resource.h>
 
 namespace kx {
 namespace {
@@ -174,6 +178,59 @@ TEST(LargeIniFile, IsWrittenOnlyWhenChangedAndBeginsWithAHeader) {
     std::filesystem::remove(name);
     TKxLargeIniFile(name).ReadString("A", "k", "");
     EXPECT_FALSE(FileExists(name));
+}
+
+/// No file can be opened while it lives.
+struct TNoFiles {
+    TNoFiles() {
+        getrlimit(RLIMIT_NOFILE, &Before);
+        const rlimit none{0, Before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &none);
+    }
+    ~TNoFiles() { setrlimit(RLIMIT_NOFILE, &Before); }
+    rlimit Before{};
+};
+
+TEST(LargeIniFile, WhatCouldNotBeReadIsNeverOverwritten) {
+    const std::string name = ::testing::TempDir() + "kxlargeini_unread.ini";
+    const std::string contents[] = {"[A]\nk=1\n", std::string("\xFF\xFE[\0A\0]\0", 8)};
+    for (const std::string& before : contents) {
+        ReplaceFile(name, before);
+        test::TFaults faults;
+        {
+            std::optional<TNoFiles> noFiles;
+            if (&before == contents) noFiles.emplace();
+            TKxLargeIniFile file(name);
+            noFiles.reset();
+            EXPECT_NE(file.GetLoadError().find("kxlargeini_unread.ini"), std::string::npos);
+            file.WriteString("B", "k", "2");
+            EXPECT_THROW(file.Save(), EFileError);
+        }
+        EXPECT_EQ(faults.Count, 1) << "the destructor tells, too";
+        EXPECT_EQ(ReadFile(name), before);
+    }
+    ReplaceFile(name, contents[0]);
+    test::WithEveryAllocationFailing([] {},
+                                     [&] {
+                                         TKxLargeIniFile file(name);
+                                         if (file.GetLoadError().empty())
+                                             EXPECT_EQ(file.ReadInteger("A", "k", 0), 1);
+                                         else
+                                             EXPECT_EQ(file.GetCount(), 0);
+                                     });
+    std::filesystem::remove(name);
+}
+
+TEST(LargeIniFile, AByteOrderMarkLosesNothing) {
+    const std::string name = ::testing::TempDir() + "kxlargeini_mark.ini";
+    ReplaceFile(name, "\xEF\xBB\xBF[A]\nk=1\n");
+    {
+        TKxLargeIniFile file(name);
+        EXPECT_EQ(file.ReadInteger("A", "k", 0), 1);
+        file.WriteInteger("A", "l", 2);
+    }
+    EXPECT_EQ(ReadFile(name), "\xEF\xBB\xBF[A]\nk=1\nl=2\n");
+    std::filesystem::remove(name);
 }
 
 TEST(LargeIniFile, AFailingSaveIsReportedAndDoesNotEndTheProgram) {

@@ -2,6 +2,7 @@
 
 #include "support/errors.h"
 #include "support/recording.h"
+#include "support/shortmemory.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +14,32 @@ namespace kx {
 namespace {
 
 namespace fs = std::filesystem;
+
+TEST(Files, ShortMemoryLeavesNoTemporaryAndEitherTheOldFileOrTheNewOne) {
+    const test::TTemporaryDirectory directory;
+    const std::string name = directory / "a file of a name that takes memory.txt";
+    const std::string temporary = directory / "another one that is renamed into place.txt";
+    const auto check = [&](std::ptrdiff_t Files) {
+        if (!FileExists(name)) return;
+        EXPECT_EQ(std::distance(fs::directory_iterator(fs::path(name).parent_path()), {}), Files);
+        const std::string now = ReadFile(name);
+        EXPECT_TRUE(now == "old" || now == "new") << now;
+    };
+    const auto prepare = [&] {
+        check(1);
+        ReplaceFile(name, "old");
+    };
+    EXPECT_GT(test::WithEveryAllocationFailing(prepare, [&] { ReplaceFile(name, "new"); }), 3);
+    check(1);
+    EXPECT_EQ(ReadFile(name), "new");
+    test::WithEveryAllocationFailing(
+        [&] {
+            prepare();
+            ReplaceFile(temporary, "new");
+        },
+        [&] { MoveIntoPlace(temporary, name); });
+    check(1);
+}
 
 TEST(Files, PathsAreTakenApart) {
     const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {

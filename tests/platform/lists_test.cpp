@@ -1,6 +1,7 @@
 #include "platform/lists.h"
 
 #include "platform/exceptions.h"
+#include "platform/files.h"
 #include "support/recording.h"
 
 #include <gtest/gtest.h>
@@ -17,6 +18,12 @@ TEST(Strings, AnyLineEndSplitsAndTheLastOneMayLack) {
     }
     for (const int index : {-1, 1}) EXPECT_THROW(lines.Delete(index), ERangeError);
     EXPECT_THROW(lines.Insert(2, ""), ERangeError);
+    TList<int> pointers;
+    for (const int index : {-1, 0}) {
+        EXPECT_THROW(pointers.GetItem(index), ERangeError);
+        EXPECT_THROW(pointers.Delete(index), ERangeError);
+    }
+    EXPECT_THROW(pointers.Insert(1, nullptr), ERangeError);
 }
 
 TEST(Strings, FilesRoundTripAndAFailedReadKeepsTheLines) {
@@ -27,6 +34,9 @@ TEST(Strings, FilesRoundTripAndAFailedReadKeepsTheLines) {
     read.LoadFromFile(directory / "lines.txt");
     EXPECT_THROW(read.LoadFromFile(directory / "none.txt"), EFileError);
     EXPECT_EQ(read.GetText(), lines.GetText());
+    ReplaceFile(directory / "marked.txt", "\xEF\xBB\xBF[A]\n");
+    read.LoadFromFile(directory / "marked.txt");
+    EXPECT_EQ(read.GetText(), "[A]\n") << "a byte-order mark belongs to no line";
 }
 
 } // namespace kx
