@@ -92,6 +92,8 @@ const TPropertyTable& TKxCalculatedSeries::Properties() {
                 "DisplayStart", std::monostate{}, "where the curve starts")),
             End<&T::GetDisplayAutoStop>(Published<&T::GetDisplayStop, &T::SetDisplayStop>(
                 "DisplayStop", std::monostate{}, "where the curve stops")),
+            PublishedEvent<&T::OnCalculated>("OnCalculated", "a calculation has come to its end"),
+            PublishedEvent<&T::OnError>("OnError", "a calculation has failed"),
         });
     return table;
 }

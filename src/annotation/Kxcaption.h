@@ -11,17 +11,27 @@
 
 #include "platform/canvas.h"
 #include "platform/dynarray.h"
+#include "platform/properties.h"
 #include "platform/text.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kx {
 
-/// A text that carries the markup.
-using TKxCaption = std::string;
+/// A text that carries the markup. A type of its own, so that an editor can show what it says; texts become
+/// captions, and captions texts, by themselves.
+struct TKxCaption : AnsiString {
+    using AnsiString::AnsiString;
+    TKxCaption() = default;
+    TKxCaption(const AnsiString& Text) : AnsiString(Text) {}
+    TKxCaption(AnsiString&& Text) noexcept : AnsiString(std::move(Text)) {}
+};
+template <>
+inline constexpr std::string_view CTypeName<TKxCaption> = "TKxCaption";
 
 /// What the escapes switch.
 enum class TKxCaptionSwitch { Symbol, Bold, Italic, Underline, StrikeOut, Superscript, Subscript };
@@ -99,7 +109,7 @@ AnsiString GetStrippedString(const AnsiString& Caption);
 
 /// Plain text as a caption that shows it character by character. A blank that Text begins with is swallowed
 /// when the result is put behind an escape.
-std::string EscapeCaption(std::string_view Text);
+TKxCaption EscapeCaption(std::string_view Text);
 
 /// Cosine and sine of an angle in tenths of a degree; exact at quarter turns.
 struct TKxDirection {

@@ -122,7 +122,7 @@ TKxParsedCaption ParseCaption(std::string_view Text) { return TParser(Text).Pars
 
 AnsiString GetStrippedString(const AnsiString& Caption) { return ParseCaption(Caption).Stripped; }
 
-std::string EscapeCaption(std::string_view Text) {
+TKxCaption EscapeCaption(std::string_view Text) {
     std::string result;
     bool afterBackslash = false;
     for (const char c : Text) {

@@ -19,7 +19,6 @@ const TPropertyTable& TKxCustomLabel::Properties() {
         "TKxCustomLabel", &TCustomLabel::Properties(),
         {Published<&T::GetAngle, &T::SetAngle>("Angle", 0,
                                                "Writing direction, tenths of a degree counter-clockwise"),
-         Published<&T::GetCaption, &T::SetCaption>("Caption", "", "Text with rich caption markup"),
          Published<&T::GetParentFont, &T::SetParentFont>("ParentFont", false,
                                                          "Whether the parent's font is taken"),
          Published<&T::GetXPosition, &T::SetXPosition>("XPosition", std::monostate{},
@@ -28,7 +27,9 @@ const TPropertyTable& TKxCustomLabel::Properties() {
 }
 
 const TPropertyTable& TKxLabel::Properties() {
-    static const TPropertyTable table("TKxLabel", &TKxCustomLabel::Properties(), {});
+    static const TPropertyTable table("TKxLabel", &TKxCustomLabel::Properties(),
+                                      {Published<&TKxLabel::GetCaption, &TKxLabel::SetCaption>(
+                                          "Caption", "", "Text with rich caption markup")});
     return table;
 }
 

@@ -13,7 +13,7 @@ class TKxCustomLabel : public TCustomLabel {
 public:
     explicit TKxCustomLabel(TComponent* Owner);
 
-    const TKxCaption& GetCaption() const { return GetText(); }
+    TKxCaption GetCaption() const { return GetText(); }
     void SetCaption(const TKxCaption& Caption) { SetText(Caption); }
     int GetAngle() const { return FAngle; }
     /// Tenths of a degree, counter-clockwise; stored without whole turns, the sign is kept (-900 stays -900).

@@ -75,7 +75,7 @@ public:
     bool GetShowTitle() const { return FShowTitle; }
     /// Shows Caption, in the middle above the entries.
     void SetShowTitle(bool Show) { Change(FShowTitle, Show); }
-    const TKxCaption& GetCaption() const { return GetText(); }
+    TKxCaption GetCaption() const { return GetText(); }
     void SetCaption(const TKxCaption& Caption) { SetText(Caption); }
 
     // The entries as of the last frame; pixels of the legend.

@@ -75,6 +75,7 @@ const TPropertyTable& TKxLegend::Properties() {
             Published<&T::GetShowTitle, &T::SetShowTitle>("ShowTitle", false,
                                                           "shows Caption above the entries"),
             Published<&T::GetCaption, &T::SetCaption>("Caption", "", "rich title"),
+            PublishedEvent<&T::OnEntryClick>("OnEntryClick", "an entry was clicked"),
         });
     return table;
 }

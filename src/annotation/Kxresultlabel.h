@@ -11,6 +11,8 @@ struct TKxIDString : AnsiString {
     using AnsiString::AnsiString;
     TKxIDString(const AnsiString& Key) : AnsiString(Key) {}
 };
+template <>
+inline constexpr std::string_view CTypeName<TKxIDString> = "TKxIDString";
 
 /// Shows the result that Series has written under Identifier; "..." as long as there is none. Its text is
 /// always computed: Prefix, result, Suffix. The series is not owned and may go first.

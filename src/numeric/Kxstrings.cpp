@@ -85,7 +85,7 @@ std::string RealToStr(double X) {
 }
 
 std::string RealToStrDigits(double X, std::int32_t Digits) {
-    if (Digits == 0) return FloatToStr(X);
+    if (Digits <= 0) return FloatToStr(X);
     std::int32_t n = Digits;
     std::string text = FloatToStrGeneral(X, n, n);
     while (n > 0 && text.size() > static_cast<std::size_t>(Digits)) text = FloatToStrGeneral(X, --n, 0);

@@ -12,7 +12,7 @@ namespace kx {
 /// 14 significant digits, local form. Never raises; an empty text if formatting fails.
 std::string RealToStr(double X);
 /// The most precise text of at most Digits characters that was found by lowering the precision from Digits
-/// on, or the shortest one if none fits; 15 digits for Digits 0. Local form.
+/// on, or the shortest one if none fits; 15 digits for Digits 0 or below. Local form.
 std::string RealToStrDigits(double X, std::int32_t Digits);
 /// Digits significant digits, 15 for 0; trailing zeros are dropped. Local form.
 std::string RealToStrSignificant(double X, std::int32_t Digits);

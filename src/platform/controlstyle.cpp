@@ -118,7 +118,16 @@ const TPropertyTable& TControl::Properties() {
              Published<&C::GetDragMode, &C::SetDragMode>("DragMode", dmManual,
                                                          "Whether a left press and a move begin a drag"),
              Published<&C::GetDragCursor, &C::SetDragCursor>(
-                 "DragCursor", crDrag, "Mouse cursor where the dragged control is accepted")});
+                 "DragCursor", crDrag, "Mouse cursor where the dragged control is accepted"),
+             PublishedEvent<&C::OnClick>("OnClick", "Pressed and released with the left button"),
+             PublishedEvent<&C::OnDblClick>("OnDblClick", "Pressed twice"),
+             PublishedEvent<&C::OnMouseDown>("OnMouseDown", "A button was pressed"),
+             PublishedEvent<&C::OnMouseMove>("OnMouseMove", "The mouse was moved"),
+             PublishedEvent<&C::OnMouseUp>("OnMouseUp", "A button was released"),
+             PublishedEvent<&C::OnStartDrag>("OnStartDrag", "It begins to be dragged"),
+             PublishedEvent<&C::OnEndDrag>("OnEndDrag", "Its drag has ended"),
+             PublishedEvent<&C::OnDragOver>("OnDragOver", "Something is dragged over it"),
+             PublishedEvent<&C::OnDragDrop>("OnDragDrop", "Something was dropped on it")});
     }();
     return table;
 }

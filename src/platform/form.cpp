@@ -102,7 +102,9 @@ const TPropertyTable& TForm::PublishedProperties() const {
         "TForm", &TControl::Properties(),
         {Published<&C::GetCaption, &C::SetCaption>("Caption", "", "Title of the window"),
          Published<&C::GetWindowState, &C::SetWindowState>("WindowState", wsNormal, "Size of the window"),
-         Published<&C::GetPosition, &C::SetPosition>("Position", poDesigned, "Where the window opens")});
+         Published<&C::GetPosition, &C::SetPosition>("Position", poDesigned, "Where the window opens"),
+         PublishedEvent<&C::OnClose>("OnClose", "The window was closed"),
+         PublishedEvent<&C::OnKeyDown>("OnKeyDown", "A key was pressed")});
     return table;
 }
 

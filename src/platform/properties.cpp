@@ -51,7 +51,7 @@ std::vector<const TProperty*> TPropertyTable::All() const {
 }
 
 bool IsStored(const TPersistent& Object, const TProperty& Property) {
-    if (!Property.Set) return false; // nothing could read it back
+    if (!Property.Set || Property.Kind == TPropertyKind::Event) return false; // nothing could read it back
     if (Property.Stored && !Property.Stored(Object)) return false;
     return std::holds_alternative<std::monostate>(Property.Default) ||
            Property.Get(Object) != Property.Default;
@@ -104,6 +104,7 @@ std::string PropertyToText(const TProperty& Property, const TPropertyValue& Valu
         const TComponent* component = std::get<TComponent*>(Value);
         return component ? component->GetName() : std::string();
     }
+    case TPropertyKind::Event: return std::get<TEventValue>(Value) ? "assigned" : "";
     case TPropertyKind::SubObject: break;
     }
     return {};
@@ -200,6 +201,8 @@ TPropertyValue Parsed(const TProperty& Property, std::string_view Label, std::st
     case TPropertyKind::Flags: return ParsedFlags(Property, Label, trimmed);
     case TPropertyKind::Color: return ParsedColor(Label, trimmed);
     case TPropertyKind::Reference: return ParsedReference(Label, trimmed, Find);
+    case TPropertyKind::Event:
+        throw EPropertyError(std::string(Label) + " is an event: programs connect it, no text does");
     case TPropertyKind::SubObject: break;
     }
     throw EPropertyError(std::string(Label) + " is an object: its own properties are set one by one");
@@ -253,6 +256,8 @@ std::string GetPropertyText(const TPersistent& Object, std::string_view Path) {
     const auto [object, property] = PlaceAt(const_cast<TPersistent&>(Object), Path);
     return PropertyToText(*property, property->Get(*object));
 }
+
+void TEventValue::RaiseOtherType() { throw EPropertyError("The event is of another type than the property"); }
 
 void detail::RaiseWrongClass(std::string_view Name, std::string_view ClassName) {
     throw EPropertyError(std::string(Name) + " must be a " + std::string(ClassName));

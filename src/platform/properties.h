@@ -2,6 +2,7 @@
 // Persistent objects and their published properties. A class declares its properties once, in one table
 // chained to its base class's; form streaming, inspectors, kxplot's --set and the reference all walk it.
 
+#include <any>
 #include <cstdint>
 #include <functional>
 #include <span>
@@ -33,8 +34,32 @@ public:
     std::string ClassName() const;
 };
 
-using TPropertyValue =
-    std::variant<std::monostate, bool, std::int64_t, double, std::string, TComponent*, TPersistent*>;
+/// What an Event holds: a copy of the event, or of the function, of the property's own type.
+class TEventValue {
+public:
+    TEventValue() = default;
+    template <class E>
+    explicit TEventValue(const E& Event) : FEvent(Event), FIsAssigned(static_cast<bool>(Event)) {}
+    /// Whether there is a handler.
+    explicit operator bool() const { return FIsAssigned; }
+    /// Raises EPropertyError when the event is of another type than E.
+    template <class E>
+    const E& As() const {
+        if (const E* event = std::any_cast<E>(&FEvent)) return *event;
+        RaiseOtherType();
+    }
+    /// Handlers cannot be compared; only none equals none.
+    friend bool operator==(const TEventValue& A, const TEventValue& B) { return !A && !B; }
+
+private:
+    [[noreturn]] static void RaiseOtherType();
+
+    std::any FEvent;
+    bool FIsAssigned = false;
+};
+
+using TPropertyValue = std::variant<std::monostate, bool, std::int64_t, double, std::string, TComponent*,
+                                    TPersistent*, TEventValue>;
 
 enum class TPropertyKind {
     Bool,        ///< bool; text "1"/"0", "true"/"false"
@@ -45,7 +70,8 @@ enum class TPropertyKind {
     Flags,       ///< std::int64_t bit mask; text is the names joined by commas
     Color,       ///< std::int64_t; text is a name (clRed), $BBGGRR, #RRGGBB or a decimal number
     Reference,   ///< TComponent*, not owned; text is the component's name
-    SubObject    ///< TPersistent*, owned by the object; its own properties are reached by name.name
+    SubObject,   ///< TPersistent*, owned by the object; its own properties are reached by name.name
+    Event ///< TEventValue; connected by programs, never stored. Its text, "assigned" or empty, is shown only
 };
 
 /// One published property. Get and Set are given objects of the class that declares the property.
@@ -58,6 +84,7 @@ struct TProperty {
     TPropertyValue Default;                                       ///< monostate: always stored
     std::function<bool(const TPersistent&)> Stored;               ///< empty: stored
     std::string_view Help;                                        ///< one line, with the unit
+    std::string_view TypeName; ///< of a type that has an editor of its own (CTypeName); empty otherwise
 };
 
 /// The properties of one class, in order of declaration, chained to those of its base class.
@@ -101,6 +128,10 @@ std::string GetPropertyText(const TPersistent& Object, std::string_view Path);
 template <class E>
 inline constexpr std::nullptr_t CEnumNames = nullptr;
 
+/// The name of a type that editors look for, by specialisation: of a text that is more than text.
+template <class T>
+inline constexpr std::string_view CTypeName = {};
+
 namespace detail {
 
 template <class M>
@@ -119,6 +150,11 @@ template <class C, class A>
 struct TMember<void (C::*)(A)> {
     using Class = C;
     using Value = A;
+};
+template <class C, class E>
+struct TMember<E C::*> {
+    using Class = C;
+    using Value = E;
 };
 
 template <class T>
@@ -196,6 +232,7 @@ TProperty Published(std::string_view Name, D Default, std::string_view Help,
     TProperty p;
     p.Name = Name;
     p.Kind = detail::KindOf<V>();
+    p.TypeName = CTypeName<V>;
     if constexpr (std::is_enum_v<V> && !std::is_null_pointer_v<std::remove_cvref_t<decltype(CEnumNames<V>)>>)
         p.ValueNames = CEnumNames<V>;
     p.Get = [](const TPersistent& O) {
@@ -224,6 +261,42 @@ TProperty PublishedColor(std::string_view Name, D Default, std::string_view Help
                          std::function<bool(const TPersistent&)> Stored = {}) {
     TProperty p = Published<Getter, Setter>(Name, Default, Help, std::move(Stored));
     p.Kind = TPropertyKind::Color;
+    return p;
+}
+
+/// A function that is called back, read by Getter and written by Setter.
+template <auto Getter, auto Setter>
+TProperty PublishedEvent(std::string_view Name, std::string_view Help) {
+    using G = detail::TMember<decltype(Getter)>;
+    using V = std::remove_cvref_t<typename G::Value>;
+    TProperty p;
+    p.Name = Name;
+    p.Kind = TPropertyKind::Event;
+    p.Get = [](const TPersistent& O) {
+        return TEventValue((static_cast<const typename G::Class&>(O).*Getter)());
+    };
+    p.Set = [](TPersistent& O, const TPropertyValue& Value) {
+        (static_cast<typename G::Class&>(O).*Setter)(std::get<TEventValue>(Value).template As<V>());
+    };
+    p.Help = Help;
+    return p;
+}
+
+/// An event that is a public member, of the class or of a base: PublishedEvent<&TControl::OnClick>(...).
+template <auto Member>
+TProperty PublishedEvent(std::string_view Name, std::string_view Help) {
+    using M = detail::TMember<decltype(Member)>;
+    TProperty p;
+    p.Name = Name;
+    p.Kind = TPropertyKind::Event;
+    p.Get = [](const TPersistent& O) {
+        return TEventValue(static_cast<const typename M::Class&>(O).*Member);
+    };
+    p.Set = [](TPersistent& O, const TPropertyValue& Value) {
+        static_cast<typename M::Class&>(O).*Member =
+            std::get<TEventValue>(Value).template As<typename M::Value>();
+    };
+    p.Help = Help;
     return p;
 }
 

@@ -22,6 +22,34 @@ struct TFixture : TGraphForm {
     std::unique_ptr<TKxResultLabel> Label = std::make_unique<TKxResultLabel>(Form);
 };
 
+TEST(ResultLabel, ShowsNothingOfWhatHasBeenDestroyed) {
+    using TDeed = void (*)(TFixture&);
+    const TDeed deeds[] = {[](TFixture& F) { delete F.XV; }, [](TFixture& F) { delete F.YV; },
+                           [](TFixture& F) { F.Series->SetXData(nullptr); },
+                           [](TFixture& F) { delete F.Series; }, [](TFixture& F) { delete F.Fit; }};
+    for (const TDeed deed : deeds) {
+        TFixture f;
+        test::TFaults faults;
+        f.Label->SetIdentifier("Slope");
+        f.Label->SetSeries(f.Fit);
+        f.Fit->GetLineStyle().SetColor(clFuchsia);
+        EXPECT_FALSE(test::LinesOf(f.Draw(), clFuchsia).empty());
+        deed(f);
+        EXPECT_TRUE(test::LinesOf(f.Draw(), clFuchsia).empty());
+        EXPECT_EQ(f.Label->GetCaption(), "...");
+        EXPECT_EQ(faults.Text, "");
+    }
+}
+
+TEST(ResultLabel, ItsTextIsComputedAndNotPublished) {
+    TKxResultLabel label(nullptr);
+    EXPECT_EQ(label.PublishedProperties().Find("Caption"), nullptr);
+    EXPECT_EQ(label.PublishedProperties().Find("Prefix")->TypeName, "TKxCaption");
+    EXPECT_EQ(label.PublishedProperties().Find("Identifier")->TypeName, "TKxIDString");
+    EXPECT_EQ(TKxLabel::Properties().Find("Caption")->TypeName, "TKxCaption");
+    EXPECT_EQ(label.PublishedProperties().Find("OnClick")->Kind, TPropertyKind::Event);
+}
+
 TEST(ResultLabel, ShowsAResultAndStaysTrue) {
     TFixture f;
     EXPECT_EQ(f.Label->GetCaption(), "...");

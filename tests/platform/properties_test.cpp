@@ -24,6 +24,7 @@ public:
     TThing* GetPeer() const { return FPeer; }
     void SetPeer(TThing* Peer) { FPeer = Peer; }
     const TFont& GetFont() const { return FFont; }
+    TEvent<int> OnCount;
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties() {
@@ -38,6 +39,7 @@ public:
                  Published<&TThing::GetStart, &TThing::SetStart>("Start", std::monostate{}, ""),
                  Published<&TThing::GetPeer, &TThing::SetPeer>("Peer", nullptr, ""),
                  PublishedObject<&TThing::GetFont>("Font", ""), std::move(answer),
+                 PublishedEvent<&TThing::OnCount>("OnCount", ""),
                  Published<&TThing::GetCount, &TThing::SetCount>("tag", 0, "hides the inherited one")});
         }();
         return table;
@@ -101,7 +103,8 @@ TEST_F(PropertiesTest, ErrorsNameThePlaceAndWhatWasExpected) {
         {"Font.Color", "#12",
          "Font.Color: '#12' is not a colour (a name such as clRed, $BBGGRR, #RRGGBB or a number)"},
         {"Peer", "Nobody", "Peer: 'Nobody' is not the name of a component"},
-        {"Peer", "Stranger", "Peer must be a TThing"}};
+        {"Peer", "Stranger", "Peer must be a TThing"},
+        {"OnCount", "", "OnCount is an event: programs connect it, no text does"}};
     for (const auto& [path, text, message] : cases) EXPECT_EQ(Set(path, text), message);
     EXPECT_EQ(Thing.GetCount(), 3);
 }
@@ -114,11 +117,25 @@ TEST_F(PropertiesTest, TheTableListsTheBaseFirstAndStoresWhatDiffersFromItsDefau
         return names;
     };
     const auto stored = [&] { return listed(IsStored); };
-    EXPECT_EQ(listed(), "Name tag On Count Start Peer Font Answer ") << "a redeclared one once";
+    EXPECT_EQ(listed(), "Name tag On Count Start Peer Font Answer OnCount ") << "a redeclared one once";
     EXPECT_EQ(stored(), "tag Start Font ");
     Thing.SetCount(0);
     Thing.SetOn(true); // lets the count be stored
     EXPECT_EQ(stored(), "On Count Start Font ");
+}
+
+TEST_F(PropertiesTest, EventsAreFoundByNameAndConnected) {
+    const TProperty& event = *TThing::Properties().Find("OnCount");
+    EXPECT_EQ(event.Kind, TPropertyKind::Event);
+    EXPECT_EQ(GetPropertyText(Thing, "OnCount"), "");
+    int heard = 0;
+    event.Set(Thing, TEventValue(TEvent<int>([&](int Value) { heard = Value; })));
+    Thing.OnCount(5);
+    std::get<TEventValue>(event.Get(Thing)).As<TEvent<int>>()(heard + 2);
+    EXPECT_EQ(heard, 7);
+    EXPECT_EQ(GetPropertyText(Thing, "OnCount"), "assigned");
+    EXPECT_FALSE(IsStored(Thing, event));
+    EXPECT_THROW(event.Set(Thing, TEventValue(TEvent<>([] {}))), EPropertyError);
 }
 
 TEST_F(PropertiesTest, AssigningAnObjectGoesThroughToItAndRefusesAnotherClass) {
