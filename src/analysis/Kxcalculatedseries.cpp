@@ -1,10 +1,13 @@
 #include "analysis/Kxcalculatedseries.h"
 
 #include "numeric/Kxstrings.h"
+#include "platform/application.h"
 #include "platform/matherror.h"
 
 #include <algorithm>
+#include <new>
 #include <typeinfo>
+#include <utility>
 
 namespace kx {
 
@@ -12,8 +15,22 @@ TKxCalculatedSeries::TKxCalculatedSeries(TComponent* Owner)
     : TKxSeries(Owner), FDisplayX(std::make_unique<TKxLiveVector>(nullptr)),
       FDisplayY(std::make_unique<TKxLiveVector>(nullptr)) {}
 
+/// A calculation as long as it may go on.
+class TKxCalculatedSeries::TRun {
+public:
+    explicit TRun(TKxCalculatedSeries& Series) : FSeries(&Series), FNumber(Series.FCalculation) {}
+    bool GoesOn() const { return FSeries && FSeries->FCalculation == FNumber; }
+    void Check() const {
+        if (!GoesOn()) throw TEnded();
+    }
+
+private:
+    TComponentRef<TKxCalculatedSeries> FSeries;
+    unsigned FNumber;
+};
+
 TKxCalculatedSeries::~TKxCalculatedSeries() {
-    Leave();
+    Guarded([this] { Leave(); });
     // While the series can still be told of it: its references to the two are cleared.
     FDisplayX.reset();
     FDisplayY.reset();
@@ -21,7 +38,10 @@ TKxCalculatedSeries::~TKxCalculatedSeries() {
 
 void TKxCalculatedSeries::Notification(TComponent* Component, TOperation Operation) {
     TKxSeries::Notification(Component, Operation);
-    if (Operation == opRemove && Component == FParentSeries) FParentSeries = nullptr;
+    if (Operation != opRemove || Component != FParentSeries) return;
+    FParentSeries = nullptr;
+    LoseResults();
+    TellResultLabels();
 }
 
 void TKxCalculatedSeries::SetParentSeries(TKxNotCalculatedSeries* Parent) {
@@ -29,31 +49,52 @@ void TKxCalculatedSeries::SetParentSeries(TKxNotCalculatedSeries* Parent) {
     Leave();
     Join(Parent);
     if (!Parent) return TellResultLabels();
+    const TComponentRef<TKxNotCalculatedSeries> parent(Parent);
     Parent->RefreshExtents();
     SetLimits();
     if (Parent->GetPointsCount() > 0) Calculate();
-    Parent->DsgnUpdate();
+    if (parent) parent->DsgnUpdate();
 }
 
+// Wholly or not at all.
 void TKxCalculatedSeries::Join(TKxNotCalculatedSeries* Parent) {
-    Refer(FParentSeries, Parent);
     if (!Parent) return;
-    SetXAxis(Parent->GetXAxis());
-    TakeYAxis(*Parent);
-    SetXData(FDisplayX.get());
-    SetYData(FDisplayY.get());
-    Parent->AddChild(this);
+    try {
+        Refer(FParentSeries, Parent);
+        SetXAxis(Parent->GetXAxis());
+        TakeYAxis(*Parent);
+        SetXData(FDisplayX.get());
+        SetYData(FDisplayY.get());
+        Parent->AddChild(this);
+    } catch (...) {
+        FParentSeries = nullptr;
+        Parent->RemoveChild(this);
+        throw;
+    }
 }
 
 void TKxCalculatedSeries::Leave() {
+    if (auto* parent = std::exchange(FParentSeries, nullptr)) {
+        parent->RemoveChild(this);
+        parent->GetResults().EraseSection(FParentSection);
+        parent->ChildModified(); // the numbers in its siblings' sections may change
+    }
+    LoseResults();
+}
+
+void TKxCalculatedSeries::LoseResults() {
+    EndCalculation();
+    FError.clear();
     SetCurve({}, {});
     FYRange.SetStartStop(CMaxReal, -CMaxReal); // so that its axis may shrink
     GetResults().EraseSection(FOwnSection);
-    if (!FParentSeries) return;
-    FParentSeries->RemoveChild(this);
+    Modified();
+}
+
+void TKxCalculatedSeries::LoseData() {
     FParentSeries->GetResults().EraseSection(FParentSection);
-    FParentSeries->ChildModified(); // the numbers in its siblings' sections may change
-    FParentSeries = nullptr;
+    LoseResults();
+    TellResultLabels();
 }
 
 void TKxCalculatedSeries::ParentModified() {
@@ -123,43 +164,62 @@ void TKxCalculatedSeries::CalculateFunction() {
 
 void TKxCalculatedSeries::Calculate() {
     if (!FParentSeries) return;
+    if (!FParentSeries->GetXData() || !FParentSeries->GetYData()) return LoseData();
+    EndCalculation(); // of a handler's caller
+    const TRun run(*this);
+    const TComponentRef<TKxCalculatedSeries> self(this);
     FParentSeries->RefreshExtents();
     SetLimits();
     UpdateAutoCaption();
     SetCurve({}, {});
-    RunCalculation();
-    CurveChanged();
-    StoreResults();
-    TellResultLabels();
-    OnCalculated(this);
+    try {
+        RunCalculation(run);
+        CurveChanged();
+        StoreResults();
+        TellResultLabels();
+        run.Check();
+        OnCalculated(this);
+    } catch (const TEnded&) {
+        if (self && !FParentSeries) SetCurve({}, {}); // filled after the parent was lost
+    }
 }
 
-void TKxCalculatedSeries::RunCalculation() {
+void TKxCalculatedSeries::RunCalculation(const TRun& Run) {
     FError.clear();
     try {
         CalculateFunction();
     } catch (Exception& error) {
-        CalculationFailed(error);
-        if (!OnError) throw;
-        OnError(this, error);
+        if (!TakesError(error, Run)) throw;
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) { // of a program's own function
         Exception named(error.what());
-        CalculationFailed(named);
-        if (!OnError) throw named;
-        OnError(this, named);
+        if (!TakesError(named, Run)) throw named;
     }
+    Run.Check();
 }
 
-// Where nobody handles the error Calculate ends here: what is stored and shown must not stay what it was.
-void TKxCalculatedSeries::CalculationFailed(Exception& Error) {
+// Whether OnError has taken it and the rest goes on. Otherwise Calculate ends with the error: what is stored
+// and shown must not stay what it was.
+bool TKxCalculatedSeries::TakesError(Exception& Error, const TRun& Run) {
+    if (!Run.GoesOn()) return false; // the error is of a handler that has ended the calculation
     if (!GetCaption().empty()) Error.SetMessage(GetCaption() + ": " + Error.Message());
     FError = Error.Message();
-    if (OnError) return;
+    if (OnError) {
+        OnError(this, Error);
+        return true;
+    }
     CurveChanged();
     StoreResults();
     TellResultLabels();
+    return false;
+}
+
+void TKxCalculatedSeries::CallHandler(const TKxAnyEvent& Handler) {
+    if (!Handler) return;
+    const TRun run(*this);
+    Handler(this);
+    run.Check();
 }
 
 // As long as nobody has given the series another caption.
@@ -227,10 +287,13 @@ void TKxCalculatedSeries::AddResultLabel(TKxResultListener* Label) {
 void TKxCalculatedSeries::RemoveResultLabel(TKxResultListener* Label) { std::erase(FResultLabels, Label); }
 
 void TKxCalculatedSeries::TellResultLabels() {
+    const TComponentRef<TKxCalculatedSeries> self(this);
     const auto labels = FResultLabels;
-    for (auto* label : labels)
+    for (auto* label : labels) {
+        if (!self) return;
         if (std::find(FResultLabels.begin(), FResultLabels.end(), label) != FResultLabels.end())
             label->SetResult();
+    }
 }
 
 } // namespace kx

@@ -25,6 +25,10 @@ protected:
 /// Every change of the parent's data, of its weights, of a setting or of an axis's scaling leads to Calculate
 /// by the next frame. A derived class overrides CalculateFunction, GetCalculationID and, where it has them,
 /// GetFormula, GetY and WriteResults, and hides CalculationID.
+///
+/// Handlers (OnCalculated, OnError and those that a derived class calls by CallHandler) may take the series
+/// from its parent, destroy it or its parent, and change or empty the data. A function that is fitted may do
+/// all of this but destroy the series.
 class TKxCalculatedSeries : public TKxSeries, public TKxCalculatedItem {
 public:
     explicit TKxCalculatedSeries(TComponent* Owner);
@@ -32,6 +36,7 @@ public:
 
     TKxNotCalculatedSeries* GetParentSeries() const { return FParentSeries; }
     /// Takes over the parent's axes and calculates if the parent holds points. Raises what Calculate raises.
+    /// Where memory does not suffice to join, the series is left without parent.
     virtual void SetParentSeries(TKxNotCalculatedSeries* Parent);
 
     /// The weights that the calculation heeds: the own vector, or with ParentWeight the parent's. May be
@@ -76,7 +81,9 @@ public:
     /// CalculationID + GetOwnIndex without blanks) and into the own one (section Name), labels, OnCalculated.
     /// An error carries the caption in front. OnError, where it is set, gets it and the rest goes on;
     /// otherwise it is raised. Either way the curve and the results of the calculation before are gone, and
-    /// the sections hold "Error" instead.
+    /// the sections hold "Error" instead. When a handler destroys the series, takes it from its parent or has
+    /// it calculated, the calculation that called it ends there, without error. A parent without an X or a Y
+    /// vector gives nothing to calculate: curve and results are gone then.
     void Calculate() override;
     /// Samples the curve anew where the axis has changed its range or length.
     void CalculateLine() override;
@@ -131,6 +138,11 @@ protected:
     bool ExtendDisplay();
     /// Asks the parent to have everything calculated by the next frame.
     void ParentModified();
+    /// Calls a handler of the program from within CalculateFunction. Does not come back (by an exception that
+    /// Calculate takes) where the handler has ended this calculation; what follows may rely on the series.
+    void CallHandler(const TKxAnyEvent& Handler);
+    /// Ends a calculation that is under way when the handler that it has called comes back.
+    void EndCalculation() { ++FCalculation; }
     /// Stores a setting that a calculation depends on.
     template <class T>
     void ChangeSetting(T& Field, const T& Value) {
@@ -158,8 +170,13 @@ private:
     void SettingChanged();
     void Join(TKxNotCalculatedSeries* Parent);
     void Leave();
-    void RunCalculation();
-    void CalculationFailed(Exception& Error);
+    void LoseResults();
+    void LoseData();
+    struct TEnded {
+    }; ///< a handler has ended the calculation; no std::exception, for nobody else is to take it
+    class TRun;
+    void RunCalculation(const TRun& Run);
+    bool TakesError(Exception& Error, const TRun& Run);
     void SetDisplayLimits();
     void StoreResults();
     /// Last is the section of the time before.
@@ -194,6 +211,7 @@ private:
     TKxNotCalculatedSeries* FParentSeries = nullptr;
     AnsiString FParentSection, FOwnSection; // where the last results stand
     AnsiString FError;
+    unsigned FCalculation = 0; ///< changes when a calculation begins, or must not go on
 };
 
 } // namespace kx

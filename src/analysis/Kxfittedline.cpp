@@ -26,6 +26,7 @@ TKxRealArray ArrayOf(std::span<const double> Values) {
 void TKxFittedLine::SetOrder(int Order) {
     if (Order == FCoefficients.Length()) return;
     FCoefficients.SetLength(std::max(Order, 0));
+    EndCalculation(); // it counts on the order that it began with
     ParentModified();
 }
 
@@ -94,7 +95,7 @@ void TKxFittedLine::DoFit() {
         ++FIterationsDone;
         FCoefficients = ArrayOf(Simplex.Best());
         FChiSquare = Simplex.BestValue();
-        OnIteration(this);
+        CallHandler(OnIteration);
         return !FStopped;
     });
     if (!std::isfinite(FChiSquare)) {

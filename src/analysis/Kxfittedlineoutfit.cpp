@@ -85,7 +85,11 @@ const TPropertyTable& TKxFittedLine::Properties() {
             Published<&T::GetOrder, &T::SetOrder>("Order", 0, "number of coefficients"),
             Published<&T::GetCheckConvergence, &T::SetCheckConvergence>(
                 "CheckConvergence", false, "does each fit once more to see if it has come to rest"),
+            PublishedEvent<&T::GetFittingFunction,
+                           static_cast<void (T::*)(TKxFittingFkt)>(&T::SetFittingFunction)>(
+                "FittingFunction", "the model that is fitted"),
             Published<&T::GetExpression, &T::SetExpression>("Expression", "", "the formula as text"),
+            PublishedEvent<&T::OnIteration>("OnIteration", "an iteration of the simplex is done"),
         });
     return table;
 }

@@ -210,13 +210,13 @@ void TKx2DGraph::Calculate() {
     FNeedsCalculate = false; // first, so that a Modified from inside survives
     DemandPrimaryAxesStand();
     FWorld->ReorderSeriesList();
-    const auto series = std::vector<TKxGraphSeries*>(GetSeriesList().begin(), GetSeriesList().end());
-    for (auto* s : series) s->GetResults().WriteString("Graph", "Title", GetCaption());
+    const std::vector<TComponentRef<TKxGraphSeries>> series(GetSeriesList().begin(), GetSeriesList().end());
+    for (const auto& s : series) s->GetResults().WriteString("Graph", "Title", GetCaption());
     ItemsModified();
     LayOutAxes();
-    for (auto* s : series) {
-        s->CalculateChildPoints();
-        s->CalculatePoints();
+    for (const auto& s : series) { // handlers of fits may destroy one
+        if (s) s->CalculateChildPoints();
+        if (s) s->CalculatePoints();
     }
 }
 

@@ -50,8 +50,10 @@ void TKxDrawingWorld::ReorderSeriesList() {
 }
 
 void TKxDrawingWorld::Paint() {
-    const std::vector<TKxGraphSeries*> list(FSeriesList.begin(), FSeriesList.end());
-    for (auto* series : list) Guarded([&] { series->Draw(GetCanvas()); });
+    // A handler that runs meanwhile may destroy a series.
+    const std::vector<TComponentRef<TKxGraphSeries>> list(FSeriesList.begin(), FSeriesList.end());
+    for (const auto& series : list)
+        if (series) Guarded([&] { series->Draw(GetCanvas()); });
     if (FDragging) GetCanvas().DrawFocusRect(DragRect());
 }
 

@@ -31,6 +31,7 @@ int Saturated(std::int64_t Value) { return static_cast<int>(std::min<std::int64_
 
 void TKxValueIChangedList::Add(const TKxValueIChangedEvent& Event) {
     const TKxValueIChangedEvent added = Event; // may be one of ours
+    FItems.reserve(FItems.size() + 1);         // so that nothing is removed for nothing
     Remove(added);
     FItems.push_back(added);
 }

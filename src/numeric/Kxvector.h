@@ -4,6 +4,7 @@
 
 #include "numeric/Kxconsts.h"
 #include "platform/component.h"
+#include "platform/exceptions.h"
 
 #include <span>
 #include <string_view>
@@ -28,9 +29,9 @@ public:
     TKxValueIChangedList& operator=(const TKxValueIChangedList&) = delete;
 
     int GetCount() const { return static_cast<int>(FItems.size()); }
-    /// Raises std::out_of_range for an index outside 0..Count-1.
+    /// Raises ERangeError for an index outside 0..Count-1.
     const TKxValueIChangedEvent& GetItem(int Index) const {
-        return FItems.at(static_cast<std::size_t>(Index));
+        return FItems[CheckedIndex(Index, FItems.size())];
     }
 
     /// Removes the entry of the same method, if there is one, and appends Event.

@@ -1,5 +1,6 @@
 #include "platform/component.h"
 
+#include "platform/application.h"
 #include "platform/exceptions.h"
 #include "platform/text.h"
 
@@ -46,11 +47,13 @@ TComponent::TComponent(TComponent* Owner) {
     if (Owner) Owner->InsertComponent(this);
 }
 
+// What is owned goes last: those that hear of it must not refer to this component any more.
 TComponent::~TComponent() {
     FComponentState |= csDestroying;
+    if (FLife) *FLife = false;
     TellPartners();
-    while (!FComponents.empty()) delete FComponents.back();
     if (FOwner) FOwner->RemoveComponent(this);
+    while (!FComponents.empty()) delete FComponents.back();
     TellPartners(); // those that a handler has brought in meanwhile
 }
 
@@ -62,15 +65,29 @@ void TComponent::TellPartners() {
         // The owner and what it owns are told when this component leaves the owner, unless that is going,
         // too.
         const bool isNear = FOwner && (partner == FOwner || partner->FOwner == FOwner);
-        if (!isNear || (partner != FOwner && FOwner->IsIn(csDestroying)))
-            partner->Notification(this, opRemove);
+        if (!isNear || (partner != FOwner && FOwner->IsIn(csDestroying))) partner->Tell(this, opRemove);
     }
 }
 
+/// Notification of one listener. A removal must reach the next one whatever this one does; and no partner is
+/// told of the removal of a component that merely changes its owner: it keeps its reference.
+void TComponent::Tell(TComponent* Component, TOperation Operation) {
+    if (Operation != opRemove) return Notification(Component, Operation);
+    Guarded([&] {
+        if (!Component->IsIn(csDestroying) && IsPartner(Component))
+            TComponent::Notification(Component, opRemove); // to those that it owns
+        else
+            Notification(Component, opRemove);
+    });
+}
+
+std::shared_ptr<const bool> TComponent::GetLife() const {
+    if (!FLife) FLife = std::make_shared<bool>(!IsIn(csDestroying));
+    return FLife;
+}
+
 TComponent* TComponent::GetComponent(int Index) const {
-    if (Index < 0 || Index >= GetComponentCount())
-        throw ERangeError("i=" + std::to_string(Index) + " index out of range");
-    return FComponents[static_cast<std::size_t>(Index)];
+    return FComponents[CheckedIndex(Index, FComponents.size())];
 }
 
 // Each remembers where it stood last; when one is found to have moved, all of them look anew.
@@ -99,7 +116,8 @@ void TComponent::InsertComponent(TComponent* Component) {
     for (const TComponent* owner = this; owner; owner = owner->FOwner)
         if (owner == Component) throw EComponentError("A component cannot own itself");
     if (FindComponent(Component->FName)) RaiseTaken(Component->FName);
-    if (Component->FOwner) Component->FOwner->RemoveComponent(Component);
+    TComponent* before = Component->FOwner;
+    const TComponentRef<TComponent> self(before ? this : nullptr), moved(before ? Component : nullptr);
     FComponents.push_back(Component);
     try {
         if (!Component->FName.empty()) FNames.emplace(Component->FName, Component);
@@ -107,19 +125,29 @@ void TComponent::InsertComponent(TComponent* Component) {
         FComponents.pop_back();
         throw;
     }
+    if (before) before->Drop(Component);
     Component->FOwner = this;
     Component->FIndex = FComponents.size() - 1;
+    if (before) {
+        before->Tell(Component, opRemove);
+        if (!self || !moved || Component->FOwner != this) return;
+    }
     if (IsIn(csDesigning)) Component->SetDesigning(true);
     Notification(Component, opInsert);
 }
 
-void TComponent::RemoveComponent(TComponent* Component) {
-    if (!Component || Component->FOwner != this) return;
+/// Takes it out of the lists, and tells nobody.
+void TComponent::Drop(TComponent* Component) {
     FComponents.erase(FComponents.begin() + Component->GetComponentIndex());
     if (!Component->FName.empty()) FNames.erase(Component->FName);
     Component->FOwner = nullptr;
+}
+
+void TComponent::RemoveComponent(TComponent* Component) {
+    if (!Component || Component->FOwner != this) return;
+    Drop(Component);
     // Where all go, those that would be told of each that they do not know are many.
-    if (!IsIn(csDestroying)) Notification(Component, opRemove);
+    if (!IsIn(csDestroying)) Tell(Component, opRemove);
 }
 
 void TComponent::SetName(const std::string& Name) {
@@ -149,13 +177,21 @@ void TComponent::StoreName(std::string Name) {
 }
 
 void TComponent::FreeNotification(TComponent* Component) {
-    if (!Component || Component == this) return;
-    const bool few =
-        FFreeNotifies.size() < Component->FFreeNotifies.size(); // each stands in the other's list
-    const auto& list = few ? FFreeNotifies : Component->FFreeNotifies;
-    if (std::find(list.begin(), list.end(), few ? Component : this) != list.end()) return;
+    if (!Component || Component == this || IsPartner(Component)) return;
     FFreeNotifies.push_back(Component);
-    Component->FFreeNotifies.push_back(this);
+    try {
+        Component->FFreeNotifies.push_back(this);
+    } catch (...) {
+        FFreeNotifies.pop_back(); // both or none
+        throw;
+    }
+}
+
+bool TComponent::IsPartner(const TComponent* Component) const {
+    // Each stands in the other's list.
+    const bool few = FFreeNotifies.size() < Component->FFreeNotifies.size();
+    const auto& list = few ? FFreeNotifies : Component->FFreeNotifies;
+    return std::find(list.begin(), list.end(), few ? Component : this) != list.end();
 }
 
 void TComponent::RemoveFreeNotification(TComponent* Component) {
@@ -180,7 +216,7 @@ void TComponent::EndLoading() {
 void TComponent::Notification(TComponent* Component, TOperation Operation) {
     // Backwards and by index: a listener may delete components, which moves only those already told.
     for (std::size_t i = FComponents.size(); i-- > 0;)
-        if (i < FComponents.size()) FComponents[i]->Notification(Component, Operation);
+        if (i < FComponents.size()) FComponents[i]->Tell(Component, Operation);
 }
 
 void TComponent::Loaded() {}

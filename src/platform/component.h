@@ -25,7 +25,9 @@ using TComponentState = unsigned;
 /// An object with an owner and a name. The owner deletes what it still owns when it is destroyed; a component
 /// that is destroyed earlier (also one on the stack) leaves its owner by itself.
 /// Removal notices (Notification with opRemove) leave from this class's destructor, when the derived parts
-/// are gone: a Notification override compares addresses and never casts the component it is given.
+/// are gone: a Notification override compares addresses and never casts the component it is given. Everybody
+/// is told before the first owned component is deleted. What a listener raises goes to the application, and
+/// the others are told all the same.
 class TComponent : public TPersistent {
 public:
     /// Owner may be null. Raises nothing.
@@ -45,6 +47,9 @@ public:
     void SetComponentIndex(int Index);
     /// Owned component by name, ignoring case; null when there is none. O(1).
     TComponent* FindComponent(std::string_view Name) const;
+    /// Takes Component over, from its owner if it has one; RemoveComponent leaves it without owner. Neither
+    /// ends a reference between Component and a partner of FreeNotification: both are still told when the
+    /// other one goes. For all others at the old owner it is gone (opRemove).
     void InsertComponent(TComponent* Component);
     void RemoveComponent(TComponent* Component);
 
@@ -54,7 +59,7 @@ public:
     virtual void SetName(const std::string& Name);
 
     /// From now on Component->Notification(this, opRemove) is called when this component is destroyed, and
-    /// the other way round. Repeated calls count once.
+    /// the other way round, whoever owns the two. Repeated calls count once.
     void FreeNotification(TComponent* Component);
     void RemoveFreeNotification(TComponent* Component);
 
@@ -65,6 +70,9 @@ public:
     /// Loaded.
     void BeginLoading() { FComponentState |= csLoading; }
     void EndLoading();
+
+    /// What TComponentRef asks: true until the destructor of this class begins.
+    std::shared_ptr<const bool> GetLife() const;
 
     int Tag = 0; ///< free for the program
 
@@ -90,7 +98,10 @@ private:
     using TNameIndex = std::unordered_map<std::string_view, TComponent*, TNameHash, TSameName>;
 
     void Forget(TComponent* Partner);
+    bool IsPartner(const TComponent* Component) const;
     void TellPartners();
+    void Tell(TComponent* Component, TOperation Operation);
+    void Drop(TComponent* Component);
     void StoreName(std::string Name);
 
     TComponent* FOwner = nullptr;
@@ -99,7 +110,27 @@ private:
     TNameIndex FNames;              // of FComponents, but those without a name
     mutable std::size_t FIndex = 0; // among the owner's components, if it is this that stands there
     std::vector<TComponent*> FFreeNotifies;
+    mutable std::shared_ptr<bool> FLife; // made when it is asked for
     TComponentState FComponentState = 0;
+};
+
+/// A reference to a component that may be destroyed meanwhile: for whoever calls handlers and then goes on.
+/// Where a handler may take a component away, this stands in the place of the pointer.
+template <class T>
+class TComponentRef {
+public:
+    TComponentRef() = default;
+    TComponentRef(T* Component) : FComponent(Component) {
+        if (Component) FLife = Component->GetLife();
+    }
+    /// The component; null when there is none or none any more.
+    T* Get() const { return FLife && *FLife ? FComponent : nullptr; }
+    explicit operator bool() const { return Get() != nullptr; }
+    T* operator->() const { return FComponent; }
+
+private:
+    T* FComponent = nullptr;
+    std::shared_ptr<const bool> FLife;
 };
 
 /// Component of T that Owner owns under Name; null when there is none.

@@ -19,9 +19,12 @@ TControl::~TControl() {
 void TControl::SetParent(TWinControl* Parent) {
     TApplication::Instance().AssertOwnThread();
     if (Parent == FParent) return BringToFront();
-    const auto* self = dynamic_cast<TWinControl*>(this);
+    auto* self = dynamic_cast<TWinControl*>(this);
     if (self && self->ContainsControl(Parent)) throw Exception("A control cannot be its own parent");
-    if (FParent) FParent->RemoveControl(this);
+    if (FParent)
+        FParent->RemoveControl(this);
+    else if (self)
+        self->ForgetMouse(*this); // what it had begun as the topmost one
     if (Parent) Parent->InsertControl(this);
 }
 

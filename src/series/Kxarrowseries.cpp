@@ -29,6 +29,8 @@ void TKxArrowSeries::SetComponent(TKxCustomRealVector*& Field, TKxCustomRealVect
     if (Field) Field->Listeners().RemoveOwn(Handler);
     Ends.Clear();
     Refer(Field, Vector);
+    FKnownDXCount = CountOf(FDX);
+    FKnownDYCount = CountOf(FDY);
     if (Vector) Vector->Listeners().Add(Handler);
     RangesModified();
     DsgnUpdate();
@@ -36,6 +38,16 @@ void TKxArrowSeries::SetComponent(TKxCustomRealVector*& Field, TKxCustomRealVect
 
 void TKxArrowSeries::SetDX(TKxCustomRealVector* Vector) { SetComponent(FDX, Vector, FEndXs, DXHandler()); }
 void TKxArrowSeries::SetDY(TKxCustomRealVector* Vector) { SetComponent(FDY, Vector, FEndYs, DYHandler()); }
+
+void TKxArrowSeries::DXChanged(int Index, bool WasDeleted) {
+    if (WasInserted(FDX, FKnownDXCount, Index, WasDeleted)) return RangesModified();
+    FOnXIChanged(Index, WasDeleted);
+}
+
+void TKxArrowSeries::DYChanged(int Index, bool WasDeleted) {
+    if (WasInserted(FDY, FKnownDYCount, Index, WasDeleted)) return RangesModified();
+    FOnYIChanged(Index, WasDeleted);
+}
 
 void TKxArrowSeries::SetTipLength(int Length) {
     if (FTipLength == Length) return;

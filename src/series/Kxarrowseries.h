@@ -54,8 +54,8 @@ protected:
 
 private:
     // Methods of their own: a vector may serve as X of one series and as dX of another one.
-    void DXChanged(int Index, bool WasDeleted) { FOnXIChanged(Index, WasDeleted); }
-    void DYChanged(int Index, bool WasDeleted) { FOnYIChanged(Index, WasDeleted); }
+    void DXChanged(int Index, bool WasDeleted);
+    void DYChanged(int Index, bool WasDeleted);
     TKxValueIChangedEvent DXHandler() { return TKxValueIChangedEvent::Of<&TKxArrowSeries::DXChanged>(this); }
     TKxValueIChangedEvent DYHandler() { return TKxValueIChangedEvent::Of<&TKxArrowSeries::DYChanged>(this); }
     void SetComponent(TKxCustomRealVector*& Field, TKxCustomRealVector* Vector, TKxIntegerVector& Ends,
@@ -70,6 +70,7 @@ private:
     TKxCustomRealVector* FDX = nullptr;
     TKxCustomRealVector* FDY = nullptr;
     TKxIntegerVector FEndXs, FEndYs;
+    int FKnownDXCount = 0, FKnownDYCount = 0;
     int FTipLength = 10, FTipWidth = 3;
     bool FCountsTips = true; // in the extents
 };

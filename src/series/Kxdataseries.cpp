@@ -18,53 +18,61 @@ TKxSeries::~TKxSeries() {
     if (FXData) FXData->Listeners().RemoveOwn(XHandler());
     if (FYData) FYData->Listeners().RemoveOwn(YHandler());
     if (FWeight) FWeight->Listeners().RemoveOwn(WeightHandler());
-    WithdrawRange(FXAxis, FXRange);
-    WithdrawRange(FYAxis, FYRange);
-    if (FDrawingWorld) {
-        FDrawingWorld->GetSeriesList().Remove(this);
-        FDrawingWorld->GetGraph().Modified(); // legends are told when this series is gone
-    }
+    Guarded([this] { WithdrawRange(FXAxis, FXRange); });
+    Guarded([this] { WithdrawRange(FYAxis, FYRange); });
+    Guarded([this] { EnterDrawingWorld(nullptr); }); // legends are told when this series is gone
 }
 
 void TKxSeries::Notification(TComponent* Component, TOperation Operation) {
     TKxGraphSeries::Notification(Component, Operation);
     if (Operation != opRemove) return;
+    std::erase(FChildren, Component);
+    if (Component == FDrawingWorld) FDrawingWorld = nullptr;
     if (Component == FXAxis) {
         FXAxis = nullptr;
         FXRange.OnChanged = nullptr;
+        EnterDrawingWorld(nullptr);
     }
     if (Component == FYAxis) {
         FYAxis = nullptr;
         FYRange.OnChanged = nullptr;
     }
-    if (Component == FDrawingWorld) FDrawingWorld = nullptr;
-    if (Component == FXData) {
-        FXData = nullptr;
-        WithdrawRange(FXAxis, FXRange);
-        InvalidateWorld();
+    if (Component == FXData) ForgetData(FXData, FXAxis, FXRange);
+    if (Component == FYData) ForgetData(FYData, FYAxis, FYRange);
+    if (Component == FWeight) {
+        FWeight = nullptr;
+        FOnWeightChanged(-1, true);
     }
-    if (Component == FYData) {
-        FYData = nullptr;
-        WithdrawRange(FYAxis, FYRange);
-        InvalidateWorld();
-    }
-    if (Component == FWeight) FWeight = nullptr;
-    std::erase(FChildren, Component);
     FPointsDirty = true;
+}
+
+void TKxSeries::ForgetData(TKxCustomRealVector*& Field, TKxAxis* Axis, TRange& Range) {
+    Field = nullptr;
+    WithdrawRange(Axis, Range);
+    RangesModified();
 }
 
 void TKxSeries::EnterRange(TKxAxis* Axis, TRange& Range, const TKxCustomRealVector* Data) {
     if (!Axis || !dynamic_cast<const TKxLiveVector*>(Data)) return;
-    // A computed curve spans its X axis: if it widened it, an automatic axis could never shrink again.
-    if (IsCalculated() && &Range == &FXRange) return;
+    // A computed curve spans its X axis: if it widened it, an automatic axis could never shrink again, and a
+    // curve over an axis that is its Y axis, too, would grow with every frame.
+    if (IsCalculated() && Axis == FXAxis) return;
     Axis->GetValuesRangeList().Add(&Range);
     Range.OnChanged = TEvent<TRange*>::Of<&TKxAxis::ValuesRangeChanged>(Axis);
     if (Range.GetStart() <= Range.GetStop()) Range.DoOnChanged();
 }
 
+void TKxSeries::EnterRanges() {
+    EnterRange(FXAxis, FXRange, FXData);
+    if (!IsCalculated()) return; // of its Y range the X axis decides as well
+    WithdrawRange(FYAxis, FYRange);
+    EnterRange(FYAxis, FYRange, FYData);
+}
+
+/// The axis follows those that remain.
 void TKxSeries::WithdrawRange(TKxAxis* Axis, TRange& Range) {
-    if (Axis) Axis->GetValuesRangeList().Remove(&Range);
     Range.OnChanged = nullptr;
+    if (Axis && Axis->GetValuesRangeList().Remove(&Range) >= 0) Axis->ValuesRangeChanged(nullptr);
 }
 
 void TKxSeries::EnterDrawingWorld(TKxDrawingWorld* World) {
@@ -88,7 +96,7 @@ void TKxSeries::SetXAxis(TKxAxis* Axis) {
         graph->Modified();
     else
         Modified();
-    EnterRange(Axis, FXRange, FXData);
+    EnterRanges();
 }
 
 void TKxSeries::SetYAxis(TKxAxis* Axis) {
@@ -112,6 +120,8 @@ void TKxSeries::SetBound(TKxCustomRealVector*& Field, TKxCustomRealVector* Vecto
     if (Field) Field->Listeners().RemoveOwn(Handler);
     Refer(Field, Vector);
     if (Vector && Listens) Vector->Listeners().Add(Handler);
+    FKnownXCount = CountOf(FXData);
+    FKnownYCount = CountOf(FYData);
     FRangesModified = FChildModified = true;
     Modified();
 }
@@ -216,11 +226,14 @@ void TKxSeries::AddChild(TKxSeries* Child) {
 
 void TKxSeries::RemoveChild(TKxSeries* Child) { std::erase(FChildren, Child); }
 
-// A handler of one child may take away another one.
+// A handler of one child may take away another one, or this series.
 void TKxSeries::ForChildren(const std::function<void(TKxSeries*)>& Action) {
+    const TComponentRef<TKxSeries> self(this);
     const auto children = FChildren;
-    for (TKxSeries* child : children)
+    for (TKxSeries* child : children) {
+        if (!self) return;
         if (std::find(FChildren.begin(), FChildren.end(), child) != FChildren.end()) Action(child);
+    }
 }
 
 void TKxSeries::RecalculateChilds() {

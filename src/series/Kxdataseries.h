@@ -33,6 +33,10 @@ protected:
 ///
 /// Only live vectors (TKxLiveVector) widen an axis by themselves, and a vector has one listener of each
 /// method: of two series on one X vector the one bound last follows it (see Kxvector.h).
+///
+/// A reference that is destroyed has the effect of one that is set to null: by the next frame the extents,
+/// and the axes that follow them, are those of what is left, and what is computed from the series is computed
+/// anew or gone.
 class TKxSeries : public TKxGraphSeries {
 public:
     explicit TKxSeries(TComponent* Owner);
@@ -135,11 +139,16 @@ protected:
     /// How many values are scanned for extents.
     virtual int XIdxNeeded() const;
     virtual int YIdxNeeded() const;
+    /// With an Index of -1 also where the weights come or go as a whole.
     virtual void FOnWeightChanged(int Index, bool WasDeleted);
     void FOnXIChanged(int Index, bool WasDeleted);
     void FOnYIChanged(int Index, bool WasDeleted);
     /// Of one of the two something has changed, which the series has not looked at yet.
     virtual void DataChanged(const TKxCustomRealVector*) {}
+    /// Whether a notice of Vector tells of an insertion in front of its end, so that all values behind Index
+    /// have moved. KnownCount is kept from one notice to the next, CountOf(Vector) at first.
+    static int CountOf(const TKxCustomRealVector* Vector) { return Vector ? Vector->GetCount() : 0; }
+    static bool WasInserted(const TKxCustomRealVector* Vector, int& KnownCount, int Index, bool WasDeleted);
     /// Full scan of the extents.
     virtual void GetNewXStartStop();
     virtual void GetNewYStartStop();
@@ -202,8 +211,8 @@ protected:
     /// Replaces a reference to a component that tells of its removal.
     template <class T>
     void Refer(T*& Field, T* Value) {
-        Field = Value;
         if (Value) Value->FreeNotification(this);
+        Field = Value;
     }
     /// The world to paint in as long as there is no X axis.
     void ReferToWorld(TKxDrawingWorld& World) { Refer(FDrawingWorld, &World); }
@@ -223,8 +232,10 @@ private:
                       void (TKxSeries::*CalcOwn)(int), void (TKxSeries::*CalcPartner)(int));
     void CallWeightChanged(int Index, bool WasDeleted) { FOnWeightChanged(Index, WasDeleted); }
     void EnterRange(TKxAxis* Axis, TRange& Range, const TKxCustomRealVector* Data);
+    void EnterRanges();
     static void WithdrawRange(TKxAxis* Axis, TRange& Range);
     void EnterDrawingWorld(TKxDrawingWorld* World);
+    void ForgetData(TKxCustomRealVector*& Field, TKxAxis* Axis, TRange& Range);
     void SetBound(TKxCustomRealVector*& Field, TKxCustomRealVector* Vector,
                   const TKxValueIChangedEvent& Handler, bool Listens);
     void MoveChildren(TKxAxis* (TKxSeries::*Get)() const, void (TKxSeries::*Set)(TKxAxis*), TKxAxis* From,
@@ -255,7 +266,8 @@ private:
     std::unique_ptr<TTimer> FDesignTimer;
     AnsiString FCaption, FUserCaption, FAutoCaption;
     int FComponentIndex = -1;
-    int FScannedCount = -1; // points of the last full scan
+    int FKnownXCount = 0, FKnownYCount = 0; // of the vectors when they last told of themselves
+    int FScannedCount = -1;                 // points of the last full scan
     bool FScannedLogX = false, FScannedLogY = false;
     bool FChildrenLogX = false, FChildrenLogY = false; // scalings of the children's last calculation
     bool FPointsDirty = true, FChildModified = false, FRangesModified = false;

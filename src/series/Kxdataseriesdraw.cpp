@@ -19,9 +19,10 @@ bool IsPlaced(TPoint P) { return P.X != CNoPixel && P.Y != CNoPixel; }
 } // namespace
 
 void TKxSeries::Draw(TCanvas& Canvas) {
+    const TComponentRef<TKxSeries> self(this); // what is still due may call handlers
     DrawLine(Canvas);
-    DrawMarks(Canvas);
-    for (TKxSeries* child : FChildren) Guarded([&] { child->Draw(Canvas); });
+    if (self) DrawMarks(Canvas);
+    if (self) ForChildren([&](TKxSeries* Child) { Guarded([&] { Child->Draw(Canvas); }); });
 }
 
 // The stretches of points that are joined to one another: all of them as a rule.
@@ -44,15 +45,17 @@ std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
 }
 
 bool TKxSeries::PrepareDrawing() {
-    auto* graph = GetGraph();
+    const TComponentRef<TKx2DGraph> graph(GetGraph());
     if (!FXAxis || !FYAxis || !graph) return false;
+    const TComponentRef<TKxSeries> self(this);
     graph->BeginUpdate();
-    Guarded([this] {
+    Guarded([&] {
         if (FPointsDirty) CalculatePoints();
-        if (FRangesModified) RecalculateChilds();
+        if (self && FRangesModified) RecalculateChilds();
     });
+    if (!graph) return false;
     graph->EndUpdate();
-    return graph->NotUpdating();
+    return self && GetGraph() && FXAxis && FYAxis && graph->NotUpdating();
 }
 
 bool TKxSeries::IsZoomed() const { return FXAxis->CanZoomBack() && FYAxis->CanZoomBack(); }

@@ -20,8 +20,13 @@ TKxDataWithErrorSeries::~TKxDataWithErrorSeries() {
 void TKxDataWithErrorSeries::Notification(TComponent* Component, TOperation Operation) {
     TKxDataSeries::Notification(Component, Operation);
     if (Operation != opRemove) return;
-    for (auto& errors : FErrors)
-        if (errors.Vector == Component) errors.Vector = nullptr;
+    bool forgotten = false;
+    for (auto& errors : FErrors) {
+        if (errors.Vector != Component) continue;
+        errors.Vector = nullptr;
+        forgotten = true;
+    }
+    if (forgotten) RangesModified();
 }
 
 void TKxDataWithErrorSeries::SetErrors(TKind Kind, TKxCustomRealVector* Vector) {

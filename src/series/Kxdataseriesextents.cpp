@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace kx {
 
@@ -52,12 +53,22 @@ void TKxSeries::CalcYValue(int Index) {
 
 void TKxSeries::FOnXIChanged(int Index, bool WasDeleted) {
     DataChanged(FXData);
+    if (WasInserted(FXData, FKnownXCount, Index, WasDeleted)) return RangesModified();
     ValueChanged(Index, WasDeleted, FYData, &TKxSeries::CalcXValue, &TKxSeries::CalcYValue);
 }
 
 void TKxSeries::FOnYIChanged(int Index, bool WasDeleted) {
     DataChanged(FYData);
+    if (WasInserted(FYData, FKnownYCount, Index, WasDeleted)) return RangesModified();
     ValueChanged(Index, WasDeleted, FXData, &TKxSeries::CalcYValue, &TKxSeries::CalcXValue);
+}
+
+// The notice names the one value alone; but the count has grown, and not at the end.
+bool TKxSeries::WasInserted(const TKxCustomRealVector* Vector, int& KnownCount, int Index, bool WasDeleted) {
+    const int count = CountOf(Vector);
+    const bool leaves = WasDeleted && Index >= 0; // is still counted
+    const int before = std::exchange(KnownCount, leaves ? std::max(count - 1, 0) : count);
+    return !WasDeleted && before != count && Index < count - 1;
 }
 
 // One body for both directions: Own is the one that changed. Points that newly came into being are taken in,
@@ -86,10 +97,8 @@ void TKxSeries::FOnWeightChanged(int, bool) {
 }
 
 bool TKxSeries::NeedsCalculation() const {
-    const bool complete = FXAxis && FYAxis && FXData && FYData;
-    return complete &&
-           (FPointsDirty || (FRangesModified && !FChildren.empty()) ||
-            std::ranges::any_of(FChildren, [](const TKxSeries* C) { return C->NeedsCalculation(); }));
+    return FPointsDirty || (FRangesModified && !FChildren.empty()) ||
+           std::ranges::any_of(FChildren, [](const TKxSeries* C) { return C->NeedsCalculation(); });
 }
 
 // Plain vectors tell nobody of their values, so a count that was never scanned is stale too; so are extents
@@ -103,7 +112,7 @@ bool TKxSeries::ExtentsAreStale() const {
 
 bool TKxSeries::RefreshExtents() {
     SetPointsCount();
-    if (!FXData || !FYData || !ExtentsAreStale()) return false;
+    if (!ExtentsAreStale()) return false;
     FScannedCount = FPointsCount;
     FScannedLogX = IsLogX();
     FScannedLogY = IsLogY();
@@ -116,14 +125,14 @@ bool TKxSeries::RefreshExtents() {
     return true;
 }
 
+// Without data there is still something to do: extents end, and what is computed from them.
 void TKxSeries::CalculatePoints() {
-    if (!FXData || !FYData || !FXAxis || !FYAxis) {
-        FPointsCount = 0;
-        return;
-    }
     if (RefreshExtents()) return; // the axes may move: the points are computed in the next round
     const bool wasDirty = FPointsDirty;
-    CalculateAllPoints();
+    if (FXData && FYData && FXAxis && FYAxis)
+        CalculateAllPoints();
+    else
+        FPointsCount = 0;
     FPointsDirty = false;
     UpdateChildren(wasDirty);
 }
@@ -131,7 +140,9 @@ void TKxSeries::CalculatePoints() {
 // Children come after their parent here, and before it in the next round: those that this changed are brought
 // up to date at once, so that the frame is settled when no axis moves.
 void TKxSeries::UpdateChildren(bool PassOn) {
+    const TComponentRef<TKxSeries> self(this);
     if (FRangesModified || FChildrenLogX != IsLogX() || FChildrenLogY != IsLogY()) RecalculateChilds();
+    if (!self) return;
     ForChildren([PassOn](TKxSeries* Child) {
         if (auto* item = dynamic_cast<TKxCalculatedItem*>(Child)) Guarded([item] { item->CalculateLine(); });
         if (PassOn) Child->Modified();

@@ -24,7 +24,9 @@ template <class F>
 void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, F Draw) {
     auto* graph = GetGraph();
     if (!graph || !graph->NotUpdating() || !FPointStyle.GetVisible() || !GetXAxis() || !GetYAxis()) return;
+    const TComponentRef<TKxSeries> self(this);
     if (NeedsCalculation()) CalculatePoints();
+    if (!self || !GetGraph() || !GetXAxis() || !GetYAxis()) return; // taken away by a handler
     UseSymbolPen(Canvas);
     ForPlacedPoints(Canvas, Draw);
 }

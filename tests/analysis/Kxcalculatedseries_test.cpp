@@ -3,6 +3,7 @@
 #include "analysis/Kxlinearregressionline.h"
 #include "analysis/Kxpolinomial.h"
 #include "support/graphfixture.h"
+#include "support/shortmemory.h"
 
 #include <cmath>
 
@@ -75,6 +76,42 @@ TEST(CalculatedSeries, StandsUnderItsParentAndIsInertWithoutOne) {
     delete f.Curve; // and so may the child
     f.Draw();
     EXPECT_TRUE(f.Series->GetChildren().empty());
+}
+
+TEST(CalculatedSeries, JoinsAParentWhollyOrNotAtAll) {
+    TFixture f;
+    auto* other = f.AddSeries();
+    for (TKxSeries* parent : {f.Series, other}) parent->SetName(parent == other ? "Other" : "One");
+    const int failures = test::WithEveryAllocationFailing(
+        [&] {
+            f.Curve->SetParentSeries(f.Series);
+            f.Draw();
+        },
+        [&] {
+            try {
+                f.Curve->SetParentSeries(other);
+            } catch (...) {
+                for (TKxNotCalculatedSeries* parent : {f.Series, other})
+                    EXPECT_EQ(std::ranges::count(parent->GetChildren(), f.Curve),
+                              f.Curve->GetParentSeries() == parent);
+                throw;
+            }
+        });
+    EXPECT_GT(failures, 10);
+    EXPECT_EQ(f.Curve->GetParentSeries(), other);
+    f.Draw();
+    EXPECT_EQ(f.Curve->GetResults().ReadString("Curve1", "Calculation", ""), "Square Of X");
+}
+
+TEST(CalculatedSeries, DoesNotRunAwayOnOneAxisForBoth) {
+    for (const bool yFirst : {false, true}) {
+        TFixture f;
+        yFirst ? f.Series->SetYAxis(f.X) : f.Series->SetXAxis(f.Y);
+        f.Curve->SetParentSeries(f.Series);
+        f.Fill({{1000, 1}});
+        for (int i = 0; i < 20; ++i) f.Draw();
+        EXPECT_LE((yFirst ? f.X : f.Y)->GetStop(), 2000);
+    }
 }
 
 TEST(CalculatedSeries, RangesFollowDataAndAxisUntilAnEndIsGiven) {

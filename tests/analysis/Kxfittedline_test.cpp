@@ -1,5 +1,6 @@
 #include "analysis/Kxfittedline.h"
 
+#include "annotation/Kxresultlabel.h"
 #include "support/graphfixture.h"
 
 #include <cmath>
@@ -81,6 +82,74 @@ TEST(FittedLine, WeightsRangeAndBlocksAreHeeded) {
     f.Fit->SetFittingBlockFunction({});
     f.Draw();
     EXPECT_NEAR(f.Fit->GetCoefficient(1), 0.7, 1e-6);
+}
+
+/// What a handler may do to the fit that calls it.
+TEST(FittedLine, HandlersMayTakeAwayWhatTheCalculationWorksOn) {
+    const auto run = [](int Handler, int Deed, bool FromFrame) {
+        TFixture f;
+        const auto name = ::testing::Message() << "handler " << Handler << ", deed " << Deed << FromFrame;
+        SCOPED_TRACE(name);
+        test::TFaults faults;
+        TKxResultLabel label(f.Form);
+        label.SetIdentifier("ChiSquare");
+        label.SetSeries(f.Fit);
+        int left = 1;
+        const std::function<void()> deeds[] = {[&] { f.Fit->SetParentSeries(nullptr); },
+                                               [&] { delete f.Fit; },
+                                               [&] { delete f.Series; },
+                                               [&] { f.XV->Clear(), f.YV->Clear(); },
+                                               [&] { delete f.XV; },
+                                               [&] { f.Fit->Calculate(); },
+                                               [&] {
+                                                   f.Fit->SetFittingFunction(
+                                                       [](double, const TKxRealArray& C) { return C[0]; });
+                                                   f.Fit->SetOrder(1);
+                                               },
+                                               [&] {
+                                                   delete f.Fit;
+                                                   throw Exception("of the handler");
+                                               }};
+        const auto act = [&](TComponent*) {
+            if (left-- == 1) deeds[Deed]();
+        };
+        if (Handler == 0) f.Fit->OnIteration = act;
+        if (Handler == 1) f.Fit->OnCalculated = act;
+        if (Handler == 2) {
+            f.Fit->OnError = [&](TComponent* Fit, const Exception&) { act(Fit); };
+            f.Fit->SetIterations(0);
+        }
+        if (FromFrame) left = 0;
+        Guarded([&] { f.Fit->SetParentSeries(f.Series); });
+        if (FromFrame) {
+            left = 1;
+            f.YV->SetValue(3, 4);
+        }
+        f.Draw();
+        f.Draw();
+        EXPECT_LE(left, 0) << "was called";
+        EXPECT_EQ(faults.Text, Deed == 7 ? "of the handler" : faults.Text);
+        if (Deed == 5 || Deed == 6) return; // goes on with what it has
+        EXPECT_EQ(label.GetCaption(), "...");
+    };
+    for (int handler = 0; handler < 3; ++handler)
+        for (int deed = 0; deed < 8; ++deed)
+            for (const bool fromFrame : {false, true}) run(handler, deed, fromFrame);
+}
+
+TEST(FittedLine, ItsFunctionAndEventsAreConnectedByName) {
+    TFixture f;
+    int iterations = 0;
+    const auto set = [&](const char* Name, const auto& Event) {
+        f.Fit->PublishedProperties().Find(Name)->Set(*f.Fit, TEventValue(Event));
+    };
+    set("FittingFunction", TKxFittingFkt([](double X, const TKxRealArray& C) { return Decay(X, C) - 1; }));
+    set("OnIteration", TKxAnyEvent([&](TComponent*) { ++iterations; }));
+    f.Fit->SetParentSeries(f.Series);
+    EXPECT_NEAR(f.Fit->GetCoefficient(2), 2, 1e-6);
+    EXPECT_GT(iterations, 100);
+    for (const char* name : {"OnError", "OnCalculated"})
+        EXPECT_EQ(f.Fit->PublishedProperties().Find(name)->Kind, TPropertyKind::Event);
 }
 
 TEST(FittedLine, CanBeWatchedAndStopped) {

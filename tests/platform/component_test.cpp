@@ -86,6 +86,48 @@ TEST(Component, OwnersTheirComponentsAndPartnersHearOnceOfComingAndGoing) {
     EXPECT_THROW(inner.InsertComponent(&owner), EComponentError);
 }
 
+TEST(Component, AMoveKeepsTheReferencesOfPartnersBothWaysAndEndsAllOthers) {
+    for (const bool toAnother : {false, true}) {
+        TWatcher from(nullptr), to(nullptr), partner(&from), stranger(&from), inner(&partner);
+        auto* guest = new TWatcher(&from);
+        partner.Watch(guest);
+        guest->Watch(&partner);
+        const int inserted = to.Inserted;
+        toAnother ? to.InsertComponent(guest) : from.RemoveComponent(guest);
+        EXPECT_EQ(to.Inserted, inserted + toAnother);
+        EXPECT_EQ(partner.Partner, guest);
+        EXPECT_EQ(partner.Removed, 0);
+        for (const TWatcher* told : {&from, &stranger, &inner}) EXPECT_EQ(told->Removed, 1);
+        {
+            TWatcher second(&from);
+            second.Watch(guest);
+            guest->Watch(&second);
+        }
+        EXPECT_EQ(guest->Partner, nullptr) << "it is told although the owners differ";
+        delete guest;
+        EXPECT_EQ(partner.Partner, nullptr);
+        EXPECT_EQ(partner.Removed, 2) << "of the second and of the guest";
+    }
+}
+
+TEST(Component, EverybodyHasHeardOfItWhenWhatItOwnsIsDeleted) {
+    TWatcher form(nullptr), sibling(&form);
+    auto* axis = new TWatcher(&form);
+    auto* vector = new TWatcher(axis);
+    sibling.Watch(axis);
+    sibling.FreeNotification(vector);
+    bool alive = false;
+    sibling.OnRemoved = [&] { alive = axis->GetComponentCount() == 1; };
+    delete axis;
+    EXPECT_TRUE(alive);
+    EXPECT_EQ(sibling.Removed, 2);
+    test::TFaults faults;
+    TWatcher second(&form);
+    sibling.OnRemoved = second.OnRemoved = [] { throw Exception("no"); };
+    delete new TWatcher(&form);
+    EXPECT_EQ(faults.Text, "nono") << "an error keeps nobody from being told";
+}
+
 /// Partners all around, one owning another, destroyed in every order.
 TEST(Component, AnyOrderOfDestructionIsSafeAndLeavesNoReference) {
     std::vector<int> order(5);

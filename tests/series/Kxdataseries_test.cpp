@@ -1,6 +1,7 @@
 #include "support/graphfixture.h"
 
 #include <array>
+#include <cstdint>
 #include <limits>
 
 using namespace kx;
@@ -81,6 +82,100 @@ TEST(DataSeries, deleting_shrinks_an_automatic_axis_and_clearing_leaves_no_point
     f.Draw();
     EXPECT_EQ(series->GetPointsCount(), 1);
     EXPECT_EQ(series->GetXRange().GetStop(), 7);
+}
+
+TEST(DataSeries, inserted_values_move_all_behind_them) {
+    TGraphForm f;
+    auto* series = f.AddSeries();
+    series->SetdYPlus(f.DY);
+    std::uint32_t random = 1;
+    const auto next = [&random](int Limit) {
+        random = random * 1664525u + 1013904223u;
+        return int((random >> 8) % unsigned(Limit));
+    };
+    f.Fill({{1, 1}, {2, 2}});
+    for (int i = 0; i < 300; ++i) {
+        TKxLiveVector* vectors[] = {f.XV, f.YV, f.DY};
+        TKxLiveVector& vector = *vectors[next(3)];
+        const int at = next(vector.GetCount() + 1);
+        const double value = next(2000) - 1000;
+        if (at == vector.GetCount())
+            vector.Add(value);
+        else if (next(4) == 0)
+            vector.Delete(at);
+        else
+            vector.Insert(at, value);
+        if (next(3)) continue;
+        f.Draw();
+        const int count = std::min(f.XV->GetCount(), f.YV->GetCount());
+        ASSERT_EQ(series->GetPointsCount(), count);
+        double low = 1e9, high = -1e9;
+        for (int k = 0; k < count; ++k) {
+            const double x = f.XV->GetValue(k);
+            low = std::min(low, x);
+            high = std::max(high, x);
+            ASSERT_EQ(series->GetPoints().GetValue(k), f.At(x, f.YV->GetValue(k))) << i << " " << k;
+        }
+        if (count == 0) continue;
+        ASSERT_EQ(series->GetXRange().GetStart(), low) << i;
+        ASSERT_EQ(series->GetXRange().GetStop(), high) << i;
+    }
+}
+
+TEST(DataSeries, what_is_destroyed_counts_no_longer_by_the_next_frame) {
+    struct TCase {
+        void (*Destroy)(TGraphForm&, TKxDataWithErrorSeries*);
+        double XStop, YStop;
+    };
+    using S = TKxDataWithErrorSeries;
+    const TCase cases[] = {{[](TGraphForm&, S*) {}, 900, 90},
+                           {[](TGraphForm& F, S*) { delete F.XV; }, 10, 10},
+                           {[](TGraphForm& F, S*) { delete F.YV; }, 10, 10},
+                           {[](TGraphForm&, S* Series) { delete Series; }, 10, 10},
+                           {[](TGraphForm& F, S*) { delete F.DX; }, 500, 90},
+                           {[](TGraphForm&, S* Series) { Series->SetYData(nullptr); }, 10, 10}};
+    for (const TCase& c : cases) {
+        TGraphForm f;
+        TKxLiveVector x(f.Form), y(f.Form);
+        auto* small = f.AddSeries<TKxDataSeries>();
+        small->SetXData(&x);
+        small->SetYData(&y);
+        for (const double value : {0, 10}) x.Add(value), y.Add(value);
+        auto* series = f.AddSeries();
+        series->SetdXPlus(f.DX);
+        f.Fill({{0, 0}, {500, 90}});
+        for (const double error : {0, 400}) f.DX->Add(error);
+        f.Draw();
+        EXPECT_EQ(f.X->GetStop(), 900);
+        c.Destroy(f, series);
+        EXPECT_TRUE(SettleTree(*f.Form));
+        EXPECT_EQ(f.X->GetStop(), c.XStop) << &c - cases;
+        EXPECT_EQ(f.Y->GetStop(), c.YStop) << &c - cases;
+    }
+}
+
+TEST(DataSeries, vectors_axes_and_series_may_own_one_another_and_move) {
+    TGraphForm f;
+    auto* inAxis = new TKxLiveVector(f.X);
+    auto* series = f.AddSeries();
+    series->SetXData(inAxis);
+    inAxis->Add(3);
+    delete f.X;
+    EXPECT_EQ(series->GetXAxis(), nullptr);
+    EXPECT_EQ(series->GetXData(), nullptr);
+    EXPECT_EQ(series->GetDrawingWorld(), nullptr) << "as when the axis is set to null";
+    EXPECT_EQ(f.Graph->GetSeriesList().GetCount(), 0);
+
+    TComponent elsewhere(nullptr);
+    elsewhere.InsertComponent(f.YV);
+    EXPECT_EQ(series->GetYData(), f.YV);
+    delete series;
+    EXPECT_EQ(f.YV->Listeners().GetCount(), 0) << "no listener stays behind";
+    f.YV->Add(1);
+    auto* second = f.AddSeries();
+    delete f.YV;
+    EXPECT_EQ(second->GetYData(), nullptr);
+    f.Draw();
 }
 
 TEST(DataSeries, values_that_are_no_numbers_take_no_part_and_let_the_frame_settle) {
