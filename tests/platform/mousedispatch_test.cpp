@@ -119,5 +119,21 @@ TEST_F(MouseDispatch, handlers_may_destroy_or_remove_what_is_being_served) {
     EXPECT_EQ(faults.Text, "x");
 }
 
+TEST_F(MouseDispatch, a_pressed_tree_that_gets_a_parent_gives_up_the_mouse) {
+    TCustomPanel top(nullptr), inner(nullptr);
+    top.SetBounds(0, 0, 30, 30);
+    inner.SetBounds(0, 0, 20, 20);
+    inner.SetParent(&top);
+    Watch(inner, "inner");
+    top.DispatchMouse(Down, mbLeft, ssLeft, {5, 5});
+    EXPECT_TRUE(inner.GetMouseCapture());
+    top.SetParent(Panel.get());
+    top.SetParent(nullptr);
+    EXPECT_FALSE(inner.GetMouseCapture());
+    Log.clear();
+    top.DispatchMouse(Up, mbLeft, 0, {5, 5});
+    EXPECT_EQ(Log, "inner.up(5,5) ") << "no click of a press that has ended";
+}
+
 } // namespace
 } // namespace kx
