@@ -3,7 +3,6 @@
 #include "analysis/Kxakima.h"
 #include "analysis/Kxcurvature.h"
 #include "analysis/Kxsimplex.h"
-#include "platform/scopedvalue.h"
 
 #include <algorithm>
 #include <cmath>
@@ -88,7 +87,7 @@ void TKxFittedLine::DoFit() {
     TKxSimplex::CheckSettings(GetOrder(), FIterations);
     CollectPoints();
     if (FDoCovariance) FindDeviations();
-    FStopped = false;
+    FStopped = FChecking = false;
     FIterationsDone = 0;
     const TKxRealArray start = FCoefficients.Clone();
     RunSimplex([this](const TKxSimplex& Simplex) {
@@ -117,11 +116,12 @@ void TKxFittedLine::RunSimplex(const std::function<bool(const TKxSimplex&)>& Pro
 
 std::optional<bool> TKxFittedLine::TestConvergence() {
     if (!FCheckConvergence) return std::nullopt;
-    const TScopedValue<bool> checking(FChecking, true);
+    FChecking =
+        true; // until the next fit: a handler may destroy the series, and with it what a guard would reset
     bool improved = false;
     RunSimplex([&](const TKxSimplex& Simplex) {
         improved = IsImproved(Simplex.BestValue(), FChiSquare);
-        OnIteration(this);
+        CallHandler(OnIteration);
         return !improved && !FStopped;
     });
     if (FStopped && !improved) return std::nullopt;

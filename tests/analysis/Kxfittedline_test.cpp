@@ -119,6 +119,12 @@ TEST(FittedLine, HandlersMayTakeAwayWhatTheCalculationWorksOn) {
             f.Fit->OnError = [&](TComponent* Fit, const Exception&) { act(Fit); };
             f.Fit->SetIterations(0);
         }
+        if (Handler == 3) {
+            f.Fit->SetCheckConvergence(true);
+            f.Fit->OnIteration = [&](TComponent* Fit) {
+                if (f.Fit->IsChecking()) act(Fit);
+            };
+        }
         if (FromFrame) left = 0;
         Guarded([&] { f.Fit->SetParentSeries(f.Series); });
         if (FromFrame) {
@@ -132,7 +138,7 @@ TEST(FittedLine, HandlersMayTakeAwayWhatTheCalculationWorksOn) {
         if (Deed == 5 || Deed == 6) return; // goes on with what it has
         EXPECT_EQ(label.GetCaption(), "...");
     };
-    for (int handler = 0; handler < 3; ++handler)
+    for (int handler = 0; handler < 4; ++handler)
         for (int deed = 0; deed < 8; ++deed)
             for (const bool fromFrame : {false, true}) run(handler, deed, fromFrame);
 }
