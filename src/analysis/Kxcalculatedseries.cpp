@@ -179,6 +179,9 @@ void TKxCalculatedSeries::Calculate() {
         TellResultLabels();
         run.Check();
         OnCalculated(this);
+    } catch (const std::bad_alloc&) {
+        if (run.GoesOn()) Guarded([this] { LoseData(); }); // rather none than half of them new
+        throw;
     } catch (const TEnded&) {
         if (self && !FParentSeries) SetCurve({}, {}); // filled after the parent was lost
     }
@@ -189,20 +192,19 @@ void TKxCalculatedSeries::RunCalculation(const TRun& Run) {
     try {
         CalculateFunction();
     } catch (Exception& error) {
-        if (!TakesError(error, Run)) throw;
+        if (!Run.GoesOn() || !TakesError(error)) throw; // an error may be that of a handler that has ended it
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) { // of a program's own function
         Exception named(error.what());
-        if (!TakesError(named, Run)) throw named;
+        if (!Run.GoesOn() || !TakesError(named)) throw named;
     }
     Run.Check();
 }
 
 // Whether OnError has taken it and the rest goes on. Otherwise Calculate ends with the error: what is stored
 // and shown must not stay what it was.
-bool TKxCalculatedSeries::TakesError(Exception& Error, const TRun& Run) {
-    if (!Run.GoesOn()) return false; // the error is of a handler that has ended the calculation
+bool TKxCalculatedSeries::TakesError(Exception& Error) {
     if (!GetCaption().empty()) Error.SetMessage(GetCaption() + ": " + Error.Message());
     FError = Error.Message();
     if (OnError) {
@@ -269,6 +271,7 @@ void TKxCalculatedSeries::StoreResultsIn(TKxIniList& List, AnsiString& Last,
     fresh.ReadSection(Section, keys);
     List.ReadSection(Section, before);
     if (Last != Section) List.EraseSection(Last);
+    Last = Section;
     if (keys.GetText() != before.GetText()) {
         List.EraseSection(Section);
         while (List.GetCount() > 0 && List.GetLine(List.GetCount() - 1).empty())
@@ -276,7 +279,6 @@ void TKxCalculatedSeries::StoreResultsIn(TKxIniList& List, AnsiString& Last,
     }
     for (int i = 0; i < keys.GetCount(); ++i)
         List.WriteString(Section, keys.GetLine(i), fresh.ReadString(Section, keys.GetLine(i), ""));
-    Last = Section;
 }
 
 void TKxCalculatedSeries::AddResultLabel(TKxResultListener* Label) {

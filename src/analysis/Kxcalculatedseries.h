@@ -176,7 +176,7 @@ private:
     }; ///< a handler has ended the calculation; no std::exception, for nobody else is to take it
     class TRun;
     void RunCalculation(const TRun& Run);
-    bool TakesError(Exception& Error, const TRun& Run);
+    bool TakesError(Exception& Error);
     void SetDisplayLimits();
     void StoreResults();
     /// Last is the section of the time before.

@@ -21,8 +21,16 @@ void* Allocated(std::size_t Size) {
 
 void* operator new(std::size_t Size) { return Allocated(Size); }
 void* operator new[](std::size_t Size) { return Allocated(Size); }
+void* operator new(std::size_t Size, const std::nothrow_t&) noexcept {
+    try {
+        return Allocated(Size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 void operator delete(void* Memory) noexcept { std::free(Memory); }
 void operator delete[](void* Memory) noexcept { std::free(Memory); }
+void operator delete(void* Memory, const std::nothrow_t&) noexcept { std::free(Memory); }
 void operator delete(void* Memory, std::size_t) noexcept { std::free(Memory); }
 void operator delete[](void* Memory, std::size_t) noexcept { std::free(Memory); }
 
