@@ -79,7 +79,7 @@ void ReplaceAt(std::string& S, std::size_t Position, std::string_view Replacemen
 std::string RealToStr(double X) {
     try {
         return FloatToStrGeneral(X, CRealPrecision, 0);
-    } catch (...) {
+    } catch (const Exception&) { // not of memory: an empty text would stand for the value
         return {};
     }
 }

@@ -9,7 +9,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
-#include <random>
 #include <system_error>
 #include <utility>
 
@@ -113,65 +112,6 @@ std::string ReadAll(std::FILE* File, const std::string& FileName, std::uintmax_t
     return contents;
 }
 
-void WriteAll(TFile File, std::string_view Contents, const std::string& FileName) {
-    const bool written = std::fwrite(Contents.data(), 1, Contents.size(), File.get()) == Contents.size();
-    const int failure = errno;
-    const bool closed = std::fclose(File.release()) == 0; // what was buffered may fail only now
-    if (!written) RaiseErrno(FileName, failure);
-    if (!closed) RaiseErrno(FileName, errno);
-}
-
-/// Whether FileName is a device, a pipe or the like, which is written to and never replaced.
-bool IsSpecial(const std::string& FileName) {
-    std::error_code error;
-    const fs::file_status status = fs::status(FileName, error);
-    return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
-}
-
-/// The file that a write to FileName reaches at the end of its symbolic links, existing or not.
-std::string LinkTarget(const std::string& FileName) {
-    constexpr int maxLinks = 40;
-    std::error_code error;
-    fs::path path = FileName;
-    for (int i = 0; i < maxLinks && fs::is_symlink(path, error); ++i) {
-        const fs::path target = fs::read_symlink(path, error);
-        if (error) Raise(FileName, error.message());
-        path = path.parent_path() / target; // an absolute target replaces the directory
-    }
-    if (fs::is_symlink(path, error)) RaiseErrno(FileName, ELOOP);
-    return path.string();
-}
-
-/// Removes a file unless it has been let go, without asking for memory. Name must outlive it.
-class TTemporaryFile {
-public:
-    explicit TTemporaryFile(const std::string& Name) : FName(&Name) {}
-    ~TTemporaryFile() {
-        if (FName) std::remove(FName->c_str());
-    }
-    TTemporaryFile(const TTemporaryFile&) = delete;
-    TTemporaryFile& operator=(const TTemporaryFile&) = delete;
-    const std::string& Name() const { return *FName; }
-    void LetGo() { FName = nullptr; }
-
-private:
-    const std::string* FName;
-};
-
-void Rename(TTemporaryFile& Temporary, const std::string& FileName) {
-    RefuseDirectory(FileName);
-    const std::string target = LinkTarget(FileName);
-    std::error_code error;
-    const fs::file_status status = fs::status(target, error);
-    if (fs::exists(status)) {
-        fs::permissions(Temporary.Name(), status.permissions(), error);
-        if (error) Raise(FileName, error.message());
-    }
-    fs::rename(Temporary.Name(), target, error);
-    if (error) Raise(FileName, error.message());
-    Temporary.LetGo();
-}
-
 } // namespace
 
 std::string ReadFile(const std::string& FileName) {
@@ -190,39 +130,6 @@ TTextFile ReadTextFile(const std::string& FileName) {
     const bool marked = text.starts_with(CByteOrderMark);
     if (marked) text.erase(0, CByteOrderMark.size());
     return {std::move(text), marked};
-}
-
-std::string TemporaryNameFor(const std::string& FileName) {
-    std::error_code error;
-    const std::string directory = IsSpecial(FileName) ? (fs::temp_directory_path(error) / "").string()
-                                                      : ExtractFilePath(LinkTarget(FileName));
-    std::random_device random;
-    for (;;) {
-        // The extension stays: some writers choose their format by it.
-        std::string name = directory + ".kx" + std::to_string(random()) + ExtractFileExt(FileName);
-        if (!fs::exists(fs::symlink_status(name, error))) return name;
-    }
-}
-
-void MoveIntoPlace(const std::string& Temporary, const std::string& FileName) {
-    TTemporaryFile temporary(Temporary);
-    if (IsSpecial(FileName))
-        WriteAll(Opened(FileName, "wb", FileName), ReadFile(Temporary), FileName);
-    else
-        Rename(temporary, FileName);
-}
-
-void ReplaceFile(const std::string& FileName, std::string_view Contents) {
-    RefuseDirectory(FileName);
-    if (IsSpecial(FileName)) {
-        WriteAll(Opened(FileName, "wb", FileName), Contents, FileName);
-        return;
-    }
-    const std::string name = TemporaryNameFor(FileName);
-    TFile file = Opened(name, "wbx", FileName); // "x": never somebody else's file
-    TTemporaryFile temporary(name);
-    WriteAll(std::move(file), Contents, FileName);
-    Rename(temporary, FileName);
 }
 
 std::string ExecutableName() {

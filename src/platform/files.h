@@ -1,5 +1,6 @@
 #pragma once
-// Paths and whole files. A file is replaced atomically: written beside its place and renamed into it.
+// Paths and whole files. A file is replaced atomically: written beside its place, flushed to the disk and
+// renamed into it (several together: filegroup.h).
 
 #include <functional>
 #include <string>
@@ -41,10 +42,7 @@ TTextFile ReadTextFile(const std::string& FileName);
 
 /// A name beside FileName that no file has, for a file that will be renamed into place.
 std::string TemporaryNameFor(const std::string& FileName);
-/// Renames Temporary onto FileName, keeping FileName's permissions when it exists; on failure the temporary
-/// file is removed and EFileError raised.
-void MoveIntoPlace(const std::string& Temporary, const std::string& FileName);
-/// Replaces FileName by Contents, or leaves it as it was and raises EFileError.
+/// Replaces FileName by Contents, or leaves it as it was and raises EFileError; see TFileGroup.
 void ReplaceFile(const std::string& FileName, std::string_view Contents);
 
 /// Full name of the running program; empty when the system does not tell.

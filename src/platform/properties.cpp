@@ -115,7 +115,7 @@ std::string PropertyToText(const TProperty& Property, const TPropertyValue& Valu
 namespace {
 
 [[noreturn]] void RaiseExpected(std::string_view Label, std::string_view Text, const std::string& Expected) {
-    throw EPropertyError(std::string(Label) + ": '" + Escaped(Text) + "' is not " + Expected);
+    throw EPropertyError(std::string(Label) + ": '" + Abridged(Text) + "' is not " + Expected);
 }
 
 std::string Joined(std::span<const std::string_view> Names) {
@@ -214,7 +214,7 @@ struct TPlace {
     const TProperty* Property;
 };
 
-std::string Quoted(std::string_view Text) { return "'" + Escaped(Text) + "'"; }
+std::string Quoted(std::string_view Text) { return "'" + Abridged(Text) + "'"; }
 
 /// Walks from Object to the last name of Path.
 TPlace PlaceAt(TPersistent& Object, std::string_view Path) {
@@ -223,7 +223,7 @@ TPlace PlaceAt(TPersistent& Object, std::string_view Path) {
         const std::size_t end = std::min(Path.find('.', begin), Path.size());
         const std::string_view name = Path.substr(begin, end - begin);
         const TProperty* property = object->PublishedProperties().Find(name);
-        const std::string within = begin > 0 ? " (" + Escaped(Path) + ")" : "";
+        const std::string within = begin > 0 ? " (" + Abridged(Path) + ")" : "";
         if (!property)
             throw EPropertyError(object->ClassName() + " has no property " + Quoted(name) + within);
         if (end == Path.size()) return {object, property};

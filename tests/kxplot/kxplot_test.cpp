@@ -2,6 +2,8 @@
 
 #include "kxplot/program.h"
 
+#include <sys/resource.h>
+
 #include <chrono>
 #include <set>
 
@@ -36,8 +38,109 @@ TEST_F(KxplotProgram, DrawsDifficultData) {
     ExpectDrawn("t,u\n1,1e300\n2,1e-300\n");
     ExpectDrawn("t,u\n-1.8e308,1.8e308\n1.7e308,-1.7e308\n-1.7e308,1.7e308\n1.8e308,-1.8e308\n");
     ExpectDrawn("t,u\n1e-300,1e-300\n1e300,1e300\n", {"--log-x", "--log-y"});
-    ExpectDrawn("t,u\n-1,-2\n0,0\n", {"--log-x", "--log-y"});
-    ExpectDrawn("t,u\n1,nan\n2,\n", {"--size", "1x1"});
+    ExpectDrawn("t,u\n1,5\n2,\n", {"--size", "1x1"});
+}
+
+TEST_F(KxplotProgram, SaysSoWhereAColumnHasNothingToDraw) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"t,u,v\n-1,-2,3\n0,0,4\n", "--log-x --log-y", "u, v"},
+        {"t,u,v\n1,nan,3\n2,,4\n", "", "u"},
+        {"t,a,b,c,d,e\n1,nan,3,,inf,\n", "--style bars", "a, c, d and 1 more"},
+    };
+    for (const auto& [text, arguments, columns] : cases) {
+        SCOPED_TRACE(text);
+        Write("case.csv", text);
+        const TOutcome outcome = Run(Words(std::string("case.csv ") + arguments));
+        EXPECT_EQ(outcome.Status, 0);
+        EXPECT_EQ(outcome.Errors,
+                  "kxplot: case.csv: no point of column " + std::string(columns) + " can be drawn\n");
+    }
+}
+
+TEST_F(KxplotProgram, NeverWritesOverWhatItReadsOrOverAnotherOutput) {
+    Write("e.png", Read("d.csv"));
+    fs::create_symlink("d.csv", Path("link.png"));
+    fs::create_hard_link(Path("e.png"), Path("hard.png"));
+    Write("o.ini", "[Graph1]\nColor=255\n");
+    const std::pair<const char*, const char*> cases[] = {
+        {"e.png", "-o: e\\.png is the file of the data"},
+        {"e.png -o ./e.png", "-o: \\./e\\.png is the file of the data"},
+        {"e.png -o hard.png", "-o: hard\\.png is the file of the data"},
+        {"d.csv -o link.png", "-o: link\\.png is the file of the data"},
+        {"d.csv --fit line --results d.csv", "--results: d\\.csv is the file of the data"},
+        {"d.csv -o a.png -o ./a.png", "-o: \\./a\\.png is written by -o, too"},
+        {"d.csv --fit line --results r.ini --save-outfit r.ini",
+         "--results: r\\.ini is written by --save-outfit, too"},
+        {"d.csv --fit line --outfit o.ini --results o.ini", "--results: o\\.ini is the file of --outfit"},
+    };
+    const TNames before = Files();
+    for (const auto& [arguments, message] : cases) ExpectError(2, arguments, message);
+    EXPECT_EQ(Read("d.csv") + Read("hard.png"), Read("e.png") + Read("e.png"));
+    EXPECT_EQ(Files(), before);
+    EXPECT_EQ(Run(Words("d.csv --outfit o.ini --save-outfit o.ini --fit line --results /dev/null")).Status,
+              0);
+}
+
+TEST_F(KxplotProgram, ReplacesAllFilesOrNone) {
+    Write("a.svg", "old");
+    Write("b.svg", "old");
+    fs::permissions(Path("b.svg"), fs::perms::owner_read);
+    ExpectError(1, "d.csv -o a.svg -o b.svg", "b\\.svg: is write-protected");
+    EXPECT_EQ(Read("a.svg") + Read("b.svg"), "oldold");
+    EXPECT_EQ(Files(), (TNames{"a.svg", "b.svg"}));
+}
+
+// The first file waits while the second one is painted: long enough to be caught.
+TEST_F(KxplotProgram, LeavesNothingBehindWhenASignalEndsIt) {
+    const pid_t child = Start(Words("d.csv -o a.svg -o b.png --size 4000x3000 --scale 2 --antialias"),
+                              "/dev/null", "/dev/null", "/dev/null");
+    int status = 0;
+    while (waitpid(child, &status, WNOHANG) == 0)
+        if (!Files().empty()) kill(child, SIGTERM);
+    for (const auto& name : Files()) EXPECT_NE(name.substr(0, 3), ".kx");
+}
+
+// Below what it needs memory runs out at some step of the frame or of the writing.
+TEST_F(KxplotProgram, DrawsAllOrKeepsTheOldPictureWhateverMemoryThereIs) {
+    std::string text = "t,u\n";
+    for (int i = 0; i < 20000; ++i) text += std::to_string(i) + "," + std::to_string(i * i % 1009) + "\n";
+    Write("d.csv", text);
+    const std::string good = Svg({"--style", "points"});
+    const auto statusWith = [&](rlim_t Kilobytes) {
+        Write("p.svg", "old");
+        rlimit before{};
+        getrlimit(RLIMIT_AS, &before);
+        const rlimit limit{Kilobytes * 1024, before.rlim_max};
+        setrlimit(RLIMIT_AS, &limit);
+        const pid_t child =
+            Start(Words("d.csv --style points -o p.svg"), "/dev/null", "/dev/null", Path("err"));
+        setrlimit(RLIMIT_AS, &before);
+        const int status = StatusOf(child);
+        EXPECT_EQ(Read("p.svg") == (status == 0 ? good : "old"), true) << Kilobytes;
+        if (status == 1) EXPECT_NE(Read("err").find("kxplot: "), std::string::npos) << Kilobytes;
+        Write("err", "");
+        return status;
+    };
+    rlim_t low = 32768, high = 2 * low;
+    while (statusWith(high) != 0)
+        if ((high *= 2) > 4194304) GTEST_SKIP() << "memory cannot be limited here";
+    while (high - low > 1024) (statusWith((low + high) / 2) == 0 ? high : low) = (low + high) / 2;
+    for (rlim_t less = 0; less < 8192; less += 512) statusWith(high - less);
+}
+
+TEST_F(KxplotProgram, KeepsErrorLinesShort) {
+    const std::string much(100000, 'a');
+    Write("zero.csv", "1,2\n3," + std::string(100000, '\0') + "\n");
+    const TNames cases[] = {
+        {"zero.csv"},          {"d.csv", "-y", much},    {"d.csv", "--" + much},
+        {"d.csv", much},       {"d.csv", "--fit", much}, {"d.csv", "--set", "Graph1." + much + "=1"},
+        {"d.csv", "-o", much}, {"d.csv", "--size", much}};
+    for (const TNames& arguments : cases) {
+        const TOutcome outcome = Run(arguments);
+        EXPECT_NE(outcome.Status, 0);
+        EXPECT_EQ(outcome.Errors.substr(0, 8), "kxplot: ");
+        EXPECT_LT(outcome.Errors.size(), 1100u) << arguments.back().substr(0, 20);
+    }
 }
 
 // 4,000 columns took minutes when anything was searched for at every series.
@@ -85,7 +188,14 @@ TEST_F(KxplotProgram, RefusesWrongOptions) {
           "d.csv --set Graph1.Colour=1", "d.csv --set Graph9.Color=1", "d.csv --set XAxis.TickLength=long",
           "d.csv other.csv", "d.csv --header --no-header"})
         ExpectError(2, arguments, "[^\n]+");
+    for (const TNames& arguments : {TNames{"d.csv", "--size", ""},
+                                    {"d.csv", "--style", ""},
+                                    {"d.csv", "--outfit", ""},
+                                    {""},
+                                    {"d.csv", "--set", "Graph1.Name=1 x"}})
+        EXPECT_EQ(Run(arguments).Status, 2) << arguments.back();
     EXPECT_TRUE(Files().empty());
+    EXPECT_EQ(StatusOf(Start({"--help"}, "/dev/null", "/dev/full", "/dev/null")), 1);
     const TOutcome help = Run({"--help"});
     EXPECT_EQ(help.Status, 0);
     EXPECT_NE(help.Output.find("--dx-minus"), std::string::npos);

@@ -1,5 +1,6 @@
 #include "platform/files.h"
 
+#include "platform/filegroup.h"
 #include "support/errors.h"
 #include "support/recording.h"
 #include "support/shortmemory.h"
@@ -98,13 +99,52 @@ TEST_F(FilesTest, AFailureNamesTheFileAndLeavesNothingBehind) {
     EXPECT_EQ(ReplaceFault(loop), loop + ": Too many levels of symbolic links");
     EXPECT_EQ(test::MessageOf<EFileError>([&] { ReadFile(dir); }), dir + ": is a directory");
     ReplaceFile(File, "x");
-    EXPECT_THROW(MoveIntoPlace(File, dir), EFileError); // and removes what it was to move
-    EXPECT_EQ(Entries(), (std::set<std::string>{"dir", "loop"}));
+    fs::permissions(File, fs::perms::owner_read);
+    EXPECT_EQ(ReplaceFault(File), File + ": is write-protected");
+    EXPECT_EQ(Entries(), (std::set<std::string>{"dir", "loop", "x.ini"}));
+}
+
+TEST_F(FilesTest, AGroupIsReplacedAsAWholeOrNotAtAll) {
+    const std::string added = Directory / "new.ini", last = Directory / "last.ini";
+    const auto write = [&](bool Fails) {
+        TFileGroup group;
+        for (const auto& name : {File, added, last}) group.Add(name, "new");
+        EXPECT_EQ(Entries().size(), 4u) << "three beside their places";
+        if (Fails) fs::create_directory(last); // cannot be renamed onto
+        group.MoveIntoPlace();
+    };
+    ReplaceFile(File, "old");
+    EXPECT_THROW(write(true), EFileError);
+    EXPECT_EQ(ReadFile(File), "old");
+    EXPECT_EQ(Entries(), (std::set<std::string>{"last.ini", "x.ini"}));
+    fs::remove(last);
+    write(false);
+    EXPECT_EQ(ReadFile(File) + ReadFile(added) + ReadFile(last), "newnewnew");
+    EXPECT_EQ(Entries(), (std::set<std::string>{"last.ini", "new.ini", "x.ini"}));
+}
+
+TEST_F(FilesTest, OneFileIsKnownUnderAllItsNames) {
+    ReplaceFile(File, "x");
+    fs::create_hard_link(File, Directory / "hard");
+    fs::create_symlink("x.ini", Directory / "soft");
+    fs::create_symlink("new", Directory / "dangling");
+    const std::tuple<std::string, std::string, bool> cases[] = {
+        {File, Directory / "hard", true},
+        {File, Directory / "soft", true},
+        {Directory / "new", Directory / "dangling", true},
+        {Directory / "new", Directory / "./new", true},
+        {Directory / "new", Directory / "other", false},
+        {File, Directory / "new", false},
+        {"/dev/null", "/dev/null", false},
+    };
+    for (const auto& [a, b, same] : cases) {
+        EXPECT_EQ(IsSameFile(a, b), same) << a << ' ' << b;
+        EXPECT_EQ(IsSameFile(b, a), same) << a << ' ' << b;
+    }
 }
 
 TEST_F(FilesTest, DevicesAreWrittenToAndNotReplaced) {
-    ReplaceFile(File, "x");
-    MoveIntoPlace(File, "/dev/null");
+    ReplaceFile("/dev/null", "x");
     EXPECT_EQ(fs::status("/dev/null").type(), fs::file_type::character);
     EXPECT_TRUE(Entries().empty());
     EXPECT_EQ(ReplaceFault("/dev/full"), "/dev/full: No space left on device");

@@ -17,6 +17,22 @@ TEST(Text, EveryCodePointSurvivesEncodingAndDecoding) {
     }
 }
 
+TEST(Text, AbridgedHasSixtyCharactersAtMost) {
+    const std::string fifty(50, 'a');
+    const std::tuple<std::string, std::string> cases[] = {
+        {fifty + "0123456789", fifty + "0123456789"},
+        {fifty + "0123456789x", fifty + "012345678…"},
+        {fifty + "012345678ü", fifty + "012345678ü"},
+        {fifty + "01234567\n", fifty + "01234567…"},
+        {fifty + "012345\n", fifty + "012345\\x0A"},
+        {std::string(1000000, '\n'), std::string("\\x0A") + Abridged(std::string(1000, '\n')).substr(4)},
+    };
+    for (const auto& [text, shown] : cases) {
+        EXPECT_EQ(Abridged(text), shown);
+        EXPECT_LE(CharacterCount(Abridged(text)), 60);
+    }
+}
+
 /// Sequences that are cut off, longer than needed, half a surrogate pair, beyond the last code point.
 TEST(Text, ForeignBytesCountAsLatin1Characters) {
     const std::tuple<const char*, const char*, const char*, int> cases[] = {

@@ -14,7 +14,7 @@ namespace {
 constexpr int CMostDigits = 18;
 
 [[noreturn]] void Fail(const std::string& Text, const std::string& What) {
-    throw TUsageError("--label: '" + kx::Escaped(Text) + "' " + What);
+    throw TUsageError("--label: '" + kx::Abridged(Text) + "' " + What);
 }
 
 } // namespace

@@ -1,11 +1,13 @@
 #include "kxplot/options.h"
 
+#include "kxplot/messages.h"
 #include "kxplot/number.h"
 #include "kxplot/rawoptions.h"
 #include "kxplot/stylespec.h"
 #include "platform/files.h"
 #include "platform/text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <initializer_list>
 #include <iostream>
@@ -26,7 +28,7 @@ kx::TSize ParseSize(const std::string& Text) {
     const std::string_view view(Text);
     if (x == std::string::npos || !read(view.substr(0, x), size.Width) ||
         !read(view.substr(x + 1), size.Height))
-        throw TUsageError("--size: '" + kx::Escaped(Text) + "' is not WIDTHxHEIGHT with sides from 1 to " +
+        throw TUsageError("--size: '" + kx::Abridged(Text) + "' is not WIDTHxHEIGHT with sides from 1 to " +
                           std::to_string(CMaxSide));
     return size;
 }
@@ -34,7 +36,7 @@ kx::TSize ParseSize(const std::string& Text) {
 TAssignment ParseAssignment(const std::string& Text) {
     const auto equals = Text.find('='), point = Text.find('.');
     if (equals == std::string::npos || point == std::string::npos || point > equals || point == 0)
-        throw TUsageError("--set: '" + kx::Escaped(Text) + "' is not NAME.PROPERTY=VALUE");
+        throw TUsageError("--set: '" + kx::Abridged(Text) + "' is not NAME.PROPERTY=VALUE");
     return {Text.substr(0, equals), Text.substr(equals + 1)};
 }
 
@@ -45,7 +47,7 @@ std::string DefaultOutput(const std::string& Data) {
 void CheckOutput(const std::string& FileName) {
     for (const char* known : {".png", ".svg", ".pdf"})
         if (kx::SameText(kx::ExtractFileExt(FileName), known)) return;
-    throw TUsageError("-o: '" + kx::Escaped(FileName) + "' does not end with .png, .svg or .pdf");
+    throw TUsageError("-o: '" + kx::Abridged(FileName) + "' does not end with .png, .svg or .pdf");
 }
 
 void CheckScale(double Scale) {
@@ -55,7 +57,7 @@ void CheckScale(double Scale) {
 std::optional<double> ParseLimit(const char* Option, const std::optional<std::string>& Text) {
     if (!Text) return std::nullopt;
     const auto value = ParseFinite(*Text);
-    if (!value) throw TUsageError(std::string(Option) + ": '" + kx::Escaped(*Text) + "' is not a number");
+    if (!value) throw TUsageError(std::string(Option) + ": '" + kx::Abridged(*Text) + "' is not a number");
     return value;
 }
 
@@ -66,7 +68,7 @@ int ParseCount(const char* Option, const std::optional<std::string>& Text, int D
     if (!Text) return Default;
     const auto count = ParseWhole(*Text, 1, Most);
     if (!count)
-        throw TUsageError(std::string(Option) + ": '" + kx::Escaped(*Text) +
+        throw TUsageError(std::string(Option) + ": '" + kx::Abridged(*Text) +
                           "' is not a whole number from 1 to " + std::to_string(Most) + Else);
     return *count;
 }
@@ -75,6 +77,17 @@ int ParseCount(const char* Option, const std::optional<std::string>& Text, int D
 std::optional<int> ParseRepeat(const std::optional<std::string>& Text) {
     if (Text == "auto") return std::nullopt;
     return ParseCount("--repeat", Text, 1, CMostTimes, " or auto");
+}
+
+/// Arguments stand in the parser's messages as they were given.
+std::string WithoutLongWords(const std::string& Message) {
+    std::string text;
+    for (std::size_t begin = 0; begin <= Message.size();) {
+        const std::size_t end = std::min(Message.find(' ', begin), Message.size());
+        text += (begin > 0 ? " " : "") + kx::Abridged(Message.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return text;
 }
 
 struct TNeed {
@@ -100,7 +113,7 @@ void ParseFits(const TRawOptions& Raw, TOptions& Options) {
         ++formulas;
     }
     if (Raw.Starts.size() > formulas)
-        throw TUsageError("--start: there is no formula for '" + kx::Escaped(Raw.Starts[formulas]) + "'");
+        throw TUsageError("--start: there is no formula for '" + kx::Abridged(Raw.Starts[formulas]) + "'");
     Options.Iterations = ParseCount("--iterations", Raw.Iterations, Options.Iterations);
     Options.Repeat = ParseRepeat(Raw.Repeat);
     CheckNeeds(formulas > 0, "--fit with a formula",
@@ -128,7 +141,7 @@ void ParseAnalyses(const TRawOptions& Raw, TOptions& Options) {
     Options.From = ParseLimit("--from", Raw.From);
     Options.To = ParseLimit("--to", Raw.To);
     if (Options.From && Options.To && *Options.From > *Options.To)
-        throw TUsageError("--from: " + *Raw.From + " lies above --to " + *Raw.To);
+        throw TUsageError("--from: " + kx::Abridged(*Raw.From) + " lies above --to " + kx::Abridged(*Raw.To));
     CheckNeeds(!Options.Analyses.empty(), "--fit, --curve, --derivative or --integral",
                {{"--weight", Options.Weight.has_value()},
                 {"--weight-by-errors", Options.WeightByErrors},
@@ -146,7 +159,7 @@ void ParseHeader(const TRawOptions& Raw, TOptions& Options) {
 
 void ParseDrawing(const TRawOptions& Raw, TOptions& Options) {
     constexpr int mostBins = 1000000;
-    if (!Raw.Style.empty()) Options.Style = ParseStyle(Raw.Style);
+    if (Raw.Style) Options.Style = ParseStyle(*Raw.Style);
     if (Raw.Legend) Options.Legend = ParseLegendPlace(*Raw.Legend);
     if (Raw.Bins) Options.Bins = ParseCount("--hist", Raw.Bins, 0, mostBins);
     CheckNeeds(
@@ -179,16 +192,17 @@ std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
         app.parse(Count, Arguments);
     } catch (const CLI::Success& asked) {
         app.exit(asked, std::cout, std::cerr);
+        Print(""); // tells whether it could be written
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
-        throw TUsageError(error.what());
+        throw TUsageError(WithoutLongWords(error.what()));
     }
     TOptions& options = raw.Options;
     ParseHeader(raw, options);
     ParseDrawing(raw, options);
     ParseAnalyses(raw, options);
     if (options.HasBars() || options.HasArrows()) RefuseAnalyses(raw, options);
-    if (!raw.Size.empty()) options.Size = ParseSize(raw.Size);
+    if (raw.Size) options.Size = ParseSize(*raw.Size);
     CheckScale(options.Scale);
     for (const auto& text : raw.Assignments) options.Assignments.push_back(ParseAssignment(text));
     if (options.Outputs.empty())

@@ -29,8 +29,8 @@ void LoadOutfitFile(TKx2DGraph& Graph, const std::string& FileName, TKxIniList& 
     try {
         Graph.LoadOutfit(name, Ini);
     } catch (const EIniError& error) {
-        throw EFileError(file + "[" + error.GetSection() + "] " + error.GetIdent() + ": '" +
-                         Escaped(Ini.ReadString(error.GetSection(), error.GetIdent(), "")) +
+        throw EFileError(file + "[" + Abridged(error.GetSection()) + "] " + Abridged(error.GetIdent()) +
+                         ": '" + Abridged(Ini.ReadString(error.GetSection(), error.GetIdent(), "")) +
                          "' does not hold the numbers that belong there");
     }
 }

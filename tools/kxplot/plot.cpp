@@ -43,7 +43,7 @@ std::vector<int> ErrorColumns(const TTable& Table, const std::vector<std::string
 } // namespace
 
 TPlot::TPlot(const TTable& Table, const TOptions& Options)
-    : FForm(std::make_unique<TForm>(&TApplication::Instance())) {
+    : FForm(std::make_unique<TForm>(&TApplication::Instance())), FTableName(Table.GetName()) {
     FForm->SetName("Form1");
     FForm->SetBounds(0, 0, Options.Size.Width, Options.Size.Height);
     const TColumns columns = ChooseColumns(Table, Options);
@@ -134,13 +134,13 @@ void TPlot::LoadOutfit(const std::string& FileName) {
     for (TKxAxis* axis : FGraph->GetAxes()) axis->RedoRanges();
 }
 
-void TPlot::SaveOutfit(const std::string& FileName) {
+std::string TPlot::GetOutfit() {
     for (TKxSeries* line : FLeftOut) line->SetIncludeInLegend(true); // with other data it is drawn
     SettleTree(*FForm);
     TKxIniList ini;
     FGraph->SaveOutfit("Graph1", ini);
     while (ini.GetCount() > 0 && ini.GetLine(0).empty()) ini.Delete(0);
-    ini.SaveToFile(FileName);
+    return ini.GetText();
 }
 
 void TPlot::Apply(const TOptions& Options) {
@@ -186,11 +186,11 @@ void TPlot::Assign(const TAssignment& Assignment) {
     const std::string name = Assignment.Path.substr(0, point), property = Assignment.Path.substr(point + 1);
     const auto find = [this](std::string_view Name) { return FForm->FindComponent(Name); };
     TComponent* component = find(name);
-    if (!component) throw TUsageError("--set: there is no component '" + Escaped(name) + "'");
+    if (!component) throw TUsageError("--set: there is no component '" + Abridged(name) + "'");
     try {
         SetPropertyText(*component, property, Assignment.Value, find);
-    } catch (const EPropertyError& error) {
-        throw TUsageError("--set " + Escaped(name) + ": " + error.what());
+    } catch (const Exception& error) {
+        throw TUsageError("--set " + Abridged(name) + ": " + error.what());
     }
     // An end that is given is meant to stay.
     if (auto* axis = dynamic_cast<TKxAxis*>(component)) {

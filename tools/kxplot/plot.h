@@ -33,7 +33,8 @@ public:
 
     /// The appearance from a file; automatic ends follow the data afterwards. Raises kx::EFileError.
     void LoadOutfit(const std::string& FileName);
-    void SaveOutfit(const std::string& FileName);
+    /// The appearance as the text of such a file.
+    std::string GetOutfit();
     /// What was asked for on the command line beside the data. Formula fits run here. Raises TUsageError.
     void Apply(const TOptions& Options);
 
@@ -45,6 +46,8 @@ public:
     const std::vector<std::string>& GetFailures() const { return FFailures; }
     /// A line for each fit whose result is not the best there is.
     const std::vector<std::string>& GetRemarks() const { return FRemarks; }
+    /// What users should know about a picture that was drawn all the same, a line each.
+    std::vector<std::string> GetNotices() const;
 
 private:
     struct TColumns {
@@ -53,11 +56,11 @@ private:
         std::vector<int> Y;
         std::vector<int> DXPlus, DYPlus, DXMinus, DYMinus; ///< a column a series, or -1
         std::vector<int> VX, VY;                           ///< a column a series of arrows
-        std::vector<int> All() const;
+        std::vector<int> All() const;                      ///< each once, ascending
     };
     /// What is read of the table.
     struct TValues {
-        std::vector<int> Columns;
+        std::vector<int> Columns; ///< ascending
         std::vector<std::vector<double>> Values;
         std::size_t Rows() const { return Values.front().size(); }
         const std::vector<double>& Of(int Column) const;
@@ -114,8 +117,10 @@ private:
     std::vector<kx::TKxSeries*> FLeftOut; ///< of the legend, because they are not drawn
     std::unique_ptr<TAnalyses> FAnalyses;
     std::unique_ptr<TNotes> FNotes;
-    std::string FXHeader, FYHeader;     ///< what the axes are called in the table
-    kx::TKxAxis* FSeriesAxis = nullptr; ///< the one that is called like the series
+    std::string FTableName;
+    std::vector<std::string> FColumnNames; ///< of the series, for messages
+    std::string FXHeader, FYHeader;        ///< what the axes are called in the table
+    kx::TKxAxis* FSeriesAxis = nullptr;    ///< the one that is called like the series
     std::string FResults;
     std::vector<std::string> FFailures, FRemarks;
     bool FInterrupted = false;

@@ -37,19 +37,17 @@ double GapOf(const TOptions& Options, std::size_t SeriesCount) {
 } // namespace
 
 std::vector<int> TPlot::TColumns::All() const {
-    std::vector<int> all;
-    const auto add = [&all](int Column) {
-        if (Column >= 0 && std::find(all.begin(), all.end(), Column) == all.end()) all.push_back(Column);
-    };
-    add(X);
-    add(Weight);
+    std::vector<int> all{X, Weight};
     for (const auto* list : {&Y, &DXPlus, &DYPlus, &DXMinus, &DYMinus, &VX, &VY})
-        for (const int column : *list) add(column);
+        all.insert(all.end(), list->begin(), list->end());
+    std::sort(all.begin(), all.end());
+    all.erase(std::unique(all.begin(), all.end()), all.end());
+    std::erase_if(all, [](int Column) { return Column < 0; });
     return all;
 }
 
 const std::vector<double>& TPlot::TValues::Of(int Column) const {
-    return Values[std::size_t(std::find(Columns.begin(), Columns.end(), Column) - Columns.begin())];
+    return Values[std::size_t(std::lower_bound(Columns.begin(), Columns.end(), Column) - Columns.begin())];
 }
 
 TKxLiveVector* TPlot::MakeVector(const std::string& Name, const std::vector<double>& Values) {
@@ -67,7 +65,7 @@ std::vector<double> TPlot::MakeX(const TTable& Table, const TColumns& Columns, c
             TFiniteRange own;
             own.Include(Values.Of(column));
             if (own.IsEmpty())
-                throw TTableError(Escaped(Table.GetName()) + ": column " + Table.ColumnName(column) +
+                throw TTableError(Escaped(Table.GetName()) + ": column " + Table.ShownName(column) +
                                   " has no finite value");
             range.Include({own.Low, own.High});
         }
@@ -94,6 +92,7 @@ void TPlot::MakeSeries(const TTable& Table, const TColumns& Columns, const TOpti
         series->SetWeight(Options.WeightByErrors ? MakeErrorWeight(Table, Columns, values) : weight);
         series->SetAutoCaption(EscapeCaption(Table.ColumnName(column)));
         FSeries.push_back(series);
+        FColumnNames.push_back(Table.ShownName(column));
         FAnalyses->AddTo(*series, FForm.get());
     }
     ConfigureBars(Options);
@@ -171,6 +170,7 @@ TKxNotCalculatedSeries* TPlot::MakeBars(const TColumns& Columns, const TValues& 
     auto* series = new TKxBarSeries(FForm.get());
     DressBars(*series, int(k), Options.Style == TStyle::Bars3D, GapOf(Options, Columns.Y.size()));
     series->SetShiftOverlays(Columns.Y.size() > 1);
+    series->SetStackSignsApart(true);
     if (Options.Horizontal)
         FBars.push_back({series, values, FXVector});
     else

@@ -4,9 +4,14 @@ namespace kxplot {
 
 namespace {
 
+/// Of an option that takes the name of a file.
+std::string RefuseEmpty(const std::string& Name) { return Name.empty() ? "a file name is expected" : ""; }
+
 void AddDataOptions(CLI::App& App, TRawOptions& Raw) {
     auto& o = Raw.Options;
-    App.add_option("DATA", o.Data, "text table with the data; - reads standard input")->required();
+    App.add_option("DATA", o.Data, "text table with the data; - reads standard input")
+        ->required()
+        ->check(RefuseEmpty);
     App.add_flag("--header", Raw.Header, "the first row is a header, whatever it looks like");
     App.add_flag("--no-header", Raw.NoHeader,
                  "the first row is data (default: it is a header when any text in it stands over numbers)");
@@ -80,7 +85,8 @@ void AddAnalysisOptions(CLI::App& App, TRawOptions& Raw) {
         ->type_name("X");
     App.add_option("--results", o.Results,
                    "writes what fits and curves found as INI text; - is standard output")
-        ->type_name("FILE");
+        ->type_name("FILE")
+        ->check(RefuseEmpty);
     App.add_option("--label", Raw.Labels,
                    "shows a result in the picture, e.g. Slope:6 (several allowed). KEY is one of those in "
                    "--results, DIGITS how many significant digits a number has (0 to 18, default: 8; 0: "
@@ -104,7 +110,9 @@ void AddPictureOptions(CLI::App& App, TRawOptions& Raw) {
                    "equal bins between the smallest and the largest")
         ->type_name("N");
     App.add_flag("--shift", o.Shift, "the bars of several series stand side by side (default)");
-    App.add_flag("--stack", o.Stack, "the bars of several series stand upon one another");
+    App.add_flag("--stack", o.Stack,
+                 "the bars of several series stand upon one another, values below zero "
+                 "downwards");
     App.add_flag("--horizontal", o.Horizontal, "bars lie; the axes change places");
     App.add_option(
            "--legend", Raw.Legend,
@@ -137,8 +145,12 @@ void AddOutfitOptions(CLI::App& App, TRawOptions& Raw) {
                    "Integral1, ..., Legend1, Label1, ...")
         ->type_name("NAME.PROPERTY=VALUE")
         ->allow_extra_args(false);
-    App.add_option("--outfit", o.Outfit, "takes the appearance from a file")->type_name("FILE.ini");
-    App.add_option("--save-outfit", o.SaveOutfit, "keeps the appearance in a file")->type_name("FILE.ini");
+    App.add_option("--outfit", o.Outfit, "takes the appearance from a file")
+        ->type_name("FILE.ini")
+        ->check(RefuseEmpty);
+    App.add_option("--save-outfit", o.SaveOutfit, "keeps the appearance in a file")
+        ->type_name("FILE.ini")
+        ->check(RefuseEmpty);
     App.add_option("-o", o.Outputs, "picture to write: .png, .svg or .pdf (several allowed)")
         ->type_name("FILE")
         ->allow_extra_args(false);

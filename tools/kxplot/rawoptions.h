@@ -14,7 +14,7 @@ namespace kxplot {
 /// The options as CLI11 stores them, before they are checked.
 struct TRawOptions {
     TOptions Options;
-    std::string Size, Style;
+    std::optional<std::string> Size, Style;
     std::optional<std::string> From, To;
     std::optional<std::string> Iterations, Repeat, Bins, Legend;
     std::vector<std::string> Assignments, Fits, Starts, Curves, Labels;

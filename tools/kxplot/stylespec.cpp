@@ -33,7 +33,7 @@ auto Find(const char* Option, const std::string& Text, const T& Words) {
         if (Text == Words[k].first) return Words[k].second;
         list += (k == 0 ? "" : k + 1 == Words.size() ? " or " : ", ") + std::string(Words[k].first);
     }
-    throw TUsageError(std::string(Option) + ": '" + kx::Escaped(Text) + "' is not " + list);
+    throw TUsageError(std::string(Option) + ": '" + kx::Abridged(Text) + "' is not " + list);
 }
 
 void Refuse(bool Given, const char* Message) {

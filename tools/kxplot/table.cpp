@@ -17,7 +17,7 @@ constexpr int CSampleRows = 50;
 
 bool IsEmptyCell(std::string_view Cell) { return kx::Trimmed(Cell).empty(); }
 
-std::string Quoted(std::string_view Text) { return "'" + kx::Escaped(kx::Trimmed(Text)) + "'"; }
+std::string Quoted(std::string_view Text) { return "'" + kx::Abridged(kx::Trimmed(Text)) + "'"; }
 
 /// Whether Cell is several numbers with blanks between them.
 bool IsSeveralNumbers(std::string_view Cell) {
@@ -169,6 +169,11 @@ std::string TTable::ColumnName(int Column) const {
     return header.empty() ? std::to_string(Column + 1) : kx::Escaped(header);
 }
 
+std::string TTable::ShownName(int Column) const {
+    const std::string header = GetHeader(Column);
+    return header.empty() ? std::to_string(Column + 1) : kx::Abridged(header);
+}
+
 int TTable::FindNumericColumn(const std::string& Column) const {
     int index = static_cast<int>(std::find(FHeaders.begin(), FHeaders.end(), Column) - FHeaders.begin());
     if (!HasHeader() || index == GetColumnCount()) {
@@ -179,14 +184,14 @@ int TTable::FindNumericColumn(const std::string& Column) const {
                         (GetColumnCount() == 1 ? " column" : " columns"));
         --index;
     }
-    if (!IsNumeric(index)) Fail(0, "column " + ColumnName(index) + " is not numeric");
+    if (!IsNumeric(index)) Fail(0, "column " + ShownName(index) + " is not numeric");
     return index;
 }
 
 double TTable::Value(std::string_view Cell, std::size_t Column, long Line) const {
     if (const auto value = ParseNumber(Cell, FDecimalComma)) return *value;
     if (!IsEmptyCell(Cell))
-        Fail(Line, "column " + ColumnName(int(Column)) + ": " + Quoted(Cell) + " is not a number");
+        Fail(Line, "column " + ShownName(int(Column)) + ": " + Quoted(Cell) + " is not a number");
     return std::numeric_limits<double>::quiet_NaN();
 }
 
@@ -200,9 +205,10 @@ std::size_t TTable::ExpectedRows() const {
 std::vector<std::vector<double>> TTable::ReadColumns(const std::vector<int>& Columns) const {
     std::vector<std::vector<double>> read(FKinds.size());
     std::vector<bool> wanted(FKinds.size());
+    const std::size_t expected = ExpectedRows();
     for (const int column : Columns) {
         wanted[std::size_t(column)] = true;
-        read[std::size_t(column)].reserve(ExpectedRows());
+        read[std::size_t(column)].reserve(expected);
     }
     TRowReader rows(FText, FBodyAt, FBodyLine, FSeparator);
     std::string_view cell;
@@ -223,12 +229,7 @@ std::vector<std::vector<double>> TTable::ReadColumns(const std::vector<int>& Col
                                   " where the first row has " + std::to_string(read.size()));
     }
     std::vector<std::vector<double>> values;
-    for (std::size_t k = 0; k < Columns.size(); ++k) {
-        const bool again =
-            std::find(Columns.begin() + std::ptrdiff_t(k) + 1, Columns.end(), Columns[k]) != Columns.end();
-        auto& column = read[std::size_t(Columns[k])];
-        values.push_back(again ? column : std::move(column));
-    }
+    for (const int column : Columns) values.push_back(std::move(read[std::size_t(column)]));
     return values;
 }
 

@@ -39,14 +39,16 @@ public:
     /// Whether the first cell below the header that is not empty is a number, or most of the next ones are: a
     /// text before numbers is no reason to leave a column out, it is told when the column is read.
     bool IsNumeric(int Column) const { return KindOf(Column) == TKind::Numbers; }
-    /// Header text, or the number of a column without one, for messages.
+    /// Header text, or the number of a column without one, in characters that can be shown.
     std::string ColumnName(int Column) const;
+    /// The same for messages: no longer than 60 characters.
+    std::string ShownName(int Column) const;
     /// Zero-based column for a header text or a 1-based number; a header text goes first. Raises TTableError
     /// for a column that the table lacks, or one that is not numeric.
     int FindNumericColumn(const std::string& Column) const;
 
-    /// The values of some columns, row by row; an empty cell is a NaN. Raises TTableError for a cell that is
-    /// no number, or a row with more or fewer cells than the first, naming its line.
+    /// The values of some columns, each named once, row by row; an empty cell is a NaN. Raises TTableError
+    /// for a cell that is no number, or a row with more or fewer cells than the first, naming its line.
     std::vector<std::vector<double>> ReadColumns(const std::vector<int>& Columns) const;
 
     /// Raises TTableError about a row that ReadColumns has read, zero-based, naming its line.

@@ -1,0 +1,41 @@
+// What is told although a picture was drawn.
+
+#include "kxplot/plot.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kxplot {
+
+using namespace kx;
+
+namespace {
+
+bool HasPlace(const TKxAxis* Axis, double Value) {
+    return std::isfinite(Value) && (!Axis || Axis->GetScaling() == AxNormal || Value > 0);
+}
+
+bool HasDrawablePoint(const TKxNotCalculatedSeries& Series) {
+    if (!Series.GetXData() || !Series.GetYData()) return false;
+    const auto x = Series.GetXData()->Values(), y = Series.GetYData()->Values();
+    for (std::size_t i = 0; i < std::min(x.size(), y.size()); ++i)
+        if (HasPlace(Series.GetXAxis(), x[i]) && HasPlace(Series.GetYAxis(), y[i])) return true;
+    return false;
+}
+
+} // namespace
+
+std::vector<std::string> TPlot::GetNotices() const {
+    constexpr std::size_t most = 3;
+    std::string list;
+    std::size_t count = 0;
+    for (std::size_t k = 0; k < FSeries.size(); ++k)
+        if (!HasDrawablePoint(*FSeries[k]) && ++count <= most)
+            list += (count > 1 ? ", " : "") + FColumnNames[k];
+    if (count == 0) return {};
+    if (count > most) list += " and " + std::to_string(count - most) + " more";
+    return {Escaped(FTableName) + ": no point of column " + list + " can be drawn"};
+}
+
+} // namespace kxplot
