@@ -1,5 +1,7 @@
 #include "annotation/Kxlabel.h"
 
+#include <algorithm>
+
 namespace kx {
 
 /// Where the caption begins in the label, and the label's size.
@@ -40,8 +42,8 @@ void TKxCustomLabel::SetAngle(int Angle) {
 }
 
 void TKxCustomLabel::SetXPosition(int XPosition) {
-    FXPosition = XPosition;
-    int left = XPosition;
+    FXPosition = std::clamp(XPosition, -CMaxPixel, CMaxPixel);
+    int left = FXPosition;
     if (FAngle == 0 && GetAlignment() == taRightJustify) left -= FTextWidth;
     if (FAngle == 0 && GetAlignment() == taCenter) left -= FTextWidth / 2;
     SetLeft(left);
@@ -55,6 +57,8 @@ void TKxCustomLabel::SetAlignment(TAlignment Alignment) {
 // Kept: by the width of the control, where SetXPosition goes by the text's. A label that does not fit itself
 // is so anchored by its frame as soon as it is placed.
 void TKxCustomLabel::SetBounds(int Left, int Top, int Width, int Height) {
+    Left = std::clamp(Left, -CMaxPixel, CMaxPixel);
+    Width = std::clamp(Width, 0, CMaxPixel - 1);
     FXPosition = Left;
     if (FAngle == 0 && GetAlignment() == taRightJustify) FXPosition += Width;
     if (FAngle == 0 && GetAlignment() == taCenter) FXPosition += Width / 2;

@@ -162,21 +162,22 @@ public:
     /// Leaves out every second (third, ...) label where labels would touch. Off by default.
     bool GetThinLabels() const { return FThinLabels; }
     void SetThinLabels(bool Thin) { Change(FThinLabels, Thin); }
+    // Lengths in pixels; beyond CMostLength they count as that.
     int GetBorderCaptionGap() const { return FBorderCaptionGap; }
-    void SetBorderCaptionGap(int Gap) { Change(FBorderCaptionGap, Gap); }
+    void SetBorderCaptionGap(int Gap) { Change(FBorderCaptionGap, LimitedLength(Gap)); }
     int GetCaptionScalingsGap() const { return FCaptionScalingsGap; }
-    void SetCaptionScalingsGap(int Gap) { Change(FCaptionScalingsGap, Gap); }
+    void SetCaptionScalingsGap(int Gap) { Change(FCaptionScalingsGap, LimitedLength(Gap)); }
     int GetScalingsTicksGap() const { return FScalingsTicksGap; }
-    void SetScalingsTicksGap(int Gap) { Change(FScalingsTicksGap, Gap); }
+    void SetScalingsTicksGap(int Gap) { Change(FScalingsTicksGap, LimitedLength(Gap)); }
     int GetExponentScalingsGap() const { return FExponentScalingsGap; }
-    void SetExponentScalingsGap(int Gap) { Change(FExponentScalingsGap, Gap); }
+    void SetExponentScalingsGap(int Gap) { Change(FExponentScalingsGap, LimitedLength(Gap)); }
     int GetValuesTicksGap() const { return FValuesTicksGap; }
-    void SetValuesTicksGap(int Gap) { Change(FValuesTicksGap, Gap); }
+    void SetValuesTicksGap(int Gap) { Change(FValuesTicksGap, LimitedLength(Gap)); }
     /// Positive ticks point outwards, to the labels; negative ones into the drawing world.
     int GetMajorTickLength() const { return FMajorTickLength; }
-    void SetMajorTickLength(int Length) { Change(FMajorTickLength, Length); }
+    void SetMajorTickLength(int Length) { Change(FMajorTickLength, LimitedLength(Length)); }
     int GetTickLength() const { return FTickLength; }
-    void SetTickLength(int Length) { Change(FTickLength, Length); }
+    void SetTickLength(int Length) { Change(FTickLength, LimitedLength(Length)); }
     TColor GetAxisColor() const { return FAxisColor; }
     void SetAxisColor(TColor Color) { Change(FAxisColor, Color); }
     TColor GetTickColor() const { return FTickColor; }
@@ -184,11 +185,11 @@ public:
     TColor GetMajorTickColor() const { return FMajorTickColor; }
     void SetMajorTickColor(TColor Color) { Change(FMajorTickColor, Color); }
     int GetAxisThicknes() const { return FAxisThicknes; } // the spelling is part of the interface
-    void SetAxisThicknes(int Width) { Change(FAxisThicknes, std::max(0, Width)); }
+    void SetAxisThicknes(int Width) { Change(FAxisThicknes, LimitedLength(std::max(0, Width))); }
     int GetTickThicknes() const { return FTickThicknes; }
-    void SetTickThicknes(int Width) { Change(FTickThicknes, std::max(0, Width)); }
+    void SetTickThicknes(int Width) { Change(FTickThicknes, LimitedLength(std::max(0, Width))); }
     int GetMajorTickThicknes() const { return FMajorTickThicknes; }
-    void SetMajorTickThicknes(int Width) { Change(FMajorTickThicknes, std::max(0, Width)); }
+    void SetMajorTickThicknes(int Width) { Change(FMajorTickThicknes, LimitedLength(std::max(0, Width))); }
     TFont& GetCaptionFont() { return FCaptionFont; }
     const TFont& GetCaptionFont() const { return FCaptionFont; }
     void SetCaptionFont(TFont* Font) { FCaptionFont.Assign(*Font); }

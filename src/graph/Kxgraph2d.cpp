@@ -88,8 +88,9 @@ void TKx2DGraph::SetZeroOrigin(bool ZeroOrigin) {
 }
 
 void TKx2DGraph::SetMargin(int Pixels) {
+    Pixels = LimitedLength(std::max(0, Pixels));
     if (FMargin == Pixels) return;
-    FMargin = std::max(0, Pixels);
+    FMargin = Pixels;
     Modified();
 }
 

@@ -59,6 +59,12 @@ inline constexpr int CNoPixel = INT_MIN;
 /// Pixels saturate here, so that sums of a few of them stay defined.
 inline constexpr int CMaxPixel = 1 << 30;
 
+/// The most that settings give a width, a gap or another length: more than any picture has, and yet sums of
+/// many and small multiples of it stay defined.
+inline constexpr int CMostLength = 1 << 14;
+/// A length as it counts, of those that settings hold.
+inline int LimitedLength(int Pixels) { return std::clamp(Pixels, -CMostLength, CMostLength); }
+
 /// Value rounded to the nearest integer, half to even, saturated at +-CMaxPixel; CNoPixel for a NaN.
 inline int RoundToInt(double Value) {
     if (std::isnan(Value)) return CNoPixel;

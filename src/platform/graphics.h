@@ -3,6 +3,7 @@
 
 #include "platform/colors.h"
 #include "platform/event.h"
+#include "platform/geometry.h"
 #include "platform/properties.h"
 
 #include <array>
@@ -65,10 +66,11 @@ public:
     void SetColor(TColor Color) { Store(FColor, Color); }
     TPenStyle GetStyle() const { return FStyle; }
     void SetStyle(TPenStyle Style) { Store(FStyle, Style); }
-    /// Pixels; 0 is a cosmetic pen, one device pixel wide. A negative width is ignored.
+    /// Pixels; 0 is a cosmetic pen, one device pixel wide. A negative width is ignored, one beyond
+    /// CMostLength counts as that.
     int GetWidth() const { return FWidth; }
     void SetWidth(int Width) {
-        if (Width >= 0) Store(FWidth, Width);
+        if (Width >= 0) Store(FWidth, LimitedLength(Width));
     }
     TPenMode GetMode() const { return FMode; }
     void SetMode(TPenMode Mode) { Store(FMode, Mode); }
@@ -106,7 +108,8 @@ public:
     int GetSize() const;
     void SetSize(int Points);
     int GetHeight() const { return FHeight; }
-    void SetHeight(int Pixels) { Store(FHeight, Pixels); }
+    /// Limited to CMostLength.
+    void SetHeight(int Pixels) { Store(FHeight, LimitedLength(Pixels)); }
     TColor GetColor() const { return FColor; }
     void SetColor(TColor Color) { Store(FColor, Color); }
     TFontStyles GetStyle() const { return FStyle; }
@@ -119,10 +122,10 @@ public:
     void SetCharset(int Charset) { Store(FCharset, Charset); }
     TFontPitch GetPitch() const { return FPitch; }
     void SetPitch(TFontPitch Pitch) { Store(FPitch, Pitch); }
-    /// Writing direction in tenths of a degree, counter-clockwise; not part of the published state. Any other
-    /// setter but SetColor leaves it; Assign takes it over.
+    /// Writing direction in tenths of a degree below a full turn, counter-clockwise; not part of the
+    /// published state. Any other setter but SetColor leaves it; Assign takes it over.
     int GetOrientation() const { return FOrientation; }
-    void SetOrientation(int Angle) { Store(FOrientation, Angle); }
+    void SetOrientation(int Angle) { Store(FOrientation, Angle % 3600); }
 
     bool GetBold() const { return HasStyle(fsBold); }
     void SetBold(bool On) { SetStyleFlag(fsBold, On); }

@@ -50,12 +50,14 @@ void TKxArrowSeries::DYChanged(int Index, bool WasDeleted) {
 }
 
 void TKxArrowSeries::SetTipLength(int Length) {
+    Length = LimitedLength(Length);
     if (FTipLength == Length) return;
     FTipLength = Length;
     Modified();
 }
 
 void TKxArrowSeries::SetTipWidth(int Width) {
+    Width = LimitedLength(Width);
     if (FTipWidth == Width) return;
     FTipWidth = Width;
     Modified();

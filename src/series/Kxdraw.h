@@ -78,7 +78,7 @@ public:
     void SetStyle(TPenStyle Style) { Store(FValues.Style, Style); }
     int GetWidth() const { return FValues.Width; }
     /// Pixels; a negative width is stored as 0.
-    void SetWidth(int Width) { Store(FValues.Width, Width < 0 ? 0 : Width); }
+    void SetWidth(int Width) { Store(FValues.Width, Width < 0 ? 0 : LimitedLength(Width)); }
 
     /// Takes over the values of a TKxLineStyle, not its owner; tells the own owner at most once.
     void Assign(const TPersistent& Source) override;
@@ -141,10 +141,10 @@ public:
     void SetStyle(TKxPointSymbol Style) { Store(FValues.Style, Style); }
     int GetSize() const { return FValues.Size; }
     /// Pixels from the centre to the outer edge; a negative size is stored as 5.
-    void SetSize(int Size) { Store(FValues.Size, Size < 0 ? CDefaultSize : Size); }
+    void SetSize(int Size) { Store(FValues.Size, Size < 0 ? CDefaultSize : LimitedLength(Size)); }
     int GetWidth() const { return FValues.Width; }
     /// Pen width of the outline in pixels; a negative width is stored as 0.
-    void SetWidth(int Width) { Store(FValues.Width, Width < 0 ? 0 : Width); }
+    void SetWidth(int Width) { Store(FValues.Width, Width < 0 ? 0 : LimitedLength(Width)); }
 
     /// Takes over the values of a TKxPointStyle, not its owner; tells the own owner at most once.
     void Assign(const TPersistent& Source) override;

@@ -33,7 +33,7 @@ std::string StrokeStyle(const TStroke& Stroke) {
     if (!IsHairline(Stroke)) style += Attribute("stroke-width", std::to_string(Stroke.Width));
     std::string dashes;
     for (int length : Dashes(Stroke.Style))
-        dashes += (dashes.empty() ? "" : " ") + std::to_string(length * LineWidth(Stroke));
+        dashes += (dashes.empty() ? "" : " ") + std::to_string(TCoord{length} * LineWidth(Stroke));
     if (!dashes.empty()) style += Attribute("stroke-dasharray", dashes);
     return style;
 }
