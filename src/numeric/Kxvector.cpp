@@ -1,5 +1,6 @@
 #include "numeric/Kxvector.h"
 
+#include "platform/application.h"
 #include "platform/scopedvalue.h"
 
 #include <algorithm>
@@ -81,6 +82,7 @@ void TKxCustomRealVector::Resize(int Capacity) {
 }
 
 void TKxCustomRealVector::CheckCount(int Wanted) {
+    AssertOwnThread();
     // Kept: grows on equal; the capacity that a program sees counts on it.
     if (Wanted >= FCapacity) Resize(Saturated(std::int64_t{Wanted} + FIncrement));
     FCount = std::max(FCount, Wanted);
@@ -94,6 +96,7 @@ void TKxCustomRealVector::SetValue(int Index, double Value) {
 }
 
 void TKxCustomRealVector::CloseGap(int Index) {
+    AssertOwnThread();
     if (Index + 1 < FCount)
         std::copy(FValues.begin() + Index + 1, FValues.begin() + FCount, FValues.begin() + Index);
 }
@@ -128,7 +131,10 @@ void TKxRealVector::Delete(int Index) {
     --FCount;
 }
 
-void TKxRealVector::Clear() { FCount = 0; }
+void TKxRealVector::Clear() {
+    AssertOwnThread();
+    FCount = 0;
+}
 
 void TKxRealVector::SetCapacity(int Capacity) {
     if (Capacity > FCount) Resize(Capacity);

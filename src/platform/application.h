@@ -41,6 +41,14 @@ private:
     std::unique_ptr<TThread> FThread;
 };
 
+/// Components belong to the thread of the application object. In builds with assertions this asserts that the
+/// caller runs on it; in others it is nothing at all.
+inline void AssertOwnThread() {
+#ifndef NDEBUG
+    TApplication::Instance().AssertOwnThread();
+#endif
+}
+
 /// Runs Action; an exception goes to the application.
 template <class F>
 void Guarded(F Action) {

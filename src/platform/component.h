@@ -24,6 +24,7 @@ using TComponentState = unsigned;
 
 /// An object with an owner and a name. The owner deletes what it still owns when it is destroyed; a component
 /// that is destroyed earlier (also one on the stack) leaves its owner by itself.
+/// Components belong to the thread that made the application object: only that one may touch them.
 /// Removal notices (Notification with opRemove) leave from this class's destructor, when the derived parts
 /// are gone: a Notification override compares addresses and never casts the component it is given. Everybody
 /// is told before the first owned component is deleted. What a listener raises goes to the application, and

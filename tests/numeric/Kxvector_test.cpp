@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
 #include <utility>
 
 namespace kx {
@@ -119,6 +120,21 @@ TEST(Listeners, MayLeaveAndEnterWhileCalled) {
         }
     }
 }
+
+#ifndef NDEBUG
+TEST(RealVectorDeathTest, ChangesOnTheApplicationsThreadAlone) {
+    const auto elsewhere = [](auto Action) {
+        TKxLiveVector vector(nullptr);
+        vector.Add(1);
+        std::thread([&] { Action(vector); }).join();
+    };
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_DEATH(elsewhere([](auto& V) { V.Add(1); }), "application's thread");
+    EXPECT_DEATH(elsewhere([](auto& V) { V.SetValue(0, 1); }), "application's thread");
+    EXPECT_DEATH(elsewhere([](auto& V) { V.Delete(0); }), "application's thread");
+    EXPECT_DEATH(elsewhere([](auto& V) { V.Clear(); }), "application's thread");
+}
+#endif
 
 } // namespace
 } // namespace kx
