@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 TEST(Files, ShortMemoryLeavesNoTemporaryAndEitherTheOldFileOrTheNewOne) {
     const test::TTemporaryDirectory directory;
     const std::string name = directory / "a file of a name that takes memory.txt";
-    const std::string temporary = directory / "another one that is renamed into place.txt";
+    const std::string other = directory / "another one of the same group of files.txt";
     const auto check = [&](std::ptrdiff_t Files) {
         if (!FileExists(name)) return;
         EXPECT_EQ(std::distance(fs::directory_iterator(fs::path(name).parent_path()), {}), Files);
@@ -33,13 +33,20 @@ TEST(Files, ShortMemoryLeavesNoTemporaryAndEitherTheOldFileOrTheNewOne) {
     EXPECT_GT(test::WithEveryAllocationFailing(prepare, [&] { ReplaceFile(name, "new"); }), 3);
     check(1);
     EXPECT_EQ(ReadFile(name), "new");
-    test::WithEveryAllocationFailing(
-        [&] {
-            prepare();
-            ReplaceFile(temporary, "new");
-        },
-        [&] { MoveIntoPlace(temporary, name); });
-    check(1);
+    ReplaceFile(name, "old");
+    const auto prepareBoth = [&] {
+        check(1 + FileExists(other));
+        EXPECT_EQ(FileExists(other), ReadFile(name) == "new") << "both or none";
+        fs::remove(other);
+        ReplaceFile(name, "old");
+    };
+    const auto replaceBoth = [&] {
+        TFileGroup group;
+        for (const auto& file : {name, other}) group.Add(file, "new");
+        group.MoveIntoPlace();
+    };
+    EXPECT_GT(test::WithEveryAllocationFailing(prepareBoth, replaceBoth), 6);
+    prepareBoth();
 }
 
 TEST(Files, PathsAreTakenApart) {
