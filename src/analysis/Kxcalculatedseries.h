@@ -172,8 +172,8 @@ private:
     void Leave();
     void LoseResults();
     void LoseData();
-    struct TEnded {
-    }; ///< a handler has ended the calculation; no std::exception, for nobody else is to take it
+    /// Thrown where a handler has ended the calculation; no std::exception, for only Calculate is to take it.
+    struct TEnded {};
     class TRun;
     void RunCalculation(const TRun& Run);
     bool TakesError(Exception& Error);
