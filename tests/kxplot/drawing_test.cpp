@@ -160,7 +160,7 @@ TEST_F(KxplotDrawingPlot, BarsHaveTheirEdgesAndStandAsAsked) {
         EXPECT_EQ(edges->GetCount(), lengths->GetCount() + 1);
         EXPECT_EQ(bars.GetPointsCount(), lengths->GetCount()) << "every row has its bar";
     }
-    Plot("--style bars --horizontal --save-outfit o.ini").SaveOutfit(Path("o.ini"));
+    Write("o.ini", Plot("--style bars --horizontal --save-outfit o.ini").GetOutfit());
     Plot("--style bars --stack --outfit " + Path("o.ini"));
     const auto& bars = Component<TKxBarSeries>("Series2");
     EXPECT_EQ(Values(bars.GetXData()), (std::vector<double>{1, 2, 4, 6})) << "whatever an outfit says";
@@ -217,7 +217,7 @@ TEST_F(KxplotDrawingPlot, ALegendStandsWhereThereIsMoreThanOneEntryAndTakesTheHe
 }
 
 TEST_F(KxplotDrawingPlot, ALegendIsKeptInAnOutfitAndMovedByOptions) {
-    Plot("--legend top-left --set Legend1.Columns=2 --set Legend1.Gap=3").SaveOutfit(Path("o.ini"));
+    Write("o.ini", Plot("--legend top-left --set Legend1.Columns=2 --set Legend1.Gap=3").GetOutfit());
     const std::string outfit = "--outfit " + Path("o.ini");
     const std::tuple<std::string, kx::TKxLegendPlacement, int, bool> cases[] = {
         {"", kx::lgInsideTopLeft, 2, true},
