@@ -4,6 +4,7 @@
 #include "platform/numbertext.h"
 
 #include <algorithm>
+#include <array>
 #include <cfloat>
 #include <cmath>
 
@@ -31,9 +32,23 @@ int ExponentOf(const std::string& Text) {
     return exponent;
 }
 
+constexpr std::array<double, 23> CExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                 1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+/// Whether X is a whole number of so few digits, and Shift so small, that a product or quotient of two exact
+/// numbers is rounded only once: to the double that the text would be read as.
+bool IsExactShift(double X, std::int64_t Shift) {
+    return std::abs(X) < 1e15 && std::abs(Shift) < std::ssize(CExactPowers) && std::trunc(X) == X;
+}
+
 /// X with Shift added to its decimal exponent. The value goes through its text, so that its digits are kept.
 double ShiftedBy(double X, std::int64_t Shift) {
     if (!std::isfinite(X)) return X;
+    if (IsExactShift(X, Shift)) {
+        const double power = CExactPowers[static_cast<std::size_t>(std::abs(Shift))];
+        return (Shift < 0 ? X / power : X * power) + 0.0; // zero has no sign
+    }
     const std::string text = ScientificText(X);
     std::string shifted = X < 0 ? "-" : "";
     shifted += text.substr(CMantissaAt, CMantissaLength) + "E" + std::to_string(ExponentOf(text) + Shift);

@@ -5,6 +5,9 @@
 #include <cfloat>
 #include <climits>
 #include <cmath>
+#include <cstdint>
+#include <random>
+#include <string>
 #include <tuple>
 #include <vector>
 
@@ -38,6 +41,12 @@ TEST(Arithm, DecimalShiftKeepsTheDigits) {
         {1, 400, 0},     {-7, -400, -7},  {7, INT_MIN, 7},     {double(INFINITY), 1, double(INFINITY)}};
     for (const auto& [x, n, result] : cases) EXPECT_EQ(ExpMinus(x, n), result) << x << ", " << n;
     EXPECT_TRUE(std::isnan(ExpMinus(double(NAN), 1)));
+    std::mt19937_64 random(3);
+    for (int n = -30; n <= 30; ++n) // whole numbers need no text, with the same result
+        for (const std::uint64_t digits : {random() % 1000, random() % 1000000000000000}) {
+            const std::string text = std::to_string(digits) + "e" + std::to_string(-n);
+            EXPECT_EQ(ExpMinus(double(digits), n), std::stod(text)) << text;
+        }
 }
 
 TEST(Arithm, RoundsToMultiplesWithTolerance) {
