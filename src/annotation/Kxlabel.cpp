@@ -67,7 +67,7 @@ void TKxCustomLabel::SetBounds(int Left, int Top, int Width, int Height) {
 
 void TKxCustomLabel::AdjustBounds() {
     FPaintX = FPaintY = 0;
-    FDirection = DirectionOf(FAngle);
+    FDirection = DirectionOf(TurnedBy());
     if (!GetAutoSize()) return;
     MeasureText();
     SetXPosition(FXPosition);
@@ -89,11 +89,10 @@ TKxCustomLabel::TExtent TKxCustomLabel::TurnedExtent() const {
     const auto r = [](long double Value) { return RoundToInt(double(Value)); };
     const long double wc = FTextWidth * FDirection.Cos, ws = FTextWidth * FDirection.Sin;
     const long double hc = FTextHeight * FDirection.Cos, hs = FTextHeight * FDirection.Sin;
-    // Kept: a negative angle is treated as one of the first quadrant; stored forms rely on the bounds it
-    // gives.
-    if (FAngle < 900) return {{0, r(ws)}, {r(wc + hs), r(ws + hc)}};
-    if (FAngle < 1800) return {{r(-wc), r(ws - hc)}, {r(-wc + hs), r(ws - hc)}};
-    if (FAngle < 2700) return {{r(-wc - hs), r(-hc)}, {r(-wc - hs), r(-ws - hc)}};
+    const int angle = TurnedBy();
+    if (angle < 900) return {{0, r(ws)}, {r(wc + hs), r(ws + hc)}};
+    if (angle < 1800) return {{r(-wc), r(ws - hc)}, {r(-wc + hs), r(ws - hc)}};
+    if (angle < 2700) return {{r(-wc - hs), r(-hc)}, {r(-wc - hs), r(-ws - hc)}};
     return {{r(-hs), 0}, {r(wc - hs), r(-ws + hc)}};
 }
 
@@ -113,7 +112,7 @@ void TKxCustomLabel::Paint() {
     canvas.Font.Assign(GetFont());
     // A slanted last letter reaches over the cell that it is measured by, and so does a viewer's other font.
     if (GetAutoSize()) canvas.SetClip(std::nullopt);
-    PaintCaption(FParsed, canvas, FPaintX, FPaintY, FAngle);
+    PaintCaption(FParsed, canvas, FPaintX, FPaintY, TurnedBy());
 }
 
 } // namespace kx

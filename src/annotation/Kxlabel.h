@@ -47,6 +47,7 @@ protected:
 private:
     struct TExtent;
     TExtent TurnedExtent() const;
+    int TurnedBy() const { return FAngle < 0 ? FAngle + 3600 : FAngle; } // from 0 on, for the same direction
     void MeasureText();
 
     int FAngle = 0;

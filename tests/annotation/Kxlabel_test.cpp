@@ -25,14 +25,24 @@ TEST(Labels, BoundsAndStartFollowFromTheAngle) {
         {0, 0, {0, 0}, {60, 10}},        {900, 900, {0, 60}, {10, 60}},  {1800, 1800, {60, 10}, {60, 10}},
         {2700, 2700, {10, 0}, {10, 60}}, {300, 300, {0, 30}, {57, 39}},  {1200, 1200, {30, 57}, {39, 57}},
         {2100, 2100, {57, 9}, {57, 39}}, {3300, 3300, {5, 0}, {57, 39}}, {3700, 100, {0, 10}, {61, 20}},
-        {-900, -900, {0, -60}, {0, 0}},
+        {-900, -900, {10, 0}, {10, 60}}, {-300, -300, {5, 0}, {57, 39}}, {-3000, -3000, {0, 52}, {39, 57}},
     };
+    TCustomPanel panel(nullptr);
+    panel.SetBounds(0, 0, 200, 200);
     for (const auto& c : cases) {
         TSmall label("0123\\b456789");
         label.SetAngle(c.Angle);
         EXPECT_EQ(label.GetAngle(), c.Stored);
         EXPECT_EQ((TPoint{label.GetPaintX(), label.GetPaintY()}), c.Start) << c.Angle;
         EXPECT_EQ(label.GetBoundsRect().Size(), c.Size) << c.Angle;
+        const auto painted = [&](int Angle) {
+            label.SetAngle(Angle);
+            TRecorder device({200, 200});
+            PaintFrame(panel, device);
+            return device.Recording.ToText();
+        };
+        label.SetParent(&panel);
+        EXPECT_EQ(painted(c.Angle), painted(c.Angle + 3600 * (c.Angle < 0))) << c.Angle;
     }
 }
 
