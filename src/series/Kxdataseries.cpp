@@ -53,7 +53,7 @@ void TKxSeries::ForgetData(TKxCustomRealVector*& Field, TKxAxis* Axis, TRange& R
 }
 
 void TKxSeries::EnterRange(TKxAxis* Axis, TRange& Range, const TKxCustomRealVector* Data) {
-    if (!Axis || !dynamic_cast<const TKxLiveVector*>(Data)) return;
+    if (!Axis || !Data) return;
     // A computed curve spans its X axis: if it widened it, an automatic axis could never shrink again, and a
     // curve over an axis that is its Y axis, too, would grow with every frame.
     if (IsCalculated() && Axis == FXAxis) return;

@@ -31,8 +31,9 @@ protected:
 /// its drawing world and owns none of them; it owns its styles, its extents, its screen points and its result
 /// store. Whatever it refers to may be destroyed first.
 ///
-/// Only live vectors (TKxLiveVector) widen an axis by themselves, and a vector has one listener of each
-/// method: of two series on one X vector the one bound last follows it (see Kxvector.h).
+/// A vector that tells of its values (TKxLiveVector) moves the axes by itself; for what is written into any
+/// other one after it was bound, RangesModified is called. A vector has one listener of each method: of two
+/// series on one X vector the one bound last follows it (see Kxvector.h).
 ///
 /// A reference that is destroyed has the effect of one that is set to null: by the next frame the extents,
 /// and the axes that follow them, are those of what is left, and what is computed from the series is computed

@@ -368,8 +368,16 @@ TEST(DataSeries, a_series_leaves_the_listener_that_replaced_it_and_the_world_it_
     EXPECT_EQ(f.Graph->GetSeriesList().GetCount(), 1);
     EXPECT_EQ(f.X->GetValuesRangeList().GetCount(), 1);
     TKxRealVector still(f.Form);
+    still.Add(70);
     second->SetXData(&still);
-    EXPECT_EQ(f.X->GetValuesRangeList().GetCount(), 0) << "only live data widen an axis";
+    f.Draw();
+    EXPECT_EQ(std::pair(f.X->GetStart(), f.X->GetStop()), std::pair(60.0, 80.0)) << "filled, then bound";
+    still.SetValue(0, 5000);
+    f.Draw();
+    EXPECT_EQ(f.X->GetStop(), 80) << "a plain vector tells nobody";
+    second->RangesModified();
+    f.Draw();
+    EXPECT_EQ(f.X->GetStop(), 6000);
     EXPECT_EQ(f.XV->Listeners().GetCount(), 0);
     auto* third = f.AddSeries();
     third->SetComponentIndex(0);
