@@ -101,6 +101,7 @@ public:
     void SetBounds(int Left, int Top, int Width, int Height) override;
     bool NeedsSettling() const override;
     void Settle() override;
+    void StopSettling() override;
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
 
@@ -144,12 +145,14 @@ private:
     TRect PlaceBeside(const TKxCompanionPlace& Place);
     TSpace SpaceAcross(TKxAxisPos Side, TSize Area, int Extent) const;
     void FitFree();
+    int FreeWidth() const { return GetParent() ? GetParent()->GetWidth() - GetLeft() : CMaxPixel; }
 
     bool RefreshEntries();
     TEntry MakeEntry(TKxGraphSeries& Series, TEntry* Before) const;
 
     TSize Fit(const TSpace& Space);
     TSize Arrange(const TSpace& Space);
+    int MostColumns(int Width) const;
     int ChooseColumns(const TSpace& Space) const;
     int RowsOf(int Column, int Columns) const;
     int CellWidth(int First, int Rows) const;

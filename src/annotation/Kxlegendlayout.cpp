@@ -39,11 +39,19 @@ int TKxLegend::HeightOf(int Columns) const {
     return 2 * Padding() + TitleHeight() + rows * FLineHeight + std::max(0, rows - 1) * LineGap();
 }
 
+// More columns than this cannot fit, however the entries are spread.
+int TKxLegend::MostColumns(int Width) const {
+    const int narrowest = GetEntryCount() > 0 ? std::ranges::min(FEntries, {}, &TEntry::Width).Width : 0;
+    const long long cell = FSampleWidth + (narrowest > 0 ? FGap + narrowest : 0) + 2 * FGap;
+    return int(std::max(1LL, (std::max(0, Width) + 2LL * FGap) / std::max(1LL, cell)));
+}
+
 int TKxLegend::ChooseColumns(const TSpace& Space) const {
     const int count = std::max(1, GetEntryCount());
     int columns = FColumns > 0 ? std::min(FColumns, count) : count;
     if (FColumns == 0 && Space.Fewest)
         for (columns = 1; columns < count && HeightOf(columns) > Space.Height;) ++columns;
+    columns = std::min(columns, MostColumns(Space.Width));
     while (columns > 1 && WidthOf(columns) > Space.Width) --columns;
     return columns;
 }
@@ -78,8 +86,7 @@ TSize TKxLegend::Fit(const TSpace& Space) {
 bool TKxLegend::NeedsSettling() const {
     if (!GetVisible()) return false;
     if (FItemsStale || FMetricsStale || FLayoutStale) return true;
-    return FColumns == 0 && FAutoSize && !IsPlacedByGraph() && GetParent() &&
-           FFreeWidth != GetParent()->GetWidth() - GetLeft();
+    return FColumns == 0 && FAutoSize && !IsPlacedByGraph() && FFreeWidth != FreeWidth();
 }
 
 void TKxLegend::Settle() {
@@ -91,8 +98,15 @@ void TKxLegend::Settle() {
     FGraph->Modified();
 }
 
+// It is fitted into the place that something else has given it.
+void TKxLegend::StopSettling() {
+    Arrange({GetWidth(), GetHeight()});
+    FFreeWidth = FreeWidth();
+    FLayoutStale = false;
+}
+
 void TKxLegend::FitFree() {
-    FFreeWidth = GetParent() ? GetParent()->GetWidth() - GetLeft() : CMaxPixel;
+    FFreeWidth = FreeWidth();
     const int width = FColumns == 0 ? FFreeWidth : CMaxPixel;
     const TSize natural = Arrange({FAutoSize ? width : GetWidth(), CMaxPixel});
     if (FAutoSize) SetBounds(GetLeft(), GetTop(), natural.Width, natural.Height);

@@ -31,7 +31,6 @@ TKxAxis::~TKxAxis() { FCaptionFont.OnChange = nullptr; }
 
 void TKxAxis::MarkChanged() {
     FChanged = true;
-    FEndsAreRound = false;
     Invalidate();
 }
 
@@ -52,28 +51,6 @@ void TKxAxis::SetParent(TWinControl* Parent) {
 void TKxAxis::Notification(TComponent* Component, TOperation Operation) {
     TGraphicControl::Notification(Component, Operation);
     if (Operation == opRemove && Component == FMasterAxis) FMasterAxis = nullptr;
-}
-
-void TKxAxis::SetStart(double Start) {
-    if (Start == GetStart()) return;
-    FRange.SetStart(Start);
-    MarkChanged();
-}
-
-void TKxAxis::SetStop(double Stop) {
-    if (Stop == GetStop()) return;
-    FRange.SetStop(Stop);
-    MarkChanged();
-}
-
-void TKxAxis::SetRange(TRange* Range) {
-    FRange.Assign(*Range);
-    MarkChanged();
-}
-
-void TKxAxis::SetValuesRange(TRange* Range) {
-    FValuesRange.Assign(*Range);
-    MarkChanged();
 }
 
 void TKxAxis::SetPosition(TKxAxisPos Position) {
@@ -97,84 +74,6 @@ void TKxAxis::SetMasterAxis(TKxAxis* Master) {
     if (auto* host = GetAxisHost()) host->Modified();
 }
 
-void TKxAxis::ValuesRangeChanged(TRange*) {
-    FValuesRange.Reset();
-    for (TRange* range : FValuesRangeList) {
-        if (!(range->GetStop() >= range->GetStart())) continue;
-        FValuesRange.IfRangeChanged(range->GetStart());
-        FValuesRange.IfRangeChanged(range->GetStop());
-    }
-    if (FValuesRange.GetStart() > FValuesRange.GetStop()) return;
-    FEndsAreRound = false;
-    const auto follow = [this](TKxAxEnd End, double Value, void (TRange::*Set)(double)) {
-        if (End == AxAutoRange) {
-            (FRange.*Set)(Value);
-            FChanged = true;
-        } else if (End == AxFirstSet && FRange.IfRangeChanged(Value) != rgNotChanged) {
-            FChanged = true;
-        }
-    };
-    follow(FStartEnd, FValuesRange.GetStart(), &TRange::SetStart);
-    follow(FStopEnd, FValuesRange.GetStop(), &TRange::SetStop);
-    if (FChanged) Invalidate();
-}
-
-void TKxAxis::RedoRanges() {
-    if (FValuesRangeList.GetCount() == 0) return;
-    ValuesRangeChanged(nullptr);
-    FZoomList.clear();
-    FZoomIndex = 0;
-    Invalidate();
-}
-
-namespace {
-
-std::unique_ptr<TRange> RangeOf(double Start, double Stop) {
-    auto range = std::make_unique<TRange>();
-    range->SetStartStop(Start, Stop);
-    return range;
-}
-
-} // namespace
-
-void TKxAxis::ZoomIn(double Start, double Stop) {
-    if (FZoomList.empty()) FZoomList.push_back(RangeOf(GetStart(), GetStop()));
-    SetStart(Start);
-    SetStop(Stop);
-    FZoomList.push_back(RangeOf(GetStart(), GetStop()));
-    FZoomIndex = static_cast<int>(FZoomList.size());
-}
-
-void TKxAxis::ZoomBack() {
-    if (FZoomList.empty()) return;
-    if (--FZoomIndex == 0) FZoomIndex = static_cast<int>(FZoomList.size());
-    const TRange& view = *FZoomList[static_cast<std::size_t>(FZoomIndex - 1)];
-    SetStart(view.GetStart());
-    SetStop(view.GetStop());
-    FEndsAreRound = FZoomIndex == 1; // the unzoomed view was kept as it was shown
-}
-
-TKxScaleInput TKxAxis::GetScaleInput() const {
-    return {FScaling,  GetStart(),     GetStop(),  FStartEnd,          FStopEnd,          FAutoTicks,
-            FTickPart, FMajorTickPart, FLabelPart, FMaxExpForScaleExp, FMinExpForScaleExp};
-}
-
-// Ends that are round already are not rounded again: under a wider step of the table they would creep away
-// from the data with every layout.
-void TKxAxis::CalculateEnds() {
-    FNeedsTicks = true;
-    if (FRoundedInput == GetScaleInput()) return;
-    TKxScaleInput input = GetScaleInput();
-    if (FEndsAreRound) input.StartEnd = input.StopEnd = AxFixed;
-    FEndsAreRound = false;
-    FEnds = kx::CalculateEnds(input);
-    FRange.SetStartStop(FEnds.Start, FEnds.Stop);
-    FTickPart = FEnds.TickPart;
-    FMajorTickPart = FEnds.MajorTickPart;
-    FLabelPart = FEnds.LabelPart;
-    FRoundedInput = GetScaleInput();
-}
-
 void TKxAxis::SetPlace(TPoint Origin, int AxisLength, int CaptionFrom) {
     if (Origin == FAxisOrigin && AxisLength == FMap.AxisLength && CaptionFrom == FCaptionFrom) return;
     FCaptionFrom = CaptionFrom;
@@ -194,20 +93,25 @@ bool TKxAxis::NeedsSettling() const { return FChanged && !GetAxisHost(); }
 
 void TKxAxis::Settle() { LayOutAlone(); }
 
-// An axis that stands on no graph takes the length that its own bounds leave beside its labels.
+// An axis that stands on no graph takes the length that its own bounds leave beside its labels. It begins
+// with all of them, and shortens only: what it shows depends on nothing that was shown before.
 void TKxAxis::LayOutAlone() {
     CalculateEnds();
-    for (int round = 0; round < 3; ++round) {
-        CalculateTicks();
-        TKxLayoutAxis own = GetLayoutAxis();
-        const int extent = IsHorizontal() ? GetWidth() : GetHeight();
-        const int length = std::max(0, extent - 1 - own.StartReach - own.StopReach);
-        const int across = (IsHorizontal() ? GetHeight() : GetWidth()) - 1;
-        const bool far = FPosition == AxTopPos || OutwardSign() < 0;
-        const int line = far ? across - FAxisThicknes / 2 : FAxisThicknes / 2;
-        SetPlace(IsHorizontal() ? TPoint{own.StartReach, line} : TPoint{line, own.StopReach}, length);
+    const int extent = std::max(1, (IsHorizontal() ? GetWidth() : GetHeight()) - 1);
+    const int across = (IsHorizontal() ? GetHeight() : GetWidth()) - 1;
+    const bool far = FPosition == AxTopPos || OutwardSign() < 0;
+    const int line = far ? across - FAxisThicknes / 2 : FAxisThicknes / 2;
+    int before = 0, behind = 0;
+    constexpr int CRounds = 4;
+    for (int round = 0; round < CRounds; ++round) {
+        SetPlace(IsHorizontal() ? TPoint{before, line} : TPoint{line, behind},
+                 std::max(0, extent - before - behind));
+        round == 0 ? MeasureTicks() : FitTicks();
+        if (FStartReach <= before && FStopReach <= behind) break;
+        before = std::max(before, FStartReach);
+        behind = std::max(behind, FStopReach);
     }
-    if (FNeedsTicks) CalculateTicks();
+    FinishTicks();
     FChanged = false;
 }
 
@@ -247,6 +151,7 @@ void TKxAxis::SetDoUserCaption(bool DoUser) {
 
 void TKxAxis::CMFontChanged() {
     TGraphicControl::CMFontChanged();
+    FLabelWidths.clear();
     MarkChanged();
 }
 

@@ -12,9 +12,9 @@
 #include "platform/controls.h"
 
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kx {
@@ -26,8 +26,6 @@ public:
     virtual void Modified() = 0;
     /// Lays out all axes of the graph and calculates their ends and ticks.
     virtual void LayOutAxes() = 0;
-    virtual void BeginUpdate() = 0;
-    virtual void EndUpdate() = 0;
     virtual bool NotUpdating() const = 0;
     virtual bool GetZeroOrigin() const = 0;
 
@@ -47,24 +45,32 @@ public:
     explicit TKxAxis(TComponent* Owner);
     ~TKxAxis() override;
 
-    // Range and scaling.
+    // Range and scaling. What was set, or made by the data, is kept apart from what is shown: every layout
+    // rounds anew, so that no end creeps away and a fixed one comes back when the other end does.
+    /// The end that is shown; until the next frame the one that was set.
     double GetStart() const { return FRange.GetStart(); }
-    void SetStart(double Start);
+    /// Sets the end of the view that is shown and of the unzoomed one. An automatic end stays there until the
+    /// data change.
+    void SetStart(double Start) { SetEnd(&TView::Start, GetStart(), Start); }
     double GetStop() const { return FRange.GetStop(); }
-    void SetStop(double Stop);
+    void SetStop(double Stop) { SetEnd(&TView::Stop, GetStop(), Stop); }
+    /// What an outfit keeps of the unzoomed view: a fixed end as it was set, any other one as it is shown.
+    double GetKeptStart() const { return FStartEnd == AxFixed ? FUnzoomed.Start : ShownUnzoomed().Start; }
+    double GetKeptStop() const { return FStopEnd == AxFixed ? FUnzoomed.Stop : ShownUnzoomed().Stop; }
     TKxAxisPos GetPosition() const { return FPosition; }
     /// Bottom and top make the axis horizontal, left and right vertical; free floating keeps the orientation.
     void SetPosition(TKxAxisPos Position);
     TKxAxisOrientation GetOrientation() const { return FOrientation; }
     bool IsHorizontal() const { return FOrientation == AxHorizontal; }
     TKxAxScaling GetScaling() const { return FScaling; }
-    void SetScaling(TKxAxScaling Scaling) { Change(FScaling, Scaling); }
+    void SetScaling(TKxAxScaling Scaling);
     bool GetTwisted() const { return FTwisted; }
     void SetTwisted(bool Twisted) { Change(FTwisted, Twisted); }
     TKxAxEnd GetStartEnd() const { return FStartEnd; }
-    void SetStartEnd(TKxAxEnd StartEnd) { Change(FStartEnd, StartEnd); }
+    /// For an end that becomes fixed, what is shown counts as set.
+    void SetStartEnd(TKxAxEnd StartEnd) { SetEndKind(FStartEnd, StartEnd, &TView::Start, GetStart()); }
     TKxAxEnd GetStopEnd() const { return FStopEnd; }
-    void SetStopEnd(TKxAxEnd StopEnd) { Change(FStopEnd, StopEnd); }
+    void SetStopEnd(TKxAxEnd StopEnd) { SetEndKind(FStopEnd, StopEnd, &TView::Stop, GetStop()); }
     bool GetAutoTicks() const { return FAutoTicks; }
     void SetAutoTicks(bool AutoTicks) { Change(FAutoTicks, AutoTicks); }
     bool IsNotAutoTicks() const { return !FAutoTicks; }
@@ -85,29 +91,40 @@ public:
     void SetMasterAxis(TKxAxis* Master);
 
     /// The visible ends, owned. SetRange and SetValuesRange copy the ends of another range.
-    TRange* GetRange() { return &FRange; }
-    void SetRange(TRange* Range);
+    const TRange* GetRange() const { return &FRange; }
+    void SetRange(const TRange* Range);
     TRange* GetValuesRange() { return &FValuesRange; }
-    void SetValuesRange(TRange* Range);
+    void SetValuesRange(const TRange* Range);
     /// The extents of the series drawn against this axis; the series own them.
     TRangeList& GetValuesRangeList() { return FValuesRangeList; }
-    /// Unites the extents and moves the ends that follow the data. The handler of every range in the list.
+    /// Unites the extents and moves the ends that follow the data: those of the unzoomed view, whether it is
+    /// shown or not. The handler of every range in the list.
     void ValuesRangeChanged(TRange* Range);
     /// Recomputes from all extents and forgets the zooms.
     void RedoRanges();
 
-    // Zoom stack.
+    // Zoom stack. A view that was zoomed to is rounded once and then stays, whatever the data do.
     void ZoomIn(double Start, double Stop);
     /// Shows the view before; from the unzoomed one it goes round to the newest.
     void ZoomBack();
-    bool CanZoomBack() const { return !FZoomList.empty(); }
+    bool CanZoomBack() const { return !FZooms.empty(); }
+    /// Counted from 1, the unzoomed view; 0 as long as nothing was zoomed.
     int GetZoomIndex() const { return FZoomIndex; }
 
     // Computation.
     /// Makes Range presentable: automatic ends, tick steps, exponents.
     void CalculateEnds();
+    /// The same for a slave: ends, scaling and automatic caption are its master's, whatever its own ends are.
+    void CalculateEndsOfMaster();
     /// Ticks and labels for the current range and AxisLength; places labels and caption.
     void CalculateTicks();
+    // The steps of it that a layout takes. GetLayoutAxis tells the room that the axis needs after either of
+    // the first two.
+    void MeasureTicks();
+    /// After SetPlace alone: the same at the new length.
+    void FitTicks();
+    /// Fits, and places labels and caption.
+    void FinishTicks();
     /// Offset in pixels along the axis: x of a horizontal axis, y (downwards) of a vertical one, in the
     /// drawing world. -1 for a non-positive value on a logarithmic axis, CNoPixel for a NaN. Raises
     /// EConvertError "Axis scaling not supportet" for an unknown scaling.
@@ -137,6 +154,8 @@ public:
     bool GetEndsCorrected() const { return FEnds.EndsCorrected; }
     bool GetChanged() const { return FChanged; }
     void SetChanged(bool Changed) { FChanged = Changed; }
+    /// Shows what was laid out last, whatever has moved the ends since, until something changes again.
+    void KeepShown();
     /// The ticks that are drawn, as a range of indices: without the first or the last one where another axis
     /// adjoins that end. Empty (First > Last) when there are none.
     struct TTickRun {
@@ -159,7 +178,8 @@ public:
     void SetAutosize(bool AutoSize) { Change(FAutoSize, AutoSize); }
     bool GetTransparent() const { return FTransparent; }
     void SetTransparent(bool Transparent) { Change(FTransparent, Transparent); }
-    /// Leaves out every second (third, ...) label where labels would touch. Off by default.
+    /// Leaves out every second (third, ...) label where labels would touch; the room that the axis takes
+    /// counts them all. Off by default.
     bool GetThinLabels() const { return FThinLabels; }
     void SetThinLabels(bool Thin) { Change(FThinLabels, Thin); }
     // Lengths in pixels; beyond CMostLength they count as that.
@@ -238,11 +258,26 @@ private:
         MarkChanged();
     }
     void MarkChanged();
+    /// The ends of a view as they were set or zoomed to, or as the data made them.
+    struct TView {
+        double Start = 0, Stop = 100;
+        bool IsRound = false; ///< they were shown so: what is not fixed is not rounded again
+    };
+    void SetEnd(double TView::*End, double Shown, double Value);
+    void SetEndKind(TKxAxEnd& Kind, TKxAxEnd Value, double TView::*End, double Shown);
+    bool IsZoomed() const { return FZoomIndex > 1; }
+    TView& ZoomedView() { return FZooms[static_cast<std::size_t>(FZoomIndex - 2)]; }
+    void ShowView(const TView& View);
+    TView ShownUnzoomed() const;
+    bool FollowValues(TView& View) const;
+    void ForgetZooms();
+    void TakeEnds(const TKxScaleInput& Input);
     TKxAxisHost* GetAxisHost() const { return GetParent() ? FHost : nullptr; }
-    TKxScaleInput GetScaleInput() const;
+    TKxScaleInput InputOf(const TView& View) const;
     void LayOutAlone();
     void UpdateCaptionLabel();
     void PlaceCaptionLabel();
+    void DressCaptionLabel();
     void MeasureLabels();
     void MeasureReach();
     void AddLabelRec(const std::string& Text);
@@ -259,7 +294,8 @@ private:
         nullptr; // the parent, if it is one; looked up once, for every live value asks for it
     TRange FRange, FValuesRange;
     TRangeList FValuesRangeList;
-    std::vector<std::unique_ptr<TRange>> FZoomList;
+    TView FUnzoomed;
+    std::vector<TView> FZooms;
     int FZoomIndex = 0;
     TKxAxisPos FPosition = AxLeftPos;
     TKxAxisOrientation FOrientation = AxVertical;
@@ -269,11 +305,10 @@ private:
     int FMaxExpForScaleExp = 3, FMinExpForScaleExp = -2;
     TKxAxis* FMasterAxis = nullptr;
     TKxScaleEnds FEnds;
-    bool FEndsAreRound = false;                 // they were round when they were kept
-    std::optional<TKxScaleInput> FRoundedInput; // what CalculateEnds has already made of itself
     TKxAxisMap FMap;
     TKxTicks FTicks;
     std::vector<TKxCaptionRec> FLabelRecs;
+    std::vector<std::pair<std::string, int>> FLabelWidths; // of the labels measured last, in order
     int FMaxLabelWidth = 0, FMaxLabelHeight = 0, FStartReach = 0, FStopReach = 0, FCaptionFrom = 0;
     TPoint FAxisOrigin;
     int FBorderCaptionGap = 0, FCaptionScalingsGap = 0, FScalingsTicksGap = 1, FExponentScalingsGap = 10,

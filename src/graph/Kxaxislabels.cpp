@@ -2,6 +2,7 @@
 
 #include "graph/Kxaxis.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace kx {
@@ -25,6 +26,18 @@ int TKxAxis::OutwardSign() const {
 }
 
 void TKxAxis::CalculateTicks() {
+    MeasureTicks();
+    FinishTicks();
+}
+
+void TKxAxis::FinishTicks() {
+    FitTicks();
+    if (!GetVisible()) return;
+    if (FThinLabels) ThinOutLabels();
+    PlaceCaptionLabel();
+}
+
+void TKxAxis::MeasureTicks() {
     FMap = TKxAxisMap::Make(FScaling, FEnds, FMap.AxisLength, FOrientation, FTwisted);
     FNeedsTicks = false;
     const auto* host = GetAxisHost();
@@ -32,23 +45,37 @@ void TKxAxis::CalculateTicks() {
                                 {.Orientation = FOrientation,
                                  .ShowScaleLabels = FShowScaleLabels,
                                  .ZeroOrigin = host && host->GetZeroOrigin()});
-    if (!GetVisible()) return FCaptionLabel->SetVisible(false); // the ticks still serve the grid
+    DressCaptionLabel();
+    if (!GetVisible()) return; // the ticks still serve the grid
     MeasureLabels();
     PlaceLabels();
     MeasureReach();
-    if (FThinLabels) ThinOutLabels();
-    PlaceCaptionLabel();
 }
 
+// How many decades have a label depends on the length; all other labels only move.
+void TKxAxis::FitTicks() {
+    if (!FNeedsTicks) return;
+    if (FScaling != AxNormal) return MeasureTicks();
+    FMap = TKxAxisMap::Make(FScaling, FEnds, FMap.AxisLength, FOrientation, FTwisted);
+    FNeedsTicks = false;
+    MoveTicks(FTicks, FMap, FOrientation);
+    if (!GetVisible()) return;
+    PlaceLabels();
+    MeasureReach();
+}
+
+// A layout measures the same labels several times, and so does the next one as a rule.
 void TKxAxis::AddLabelRec(const std::string& Text) {
-    TKxCaptionRec rec;
-    rec.Text = Text;
-    rec.Canvas = &GetCanvas();
-    rec.Paint = false;
-    RichPaintTo(rec);
-    rec.Paint = true;
-    FMaxLabelWidth = std::max(FMaxLabelWidth, rec.Width);
-    FLabelRecs.push_back(std::move(rec));
+    const std::size_t index = FLabelRecs.size();
+    if (index == FLabelWidths.size()) FLabelWidths.emplace_back();
+    auto& [text, width] = FLabelWidths[index];
+    if (text != Text) width = MeasureCaption(ParseCaption(Text), GetCanvas());
+    text = Text;
+    FLabelRecs.emplace_back();
+    FLabelRecs.back().Text = Text;
+    FLabelRecs.back().Width = width;
+    FLabelRecs.back().Paint = true;
+    FMaxLabelWidth = std::max(FMaxLabelWidth, width);
 }
 
 void TKxAxis::MeasureLabels() {
@@ -58,6 +85,7 @@ void TKxAxis::MeasureLabels() {
     TCanvas& canvas = GetCanvas();
     MeasuringFont(canvas, GetFont());
     FMaxLabelHeight = canvas.TextHeight("10");
+    FLabelRecs.reserve(FTicks.Labels.size() + 1);
     for (const auto& label : FTicks.Labels) AddLabelRec(label.Text);
     if (!FTicks.ExponentLabel.empty()) AddLabelRec(FTicks.ExponentLabel);
 }
@@ -142,7 +170,8 @@ TKxLayoutAxis TKxAxis::GetLayoutAxis() const {
     axis.Orientation = FOrientation;
     axis.Gap = FValuesTicksGap;
     axis.LineThickness = FAxisThicknes;
-    axis.Fixed = !FAutoSize || FPosition == AxFreeFloating;
+    // One that is aligned is placed by its parent, not by the layout.
+    axis.Fixed = !FAutoSize || FPosition == AxFreeFloating || GetAlign() != alNone;
     axis.Bounds = GetBoundsRect();
     TKxAxisThickness thickness;
     thickness.MajorTickLength = FMajorTickLength;
@@ -169,12 +198,16 @@ int TKxAxis::CaptionExtentAcross() const {
     return IsHorizontal() ? FCaptionLabel->GetHeight() : FCaptionLabel->GetWidth();
 }
 
-void TKxAxis::PlaceCaptionLabel() {
+void TKxAxis::DressCaptionLabel() {
     FCaptionLabel->SetVisible(FShowCaption && GetVisible());
-    if (!FShowCaption || !GetVisible()) return;
+    if (!FCaptionLabel->GetVisible()) return;
     if (!FCaptionLabel->GetFont().Equals(FCaptionFont)) FCaptionLabel->SetFont(FCaptionFont);
     const int angle = IsHorizontal() ? 0 : 900;
     if (FCaptionLabel->GetAngle() != angle) FCaptionLabel->SetAngle(angle);
+}
+
+void TKxAxis::PlaceCaptionLabel() {
+    if (!FCaptionLabel->GetVisible()) return;
     const int w = FCaptionLabel->GetWidth(), h = FCaptionLabel->GetHeight();
     const int labels = LabelDistance(*this) + LabelExtentAcross();
     const int distance = std::max(labels, FCaptionFrom) + FCaptionScalingsGap;

@@ -22,8 +22,8 @@ const TKxOutfit<TKxAxis>& AxisOutfit() {
         Outfit<&TKxAxis::GetTickLength, &TKxAxis::SetTickLength>("TickLength"),
         Outfit<&TKxAxis::GetStartEnd, &TKxAxis::SetStartEnd>("StartEnd"),
         Outfit<&TKxAxis::GetStopEnd, &TKxAxis::SetStopEnd>("StopEnd"),
-        Outfit<&TKxAxis::GetStart, &TKxAxis::SetStart>("Start"),
-        Outfit<&TKxAxis::GetStop, &TKxAxis::SetStop>("Stop"),
+        Outfit<&TKxAxis::GetKeptStart, &TKxAxis::SetStart>("Start"),
+        Outfit<&TKxAxis::GetKeptStop, &TKxAxis::SetStop>("Stop"),
         Outfit<&TKxAxis::GetBorderCaptionGap, &TKxAxis::SetBorderCaptionGap>("BorderCaptionGap"),
         Outfit<&TKxAxis::GetCaptionScalingsGap, &TKxAxis::SetCaptionScalingsGap>("CaptionScalingsGap"),
         Outfit<&TKxAxis::GetScalingsTicksGap, &TKxAxis::SetScalingsTicksGap>("ScalingsTicksGap"),
@@ -49,8 +49,9 @@ void TKxAxis::SaveOutfit(const AnsiString& Section, TKxIniList& Ini) const {
 }
 
 void TKxAxis::LoadOutfit(const AnsiString& Section, TKxIniList& Ini) {
+    ForgetZooms(); // what is kept is the unzoomed view
     LoadOutfitTable(*this, AxisOutfit(), Section, Ini);
-    FEndsAreRound = true;
+    FUnzoomed.IsRound = true;
 }
 
 const TPropertyTable& TKxAxis::PublishedProperties() const { return Properties(); }

@@ -48,11 +48,7 @@ void TKxAxis::DrawAxisLine() {
 
 void TKxAxis::Paint() {
     if (auto* host = GetAxisHost()) {
-        if (host->NotUpdating() && FChanged) {
-            host->BeginUpdate();
-            Guarded([host] { host->LayOutAxes(); });
-            host->EndUpdate();
-        }
+        if (host->NotUpdating() && FChanged) Guarded([host] { host->LayOutAxes(); });
     } else if (FChanged) {
         LayOutAlone();
     }

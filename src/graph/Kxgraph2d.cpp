@@ -1,4 +1,4 @@
-#include "graph/Kxgraph2d.h"
+#include "graph/Kxgraph2dupdate.h"
 
 #include "platform/application.h"
 #include "platform/frame.h"
@@ -136,7 +136,7 @@ void TKx2DGraph::CMColorChanged() {
 
 void TKx2DGraph::ControlsChanged(TControl* Child) {
     TCustomPanel::ControlsChanged(Child);
-    FNeedsCalculate = true;
+    if (!FLayingOut) FNeedsCalculate = true;
 }
 
 void TKx2DGraph::SetBounds(int Left, int Top, int Width, int Height) {
@@ -151,11 +151,6 @@ void TKx2DGraph::Notification(TComponent* Component, TOperation Operation) {
     if (Component == FPrimaryXAxis) FPrimaryXAxis = nullptr;
     if (Component == FPrimaryYAxis) FPrimaryYAxis = nullptr;
     std::erase_if(FCompanions, [Component](const TCompanion& C) { return C.Component == Component; });
-}
-
-void TKx2DGraph::EndUpdate() {
-    if (FUpdateCount == 0) return;
-    if (--FUpdateCount == 0 && FNeedsCalculate) Invalidate();
 }
 
 void TKx2DGraph::Modified() {
@@ -173,25 +168,8 @@ bool TKx2DGraph::NeedsSettling() const {
                        [](const TKxGraphSeries* S) { return S->NeedsCalculation(); });
 }
 
-namespace {
-
-/// Brackets updating, also when an exception leaves.
-class TUpdateScope {
-public:
-    explicit TUpdateScope(TKx2DGraph& Graph) : FGraph(Graph) { FGraph.BeginUpdate(); }
-    ~TUpdateScope() { FGraph.EndUpdate(); }
-    TUpdateScope(const TUpdateScope&) = delete;
-    TUpdateScope& operator=(const TUpdateScope&) = delete;
-
-private:
-    TKx2DGraph& FGraph;
-};
-
-} // namespace
-
 void TKx2DGraph::Settle() {
     const TCursorScope wait(crHourGlass);
-    const TUpdateScope updating(*this);
     Calculate();
 }
 
@@ -208,17 +186,43 @@ void TKx2DGraph::DemandPrimaryAxesStand() const {
 }
 
 void TKx2DGraph::Calculate() {
+    const TUpdateScope updating(*this);
     FNeedsCalculate = false; // first, so that a Modified from inside survives
     DemandPrimaryAxesStand();
     FWorld->ReorderSeriesList();
-    const std::vector<TComponentRef<TKxGraphSeries>> series(GetSeriesList().begin(), GetSeriesList().end());
-    for (const auto& s : series) s->GetResults().WriteString("Graph", "Title", GetCaption());
+    for (auto* s : GetSeriesList()) s->GetResults().WriteString("Graph", "Title", GetCaption());
     ItemsModified();
     LayOutAxes();
+    CalculateSeries();
+}
+
+void TKx2DGraph::CalculateSeries() {
+    const std::vector<TComponentRef<TKxGraphSeries>> series(GetSeriesList().begin(), GetSeriesList().end());
     for (const auto& s : series) { // handlers of fits may destroy one
         if (s) s->CalculateChildPoints();
         if (s) s->CalculatePoints();
     }
+}
+
+void TKx2DGraph::AddSettledState(std::vector<double>& State) const {
+    TCustomPanel::AddSettledState(State);
+    for (const TKxAxis* axis : GetAxes())
+        for (const double value : {axis->GetStart(), axis->GetStop(), axis->GetKeptStart(),
+                                   axis->GetKeptStop(), double(axis->GetAxisLength())})
+            State.push_back(value);
+}
+
+// The points are made for the axes as they were laid out last; what that makes of the extents moves no axis.
+void TKx2DGraph::StopSettling() {
+    const TUpdateScope updating(*this);
+    const auto needsPoints = [](const TKxGraphSeries* S) { return S->NeedsCalculation(); };
+    constexpr int CRounds = 4; // extents, points, and both of the children
+    for (int round = 0; round < CRounds && std::ranges::any_of(GetSeriesList(), needsPoints); ++round) {
+        for (TKxAxis* axis : GetAxes()) axis->KeepShown();
+        CalculateSeries();
+    }
+    for (TKxAxis* axis : GetAxes()) axis->KeepShown();
+    FNeedsCalculate = false;
 }
 
 void TKx2DGraph::ZoomTo(const TRect& Rect) {

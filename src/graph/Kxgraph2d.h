@@ -104,11 +104,11 @@ public:
     int GetMargin() const { return FMargin; }
     void SetMargin(int Pixels);
 
-    // Updating.
-    void BeginUpdate() override { ++FUpdateCount; }
-    /// Asks for a frame when the last bracket closes and something was modified. Unbalanced calls are
-    /// ignored.
-    void EndUpdate() override;
+    // Updating. A frame that is painted meanwhile repeats the one before, whatever has changed.
+    void BeginUpdate();
+    /// Asks for a frame when the last bracket closes and anything has to be settled or painted anew.
+    /// Unbalanced calls are ignored.
+    void EndUpdate();
     bool NotUpdating() const override { return FUpdateCount == 0; }
     /// Everything must be calculated anew before the next frame.
     void Modified() override;
@@ -158,12 +158,15 @@ public:
     void SetBounds(int Left, int Top, int Width, int Height) override;
     bool NeedsSettling() const override;
     void Settle() override;
+    void StopSettling() override;
+    void AddSettledState(std::vector<double>& State) const override;
     const TPropertyTable& PublishedProperties() const override;
     static const TPropertyTable& Properties();
 
 protected:
     friend class TKxDrawingWorld;
     void Paint() override;
+    bool PaintsChildren() const override { return NotUpdating(); }
     void CMFontChanged() override;
     void CMTextChanged() override;
     void CMColorChanged() override;
@@ -180,6 +183,10 @@ private:
         TKxCompanionRoom Room;
     };
     std::vector<TKxGraphCompanion*> CompanionsInOrder() const;
+    class TUpdateScope;
+    void KeepPicture();
+    void PaintKeptPicture();
+    void CalculateSeries();
     std::vector<TGivenRoom> ReserveRoom(TKxLayoutInput& Input) const;
     void PlaceCompanions(const std::vector<TGivenRoom>& Rooms, const TKxLayoutInput& Input,
                          const TRect& Inside) const;
@@ -191,7 +198,10 @@ private:
     void PaintGridLines(const TKxAxis& Axis, const TKxLineStyle& Style, bool Major);
     void UpdateTitle();
     void PrepareAxes(const std::vector<TKxAxis*>& Axes);
-    bool PlaceAxes(const std::vector<TKxAxis*>& Axes);
+    TKxLayoutInput EmptyLayout() const;
+    bool TakeDemands(const std::vector<TKxAxis*>& Axes, std::vector<TKxLayoutAxis>& Demands) const;
+    void LayOutVisible(const std::vector<TKxAxis*>& Axes);
+    void ApplyLayout(const TKxLayout& Layout, const std::vector<TKxAxis*>& Axes);
     std::optional<TKxAxisMap> CrossedBy(const TKxAxis& Axis) const;
     void UpdateEndTicks(const std::vector<TKxAxis*>& Axes);
     void TitleFontChanged();
@@ -201,10 +211,12 @@ private:
     TFont FTitleFont;
     TKxLineStyle FFrameLine, FMajorGridX, FMajorGridY, FMinorGridX, FMinorGridY;
     TMetafile FMetafile;
+    TRecording FKeptPicture; // of the last frame, for the frames while updating
     std::vector<TCompanion> FCompanions;
     TKxAxis* FPrimaryXAxis = nullptr;
     TKxAxis* FPrimaryYAxis = nullptr;
     int FUpdateCount = 0, FMargin = 0;
+    bool FLayingOut = false, FPainted = false, FPaintedXor = false, FKeeping = false, FRepeated = false;
     bool FNeedsCalculate = true, FZeroOrigin = false, FShowTitle = false, FWhiteBackground = false,
          FTitleFontOwn = false, FTakingTitleFont = false;
 };

@@ -1,8 +1,11 @@
 // The layout pass: ends and ticks of all axes, then the places of title, axes and drawing world.
 
-#include "graph/Kxgraph2d.h"
+#include "graph/Kxgraph2dupdate.h"
+#include "platform/scopedvalue.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace kx {
 
@@ -22,15 +25,6 @@ bool Follows(const TKxAxis* Axis) {
     return Axis->GetVisible() && Axis->GetIsSlaveAxis() && Axis->GetMasterAxis() != nullptr;
 }
 
-void FollowMaster(TKxAxis& Axis) {
-    const TKxAxis& master = *Axis.GetMasterAxis();
-    Axis.SetStart(master.GetStart());
-    Axis.SetStop(master.GetStop());
-    Axis.SetScaling(master.GetScaling());
-    Axis.SetAutoCaption(master.GetCaption());
-    Axis.CalculateEnds();
-}
-
 } // namespace
 
 void TKx2DGraph::PrepareAxes(const std::vector<TKxAxis*>& Axes) {
@@ -47,7 +41,7 @@ void TKx2DGraph::PrepareAxes(const std::vector<TKxAxis*>& Axes) {
             return std::find(followers.begin(), followers.end(), A->GetMasterAxis()) == followers.end();
         });
         if (next == followers.end()) next = followers.begin();
-        FollowMaster(**next);
+        (*next)->CalculateEndsOfMaster();
         followers.erase(next);
     }
 }
@@ -84,56 +78,83 @@ TRect WithoutTicks(TRect World, const TKxLayoutInput& Input, const std::vector<T
 
 } // namespace
 
-bool TKx2DGraph::PlaceAxes(const std::vector<TKxAxis*>& Axes) {
+TKxLayoutInput TKx2DGraph::EmptyLayout() const {
     TKxLayoutInput input;
     input.Graph = GetBoundsRect().Size();
     input.MinimalMargin = FMargin;
     if (FShowTitle) input.TitleHeight = FTitleLabel->GetHeight() + FMargin;
-    std::vector<TKxAxis*> placed;
-    for (TKxAxis* axis : Axes) {
-        if (!axis->GetVisible()) continue;
-        placed.push_back(axis);
-        input.Axes.push_back(axis->GetLayoutAxis());
-        input.Axes.back().Crossed = CrossedBy(*axis);
-        // A graph with a margin keeps a little of it between labels and its edge.
-        constexpr int CLabelMargin = 4;
-        const int air = std::clamp(FMargin, 0, CLabelMargin);
-        input.Axes.back().StartReach += air;
-        input.Axes.back().StopReach += air;
-    }
-    const auto rooms = ReserveRoom(input);
-    const TKxLayout layout = LayOutGraph(input);
+    return input;
+}
 
-    const TRect& world = layout.DrawingWorld;
-    bool moved = world != FWorld->GetBoundsRect();
+// What an axis has needed once in a layout it keeps to the end: labels and the room that they leave to the
+// axis could follow one another without end otherwise. Returns whether one of them needs more than before.
+bool TKx2DGraph::TakeDemands(const std::vector<TKxAxis*>& Axes, std::vector<TKxLayoutAxis>& Demands) const {
+    constexpr int CLabelMargin = 4; // of its margin a graph keeps a little between labels and its edge
+    const int air = std::clamp(FMargin, 0, CLabelMargin);
+    const auto before = std::exchange(Demands, {});
+    bool grew = before.empty();
+    for (std::size_t i = 0; i < Axes.size(); ++i) {
+        TKxLayoutAxis demand = Axes[i]->GetLayoutAxis();
+        demand.Crossed = CrossedBy(*Axes[i]);
+        demand.StartReach += air;
+        demand.StopReach += air;
+        if (!before.empty())
+            for (int TKxLayoutAxis::*part :
+                 {&TKxLayoutAxis::Thickness, &TKxLayoutAxis::StartReach, &TKxLayoutAxis::StopReach}) {
+                grew |= demand.*part > before[i].*part;
+                demand.*part = std::max(demand.*part, before[i].*part);
+            }
+        Demands.push_back(demand);
+    }
+    return grew;
+}
+
+void TKx2DGraph::ApplyLayout(const TKxLayout& Layout, const std::vector<TKxAxis*>& Axes) {
+    const TRect& world = Layout.DrawingWorld;
     FWorld->SetBounds(world.Left, world.Top, world.Width(), world.Height());
     FTitleLabel->SetBounds((GetWidth() - FTitleLabel->GetWidth()) / 2, FMargin, FTitleLabel->GetWidth(),
                            FTitleLabel->GetHeight());
-    for (std::size_t i = 0; i < placed.size(); ++i) {
-        const auto& place = layout.Axes[i];
-        const TRect& b = place.Bounds;
-        moved |= b != placed[i]->GetBoundsRect() || place.Origin != placed[i]->GetAxisOrigin();
-        placed[i]->SetBounds(b.Left, b.Top, b.Width(), b.Height());
-        placed[i]->SetPlace(place.Origin, place.AxisLength, place.CaptionFrom);
+    for (std::size_t i = 0; i < Axes.size(); ++i) {
+        const TRect& b = Layout.Axes[i].Bounds;
+        Axes[i]->SetBounds(b.Left, b.Top, b.Width(), b.Height());
     }
-    // A hidden axis still maps the values of its series.
+}
+
+// Labels reach over the ends by what the length of the axis makes of them: a few rounds settle both. They
+// begin with axes as long as the graph, so that what comes out depends on no layout before.
+void TKx2DGraph::LayOutVisible(const std::vector<TKxAxis*>& Axes) {
+    TKxLayoutInput needed = EmptyLayout(), input;
+    std::vector<TGivenRoom> rooms;
+    TKxLayout layout;
     for (TKxAxis* axis : Axes)
-        if (!axis->GetVisible())
-            axis->SetPlace({}, (axis->IsHorizontal() ? world.Width() : world.Height()) - 1);
-    PlaceCompanions(rooms, input, WithoutTicks(world, input, placed));
-    return moved;
+        axis->SetPlace({}, std::max(1, (axis->IsHorizontal() ? GetWidth() : GetHeight()) - 1));
+    constexpr int CRounds = 8;
+    for (int round = 0; round < CRounds; ++round) {
+        for (TKxAxis* axis : Axes) round == 0 ? axis->MeasureTicks() : axis->FitTicks();
+        if (!TakeDemands(Axes, needed.Axes) && round > 0) break;
+        input = needed;
+        rooms = ReserveRoom(input);
+        layout = LayOutGraph(input);
+        for (std::size_t i = 0; i < Axes.size(); ++i)
+            Axes[i]->SetPlace(layout.Axes[i].Origin, layout.Axes[i].AxisLength, layout.Axes[i].CaptionFrom);
+    }
+    ApplyLayout(layout, Axes);
+    PlaceCompanions(rooms, input, WithoutTicks(layout.DrawingWorld, input, Axes));
 }
 
 void TKx2DGraph::LayOutAxes() {
+    const TUpdateScope updating(*this);
+    const TScopedValue layingOut(FLayingOut, true);
     const auto axes = GetAxes();
     PrepareAxes(axes);
-    // Labels reach over the ends by what the length of the axis makes of them: a few rounds settle both.
-    constexpr int CRounds = 4;
-    for (int round = 0; round < CRounds; ++round) {
-        for (TKxAxis* axis : axes) axis->CalculateTicks();
-        if (!PlaceAxes(axes)) break;
-    }
-    for (TKxAxis* axis : axes) axis->CalculateTicks();
+    std::vector<TKxAxis*> visible;
+    std::ranges::copy_if(axes, std::back_inserter(visible), [](const TKxAxis* A) { return A->GetVisible(); });
+    LayOutVisible(visible);
+    // A hidden axis still maps the values of its series.
+    for (TKxAxis* axis : axes)
+        if (!axis->GetVisible())
+            axis->SetPlace({}, (axis->IsHorizontal() ? FWorld->GetWidth() : FWorld->GetHeight()) - 1);
+    for (TKxAxis* axis : axes) axis->GetVisible() ? axis->FinishTicks() : axis->CalculateTicks();
     UpdateEndTicks(axes);
     for (TKxAxis* axis : axes) axis->SetChanged(false);
 }

@@ -56,9 +56,13 @@ void TKx2DGraph::PaintGrid(const TKxAxis& Axis, const TKxLineStyle& Major, const
 }
 
 void TKx2DGraph::Paint() {
+    if (!NotUpdating()) return PaintKeptPicture();
     if (NeedsSettling()) Guarded([this] { Settle(); });
-    PaintGround();
     TCanvas& canvas = GetCanvas();
+    FPainted = true;
+    FPaintedXor = canvas.CanXor();
+    FKeptPicture = {};
+    PaintGround();
     const TRect world = FWorld->GetBoundsRect();
     const TCanvas::TSaved saved(canvas);
     canvas.SetClip(world);

@@ -68,10 +68,11 @@ TEnds RoundedEnds(TEnds Ends, const TKxScaleInput& Input, double TickPart) {
     const double span = Ends.Stop - Ends.Start;
     const int exponent = GetExponent(span);
     const double row = StepsForSpan(StepTable(), span, exponent).Rounding;
-    const double startStep = Input.StartEnd == AxFixed ? TickPart : row;
-    const double stopStep = Input.StopEnd == AxFixed ? TickPart : row;
-    return {RoundedOr(Ends.Start, [&] { return RoundDown(Ends.Start, startStep, exponent); }),
-            RoundedOr(Ends.Stop, [&] { return RoundUp(Ends.Stop, stopStep, exponent); })};
+    const auto step = [&](TKxAxEnd Kind) { return Kind == AxFixed ? TickPart : row; };
+    const auto start = [&] { return RoundDown(Ends.Start, step(Input.StartEnd), exponent); };
+    const auto stop = [&] { return RoundUp(Ends.Stop, step(Input.StopEnd), exponent); };
+    return {Input.KeepStart ? Ends.Start : RoundedOr(Ends.Start, start),
+            Input.KeepStop ? Ends.Stop : RoundedOr(Ends.Stop, stop)};
 }
 
 /// The rounded ends but for those that would hide part of the data: rounding outward may lead inward at the
@@ -162,18 +163,24 @@ TKxScaleEnds LogarithmicEnds(const TKxScaleInput& Input) {
     const double logStart = std::log10(ends.Start);
     const double logStop = std::log10(ends.Stop);
     const bool spansDecade = logStop - logStart > 1 - 1e-9;
-    const bool keepStart = Input.StartEnd == AxFixed && spansDecade;
-    const bool keepStop = Input.StopEnd == AxFixed && spansDecade;
-    const double start = keepStart ? ends.Start : DecadeAt(RoundDown(logStart, 1, 0));
-    const double stop = keepStop ? ends.Stop : DecadeAt(RoundUp(logStop, 1, 0));
+    const auto fromDecade = [&](double End, TKxAxEnd Kind, double Decade) {
+        return Kind == AxFixed && spansDecade ? End : DecadeAt(Decade);
+    };
     // Shifting by nothing leaves the fifteen digits that are meant, without what the power added.
-    result.Start = ExpMinus(RoundLogDown(start, 1, CLogStep), 0);
-    result.Stop = ExpMinus(RoundLogUp(stop, 1, CLogStep), 0);
+    const auto start = [&] {
+        const double from = fromDecade(ends.Start, Input.StartEnd, RoundDown(logStart, 1, 0));
+        return ExpMinus(RoundLogDown(from, 1, CLogStep), 0);
+    };
+    const auto stop = [&] {
+        const double from = fromDecade(ends.Stop, Input.StopEnd, RoundUp(logStop, 1, 0));
+        return ExpMinus(RoundLogUp(from, 1, CLogStep), 0);
+    };
+    result.Start = Input.KeepStart ? ends.Start : start();
+    result.Stop = Input.KeepStop ? ends.Stop : stop();
     result.LogStart = std::log10(result.Start);
     result.LogStop = std::log10(result.Stop);
     result.TickPart = CLogStep;
-    result.MajorTickPart = 1;
-    result.LabelPart = 1;
+    result.MajorTickPart = result.LabelPart = 1;
     result.SpanExponent = RoundToInt(result.LogStop - result.LogStart);
     result.LabelDigits = 1;
     result.UseScaleExponent = 0 < Input.MinExpForScaleExp;

@@ -89,6 +89,8 @@ struct TKxScaleInput {
     double LabelPart = 0.5;
     int MaxExpForScaleExp = 3;
     int MinExpForScaleExp = -2;
+    bool KeepStart = false; ///< it is round already and stays as it is
+    bool KeepStop = false;
     friend bool operator==(const TKxScaleInput&, const TKxScaleInput&) = default;
 };
 

@@ -150,6 +150,12 @@ std::string DecadeText(double Value, TKxAxScaling Scaling) {
     return FloatToStrFixed(Value, CPrecision, std::max(0, -exponent));
 }
 
+int OffsetOf(double Value, const TKxAxisMap& Map, TKxAxisOrientation Orientation) {
+    const std::int64_t pixel = Map.RealToIntPosition(Value);
+    const std::int64_t offset = Orientation == AxHorizontal ? pixel : Map.AxisLength - pixel;
+    return static_cast<int>(std::clamp<std::int64_t>(offset, -CMaxPixel, CMaxPixel));
+}
+
 /// Puts ticks and labels where the map has their values.
 class TTickPlacer {
 public:
@@ -164,7 +170,7 @@ public:
         for (int i = 0; i < count; ++i) {
             const TTick& tick = Ticks[static_cast<std::size_t>(i)];
             result.Values[i] = tick.Value;
-            result.Positions[i] = Offset(tick.Value);
+            result.Positions[i] = OffsetOf(tick.Value, FMap, FOptions.Orientation);
             result.IsMajor[i] = tick.IsMajor;
             if (IsShown(tick)) result.Labels.push_back({tick.Value, result.Positions[i], Text(tick.Value)});
         }
@@ -174,11 +180,6 @@ public:
 private:
     bool IsShown(const TTick& Tick) const {
         return FOptions.ShowScaleLabels && Tick.IsLabelled && !(FOmitsZero && Tick.Value == 0);
-    }
-    int Offset(double Value) const {
-        const std::int64_t pixel = FMap.RealToIntPosition(Value);
-        const std::int64_t offset = FOptions.Orientation == AxHorizontal ? pixel : FMap.AxisLength - pixel;
-        return static_cast<int>(std::clamp<std::int64_t>(offset, -CMaxPixel, CMaxPixel));
     }
 
     const TKxAxisMap& FMap;
@@ -212,6 +213,12 @@ TKxTicks CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const T
     if (Options.ShowScaleLabels && scale.IsFactored)
         ticks.ExponentLabel = "\u00B710\\+" + std::to_string(scale.Factor);
     return ticks;
+}
+
+void MoveTicks(TKxTicks& Ticks, const TKxAxisMap& Map, TKxAxisOrientation Orientation) {
+    for (int i = 0; i < Ticks.Positions.Length(); ++i)
+        Ticks.Positions[i] = OffsetOf(Ticks.Values[i], Map, Orientation);
+    for (TKxTickLabel& label : Ticks.Labels) label.Position = OffsetOf(label.Value, Map, Orientation);
 }
 
 int AnchorLabel(std::span<const TKxTickLabel> Labels) {

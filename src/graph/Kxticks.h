@@ -41,6 +41,9 @@ struct TKxTickOptions {
 /// least, at the ends where no step fits. Raises EConvertError as Map does.
 TKxTicks CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const TKxTickOptions& Options);
 
+/// Moves the ticks of a linear scale to where another map of the same scale has them.
+void MoveTicks(TKxTicks& Ticks, const TKxAxisMap& Map, TKxAxisOrientation Orientation);
+
 /// The room that a label takes along the axis.
 struct TKxLabelExtent {
     int Position; ///< of its centre

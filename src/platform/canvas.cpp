@@ -115,6 +115,10 @@ void TCanvas::Stamps(std::span<const TPoint> Places, const TRecording& One) {
     if (EffectiveClip() && SetsClips(One)) FDevice->SetClip(EffectiveClip());
 }
 
+void TCanvas::Replay(const TRecording& Picture) {
+    if (FDevice) Picture.Replay(*FDevice, FOrigin, EffectiveClip());
+}
+
 std::optional<TRect> TCanvas::EffectiveClip() const {
     if (!FClip || !FBaseClip) return FClip ? FClip : FBaseClip;
     return FClip->Intersected(*FBaseClip);

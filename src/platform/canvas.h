@@ -53,6 +53,8 @@ public:
     bool CanXor() const { return FDevice && FDevice->CanXor(); }
     /// Draws One with its origin at each place (canvas coordinates), in order.
     void Stamps(std::span<const TPoint> Places, const TRecording& One);
+    /// Repeats a recording with its origin at the canvas's and inside the clip.
+    void Replay(const TRecording& Picture);
 
     /// Coordinates of all calls are relative to the origin; set in device coordinates.
     TPoint GetOrigin() const { return FOrigin; }

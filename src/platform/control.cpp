@@ -43,6 +43,10 @@ void TControl::SetBounds(int Left, int Top, int Width, int Height) {
     if (FParent) FParent->ControlsChanged(this);
 }
 
+void TControl::AddSettledState(std::vector<double>& State) const {
+    for (const int edge : {FBounds.Left, FBounds.Top, FBounds.Right, FBounds.Bottom}) State.push_back(edge);
+}
+
 void TControl::SetAlign(TAlign Align) {
     if (FAlign == Align) return;
     FAlign = Align;

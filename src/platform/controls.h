@@ -129,6 +129,11 @@ public:
     /// NeedsSettling answers true, children included, a bounded number of rounds for the whole tree.
     virtual bool NeedsSettling() const { return false; }
     virtual void Settle() {}
+    /// Adds what settling decides of the control; the bounds here. When the same numbers come back, settling
+    /// goes round in a circle and StopSettling is called: the control takes things as they are and asks no
+    /// more.
+    virtual void AddSettledState(std::vector<double>& State) const;
+    virtual void StopSettling() {}
 
     const TPropertyTable& PublishedProperties() const override;
     static const TPropertyTable& Properties();
@@ -241,6 +246,8 @@ protected:
     void CMShowHintChanged() override;
     /// A child entered, left, moved or changed its visibility. One that left may be in its destructor.
     virtual void ControlsChanged(TControl* Child);
+    /// Whether the children are painted after this control; false where it has painted a picture of them.
+    virtual bool PaintsChildren() const { return true; }
 
 private:
     void InsertControl(TControl* Control);

@@ -4,6 +4,8 @@
 #include "platform/shifting.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace kx {
 
@@ -38,19 +40,45 @@ private:
     std::vector<const TControl*> FFailed;
 };
 
-bool NeedsSettling(const TControl& Control) {
+/// Calls Action for every control of a tree.
+template <class F>
+void ForTree(TControl& Control, const F& Action) {
+    Action(Control);
     const auto* container = dynamic_cast<const TWinControl*>(&Control);
-    return Control.NeedsSettling() ||
-           (container && std::ranges::any_of(container->GetControls(),
-                                             [](const TControl* Child) { return NeedsSettling(*Child); }));
+    for (int i = 0; container && i < container->GetControlCount(); ++i)
+        ForTree(*container->GetControl(i), Action);
+}
+
+bool NeedsSettling(TControl& Root) {
+    bool needs = false;
+    ForTree(Root, [&](const TControl& Control) { needs = needs || Control.NeedsSettling(); });
+    return needs;
+}
+
+std::vector<double> StateOf(TControl& Root) {
+    std::vector<double> state;
+    ForTree(Root, [&](const TControl& Control) { Control.AddSettledState(state); });
+    return state;
 }
 
 } // namespace
 
 bool SettleTree(TWinControl& Root) {
+    constexpr int CFewRounds = 6; // more than a frame needs unless something goes round in a circle
     TSettling settling;
-    for (int round = 0; round < CMaxSettleRounds; ++round)
+    std::vector<std::vector<double>> states;
+    for (int round = 0; round < CMaxSettleRounds; ++round) {
         if (!settling.Round(Root)) return !settling.AnyFailed();
+        if (round < CFewRounds) continue;
+        std::vector<double> state = StateOf(Root);
+        const bool comesBack = std::ranges::find(states, state) != states.end();
+        states.push_back(std::move(state));
+        if (!comesBack) continue;
+        ForTree(Root, [](TControl& Control) {
+            if (Control.NeedsSettling()) Guarded([&] { Control.StopSettling(); });
+        });
+        if (!NeedsSettling(Root)) break;
+    }
     return !settling.AnyFailed() && !NeedsSettling(Root);
 }
 
@@ -67,10 +95,11 @@ void PaintTree(TWinControl& Root, TCanvasDevice& Device, const TRect& Dirty) {
         canvas.SetOrigin(Origin);
         canvas.SetClip(size.Intersected(Shifted(Clip, {-Origin.X, -Origin.Y})));
         const auto* container = dynamic_cast<const TWinControl*>(&Control);
+        const bool paintsChildren = container && container->PaintsChildren(); // before a paint changes it
         // A graphic control is a part of its parent's surface and may lift its clip up to that.
         canvas.SetBaseClip(container ? visible : Clip);
         Guarded([&] { Control.PaintOn(canvas); });
-        for (int i = 0; container && i < container->GetControlCount(); ++i) {
+        for (int i = 0; paintsChildren && i < container->GetControlCount(); ++i) {
             TControl& child = *container->GetControl(i);
             if (child.GetVisible())
                 Self(Self, child, Shifted(child.GetBoundsRect().TopLeft(), Origin), visible);

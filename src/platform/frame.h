@@ -7,10 +7,11 @@
 namespace kx {
 
 /// At most so many rounds of settling precede a paint.
-inline constexpr int CMaxSettleRounds = 8;
+inline constexpr int CMaxSettleRounds = 24;
 
 /// Lets every control of the tree compute what it still has to, until none asks again or the rounds are used
-/// up. Exceptions go to the application's OnException; the others go on. Returns whether all is settled.
+/// up; where they go round in a circle they are stopped. Exceptions go to the application's OnException; the
+/// others go on. Returns whether all is settled.
 bool SettleTree(TWinControl& Root);
 
 /// Paints Root and its visible children on Device, Root's top left at (0, 0), without settling. Dirty bounds

@@ -12,9 +12,10 @@ namespace {
 /// Draws recorded calls on a device, moved by an offset.
 class TPlayer {
 public:
-    TPlayer(TCanvasDevice& Device, TPoint Offset) : FDevice(Device), FOffset(Offset) {}
+    TPlayer(TCanvasDevice& Device, TPoint Offset, const std::optional<TRect>& Within)
+        : FDevice(Device), FOffset(Offset), FWithin(Within) {}
     ~TPlayer() {
-        if (FClipped) FDevice.SetClip({});
+        if (FClipped) FDevice.SetClip(FWithin);
     }
     TPlayer(const TPlayer&) = delete;
     TPlayer& operator=(const TPlayer&) = delete;
@@ -28,7 +29,8 @@ public:
         FDevice.Text(Shifted(C.Pos, FOffset), C.Face, C.Color, C.Text);
     }
     void operator()(const TRecording::TClip& C) {
-        FDevice.SetClip(C.Clip ? std::optional(Moved(*C.Clip)) : std::nullopt);
+        const std::optional clip = C.Clip ? std::optional(Moved(*C.Clip)) : FWithin;
+        FDevice.SetClip(clip && FWithin ? std::optional(clip->Intersected(*FWithin)) : clip);
         FClipped = true;
     }
     void operator()(const TRecording::TStamps& C) { FDevice.Stamps(Moved(C.Places), *C.One); }
@@ -44,6 +46,7 @@ private:
 
     TCanvasDevice& FDevice;
     TPoint FOffset;
+    std::optional<TRect> FWithin;
     std::vector<TPoint> FMoved;
     bool FClipped = false;
 };
@@ -52,8 +55,8 @@ std::vector<TPoint> Copied(std::span<const TPoint> Points) { return {Points.begi
 
 } // namespace
 
-void TRecording::Replay(TCanvasDevice& Device, TPoint Offset) const {
-    TPlayer player(Device, Offset);
+void TRecording::Replay(TCanvasDevice& Device, TPoint Offset, const std::optional<TRect>& Within) const {
+    TPlayer player(Device, Offset, Within);
     for (const TCall& call : Calls) std::visit(player, call);
 }
 

@@ -53,9 +53,9 @@ public:
 
     std::vector<TCall> Calls;
 
-    /// Repeats the calls on Device, moved by Offset. A recording that sets clips leaves the device without
-    /// one; any other is drawn under the clip in force.
-    void Replay(TCanvasDevice& Device, TPoint Offset = {}) const;
+    /// Repeats the calls on Device, moved by Offset and, where Within is given, inside it. A recording that
+    /// sets clips leaves the device with Within or without one; any other is drawn under the clip in force.
+    void Replay(TCanvasDevice& Device, TPoint Offset = {}, const std::optional<TRect>& Within = {}) const;
     /// One line a call, in a form that is stable and reads well in a diff, e.g.
     /// "polyline (10,20) (30,40) pen #ff0000 0 solid".
     std::string ToText() const;

@@ -48,14 +48,11 @@ bool TKxSeries::PrepareDrawing() {
     const TComponentRef<TKx2DGraph> graph(GetGraph());
     if (!FXAxis || !FYAxis || !graph) return false;
     const TComponentRef<TKxSeries> self(this);
-    graph->BeginUpdate();
     Guarded([&] {
         if (FPointsDirty) CalculatePoints();
         if (self && FRangesModified) RecalculateChilds();
     });
-    if (!graph) return false;
-    graph->EndUpdate();
-    return self && GetGraph() && FXAxis && FYAxis && graph->NotUpdating();
+    return self && graph && GetGraph() && FXAxis && FYAxis && graph->NotUpdating();
 }
 
 bool TKxSeries::IsZoomed() const { return FXAxis->CanZoomBack() && FYAxis->CanZoomBack(); }

@@ -116,14 +116,129 @@ TEST(Axis, ends_follow_the_data_as_they_are_told) {
     }
 }
 
-TEST(Axis, round_ends_stay_through_every_later_layout) {
+namespace {
+
+using TEnds = std::pair<double, double>;
+
+TEnds Shown(TGraphForm& F, const TKxAxis& Axis) {
+    SettleTree(*F.Form);
+    return {Axis.GetStart(), Axis.GetStop()};
+}
+
+/// Ends of any magnitude, often multiples of what ends are rounded to.
+struct TAnyEnds {
+    int Any(int Low, int High) { return std::uniform_int_distribution(Low, High)(Random); }
+    TEnds operator()(bool Positive) {
+        const double unit = std::pow(10.0, Any(-9, 8)) / Any(1, 4);
+        const double start = Any(Positive ? 1 : -400, 400) * unit;
+        return {start, start + Any(1, 999) * unit * (Any(0, 1) ? 1 : 0.237)};
+    }
+    std::mt19937 Random{7};
+};
+
+} // namespace
+
+// What is set (S), what the data are (D), and what is shown (=): round ends are made of S or D each time.
+TEST(Axis, fixed_ends_come_back_after_an_excursion_and_automatic_ones_stay_round) {
     TGraphForm f;
-    f.X->SetStart(0.15);
-    f.X->SetStop(1.55); // rounds into a row of wider steps
+    f.AddSeries();
+    f.Fill({{3, 1}, {9, 1}});
+    f.X->SetStop(10.13);
+    f.X->SetStopEnd(AxFixed);
+    f.Draw();
+    f.X->SetStop(10.13);
+    const TEnds before = Shown(f, *f.X);
+    EXPECT_EQ(before, TEnds(3, 10.14));
+    f.XV->SetValue(0, -90000);
+    EXPECT_EQ(Shown(f, *f.X), TEnds(-90000, 200));
+    f.XV->SetValue(0, 3);
+    EXPECT_EQ(Shown(f, *f.X), before);
+    f.Y->SetStart(0.15);
+    f.Y->SetStop(1.55); // rounds into a row of wider steps
     for (int i = 0; i < 4; ++i) {
-        f.X->SetAxisColor(TColor(i + 1));
+        f.Y->SetAxisColor(TColor(i + 1));
+        EXPECT_EQ(Shown(f, *f.Y), TEnds(0.1, 1.6)) << i;
+    }
+    f.X->SetStopEnd(AxFirstSet);
+    f.XV->SetValue(1, 12345);
+    f.XV->SetValue(1, 4);
+    EXPECT_EQ(Shown(f, *f.X), TEnds(0, 13000)) << "what only grows stays";
+}
+
+TEST(Axis, zooming_back_and_loading_show_exactly_what_was_shown) {
+    TAnyEnds any;
+    for (int round = 0; round < 400; ++round) {
+        TKxIniList ini;
+        TEnds full;
+        const auto kind = TKxAxEnd(any.Any(0, 2)); // of both ends
+        {
+            TGraphForm f;
+            const auto scaling = TKxAxScaling(any.Any(0, 3) == 0);
+            const TEnds set = any(scaling == AxLog), zoom = any(scaling == AxLog);
+            f.X->SetScaling(scaling);
+            f.X->SetStartEnd(kind);
+            f.X->SetStopEnd(kind);
+            f.X->SetStart(set.first);
+            f.X->SetStop(set.second);
+            full = Shown(f, *f.X);
+            f.X->ZoomIn(zoom.first, zoom.second);
+            const TEnds zoomed = Shown(f, *f.X);
+            f.Graph->Modified();
+            EXPECT_EQ(Shown(f, *f.X), zoomed) << round;
+            f.Graph->SaveOutfit("Graph", ini);
+            for (const TEnds& expected : {full, zoomed, full}) {
+                f.X->ZoomBack();
+                EXPECT_EQ(Shown(f, *f.X), expected) << round;
+            }
+        }
+        TGraphForm loaded;
+        loaded.Graph->LoadOutfit("Graph", ini);
+        EXPECT_EQ(Shown(loaded, *loaded.X), full) << round << " " << kind;
+    }
+}
+
+TEST(Axis, a_zoomed_view_stays_while_the_unzoomed_one_follows_the_data) {
+    for (const auto kind : {AxAutoRange, AxFirstSet, AxFixed}) {
+        TGraphForm f;
+        f.AddSeries();
+        f.Fill({{0, 0}, {10, 10}});
         f.Draw();
-        EXPECT_EQ(std::pair(f.X->GetStart(), f.X->GetStop()), std::pair(0.1, 1.6)) << i;
+        f.X->SetStopEnd(kind);
+        f.X->ZoomIn(2.1, 3.9);
+        const TEnds zoomed = Shown(f, *f.X);
+        f.Fill({{45, 5}});
+        EXPECT_EQ(Shown(f, *f.X), zoomed);
+        f.X->ZoomBack();
+        EXPECT_EQ(Shown(f, *f.X), TEnds(0, kind == AxFixed ? 10 : 45));
+        f.Fill({{77, 5}});
+        EXPECT_EQ(Shown(f, *f.X), TEnds(0, kind == AxFixed ? 10 : 80)) << "the unzoomed view follows";
+        f.X->ZoomBack();
+        EXPECT_EQ(Shown(f, *f.X), zoomed);
+    }
+}
+
+TEST(Axis, a_slave_shows_the_ends_of_its_master_whatever_its_own_are) {
+    TAnyEnds any;
+    TGraphForm f;
+    TKxAxis slave(f.Form);
+    slave.SetParent(f.Graph);
+    slave.SetPosition(AxTopPos);
+    slave.SetMasterAxis(f.X);
+    slave.SetIsSlave(true);
+    for (int round = 0; round < 1500; ++round) {
+        f.X->SetScaling(TKxAxScaling(any.Any(0, 2)));
+        for (TKxAxis* axis : {f.X, &slave}) {
+            const TEnds ends = any(f.X->GetScaling() != AxNormal);
+            axis->SetStart(ends.first);
+            axis->SetStop(ends.second);
+            axis->SetStartEnd(TKxAxEnd(any.Any(0, 2)));
+            axis->SetStopEnd(TKxAxEnd(any.Any(0, 2)));
+            axis->SetAutoTicks(any.Any(0, 1));
+            if (any.Any(0, 3) == 0) axis->ZoomIn(ends.first, ends.second * 1.7);
+        }
+        const TEnds shown = Shown(f, *f.X);
+        ASSERT_EQ(TEnds(slave.GetStart(), slave.GetStop()), shown) << round;
+        ASSERT_EQ(slave.RealToIntPosition(shown.second), f.X->RealToIntPosition(shown.second)) << round;
     }
 }
 

@@ -1,9 +1,13 @@
 #include "support/graphfixture.h"
 
+#include "analysis/Kxinterpolatedline.h"
+#include "annotation/Kxlegend.h"
 #include "support/recording.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <functional>
 #include <limits>
 #include <random>
 #include <set>
@@ -203,6 +207,126 @@ TEST(Graph, a_frame_follows_only_where_something_was_modified) {
     EXPECT_NE(faults.Text.find("no extents"), std::string::npos);
     EXPECT_TRUE(scene.Graph->NotUpdating());
     EXPECT_EQ(Screen.GetCursor(), crDefault);
+}
+
+// What a layout makes of a graph: places, ends and labels.
+std::string LayoutOf(const TGraphForm& F) {
+    std::string text;
+    const auto add = [&](auto... Values) { ((text += std::to_string(Values) + " "), ...); };
+    for (const TControl* control : F.Graph->GetControls()) {
+        const TRect r = control->GetBoundsRect();
+        add(r.Left, r.Top, r.Right, r.Bottom);
+    }
+    for (const TKxAxis* axis : {F.X, F.Y}) {
+        add(axis->GetStart(), axis->GetStop(), axis->GetAxisLength(), axis->GetTickCount());
+        for (const auto& rec : axis->GetLabelRecs()) add(rec.X, rec.Y);
+    }
+    return text;
+}
+
+TEST(Graph, settles_in_one_frame_at_any_size_scaling_and_range) {
+    std::mt19937 random(11);
+    const auto any = [&](int Low, int High) { return std::uniform_int_distribution(Low, High)(random); };
+    TGraphForm f;
+    f.X->SetThinLabels(true);
+    for (int round = 0; round < 100000; ++round) {
+        f.Graph->SetBounds(0, 0, any(10, 130), any(10, 90));
+        TKxAxis& axis = any(0, 1) ? *f.X : *f.Y;
+        const auto scaling = TKxAxScaling(any(0, 2));
+        const double start = any(1, 9) * std::pow(10.0, any(-12, 3)), span = std::pow(10.0, any(0, 14));
+        axis.SetScaling(scaling);
+        axis.SetStart(scaling == AxNormal && any(0, 1) ? -start : start);
+        axis.SetStop(start * (scaling == AxNormal ? any(2, 99) : span));
+        ASSERT_TRUE(SettleTree(*f.Form)) << round;
+        if (round % 10) continue;
+        const std::string first = LayoutOf(f);
+        f.Graph->Modified();
+        ASSERT_TRUE(SettleTree(*f.Form)) << round;
+        ASSERT_EQ(LayoutOf(f), first) << round;
+    }
+}
+
+/// What is drawn, whatever the clips.
+std::string PictureOf(TGraphForm& F) {
+    TRecording drawn = F.Draw();
+    std::erase_if(drawn.Calls, [](const auto& C) { return std::holds_alternative<TRecording::TClip>(C); });
+    return drawn.ToText();
+}
+
+TEST(Graph, a_frame_while_updating_repeats_the_one_before_and_another_follows) {
+    void (*const changes[])(TScene&) = {
+        [](TScene& S) {
+            S.Fill({{500, 700}});
+        },
+        [](TScene& S) { S.Series->SetXData(nullptr); },
+        [](TScene& S) { S.Y->SetScaling(AxLog); },
+        [](TScene& S) { S.X->SetPosition(AxTopPos), S.X->SetTickLength(-3); },
+        [](TScene& S) { S.Graph->SetCaption("other"), S.Graph->SetColor(clRed); },
+        [](TScene& S) { delete S.Series; },
+    };
+    for (const auto change : changes) {
+        const auto which = &change - changes;
+        TScene scene;
+        scene.Form->Show();
+        FramesOf(*scene.Form);
+        const std::string before = PictureOf(scene);
+        scene.Graph->BeginUpdate();
+        change(scene);
+        EXPECT_EQ(PictureOf(scene), before) << which;
+        const int frames = FramesOf(*scene.Form); // what asked for one had it meanwhile
+        EXPECT_EQ(PictureOf(scene), before) << which;
+        scene.Graph->EndUpdate();
+        EXPECT_GT(FramesOf(*scene.Form), frames) << which;
+        EXPECT_NE(PictureOf(scene), before) << which;
+    }
+    TScene scene;
+    scene.Graph->BeginUpdate();
+    EXPECT_TRUE(LinesOf(scene.Draw(), clBlack).empty()) << "there was no frame before";
+    scene.Graph->EndUpdate();
+    EXPECT_FALSE(LinesOf(scene.Draw(), clBlack).empty());
+}
+
+TEST(Graph, frames_end_whatever_components_do_to_one_another) {
+    for (unsigned seed = 0; seed < 150; ++seed) {
+        std::mt19937 random(seed);
+        const auto any = [&](int Low, int High) { return std::uniform_int_distribution(Low, High)(random); };
+        TScene scene(true);
+        auto* legend = new TKxLegend(scene.Form);
+        legend->SetParent(scene.Graph);
+        legend->SetGraph(scene.Graph);
+        auto* curve = new TKxInterpolatedLine(scene.Form);
+        curve->SetParentSeries(scene.Series);
+        auto* label = new TKxLabel(scene.Form);
+        label->SetParent(scene.Graph);
+        scene.Form->Show();
+        TControl* const controls[] = {scene.X, scene.Y, legend, label, scene.Graph};
+        const std::function<void()> changes[] = {
+            [&] { controls[any(0, 4)]->SetAlign(TAlign(any(0, 5))); },
+            [&] { controls[any(0, 4)]->SetBounds(any(-9, 99), any(-9, 99), any(0, 200), any(0, 200)); },
+            [&] { controls[any(0, 4)]->SetVisible(any(0, 2)); },
+            [&] { scene.Graph->SetBounds(0, 0, any(2, 140), any(2, 90)); },
+            [&] { scene.Graph->SetBounds(0, 0, 100, 45), scene.Y->SetScaling(AxLog); },
+            [&] { (any(0, 1) ? scene.X : scene.Y)->SetScaling(TKxAxScaling(any(0, 2))); },
+            [&] { (any(0, 1) ? scene.X : scene.Y)->SetPosition(TKxAxisPos(any(0, 4))); },
+            [&] { (any(0, 1) ? scene.X : scene.Y)->SetAutosize(any(0, 1)); },
+            [&] { (any(0, 1) ? scene.X : scene.Y)->SetThinLabels(any(0, 1)); },
+            [&] { (any(0, 1) ? scene.X : scene.Y)->SetStartEnd(TKxAxEnd(any(0, 2))); },
+            [&] {
+                scene.Fill({{any(-99, 999) / 7.0, any(-99, 999) / 3.0}});
+            },
+            [&] { scene.X->ZoomIn(any(0, 20), any(20, 40)), scene.Y->ZoomBack(); },
+            [&] { scene.X->SetMasterAxis(scene.Y), scene.X->SetIsSlave(any(0, 1)); },
+            [&] { scene.Graph->SetZeroOrigin(any(0, 1)), scene.Graph->SetMargin(any(0, 30)); },
+            [&] { legend->SetPlacement(TKxLegendPlacement(any(0, 8))), legend->SetColumns(any(0, 3)); },
+            [&] { legend->SetAutoSize(any(0, 1)), legend->SetShowTitle(any(0, 1)); },
+            [&] { label->SetAutoSize(any(0, 1)), label->SetAngle(any(0, 3600)), label->SetCaption("text"); },
+        };
+        for (int step = 0; step < 12; ++step) {
+            changes[any(0, std::size(changes) - 1)]();
+            FramesOf(*scene.Form);
+            ASSERT_FALSE(HasFailure()) << "seed " << seed << ", step " << step;
+        }
+    }
 }
 
 TEST(Graph, with_zero_origin_the_axes_cross_at_zero_and_nothing_is_cut_off) {

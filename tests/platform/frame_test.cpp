@@ -39,7 +39,7 @@ TEST(Frame, settles_in_rounds_until_nobody_asks) {
         int Rounds[2];
         bool Settled;
         int Calls[2];
-    } cases[] = {{{1, 3}, true, {1, 3}}, {{8, 1}, true, {8, 1}}, {{9, 0}, false, {8, 0}}};
+    } cases[] = {{{1, 3}, true, {1, 3}}, {{24, 1}, true, {24, 1}}, {{25, 0}, false, {24, 0}}};
     for (const auto& c : cases) {
         TForm form(nullptr);
         TCustomPanel panel(nullptr);
