@@ -6,6 +6,7 @@
 #include "platform/geometry.h"
 #include "platform/properties.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -102,14 +103,15 @@ private:
 class TFont : public TGraphicsObject {
 public:
     static constexpr int CPixelsPerInch = 96;
+    /// Larger fonts cannot be painted; heights are cut down to it.
+    static constexpr int CMostHeight = 5000;
 
     const std::string& GetName() const { return FName; }
     void SetName(const std::string& Name) { Store(FName, Name); }
     int GetSize() const;
     void SetSize(int Points);
     int GetHeight() const { return FHeight; }
-    /// Limited to CMostLength.
-    void SetHeight(int Pixels) { Store(FHeight, LimitedLength(Pixels)); }
+    void SetHeight(int Pixels) { Store(FHeight, std::clamp(Pixels, -CMostHeight, CMostHeight)); }
     TColor GetColor() const { return FColor; }
     void SetColor(TColor Color) { Store(FColor, Color); }
     TFontStyles GetStyle() const { return FStyle; }

@@ -15,13 +15,6 @@ std::string PlainText(const TKxCaption& Caption) {
     return Escaped(text);
 }
 
-bool Shorten(std::string& Text) {
-    if (Text.empty()) return false;
-    do Text.pop_back();
-    while (!Text.empty() && (Text.back() & 0xC0) == 0x80); // not inside of a character
-    return true;
-}
-
 TKxCaption Closed(const TKxCaption& Caption) {
     constexpr std::string_view letters = "sbiuo+-"; // in the order of TKxCaptionSwitch
     std::array<int, letters.size()> counts{};

@@ -9,8 +9,6 @@ namespace kxplot {
 
 /// A caption as plain text in one line.
 std::string PlainText(const kx::TKxCaption& Caption);
-/// Takes the last character of a plain text away; false when there is none.
-bool Shorten(std::string& Text);
 /// A caption with all its markup ended, so that more can follow.
 kx::TKxCaption Closed(const kx::TKxCaption& Caption);
 

@@ -2,6 +2,7 @@
 
 #include "kxplot/captiontext.h"
 #include "kxplot/corner.h"
+#include "kxplot/fitting.h"
 #include "kxplot/lines.h"
 
 #include <algorithm>
@@ -144,27 +145,38 @@ void TNotes::FitInto(TSize Room, const std::vector<TLine>& Lines) {
         const TSize size = SizeOf(Lines);
         return size.Width > Room.Width || size.Height > Room.Height;
     };
-    const auto shrink = [](const TLine& Line) {
-        TFont& font = Line.Label->GetFont();
-        const bool can = font.GetSize() > CSmallestFont;
-        if (can) font.SetSize(font.GetSize() - 1);
-        return can;
+    std::vector<int> sizes;
+    for (const auto& line : Lines) sizes.push_back(line.Label->GetFont().GetSize());
+    const auto fitsBy = [&](int Points) {
+        for (std::size_t i = 0; i < Lines.size(); ++i)
+            if (sizes[i] > CSmallestFont)
+                Lines[i].Label->GetFont().SetSize(std::max(CSmallestFont, sizes[i] - Points));
+        return !isTooLarge();
     };
-    bool shrunk = true;
-    while (shrunk && isTooLarge()) {
-        shrunk = false;
-        for (const auto& line : Lines) shrunk = shrink(line) || shrunk;
-    }
+    const int most = std::ranges::max(sizes) - CSmallestFont;
+    if (most > 0 && isTooLarge()) fitsBy(StepsToFit(most, fitsBy));
     for (std::size_t k = 0; k < FNames.size(); ++k) ShortenName(k, Room.Width - Indent());
 }
+
+namespace {
+
+void ShortenCaption(TKxLabel& Label, const std::string& Head, const std::string& Tail, int Width) {
+    if (Label.GetWidth() <= Width || Head.empty()) return;
+    const auto fitsAs = [&](const std::string& Beginning) {
+        Label.SetCaption(EscapeCaption(Beginning + "…" + Tail));
+        return Label.GetWidth() <= Width;
+    };
+    fitsAs(LongestFitting(Head, fitsAs));
+}
+
+} // namespace
 
 // A formula may be as long as it likes; the block would hide the data or have tiny letters.
 void TNotes::ShortenFormulas(int Width) {
     for (std::size_t k = 0; k < FNames.size(); ++k) {
         if (FAnalyses.GetItems()[k].Spec.Method != TMethod::Formula) continue;
         TKxLabel& label = *FNames[k].Label;
-        std::string plain = PlainText(label.GetCaption());
-        while (label.GetWidth() > Width && Shorten(plain)) label.SetCaption(EscapeCaption(plain + "…"));
+        ShortenCaption(label, PlainText(label.GetCaption()), "", Width);
     }
 }
 
@@ -173,9 +185,7 @@ void TNotes::ShortenName(std::size_t Index, int Width) {
     TKxLabel& label = *FNames[Index].Label;
     const std::string plain = PlainText(label.GetCaption());
     const auto colon = std::min(plain.rfind(": "), plain.size());
-    std::string head = plain.substr(0, colon);
-    while (label.GetWidth() > Width && Shorten(head))
-        label.SetCaption(EscapeCaption(head + "…" + plain.substr(colon)));
+    ShortenCaption(label, plain.substr(0, colon), plain.substr(colon), Width);
 }
 
 void TNotes::Place() {

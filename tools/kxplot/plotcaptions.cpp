@@ -1,6 +1,7 @@
 // What the axes are called, and how captions are made to fit.
 
 #include "kxplot/captiontext.h"
+#include "kxplot/fitting.h"
 #include "kxplot/plot.h"
 #include "platform/frame.h"
 
@@ -51,21 +52,27 @@ void TPlot::FitCaptions(bool MayShrink) {
         return Label.GetBoundsRect().Intersected(room) == Label.GetBoundsRect();
     };
     const auto shrink = [&](const TKxLabel& Label, TFont& Font, const TKxAxis* Axis = nullptr) {
-        while (MayShrink && !fits(Label, Axis) && Font.GetSize() > CSmallest) {
-            Font.SetSize(Font.GetSize() - 1);
+        const int size = Font.GetSize();
+        if (!MayShrink || fits(Label, Axis) || size <= CSmallest) return;
+        const auto fitsBy = [&](int Points) {
+            Font.SetSize(size - Points);
             SettleTree(*FForm);
-        }
+            return fits(Label, Axis);
+        };
+        fitsBy(StepsToFit(size - CSmallest, fitsBy));
     };
     if (FGraph->GetShowTitle()) shrink(FGraph->GetTitleLabel(), FGraph->GetTitleFont());
     for (TKxAxis* axis : FGraph->GetAxes()) {
         if (axis->GetCaption().empty()) continue; // the label lies anywhere
         const TKxLabel& label = axis->GetCaptionLabel();
         shrink(label, axis->GetCaptionFont(), axis);
-        std::string text = PlainText(axis->GetAutoCaption());
-        while (axis->GetCaption() == axis->GetAutoCaption() && !fits(label, axis) && Shorten(text)) {
-            axis->SetAutoCaption(EscapeCaption(text + "…"));
+        if (axis->GetCaption() != axis->GetAutoCaption() || fits(label, axis)) continue;
+        const auto fitsAs = [&](const std::string& Beginning) {
+            axis->SetAutoCaption(EscapeCaption(Beginning + "…"));
             SettleTree(*FForm);
-        }
+            return fits(label, axis);
+        };
+        fitsAs(LongestFitting(PlainText(axis->GetAutoCaption()), fitsAs));
     }
 }
 

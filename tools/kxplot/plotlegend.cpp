@@ -1,6 +1,7 @@
 // The legend: when there is one, and how it is made to fit.
 
 #include "kxplot/captiontext.h"
+#include "kxplot/fitting.h"
 #include "kxplot/look.h"
 #include "kxplot/plot.h"
 #include "platform/frame.h"
@@ -64,16 +65,24 @@ TSize TPlot::LegendOverflow() const {
 void TPlot::ShortenEntries(int Width, bool FormulasAlone) {
     TCanvas canvas;
     canvas.Font.Assign(FLegend->GetFont());
+    const int room = Width - FLegend->GetSampleWidth() - 3 * FLegend->GetGap();
+    const auto fits = [&](const TKxCaption& Caption) {
+        return MeasureCaption(ParseCaption(Caption), canvas) <= room;
+    };
     const auto shorten = [&](TKxSeries& Series, bool IsAnalysis) {
+        if (Series.GetDoUserCaption() || fits(Series.GetCaption())) return;
         const std::string plain = PlainText(Series.GetCaption());
-        const int room = Width - FLegend->GetSampleWidth() - 3 * FLegend->GetGap();
         const auto colon = IsAnalysis ? std::min(plain.rfind(": "), plain.size()) : plain.size();
-        std::string head = plain.substr(0, colon), tail = plain.substr(colon);
-        TKxCaption caption = Series.GetCaption();
-        const auto isTooWide = [&] { return MeasureCaption(ParseCaption(caption), canvas) > room; };
-        if (Series.GetDoUserCaption()) return;
-        while (isTooWide() && (Shorten(head) || Shorten(tail))) caption = EscapeCaption(head + "…" + tail);
-        if (caption != Series.GetCaption()) Series.SetAutoCaption(caption);
+        const std::string tail = plain.substr(colon);
+        const auto with = [](const std::string& Head, const std::string& Tail) {
+            return EscapeCaption(Head + "…" + Tail);
+        };
+        const std::string head = LongestFitting(
+            plain.substr(0, colon), [&](const std::string& Head) { return fits(with(Head, tail)); });
+        TKxCaption caption = with(head, tail);
+        if (head.empty() && !fits(caption))
+            caption = with("", LongestFitting(tail, [&](const std::string& T) { return fits(with("", T)); }));
+        if (!plain.empty()) Series.SetAutoCaption(caption);
     };
     if (!FormulasAlone)
         for (TKxSeries* series : FSeries) shorten(*series, false);
@@ -93,12 +102,15 @@ void TPlot::FinishLegend(const TOptions& Options) {
     ShortenEntries(FGraph->GetWidth() / 3, true);
     SettleTree(*FForm);
     if (!FLeftOut.empty() && !Options.Legend && FLegend->GetEntryCount() < 2) FLegend->SetGraph(nullptr);
-    const bool mayShrink = Options.Outfit.empty();
-    while (mayShrink && LegendOverflow() != TSize{} && FLegend->GetFont().GetSize() > CSmallestFont) {
-        FLegend->GetFont().SetSize(FLegend->GetFont().GetSize() - 1);
-        FLegend->SetSampleWidth(std::max(CSmallestSample, FLegend->GetSampleWidth() - 6));
+    const int size = FLegend->GetFont().GetSize(), sample = FLegend->GetSampleWidth();
+    const auto fitsBy = [&](int Points) {
+        FLegend->GetFont().SetSize(size - Points);
+        FLegend->SetSampleWidth(int(std::max<long long>(CSmallestSample, sample - 6LL * Points)));
         SettleTree(*FForm);
-    }
+        return LegendOverflow() == TSize{};
+    };
+    if (Options.Outfit.empty() && size > CSmallestFont && LegendOverflow() != TSize{})
+        fitsBy(StepsToFit(size - CSmallestFont, fitsBy));
     if (LegendOverflow().Width > 0) ShortenEntries(FLegend->GetWidth(), false);
     SettleTree(*FForm);
 }

@@ -1,0 +1,31 @@
+#pragma once
+// How far something must be made smaller to fit, found with few trials: a trial may settle a whole form.
+
+#include <string>
+#include <vector>
+
+namespace kxplot {
+
+/// The smallest number of steps, 1 to Most, that Fits; Most if none does. What fits fits with more steps too.
+template <class F>
+int StepsToFit(int Most, F&& Fits) {
+    int tooFew = 0, enough = Most;
+    while (enough - tooFew > 1) {
+        const int middle = tooFew + (enough - tooFew) / 2;
+        (Fits(middle) ? enough : tooFew) = middle;
+    }
+    return enough;
+}
+
+/// The longest beginning of a plain text, shorter than the whole, that Fits; empty if none does.
+template <class F>
+std::string LongestFitting(const std::string& Text, F&& Fits) {
+    std::vector<std::size_t> ends; // of each beginning, the longest first
+    for (std::size_t i = Text.size(); i-- > 0;)
+        if ((Text[i] & 0xC0) != 0x80) ends.push_back(i); // not inside of a character
+    if (ends.empty()) return {};
+    const auto beginning = [&](int Steps) { return Text.substr(0, ends[std::size_t(Steps - 1)]); };
+    return beginning(StepsToFit(int(ends.size()), [&](int Steps) { return Fits(beginning(Steps)); }));
+}
+
+} // namespace kxplot
