@@ -116,14 +116,14 @@ void TKxFittedLine::RunSimplex(const std::function<bool(const TKxSimplex&)>& Pro
 
 std::optional<bool> TKxFittedLine::TestConvergence() {
     if (!FCheckConvergence) return std::nullopt;
-    FChecking =
-        true; // until the next fit: a handler may destroy the series, and with it what a guard would reset
+    FChecking = true; // without a guard to reset it: a handler may destroy the series
     bool improved = false;
     RunSimplex([&](const TKxSimplex& Simplex) {
         improved = IsImproved(Simplex.BestValue(), FChiSquare);
         CallHandler(OnIteration);
         return !improved && !FStopped;
     });
+    FChecking = false;
     if (FStopped && !improved) return std::nullopt;
     return !improved;
 }
