@@ -69,10 +69,12 @@ void TKxSeries::EnterRanges() {
     EnterRange(FYAxis, FYRange, FYData);
 }
 
-/// The axis follows those that remain.
+/// The axis follows those that remain; not where all go one after the other.
 void TKxSeries::WithdrawRange(TKxAxis* Axis, TRange& Range) {
     Range.OnChanged = nullptr;
-    if (Axis && Axis->GetValuesRangeList().Remove(&Range) >= 0) Axis->ValuesRangeChanged(nullptr);
+    if (!Axis || Axis->GetValuesRangeList().Remove(&Range) < 0) return;
+    const bool allGo = Axis->GetOwner() && Axis->GetOwner()->IsIn(csDestroying);
+    if (!allGo) Axis->ValuesRangeChanged(nullptr);
 }
 
 void TKxSeries::EnterDrawingWorld(TKxDrawingWorld* World) {
