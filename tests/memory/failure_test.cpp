@@ -4,7 +4,11 @@
 #include "annotation/Kxlegend.h"
 #include "annotation/Kxresultlabel.h"
 #include "memory/allocations.h"
+#include "platform/files.h"
 #include "support/graphfixture.h"
+#include "support/recording.h"
+
+#include <filesystem>
 
 namespace kx::test {
 namespace {
@@ -39,6 +43,37 @@ void ExpectNoLeak(void (*Run)(long Step)) {
     Run(1);
     EXPECT_EQ(LiveAllocations(), before);
 }
+
+const std::string COld =
+    "[Window]\nLeft=10\nTop=20\n\n[Graph]\nTitle=a title that is too long for a short string\n";
+
+std::string Contents(const std::string& File) { return FileExists(File) ? ReadFile(File) : "(lost)"; }
+
+/// A directory with a settings file, which is changed.
+void SaveSettings(long Step) {
+    const TTemporaryDirectory directory;
+    const std::string file = directory / "settings.ini";
+    ReplaceFile(file, COld);
+    std::string saved = COld;
+    saved.replace(saved.find("10"), 2, "11");
+    const long failures = ForEveryFailure(
+        [&] {
+            TKxLargeIniFile ini(file);
+            ini.WriteInteger("Window", "Left", 11);
+            ini.Save();
+        },
+        [&] {
+            const std::string contents = Contents(file);
+            EXPECT_TRUE(contents == COld || contents == saved) << contents;
+            EXPECT_EQ(std::distance(std::filesystem::directory_iterator(directory / ""), {}), 1)
+                << "a temporary file stayed";
+            ReplaceFile(file, COld);
+        },
+        Step);
+    EXPECT_GT(failures, 20);
+}
+
+TEST(AllocationFailure, LosesNoSettingsFile) { ExpectNoLeak(SaveSettings); }
 
 /// A small graph with what an analysis shows.
 struct TScene : TGraphForm {
