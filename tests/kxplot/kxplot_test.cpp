@@ -45,7 +45,7 @@ TEST_F(KxplotProgram, SaysSoWhereAColumnHasNothingToDraw) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"t,u,v\n-1,-2,3\n0,0,4\n", "--log-x --log-y", "u, v"},
         {"t,u,v\n1,nan,3\n2,,4\n", "", "u"},
-        {"t,a,b,c,d,e\n1,nan,3,,inf,\n", "--style bars", "a, c, d and 1 more"},
+        {"t,a,b,c,d,e\n1,nan,3,nan,inf,-inf\n", "--style bars", "a, c, d and 1 more"},
     };
     for (const auto& [text, arguments, columns] : cases) {
         SCOPED_TRACE(text);
@@ -92,7 +92,7 @@ TEST_F(KxplotProgram, ReplacesAllFilesOrNone) {
 
 // The first file waits while the second one is painted: long enough to be caught.
 TEST_F(KxplotProgram, LeavesNothingBehindWhenASignalEndsIt) {
-    const pid_t child = Start(Words("d.csv -o a.svg -o b.png --size 4000x3000 --scale 2 --antialias"),
+    const pid_t child = Start(Words("d.csv -o a.svg -o b.png --size 3000x2000 --scale 2 --antialias"),
                               "/dev/null", "/dev/null", "/dev/null");
     int status = 0;
     while (waitpid(child, &status, WNOHANG) == 0)
