@@ -27,11 +27,19 @@ inline std::string Drawn(TForm& Form) {
     return recorder.Recording.ToText();
 }
 
+/// The classes of the controls that still want to settle.
+inline std::string Asking(const TControl& Control) {
+    std::string names = Control.NeedsSettling() ? " " + Control.ClassName() : "";
+    if (const auto* tree = dynamic_cast<const TWinControl*>(&Control))
+        for (const TControl* child : tree->GetControls()) names += Asking(*child);
+    return names;
+}
+
 /// A frame settles, unless something was raised, and a second one without a change in between is the same.
 inline void DemandFrame(TForm& Form, TQuiet& Quiet) {
     Quiet.Last.clear();
     const bool settled = SettleTree(Form);
-    KX_DEMAND(settled || !Quiet.Last.empty());
+    KX_DEMAND(settled || !Quiet.Last.empty(), "for" + Asking(Form));
     const std::string once = Drawn(Form);
     if (Quiet.Last.empty()) KX_DEMAND(Drawn(Form) == once, +once);
 }
