@@ -188,7 +188,7 @@ std::vector<const TAnalysis*> TAnalyses::Numbered(const TLabelSpec& Label) const
     const auto count = int(FItems.size());
     if (!Label.Number) return all;
     if (*Label.Number >= 1 && *Label.Number <= count) return {all[std::size_t(*Label.Number) - 1]};
-    throw TUsageError("--label: '" + Escaped(Label.Text) + "': there is no fit or curve " +
+    throw TUsageError("--label: '" + Abridged(Label.Text) + "': there is no fit or curve " +
                       std::to_string(*Label.Number) +
                       (count == 1 ? ", only one" : ", only " + std::to_string(count)) + "; the keys are " +
                       ListOfKeys(all));
@@ -199,7 +199,7 @@ const TAnalysis& TAnalyses::Find(TLabelSpec& Label) const {
     if (!Label.WithError) return analysis;
     Label.ErrorKey = ErrorKeyOf(analysis, Label.Key);
     if (Label.ErrorKey.empty() && !analysis.HasFailed())
-        throw TUsageError("--label: '" + Escaped(Label.Text) + "': " + Escaped(Label.Key) +
+        throw TUsageError("--label: '" + Abridged(Label.Text) + "': " + Escaped(Label.Key) +
                           " has no standard error");
     return analysis;
 }
@@ -214,7 +214,7 @@ const TAnalysis& TAnalyses::FindKey(TLabelSpec& Label) const {
     }
     for (const TAnalysis* analysis : candidates)
         if (analysis->HasFailed() || LeavesOpen(*analysis, Label.Key)) return *analysis;
-    throw TUsageError("--label: '" + Escaped(Label.Text) + "': there is no such result; the keys are " +
+    throw TUsageError("--label: '" + Abridged(Label.Text) + "': there is no such result; the keys are " +
                       ListOfKeys(candidates));
 }
 

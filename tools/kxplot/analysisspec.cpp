@@ -13,7 +13,7 @@ namespace {
 constexpr int CHighestDegree = 1000000;
 
 [[noreturn]] void Fail(const char* Option, const std::string& Text, const std::string& What) {
-    throw TUsageError(std::string(Option) + ": '" + kx::Escaped(Text) + "' " + What);
+    throw TUsageError(std::string(Option) + ": '" + kx::Abridged(Text) + "' " + What);
 }
 
 TAnalysisSpec ParsePolynomial(const std::string& Text, std::string_view Degree) {

@@ -12,7 +12,7 @@ namespace kxplot {
 
 namespace {
 
-std::string Quoted(std::string_view Text) { return "'" + kx::Escaped(Text) + "'"; }
+std::string Quoted(std::string_view Text) { return "'" + kx::Abridged(Text) + "'"; }
 
 bool Contains(const std::vector<std::string>& Names, const std::string& Name) {
     return std::find(Names.begin(), Names.end(), Name) != Names.end();
