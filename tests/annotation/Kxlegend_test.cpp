@@ -50,7 +50,9 @@ bool Overlap(const TRect& A, const TRect& B) { return !A.Intersected(B).IsEmpty(
 struct TCounting : TKxCalculatedSeries {
     using TKxCalculatedSeries::TKxCalculatedSeries;
     void CalculateFunction() override {
-        SetAutoCaption("n" + std::string(std::size_t(GetParentSeries()->GetPointsCount()), '+'));
+        AnsiString caption("n");
+        for (int i = 0; i < GetParentSeries()->GetPointsCount(); ++i) caption += '+';
+        SetAutoCaption(caption);
         GetContinousLine();
     }
     AnsiString GetFormula() const override { return GetAutoCaption(); }

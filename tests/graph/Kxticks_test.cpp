@@ -34,7 +34,8 @@ std::string Texts(const TKxTicks& Ticks) {
 /// What the reader of a label takes its value for.
 double ReadLabel(const std::string& Text, const std::string& ExponentLabel) {
     const std::size_t power = Text.find("\\+ "), factor = ExponentLabel.find('+');
-    const std::string exponent = factor == std::string::npos ? "" : "E" + ExponentLabel.substr(factor + 1);
+    std::string exponent;
+    if (factor != std::string::npos) exponent.append("E").append(ExponentLabel, factor + 1);
     int position = 0;
     const double value =
         Val(power == std::string::npos ? Text + exponent : "1E" + Text.substr(power + 3), position);

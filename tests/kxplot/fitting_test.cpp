@@ -29,9 +29,9 @@ class KxplotFitting : public test::KxplotProgram {};
 TEST_F(KxplotFitting, LongNamesManyColumnsAndHugeFontsTakeNoTime) {
     std::string columns = "t", row = "1", next = "2";
     for (int i = 0; i < 500; ++i) {
-        columns += ",column" + std::to_string(i);
-        row += "," + std::to_string(i % 7);
-        next += "," + std::to_string(i % 5);
+        columns.append(",column").append(std::to_string(i));
+        row.append(",").append(std::to_string(i % 7));
+        next.append(",").append(std::to_string(i % 5));
     }
     const std::string many = columns + "\n" + row + "\n" + next + "\n";
     const std::string name = "t," + std::string(10000, 'm') + "\n1,2\n2,4\n3,3\n";

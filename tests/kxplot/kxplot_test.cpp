@@ -146,7 +146,7 @@ TEST_F(KxplotProgram, KeepsErrorLinesShort) {
 // 4,000 columns took minutes when anything was searched for at every series.
 TEST_F(KxplotProgram, DrawsThousandsOfColumns) {
     std::string row;
-    for (int i = 0; i < 4000; ++i) row += (i ? "," : "") + std::to_string(i * 7 % 1000);
+    for (int i = 0; i < 4000; ++i) row.append(i ? "," : "").append(std::to_string(i * 7 % 1000));
     const auto begin = std::chrono::steady_clock::now();
     ExpectDrawn("1" + row + "\n2" + row + "\n", {"--no-legend"});
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));

@@ -55,7 +55,7 @@ void SaveSettings(long Step) {
     const std::string file = directory / "settings.ini";
     ReplaceFile(file, COld);
     std::string saved = COld;
-    saved.replace(saved.find("10"), 2, "11");
+    saved[saved.find("10") + 1] = '1';
     const long failures = ForEveryFailure(
         [&] {
             TKxLargeIniFile ini(file);
