@@ -2,6 +2,7 @@
 
 #include "platform/text.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -27,7 +28,10 @@ std::string Number(TCoord Hundredths) {
     return text;
 }
 
-std::string Decimal(double Value) { return Number(std::llround(Value * 100)); }
+std::string Decimal(double Value) {
+    constexpr double most = 1e15; // its hundredths are a TCoord
+    return Number(std::isnan(Value) ? 0 : std::llround(std::clamp(Value, -most, most) * 100));
+}
 
 std::string ShownText(std::string_view Text) {
     std::string shown;

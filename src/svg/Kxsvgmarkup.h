@@ -23,7 +23,8 @@ struct TSvgPoint {
 
 /// "12", "0.5", "-3.25": no more digits than needed.
 std::string Number(TCoord Hundredths);
-std::string Decimal(double Value); ///< the same, rounded to hundredths
+/// The same, rounded to hundredths; at most 1E15 in size, and 0 for a NaN.
+std::string Decimal(double Value);
 
 /// Text as valid UTF-8, foreign bytes as Latin-1, without control characters and others that XML forbids.
 std::string ShownText(std::string_view Text);

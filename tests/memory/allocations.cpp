@@ -21,7 +21,10 @@ void* Counted(void* Block) {
     return Block;
 }
 
+extern "C" void* __real_malloc(std::size_t Size);
 extern "C" void __real_free(void* Block);
+
+void* Allocated(std::size_t Size) { return Fails() ? nullptr : __real_malloc(Size ? Size : 1); }
 
 void Release(void* Block) {
     if (!Block) return;
@@ -43,10 +46,10 @@ long LiveAllocations() { return Live; }
 
 } // namespace kx::test
 
-void* operator new(std::size_t Size) { return Counted(Fails() ? nullptr : std::malloc(Size ? Size : 1)); }
+void* operator new(std::size_t Size) { return Counted(Allocated(Size)); }
 void* operator new[](std::size_t Size) { return operator new(Size); }
 void* operator new(std::size_t Size, const std::nothrow_t&) noexcept {
-    void* block = Fails() ? nullptr : std::malloc(Size ? Size : 1);
+    void* block = Allocated(Size);
     if (block) ++Live;
     return block;
 }
@@ -58,12 +61,19 @@ void operator delete[](void* Block, std::size_t) noexcept { Release(Block); }
 void operator delete(void* Block, const std::nothrow_t&) noexcept { Release(Block); }
 void operator delete[](void* Block, const std::nothrow_t&) noexcept { Release(Block); }
 
-// Shared arrays grow in place by realloc; the linker leads the calls here (--wrap).
+// Shared arrays grow in place by realloc, of which optimisers make malloc for new ones; the linker leads the
+// calls here (--wrap).
 extern "C" {
 void* __real_realloc(void* Block, std::size_t Size);
+void* __wrap_malloc(std::size_t Size);
 void* __wrap_realloc(void* Block, std::size_t Size);
 void __wrap_free(void* Block);
 
+void* __wrap_malloc(std::size_t Size) {
+    void* block = Allocated(Size);
+    if (block) ++Live;
+    return block;
+}
 void __wrap_free(void* Block) { Release(Block); }
 void* __wrap_realloc(void* Block, std::size_t Size) {
     if (Fails()) return nullptr;
