@@ -1,7 +1,7 @@
 // Akima's curve and the triangular average, against GSL's Akima spline and the direct sum.
 
-#include "analysis/Kxakima.h"
-#include "analysis/Kxsmoothing.h"
+#include <kxgraph/analysis/Kxakima.h>
+#include <kxgraph/analysis/Kxsmoothing.h>
 
 #include <benchmark/benchmark.h>
 #include <gsl/gsl_spline.h>

@@ -1,14 +1,14 @@
 // Bars and arrows: redrawing many of them, and what a bar costs that is appended to a live stack.
 
-#include "graph/Kxgraph2d.h"
-#include "numeric/Kxvector.h"
-#include "platform/application.h"
-#include "platform/form.h"
-#include "platform/frame.h"
-#include "qt/Kxqtdevice.h"
-#include "qt/Kxqtinstall.h"
-#include "series/Kxarrowseries.h"
-#include "series/Kxbarseries.h"
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/numeric/Kxvector.h>
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/qt/Kxqtdevice.h>
+#include <kxgraph/qt/Kxqtinstall.h>
+#include <kxgraph/series/Kxarrowseries.h>
+#include <kxgraph/series/Kxbarseries.h>
 
 #include <QImage>
 #include <QPainter>

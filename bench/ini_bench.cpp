@@ -1,6 +1,6 @@
 // The INI store: keyed access must not scan the file.
 
-#include "persist/Kxlargeini.h"
+#include <kxgraph/persist/Kxlargeini.h>
 
 #include <benchmark/benchmark.h>
 

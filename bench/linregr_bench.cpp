@@ -1,6 +1,6 @@
 // Straight lines through a million points, beside those of GSL, whose running means divide at every point.
 
-#include "analysis/Kxlinregr.h"
+#include <kxgraph/analysis/Kxlinregr.h>
 
 #include <benchmark/benchmark.h>
 #include <gsl/gsl_fit.h>

@@ -2,7 +2,7 @@
 // filling the matrix included. Numbers from pairs of doubles must not be slower than from plain ones solved
 // safely.
 
-#include "analysis/Kxpolyregr.h"
+#include <kxgraph/analysis/Kxpolyregr.h>
 
 #include <Eigen/Dense>
 #include <benchmark/benchmark.h>

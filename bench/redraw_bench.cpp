@@ -1,7 +1,7 @@
 // Redrawing a line of a million points that lie in the columns of one picture: what reduction saves.
 
-#include "qt/Kxqtdevice.h"
-#include "qt/Kxqtinstall.h"
+#include <kxgraph/qt/Kxqtdevice.h>
+#include <kxgraph/qt/Kxqtinstall.h>
 
 #include <QImage>
 #include <QPainter>

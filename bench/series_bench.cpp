@@ -1,11 +1,11 @@
 // Live data: what a point costs that is appended to a pair of vectors with a series on a graph.
 
-#include "graph/Kxgraph2d.h"
-#include "numeric/Kxvector.h"
-#include "platform/application.h"
-#include "platform/form.h"
-#include "platform/frame.h"
-#include "series/Kxdataseries.h"
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/numeric/Kxvector.h>
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/series/Kxdataseries.h>
 
 #include <benchmark/benchmark.h>
 

@@ -2,9 +2,9 @@
 // the same model and the same data; as a bare simplex, and as a fitted line with a function and with a parsed
 // formula.
 
-#include "analysis/Kxsimplex.h"
-#include "formula/Kxformula.h"
-#include "platform/application.h"
+#include <kxgraph/analysis/Kxsimplex.h>
+#include <kxgraph/formula/Kxformula.h>
+#include <kxgraph/platform/host/application.h>
 
 #include <gsl/gsl_multimin.h>
 

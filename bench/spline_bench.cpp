@@ -1,9 +1,9 @@
 // Building the two piecewise cubics from the same points: the approximating spline, where its band system is
 // good (few points in a unit of x) and where it falls back to rotations, beside Akima's interpolation.
 
-#include "analysis/Kxakima.h"
-#include "analysis/Kxapproxspline.h"
-#include "numeric/Kxvector.h"
+#include <kxgraph/analysis/Kxakima.h>
+#include <kxgraph/analysis/Kxapproxspline.h>
+#include <kxgraph/numeric/Kxvector.h>
 
 #include <benchmark/benchmark.h>
 

@@ -1,12 +1,12 @@
 // A cloud of filled circles: one picture stamped at many places, against drawing each circle. Both draw on
 // the same raster at the same places; the pictures are the same (tests/qt).
 
-#include "graph/Kxgraph2d.h"
-#include "platform/application.h"
-#include "platform/form.h"
-#include "qt/Kxqtdevice.h"
-#include "qt/Kxqtinstall.h"
-#include "series/Kxdataseries.h"
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/qt/Kxqtdevice.h>
+#include <kxgraph/qt/Kxqtinstall.h>
+#include <kxgraph/series/Kxdataseries.h>
 
 #include <QImage>
 #include <QPainter>

@@ -1,6 +1,6 @@
 // Appending to vectors: the cost of a value must not depend on how many there are.
 
-#include "numeric/Kxvector.h"
+#include <kxgraph/numeric/Kxvector.h>
 
 #include <benchmark/benchmark.h>
 

@@ -2,14 +2,14 @@
 //
 //     first_graph OUTPUT_DIRECTORY
 
-#include "graph/Kxgraph2d.h"
-#include "numeric/Kxvector.h"
-#include "platform/application.h"
-#include "platform/form.h"
-#include "qt/Kxqtinstall.h"
-#include "qt/Kxqtpicture.h"
-#include "series/Kxdataseries.h"
-#include "svg/Kxsvgdevice.h"
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/numeric/Kxvector.h>
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/qt/Kxqtinstall.h>
+#include <kxgraph/qt/Kxqtpicture.h>
+#include <kxgraph/series/Kxdataseries.h>
+#include <kxgraph/svg/Kxsvgdevice.h>
 
 #include <cmath>
 #include <iostream>

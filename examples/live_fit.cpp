@@ -3,13 +3,13 @@
 //
 //     live_fit OUTPUT_DIRECTORY
 
-#include "analysis/Kxlinearregressionline.h"
-#include "annotation/Kxresultlabel.h"
-#include "platform/application.h"
-#include "platform/form.h"
-#include "platform/timer.h"
-#include "qt/Kxqtinstall.h"
-#include "qt/Kxqtpicture.h"
+#include <kxgraph/analysis/Kxlinearregressionline.h>
+#include <kxgraph/annotation/Kxresultlabel.h>
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/platform/host/timer.h>
+#include <kxgraph/qt/Kxqtinstall.h>
+#include <kxgraph/qt/Kxqtpicture.h>
 
 #include <array>
 #include <iostream>

@@ -2,11 +2,12 @@
 //
 //     kxgraph_scenes OUTPUT_DIRECTORY
 
-#include "platform/canvas.h"
-#include "qt/Kxqtinstall.h"
-#include "qt/Kxqtpicture.h"
 #include "scenes/scenes.h"
-#include "svg/Kxsvgdevice.h"
+
+#include <kxgraph/platform/drawing/canvas.h>
+#include <kxgraph/qt/Kxqtinstall.h>
+#include <kxgraph/qt/Kxqtpicture.h>
+#include <kxgraph/svg/Kxsvgdevice.h>
 
 #include <iostream>
 #include <string>

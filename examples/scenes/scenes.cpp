@@ -1,7 +1,7 @@
 #include "scenes/scenes.h"
 
-#include "annotation/Kxcaption.h"
-#include "series/Kxdraw.h"
+#include <kxgraph/annotation/Kxcaption.h>
+#include <kxgraph/series/Kxdraw.h>
 
 #include <cmath>
 #include <numbers>

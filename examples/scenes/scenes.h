@@ -1,7 +1,7 @@
 #pragma once
 // Pictures that tests, documentation and the demo share: one function a picture.
 
-#include "platform/canvas.h"
+#include <kxgraph/platform/drawing/canvas.h>
 
 namespace kx::scenes {
 

@@ -1,7 +1,7 @@
-#include "analysis/Kxakima.h"
+#include <kxgraph/analysis/Kxakima.h>
 
-#include "analysis/Kxsmoothing.h"
-#include "numeric/Kxsort.h"
+#include <kxgraph/analysis/Kxsmoothing.h>
+#include <kxgraph/numeric/Kxsort.h>
 
 #include <algorithm>
 #include <cmath>

@@ -2,7 +2,7 @@
 // The curve through measured points that H. Akima drew (J. ACM 17 (1970) 589-602): a cubic between each two
 // points, with slopes at the points that follow from five neighbours and do not overshoot as splines do.
 
-#include "analysis/Kxinterpol.h"
+#include <kxgraph/analysis/Kxinterpol.h>
 
 namespace kx {
 

@@ -1,9 +1,9 @@
-#include "analysis/Kxapproxspline.h"
+#include <kxgraph/analysis/Kxapproxspline.h>
 
-#include "analysis/Kxsplinesmoother.h"
-#include "numeric/Kxsort.h"
-#include "numeric/Kxvector.h"
-#include "platform/matherror.h"
+#include <kxgraph/analysis/Kxsplinesmoother.h>
+#include <kxgraph/numeric/Kxsort.h>
+#include <kxgraph/numeric/Kxvector.h>
+#include <kxgraph/platform/base/matherror.h>
 
 #include <algorithm>
 #include <cmath>

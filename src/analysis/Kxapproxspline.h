@@ -1,7 +1,7 @@
 #pragma once
 // The approximating spline: a cubic spline that passes near its points, the nearer the greater their weights.
 
-#include "analysis/Kxinterpol.h"
+#include <kxgraph/analysis/Kxinterpol.h>
 
 namespace kx {
 

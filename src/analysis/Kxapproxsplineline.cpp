@@ -1,4 +1,4 @@
-#include "analysis/Kxapproxsplineline.h"
+#include <kxgraph/analysis/Kxapproxsplineline.h>
 
 namespace kx {
 

@@ -1,8 +1,8 @@
 #pragma once
 // Curves near the points of a series by the approximating spline.
 
-#include "analysis/Kxapproxspline.h"
-#include "analysis/Kxinterpolatedline.h"
+#include <kxgraph/analysis/Kxapproxspline.h>
+#include <kxgraph/analysis/Kxinterpolatedline.h>
 
 namespace kx {
 

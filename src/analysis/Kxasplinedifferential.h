@@ -1,8 +1,8 @@
 #pragma once
 // The derivative of the approximating spline.
 
-#include "analysis/Kxapproxsplineline.h"
-#include "analysis/Kxderivedcurves.h"
+#include <kxgraph/analysis/Kxapproxsplineline.h>
+#include <kxgraph/analysis/Kxderivedcurves.h>
 
 namespace kx {
 

@@ -1,7 +1,7 @@
 #pragma once
 // The running integral of the approximating spline.
 
-#include "analysis/Kxasplinedifferential.h"
+#include <kxgraph/analysis/Kxasplinedifferential.h>
 
 namespace kx {
 

@@ -1,8 +1,8 @@
-#include "analysis/Kxcalculatedseries.h"
+#include <kxgraph/analysis/Kxcalculatedseries.h>
 
-#include "numeric/Kxstrings.h"
-#include "platform/application.h"
-#include "platform/matherror.h"
+#include <kxgraph/numeric/Kxstrings.h>
+#include <kxgraph/platform/base/matherror.h>
+#include <kxgraph/platform/objects/guarded.h>
 
 #include <algorithm>
 #include <new>

@@ -2,7 +2,7 @@
 // The base of all analysis series: curves that are computed from the data of another series, follow it, and
 // write what they found into INI stores, where labels show it.
 
-#include "series/Kxdataseries.h"
+#include <kxgraph/series/Kxdataseries.h>
 
 #include <memory>
 #include <vector>

@@ -1,6 +1,6 @@
 // The curve: where it is sampled, and how it follows the X axis.
 
-#include "analysis/Kxcalculatedseries.h"
+#include <kxgraph/analysis/Kxcalculatedseries.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 // What of a calculated series is kept.
 
-#include "analysis/Kxcalculatedseries.h"
+#include <kxgraph/analysis/Kxcalculatedseries.h>
 
 namespace kx {
 

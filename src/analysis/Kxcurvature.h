@@ -1,7 +1,7 @@
 #pragma once
 // How well the coefficients of a fit are determined, from the curvature of its sum of squares at the minimum.
 
-#include "numeric/Kxconsts.h"
+#include <kxgraph/numeric/Kxconsts.h>
 
 #include <functional>
 #include <span>

@@ -2,9 +2,9 @@
 // What the slope and the integral of a curve have in common, whichever way the curve was made: the bodies of
 // the series of Kxdifferential, Kxintegral and their counterparts of the approximating spline.
 
-#include "analysis/Kxinterpolatedline.h"
-#include "analysis/Kxsecondaryaxis.h"
-#include "platform/matherror.h"
+#include <kxgraph/analysis/Kxinterpolatedline.h>
+#include <kxgraph/analysis/Kxsecondaryaxis.h>
+#include <kxgraph/platform/base/matherror.h>
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #pragma once
 // The derivative of a series.
 
-#include "analysis/Kxderivedcurves.h"
+#include <kxgraph/analysis/Kxderivedcurves.h>
 
 namespace kx {
 

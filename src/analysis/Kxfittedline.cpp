@@ -1,8 +1,8 @@
-#include "analysis/Kxfittedline.h"
+#include <kxgraph/analysis/Kxfittedline.h>
 
-#include "analysis/Kxakima.h"
-#include "analysis/Kxcurvature.h"
-#include "analysis/Kxsimplex.h"
+#include <kxgraph/analysis/Kxakima.h>
+#include <kxgraph/analysis/Kxcurvature.h>
+#include <kxgraph/analysis/Kxsimplex.h>
 
 #include <algorithm>
 #include <cmath>

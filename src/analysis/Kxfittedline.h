@@ -1,7 +1,7 @@
 #pragma once
 // Any model fitted to the points of a series by the downhill simplex.
 
-#include "analysis/Kxcalculatedseries.h"
+#include <kxgraph/analysis/Kxcalculatedseries.h>
 
 #include <cmath>
 #include <functional>

@@ -1,8 +1,8 @@
 // What a fit tells of its results, publishes and keeps.
 
-#include "analysis/Kxfittedline.h"
-#include "numeric/Kxstrings.h"
-#include "platform/text.h"
+#include <kxgraph/analysis/Kxfittedline.h>
+#include <kxgraph/numeric/Kxstrings.h>
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 #include <cmath>

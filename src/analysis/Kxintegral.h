@@ -1,7 +1,7 @@
 #pragma once
 // The running integral of a series.
 
-#include "analysis/Kxdifferential.h"
+#include <kxgraph/analysis/Kxdifferential.h>
 
 namespace kx {
 

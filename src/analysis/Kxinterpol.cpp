@@ -1,4 +1,4 @@
-#include "analysis/Kxinterpol.h"
+#include <kxgraph/analysis/Kxinterpol.h>
 
 #include <cmath>
 #include <functional>

@@ -2,7 +2,7 @@
 // Piecewise cubic curves: evaluation, slope, curvature and running integral, and their extrema. How a curve
 // comes to its coefficients is the matter of the descendants.
 
-#include "numeric/Kxvector.h"
+#include <kxgraph/numeric/Kxvector.h>
 
 #include <algorithm>
 #include <vector>

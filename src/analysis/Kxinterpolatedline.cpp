@@ -1,4 +1,4 @@
-#include "analysis/Kxinterpolatedline.h"
+#include <kxgraph/analysis/Kxinterpolatedline.h>
 
 namespace kx {
 

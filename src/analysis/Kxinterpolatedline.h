@@ -1,8 +1,8 @@
 #pragma once
 // Curves through the points of a series by Akima's method.
 
-#include "analysis/Kxakima.h"
-#include "analysis/Kxcalculatedseries.h"
+#include <kxgraph/analysis/Kxakima.h>
+#include <kxgraph/analysis/Kxcalculatedseries.h>
 
 #include <memory>
 

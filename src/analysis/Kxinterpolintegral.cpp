@@ -1,6 +1,6 @@
 // The running integral of the curve, and its extrema.
 
-#include "analysis/Kxinterpol.h"
+#include <kxgraph/analysis/Kxinterpol.h>
 
 #include <cmath>
 #include <limits>

@@ -1,7 +1,7 @@
-#include "analysis/Kxlinearregressionline.h"
+#include <kxgraph/analysis/Kxlinearregressionline.h>
 
-#include "numeric/Kxarithm.h"
-#include "persist/Kxoutfit.h"
+#include <kxgraph/numeric/Kxarithm.h>
+#include <kxgraph/persist/Kxoutfit.h>
 
 #include <cmath>
 #include <limits>

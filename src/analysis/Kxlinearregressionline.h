@@ -1,8 +1,8 @@
 #pragma once
 // A straight line fitted to the points of a series, in the space that its axes show.
 
-#include "analysis/Kxcalculatedseries.h"
-#include "analysis/Kxlinregr.h"
+#include <kxgraph/analysis/Kxcalculatedseries.h>
+#include <kxgraph/analysis/Kxlinregr.h>
 
 #include <vector>
 

@@ -1,7 +1,7 @@
-#include "analysis/Kxlinregr.h"
+#include <kxgraph/analysis/Kxlinregr.h>
 
-#include "analysis/Kxlinregrblocks.h"
-#include "platform/exceptions.h"
+#include <kxgraph/analysis/Kxlinregrblocks.h>
+#include <kxgraph/platform/base/exceptions.h>
 
 #include <algorithm>
 #include <cmath>

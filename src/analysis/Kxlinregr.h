@@ -11,8 +11,8 @@
 // put together for the whole by the shift rules of moments (Chan, Golub, LeVeque, The American Statistician
 // 37 (1983) 242, taken on to residuals), with compensated sums. The slope is corrected once by the residuals.
 
-#include "analysis/Kxweightmeaning.h"
-#include "numeric/Kxvector.h"
+#include <kxgraph/analysis/Kxweightmeaning.h>
+#include <kxgraph/numeric/Kxvector.h>
 
 #include <span>
 

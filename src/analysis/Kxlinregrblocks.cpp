@@ -1,4 +1,4 @@
-#include "analysis/Kxlinregrblocks.h"
+#include <kxgraph/analysis/Kxlinregrblocks.h>
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
-#include "analysis/Kxmatrix.h"
+#include <kxgraph/analysis/Kxmatrix.h>
 
-#include "platform/matherror.h"
+#include <kxgraph/platform/base/matherror.h>
 
 #include <algorithm>
 #include <cmath>

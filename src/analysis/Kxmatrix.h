@@ -2,8 +2,8 @@
 // Matrices as arrays of rows, and two solvers of linear systems: one for band matrices in double precision,
 // one for symmetric positive definite matrices in pairs of doubles.
 
-#include "numeric/Kxconsts.h"
-#include "numeric/Kxdoubled.h"
+#include <kxgraph/numeric/Kxconsts.h>
+#include <kxgraph/numeric/Kxdoubled.h>
 
 #include <memory>
 #include <span>

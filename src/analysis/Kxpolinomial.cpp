@@ -1,7 +1,7 @@
-#include "analysis/Kxpolinomial.h"
+#include <kxgraph/analysis/Kxpolinomial.h>
 
-#include "numeric/Kxstrings.h"
-#include "persist/Kxoutfit.h"
+#include <kxgraph/numeric/Kxstrings.h>
+#include <kxgraph/persist/Kxoutfit.h>
 
 #include <algorithm>
 #include <limits>

@@ -1,8 +1,8 @@
 #pragma once
 // A polynomial fitted to the points of a series.
 
-#include "analysis/Kxcalculatedseries.h"
-#include "analysis/Kxpolyregr.h"
+#include <kxgraph/analysis/Kxcalculatedseries.h>
+#include <kxgraph/analysis/Kxpolyregr.h>
 
 namespace kx {
 

@@ -1,7 +1,7 @@
-#include "analysis/Kxpolyregr.h"
+#include <kxgraph/analysis/Kxpolyregr.h>
 
-#include "analysis/Kxmatrix.h"
-#include "analysis/Kxpolyregrsums.h"
+#include <kxgraph/analysis/Kxmatrix.h>
+#include <kxgraph/analysis/Kxpolyregrsums.h>
 
 #include <algorithm>
 #include <cmath>

@@ -10,8 +10,8 @@
 // coefficients in x follow from there and are rounded last. What is still too near to singular for that
 // raises rather than giving a polynomial through rounding noise.
 
-#include "analysis/Kxweightmeaning.h"
-#include "numeric/Kxvector.h"
+#include <kxgraph/analysis/Kxweightmeaning.h>
+#include <kxgraph/numeric/Kxvector.h>
 
 #include <span>
 

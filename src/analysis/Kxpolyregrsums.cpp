@@ -1,4 +1,4 @@
-#include "analysis/Kxpolyregrsums.h"
+#include <kxgraph/analysis/Kxpolyregrsums.h>
 
 #include <algorithm>
 #include <cmath>

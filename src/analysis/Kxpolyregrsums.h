@@ -3,7 +3,7 @@
 // points block by block: those that take part are gathered into a small buffer, so no copy of the data is
 // made.
 
-#include "numeric/Kxdoubled.h"
+#include <kxgraph/numeric/Kxdoubled.h>
 
 #include <cstddef>
 #include <span>

@@ -1,4 +1,4 @@
-#include "analysis/Kxsecondaryaxis.h"
+#include <kxgraph/analysis/Kxsecondaryaxis.h>
 
 namespace kx {
 

@@ -1,7 +1,7 @@
 #pragma once
 // The Y axis of a derived quantity: a derivative or an integral has other units than its parent.
 
-#include "analysis/Kxcalculatedseries.h"
+#include <kxgraph/analysis/Kxcalculatedseries.h>
 
 namespace kx {
 

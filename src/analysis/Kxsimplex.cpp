@@ -1,6 +1,6 @@
-#include "analysis/Kxsimplex.h"
+#include <kxgraph/analysis/Kxsimplex.h>
 
-#include "platform/exceptions.h"
+#include <kxgraph/platform/base/exceptions.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
-#include "analysis/Kxsmoothing.h"
+#include <kxgraph/analysis/Kxsmoothing.h>
 
-#include "numeric/Kxdoubled.h"
-#include "platform/matherror.h"
+#include <kxgraph/numeric/Kxdoubled.h>
+#include <kxgraph/platform/base/matherror.h>
 
 #include <algorithm>
 #include <cmath>

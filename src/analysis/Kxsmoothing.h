@@ -1,7 +1,7 @@
 #pragma once
 // The triangular moving average of unevenly spaced points.
 
-#include "numeric/Kxconsts.h"
+#include <kxgraph/numeric/Kxconsts.h>
 
 namespace kx {
 

@@ -1,4 +1,4 @@
-#include "analysis/Kxsplinesmoother.h"
+#include <kxgraph/analysis/Kxsplinesmoother.h>
 
 #include <algorithm>
 #include <array>

@@ -9,10 +9,10 @@
 // case. An escape swallows one blank that follows it directly. A backslash before any other character is
 // dropped. A character is a code point: all lengths, positions and indices count those.
 
-#include "platform/canvas.h"
-#include "platform/dynarray.h"
-#include "platform/properties.h"
-#include "platform/text.h"
+#include <kxgraph/platform/base/dynarray.h>
+#include <kxgraph/platform/drawing/canvas.h>
+#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/text/text.h>
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 // Measuring and painting captions, one character at a time: that makes the position of each of them exact,
 // at every angle.
 
-#include "annotation/Kxcaption.h"
+#include <kxgraph/annotation/Kxcaption.h>
 
 #include <cmath>
 #include <numbers>

@@ -1,6 +1,6 @@
 // From a caption to its pieces, and from plain text to a caption.
 
-#include "annotation/Kxcaption.h"
+#include <kxgraph/annotation/Kxcaption.h>
 
 #include <optional>
 

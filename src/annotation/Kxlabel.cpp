@@ -1,4 +1,4 @@
-#include "annotation/Kxlabel.h"
+#include <kxgraph/annotation/Kxlabel.h>
 
 #include <algorithm>
 

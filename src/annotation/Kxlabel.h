@@ -1,8 +1,8 @@
 #pragma once
 // Labels: controls that show one rich caption at any angle and fit themselves to it.
 
-#include "annotation/Kxcaption.h"
-#include "platform/customlabel.h"
+#include <kxgraph/annotation/Kxcaption.h>
+#include <kxgraph/platform/controls/customlabel.h>
 
 namespace kx {
 

@@ -1,4 +1,4 @@
-#include "annotation/Kxlegend.h"
+#include <kxgraph/annotation/Kxlegend.h>
 
 #include <algorithm>
 #include <set>

@@ -2,11 +2,11 @@
 // Legends: controls that tell which series of a graph is which. Each entry is a sample, which the series
 // draws itself, and the series' caption.
 
-#include "annotation/Kxcaption.h"
-#include "graph/Kxgraph2d.h"
-#include "graph/Kxgraphitems.h"
-#include "platform/controls.h"
-#include "series/Kxdraw.h"
+#include <kxgraph/annotation/Kxcaption.h>
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/graph/Kxgraphitems.h>
+#include <kxgraph/platform/controls/controls.h>
+#include <kxgraph/series/Kxdraw.h>
 
 #include <memory>
 #include <optional>

@@ -1,6 +1,6 @@
 // Columns and lines of the entries, and the legend's place on its graph.
 
-#include "annotation/Kxlegend.h"
+#include <kxgraph/annotation/Kxlegend.h>
 
 #include <algorithm>
 

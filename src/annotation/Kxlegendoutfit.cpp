@@ -1,7 +1,7 @@
 // What of a legend is kept: published properties, and the keys of the INI store.
 
-#include "annotation/Kxlegend.h"
-#include "persist/Kxoutfit.h"
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/persist/Kxoutfit.h>
 
 namespace kx {
 

@@ -1,6 +1,6 @@
-#include "annotation/Kxlegend.h"
+#include <kxgraph/annotation/Kxlegend.h>
 
-#include "platform/application.h"
+#include <kxgraph/platform/objects/guarded.h>
 
 namespace kx {
 

@@ -1,6 +1,6 @@
-#include "annotation/Kxresultlabel.h"
+#include <kxgraph/annotation/Kxresultlabel.h>
 
-#include "numeric/Kxstrings.h"
+#include <kxgraph/numeric/Kxstrings.h>
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 // Labels that show a result of an analysis series and stay true to it.
 
-#include "analysis/Kxcalculatedseries.h"
-#include "annotation/Kxlabel.h"
+#include <kxgraph/analysis/Kxcalculatedseries.h>
+#include <kxgraph/annotation/Kxlabel.h>
 
 namespace kx {
 

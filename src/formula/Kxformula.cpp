@@ -1,6 +1,6 @@
-#include "formula/Kxformula.h"
+#include <kxgraph/formula/Kxformula.h>
 
-#include "platform/text.h"
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 #include <cmath>

@@ -6,7 +6,7 @@
 // sqrt; the point is the decimal separator and the comma the argument separator whatever the locale; x is the
 // variable, pi and e are known. Every other name is a coefficient.
 
-#include "analysis/Kxfittedline.h"
+#include <kxgraph/analysis/Kxfittedline.h>
 
 #include <memory>
 #include <span>

@@ -1,7 +1,6 @@
-#include "graph/Kxaxis.h"
+#include <kxgraph/graph/Kxaxis.h>
 
-#include "numeric/Kxconsts.h"
-#include "platform/application.h"
+#include <kxgraph/numeric/Kxconsts.h>
 
 namespace kx {
 

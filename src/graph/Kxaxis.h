@@ -3,13 +3,13 @@
 // to pixels, the zoom stack, the caption beside it, and the outfit. What is pure lives in Kxscale and
 // Kxticks.
 
-#include "annotation/Kxlabel.h"
-#include "graph/Kxgraphlayout.h"
-#include "graph/Kxscale.h"
-#include "graph/Kxticks.h"
-#include "numeric/Kxrange.h"
-#include "persist/Kxlargeini.h"
-#include "platform/controls.h"
+#include <kxgraph/annotation/Kxlabel.h>
+#include <kxgraph/graph/Kxgraphlayout.h>
+#include <kxgraph/graph/Kxscale.h>
+#include <kxgraph/graph/Kxticks.h>
+#include <kxgraph/numeric/Kxrange.h>
+#include <kxgraph/persist/Kxlargeini.h>
+#include <kxgraph/platform/controls/controls.h>
 
 #include <memory>
 #include <span>

@@ -1,6 +1,6 @@
 // Tick labels, exponent label and caption: their texts come from Kxticks, here they are measured and placed.
 
-#include "graph/Kxaxis.h"
+#include <kxgraph/graph/Kxaxis.h>
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 // What of an axis is kept: the published properties, and the outfit.
 
-#include "graph/Kxaxis.h"
+#include <kxgraph/graph/Kxaxis.h>
 
-#include "persist/Kxoutfit.h"
+#include <kxgraph/persist/Kxoutfit.h>
 
 namespace kx {
 

@@ -1,7 +1,7 @@
-#include "graph/Kxaxis.h"
+#include <kxgraph/graph/Kxaxis.h>
 
-#include "platform/application.h"
-#include "series/Kxdraw.h"
+#include <kxgraph/platform/objects/guarded.h>
+#include <kxgraph/series/Kxdraw.h>
 
 namespace kx {
 

@@ -1,7 +1,7 @@
 // What the axis shows: the ends that were set or that the data made, the views that were zoomed to, and the
 // round ends that are made of the one in force.
 
-#include "graph/Kxaxis.h"
+#include <kxgraph/graph/Kxaxis.h>
 
 namespace kx {
 

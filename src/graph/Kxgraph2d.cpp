@@ -1,8 +1,8 @@
-#include "graph/Kxgraph2dupdate.h"
+#include <kxgraph/graph/Kxgraph2dupdate.h>
 
-#include "platform/application.h"
-#include "platform/frame.h"
-#include "platform/scopedvalue.h"
+#include <kxgraph/platform/base/scopedvalue.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/host/application.h>
 
 #include <algorithm>
 #include <iterator>

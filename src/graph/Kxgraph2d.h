@@ -2,11 +2,11 @@
 // The graph control: coordinates axes and series, owns the drawing world that the series are drawn on, the
 // frame and grid lines and the title.
 
-#include "annotation/Kxlabel.h"
-#include "graph/Kxaxis.h"
-#include "graph/Kxgraphitems.h"
-#include "platform/recording.h"
-#include "series/Kxdraw.h"
+#include <kxgraph/annotation/Kxlabel.h>
+#include <kxgraph/graph/Kxaxis.h>
+#include <kxgraph/graph/Kxgraphitems.h>
+#include <kxgraph/platform/drawing/recording.h>
+#include <kxgraph/series/Kxdraw.h>
 
 #include <memory>
 #include <optional>

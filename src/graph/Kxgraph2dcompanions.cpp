@@ -1,6 +1,6 @@
 // Companions: who is told, the room that they are given, and their part of the outfit.
 
-#include "graph/Kxgraph2d.h"
+#include <kxgraph/graph/Kxgraph2d.h>
 
 #include <algorithm>
 

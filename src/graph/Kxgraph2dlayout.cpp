@@ -1,7 +1,7 @@
 // The layout pass: ends and ticks of all axes, then the places of title, axes and drawing world.
 
-#include "graph/Kxgraph2dupdate.h"
-#include "platform/scopedvalue.h"
+#include <kxgraph/graph/Kxgraph2dupdate.h>
+#include <kxgraph/platform/base/scopedvalue.h>
 
 #include <algorithm>
 #include <iterator>

@@ -1,9 +1,9 @@
 // What of the graph is kept: the published properties, and the outfit with those of its axes, series
 // and companions.
 
-#include "graph/Kxgraph2d.h"
+#include <kxgraph/graph/Kxgraph2d.h>
 
-#include "persist/Kxoutfit.h"
+#include <kxgraph/persist/Kxoutfit.h>
 
 namespace kx {
 

@@ -1,6 +1,6 @@
-#include "graph/Kxgraph2d.h"
+#include <kxgraph/graph/Kxgraph2d.h>
 
-#include "platform/application.h"
+#include <kxgraph/platform/objects/guarded.h>
 
 namespace kx {
 

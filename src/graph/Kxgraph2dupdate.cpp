@@ -1,10 +1,10 @@
 // Brackets of a program that changes much at once: what is painted meanwhile, and the frame after them.
 
-#include "graph/Kxgraph2dupdate.h"
+#include <kxgraph/graph/Kxgraph2dupdate.h>
 
-#include "platform/application.h"
-#include "platform/frame.h"
-#include "platform/scopedvalue.h"
+#include <kxgraph/platform/base/scopedvalue.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/host/application.h>
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 // The bracket that the graph itself sets while it calculates. For the sources of the graph only.
 
-#include "graph/Kxgraph2d.h"
+#include <kxgraph/graph/Kxgraph2d.h>
 
 namespace kx {
 

@@ -1,9 +1,9 @@
 // The drawing world: paints the series, drags the zoom rectangle.
 
-#include "graph/Kxgraph2d.h"
+#include <kxgraph/graph/Kxgraph2d.h>
 
-#include "numeric/Kxarithm.h"
-#include "platform/application.h"
+#include <kxgraph/numeric/Kxarithm.h>
+#include <kxgraph/platform/objects/guarded.h>
 
 #include <algorithm>
 

@@ -2,12 +2,12 @@
 // What a graph needs to know of its neighbours from above: series, and companions such as legends. Shells
 // without data, so that the graph names no concrete class.
 
-#include "graph/Kxscale.h"
-#include "persist/Kxlargeini.h"
-#include "platform/canvas.h"
-#include "platform/component.h"
-#include "platform/text.h"
-#include "series/Kxdraw.h"
+#include <kxgraph/graph/Kxscale.h>
+#include <kxgraph/persist/Kxlargeini.h>
+#include <kxgraph/platform/drawing/canvas.h>
+#include <kxgraph/platform/objects/component.h>
+#include <kxgraph/platform/text/text.h>
+#include <kxgraph/series/Kxdraw.h>
 
 #include <string>
 #include <vector>

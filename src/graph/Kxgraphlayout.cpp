@@ -1,4 +1,4 @@
-#include "graph/Kxgraphlayout.h"
+#include <kxgraph/graph/Kxgraphlayout.h>
 
 #include <algorithm>
 #include <cmath>

@@ -2,8 +2,8 @@
 // Where title, axes and drawing world stand on a graph: sizes in, rectangles out. Knows no control and no
 // canvas; all numbers are pixels of the graph.
 
-#include "graph/Kxscale.h"
-#include "platform/geometry.h"
+#include <kxgraph/graph/Kxscale.h>
+#include <kxgraph/platform/drawing/geometry.h>
 
 #include <optional>
 #include <vector>

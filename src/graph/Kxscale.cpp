@@ -1,8 +1,8 @@
-#include "graph/Kxscale.h"
+#include <kxgraph/graph/Kxscale.h>
 
-#include "numeric/Kxarithm.h"
-#include "numeric/Kxconsts.h"
-#include "platform/exceptions.h"
+#include <kxgraph/numeric/Kxarithm.h>
+#include <kxgraph/numeric/Kxconsts.h>
+#include <kxgraph/platform/base/exceptions.h>
 
 #include <algorithm>
 #include <bit>

@@ -2,8 +2,8 @@
 // The scale of an axis as values: round ends and tick steps from the extent of the data, and the one map
 // between values and pixels. No settings file, no canvas, no component.
 
-#include "platform/geometry.h"
-#include "platform/properties.h"
+#include <kxgraph/platform/drawing/geometry.h>
+#include <kxgraph/platform/objects/properties.h>
 
 #include <array>
 #include <cstddef>

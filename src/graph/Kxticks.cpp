@@ -1,7 +1,7 @@
-#include "graph/Kxticks.h"
+#include <kxgraph/graph/Kxticks.h>
 
-#include "numeric/Kxarithm.h"
-#include "platform/numbertext.h"
+#include <kxgraph/numeric/Kxarithm.h>
+#include <kxgraph/platform/text/numbertext.h>
 
 #include <algorithm>
 #include <cmath>

@@ -2,8 +2,8 @@
 // Ticks and labels of an axis as values. Pixels here are offsets from the start of the axis: from the left
 // end of a horizontal one, from the bottom of a vertical one (y = AxisLength - offset).
 
-#include "graph/Kxscale.h"
-#include "numeric/Kxconsts.h"
+#include <kxgraph/graph/Kxscale.h>
+#include <kxgraph/numeric/Kxconsts.h>
 
 #include <span>
 #include <string>

@@ -1,7 +1,7 @@
-#include "numeric/Kxarithm.h"
+#include <kxgraph/numeric/Kxarithm.h>
 
-#include "platform/matherror.h"
-#include "platform/numbertext.h"
+#include <kxgraph/platform/base/matherror.h>
+#include <kxgraph/platform/text/numbertext.h>
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #pragma once
 // Decimal exponents and rounding to round values, on a linear or a logarithmic scale. Free of state.
 
-#include "numeric/Kxconsts.h"
+#include <kxgraph/numeric/Kxconsts.h>
 
 #include <utility>
 

@@ -1,6 +1,6 @@
-#include "numeric/Kxconsts.h"
+#include <kxgraph/numeric/Kxconsts.h>
 
-#include "platform/files.h"
+#include <kxgraph/platform/text/files.h>
 
 namespace kx {
 

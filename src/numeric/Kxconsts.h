@@ -2,10 +2,10 @@
 // The array, record and event types that all units pass around, the tolerance for equal doubles, and where
 // the program keeps its per-user settings.
 
-#include "platform/dynarray.h"
-#include "platform/event.h"
-#include "platform/exceptions.h"
-#include "platform/geometry.h"
+#include <kxgraph/platform/base/dynarray.h>
+#include <kxgraph/platform/base/event.h>
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/drawing/geometry.h>
 
 #include <cstdint>
 #include <string>

@@ -12,7 +12,7 @@
 //
 // All but Sqrt is written for a double and for a vector of doubles that the compiler knows arithmetic for.
 
-#include "platform/matherror.h"
+#include <kxgraph/platform/base/matherror.h>
 
 #include <cmath>
 #include <compare>

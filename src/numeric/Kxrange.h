@@ -1,9 +1,9 @@
 #pragma once
 // The extent of data: a start and a stop that report their changes, and lists of such ranges.
 
-#include "numeric/Kxconsts.h"
-#include "platform/lists.h"
-#include "platform/properties.h"
+#include <kxgraph/numeric/Kxconsts.h>
+#include <kxgraph/platform/objects/lists.h>
+#include <kxgraph/platform/objects/properties.h>
 
 namespace kx {
 

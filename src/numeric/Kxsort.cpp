@@ -1,4 +1,4 @@
-#include "numeric/Kxsort.h"
+#include <kxgraph/numeric/Kxsort.h>
 
 #include <bit>
 #include <cassert>

@@ -1,7 +1,7 @@
 #pragma once
 // Sorting of an X array that carries one or two arrays along.
 
-#include "numeric/Kxconsts.h"
+#include <kxgraph/numeric/Kxconsts.h>
 
 namespace kx {
 

@@ -1,8 +1,8 @@
-#include "numeric/Kxstrings.h"
+#include <kxgraph/numeric/Kxstrings.h>
 
-#include "numeric/Kxarithm.h"
-#include "platform/exceptions.h"
-#include "platform/numbertext.h"
+#include <kxgraph/numeric/Kxarithm.h>
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/text/numbertext.h>
 
 #include <algorithm>
 #include <cmath>

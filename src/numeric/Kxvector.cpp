@@ -1,7 +1,7 @@
-#include "numeric/Kxvector.h"
+#include <kxgraph/numeric/Kxvector.h>
 
-#include "platform/application.h"
-#include "platform/scopedvalue.h"
+#include <kxgraph/platform/base/scopedvalue.h>
+#include <kxgraph/platform/objects/ownthread.h>
 
 #include <algorithm>
 #include <climits>

@@ -2,9 +2,9 @@
 // Vectors: the containers of measured numbers, with listeners that hear of changes, and two small working
 // arrays of points and integers. Vectors are named components; series refer to them without owning them.
 
-#include "numeric/Kxconsts.h"
-#include "platform/component.h"
-#include "platform/exceptions.h"
+#include <kxgraph/numeric/Kxconsts.h>
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/objects/component.h>
 
 #include <span>
 #include <string_view>

@@ -1,7 +1,7 @@
-#include "persist/Kxiniindex.h"
+#include <kxgraph/persist/Kxiniindex.h>
 
-#include "platform/exceptions.h"
-#include "platform/text.h"
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 #include <functional>

@@ -1,9 +1,9 @@
-#include "persist/Kxlargeini.h"
+#include <kxgraph/persist/Kxlargeini.h>
 
-#include "numeric/Kxstrings.h"
-#include "platform/application.h"
-#include "platform/files.h"
-#include "platform/text.h"
+#include <kxgraph/numeric/Kxstrings.h>
+#include <kxgraph/platform/objects/guarded.h>
+#include <kxgraph/platform/text/files.h>
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 #include <exception>

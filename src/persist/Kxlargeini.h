@@ -7,10 +7,10 @@
 // value); sections are separated by empty lines. Names ignore the case of ASCII letters; of two sections of
 // one name the first counts. Real numbers are always written with a point.
 
-#include "numeric/Kxvector.h"
-#include "persist/Kxiniindex.h"
-#include "platform/exceptions.h"
-#include "platform/lists.h"
+#include <kxgraph/numeric/Kxvector.h>
+#include <kxgraph/persist/Kxiniindex.h>
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/objects/lists.h>
 
 #include <cstdint>
 #include <string>

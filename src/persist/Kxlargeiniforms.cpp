@@ -1,9 +1,9 @@
 // The place of forms, and references to components, in a store.
 
-#include "persist/Kxlargeini.h"
-#include "persist/Kxoutfit.h"
-#include "platform/application.h"
-#include "platform/form.h"
+#include <kxgraph/persist/Kxlargeini.h>
+#include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/host/application.h>
 
 namespace kx {
 

@@ -1,8 +1,8 @@
 // Fonts, line styles and area styles in a store.
 
-#include "persist/Kxoutfit.h"
-#include "platform/graphics.h"
-#include "series/Kxdraw.h"
+#include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/platform/drawing/graphics.h>
+#include <kxgraph/series/Kxdraw.h>
 
 namespace kx {
 

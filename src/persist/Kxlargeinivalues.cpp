@@ -1,9 +1,9 @@
 // Numbers in a store: one or several in a value.
 
-#include "numeric/Kxstrings.h"
-#include "persist/Kxlargeini.h"
-#include "platform/exceptions.h"
-#include "platform/text.h"
+#include <kxgraph/numeric/Kxstrings.h>
+#include <kxgraph/persist/Kxlargeini.h>
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 

@@ -10,8 +10,8 @@
 //         return table;
 //     }
 
-#include "persist/Kxlargeini.h"
-#include "platform/properties.h"
+#include <kxgraph/persist/Kxlargeini.h>
+#include <kxgraph/platform/objects/properties.h>
 
 #include <functional>
 #include <string>

@@ -1,4 +1,4 @@
-#include "qt/Kxqtclip.h"
+#include <kxgraph/qt/Kxqtclip.h>
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
-#include "qt/Kxqtdevice.h"
+#include <kxgraph/qt/Kxqtdevice.h>
 
-#include "platform/reduction.h"
-#include "qt/Kxqtclip.h"
-#include "qt/Kxqtlines.h"
+#include <kxgraph/platform/drawing/reduction.h>
+#include <kxgraph/qt/Kxqtclip.h>
+#include <kxgraph/qt/Kxqtlines.h>
 
 #include <QImage>
 #include <QPaintEngine>

@@ -1,8 +1,8 @@
 #pragma once
 // The device that paints through a QPainter: raster image, PDF page, later window and printer.
 
-#include "platform/device.h"
-#include "qt/Kxqtfont.h"
+#include <kxgraph/platform/drawing/device.h>
+#include <kxgraph/qt/Kxqtfont.h>
 
 #include <QPainter>
 #include <QPointF>

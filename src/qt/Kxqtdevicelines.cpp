@@ -1,7 +1,7 @@
-#include "platform/reduction.h"
-#include "qt/Kxqtclip.h"
-#include "qt/Kxqtdevice.h"
-#include "qt/Kxqtlines.h"
+#include <kxgraph/platform/drawing/reduction.h>
+#include <kxgraph/qt/Kxqtclip.h>
+#include <kxgraph/qt/Kxqtdevice.h>
+#include <kxgraph/qt/Kxqtlines.h>
 
 #include <QPen>
 

@@ -1,6 +1,6 @@
-#include "platform/recording.h"
-#include "platform/shifting.h"
-#include "qt/Kxqtdevice.h"
+#include <kxgraph/platform/drawing/recording.h>
+#include <kxgraph/platform/drawing/shifting.h>
+#include <kxgraph/qt/Kxqtdevice.h>
 
 #include <QImage>
 

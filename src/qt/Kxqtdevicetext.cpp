@@ -1,6 +1,6 @@
-#include "platform/text.h"
-#include "qt/Kxqtdevice.h"
-#include "qt/Kxqthost.h"
+#include <kxgraph/platform/text/text.h>
+#include <kxgraph/qt/Kxqtdevice.h>
+#include <kxgraph/qt/Kxqthost.h>
 
 namespace kx::qt {
 

@@ -1,6 +1,6 @@
-#include "qt/Kxqtfont.h"
+#include <kxgraph/qt/Kxqtfont.h>
 
-#include "platform/text.h"
+#include <kxgraph/platform/text/text.h>
 
 #include <QCoreApplication>
 #include <QFontDatabase>

@@ -2,7 +2,7 @@
 // Fonts: which installed family stands for a name, and metrics that are looked up once per face and
 // character. The metrics are those of the screen at 96 per inch, whole pixels, hinted; layout uses no others.
 
-#include "platform/device.h"
+#include <kxgraph/platform/drawing/device.h>
 
 #include <QFont>
 

@@ -1,8 +1,8 @@
-#include "qt/Kxqthost.h"
+#include <kxgraph/qt/Kxqthost.h>
 
-#include "platform/application.h"
-#include "platform/exceptions.h"
-#include "qt/Kxqtfont.h"
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/qt/Kxqtfont.h>
 
 namespace kx::qt {
 

@@ -2,7 +2,7 @@
 // The host that measures with real fonts. It opens no windows of its own: windows, timers and clipboard are
 // those of the headless host, so that frames can be painted into pictures.
 
-#include "platform/headlesshost.h"
+#include <kxgraph/platform/host/headlesshost.h>
 
 namespace kx::qt {
 

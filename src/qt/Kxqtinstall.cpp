@@ -1,7 +1,8 @@
-#include "qt/Kxqtinstall.h"
+#include <kxgraph/qt/Kxqtinstall.h>
 
-#include "platform/application.h"
-#include "qt/Kxqthost.h"
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/qt/Kxqthost.h>
 
 #include <QGuiApplication>
 

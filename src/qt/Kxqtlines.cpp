@@ -1,4 +1,4 @@
-#include "qt/Kxqtlines.h"
+#include <kxgraph/qt/Kxqtlines.h>
 
 #include <array>
 #include <cstdlib>

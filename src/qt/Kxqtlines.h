@@ -2,8 +2,8 @@
 // Scan conversion of lines one device pixel wide. The painter's own thin lines leave out the right or lower
 // end, whichever way they run; these leave out the last pixel, and a clip never moves a pixel.
 
-#include "platform/geometry.h"
-#include "platform/graphics.h"
+#include <kxgraph/platform/drawing/geometry.h>
+#include <kxgraph/platform/drawing/graphics.h>
 
 #include <QRect>
 

@@ -1,10 +1,10 @@
-#include "qt/Kxqtpicture.h"
+#include <kxgraph/qt/Kxqtpicture.h>
 
-#include "platform/exceptions.h"
-#include "platform/files.h"
-#include "platform/text.h"
-#include "qt/Kxqtdevice.h"
-#include "qt/Kxqthost.h"
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/text/files.h>
+#include <kxgraph/platform/text/text.h>
+#include <kxgraph/qt/Kxqtdevice.h>
+#include <kxgraph/qt/Kxqthost.h>
 
 #include <QBuffer>
 #include <QImage>

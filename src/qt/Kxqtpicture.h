@@ -1,7 +1,7 @@
 #pragma once
 // Pictures in files: PNG and PDF. A file is replaced as a whole or left as it was.
 
-#include "platform/device.h"
+#include <kxgraph/platform/drawing/device.h>
 
 #include <functional>
 #include <string>

@@ -1,8 +1,8 @@
-#include "series/Kxarrowseries.h"
+#include <kxgraph/series/Kxarrowseries.h>
 
-#include "persist/Kxoutfit.h"
-#include "series/Kxextents.h"
-#include "series/Kxmarks.h"
+#include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/series/Kxextents.h>
+#include <kxgraph/series/Kxmarks.h>
 
 #include <algorithm>
 #include <cmath>

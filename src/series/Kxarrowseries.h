@@ -1,7 +1,7 @@
 #pragma once
 // Vector fields: an arrow at each point.
 
-#include "series/Kxdataseries.h"
+#include <kxgraph/series/Kxdataseries.h>
 
 namespace kx {
 

@@ -3,9 +3,9 @@
 // how deep it is drawn. Pure: no series, no canvas. All positions are pixels as axes give them (x to the
 // right, y downwards).
 
-#include "graph/Kxscale.h"
-#include "platform/colors.h"
-#include "platform/geometry.h"
+#include <kxgraph/graph/Kxscale.h>
+#include <kxgraph/platform/drawing/geometry.h>
+#include <kxgraph/platform/text/colors.h>
 
 #include <span>
 

@@ -1,4 +1,4 @@
-#include "series/Kxbarseries.h"
+#include <kxgraph/series/Kxbarseries.h>
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 // Series of bars between bin edges, such as histograms: upright or lying, flat or as boxes, beside or on top
 // of the bars of other series.
 
-#include "series/Kxbargeometry.h"
-#include "series/Kxdataseries.h"
+#include <kxgraph/series/Kxbargeometry.h>
+#include <kxgraph/series/Kxdataseries.h>
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 // Painting of bars.
 
-#include "series/Kxbarseries.h"
+#include <kxgraph/series/Kxbarseries.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 // Extents and screen points of bars. Everything that one value or edge touches is brought up to date with it:
 // an edge bounds two bars, and in a box the distance to the edge before is part of the extent.
 
-#include "series/Kxbarseries.h"
-#include "series/Kxextents.h"
+#include <kxgraph/series/Kxbarseries.h>
+#include <kxgraph/series/Kxextents.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // What of a bar series is kept.
 
-#include "persist/Kxoutfit.h"
-#include "series/Kxbarseries.h"
+#include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/series/Kxbarseries.h>
 
 namespace kx {
 

@@ -1,6 +1,6 @@
-#include "series/Kxdataseries.h"
+#include <kxgraph/series/Kxdataseries.h>
 
-#include "platform/application.h"
+#include <kxgraph/platform/objects/guarded.h>
 
 #include <algorithm>
 

@@ -2,13 +2,13 @@
 // The series of measured data: what binds an X and a Y vector to a pair of axes, keeps extents and screen
 // points up to date with them, and draws a line, an area, symbols and error bars.
 
-#include "graph/Kxgraph2d.h"
-#include "graph/Kxgraphitems.h"
-#include "numeric/Kxrange.h"
-#include "numeric/Kxvector.h"
-#include "persist/Kxlargeini.h"
-#include "platform/timer.h"
-#include "series/Kxdraw.h"
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/graph/Kxgraphitems.h>
+#include <kxgraph/numeric/Kxrange.h>
+#include <kxgraph/numeric/Kxvector.h>
+#include <kxgraph/persist/Kxlargeini.h>
+#include <kxgraph/platform/host/timer.h>
+#include <kxgraph/series/Kxdraw.h>
 
 #include <functional>
 #include <memory>

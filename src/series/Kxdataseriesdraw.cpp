@@ -1,9 +1,9 @@
 // Painting: area, line and symbols.
 
-#include "platform/application.h"
-#include "platform/recording.h"
-#include "series/Kxdataseries.h"
-#include "series/Kxmarks.h"
+#include <kxgraph/platform/drawing/recording.h>
+#include <kxgraph/platform/objects/guarded.h>
+#include <kxgraph/series/Kxdataseries.h>
+#include <kxgraph/series/Kxmarks.h>
 
 #include <algorithm>
 

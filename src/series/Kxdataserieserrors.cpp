@@ -1,8 +1,8 @@
 // Error bars.
 
-#include "series/Kxdataseries.h"
-#include "series/Kxextents.h"
-#include "series/Kxmarks.h"
+#include <kxgraph/series/Kxdataseries.h>
+#include <kxgraph/series/Kxextents.h>
+#include <kxgraph/series/Kxmarks.h>
 
 #include <algorithm>
 #include <cmath>

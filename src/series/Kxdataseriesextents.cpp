@@ -1,8 +1,8 @@
 // Extents and screen points, kept up to date value by value.
 
-#include "platform/application.h"
-#include "series/Kxdataseries.h"
-#include "series/Kxextents.h"
+#include <kxgraph/platform/objects/guarded.h>
+#include <kxgraph/series/Kxdataseries.h>
+#include <kxgraph/series/Kxextents.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // What of the series is kept: published properties, and the keys of the INI store.
 
-#include "persist/Kxoutfit.h"
-#include "series/Kxdataseries.h"
+#include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/series/Kxdataseries.h>
 
 namespace kx {
 

@@ -1,6 +1,6 @@
 // What a series looks like in a legend.
 
-#include "series/Kxdataseries.h"
+#include <kxgraph/series/Kxdataseries.h>
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
-#include "series/Kxdraw.h"
+#include <kxgraph/series/Kxdraw.h>
 
-#include "numeric/Kxarithm.h"
-#include "platform/controls.h"
+#include <kxgraph/numeric/Kxarithm.h>
+#include <kxgraph/platform/controls/controls.h>
 
 #include <cmath>
 

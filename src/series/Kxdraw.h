@@ -2,8 +2,8 @@
 // How a line, an area and a data point look, and the routines that draw lines, frames, point symbols, arrows
 // and three-dimensional bars. Everything here is in pixels; values become pixels on the axes.
 
-#include "platform/canvas.h"
-#include "platform/properties.h"
+#include <kxgraph/platform/drawing/canvas.h>
+#include <kxgraph/platform/objects/properties.h>
 
 namespace kx {
 

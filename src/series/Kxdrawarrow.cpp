@@ -1,7 +1,7 @@
 // Arrows.
 
-#include "platform/matherror.h"
-#include "series/Kxdraw.h"
+#include <kxgraph/platform/base/matherror.h>
+#include <kxgraph/series/Kxdraw.h>
 
 namespace kx {
 

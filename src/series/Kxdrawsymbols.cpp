@@ -1,6 +1,6 @@
 // Point symbols: tables of points in hundredths of the size, and the one body that draws them.
 
-#include "series/Kxdraw.h"
+#include <kxgraph/series/Kxdraw.h>
 
 #include <array>
 #include <cstdint>

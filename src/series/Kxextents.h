@@ -2,8 +2,8 @@
 // How a series finds the extents of its data: the bodies of two templates that the series of several sources
 // share. Included by those sources only.
 
-#include "numeric/Kxrange.h"
-#include "series/Kxdataseries.h"
+#include <kxgraph/numeric/Kxrange.h>
+#include <kxgraph/series/Kxdataseries.h>
 
 namespace kx {
 

@@ -2,7 +2,7 @@
 // How symbols, error bars and arrows come onto the drawing world: the bodies of templates that the sources of
 // the series share. Included by those sources only.
 
-#include "series/Kxdataseries.h"
+#include <kxgraph/series/Kxdataseries.h>
 
 namespace kx {
 

@@ -1,6 +1,6 @@
-#include "svg/Kxsvgbody.h"
+#include <kxgraph/svg/Kxsvgbody.h>
 
-#include "svg/Kxsvgmarkup.h"
+#include <kxgraph/svg/Kxsvgmarkup.h>
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 // The elements of an SVG document in drawing order, grouped under their clip and style, and the definitions
 // that they refer to. Knows XML, not drawing.
 
-#include "platform/device.h"
+#include <kxgraph/platform/drawing/device.h>
 
 #include <optional>
 #include <string>

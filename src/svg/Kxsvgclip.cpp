@@ -1,4 +1,4 @@
-#include "svg/Kxsvgclip.h"
+#include <kxgraph/svg/Kxsvgclip.h>
 
 #include <algorithm>
 #include <array>

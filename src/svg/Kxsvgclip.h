@@ -2,8 +2,8 @@
 // Cuts lines and polygons to a window. Values off the scale saturate at +-2^30 pixels, where viewers
 // overflow; what lies inside the window stays exactly where it was.
 
-#include "platform/geometry.h"
-#include "svg/Kxsvgmarkup.h"
+#include <kxgraph/platform/drawing/geometry.h>
+#include <kxgraph/svg/Kxsvgmarkup.h>
 
 #include <span>
 #include <vector>

@@ -1,8 +1,8 @@
-#include "svg/Kxsvgdevice.h"
+#include <kxgraph/svg/Kxsvgdevice.h>
 
-#include "platform/application.h"
-#include "platform/files.h"
-#include "platform/reduction.h"
+#include <kxgraph/platform/drawing/reduction.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/platform/text/files.h>
 
 #include <algorithm>
 #include <cmath>

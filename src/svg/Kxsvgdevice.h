@@ -1,10 +1,10 @@
 #pragma once
 // A drawing device that builds an SVG document: clipped, searchable, the same bytes for the same drawing.
 
-#include "platform/device.h"
-#include "svg/Kxsvgbody.h"
-#include "svg/Kxsvgclip.h"
-#include "svg/Kxsvgtext.h"
+#include <kxgraph/platform/drawing/device.h>
+#include <kxgraph/svg/Kxsvgbody.h>
+#include <kxgraph/svg/Kxsvgclip.h>
+#include <kxgraph/svg/Kxsvgtext.h>
 
 #include <functional>
 #include <string>

@@ -1,6 +1,6 @@
-#include "svg/Kxsvgmarkup.h"
+#include <kxgraph/svg/Kxsvgmarkup.h>
 
-#include "platform/text.h"
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 #include <cmath>

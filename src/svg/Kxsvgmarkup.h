@@ -1,7 +1,7 @@
 #pragma once
 // The small change of an SVG document: short numbers, escaped text, attributes and path data.
 
-#include "platform/geometry.h"
+#include <kxgraph/platform/drawing/geometry.h>
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
-#include "svg/Kxsvgtext.h"
+#include <kxgraph/svg/Kxsvgtext.h>
 
-#include "platform/text.h"
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
 #pragma once
 // Text for SVG: captions arrive letter by letter and leave as one element that can be searched and edited.
 
-#include "platform/device.h"
-#include "svg/Kxsvgmarkup.h"
+#include <kxgraph/platform/drawing/device.h>
+#include <kxgraph/svg/Kxsvgmarkup.h>
 
 #include <optional>
 #include <string>

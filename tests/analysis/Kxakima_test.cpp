@@ -1,5 +1,6 @@
-#include "analysis/Kxakima.h"
 #include "support/errors.h"
+
+#include <kxgraph/analysis/Kxakima.h>
 
 #include <gtest/gtest.h>
 

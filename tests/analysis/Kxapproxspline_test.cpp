@@ -1,8 +1,9 @@
-#include "analysis/Kxapproxspline.h"
+#include <kxgraph/analysis/Kxapproxspline.h>
 
-#include "numeric/Kxvector.h"
-#include "platform/exceptions.h"
 #include "support/errors.h"
+
+#include <kxgraph/numeric/Kxvector.h>
+#include <kxgraph/platform/base/exceptions.h>
 
 #include <gtest/gtest.h>
 

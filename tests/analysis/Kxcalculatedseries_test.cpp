@@ -1,9 +1,10 @@
-#include "analysis/Kxcalculatedseries.h"
+#include <kxgraph/analysis/Kxcalculatedseries.h>
 
-#include "analysis/Kxlinearregressionline.h"
-#include "analysis/Kxpolinomial.h"
 #include "support/graphfixture.h"
 #include "support/shortmemory.h"
+
+#include <kxgraph/analysis/Kxlinearregressionline.h>
+#include <kxgraph/analysis/Kxpolinomial.h>
 
 #include <cmath>
 

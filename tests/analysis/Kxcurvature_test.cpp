@@ -1,4 +1,4 @@
-#include "analysis/Kxcurvature.h"
+#include <kxgraph/analysis/Kxcurvature.h>
 
 #include "analysis/nistnonlinear.h"
 

@@ -1,7 +1,8 @@
-#include "analysis/Kxfittedline.h"
+#include <kxgraph/analysis/Kxfittedline.h>
 
-#include "annotation/Kxresultlabel.h"
 #include "support/graphfixture.h"
+
+#include <kxgraph/annotation/Kxresultlabel.h>
 
 #include <cmath>
 

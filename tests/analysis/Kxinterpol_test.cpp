@@ -1,5 +1,6 @@
-#include "analysis/Kxinterpol.h"
 #include "support/errors.h"
+
+#include <kxgraph/analysis/Kxinterpol.h>
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,12 @@
-#include "analysis/Kxinterpolatedline.h"
+#include <kxgraph/analysis/Kxinterpolatedline.h>
 
-#include "analysis/Kxapproxsplineline.h"
-#include "analysis/Kxasplinedifferential.h"
-#include "analysis/Kxasplineintegral.h"
-#include "analysis/Kxdifferential.h"
-#include "analysis/Kxintegral.h"
 #include "support/graphfixture.h"
+
+#include <kxgraph/analysis/Kxapproxsplineline.h>
+#include <kxgraph/analysis/Kxasplinedifferential.h>
+#include <kxgraph/analysis/Kxasplineintegral.h>
+#include <kxgraph/analysis/Kxdifferential.h>
+#include <kxgraph/analysis/Kxintegral.h>
 
 #include <cmath>
 #include <memory>

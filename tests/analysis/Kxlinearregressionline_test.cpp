@@ -1,4 +1,4 @@
-#include "analysis/Kxlinearregressionline.h"
+#include <kxgraph/analysis/Kxlinearregressionline.h>
 
 #include "support/graphfixture.h"
 

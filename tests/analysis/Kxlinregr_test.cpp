@@ -1,4 +1,4 @@
-#include "analysis/Kxlinregr.h"
+#include <kxgraph/analysis/Kxlinregr.h>
 
 #include "support/errors.h"
 

@@ -1,4 +1,4 @@
-#include "analysis/Kxmatrix.h"
+#include <kxgraph/analysis/Kxmatrix.h>
 
 #include "support/errors.h"
 

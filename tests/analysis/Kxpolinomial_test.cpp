@@ -1,4 +1,4 @@
-#include "analysis/Kxpolinomial.h"
+#include <kxgraph/analysis/Kxpolinomial.h>
 
 #include "support/graphfixture.h"
 

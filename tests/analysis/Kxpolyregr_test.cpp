@@ -1,4 +1,4 @@
-#include "analysis/Kxpolyregr.h"
+#include <kxgraph/analysis/Kxpolyregr.h>
 
 #include "support/errors.h"
 

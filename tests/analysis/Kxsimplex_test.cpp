@@ -1,8 +1,10 @@
-#include "analysis/Kxsimplex.h"
+#include <kxgraph/analysis/Kxsimplex.h>
+
+#include "support/errors.h"
 
 #include "analysis/nistnonlinear.h"
-#include "platform/exceptions.h"
-#include "support/errors.h"
+
+#include <kxgraph/platform/base/exceptions.h>
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
-#include "analysis/Kxsmoothing.h"
 #include "support/errors.h"
+
+#include <kxgraph/analysis/Kxsmoothing.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,9 @@
-#include "annotation/Kxcaption.h"
+#include <kxgraph/annotation/Kxcaption.h>
 
-#include "platform/recording.h"
 #include "scenes/scenes.h"
 #include "support/recording.h"
+
+#include <kxgraph/platform/drawing/recording.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "annotation/Kxlabel.h"
+#include <kxgraph/annotation/Kxlabel.h>
 
-#include "platform/frame.h"
-#include "platform/recording.h"
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/drawing/recording.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,9 @@
-#include "annotation/Kxlegend.h"
+#include <kxgraph/annotation/Kxlegend.h>
 
-#include "analysis/Kxlinearregressionline.h"
 #include "support/graphfixture.h"
 #include "support/recording.h"
+
+#include <kxgraph/analysis/Kxlinearregressionline.h>
 
 #include <algorithm>
 #include <random>

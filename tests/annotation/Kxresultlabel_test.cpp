@@ -1,7 +1,8 @@
-#include "annotation/Kxresultlabel.h"
+#include <kxgraph/annotation/Kxresultlabel.h>
 
-#include "analysis/Kxlinearregressionline.h"
 #include "support/graphfixture.h"
+
+#include <kxgraph/analysis/Kxlinearregressionline.h>
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "formula/Kxformula.h"
+#include <kxgraph/formula/Kxformula.h>
 
 #include "support/graphfixture.h"
 

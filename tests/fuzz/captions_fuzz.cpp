@@ -2,10 +2,10 @@
 
 #include "fuzz/fuzz.h"
 
-#include "annotation/Kxlabel.h"
-#include "platform/form.h"
-#include "platform/frame.h"
-#include "platform/recording.h"
+#include <kxgraph/annotation/Kxlabel.h>
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/drawing/recording.h>
 
 namespace kx {
 namespace {

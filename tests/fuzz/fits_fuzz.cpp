@@ -2,11 +2,11 @@
 
 #include "fuzz/fuzz.h"
 
-#include "analysis/Kxcurvature.h"
-#include "analysis/Kxlinregr.h"
-#include "analysis/Kxpolyregr.h"
-#include "analysis/Kxsimplex.h"
-#include "platform/exceptions.h"
+#include <kxgraph/analysis/Kxcurvature.h>
+#include <kxgraph/analysis/Kxlinregr.h>
+#include <kxgraph/analysis/Kxpolyregr.h>
+#include <kxgraph/analysis/Kxsimplex.h>
+#include <kxgraph/platform/base/exceptions.h>
 
 #include <cmath>
 #include <functional>

@@ -2,7 +2,7 @@
 
 #include "fuzz/fuzz.h"
 
-#include "formula/Kxformula.h"
+#include <kxgraph/formula/Kxformula.h>
 
 #include <cmath>
 

@@ -3,10 +3,10 @@
 
 #include "fuzz/fuzz.h"
 
-#include "platform/application.h"
-#include "platform/form.h"
-#include "platform/frame.h"
-#include "platform/recording.h"
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/drawing/recording.h>
+#include <kxgraph/platform/host/application.h>
 
 namespace kx::fuzz {
 

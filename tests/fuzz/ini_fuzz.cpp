@@ -2,8 +2,8 @@
 
 #include "fuzz/fuzz.h"
 
-#include "persist/Kxlargeini.h"
-#include "platform/exceptions.h"
+#include <kxgraph/persist/Kxlargeini.h>
+#include <kxgraph/platform/base/exceptions.h>
 
 #include <cmath>
 

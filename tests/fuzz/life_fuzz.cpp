@@ -3,22 +3,22 @@
 
 #include "fuzz/frames.h"
 
-#include "analysis/Kxapproxsplineline.h"
-#include "analysis/Kxasplinedifferential.h"
-#include "analysis/Kxasplineintegral.h"
-#include "analysis/Kxdifferential.h"
-#include "analysis/Kxfittedline.h"
-#include "analysis/Kxintegral.h"
-#include "analysis/Kxinterpolatedline.h"
-#include "analysis/Kxlinearregressionline.h"
-#include "analysis/Kxpolinomial.h"
-#include "annotation/Kxlegend.h"
-#include "annotation/Kxresultlabel.h"
-#include "graph/Kxgraph2d.h"
-#include "platform/exceptions.h"
-#include "series/Kxarrowseries.h"
-#include "series/Kxbarseries.h"
-#include "series/Kxdataseries.h"
+#include <kxgraph/analysis/Kxapproxsplineline.h>
+#include <kxgraph/analysis/Kxasplinedifferential.h>
+#include <kxgraph/analysis/Kxasplineintegral.h>
+#include <kxgraph/analysis/Kxdifferential.h>
+#include <kxgraph/analysis/Kxfittedline.h>
+#include <kxgraph/analysis/Kxintegral.h>
+#include <kxgraph/analysis/Kxinterpolatedline.h>
+#include <kxgraph/analysis/Kxlinearregressionline.h>
+#include <kxgraph/analysis/Kxpolinomial.h>
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/annotation/Kxresultlabel.h>
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/series/Kxarrowseries.h>
+#include <kxgraph/series/Kxbarseries.h>
+#include <kxgraph/series/Kxdataseries.h>
 
 namespace kx {
 namespace {

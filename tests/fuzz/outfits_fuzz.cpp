@@ -3,12 +3,12 @@
 
 #include "fuzz/frames.h"
 
-#include "analysis/Kxlinearregressionline.h"
-#include "annotation/Kxlegend.h"
-#include "graph/Kxgraph2d.h"
-#include "platform/exceptions.h"
-#include "series/Kxbarseries.h"
-#include "series/Kxdataseries.h"
+#include <kxgraph/analysis/Kxlinearregressionline.h>
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/series/Kxbarseries.h>
+#include <kxgraph/series/Kxdataseries.h>
 
 namespace kx {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "fuzz/fuzz.h"
 
-#include "platform/files.h"
+#include <kxgraph/platform/text/files.h>
 
 #include <gtest/gtest.h>
 

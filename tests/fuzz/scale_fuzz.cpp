@@ -2,8 +2,8 @@
 
 #include "fuzz/fuzz.h"
 
-#include "graph/Kxticks.h"
-#include "platform/numbertext.h"
+#include <kxgraph/graph/Kxticks.h>
+#include <kxgraph/platform/text/numbertext.h>
 
 #include <cmath>
 

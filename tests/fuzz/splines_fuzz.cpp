@@ -2,11 +2,11 @@
 
 #include "fuzz/fuzz.h"
 
-#include "analysis/Kxakima.h"
-#include "analysis/Kxapproxspline.h"
-#include "analysis/Kxsmoothing.h"
-#include "numeric/Kxsort.h"
-#include "platform/exceptions.h"
+#include <kxgraph/analysis/Kxakima.h>
+#include <kxgraph/analysis/Kxapproxspline.h>
+#include <kxgraph/analysis/Kxsmoothing.h>
+#include <kxgraph/numeric/Kxsort.h>
+#include <kxgraph/platform/base/exceptions.h>
 
 #include <cmath>
 

@@ -2,10 +2,10 @@
 
 #include "fuzz/fuzz.h"
 
-#include "platform/canvas.h"
-#include "platform/text.h"
-#include "svg/Kxsvgdevice.h"
-#include "svg/Kxsvgmarkup.h"
+#include <kxgraph/platform/drawing/canvas.h>
+#include <kxgraph/platform/text/text.h>
+#include <kxgraph/svg/Kxsvgdevice.h>
+#include <kxgraph/svg/Kxsvgmarkup.h>
 
 #include <cmath>
 

@@ -5,7 +5,8 @@
 
 #include "kxplot/number.h"
 #include "kxplot/table.h"
-#include "platform/numbertext.h"
+
+#include <kxgraph/platform/text/numbertext.h>
 
 #include <cmath>
 

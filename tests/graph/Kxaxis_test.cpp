@@ -1,9 +1,10 @@
 #include "support/graphfixture.h"
 
-#include "numeric/Kxarithm.h"
-#include "platform/files.h"
-#include "platform/scopedvalue.h"
 #include "support/recording.h"
+
+#include <kxgraph/numeric/Kxarithm.h>
+#include <kxgraph/platform/base/scopedvalue.h>
+#include <kxgraph/platform/text/files.h>
 
 #include <cmath>
 #include <random>

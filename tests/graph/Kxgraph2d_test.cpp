@@ -1,8 +1,9 @@
 #include "support/graphfixture.h"
 
-#include "analysis/Kxinterpolatedline.h"
-#include "annotation/Kxlegend.h"
 #include "support/recording.h"
+
+#include <kxgraph/analysis/Kxinterpolatedline.h>
+#include <kxgraph/annotation/Kxlegend.h>
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "graph/Kxscale.h"
+#include <kxgraph/graph/Kxscale.h>
 
 #include <gtest/gtest.h>
 

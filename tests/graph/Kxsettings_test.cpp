@@ -1,10 +1,11 @@
 // Numbers as outfits and settings may hold them.
 
-#include "annotation/Kxlegend.h"
-#include "annotation/Kxresultlabel.h"
-#include "series/Kxarrowseries.h"
 #include "support/graphfixture.h"
-#include "svg/Kxsvgdevice.h"
+
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/annotation/Kxresultlabel.h>
+#include <kxgraph/series/Kxarrowseries.h>
+#include <kxgraph/svg/Kxsvgdevice.h>
 
 #include <climits>
 #include <cstdlib>

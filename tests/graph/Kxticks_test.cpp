@@ -1,6 +1,6 @@
-#include "graph/Kxticks.h"
+#include <kxgraph/graph/Kxticks.h>
 
-#include "platform/numbertext.h"
+#include <kxgraph/platform/text/numbertext.h>
 
 #include <gtest/gtest.h>
 

@@ -3,9 +3,10 @@
 #include "kxplot/bins.h"
 #include "kxplot/plot.h"
 #include "kxplot/program.h"
-#include "platform/application.h"
-#include "platform/frame.h"
-#include "qt/Kxqtinstall.h"
+
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/qt/Kxqtinstall.h>
 
 #include <cmath>
 #include <limits>

@@ -1,11 +1,12 @@
 // Formula fits: what they find, how often they run, and how they are ended.
 
-#include "analysis/Kxfittedline.h"
-#include "formula/Kxformula.h"
 #include "kxplot/analysisprogram.h"
 #include "kxplot/watch.h"
-#include "numeric/Kxvector.h"
-#include "series/Kxdataseries.h"
+
+#include <kxgraph/analysis/Kxfittedline.h>
+#include <kxgraph/formula/Kxformula.h>
+#include <kxgraph/numeric/Kxvector.h>
+#include <kxgraph/series/Kxdataseries.h>
 
 #include <csignal>
 #include <cstdlib>

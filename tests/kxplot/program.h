@@ -1,8 +1,9 @@
 #pragma once
 // Runs the program itself, as a shell would, in a directory of its own.
 
-#include "platform/files.h"
 #include "support/recording.h"
+
+#include <kxgraph/platform/text/files.h>
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,13 @@
 // Every allocation may fail: nothing leaks, no file is lost, and the next frame is as if nothing had been.
 
-#include "analysis/Kxlinearregressionline.h"
-#include "annotation/Kxlegend.h"
-#include "annotation/Kxresultlabel.h"
 #include "memory/allocations.h"
-#include "platform/files.h"
 #include "support/graphfixture.h"
 #include "support/recording.h"
+
+#include <kxgraph/analysis/Kxlinearregressionline.h>
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/annotation/Kxresultlabel.h>
+#include <kxgraph/platform/text/files.h>
 
 #include <filesystem>
 

@@ -1,4 +1,4 @@
-#include "numeric/Kxarithm.h"
+#include <kxgraph/numeric/Kxarithm.h>
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "numeric/Kxconsts.h"
-#include "platform/files.h"
+#include <kxgraph/numeric/Kxconsts.h>
+#include <kxgraph/platform/text/files.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "numeric/Kxdoubled.h"
+#include <kxgraph/numeric/Kxdoubled.h>
 
 #include <gtest/gtest.h>
 

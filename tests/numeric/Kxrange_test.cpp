@@ -1,4 +1,4 @@
-#include "numeric/Kxrange.h"
+#include <kxgraph/numeric/Kxrange.h>
 
 #include <gtest/gtest.h>
 

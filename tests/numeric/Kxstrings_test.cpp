@@ -1,6 +1,6 @@
-#include "numeric/Kxstrings.h"
-#include "platform/exceptions.h"
-#include "platform/numbertext.h"
+#include <kxgraph/numeric/Kxstrings.h>
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/text/numbertext.h>
 
 #include <gtest/gtest.h>
 

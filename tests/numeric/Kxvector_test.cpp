@@ -1,4 +1,4 @@
-#include "numeric/Kxvector.h"
+#include <kxgraph/numeric/Kxvector.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,7 @@
-#include "persist/Kxlargeini.h"
-#include "platform/text.h"
 #include "support/shortmemory.h"
+
+#include <kxgraph/persist/Kxlargeini.h>
+#include <kxgraph/platform/text/text.h>
 
 #include <gtest/gtest.h>
 

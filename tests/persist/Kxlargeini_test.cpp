@@ -1,12 +1,13 @@
-#include "persist/Kxlargeini.h"
+#include <kxgraph/persist/Kxlargeini.h>
 
-#include "platform/application.h"
-#include "platform/files.h"
-#include "platform/form.h"
-#include "platform/numbertext.h"
-#include "series/Kxdraw.h"
 #include "support/errors.h"
 #include "support/shortmemory.h"
+
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/platform/text/files.h>
+#include <kxgraph/platform/text/numbertext.h>
+#include <kxgraph/series/Kxdraw.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "persist/Kxoutfit.h"
+#include <kxgraph/persist/Kxoutfit.h>
 
-#include "platform/application.h"
-#include "platform/graphics.h"
+#include <kxgraph/platform/drawing/graphics.h>
+#include <kxgraph/platform/host/application.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "platform/canvas.h"
+#include <kxgraph/platform/drawing/canvas.h>
 
-#include "platform/recording.h"
+#include <kxgraph/platform/drawing/recording.h>
 
 #include <gtest/gtest.h>
 

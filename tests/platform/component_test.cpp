@@ -1,4 +1,4 @@
-#include "platform/component.h"
+#include <kxgraph/platform/objects/component.h>
 
 #include "support/errors.h"
 

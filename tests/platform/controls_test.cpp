@@ -1,8 +1,8 @@
-#include "platform/application.h"
-#include "platform/customlabel.h"
-#include "platform/exceptions.h"
-#include "platform/form.h"
-#include "platform/headlesshost.h"
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/controls/customlabel.h>
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/platform/host/headlesshost.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "platform/application.h"
-#include "platform/form.h"
-#include "platform/headlesshost.h"
-#include "platform/popupmenu.h"
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/controls/popupmenu.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/platform/host/headlesshost.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/dynarray.h"
+#include <kxgraph/platform/base/dynarray.h>
 
 #include <gtest/gtest.h>
 

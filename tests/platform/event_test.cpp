@@ -1,4 +1,4 @@
-#include "platform/event.h"
+#include <kxgraph/platform/base/event.h>
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,10 @@
-#include "platform/files.h"
+#include <kxgraph/platform/text/files.h>
 
-#include "platform/filegroup.h"
 #include "support/errors.h"
 #include "support/recording.h"
 #include "support/shortmemory.h"
+
+#include <kxgraph/platform/text/filegroup.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,9 @@
-#include "platform/frame.h"
+#include <kxgraph/platform/controls/frame.h>
 
-#include "platform/form.h"
-#include "platform/recording.h"
 #include "support/errors.h"
+
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/drawing/recording.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/geometry.h"
+#include <kxgraph/platform/drawing/geometry.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/graphics.h"
+#include <kxgraph/platform/drawing/graphics.h>
 
 #include <gtest/gtest.h>
 

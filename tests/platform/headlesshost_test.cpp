@@ -1,7 +1,8 @@
-#include "platform/headlesshost.h"
+#include <kxgraph/platform/host/headlesshost.h>
 
-#include "platform/timer.h"
 #include "support/errors.h"
+
+#include <kxgraph/platform/host/timer.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,9 @@
-#include "platform/lists.h"
+#include <kxgraph/platform/objects/lists.h>
 
-#include "platform/exceptions.h"
-#include "platform/files.h"
 #include "support/recording.h"
+
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/text/files.h>
 
 #include <gtest/gtest.h>
 

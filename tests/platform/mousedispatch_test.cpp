@@ -1,6 +1,7 @@
-#include "platform/form.h"
-#include "platform/headlesshost.h"
 #include "support/errors.h"
+
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/host/headlesshost.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/numbertext.h"
+#include <kxgraph/platform/text/numbertext.h>
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,10 @@
-#include "platform/properties.h"
+#include <kxgraph/platform/objects/properties.h>
 
-#include "platform/component.h"
-#include "platform/graphics.h"
-#include "platform/numbertext.h"
 #include "support/errors.h"
+
+#include <kxgraph/platform/drawing/graphics.h>
+#include <kxgraph/platform/objects/component.h>
+#include <kxgraph/platform/text/numbertext.h>
 
 #include <gtest/gtest.h>
 

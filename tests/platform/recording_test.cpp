@@ -1,4 +1,4 @@
-#include "platform/recording.h"
+#include <kxgraph/platform/drawing/recording.h>
 
 #include <gtest/gtest.h>
 

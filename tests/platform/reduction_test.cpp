@@ -1,4 +1,4 @@
-#include "platform/reduction.h"
+#include <kxgraph/platform/drawing/reduction.h>
 
 #include <gtest/gtest.h>
 

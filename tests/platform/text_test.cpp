@@ -1,4 +1,4 @@
-#include "platform/text.h"
+#include <kxgraph/platform/text/text.h>
 
 #include <gtest/gtest.h>
 

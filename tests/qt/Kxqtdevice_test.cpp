@@ -1,6 +1,6 @@
 #include "raster.h"
 
-#include "platform/recording.h"
+#include <kxgraph/platform/drawing/recording.h>
 
 #include <gtest/gtest.h>
 

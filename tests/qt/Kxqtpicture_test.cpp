@@ -1,8 +1,9 @@
-#include "qt/Kxqtpicture.h"
+#include <kxgraph/qt/Kxqtpicture.h>
 
-#include "platform/files.h"
 #include "support/errors.h"
 #include "support/recording.h"
+
+#include <kxgraph/platform/text/files.h>
 
 #include <QImage>
 

@@ -1,6 +1,6 @@
 #include "raster.h"
 
-#include "platform/reduction.h"
+#include <kxgraph/platform/drawing/reduction.h>
 
 #include <gtest/gtest.h>
 

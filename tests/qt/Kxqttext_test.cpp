@@ -1,10 +1,11 @@
 #include "raster.h"
 
-#include "platform/application.h"
-#include "platform/headlesshost.h"
-#include "qt/Kxqtinstall.h"
-#include "qt/Kxqtpicture.h"
 #include "support/errors.h"
+
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/platform/host/headlesshost.h>
+#include <kxgraph/qt/Kxqtinstall.h>
+#include <kxgraph/qt/Kxqtpicture.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "qt/Kxqtinstall.h"
+#include <kxgraph/qt/Kxqtinstall.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 // A small image with a device on it, for tests that look at pixels.
 
-#include "qt/Kxqtdevice.h"
+#include <kxgraph/qt/Kxqtdevice.h>
 
 #include <QImage>
 #include <QPainter>

@@ -1,5 +1,6 @@
-#include "series/Kxarrowseries.h"
 #include "support/graphfixture.h"
+
+#include <kxgraph/series/Kxarrowseries.h>
 
 #include <array>
 #include <limits>

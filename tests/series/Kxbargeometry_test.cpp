@@ -1,4 +1,4 @@
-#include "series/Kxbargeometry.h"
+#include <kxgraph/series/Kxbargeometry.h>
 
 #include <gtest/gtest.h>
 

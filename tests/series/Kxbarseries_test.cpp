@@ -1,5 +1,6 @@
-#include "series/Kxbarseries.h"
 #include "support/graphfixture.h"
+
+#include <kxgraph/series/Kxbarseries.h>
 
 #include <array>
 #include <limits>

@@ -1,8 +1,8 @@
-#include "series/Kxdraw.h"
+#include <kxgraph/series/Kxdraw.h>
 
-#include "platform/component.h"
-#include "platform/exceptions.h"
-#include "platform/recording.h"
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/drawing/recording.h>
+#include <kxgraph/platform/objects/component.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 // What went wrong, as a text to compare.
 
-#include "platform/application.h"
-#include "platform/exceptions.h"
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/host/application.h>
 
 #include <string>
 

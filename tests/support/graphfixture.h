@@ -2,12 +2,13 @@
 // A form with a graph, two primary axes, live vectors and a series with error bars, all named, as a program
 // would have put them there.
 
-#include "graph/Kxgraph2d.h"
-#include "platform/form.h"
-#include "platform/frame.h"
-#include "platform/headlesshost.h"
-#include "series/Kxdataseries.h"
 #include "support/errors.h"
+
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/host/headlesshost.h>
+#include <kxgraph/series/Kxdataseries.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "support/recording.h"
 
-#include "platform/files.h"
+#include <kxgraph/platform/text/files.h>
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,10 @@
-#include "svg/Kxsvgdevice.h"
+#include <kxgraph/svg/Kxsvgdevice.h>
 
-#include "platform/files.h"
-#include "platform/recording.h"
-#include "platform/reduction.h"
 #include "support/recording.h"
+
+#include <kxgraph/platform/drawing/recording.h>
+#include <kxgraph/platform/drawing/reduction.h>
+#include <kxgraph/platform/text/files.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "svg/Kxsvgdevice.h"
+#include <kxgraph/svg/Kxsvgdevice.h>
 
 #include "support/recording.h"
 

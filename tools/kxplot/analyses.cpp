@@ -1,13 +1,14 @@
 #include "kxplot/analyses.h"
 
-#include "analysis/Kxlinearregressionline.h"
 #include "kxplot/captiontext.h"
 #include "kxplot/formulaline.h"
 #include "kxplot/lines.h"
 #include "kxplot/look.h"
 #include "kxplot/weights.h"
-#include "platform/numbertext.h"
-#include "platform/text.h"
+
+#include <kxgraph/analysis/Kxlinearregressionline.h>
+#include <kxgraph/platform/text/numbertext.h>
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 #include <cmath>

@@ -2,8 +2,9 @@
 // The fits and curves of a picture: made as children of their series, adjusted to the command line, and asked
 // for what became of them.
 
-#include "analysis/Kxcalculatedseries.h"
 #include "kxplot/options.h"
+
+#include <kxgraph/analysis/Kxcalculatedseries.h>
 
 #include <cstddef>
 #include <map>

@@ -1,6 +1,6 @@
 #include "kxplot/captiontext.h"
 
-#include "platform/text.h"
+#include <kxgraph/platform/text/text.h>
 
 #include <array>
 #include <string_view>

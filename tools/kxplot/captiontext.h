@@ -1,7 +1,7 @@
 #pragma once
 // Captions as texts that are cut, quoted and put together.
 
-#include "annotation/Kxcaption.h"
+#include <kxgraph/annotation/Kxcaption.h>
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "kxplot/corner.h"
 
-#include "series/Kxdataseries.h"
+#include <kxgraph/series/Kxdataseries.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 // Finds room for a block of labels among what is drawn.
 
-#include "graph/Kxgraph2d.h"
+#include <kxgraph/graph/Kxgraph2d.h>
 
 namespace kxplot {
 

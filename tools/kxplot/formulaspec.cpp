@@ -1,10 +1,11 @@
 // Formulas and their start values, checked before any data are read.
 
-#include "formula/Kxformula.h"
 #include "kxplot/analysisspec.h"
 #include "kxplot/number.h"
 #include "kxplot/options.h"
-#include "platform/text.h"
+
+#include <kxgraph/formula/Kxformula.h>
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 

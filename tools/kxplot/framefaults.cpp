@@ -1,6 +1,6 @@
 #include "kxplot/framefaults.h"
 
-#include "platform/application.h"
+#include <kxgraph/platform/host/application.h>
 
 #include <new>
 

@@ -2,7 +2,8 @@
 
 #include "kxplot/number.h"
 #include "kxplot/options.h"
-#include "platform/text.h"
+
+#include <kxgraph/platform/text/text.h>
 
 #include <limits>
 #include <string_view>

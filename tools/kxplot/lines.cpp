@@ -1,12 +1,13 @@
 #include "kxplot/lines.h"
 
-#include "analysis/Kxasplineintegral.h"
-#include "analysis/Kxintegral.h"
-#include "analysis/Kxlinearregressionline.h"
-#include "analysis/Kxpolinomial.h"
-#include "formula/Kxformula.h"
 #include "kxplot/formulaline.h"
-#include "platform/numbertext.h"
+
+#include <kxgraph/analysis/Kxasplineintegral.h>
+#include <kxgraph/analysis/Kxintegral.h>
+#include <kxgraph/analysis/Kxlinearregressionline.h>
+#include <kxgraph/analysis/Kxpolinomial.h>
+#include <kxgraph/formula/Kxformula.h>
+#include <kxgraph/platform/text/numbertext.h>
 
 namespace kxplot {
 

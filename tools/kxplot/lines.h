@@ -1,8 +1,9 @@
 #pragma once
 // The series of the library that do the analyses.
 
-#include "analysis/Kxcalculatedseries.h"
 #include "kxplot/options.h"
+
+#include <kxgraph/analysis/Kxcalculatedseries.h>
 
 #include <string>
 

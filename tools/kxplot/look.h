@@ -1,12 +1,13 @@
 #pragma once
 // kxplot's own look: what a picture is like when nothing is asked for.
 
-#include "annotation/Kxlegend.h"
-#include "graph/Kxgraph2d.h"
 #include "kxplot/options.h"
-#include "series/Kxarrowseries.h"
-#include "series/Kxbarseries.h"
-#include "series/Kxdataseries.h"
+
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/series/Kxarrowseries.h>
+#include <kxgraph/series/Kxbarseries.h>
+#include <kxgraph/series/Kxdataseries.h>
 
 namespace kxplot {
 

@@ -6,9 +6,10 @@
 #include "kxplot/outputs.h"
 #include "kxplot/plot.h"
 #include "kxplot/table.h"
-#include "platform/exceptions.h"
-#include "platform/files.h"
-#include "qt/Kxqtinstall.h"
+
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/text/files.h>
+#include <kxgraph/qt/Kxqtinstall.h>
 
 #include <exception>
 #include <iostream>

@@ -1,6 +1,6 @@
 #include "kxplot/messages.h"
 
-#include "platform/exceptions.h"
+#include <kxgraph/platform/base/exceptions.h>
 
 #include <iostream>
 

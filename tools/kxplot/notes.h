@@ -1,10 +1,11 @@
 #pragma once
 // The block of labels in the picture: results, and the names of fits and curves that have none in a legend.
 
-#include "annotation/Kxlegend.h"
-#include "annotation/Kxresultlabel.h"
-#include "graph/Kxgraph2d.h"
 #include "kxplot/analyses.h"
+
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/annotation/Kxresultlabel.h>
+#include <kxgraph/graph/Kxgraph2d.h>
 
 #include <vector>
 

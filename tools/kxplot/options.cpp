@@ -4,8 +4,9 @@
 #include "kxplot/number.h"
 #include "kxplot/rawoptions.h"
 #include "kxplot/stylespec.h"
-#include "platform/files.h"
-#include "platform/text.h"
+
+#include <kxgraph/platform/text/files.h>
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 #include <charconv>

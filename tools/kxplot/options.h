@@ -1,11 +1,12 @@
 #pragma once
 // What the command line asks of kxplot.
 
-#include "annotation/Kxlegend.h"
 #include "kxplot/analysisspec.h"
 #include "kxplot/labelspec.h"
 #include "kxplot/table.h"
-#include "platform/geometry.h"
+
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/platform/drawing/geometry.h>
 
 #include <optional>
 #include <stdexcept>

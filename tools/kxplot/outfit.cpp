@@ -1,7 +1,7 @@
 #include "kxplot/outfit.h"
 
-#include "platform/exceptions.h"
-#include "platform/text.h"
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/text/text.h>
 
 namespace kxplot {
 

@@ -1,8 +1,8 @@
 #pragma once
 // Files with the appearance of a graph.
 
-#include "graph/Kxgraph2d.h"
-#include "persist/Kxlargeini.h"
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/persist/Kxlargeini.h>
 
 #include <string>
 

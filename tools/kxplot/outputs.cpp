@@ -2,13 +2,14 @@
 
 #include "kxplot/framefaults.h"
 #include "kxplot/signals.h"
-#include "platform/exceptions.h"
-#include "platform/filegroup.h"
-#include "platform/files.h"
-#include "platform/frame.h"
-#include "platform/text.h"
-#include "qt/Kxqtpicture.h"
-#include "svg/Kxsvgdevice.h"
+
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/text/filegroup.h>
+#include <kxgraph/platform/text/files.h>
+#include <kxgraph/platform/text/text.h>
+#include <kxgraph/qt/Kxqtpicture.h>
+#include <kxgraph/svg/Kxsvgdevice.h>
 
 #include <new>
 #include <optional>

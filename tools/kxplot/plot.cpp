@@ -1,12 +1,13 @@
 #include "kxplot/plot.h"
 
-#include "annotation/Kxcaption.h"
 #include "kxplot/look.h"
 #include "kxplot/outfit.h"
 #include "kxplot/results.h"
-#include "platform/application.h"
-#include "platform/frame.h"
-#include "platform/text.h"
+
+#include <kxgraph/annotation/Kxcaption.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 

@@ -1,17 +1,18 @@
 #pragma once
 // The form that kxplot draws: one graph, two axes, the vectors and a series a column.
 
-#include "annotation/Kxlegend.h"
-#include "graph/Kxgraph2d.h"
 #include "kxplot/analyses.h"
 #include "kxplot/notes.h"
 #include "kxplot/options.h"
 #include "kxplot/table.h"
-#include "numeric/Kxvector.h"
-#include "platform/form.h"
-#include "series/Kxarrowseries.h"
-#include "series/Kxbarseries.h"
-#include "series/Kxdataseries.h"
+
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/numeric/Kxvector.h>
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/series/Kxarrowseries.h>
+#include <kxgraph/series/Kxbarseries.h>
+#include <kxgraph/series/Kxdataseries.h>
 
 #include <memory>
 #include <string>

@@ -3,7 +3,8 @@
 #include "kxplot/captiontext.h"
 #include "kxplot/fitting.h"
 #include "kxplot/plot.h"
-#include "platform/frame.h"
+
+#include <kxgraph/platform/controls/frame.h>
 
 #include <utility>
 

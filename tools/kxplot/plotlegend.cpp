@@ -4,7 +4,8 @@
 #include "kxplot/fitting.h"
 #include "kxplot/look.h"
 #include "kxplot/plot.h"
-#include "platform/frame.h"
+
+#include <kxgraph/platform/controls/frame.h>
 
 #include <algorithm>
 

@@ -1,7 +1,8 @@
 // What is told although a picture was drawn.
 
 #include "kxplot/plot.h"
-#include "platform/text.h"
+
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,11 +1,12 @@
 // The series: of points, of bars and of arrows, and the vectors that they are bound to.
 
-#include "annotation/Kxcaption.h"
 #include "kxplot/bins.h"
 #include "kxplot/look.h"
 #include "kxplot/plot.h"
 #include "kxplot/weights.h"
-#include "platform/text.h"
+
+#include <kxgraph/annotation/Kxcaption.h>
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 

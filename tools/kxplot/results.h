@@ -1,7 +1,7 @@
 #pragma once
 // What the fits have found, as text.
 
-#include "series/Kxdataseries.h"
+#include <kxgraph/series/Kxdataseries.h>
 
 #include <string>
 #include <vector>

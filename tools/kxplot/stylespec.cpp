@@ -1,6 +1,6 @@
 #include "kxplot/stylespec.h"
 
-#include "platform/text.h"
+#include <kxgraph/platform/text/text.h>
 
 #include <array>
 #include <utility>

@@ -2,7 +2,8 @@
 
 #include "kxplot/number.h"
 #include "kxplot/rows.h"
-#include "platform/text.h"
+
+#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 #include <charconv>

@@ -2,7 +2,7 @@
 // A text table as measuring programs write it: finds out by looking how it is built, and reads the columns
 // that are asked for.
 
-#include "platform/exceptions.h"
+#include <kxgraph/platform/base/exceptions.h>
 
 #include <string>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 // Long fits: shown while they run, and ended by Ctrl+C.
 
-#include "analysis/Kxfittedline.h"
+#include <kxgraph/analysis/Kxfittedline.h>
 
 #include <chrono>
 #include <string>

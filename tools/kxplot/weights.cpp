@@ -1,6 +1,6 @@
 #include "kxplot/weights.h"
 
-#include "platform/numbertext.h"
+#include <kxgraph/platform/text/numbertext.h>
 
 #include <algorithm>
 #include <cmath>

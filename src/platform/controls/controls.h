@@ -1,0 +1,302 @@
+#pragma once
+// Controls: components with a place on a parent, that paint themselves and take the mouse.
+
+#include <kxgraph/platform/controls/dragging.h>
+#include <kxgraph/platform/drawing/canvas.h>
+#include <kxgraph/platform/host/host.h>
+#include <kxgraph/platform/objects/component.h>
+
+#include <string>
+#include <vector>
+
+namespace kx {
+
+class TWinControl;
+class TPopupMenu;
+
+enum TAlign { alNone, alTop, alBottom, alLeft, alRight, alClient };
+template <>
+inline constexpr auto CEnumNames<TAlign> = std::to_array<std::string_view>({"alNone", "alTop", "alBottom",
+                                                                            "alLeft", "alRight", "alClient"});
+enum TAlignment { taLeftJustify, taRightJustify, taCenter };
+template <>
+inline constexpr auto
+    CEnumNames<TAlignment> = std::to_array<std::string_view>({"taLeftJustify", "taRightJustify", "taCenter"});
+
+class TControl;
+using TNotifyEvent = TEvent<TControl*>;
+using TMouseEvent = TEvent<TControl*, TMouseButton, TShiftState, int, int>;
+using TMouseMoveEvent = TEvent<TControl*, TShiftState, int, int>;
+
+/// A component with bounds (pixels of the parent's client area), a parent that shows it and does not own it,
+/// a text, a font and a colour. A parent that is destroyed leaves its children without parent.
+class TControl : public TComponent {
+public:
+    explicit TControl(TComponent* Owner);
+    ~TControl() override;
+
+    TWinControl* GetParent() const { return FParent; }
+    /// Moves the control to the top of Parent's children; null takes it away. Raises Exception ("A control
+    /// cannot be its own parent") when Parent is this control or lies in it.
+    virtual void SetParent(TWinControl* Parent);
+
+    int GetLeft() const { return FBounds.Left; }
+    int GetTop() const { return FBounds.Top; }
+    int GetWidth() const { return FBounds.Width(); }
+    int GetHeight() const { return FBounds.Height(); }
+    void SetLeft(int Left) { SetBounds(Left, GetTop(), GetWidth(), GetHeight()); }
+    void SetTop(int Top) { SetBounds(GetLeft(), Top, GetWidth(), GetHeight()); }
+    void SetWidth(int Width) { SetBounds(GetLeft(), GetTop(), Width, GetHeight()); }
+    void SetHeight(int Height) { SetBounds(GetLeft(), GetTop(), GetWidth(), Height); }
+    TRect GetBoundsRect() const { return FBounds; }
+    TRect GetClientRect() const { return {0, 0, GetWidth(), GetHeight()}; }
+    /// The one setter of the bounds. Negative sizes count as 0; places saturate at +-CMaxPixel. Invalidates
+    /// the old and the new place when anything changes.
+    virtual void SetBounds(int Left, int Top, int Width, int Height);
+    TAlign GetAlign() const { return FAlign; }
+    void SetAlign(TAlign Align);
+
+    bool GetVisible() const { return FVisible; }
+    void SetVisible(bool Visible);
+    bool GetEnabled() const { return FEnabled; }
+    void SetEnabled(bool Enabled);
+    TColor GetColor() const { return FColor; }
+    /// Ends ParentColor.
+    void SetColor(TColor Color);
+    bool GetParentColor() const { return FParentColor; }
+    void SetParentColor(bool ParentColor);
+    /// Changing it ends ParentFont.
+    TFont& GetFont() { return FFont; }
+    const TFont& GetFont() const { return FFont; }
+    void SetFont(const TFont& Font) { FFont.Assign(Font); }
+    bool GetParentFont() const { return FParentFont; }
+    void SetParentFont(bool ParentFont);
+    const std::string& GetText() const { return FText; }
+    void SetText(const std::string& Text);
+    TCursor GetCursor() const { return FCursor; }
+    void SetCursor(TCursor Cursor) { FCursor = Cursor; }
+    const std::string& GetHint() const { return FHint; }
+    void SetHint(const std::string& Hint) { FHint = Hint; }
+    bool GetShowHint() const { return FShowHint; }
+    /// Ends ParentShowHint.
+    void SetShowHint(bool ShowHint);
+    bool GetParentShowHint() const { return FParentShowHint; }
+    void SetParentShowHint(bool ParentShowHint);
+    /// What the release of the right button over the control, or over a child without one of its own, pops
+    /// up; not owned.
+    TPopupMenu* GetPopupMenu() const { return FPopupMenu; }
+    void SetPopupMenu(TPopupMenu* Menu);
+    TDragMode GetDragMode() const { return FDragMode; }
+    void SetDragMode(TDragMode Mode) { FDragMode = Mode; }
+    /// The cursor while the control is dragged over one that accepts it; over others it is crNoDrop.
+    TCursor GetDragCursor() const { return FDragCursor; }
+    void SetDragCursor(TCursor Cursor) { FDragCursor = Cursor; }
+
+    /// Asks for a paint by the next frame.
+    virtual void Invalidate();
+    /// Asks for a paint of a rectangle in this control's pixels.
+    void InvalidateRect(const TRect& Rect);
+    /// Brings the control to the top of its kind among its siblings, or to the bottom.
+    void BringToFront();
+    void SendToBack();
+    /// Pos of this control in pixels of the topmost parent.
+    TPoint ClientToRoot(TPoint Pos) const;
+    TPoint RootToClient(TPoint Pos) const;
+    /// Whether the mouse goes to this control until the button is up.
+    void SetMouseCapture(bool Capture);
+    bool GetMouseCapture() const;
+    /// Starts a drag from this control: the mouse is the drag's until the left button is released. A control
+    /// that was pressed before gets its release now, at the place of the press, and no click. Does nothing in
+    /// a window where something is dragged already, and without parent.
+    void BeginDrag();
+    /// Whether this control is being dragged.
+    bool IsDragging() const;
+
+    TNotifyEvent OnClick, OnDblClick;
+    TMouseEvent OnMouseDown, OnMouseUp;
+    TMouseMoveEvent OnMouseMove;
+    /// Of the dragged control: the start, and the end with the control that took the drop (null: none did, or
+    /// it has gone since). One that leaves its window meanwhile ends the drag without OnEndDrag.
+    TStartDragEvent OnStartDrag;
+    TEndDragEvent OnEndDrag;
+    /// Of the control under the mouse, with the dragged one: whether it accepts it (false without a handler,
+    /// true at the handler's start; the answer to dsDragLeave does not matter), and the drop that it
+    /// accepted.
+    TDragOverEvent OnDragOver;
+    TDragDropEvent OnDragDrop;
+
+    /// What the control still has to compute before a frame may be painted. Settle is called while
+    /// NeedsSettling answers true, children included, a bounded number of rounds for the whole tree.
+    virtual bool NeedsSettling() const { return false; }
+    virtual void Settle() {}
+    /// Adds what settling decides of the control; the bounds here. When the same numbers come back, settling
+    /// goes round in a circle and StopSettling is called: the control takes things as they are and asks no
+    /// more.
+    virtual void AddSettledState(std::vector<double>& State) const;
+    virtual void StopSettling() {}
+
+    const TPropertyTable& PublishedProperties() const override;
+    static const TPropertyTable& Properties();
+
+protected:
+    friend class TWinControl;
+    friend void PaintTree(TWinControl&, TCanvasDevice&, const TRect&);
+
+    /// Called after the change that the name tells. Overrides call the inherited one.
+    virtual void CMFontChanged();
+    virtual void CMTextChanged();
+    virtual void CMColorChanged();
+    virtual void CMVisibleChanged();
+    virtual void CMEnabledChanged();
+    virtual void CMShowHintChanged();
+    void Notification(TComponent* Component, TOperation Operation) override;
+    /// The mouse, in this control's pixels. The inherited ones call the events.
+    virtual void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y);
+    virtual void MouseMove(TShiftState Shift, int X, int Y);
+    virtual void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y);
+    virtual void Click();
+    virtual void DblClick();
+    /// Paints on Canvas, whose origin is this control's top left and whose clip is its visible part.
+    virtual void PaintOn(TCanvas& Canvas);
+    /// The bounds that SetBounds makes of these numbers.
+    static TRect LimitedBounds(int Left, int Top, int Width, int Height);
+
+private:
+    void FontChanged();
+    void TakeParentFont();
+    void TakeParentColor();
+    void TakeParentShowHint();
+    void StoreShowHint(bool ShowHint);
+    TWinControl* Topmost();
+    const TWinControl* Topmost() const;
+    void PrepareDrag(TPoint Pos);
+    void PopUpMenuAt(TPoint Pos);
+
+    TWinControl* FParent = nullptr;
+    TRect FBounds;
+    TAlign FAlign = alNone;
+    bool FVisible = true;
+    bool FEnabled = true;
+    TColor FColor = clBtnFace;
+    bool FParentColor = true;
+    TFont FFont;
+    bool FParentFont = true;
+    bool FTakingParentFont = false;
+    std::string FText;
+    TCursor FCursor = crDefault;
+    std::string FHint;
+    bool FShowHint = false;
+    bool FParentShowHint = true;
+    TDragMode FDragMode = dmManual;
+    TCursor FDragCursor = crDrag;
+    TPopupMenu* FPopupMenu = nullptr;
+};
+
+/// A control that is painted as a part of its parent, before the parent's windowed children.
+class TGraphicControl : public TControl {
+public:
+    explicit TGraphicControl(TComponent* Owner);
+    /// Attached to a device while painting; at other times it measures on the screen and draws nothing.
+    TCanvas& GetCanvas() { return *FCanvas; }
+
+protected:
+    virtual void Paint() {}
+    void PaintOn(TCanvas& Canvas) override;
+
+private:
+    TCanvas FOwnCanvas;
+    TCanvas* FCanvas = &FOwnCanvas;
+};
+
+/// A control with children.
+class TWinControl : public TControl {
+public:
+    explicit TWinControl(TComponent* Owner);
+    ~TWinControl() override;
+
+    int GetControlCount() const { return static_cast<int>(FControls.size()); }
+    TControl* GetControl(int Index) const;
+    /// Children from the bottom to the top, windowed ones above all graphic ones.
+    const std::vector<TControl*>& GetControls() const { return FControls; }
+    /// Whether Control is this one or lies in its tree.
+    bool ContainsControl(const TControl* Control) const;
+    /// The topmost visible child at Pos (this control's pixels) that is enabled; null when there is none.
+    TControl* ControlAt(TPoint Pos) const;
+
+    /// Gives a mouse event at Pos (this control's pixels) to the control it belongs to: the one that captured
+    /// the mouse, else the deepest at Pos, else this one. A press captures the mouse until the release; a
+    /// release of the left button over the pressed control is a click, called before the release. A press
+    /// with ssDouble is a double click, called before the press; its release is no second click. A drag takes
+    /// all events. Handlers may destroy controls, this one too; their exceptions go to the application.
+    void DispatchMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos);
+    /// Places the children that have an Align other than alNone, in order of top, bottom, left, right,
+    /// client.
+    void AlignControls();
+
+    void SetBounds(int Left, int Top, int Width, int Height) override;
+
+    /// The window that shows this control's tree; null when it is in none. Only forms have one of their own.
+    virtual THostWindow* GetHostWindow() const;
+
+protected:
+    friend class TControl;
+    friend void PaintTree(TWinControl&, TCanvasDevice&, const TRect&);
+    void CMFontChanged() override;
+    void CMColorChanged() override;
+    void CMShowHintChanged() override;
+    /// A child entered, left, moved or changed its visibility. One that left may be in its destructor.
+    virtual void ControlsChanged(TControl* Child);
+    /// Whether the children are painted after this control; false where it has painted a picture of them.
+    virtual bool PaintsChildren() const { return true; }
+
+private:
+    void InsertControl(TControl* Control);
+    void RemoveControl(TControl* Control);
+    void Restack(TControl* Control, bool ToFront);
+    TControl* MouseTarget(TPoint& Pos);
+    TControl* DeepestAt(TPoint& Pos);
+    void ReleaseMouse(const TControl& Control);
+    void ForgetMouse(const TControl& Control);
+    void StartDrag(TControl& Source);
+    bool DragMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos);
+    TControl* DragTarget(TPoint Pos);
+    void DragTo(TPoint Pos);
+    void DropAt(TPoint Pos);
+    void StopDrag();
+    void ForgetDrag(const TControl& Control);
+
+    struct TDispatch;
+    std::vector<TControl*> FControls;
+    // In the topmost parent:
+    TControl* FCaptured = nullptr;
+    TControl* FPressed = nullptr;
+    TDragging FDragging;
+    TDispatch* FDispatch = nullptr; // the innermost mouse event that is being handled
+    bool FAligning = false;
+};
+
+/// A control with children that paints itself under them.
+class TCustomControl : public TWinControl {
+public:
+    explicit TCustomControl(TComponent* Owner);
+    TCanvas& GetCanvas() { return *FCanvas; }
+
+protected:
+    virtual void Paint() {}
+    void PaintOn(TCanvas& Canvas) override;
+
+private:
+    TCanvas FOwnCanvas;
+    TCanvas* FCanvas = &FOwnCanvas;
+};
+
+/// A plain surface for other controls, filled with its colour.
+class TCustomPanel : public TCustomControl {
+public:
+    explicit TCustomPanel(TComponent* Owner);
+
+protected:
+    void Paint() override;
+};
+
+} // namespace kx

@@ -1,0 +1,158 @@
+#include <kxgraph/platform/controls/controlsmouse.h>
+
+#include <kxgraph/platform/controls/popupmenu.h>
+#include <kxgraph/platform/drawing/shifting.h>
+
+namespace kx {
+
+namespace {
+
+unsigned FlagOf(TMouseButton Button) {
+    return Button == mbLeft ? ssLeft : Button == mbRight ? ssRight : ssMiddle;
+}
+
+} // namespace
+
+bool IsWithin(const TControl* Inner, const TControl& Outer) {
+    while (Inner && Inner != &Outer) Inner = Inner->GetParent();
+    return Inner != nullptr;
+}
+
+void ShowCursorOf(const TControl& Target) {
+    const TControl* control = &Target;
+    const TWinControl* top = nullptr;
+    TCursor cursor = crDefault;
+    for (; control; control = control->GetParent()) {
+        if (cursor == crDefault) cursor = control->GetCursor();
+        if (!control->GetParent()) top = dynamic_cast<const TWinControl*>(control);
+    }
+    if (THostWindow* window = top ? top->GetHostWindow() : nullptr) window->SetCursor(cursor);
+}
+
+void TWinControl::TDispatch::Press(TMouseButton Button, TShiftState Shift, TPoint Pos) {
+    const bool twice = (Shift & ssDouble) != 0;
+    if (Button == mbLeft) Root->FPressed = twice ? nullptr : Target;
+    Target->SetMouseCapture(true);
+    if (twice && Button == mbLeft) Call([](TControl& T) { T.DblClick(); });
+    Call([&](TControl& T) { T.MouseDown(Button, Shift, Pos.X, Pos.Y); });
+}
+
+void TWinControl::TDispatch::Release(TMouseButton Button, TShiftState Shift, TPoint Pos) {
+    const bool within = Target->GetClientRect().Contains(Pos);
+    const bool click = within && Button == mbLeft && Root->FPressed == Target;
+    if (Button == mbLeft) Root->FPressed = nullptr;
+    const bool othersDown = (Shift & (ssLeft | ssRight | ssMiddle) & ~FlagOf(Button)) != 0;
+    if (!othersDown) Target->SetMouseCapture(false);
+    if (click) Call([](TControl& T) { T.Click(); });
+    Call([&](TControl& T) { T.MouseUp(Button, Shift, Pos.X, Pos.Y); });
+    if (within && Button == mbRight) Call([&](TControl& T) { T.PopUpMenuAt(Pos); });
+}
+
+TWinControl::~TWinControl() {
+    for (TDispatch* dispatch = FDispatch; dispatch; dispatch = dispatch->Outer) {
+        dispatch->Root = nullptr;
+        dispatch->Target = nullptr;
+    }
+    for (TControl* control : FControls) {
+        ForgetMouse(*control);
+        control->FParent = nullptr;
+    }
+}
+
+void TWinControl::DispatchMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) {
+    TWinControl& root = *Topmost();
+    if (!root.GetEnabled() || root.DragMouse(Kind, Button, Shift, ClientToRoot(Pos))) return;
+    TDispatch dispatch(root, MouseTarget(Pos));
+    switch (Kind) {
+    case TMouseKind::Down: return dispatch.Press(Button, Shift, Pos);
+    case TMouseKind::Up: return dispatch.Release(Button, Shift, Pos);
+    case TMouseKind::Move:
+        ShowCursorOf(*dispatch.Target);
+        return dispatch.Call([&](TControl& T) { T.MouseMove(Shift, Pos.X, Pos.Y); });
+    }
+}
+
+/// The control that gets an event at Pos, which becomes that control's.
+TControl* TWinControl::MouseTarget(TPoint& Pos) {
+    if (TControl* captured = Topmost()->FCaptured) {
+        Pos = captured->RootToClient(ClientToRoot(Pos));
+        return captured;
+    }
+    return DeepestAt(Pos);
+}
+
+/// The deepest control at Pos, which becomes that control's; this one where there is none.
+TControl* TWinControl::DeepestAt(TPoint& Pos) {
+    TControl* target = this;
+    const TWinControl* container = this;
+    while (TControl* child = container ? container->ControlAt(Pos) : nullptr) {
+        Pos = Pos - child->FBounds.TopLeft();
+        target = child;
+        container = dynamic_cast<const TWinControl*>(child);
+    }
+    return target;
+}
+
+TControl* TWinControl::ControlAt(TPoint Pos) const {
+    const auto takes = [Pos](const TControl* C) {
+        return C->GetVisible() && C->GetEnabled() && C->GetBoundsRect().Contains(Pos);
+    };
+    const auto found = std::find_if(FControls.rbegin(), FControls.rend(), takes);
+    return found == FControls.rend() ? nullptr : *found;
+}
+
+void TControl::SetMouseCapture(bool Capture) {
+    TWinControl* root = Topmost();
+    if (!root || Capture == (root->FCaptured == this)) return;
+    root->FCaptured = Capture ? this : nullptr;
+    if (THostWindow* window = root->GetHostWindow()) window->SetCapture(Capture);
+}
+
+bool TControl::GetMouseCapture() const {
+    const TWinControl* root = Topmost();
+    return root && root->FCaptured == this;
+}
+
+/// Ends what the mouse has begun on Control, a child, or inside it.
+void TWinControl::ReleaseMouse(const TControl& Control) {
+    for (TWinControl* root = this; root; root = root->GetParent()) {
+        if (IsWithin(root->FPressed, Control)) root->FPressed = nullptr;
+        if (!root->FDragging.Active && IsWithin(root->FDragging.Source, Control)) root->FDragging = {};
+        if (IsWithin(root->FCaptured, Control)) root->FCaptured->SetMouseCapture(false);
+    }
+}
+
+/// The same for a child that leaves: an event on its way to it ends, too.
+void TWinControl::ForgetMouse(const TControl& Control) {
+    ReleaseMouse(Control);
+    for (TWinControl* root = this; root; root = root->GetParent()) {
+        root->ForgetDrag(Control);
+        for (TDispatch* dispatch = root->FDispatch; dispatch; dispatch = dispatch->Outer)
+            if (IsWithin(dispatch->Target, Control)) dispatch->Target = nullptr;
+    }
+}
+
+/// Pops up the menu of this control or of its nearest parent that has one.
+void TControl::PopUpMenuAt(TPoint Pos) {
+    TControl* control = this;
+    while (control && !control->FPopupMenu) control = control->FParent;
+    if (!control) return;
+    const TPoint at = control->RootToClient(ClientToRoot(Pos));
+    control->FPopupMenu->Popup(control, at.X, at.Y);
+}
+
+void TControl::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
+    if (Button == mbLeft && FDragMode == dmAutomatic) PrepareDrag({X, Y}); // the handler may destroy it
+    OnMouseDown(this, Button, Shift, X, Y);
+}
+
+void TControl::MouseMove(TShiftState Shift, int X, int Y) { OnMouseMove(this, Shift, X, Y); }
+
+void TControl::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
+    OnMouseUp(this, Button, Shift, X, Y);
+}
+
+void TControl::Click() { OnClick(this); }
+void TControl::DblClick() { OnDblClick(this); }
+
+} // namespace kx

@@ -1,0 +1,111 @@
+#include <kxgraph/platform/controls/form.h>
+
+#include <kxgraph/platform/base/scopedvalue.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/host/application.h>
+
+namespace kx {
+
+TForm::TForm(TComponent* Owner) : TCustomControl(Owner) { TForm::SetBounds(0, 0, 640, 480); }
+
+TForm::~TForm() { FWindow.reset(); }
+
+void TForm::Show() {
+    if (!FWindow) {
+        FWindow = TApplication::Instance().GetHost().OpenWindow(*this);
+        FWindow->SetCaption(GetText());
+        FWindow->SetBounds(FNormalBounds);
+        FWindow->SetState(FState);
+    }
+    FShown = true;
+    SetVisible(true);
+    UpdateWindow();
+}
+
+void TForm::Hide() {
+    FShown = false;
+    UpdateWindow();
+}
+
+void TForm::UpdateWindow() {
+    if (FWindow) FWindow->SetVisible(FShown && GetVisible());
+}
+
+void TForm::SetWindowState(TWindowState State) {
+    if (FState == State) return;
+    const TRect normal = FNormalBounds; // the host may tell of other bounds on the way
+    FState = State;
+    if (!FWindow) return;
+    FWindow->SetState(State);
+    if (State == wsNormal) SetBounds(normal.Left, normal.Top, normal.Width(), normal.Height());
+}
+
+void TForm::SetPosition(TPosition Position) {
+    FPosition = Position;
+    if (Position != poScreenCenter) return;
+    const TSize screen = TApplication::Instance().GetHost().ScreenSize();
+    const int width = FNormalBounds.Width(), height = FNormalBounds.Height();
+    SetBounds((screen.Width - width) / 2, (screen.Height - height) / 2, width, height);
+}
+
+void TForm::SetBounds(int Left, int Top, int Width, int Height) {
+    const bool normal = FState == wsNormal || !FWindow;
+    if (normal || !FTakingHostBounds) FNormalBounds = LimitedBounds(Left, Top, Width, Height);
+    if (!normal && !FTakingHostBounds) return;
+    TCustomControl::SetBounds(Left, Top, Width, Height);
+    if (FWindow && !FTakingHostBounds) FWindow->SetBounds(GetBoundsRect());
+}
+
+void TForm::Paint() {
+    GetCanvas().Brush.SetColor(GetColor());
+    GetCanvas().FillRect(GetClientRect());
+}
+
+void TForm::CMTextChanged() {
+    TCustomControl::CMTextChanged();
+    if (FWindow) FWindow->SetCaption(GetText());
+}
+
+void TForm::CMVisibleChanged() {
+    TCustomControl::CMVisibleChanged();
+    UpdateWindow();
+}
+
+void TForm::HostSettle() { SettleTree(*this); }
+
+void TForm::HostPaint(TCanvasDevice& Device, const TRect& Dirty) {
+    SettleTree(*this);
+    PaintTree(*this, Device, Dirty);
+}
+
+void TForm::HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) {
+    DispatchMouse(Kind, Button, Shift, Pos);
+}
+
+void TForm::HostKey(int KeyCode, std::string_view Text, TShiftState Shift, bool Down) {
+    if (Down) Guarded([&] { OnKeyDown(this, KeyCode, Text, Shift); });
+}
+
+void TForm::HostResized(const TRect& Bounds) {
+    const TScopedValue taking(FTakingHostBounds, true);
+    Guarded([&] { SetBounds(Bounds.Left, Bounds.Top, Bounds.Width(), Bounds.Height()); });
+}
+
+void TForm::HostClosed() {
+    Hide();
+    Guarded([&] { OnClose(this); });
+}
+
+const TPropertyTable& TForm::PublishedProperties() const {
+    using C = TForm;
+    static const TPropertyTable table(
+        "TForm", &TControl::Properties(),
+        {Published<&C::GetCaption, &C::SetCaption>("Caption", "", "Title of the window"),
+         Published<&C::GetWindowState, &C::SetWindowState>("WindowState", wsNormal, "Size of the window"),
+         Published<&C::GetPosition, &C::SetPosition>("Position", poDesigned, "Where the window opens"),
+         PublishedEvent<&C::OnClose>("OnClose", "The window was closed"),
+         PublishedEvent<&C::OnKeyDown>("OnKeyDown", "A key was pressed")});
+    return table;
+}
+
+} // namespace kx

@@ -1,0 +1,66 @@
+#pragma once
+// A form: the windowed control at the top of a tree, shown in a window of the host.
+
+#include <kxgraph/platform/controls/controls.h>
+
+namespace kx {
+
+enum TPosition { poDesigned, poScreenCenter };
+template <>
+inline constexpr auto CEnumNames<TPosition> = std::to_array<std::string_view>({"poDesigned",
+                                                                               "poScreenCenter"});
+
+/// A window of 640 x 480 pixels. Closed after construction; Show opens it on the application's host.
+class TForm : public TCustomControl, private THostClient {
+public:
+    explicit TForm(TComponent* Owner);
+    ~TForm() override;
+
+    void Show();
+    void Hide();
+    bool IsShown() const { return FWindow != nullptr && FShown; }
+    TWindowState GetWindowState() const { return FState; }
+    /// The bounds in normal state are kept while the form is minimised or maximised.
+    void SetWindowState(TWindowState State);
+    /// The bounds that the form has, or returns to, in normal state.
+    const TRect& GetNormalBounds() const { return FNormalBounds; }
+    TPosition GetPosition() const { return FPosition; }
+    /// poScreenCenter moves the form to the middle of the screen at once.
+    void SetPosition(TPosition Position);
+    const std::string& GetCaption() const { return GetText(); }
+    void SetCaption(const std::string& Caption) { SetText(Caption); }
+
+    /// Places the window. While that is minimised or maximised only the bounds in normal state are set.
+    void SetBounds(int Left, int Top, int Width, int Height) override;
+    THostWindow* GetHostWindow() const override { return FWindow.get(); }
+    /// What the host calls the form by; for a test that plays the host.
+    THostClient& AsHostClient() { return *this; }
+
+    TNotifyEvent OnClose;
+    TEvent<TControl*, int, std::string_view, TShiftState> OnKeyDown;
+
+    const TPropertyTable& PublishedProperties() const override;
+
+protected:
+    void Paint() override;
+    void CMTextChanged() override;
+    void CMVisibleChanged() override;
+
+private:
+    void UpdateWindow();
+    void HostSettle() override;
+    void HostPaint(TCanvasDevice& Device, const TRect& Dirty) override;
+    void HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) override;
+    void HostKey(int KeyCode, std::string_view Text, TShiftState Shift, bool Down) override;
+    void HostResized(const TRect& Bounds) override;
+    void HostClosed() override;
+
+    std::unique_ptr<THostWindow> FWindow;
+    bool FShown = false;
+    bool FTakingHostBounds = false;
+    TRect FNormalBounds;
+    TWindowState FState = wsNormal;
+    TPosition FPosition = poDesigned;
+};
+
+} // namespace kx

@@ -1,0 +1,76 @@
+#pragma once
+// The seam to whatever is drawn on: raster image, PDF page, SVG file, window, recording. A device is
+// stateless but for its clip; all values come with the call. Coordinates are logical pixels.
+
+#include <kxgraph/platform/drawing/geometry.h>
+#include <kxgraph/platform/drawing/graphics.h>
+#include <kxgraph/platform/text/colors.h>
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace kx {
+
+class TRecording;
+
+/// An outline. Style psClear draws none. Width 0 is one device pixel. Color is resolved (no system colour).
+struct TStroke {
+    TColor Color = clBlack;
+    int Width = 0;
+    TPenStyle Style = psSolid;
+    TPenMode Mode = pmCopy;
+    friend bool operator==(const TStroke&, const TStroke&) = default;
+};
+
+/// A filling. Style bsClear fills nothing; a hatch draws its lines only. Color is resolved.
+struct TFill {
+    TColor Color = clWhite;
+    TBrushStyle Style = bsSolid;
+    TPenMode Mode = pmCopy;
+    friend bool operator==(const TFill&, const TFill&) = default;
+};
+
+/// A font as a device needs it.
+struct TFontFace {
+    std::string Name;
+    int Height = -13; ///< pixels; negative: em square, positive: cell
+    TFontStyles Style = 0;
+    TFontPitch Pitch = fpDefault;
+    int Angle = 0; ///< tenths of a degree, counter-clockwise, about the point that Text is given
+    friend bool operator==(const TFontFace&, const TFontFace&) = default;
+};
+
+/// A place to draw on.
+class TCanvasDevice {
+public:
+    virtual ~TCanvasDevice() = default;
+    virtual TSize Extent() const = 0;
+    virtual int PixelsPerInch() const = 0;
+
+    /// Joined lines through the points. The last point's pixel is left out (of a thin line, on a raster).
+    virtual void Polyline(std::span<const TPoint> Points, const TStroke& Stroke) = 0;
+    /// The closed polygon, filled by the even-odd rule and outlined, both with the end points included.
+    virtual void Polygon(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill) = 0;
+    /// The ellipse that covers Left..Right-1 and Top..Bottom-1, outline included.
+    virtual void Ellipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) = 0;
+    /// All pixels Left..Right-1, Top..Bottom-1.
+    virtual void FillRect(const TRect& Rect, const TFill& Fill) = 0;
+    /// Text in one line, UTF-8; Pos is the top left of the first character's cell, turned with the text about
+    /// that point by Face.Angle.
+    virtual void Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) = 0;
+    /// Advance width and cell height of Text, the angle left out of account.
+    virtual TSize MeasureText(const TFontFace& Face, std::string_view Text) const = 0;
+    /// Nothing is drawn outside Clip from now on; no value lifts the clip.
+    virtual void SetClip(const std::optional<TRect>& Clip) = 0;
+    /// Whether pmXor restores when drawn twice.
+    virtual bool CanXor() const { return false; }
+    /// One recorded picture, drawn with its origin at each of the places in order. By default replayed at
+    /// each.
+    virtual void Stamps(std::span<const TPoint> Places, const TRecording& One);
+    /// The rectangle that covers Left..Right-1 and Top..Bottom-1, outline included. By default a Polygon.
+    virtual void Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill& Fill);
+};
+
+} // namespace kx

@@ -1,0 +1,162 @@
+#include <kxgraph/platform/host/headlesshost.h>
+
+#include <kxgraph/platform/objects/guarded.h>
+
+#include <algorithm>
+
+namespace kx {
+
+namespace {
+
+template <class T>
+bool Holds(const std::vector<T*>& List, const T* Item) {
+    return std::ranges::find(List, Item) != List.end();
+}
+
+} // namespace
+
+/// A window that is nothing but its state. Knows no host any more once that is gone.
+class THeadlessHost::TWindow : public THostWindow {
+public:
+    TWindow(THeadlessHost& Host, THostClient& Client) : FHost(&Host), FClient(Client) {
+        Host.FWindows.push_back(this);
+    }
+    ~TWindow() override {
+        if (FHost) std::erase(FHost->FWindows, this);
+    }
+
+    void SetBounds(const TRect& Bounds) override {
+        const bool resized = Bounds.Size() != FView.Bounds.Size();
+        FView.Bounds = Bounds;
+        if (resized) InvalidateAll();
+    }
+    void SetVisible(bool Visible) override {
+        if (Visible && !FView.Visible) InvalidateAll();
+        FView.Visible = Visible;
+    }
+    void SetCaption(const std::string& Caption) override { FView.Caption = Caption; }
+    void SetState(TWindowState State) override {
+        if (State == FView.State) return;
+        if (FView.State == wsNormal) FNormalBounds = FView.Bounds;
+        FView.State = State;
+        if (State == wsMinimized || !FHost) return;
+        const TSize screen = FHost->FScreenSize;
+        SetBounds(State == wsMaximized ? TRect{0, 0, screen.Width, screen.Height} : FNormalBounds);
+        FClient.HostResized(FView.Bounds);
+    }
+    void Invalidate(const TRect& Rect) override {
+        const TSize size = FView.Bounds.Size();
+        FView.Invalid = FView.Invalid.United(Rect.Intersected({0, 0, size.Width, size.Height}));
+    }
+    void SetCapture(bool Captured) override { FView.Captured = Captured; }
+    void SetCursor(TCursor Cursor) override { FView.Cursor = Cursor; }
+
+    bool NeedsFrame() const {
+        return FView.Visible && FView.State != wsMinimized && !FView.Invalid.IsEmpty();
+    }
+    /// What becomes invalid during the paint is left to the next frame.
+    void DrawFrame() {
+        TRecorder recorder(FView.Bounds.Size(), FHost->PixelsPerInch(), true);
+        THeadlessHost& host = *FHost;
+        Guarded([&] { FClient.HostSettle(); });
+        if (!Holds(host.FWindows, this)) return;
+        const TRect dirty = std::exchange(FView.Invalid, {});
+        Guarded([&] { FClient.HostPaint(recorder, dirty); });
+        if (!Holds(host.FWindows, this)) return; // closed by the paint
+        FView.LastFrame = std::move(recorder.Recording);
+        ++FView.Frames;
+    }
+    bool IsOf(const THostClient& Client) const { return &FClient == &Client; }
+    const TWindowView& View() const { return FView; }
+    void LoseHost() { FHost = nullptr; }
+
+private:
+    void InvalidateAll() { FView.Invalid = {0, 0, FView.Bounds.Width(), FView.Bounds.Height()}; }
+
+    THeadlessHost* FHost;
+    THostClient& FClient;
+    TWindowView FView;
+    TRect FNormalBounds;
+};
+
+class THeadlessHost::TTimerEntry : public THostTimer {
+public:
+    TTimerEntry(THeadlessHost& Host, int Interval, TEvent<> Tick)
+        : FHost(&Host), FInterval(std::max(Interval, 1)), FTick(std::move(Tick)),
+          FDue(Host.FNow + FInterval) {
+        Host.FTimers.push_back(this);
+    }
+    ~TTimerEntry() override {
+        if (FHost) std::erase(FHost->FTimers, this);
+    }
+
+    long long Due() const { return FDue; }
+    /// The timer may be gone afterwards.
+    void Tick() {
+        FDue += FInterval;
+        const TEvent<> tick = FTick;
+        Guarded([&] { tick(); });
+    }
+    void LoseHost() { FHost = nullptr; }
+
+private:
+    THeadlessHost* FHost;
+    int FInterval;
+    TEvent<> FTick;
+    long long FDue;
+};
+
+THeadlessHost::THeadlessHost() : FClipboard(std::make_unique<TMetafile>()) {}
+
+THeadlessHost::~THeadlessHost() {
+    for (TWindow* window : FWindows) window->LoseHost();
+    for (TTimerEntry* timer : FTimers) timer->LoseHost();
+}
+
+std::unique_ptr<THostWindow> THeadlessHost::OpenWindow(THostClient& Client) {
+    return std::make_unique<TWindow>(*this, Client);
+}
+
+std::unique_ptr<THostTimer> THeadlessHost::StartTimer(int Interval, TEvent<> Tick) {
+    return std::make_unique<TTimerEntry>(*this, Interval, std::move(Tick));
+}
+
+void THeadlessHost::CopyToClipboard(const TMetafile& Picture) { FClipboard->Assign(Picture); }
+
+void THeadlessHost::ProcessMessages() {
+    const std::vector<TWindow*> windows = FWindows; // a paint may open and close windows
+    for (TWindow* window : windows)
+        if (Holds(FWindows, window) && window->NeedsFrame()) window->DrawFrame();
+}
+
+void THeadlessHost::Run() {
+    FQuit = false;
+    while (!FQuit) {
+        ProcessMessages();
+        if (FQuit) return;
+        const auto next = std::ranges::min_element(FTimers, {}, &TTimerEntry::Due);
+        if (next != FTimers.end())
+            Advance(static_cast<int>(std::max(0LL, (*next)->Due() - FNow)));
+        else if (std::ranges::none_of(FWindows, &TWindow::NeedsFrame))
+            return;
+    }
+}
+
+void THeadlessHost::Advance(int Milliseconds) {
+    const long long until = FNow + std::max(Milliseconds, 0);
+    while (true) {
+        const auto next = std::ranges::min_element(FTimers, {}, &TTimerEntry::Due);
+        if (next == FTimers.end() || (*next)->Due() > until) break;
+        FNow = std::max(FNow, (*next)->Due());
+        (*next)->Tick();
+    }
+    FNow = std::max(FNow, until);
+}
+
+const THeadlessHost::TWindowView* THeadlessHost::WindowOf(const THostClient& Client) const {
+    const auto found =
+        std::ranges::find_if(FWindows, [&](const TWindow* Window) { return Window->IsOf(Client); });
+    return found == FWindows.end() ? nullptr : &(*found)->View();
+}
+
+} // namespace kx

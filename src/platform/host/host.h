@@ -1,0 +1,92 @@
+#pragma once
+// The seam to the windowing world: windows, mouse and keys, timers, text metrics, clipboard. The application
+// starts on the headless host; another one replaces it.
+
+#include <kxgraph/platform/base/event.h>
+#include <kxgraph/platform/drawing/screentext.h>
+
+#include <memory>
+#include <string>
+
+namespace kx {
+
+class TMetafile;
+
+enum TCursor { crDefault, crArrow, crCross, crHourGlass, crSizeWE, crSizeNS, crHandPoint, crDrag, crNoDrop };
+template <>
+inline constexpr auto CEnumNames<TCursor> =
+    std::to_array<std::string_view>({"crDefault", "crArrow", "crCross", "crHourGlass", "crSizeWE", "crSizeNS",
+                                     "crHandPoint", "crDrag", "crNoDrop"});
+enum TMouseButton { mbLeft, mbRight, mbMiddle };
+enum TShiftStateFlag : unsigned {
+    ssShift = 1,
+    ssAlt = 2,
+    ssCtrl = 4,
+    ssLeft = 8,
+    ssRight = 16,
+    ssMiddle = 32,
+    ssDouble = 64
+};
+using TShiftState = unsigned; ///< bits of TShiftStateFlag
+enum class TMouseKind { Down, Move, Up };
+enum TWindowState { wsNormal, wsMinimized, wsMaximized };
+template <>
+inline constexpr auto CEnumNames<TWindowState> = std::to_array<std::string_view>({"wsNormal", "wsMinimized",
+                                                                                  "wsMaximized"});
+
+/// What a window calls up: its control paints, and is told of mouse, keys and size. Points are in pixels of
+/// the client area.
+class THostClient {
+public:
+    /// Brings everything up to date for a frame. What this makes invalid belongs to that frame: the host asks
+    /// for it before it takes what is to be painted.
+    virtual void HostSettle() = 0;
+    virtual void HostPaint(TCanvasDevice& Device, const TRect& Dirty) = 0;
+    virtual void HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) = 0;
+    virtual void HostKey(int KeyCode, std::string_view Text, TShiftState Shift, bool Down) = 0;
+    virtual void HostResized(const TRect& Bounds) = 0;
+    virtual void HostClosed() = 0;
+
+protected:
+    ~THostClient() = default;
+};
+
+/// A window of the host; closing is destroying it.
+class THostWindow {
+public:
+    virtual ~THostWindow() = default;
+    virtual void SetBounds(const TRect& Bounds) = 0;
+    virtual void SetVisible(bool Visible) = 0;
+    virtual void SetCaption(const std::string& Caption) = 0;
+    virtual void SetState(TWindowState State) = 0;
+    /// Asks for a paint of Rect by the next frame.
+    virtual void Invalidate(const TRect& Rect) = 0;
+    virtual void SetCapture(bool Captured) = 0;
+    virtual void SetCursor(TCursor Cursor) = 0;
+};
+
+/// A running timer; destroying it stops it.
+class THostTimer {
+public:
+    virtual ~THostTimer() = default;
+};
+
+class THost : public TScreenText {
+public:
+    virtual ~THost() = default;
+    virtual std::unique_ptr<THostWindow> OpenWindow(THostClient& Client) = 0;
+    /// Calls Tick every Interval milliseconds (at least 1) until the timer is destroyed.
+    virtual std::unique_ptr<THostTimer> StartTimer(int Interval, TEvent<> Tick) = 0;
+    virtual TSize ScreenSize() const = 0;
+    virtual int PixelsPerInch() const = 0;
+    /// Advance width and cell height on the screen, the angle left out of account.
+    virtual void SetCursor(TCursor Cursor) = 0;
+    virtual void CopyToClipboard(const TMetafile& Picture) = 0;
+    /// Handles what is waiting: input, timers, frames. Returns without waiting.
+    virtual void ProcessMessages() = 0;
+    /// Handles what comes until Quit.
+    virtual void Run() = 0;
+    virtual void Quit() = 0;
+};
+
+} // namespace kx

@@ -1,0 +1,143 @@
+#pragma once
+// Components: named objects that own one another, find one another, and are told when another one goes.
+
+#include <kxgraph/platform/objects/properties.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace kx {
+
+enum TOperation { opInsert, opRemove };
+
+/// What a component is going through, as bits of TComponentState.
+enum TComponentStateFlag : unsigned {
+    csLoading = 1,    ///< between the first read property and Loaded
+    csDesigning = 2,  ///< lies in the form designer
+    csDestroying = 4, ///< its destructor runs
+    csUpdating = 8
+};
+using TComponentState = unsigned;
+
+/// An object with an owner and a name. The owner deletes what it still owns when it is destroyed; a component
+/// that is destroyed earlier (also one on the stack) leaves its owner by itself.
+/// Components belong to the thread that made the application object: only that one may touch them.
+/// Removal notices (Notification with opRemove) leave from this class's destructor, when the derived parts
+/// are gone: a Notification override compares addresses and never casts the component it is given. Everybody
+/// is told before the first owned component is deleted. What a listener raises goes to the application, and
+/// the others are told all the same.
+class TComponent : public TPersistent {
+public:
+    /// Owner may be null. Raises nothing.
+    explicit TComponent(TComponent* Owner);
+    ~TComponent() override;
+
+    TComponent* GetOwner() const { return FOwner; }
+    /// Owned components in order. The order is the order of insertion until SetComponentIndex moves one.
+    int GetComponentCount() const { return static_cast<int>(FComponents.size()); }
+    /// Raises ERangeError for an index outside 0..ComponentCount-1.
+    TComponent* GetComponent(int Index) const;
+    const std::vector<TComponent*>& GetComponents() const { return FComponents; }
+    /// The place among the owner's components; -1 without owner. O(1), but for the first call after
+    /// components have left the owner or moved within it.
+    int GetComponentIndex() const;
+    /// Moves within the owner's list; an index outside is clamped.
+    void SetComponentIndex(int Index);
+    /// Owned component by name, ignoring case; null when there is none. O(1).
+    TComponent* FindComponent(std::string_view Name) const;
+    /// Takes Component over, from its owner if it has one; RemoveComponent leaves it without owner. Neither
+    /// ends a reference between Component and a partner of FreeNotification: both are still told when the
+    /// other one goes. For all others at the old owner it is gone (opRemove).
+    void InsertComponent(TComponent* Component);
+    void RemoveComponent(TComponent* Component);
+
+    const std::string& GetName() const { return FName; }
+    /// Raises EComponentError when Name is no identifier ("'1a' is not a valid component name") or is borne
+    /// by another component of the same owner ("A component named Axis1 already exists").
+    virtual void SetName(const std::string& Name);
+
+    /// From now on Component->Notification(this, opRemove) is called when this component is destroyed, and
+    /// the other way round, whoever owns the two. Repeated calls count once.
+    void FreeNotification(TComponent* Component);
+    void RemoveFreeNotification(TComponent* Component);
+
+    TComponentState GetComponentState() const { return FComponentState; }
+    bool IsIn(TComponentStateFlag Flag) const { return (FComponentState & Flag) != 0; }
+    void SetDesigning(bool Designing);
+    /// Brackets the setting of properties from a file: csLoading is set between the two, EndLoading calls
+    /// Loaded.
+    void BeginLoading() { FComponentState |= csLoading; }
+    void EndLoading();
+
+    /// What TComponentRef asks: true until the destructor of this class begins.
+    std::shared_ptr<const bool> GetLife() const;
+
+    int Tag = 0; ///< free for the program
+
+    const TPropertyTable& PublishedProperties() const override;
+    static const TPropertyTable& Properties();
+
+protected:
+    /// Another component enters (opInsert) or goes (opRemove). Overrides call the inherited one first and
+    /// clear the references that point at Component. While the owner is being destroyed, only partners of
+    /// FreeNotification are told.
+    virtual void Notification(TComponent* Component, TOperation Operation);
+    /// All properties were read.
+    virtual void Loaded();
+
+private:
+    struct TNameHash {
+        std::size_t operator()(std::string_view Name) const;
+    };
+    struct TSameName {
+        bool operator()(std::string_view A, std::string_view B) const;
+    };
+    /// The keys are the components' own texts.
+    using TNameIndex = std::unordered_map<std::string_view, TComponent*, TNameHash, TSameName>;
+
+    void Forget(TComponent* Partner);
+    bool IsPartner(const TComponent* Component) const;
+    void TellPartners();
+    void Tell(TComponent* Component, TOperation Operation);
+    void Drop(TComponent* Component);
+    void StoreName(std::string Name);
+
+    TComponent* FOwner = nullptr;
+    std::string FName;
+    std::vector<TComponent*> FComponents;
+    TNameIndex FNames;              // of FComponents, but those without a name
+    mutable std::size_t FIndex = 0; // among the owner's components, if it is this that stands there
+    std::vector<TComponent*> FFreeNotifies;
+    mutable std::shared_ptr<bool> FLife; // made when it is asked for
+    TComponentState FComponentState = 0;
+};
+
+/// A reference to a component that may be destroyed meanwhile: for whoever calls handlers and then goes on.
+/// Where a handler may take a component away, this stands in the place of the pointer.
+template <class T>
+class TComponentRef {
+public:
+    TComponentRef() = default;
+    TComponentRef(T* Component) : FComponent(Component) {
+        if (Component) FLife = Component->GetLife();
+    }
+    /// The component; null when there is none or none any more.
+    T* Get() const { return FLife && *FLife ? FComponent : nullptr; }
+    explicit operator bool() const { return Get() != nullptr; }
+    T* operator->() const { return FComponent; }
+
+private:
+    T* FComponent = nullptr;
+    std::shared_ptr<const bool> FLife;
+};
+
+/// Component of T that Owner owns under Name; null when there is none.
+template <class T>
+T* FindComponentAs(const TComponent& Owner, std::string_view Name) {
+    return dynamic_cast<T*>(Owner.FindComponent(Name));
+}
+
+} // namespace kx
