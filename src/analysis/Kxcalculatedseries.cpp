@@ -86,7 +86,7 @@ void TKxCalculatedSeries::LoseResults() {
     EndCalculation();
     FError.clear();
     SetCurve({}, {});
-    FYRange.SetStartStop(CMaxReal, -CMaxReal); // so that its axis may shrink
+    FY.GetRange().SetStartStop(CMaxReal, -CMaxReal); // so that its axis may shrink
     GetResults().EraseSection(FOwnSection);
     Modified();
 }

@@ -140,10 +140,11 @@ void TKxCalculatedSeries::GetNewYStartStop() {
         !(data.GetStart() > 0 && data.GetStart() <= data.GetStop()))
         return;
     constexpr double CDecade = 10;
-    if (FYRange.GetStart() > FYRange.GetStop()) return;
+    TRange& range = FY.GetRange();
+    if (FY.IsEmpty()) return;
     const double lowest = data.GetStart() / CDecade, highest = data.GetStop() * CDecade;
-    if (FYRange.GetStart() < lowest || FYRange.GetStop() > highest)
-        FYRange.SetStartStop(std::max(FYRange.GetStart(), lowest), std::min(FYRange.GetStop(), highest));
+    if (range.GetStart() < lowest || range.GetStop() > highest)
+        range.SetStartStop(std::max(range.GetStart(), lowest), std::min(range.GetStop(), highest));
 }
 
 // A zoomed view is the user's: a curve that is sampled for it moves no axis.

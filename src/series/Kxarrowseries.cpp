@@ -1,8 +1,6 @@
 #include <kxgraph/series/Kxarrowseries.h>
 
 #include <kxgraph/persist/Kxoutfit.h>
-#include <kxgraph/series/Kxextents.h>
-#include <kxgraph/series/Kxmarks.h>
 
 #include <algorithm>
 #include <cmath>
@@ -11,41 +9,31 @@ namespace kx {
 
 TKxArrowSeries::TKxArrowSeries(TComponent* Owner) : TKxNotCalculatedSeries(Owner) { TakeAxes(Owner); }
 
-TKxArrowSeries::~TKxArrowSeries() {
-    if (FDX) FDX->Listeners().RemoveOwn(DXHandler());
-    if (FDY) FDY->Listeners().RemoveOwn(DYHandler());
-}
-
 void TKxArrowSeries::Notification(TComponent* Component, TOperation Operation) {
     TKxNotCalculatedSeries::Notification(Component, Operation);
-    if (Operation != opRemove || (Component != FDX && Component != FDY)) return;
-    if (Component == FDX) FDX = nullptr;
-    if (Component == FDY) FDY = nullptr;
-    RangesModified();
+    if (Operation != opRemove) return;
+    for (TKxBoundVector* components : {&FDX, &FDY}) {
+        if (components->GetVector() != Component) continue;
+        components->Forget();
+        RangesModified();
+    }
 }
 
-void TKxArrowSeries::SetComponent(TKxCustomRealVector*& Field, TKxCustomRealVector* Vector,
-                                  TKxIntegerVector& Ends, const TKxValueIChangedEvent& Handler) {
-    if (Field) Field->Listeners().RemoveOwn(Handler);
+void TKxArrowSeries::SetComponent(TKxBoundVector& Field, TKxCustomRealVector* Vector,
+                                  TKxIntegerVector& Ends) {
     Ends.Clear();
     Refer(Field, Vector);
-    FKnownDXCount = CountOf(FDX);
-    FKnownDYCount = CountOf(FDY);
-    if (Vector) Vector->Listeners().Add(Handler);
     RangesModified();
     DsgnUpdate();
 }
 
-void TKxArrowSeries::SetDX(TKxCustomRealVector* Vector) { SetComponent(FDX, Vector, FEndXs, DXHandler()); }
-void TKxArrowSeries::SetDY(TKxCustomRealVector* Vector) { SetComponent(FDY, Vector, FEndYs, DYHandler()); }
-
 void TKxArrowSeries::DXChanged(int Index, bool WasDeleted) {
-    if (WasInserted(FDX, FKnownDXCount, Index, WasDeleted)) return RangesModified();
+    if (FDX.WasInserted(Index, WasDeleted)) return RangesModified();
     FOnXIChanged(Index, WasDeleted);
 }
 
 void TKxArrowSeries::DYChanged(int Index, bool WasDeleted) {
-    if (WasInserted(FDY, FKnownDYCount, Index, WasDeleted)) return RangesModified();
+    if (FDY.WasInserted(Index, WasDeleted)) return RangesModified();
     FOnYIChanged(Index, WasDeleted);
 }
 
@@ -69,44 +57,25 @@ void TKxArrowSeries::Modified() {
     RangesModified();
 }
 
-double TKxArrowSeries::ComponentAt(const TKxCustomRealVector* Vector, int Index) const {
-    const bool exists = Vector && Index >= 0 && Index < Vector->GetCount();
-    return exists && LineStyle().GetVisible() ? Vector->GetValue(Index) : 0;
+double TKxArrowSeries::ComponentAt(const TKxBoundVector& Vector, int Index) const {
+    const bool exists = Index >= 0 && Index < Vector.GetCount();
+    return exists && LineStyle().GetVisible() ? Vector.GetValue(Index) : 0;
 }
 
-TKxSeries::TInterval TKxArrowSeries::ArrowInterval(double Value, double Component) const {
+TKxInterval TKxArrowSeries::ArrowInterval(double Value, double Component) {
     const double tip = Value + Component;
-    if (!std::isfinite(Value) || !std::isfinite(tip)) return PointInterval(Value, nullptr);
+    if (!std::isfinite(Value)) return TKxInterval::None();
+    if (!std::isfinite(tip)) return {Value, Value};
     return {std::min(Value, tip), std::max(Value, tip)};
 }
 
-TKxSeries::TInterval TKxArrowSeries::XInterval(int Index) const {
-    return ArrowInterval(GetXData()->GetValue(Index), GetDX(Index));
-}
-
-TKxSeries::TInterval TKxArrowSeries::YInterval(int Index) const {
-    return ArrowInterval(GetYData()->GetValue(Index), GetDY(Index));
-}
-
-void TKxArrowSeries::GetNewXStartStop() {
-    ScanExtents(FXRange, FXMinIndex, FXMaxIndex, XIdxNeeded(), [this](int i) { return XInterval(i); });
-    Modified();
-}
-
-void TKxArrowSeries::GetNewYStartStop() {
-    ScanExtents(FYRange, FYMinIndex, FYMaxIndex, YIdxNeeded(), [this](int i) { return YInterval(i); });
-    Modified();
-}
-
-// A component may arrive before its point: then it counts when that does.
-void TKxArrowSeries::CalcXValue(int Index) {
-    if (!GetXData() || Index >= GetXData()->GetCount()) return;
-    UpdateExtents(FXRange, FXMinIndex, FXMaxIndex, Index, XInterval(Index), [this] { GetNewXStartStop(); });
-}
-
-void TKxArrowSeries::CalcYValue(int Index) {
-    if (!GetYData() || Index >= GetYData()->GetCount()) return;
-    UpdateExtents(FYRange, FYMinIndex, FYMaxIndex, Index, YInterval(Index), [this] { GetNewYStartStop(); });
+void TKxArrowSeries::GetIntervals(const TKxChannel& Channel, int First,
+                                  std::span<TKxInterval> Intervals) const {
+    const TKxBoundVector& components = &Channel == &FX ? FDX : FDY;
+    for (TKxInterval& interval : Intervals) {
+        interval = ArrowInterval(Channel.GetValue(First), ComponentAt(components, First));
+        ++First;
+    }
 }
 
 namespace {
@@ -117,17 +86,15 @@ int EndPixel(const TKxAxisMap& Map, double Value) {
     return Map.RealToIntPosition(Map.IsLogarithmic() && Value <= 0 ? Map.Start : Value);
 }
 
-bool HasNoPixel(const TKxAxisMap& Map, double Value) {
-    return !std::isfinite(Value) || (Map.IsLogarithmic() && Value <= 0);
-}
-
 } // namespace
 
 void TKxArrowSeries::CalculateEnd(int Index) {
-    const double x = GetXData()->GetValue(Index), y = GetYData()->GetValue(Index);
-    const TKxAxisMap &xMap = GetXAxis()->GetMap(), &yMap = GetYAxis()->GetMap();
-    FEndXs.SetValue(Index, HasNoPixel(xMap, x) ? CNoPixel : EndPixel(xMap, x + GetDX(Index)));
-    FEndYs.SetValue(Index, HasNoPixel(yMap, y) ? CNoPixel : EndPixel(yMap, y + GetDY(Index)));
+    const auto end = [Index](const TKxChannel& Channel, double Component) {
+        const double value = Channel.GetValue(Index);
+        return Channel.HasPlace(value) ? EndPixel(Channel.GetAxis()->GetMap(), value + Component) : CNoPixel;
+    };
+    FEndXs.SetValue(Index, end(FX, GetDX(Index)));
+    FEndYs.SetValue(Index, end(FY, GetDY(Index)));
 }
 
 void TKxArrowSeries::CalculatePoint(int Index) {
@@ -151,7 +118,7 @@ void TKxArrowSeries::DrawOne(TCanvas& Canvas, TPoint From, TPoint To, int TipLen
 
 void TKxArrowSeries::DrawLine(TCanvas& Canvas) {
     if (!PrepareDrawing() || !LineStyle().GetVisible()) return;
-    UseLinePen(Canvas);
+    UseLinePen(Canvas, LineStyle());
     const auto points = FPoints.Values();
     const auto xs = FEndXs.Values(), ys = FEndYs.Values();
     ForPlacedPoints(Canvas, [&](int Index) {
@@ -163,7 +130,7 @@ void TKxArrowSeries::DrawLine(TCanvas& Canvas) {
 
 void TKxArrowSeries::DrawSample(TCanvas& Canvas, const TRect& Rect) {
     if (!LineStyle().GetVisible()) return;
-    UseLinePen(Canvas);
+    UseLinePen(Canvas, LineStyle());
     const int middle = (Rect.Top + Rect.Bottom) / 2, room = std::max(0, Rect.Height() / 2 - 1);
     DrawOne(Canvas, {Rect.Left, middle}, {Rect.Right - 1, middle}, std::min(FTipLength, Rect.Width() / 2),
             std::min(FTipWidth, room));

@@ -12,12 +12,11 @@ namespace kx {
 class TKxArrowSeries : public TKxNotCalculatedSeries {
 public:
     explicit TKxArrowSeries(TComponent* Owner);
-    ~TKxArrowSeries() override;
 
-    TKxCustomRealVector* GetdXData() const { return FDX; }
-    void SetDX(TKxCustomRealVector* Vector);
-    TKxCustomRealVector* GetdYData() const { return FDY; }
-    void SetDY(TKxCustomRealVector* Vector);
+    TKxCustomRealVector* GetdXData() const { return FDX.GetVector(); }
+    void SetDX(TKxCustomRealVector* Vector) { SetComponent(FDX, Vector, FEndXs); }
+    TKxCustomRealVector* GetdYData() const { return FDY.GetVector(); }
+    void SetDY(TKxCustomRealVector* Vector) { SetComponent(FDY, Vector, FEndYs); }
     /// Length of the head in pixels. With 0 or less arrows have none.
     int GetTipLength() const { return FTipLength; }
     void SetTipLength(int Length);
@@ -45,10 +44,7 @@ public:
 
 protected:
     void Notification(TComponent* Component, TOperation Operation) override;
-    void GetNewXStartStop() override;
-    void GetNewYStartStop() override;
-    void CalcXValue(int Index) override;
-    void CalcYValue(int Index) override;
+    void GetIntervals(const TKxChannel& Channel, int First, std::span<TKxInterval> Intervals) const override;
     void CalculatePoint(int Index) override;
     void CalculateAllPoints() override;
 
@@ -56,21 +52,15 @@ private:
     // Methods of their own: a vector may serve as X of one series and as dX of another one.
     void DXChanged(int Index, bool WasDeleted);
     void DYChanged(int Index, bool WasDeleted);
-    TKxValueIChangedEvent DXHandler() { return TKxValueIChangedEvent::Of<&TKxArrowSeries::DXChanged>(this); }
-    TKxValueIChangedEvent DYHandler() { return TKxValueIChangedEvent::Of<&TKxArrowSeries::DYChanged>(this); }
-    void SetComponent(TKxCustomRealVector*& Field, TKxCustomRealVector* Vector, TKxIntegerVector& Ends,
-                      const TKxValueIChangedEvent& Handler);
-    double ComponentAt(const TKxCustomRealVector* Vector, int Index) const;
-    TInterval ArrowInterval(double Value, double Component) const;
-    TInterval XInterval(int Index) const;
-    TInterval YInterval(int Index) const;
+    void SetComponent(TKxBoundVector& Field, TKxCustomRealVector* Vector, TKxIntegerVector& Ends);
+    double ComponentAt(const TKxBoundVector& Vector, int Index) const;
+    static TKxInterval ArrowInterval(double Value, double Component);
     void CalculateEnd(int Index);
     void DrawOne(TCanvas& Canvas, TPoint From, TPoint To, int TipLength, int TipWidth) const;
 
-    TKxCustomRealVector* FDX = nullptr;
-    TKxCustomRealVector* FDY = nullptr;
+    TKxBoundVector FDX{TKxValueIChangedEvent::Of<&TKxArrowSeries::DXChanged>(this)};
+    TKxBoundVector FDY{TKxValueIChangedEvent::Of<&TKxArrowSeries::DYChanged>(this)};
     TKxIntegerVector FEndXs, FEndYs;
-    int FKnownDXCount = 0, FKnownDYCount = 0;
     int FTipLength = 10, FTipWidth = 3;
     bool FCountsTips = true; // in the extents
 };

@@ -8,8 +8,8 @@ TKxBarSeries::TKxBarSeries(TComponent* Owner) : TKxLineSeries(Owner) {
     GetLineStyle().SetColor(clBlue);
     GetAreaStyle().SetColor(clNavy);
     GetAreaStyle().SetDrawXOred(false);
-    FXRange.SetStartStop(0, 0);
-    FYRange.SetStartStop(0, 0);
+    FX.GetRange().SetStartStop(0, 0);
+    FY.GetRange().SetStartStop(0, 0);
 }
 
 TKxBarSeries::~TKxBarSeries() {
@@ -98,7 +98,9 @@ void TKxBarSeries::RebuildStack() {
         for (TComponent* component : GetOwner()->GetComponents()) {
             if (component == this) break;
             auto* bars = dynamic_cast<TKxBarSeries*>(component);
-            if (!bars || bars->FBarHorizontal != FBarHorizontal || bars->EdgeAxis() != EdgeAxis()) continue;
+            if (!bars || bars->FBarHorizontal != FBarHorizontal ||
+                bars->Edges().GetAxis() != Edges().GetAxis())
+                continue;
             below.push_back(bars);
         }
     }
@@ -115,7 +117,7 @@ void TKxBarSeries::LeaveStack() {
 }
 
 TKxBarValues TKxBarSeries::OwnValues() const {
-    const auto* lengths = Lengths();
+    const auto* lengths = Lengths().GetVector();
     if (!lengths) return {};
     return lengths->Values().first(std::size_t(std::min(FPointsCount, lengths->GetCount())));
 }
@@ -130,12 +132,11 @@ std::span<const TKxBarValues> TKxBarSeries::ValuesBelow() const {
 
 double TKxBarSeries::StackStart(std::span<const TKxBarValues> Below, int Index) const {
     const auto index = std::size_t(Index);
-    return FStackSignsApart ? StackBeside(Below, index, Lengths()->GetValue(Index))
-                            : StackBelow(Below, index);
+    return FStackSignsApart ? StackBeside(Below, index, Lengths().GetValue(Index)) : StackBelow(Below, index);
 }
 
 double TKxBarSeries::LengthAt(int Index) const {
-    return Lengths()->GetValue(Index) + StackStart(ValuesBelow(), Index);
+    return Lengths().GetValue(Index) + StackStart(ValuesBelow(), Index);
 }
 
 double TKxBarSeries::GetX(int Index) const {
@@ -149,9 +150,8 @@ double TKxBarSeries::GetY(int Index) const {
 }
 
 double TKxBarSeries::DepthAt(int Index, double Divisor) const {
-    const auto* edges = Edges();
-    if (!FShow3DBars || !edges || Index <= 0 || Index >= edges->GetCount()) return 0;
-    return (edges->GetValue(Index) - edges->GetValue(Index - 1)) *
+    if (!FShow3DBars || Index <= 0 || Index >= Edges().GetCount()) return 0;
+    return (Edges().GetValue(Index) - Edges().GetValue(Index - 1)) *
            (FDepthPercent / Divisor - FBarsGapPercent / 200);
 }
 

@@ -84,12 +84,13 @@ protected:
     void DataChanged(const TKxCustomRealVector* Vector) override;
     /// The smaller of the number of bins and the number of values; there is one point more.
     void SetPointsCount() override;
-    int XIdxNeeded() const override;
-    int YIdxNeeded() const override;
-    void GetNewXStartStop() override;
-    void GetNewYStartStop() override;
-    void CalcXValue(int Index) override;
-    void CalcYValue(int Index) override;
+    void CalcXValue(int Index) override { CalcBarValue(FX, Index); }
+    void CalcYValue(int Index) override { CalcBarValue(FY, Index); }
+    /// There is one edge more than bars.
+    int IdxNeeded(const TKxChannel& Channel) const override;
+    void GetIntervals(const TKxChannel& Channel, int First, std::span<TKxInterval> Intervals) const override;
+    /// Bars begin at zero, which a logarithmic axis does not have.
+    TKxInterval GetLeastExtent(const TKxChannel& Channel) const override;
     /// Point Index and the next one, the other edge of its bin.
     void CalculatePoint(int Index) override;
     void CalculateAllPoints() override;
@@ -97,24 +98,14 @@ protected:
     bool BreaksAtGaps() const override { return true; }
 
 private:
-    /// The extent along one axis and who holds its ends.
-    struct TSide {
-        TRange& Range;
-        int& MinIndex;
-        int& MaxIndex;
-    };
-    TSide XSide() { return {FXRange, FXMinIndex, FXMaxIndex}; }
-    TSide YSide() { return {FYRange, FYMinIndex, FYMaxIndex}; }
-    TSide EdgeSide() { return FBarHorizontal ? YSide() : XSide(); }
-    TSide LengthSide() { return FBarHorizontal ? XSide() : YSide(); }
-    TKxCustomRealVector* Edges() const { return FBarHorizontal ? GetYData() : GetXData(); }
-    TKxCustomRealVector* Lengths() const { return FBarHorizontal ? GetXData() : GetYData(); }
-    const TKxAxis* EdgeAxis() const { return FBarHorizontal ? GetYAxis() : GetXAxis(); }
-    const TKxAxis* LengthAxis() const { return FBarHorizontal ? GetXAxis() : GetYAxis(); }
-    int EdgesNeeded() const { return FBarHorizontal ? YIdxNeeded() : XIdxNeeded(); }
-    int LengthsNeeded() const { return FBarHorizontal ? XIdxNeeded() : YIdxNeeded(); }
-    int EdgeAt(int Index) const;
-    int EndAt(int Index) const;
+    TKxChannel& Edges() { return FBarHorizontal ? FY : FX; }
+    TKxChannel& Lengths() { return FBarHorizontal ? FX : FY; }
+    const TKxChannel& Edges() const { return FBarHorizontal ? FY : FX; }
+    const TKxChannel& Lengths() const { return FBarHorizontal ? FX : FY; }
+    void CalcBarValue(const TKxChannel& Channel, int Index);
+    int PixelOf(const TKxChannel& Channel, int Index) const;
+    int EdgeAt(int Index) const { return Edges().In(FPoints.Values()[std::size_t(Index)]); }
+    int EndAt(int Index) const { return Lengths().In(FPoints.Values()[std::size_t(Index)]); }
     double LengthAt(int Index) const;
     double StackStart(std::span<const TKxBarValues> Below, int Index) const;
     double DepthAt(int Index, double Divisor) const;
@@ -129,15 +120,7 @@ private:
     TKxBarValues OwnValues() const;
     std::span<const TKxBarValues> ValuesBelow() const;
 
-    TInterval WithDepth(double Value, double Depth, const TKxAxis* Axis) const;
-    TInterval EdgeInterval(int Index) const;
-    TInterval LengthInterval(int Index) const;
-    void ScanEdges();
-    void ScanLengths();
-    void UpdateEdge(int Index);
-    void UpdateLength(int Index);
-    void CalcEdge(int Index);
-    void CalcLength(int Index);
+    TKxInterval WithDepth(double Value, double Depth, const TKxChannel& Channel) const;
 
     struct TPlan; // what is the same for all bars of a paint
     struct TBar {

@@ -33,7 +33,7 @@ struct TKxBarSeries::TPlan {
 };
 
 TKxBarSeries::TPlan TKxBarSeries::MakePlan() const {
-    return {GetLayout(),   LengthAxis()->GetMap(),
+    return {GetLayout(),   Lengths().GetAxis()->GetMap(),
             ValuesBelow(), GetDrawingWorld()->GetBoundsRect().Size(),
             !IsZoomed(),   PaintsInEdgeOrder(EdgeAt(0), EdgeAt(FPointsCount), FBarHorizontal)};
 }
@@ -94,7 +94,7 @@ void TKxBarSeries::DrawFlat(TCanvas& Canvas, E ForEach) const {
     const bool filledApart = xored || !outlined;
     if (area.GetVisible() && filledApart)
         ForEach(true, [&](const TRect& Area, const TKxBarSlot&) { FillBar(Canvas, Area, xored); });
-    UseLinePen(Canvas);
+    UseLinePen(Canvas, LineStyle());
     if (!outlined) return;
     Canvas.Brush.SetColor(area.GetColor());
     Canvas.Brush.SetStyle(area.GetVisible() && !filledApart ? area.GetStyle() : bsClear);
@@ -146,7 +146,7 @@ void TKxBarSeries::DrawBoxesTogether(TCanvas& Canvas, const std::vector<TKxBarSe
 
 void TKxBarSeries::DrawBox(TCanvas& Canvas, const TRect& Outline, const TKxBarSlot& Slot) const {
     const TColor front = AreaStyle().GetColor();
-    UseLinePen(Canvas);
+    UseLinePen(Canvas, LineStyle());
     Draw3DBar(Outline.Left, Outline.Top, Outline.Right, Outline.Bottom, Slot.DepthX, Slot.DepthY,
               LineStyle().GetVisible() ? LineStyle().GetColor() : front, front, BarTopColor(front),
               BarSideColor(front), Canvas);

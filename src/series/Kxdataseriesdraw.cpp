@@ -1,104 +1,21 @@
-// Painting: area, line and symbols.
+// Symbols, and what a series looks like in a legend.
+
+#include <kxgraph/series/Kxdataseries.h>
 
 #include <kxgraph/platform/drawing/recording.h>
-#include <kxgraph/platform/objects/guarded.h>
-#include <kxgraph/series/Kxdataseries.h>
-#include <kxgraph/series/Kxmarks.h>
 
 #include <algorithm>
 
 namespace kx {
 
-namespace {
-
-/// Longer lines are handed over in runs, each beginning at the last point of the one before.
-constexpr std::size_t CRunLength = 2000;
-
-bool IsPlaced(TPoint P) { return P.X != CNoPixel && P.Y != CNoPixel; }
-
-} // namespace
-
-void TKxSeries::Draw(TCanvas& Canvas) {
-    const TComponentRef<TKxSeries> self(this); // what is still due may call handlers
-    DrawLine(Canvas);
-    if (self) DrawMarks(Canvas);
-    if (self) ForChildren([&](TKxSeries* Child) { Guarded([&] { Child->Draw(Canvas); }); });
-}
-
-// The stretches of points that are joined to one another: all of them as a rule.
-std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
-    const auto points = FPoints.Values().first(std::size_t(FPointsCount));
-    const auto gap = std::find_if_not(points.begin(), points.end(), IsPlaced);
-    if (gap == points.end()) return {points};
-    if (!BreaksAtGaps()) {
-        FScratch.clear();
-        std::copy_if(points.begin(), points.end(), std::back_inserter(FScratch), IsPlaced);
-        return {FScratch};
-    }
-    std::vector<std::span<const TPoint>> runs;
-    for (auto begin = points.begin(); begin != points.end();) {
-        const auto end = std::find_if_not(begin, points.end(), IsPlaced);
-        if (begin != end) runs.push_back({begin, end});
-        begin = std::find_if(end, points.end(), IsPlaced);
-    }
-    return runs;
-}
-
-bool TKxSeries::PrepareDrawing() {
-    const TComponentRef<TKx2DGraph> graph(GetGraph());
-    if (!FXAxis || !FYAxis || !graph) return false;
+void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, const std::function<void(int Index)>& Draw) {
+    auto* graph = GetGraph();
+    if (!graph || !graph->NotUpdating() || !FPointStyle.GetVisible() || !GetXAxis() || !GetYAxis()) return;
     const TComponentRef<TKxSeries> self(this);
-    Guarded([&] {
-        if (FPointsDirty) CalculatePoints();
-        if (self && FRangesModified) RecalculateChilds();
-    });
-    return self && graph && GetGraph() && FXAxis && FYAxis && graph->NotUpdating();
-}
-
-bool TKxSeries::IsZoomed() const { return FXAxis->CanZoomBack() && FYAxis->CanZoomBack(); }
-
-void TKxSeries::DrawLine(TCanvas& Canvas) {
-    if (!PrepareDrawing()) return;
-    if ((!FLineStyle.GetVisible() && !FAreaStyle.GetVisible()) || FPointsCount < 2) return;
-    const auto runs = DrawableRuns();
-    if (FAreaStyle.GetVisible()) DrawArea(Canvas, runs);
-    if (FLineStyle.GetVisible()) DrawPolylines(Canvas, runs);
-}
-
-void TKxSeries::DrawArea(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs) {
-    // A logarithmic axis has no zero; its lower end stands in for it.
-    const double base = FYAxis->GetScaling() == AxNormal ? 0 : FYAxis->GetStart();
-    const int y0 = FYAxis->RealToIntPosition(base);
-    Canvas.Pen.SetWidth(0);
-    Canvas.Pen.SetStyle(psClear);
-    TColor color = FAreaStyle.GetColor();
-    if (FAreaStyle.GetDrawXOred() && Canvas.CanXor()) {
-        Canvas.Pen.SetMode(pmXor);
-        color = ColorToRGB(color) ^ ColorToRGB(GetGraph()->GetDataGround());
-    }
-    Canvas.Brush.SetColor(color);
-    Canvas.Brush.SetStyle(FAreaStyle.GetStyle());
-    std::vector<TPoint> closed;
-    for (const auto& run : Runs) {
-        if (run.size() < 2) continue;
-        closed.assign(run.begin(), run.end());
-        closed.push_back({run.back().X, y0});
-        closed.push_back({run.front().X, y0});
-        Canvas.Polygon(closed);
-    }
-    Canvas.Pen.SetMode(pmCopy);
-}
-
-void TKxSeries::DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs) {
-    UseLinePen(Canvas);
-    for (const auto& run : Runs) {
-        if (run.size() == 1) {
-            const TPoint p = run.front(); // between two gaps: a dot, or it would not show at all
-            Canvas.Polyline(std::vector<TPoint>{p, {p.X + 1, p.Y}});
-        }
-        for (std::size_t start = 0; start + 1 < run.size(); start += CRunLength - 1)
-            Canvas.Polyline(run.subspan(start, std::min(CRunLength, run.size() - start)));
-    }
+    if (NeedsCalculation()) CalculatePoints();
+    if (!self || !GetGraph() || !GetXAxis() || !GetYAxis()) return; // taken away by a handler
+    UseSymbolPen(Canvas);
+    ForPlacedPoints(Canvas, Draw);
 }
 
 // Many symbols are one picture at many places: a raster paints it once and leaves out what is covered.
@@ -121,6 +38,22 @@ void TKxDataSeries::DrawPoints(TCanvas& Canvas) {
     UseSymbolPen(one);
     draw({}, one);
     Canvas.Stamps(places, symbol.Recording);
+}
+
+void TKxDataSeries::UseSymbolPen(TCanvas& Canvas) const {
+    Canvas.Pen.SetMode(pmCopy);
+    Canvas.Pen.SetStyle(psSolid);
+    Canvas.Pen.SetWidth(FPointStyle.GetWidth());
+    Canvas.Pen.SetColor(FPointStyle.GetColor());
+    if (const auto* graph = GetGraph()) Canvas.Brush.SetColor(graph->GetSymbolGround());
+}
+
+void TKxDataSeries::DrawSampleMark(TCanvas& Canvas, const TRect& Rect) {
+    if (!FPointStyle.GetVisible()) return;
+    UseSymbolPen(Canvas);
+    const int room = std::max(0, std::min(Rect.Width(), Rect.Height()) / 2 - 1);
+    DrawPointSymbol((Rect.Left + Rect.Right) / 2, (Rect.Top + Rect.Bottom) / 2,
+                    std::min(FPointStyle.GetSize(), room), FPointStyle.GetStyle(), Canvas);
 }
 
 } // namespace kx

@@ -1,8 +1,6 @@
 // Error bars.
 
 #include <kxgraph/series/Kxdataseries.h>
-#include <kxgraph/series/Kxextents.h>
-#include <kxgraph/series/Kxmarks.h>
 
 #include <algorithm>
 #include <cmath>
@@ -11,37 +9,26 @@ namespace kx {
 
 TKxDataWithErrorSeries::TKxDataWithErrorSeries(TComponent* Owner) : TKxDataSeries(Owner) {}
 
-TKxDataWithErrorSeries::~TKxDataWithErrorSeries() {
-    const auto handler = TKxValueIChangedEvent::Of<&TKxDataWithErrorSeries::ErrorsChanged>(this);
-    for (auto& errors : FErrors)
-        if (errors.Vector) errors.Vector->Listeners().RemoveOwn(handler);
-}
-
 void TKxDataWithErrorSeries::Notification(TComponent* Component, TOperation Operation) {
     TKxDataSeries::Notification(Component, Operation);
     if (Operation != opRemove) return;
     bool forgotten = false;
     for (auto& errors : FErrors) {
-        if (errors.Vector != Component) continue;
-        errors.Vector = nullptr;
+        if (errors.Vector.GetVector() != Component) continue;
+        errors.Vector.Forget();
         forgotten = true;
     }
     if (forgotten) RangesModified();
 }
 
 void TKxDataWithErrorSeries::SetErrors(TKind Kind, TKxCustomRealVector* Vector) {
-    const auto handler = TKxValueIChangedEvent::Of<&TKxDataWithErrorSeries::ErrorsChanged>(this);
-    if (FErrors[Kind].Vector) FErrors[Kind].Vector->Listeners().RemoveOwn(handler);
     Refer(FErrors[Kind].Vector, Vector);
-    // One vector may serve several sides, so all are listened to again.
-    for (auto& errors : FErrors)
-        if (errors.Vector) errors.Vector->Listeners().Add(handler);
     RangesModified();
 }
 
 bool TKxDataWithErrorSeries::HasErrors() const {
     return std::any_of(std::begin(FErrors), std::end(FErrors),
-                       [](const TErrors& Errors) { return Errors.Vector != nullptr; });
+                       [](const TErrors& Errors) { return Errors.Vector.GetVector() != nullptr; });
 }
 
 void TKxDataWithErrorSeries::Modified() {
@@ -50,8 +37,6 @@ void TKxDataWithErrorSeries::Modified() {
     RangesModified();
 }
 
-void TKxDataWithErrorSeries::ErrorsChanged(int, bool) { RangesModified(); }
-
 void TKxDataWithErrorSeries::SetErrorColor(TColor Color) {
     if (FErrorColor == Color) return;
     FErrorColor = Color;
@@ -59,75 +44,44 @@ void TKxDataWithErrorSeries::SetErrorColor(TColor Color) {
 }
 
 double TKxDataWithErrorSeries::ErrorAt(TKind Kind, int Index) const {
-    const auto* vector = FErrors[Kind].Vector;
-    if (!FPointStyle.GetVisible() || !vector || Index < 0 || Index >= vector->GetCount()) return 0;
-    return std::abs(vector->GetValue(Index));
+    if (!FPointStyle.GetVisible() || !FErrors[Kind].Has(Index)) return 0;
+    return std::abs(FErrors[Kind].Vector.GetValue(Index));
 }
 
-TKxSeries::TInterval TKxDataWithErrorSeries::IntervalOf(double Value, TKind Plus, TKind Minus, int Index,
-                                                        const TKxAxis* Axis) const {
-    if (!TakesPart(Value, Axis)) return PointInterval(Value, Axis);
-    const double low = Value - ErrorAt(Minus, Index), high = Value + ErrorAt(Plus, Index);
-    // A bar that reaches zero on a logarithmic axis ends at the axis and moves none of its ends.
-    const bool logarithmic = Axis && Axis->GetScaling() != AxNormal;
-    return {std::isfinite(low) && !(logarithmic && low <= 0) ? low : Value,
-            std::isfinite(high) ? high : Value};
+// A bar that reaches zero on a logarithmic axis ends at the axis and moves none of its ends.
+TKxInterval TKxDataWithErrorSeries::IntervalOf(const TKxChannel& Channel, int Index) const {
+    const double value = Channel.GetValue(Index);
+    if (!TakesPart(value, Channel)) return TKxInterval::None();
+    const bool alongX = &Channel == &FX;
+    const double low = value - ErrorAt(alongX ? XMinus : YMinus, Index),
+                 high = value + ErrorAt(alongX ? XPlus : YPlus, Index);
+    return {std::isfinite(low) && !(Channel.IsLogarithmic() && low <= 0) ? low : value,
+            std::isfinite(high) ? high : value};
 }
 
-TKxSeries::TInterval TKxDataWithErrorSeries::XInterval(int Index) const {
-    return IntervalOf(GetXData()->GetValue(Index), XPlus, XMinus, Index, GetXAxis());
-}
-
-TKxSeries::TInterval TKxDataWithErrorSeries::YInterval(int Index) const {
-    return IntervalOf(GetYData()->GetValue(Index), YPlus, YMinus, Index, GetYAxis());
-}
-
-void TKxDataWithErrorSeries::GetNewXStartStop() {
-    if (!FErrors[XPlus].Vector && !FErrors[XMinus].Vector) {
-        TKxDataSeries::GetNewXStartStop();
-        return;
-    }
-    ScanExtents(FXRange, FXMinIndex, FXMaxIndex, XIdxNeeded(), [this](int i) { return XInterval(i); });
-    Modified();
-}
-
-void TKxDataWithErrorSeries::GetNewYStartStop() {
-    if (!FErrors[YPlus].Vector && !FErrors[YMinus].Vector) {
-        TKxDataSeries::GetNewYStartStop();
-        return;
-    }
-    ScanExtents(FYRange, FYMinIndex, FYMaxIndex, YIdxNeeded(), [this](int i) { return YInterval(i); });
-    Modified();
-}
-
-void TKxDataWithErrorSeries::CalcXValue(int Index) {
-    UpdateExtents(FXRange, FXMinIndex, FXMaxIndex, Index, XInterval(Index), [this] { GetNewXStartStop(); });
-}
-
-void TKxDataWithErrorSeries::CalcYValue(int Index) {
-    UpdateExtents(FYRange, FYMinIndex, FYMaxIndex, Index, YInterval(Index), [this] { GetNewYStartStop(); });
+void TKxDataWithErrorSeries::GetIntervals(const TKxChannel& Channel, int First,
+                                          std::span<TKxInterval> Intervals) const {
+    if (!HasErrors()) return TKxDataSeries::GetIntervals(Channel, First, Intervals);
+    for (TKxInterval& interval : Intervals) interval = IntervalOf(Channel, First++);
 }
 
 // Pixels from the point to the end of its bar, with the sign of the screen's direction.
 int TKxDataWithErrorSeries::PixelLength(TKind Kind, int Index) const {
-    const bool alongX = Kind == XPlus || Kind == XMinus;
-    const TKxAxis& axis = alongX ? *GetXAxis() : *GetYAxis();
-    const double error = std::abs(FErrors[Kind].Vector->GetValue(Index));
+    const TKxChannel& channel = ChannelOf(Kind);
+    const TKxAxis& axis = *channel.GetAxis();
+    const double error = std::abs(FErrors[Kind].Vector.GetValue(Index));
     if (std::isnan(error)) return 0;
     const double sign = Kind == XPlus || Kind == YPlus ? 1 : -1;
-    if (axis.GetScaling() == AxNormal)
+    if (!channel.IsLogarithmic())
         return RoundToInt((axis.GetMap().Forward ? sign : -sign) * error / axis.GetScale());
-    const double value = (alongX ? GetXData() : GetYData())->GetValue(Index), end = value + sign * error;
+    const double value = channel.GetValue(Index), end = value + sign * error;
     if (!(value > 0)) return 0;
     return axis.RealToIntPosition(end > 0 ? end : axis.GetStart()) - axis.RealToIntPosition(value);
 }
 
 void TKxDataWithErrorSeries::CalculateErrors(int Index) {
-    for (const TKind kind : {XPlus, XMinus, YPlus, YMinus}) {
-        auto& errors = FErrors[kind];
-        if (errors.Vector && Index < errors.Vector->GetCount())
-            errors.Pixels.SetValue(Index, PixelLength(kind, Index));
-    }
+    for (const TKind kind : {XPlus, XMinus, YPlus, YMinus})
+        if (FErrors[kind].Has(Index)) FErrors[kind].Pixels.SetValue(Index, PixelLength(kind, Index));
 }
 
 void TKxDataWithErrorSeries::CalculatePoint(int Index) {
@@ -137,8 +91,7 @@ void TKxDataWithErrorSeries::CalculatePoint(int Index) {
 
 void TKxDataWithErrorSeries::CalculateAllPoints() {
     TKxDataSeries::CalculateAllPoints();
-    if (std::none_of(std::begin(FErrors), std::end(FErrors), [](const TErrors& E) { return E.Vector; }))
-        return;
+    if (!HasErrors()) return;
     for (int i = 0; i < FPointsCount; ++i) CalculateErrors(i);
 }
 
@@ -155,9 +108,8 @@ void TKxDataWithErrorSeries::DrawBars(TCanvas& Canvas, int Index) {
     const int s = FPointStyle.GetSize();
     for (const TKind kind : {XPlus, XMinus, YPlus, YMinus}) {
         const auto& errors = FErrors[kind];
-        if (!errors.Vector || Index >= errors.Vector->GetCount() || Index >= errors.Pixels.GetCount())
-            continue;
-        if (kind == XPlus || kind == XMinus) {
+        if (!errors.Has(Index) || Index >= errors.Pixels.GetCount()) continue;
+        if (IsAlongX(kind)) {
             const int end = Shifted(p.X, errors.Pixels.GetValue(Index));
             kx::DrawLine(p.X, p.Y, end, p.Y, Canvas);
             kx::DrawLine(end, p.Y - s, end, p.Y + s, Canvas);
@@ -183,6 +135,20 @@ void TKxDataWithErrorSeries::DrawPoints(TCanvas& Canvas) {
         Canvas.Pen.SetColor(FPointStyle.GetColor());
         DrawPointSymbol(p.X, p.Y, FPointStyle.GetSize(), FPointStyle.GetStyle(), Canvas);
     });
+}
+
+void TKxDataWithErrorSeries::DrawSampleMark(TCanvas& Canvas, const TRect& Rect) {
+    if (HasErrors() && FPointStyle.GetVisible()) {
+        const int middle = (Rect.Left + Rect.Right) / 2, half = FPointStyle.GetSize();
+        Canvas.Pen.SetMode(pmCopy);
+        Canvas.Pen.SetStyle(psSolid);
+        Canvas.Pen.SetWidth(0);
+        Canvas.Pen.SetColor(FErrorColor);
+        kx::DrawLine(middle, Rect.Top, middle, Rect.Bottom, Canvas);
+        for (const int end : {Rect.Top, Rect.Bottom - 1})
+            kx::DrawLine(middle - half, end, middle + half, end, Canvas);
+    }
+    TKxDataSeries::DrawSampleMark(Canvas, Rect);
 }
 
 } // namespace kx

@@ -62,7 +62,7 @@ void TKxSeries::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
 
 void TKxSeries::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
     LoadOutfitTable(*this, SeriesOutfit(), Section, Ini);
-    if (FDoUserCaption) StoreCaption(FUserCaption);
+    if (FCaption.DoUser) ShowCaption(FCaption.SetDoUser(true));
     const int count = Ini.ReadInteger(Section, "ChildCount", 0);
     if (count <= 0) return;
     // With more children than were saved the saved sections serve again from the first.

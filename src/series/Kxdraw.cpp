@@ -82,6 +82,13 @@ void MakeThinPenCosmetic(TPen& Pen) {
 
 } // namespace
 
+void UseLinePen(TCanvas& Canvas, const TKxLineStyle& Style) {
+    Canvas.Pen.SetMode(pmCopy);
+    Canvas.Pen.SetStyle(Style.GetStyle());
+    Canvas.Pen.SetWidth(Style.GetWidth() == 1 ? 0 : Style.GetWidth());
+    Canvas.Pen.SetColor(Style.GetColor());
+}
+
 void DrawLine(int X1, int Y1, int X2, int Y2, TCanvas& Canvas) {
     MakeThinPenCosmetic(Canvas.Pen);
     Canvas.MoveTo(X1, Y1);

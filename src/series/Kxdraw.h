@@ -166,6 +166,9 @@ private:
 // The caller sets pen colour, pen width and brush colour; pen and brush styles are set here where it is said.
 // What is changed on the canvas stays changed.
 
+/// The pen of a line in Style: a width of 1 as a cosmetic one.
+void UseLinePen(TCanvas& Canvas, const TKxLineStyle& Style);
+
 /// The line without its end pixel. A pen of width 1 becomes one of width 0 (exactly one pixel wide).
 void DrawLine(int X1, int Y1, int X2, int Y2, TCanvas& Canvas);
 

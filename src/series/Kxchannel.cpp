@@ -1,0 +1,98 @@
+#include <kxgraph/series/Kxchannel.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace kx {
+
+void TKxBoundVector::StopListening() {
+    if (FVector) FVector->Listeners().RemoveOwn(FListener);
+}
+
+void TKxBoundVector::Bind(TKxCustomRealVector* Vector, bool Listens) {
+    StopListening();
+    FVector = Vector;
+    FKnownCount = GetCount();
+    if (Vector && Listens) Vector->Listeners().Add(FListener);
+}
+
+// The notice names the one value alone; but the count has grown, and not at the end.
+bool TKxBoundVector::WasInserted(int Index, bool WasDeleted) {
+    const int count = GetCount();
+    const bool leaves = WasDeleted && Index >= 0; // is still counted
+    const int before = std::exchange(FKnownCount, leaves ? std::max(count - 1, 0) : count);
+    return !WasDeleted && before != count && Index < count - 1;
+}
+
+TKxInterval TKxInterval::None() {
+    constexpr double CNothing = std::numeric_limits<double>::quiet_NaN();
+    return {CNothing, CNothing};
+}
+
+void TKxChannel::ForgetAxis() {
+    FAxis = nullptr;
+    FRange.OnChanged = nullptr;
+}
+
+bool TKxChannel::HasPlace(double Value) const {
+    return std::isfinite(Value) && (Value > 0 || !IsLogarithmic());
+}
+
+void TKxChannel::EnterRange() {
+    if (!FAxis || !GetVector()) return;
+    FAxis->GetValuesRangeList().Add(&FRange);
+    FRange.OnChanged = TEvent<TRange*>::Of<&TKxAxis::ValuesRangeChanged>(FAxis);
+    if (!IsEmpty()) FRange.DoOnChanged();
+}
+
+void TKxChannel::WithdrawRange() {
+    FRange.OnChanged = nullptr;
+    if (!FAxis || FAxis->GetValuesRangeList().Remove(&FRange) < 0) return;
+    const bool allGo = FAxis->GetOwner() && FAxis->GetOwner()->IsIn(csDestroying);
+    if (!allGo) FAxis->ValuesRangeChanged(nullptr);
+}
+
+void TKxChannel::SetExtent(TKxInterval Extent, int MinIndex, int MaxIndex) {
+    FMinIndex = MinIndex;
+    FMaxIndex = MaxIndex;
+    FRange.SetStartStop(Extent.Low, Extent.High);
+}
+
+TKxChannel::TTaken TKxChannel::Take(int Index, TKxInterval Value) {
+    const double start = FRange.GetStart(), stop = FRange.GetStop();
+    const bool movedInward =
+        (Index == FMinIndex && !(Value.Low <= start)) || (Index == FMaxIndex && !(Value.High >= stop));
+    if (movedInward) return TTaken::MovedInward;
+    const bool lower = Value.Low<start, higher = Value.High> stop;
+    if (!lower && !higher) return TTaken::Inside;
+    if (lower && higher)
+        FRange.SetStartStop(Value.Low, Value.High);
+    else
+        FRange.IfRangeChanged(lower ? Value.Low : Value.High);
+    if (lower) FMinIndex = Index;
+    if (higher) FMaxIndex = Index;
+    return TTaken::Wider;
+}
+
+void TKxChannel::PlaceAll(std::span<TPoint> Points) const {
+    FAxis->RealToIntPositions(GetVector()->Values().first(Points.size()), &In(Points.front()), 2);
+}
+
+void TKxExtentScan::Take(int First, std::span<const TKxInterval> Intervals) {
+    int index = First;
+    for (const TKxInterval value : Intervals) { // not a number compares as false: it takes no part
+        if (value.Low < FExtent.Low || (FWasEmpty && FMinIndex < 0 && value.Low <= FExtent.Low)) {
+            FExtent.Low = value.Low;
+            FMinIndex = index;
+        }
+        if (value.High > FExtent.High || (FWasEmpty && FMaxIndex < 0 && value.High >= FExtent.High)) {
+            FExtent.High = value.High;
+            FMaxIndex = index;
+        }
+        ++index;
+    }
+}
+
+} // namespace kx

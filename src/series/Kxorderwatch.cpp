@@ -1,0 +1,17 @@
+#include <kxgraph/series/Kxorderwatch.h>
+
+namespace kx {
+
+TKxOrderWatch::TKxOrderWatch(const TComponent& Watched, TEvent<> OnMoved)
+    : FWatched(Watched), FOnMoved(OnMoved), FTimer(nullptr) {
+    FTimer.SetInterval(100);
+    FTimer.OnTimer = TEvent<>::Of<&TKxOrderWatch::Look>(this);
+}
+
+void TKxOrderWatch::Look() {
+    if (FWatched.GetComponentIndex() == FIndex) return;
+    FIndex = FWatched.GetComponentIndex();
+    FOnMoved();
+}
+
+} // namespace kx

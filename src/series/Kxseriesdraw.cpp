@@ -1,0 +1,130 @@
+// Painting: area and line.
+
+#include <kxgraph/series/Kxseries.h>
+
+#include <kxgraph/platform/objects/guarded.h>
+
+#include <algorithm>
+#include <array>
+
+namespace kx {
+
+namespace {
+
+/// Longer lines are handed over in runs, each beginning at the last point of the one before.
+constexpr std::size_t CRunLength = 2000;
+
+bool IsPlaced(TPoint P) { return P.X != CNoPixel && P.Y != CNoPixel; }
+
+} // namespace
+
+void TKxSeries::Draw(TCanvas& Canvas) {
+    const TComponentRef<TKxSeries> self(this); // what is still due may call handlers
+    DrawLine(Canvas);
+    if (self) DrawMarks(Canvas);
+    if (self) ForChildren([&](TKxSeries* Child) { Guarded([&] { Child->Draw(Canvas); }); });
+}
+
+// The stretches of points that are joined to one another: all of them as a rule.
+std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
+    const auto points = FPoints.Values().first(std::size_t(FPointsCount));
+    const auto gap = std::find_if_not(points.begin(), points.end(), IsPlaced);
+    if (gap == points.end()) return {points};
+    if (!BreaksAtGaps()) {
+        FScratch.clear();
+        std::copy_if(points.begin(), points.end(), std::back_inserter(FScratch), IsPlaced);
+        return {FScratch};
+    }
+    std::vector<std::span<const TPoint>> runs;
+    for (auto begin = points.begin(); begin != points.end();) {
+        const auto end = std::find_if_not(begin, points.end(), IsPlaced);
+        if (begin != end) runs.push_back({begin, end});
+        begin = std::find_if(end, points.end(), IsPlaced);
+    }
+    return runs;
+}
+
+bool TKxSeries::PrepareDrawing() {
+    const TComponentRef<TKx2DGraph> graph(GetGraph());
+    if (!GetXAxis() || !GetYAxis() || !graph) return false;
+    const TComponentRef<TKxSeries> self(this);
+    Guarded([&] {
+        if (FPointsDirty) CalculatePoints();
+        if (self && FRangesModified) RecalculateChilds();
+    });
+    return self && graph && GetGraph() && GetXAxis() && GetYAxis() && graph->NotUpdating();
+}
+
+bool TKxSeries::IsZoomed() const { return GetXAxis()->CanZoomBack() && GetYAxis()->CanZoomBack(); }
+
+void TKxSeries::DrawLine(TCanvas& Canvas) {
+    if (!PrepareDrawing()) return;
+    if ((!FLineStyle.GetVisible() && !FAreaStyle.GetVisible()) || FPointsCount < 2) return;
+    const auto runs = DrawableRuns();
+    if (FAreaStyle.GetVisible()) DrawArea(Canvas, runs);
+    if (FLineStyle.GetVisible()) DrawPolylines(Canvas, runs);
+}
+
+void TKxSeries::DrawArea(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs) {
+    // A logarithmic axis has no zero; its lower end stands in for it.
+    const double base = GetYAxis()->GetScaling() == AxNormal ? 0 : GetYAxis()->GetStart();
+    const int y0 = GetYAxis()->RealToIntPosition(base);
+    Canvas.Pen.SetWidth(0);
+    Canvas.Pen.SetStyle(psClear);
+    TColor color = FAreaStyle.GetColor();
+    if (FAreaStyle.GetDrawXOred() && Canvas.CanXor()) {
+        Canvas.Pen.SetMode(pmXor);
+        color = ColorToRGB(color) ^ ColorToRGB(GetGraph()->GetDataGround());
+    }
+    Canvas.Brush.SetColor(color);
+    Canvas.Brush.SetStyle(FAreaStyle.GetStyle());
+    std::vector<TPoint> closed;
+    for (const auto& run : Runs) {
+        if (run.size() < 2) continue;
+        closed.assign(run.begin(), run.end());
+        closed.push_back({run.back().X, y0});
+        closed.push_back({run.front().X, y0});
+        Canvas.Polygon(closed);
+    }
+    Canvas.Pen.SetMode(pmCopy);
+}
+
+void TKxSeries::DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs) {
+    UseLinePen(Canvas, FLineStyle);
+    for (const auto& run : Runs) {
+        if (run.size() == 1) {
+            const TPoint p = run.front(); // between two gaps: a dot, or it would not show at all
+            Canvas.Polyline(std::vector<TPoint>{p, {p.X + 1, p.Y}});
+        }
+        for (std::size_t start = 0; start + 1 < run.size(); start += CRunLength - 1)
+            Canvas.Polyline(run.subspan(start, std::min(CRunLength, run.size() - start)));
+    }
+}
+
+void TKxSeries::ForPlacedPoints(TCanvas& Canvas, const std::function<void(int Index)>& Draw) const {
+    const bool zoomed = IsZoomed();
+    const TRect world{0, 0, GetDrawingWorld()->GetWidth(), GetDrawingWorld()->GetHeight()};
+    const TCanvas::TSaved saved(Canvas);
+    if (!zoomed) Canvas.SetClip(std::nullopt);
+    for (int i = 0; i < FPointsCount; ++i) {
+        if (!HasPlace(i)) continue;
+        if (!zoomed && !world.Contains(FPoints.Values()[std::size_t(i)])) continue;
+        Draw(i);
+    }
+}
+
+void TKxSeries::DrawSample(TCanvas& Canvas, const TRect& Rect) {
+    if (FAreaStyle.GetVisible()) {
+        Canvas.Brush.SetColor(FAreaStyle.GetColor());
+        Canvas.Brush.SetStyle(FAreaStyle.GetStyle());
+        Canvas.FillRect(Rect);
+    }
+    if (FLineStyle.GetVisible()) {
+        const int middle = (Rect.Top + Rect.Bottom) / 2;
+        UseLinePen(Canvas, FLineStyle);
+        Canvas.Polyline(std::array{TPoint{Rect.Left, middle}, TPoint{Rect.Right, middle}});
+    }
+    DrawSampleMark(Canvas, Rect);
+}
+
+} // namespace kx
