@@ -3,14 +3,13 @@
 
 #include "fuzz/fuzz.h"
 
-#include "kxplot/number.h"
-#include "kxplot/table.h"
-
 #include <kxgraph/platform/text/numbertext.h>
+#include <kxgraph/table/Kxtable.h>
+#include <kxgraph/table/Kxtablenumber.h>
 
 #include <cmath>
 
-namespace kxplot {
+namespace kx {
 namespace {
 
 using TColumns = std::vector<std::vector<double>>;
@@ -24,7 +23,7 @@ std::string Written(const TColumns& Columns) {
         for (std::size_t column = 0; column < Columns.size(); ++column) {
             const double value = Columns[column][row];
             if (column) text += ',';
-            text += std::isfinite(value) ? kx::FloatToStrGeneral(value, 17, 0)
+            text += std::isfinite(value) ? FloatToStrGeneral(value, 17, 0)
                     : std::isnan(value)  ? "nan"
                     : value > 0          ? "inf"
                                          : "-inf";
@@ -41,7 +40,7 @@ bool Same(const TColumns& A, const TColumns& B) {
 }
 
 TColumns Read(const std::string& Text, const std::string& Name) {
-    const TTable table(Text, Name);
+    const TKxTable table(Text, Name);
     KX_DEMAND(table.GetColumnCount() > 0);
     std::vector<int> numeric;
     for (int i = 0; i < table.GetColumnCount(); ++i) {
@@ -61,7 +60,7 @@ KX_FUZZ(table) {
     TColumns columns;
     try {
         columns = Read(text, "fuzz");
-    } catch (const TTableError& error) {
+    } catch (const ETableError& error) {
         KX_DEMAND(std::string(error.what()).starts_with("fuzz"), +std::string(error.what()));
         return;
     }
@@ -74,4 +73,4 @@ KX_FUZZ(table) {
 }
 
 } // namespace
-} // namespace kxplot
+} // namespace kx

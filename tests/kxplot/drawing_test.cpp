@@ -109,7 +109,7 @@ protected:
         FPlot.reset();
         FText = Text;
         FOptions = Parsed(Arguments);
-        const TTable table(FText, "d.csv");
+        const kx::TKxTable table(FText, "d.csv");
         FPlot = std::make_unique<TPlot>(table, FOptions);
         if (!FOptions.Outfit.empty()) FPlot->LoadOutfit(FOptions.Outfit);
         FPlot->Apply(FOptions);
@@ -178,7 +178,7 @@ TEST_F(KxplotDrawingPlot, HistogramsShareTheirBinsAndCountEveryColumn) {
     EXPECT_EQ(Values(second.GetYData()), (std::vector<double>{1, 0, 2}));
     Plot("--hist 2");
     EXPECT_EQ(Values(Component<TKxBarSeries>("Series1").GetYData()), (std::vector<double>{2, 1}));
-    EXPECT_THROW(Plot("--hist 2 -y u", "t,u\n1,nan\n2,\n"), TTableError);
+    EXPECT_THROW(Plot("--hist 2 -y u", "t,u\n1,nan\n2,\n"), kx::ETableError);
 }
 
 TEST_F(KxplotDrawingPlot, ArrowsHaveComponentsThatAreNoSeries) {

@@ -5,11 +5,11 @@
 #include "kxplot/options.h"
 #include "kxplot/outputs.h"
 #include "kxplot/plot.h"
-#include "kxplot/table.h"
 
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/text/files.h>
 #include <kxgraph/qt/Kxqtinstall.h>
+#include <kxgraph/table/Kxtable.h>
 
 #include <exception>
 #include <iostream>
@@ -25,7 +25,7 @@ constexpr int CFailure = 1, CUsage = 2, CInterrupted = 130; // the last as shell
 int Draw(const TOptions& Options) {
     CheckOutputs(Options);
     const std::string text = kx::ReadFile(Options.Data);
-    const TTable table(text, Options.Data == "-" ? "standard input" : Options.Data, Options.Header);
+    const kx::TKxTable table(text, Options.Data == "-" ? "standard input" : Options.Data, Options.Header);
     kx::qt::Install(true);
     const TFrameFaults faults;
     TPlot plot(table, Options);

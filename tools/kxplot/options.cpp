@@ -154,8 +154,8 @@ void ParseAnalyses(const TRawOptions& Raw, TOptions& Options) {
 
 void ParseHeader(const TRawOptions& Raw, TOptions& Options) {
     if (Raw.Header && Raw.NoHeader) throw TUsageError("--header: does not go with --no-header");
-    if (Raw.Header) Options.Header = THeaderRow::Present;
-    if (Raw.NoHeader) Options.Header = THeaderRow::Absent;
+    if (Raw.Header) Options.Header = kx::TKxHeaderRow::Present;
+    if (Raw.NoHeader) Options.Header = kx::TKxHeaderRow::Absent;
 }
 
 void ParseDrawing(const TRawOptions& Raw, TOptions& Options) {

@@ -3,10 +3,10 @@
 
 #include "kxplot/analysisspec.h"
 #include "kxplot/labelspec.h"
-#include "kxplot/table.h"
 
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/platform/drawing/geometry.h>
+#include <kxgraph/table/Kxtable.h>
 
 #include <optional>
 #include <stdexcept>
@@ -30,7 +30,7 @@ struct TAssignment {
 
 struct TOptions {
     std::string Data;
-    THeaderRow Header = THeaderRow::Guess;
+    kx::TKxHeaderRow Header = kx::TKxHeaderRow::Guess;
     std::optional<std::string> X;
     std::vector<std::string> Y, DX, DY, DXMinus, DYMinus;
     std::vector<std::string> VX, VY; ///< components of arrows

@@ -18,7 +18,7 @@ using namespace kx;
 namespace {
 
 /// The k-th option's column for the k-th series.
-std::vector<int> ComponentColumns(const TTable& Table, const std::vector<std::string>& Names) {
+std::vector<int> ComponentColumns(const kx::TKxTable& Table, const std::vector<std::string>& Names) {
     std::vector<int> columns;
     for (const auto& name : Names) columns.push_back(Table.FindNumericColumn(name));
     return columns;
@@ -31,8 +31,8 @@ void CheckComponents(const std::vector<int>& Columns, std::size_t Count, const c
 }
 
 /// One entry a series: the k-th option's column, or -1.
-std::vector<int> ErrorColumns(const TTable& Table, const std::vector<std::string>& Names, std::size_t Count,
-                              const char* Option) {
+std::vector<int> ErrorColumns(const kx::TKxTable& Table, const std::vector<std::string>& Names,
+                              std::size_t Count, const char* Option) {
     if (Names.size() > Count)
         throw TUsageError(std::string(Option) + ": more columns of errors than series (" +
                           std::to_string(Count) + ")");
@@ -43,7 +43,7 @@ std::vector<int> ErrorColumns(const TTable& Table, const std::vector<std::string
 
 } // namespace
 
-TPlot::TPlot(const TTable& Table, const TOptions& Options)
+TPlot::TPlot(const kx::TKxTable& Table, const TOptions& Options)
     : FForm(std::make_unique<TForm>(&TApplication::Instance())), FTableName(Table.GetName()) {
     FForm->SetName("Form1");
     FForm->SetBounds(0, 0, Options.Size.Width, Options.Size.Height);
@@ -85,7 +85,7 @@ void TPlot::MakeSideAxes(const TOptions& Options, bool SeveralSeries) {
     }
 }
 
-TPlot::TColumns TPlot::ChooseColumns(const TTable& Table, const TOptions& Options) const {
+TPlot::TColumns TPlot::ChooseColumns(const kx::TKxTable& Table, const TOptions& Options) const {
     TColumns columns;
     for (const auto& name : Options.Y) columns.Y.push_back(Table.FindNumericColumn(name));
     if (Options.Bins) {
@@ -110,7 +110,7 @@ TPlot::TColumns TPlot::ChooseColumns(const TTable& Table, const TOptions& Option
         for (int i = 0; i < Table.GetColumnCount(); ++i)
             if (isOther(i) && Table.IsNumeric(i)) columns.Y.push_back(i);
         if (columns.Y.empty())
-            throw TTableError(Escaped(Table.GetName()) + ": has no numeric column for a series");
+            throw kx::ETableError(Escaped(Table.GetName()) + ": has no numeric column for a series");
     }
     const std::size_t count = columns.Y.size();
     if (Options.HasArrows()) {

@@ -4,7 +4,6 @@
 #include "kxplot/analyses.h"
 #include "kxplot/notes.h"
 #include "kxplot/options.h"
-#include "kxplot/table.h"
 
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/graph/Kxgraph2d.h>
@@ -13,6 +12,7 @@
 #include <kxgraph/series/Kxarrowseries.h>
 #include <kxgraph/series/Kxbarseries.h>
 #include <kxgraph/series/Kxdataseries.h>
+#include <kxgraph/table/Kxtable.h>
 
 #include <memory>
 #include <string>
@@ -25,9 +25,9 @@ namespace kxplot {
 class TPlot {
 public:
     /// Reads the columns that Options asks for and builds the picture in kxplot's own look. Raises
-    /// TTableError, and TUsageError for more error columns than series or arrows without components. Options
-    /// must outlive the plot.
-    TPlot(const TTable& Table, const TOptions& Options);
+    /// kx::ETableError, and TUsageError for more error columns than series or arrows without components.
+    /// Options must outlive the plot.
+    TPlot(const kx::TKxTable& Table, const TOptions& Options);
 
     kx::TForm& GetForm() { return *FForm; }
     kx::TKx2DGraph& GetGraph() { return *FGraph; }
@@ -72,26 +72,27 @@ private:
         kx::TKxCustomRealVector* X;
         kx::TKxCustomRealVector* Y;
     };
-    TColumns ChooseColumns(const TTable& Table, const TOptions& Options) const;
+    TColumns ChooseColumns(const kx::TKxTable& Table, const TOptions& Options) const;
     kx::TKxAxis* MakeAxis(const std::string& Name);
     void MakeAxes();
     void MakeSideAxes(const TOptions& Options, bool SeveralSeries);
     kx::TKxLiveVector* MakeVector(const std::string& Name, const std::vector<double>& Values);
-    void MakeSeries(const TTable& Table, const TColumns& Columns, const TOptions& Options);
+    void MakeSeries(const kx::TKxTable& Table, const TColumns& Columns, const TOptions& Options);
     /// What all series share: x values, or the edges of bars.
-    std::vector<double> MakeX(const TTable& Table, const TColumns& Columns, const TValues& Values,
+    std::vector<double> MakeX(const kx::TKxTable& Table, const TColumns& Columns, const TValues& Values,
                               const TOptions& Options) const;
     kx::TKxNotCalculatedSeries* MakeOne(const TColumns& Columns, const TValues& Values,
                                         const TOptions& Options);
     kx::TKxNotCalculatedSeries* MakePoints(const TColumns& Columns, const TValues& Values,
                                            const TOptions& Options);
     /// The weights of the next series; null for none.
-    kx::TKxLiveVector* MakeErrorWeight(const TTable& Table, const TColumns& Columns, const TValues& Values);
+    kx::TKxLiveVector* MakeErrorWeight(const kx::TKxTable& Table, const TColumns& Columns,
+                                       const TValues& Values);
     kx::TKxNotCalculatedSeries* MakeArrows(const TColumns& Columns, const TValues& Values);
     kx::TKxNotCalculatedSeries* MakeBars(const TColumns& Columns, const TValues& Values,
                                          const TOptions& Options);
     void ConfigureBars(const TOptions& Options);
-    void CaptionAxes(const TTable& Table, const TColumns& Columns, const TOptions& Options);
+    void CaptionAxes(const kx::TKxTable& Table, const TColumns& Columns, const TOptions& Options);
     void CaptionSideAxes(const TOptions& Options);
     /// Captions too long for the picture get a smaller font; those of header texts are cut off after that.
     void FitCaptions(bool MayShrink);

@@ -12,7 +12,7 @@ namespace kxplot {
 
 using namespace kx;
 
-void TPlot::CaptionAxes(const TTable& Table, const TColumns& Columns, const TOptions& Options) {
+void TPlot::CaptionAxes(const kx::TKxTable& Table, const TColumns& Columns, const TOptions& Options) {
     std::string headers;
     for (const int column : Columns.Y) {
         const std::string header = Table.GetHeader(column);

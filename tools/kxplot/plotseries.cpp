@@ -58,7 +58,7 @@ TKxLiveVector* TPlot::MakeVector(const std::string& Name, const std::vector<doub
     return vector;
 }
 
-std::vector<double> TPlot::MakeX(const TTable& Table, const TColumns& Columns, const TValues& Values,
+std::vector<double> TPlot::MakeX(const kx::TKxTable& Table, const TColumns& Columns, const TValues& Values,
                                  const TOptions& Options) const {
     if (Options.Bins) {
         TFiniteRange range;
@@ -66,8 +66,8 @@ std::vector<double> TPlot::MakeX(const TTable& Table, const TColumns& Columns, c
             TFiniteRange own;
             own.Include(Values.Of(column));
             if (own.IsEmpty())
-                throw TTableError(Escaped(Table.GetName()) + ": column " + Table.ShownName(column) +
-                                  " has no finite value");
+                throw kx::ETableError(Escaped(Table.GetName()) + ": column " + Table.ShownName(column) +
+                                      " has no finite value");
             range.Include({own.Low, own.High});
         }
         return EqualBins(range, *Options.Bins);
@@ -81,7 +81,7 @@ std::vector<double> TPlot::MakeX(const TTable& Table, const TColumns& Columns, c
 }
 
 // One pass over the table reads every column once; vectors are filled before series listen to them.
-void TPlot::MakeSeries(const TTable& Table, const TColumns& Columns, const TOptions& Options) {
+void TPlot::MakeSeries(const kx::TKxTable& Table, const TColumns& Columns, const TOptions& Options) {
     const auto wanted = Columns.All();
     const TValues values{wanted, Table.ReadColumns(wanted)};
     FXVector = MakeVector("XData", MakeX(Table, Columns, values, Options));
@@ -134,7 +134,8 @@ TKxNotCalculatedSeries* TPlot::MakePoints(const TColumns& Columns, const TValues
     return series;
 }
 
-TKxLiveVector* TPlot::MakeErrorWeight(const TTable& Table, const TColumns& Columns, const TValues& Values) {
+TKxLiveVector* TPlot::MakeErrorWeight(const kx::TKxTable& Table, const TColumns& Columns,
+                                      const TValues& Values) {
     const std::size_t k = FSeries.size();
     const std::string name = Table.ColumnName(Columns.Y[k]), number = std::to_string(k + 1);
     const int plus = Columns.DYPlus[k], minus = Columns.DYMinus[k];

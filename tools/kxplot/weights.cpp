@@ -18,7 +18,7 @@ double ErrorOf(const TErrors& Errors, std::size_t Row) {
 
 } // namespace
 
-std::vector<double> WeightsByErrors(const TTable& Table, const TErrors& Errors) {
+std::vector<double> WeightsByErrors(const kx::TKxTable& Table, const TErrors& Errors) {
     std::vector<double> weights;
     weights.reserve(Errors.Y.size());
     for (std::size_t i = 0; i < Errors.Y.size(); ++i) {

@@ -1,7 +1,7 @@
 #pragma once
 // Weights that follow from the errors of the points.
 
-#include "kxplot/table.h"
+#include <kxgraph/table/Kxtable.h>
 
 #include <span>
 #include <string>
@@ -16,9 +16,9 @@ struct TErrors {
 };
 
 /// 1 / sigma^2 for each row, sigma being the error of y, or the mean of both where there are two. Raises
-/// TTableError, naming the line, where a point has an error that is missing or not above 0 (or beyond what a
-/// weight can hold). Rows without a point have any weight.
-std::vector<double> WeightsByErrors(const TTable& Table, const TErrors& Errors);
+/// kx::ETableError, naming the line, where a point has an error that is missing or not above 0 (or beyond
+/// what a weight can hold). Rows without a point have any weight.
+std::vector<double> WeightsByErrors(const kx::TKxTable& Table, const TErrors& Errors);
 
 /// The weights of the decimal logarithms of Y, given those of Y: the error of lg y is sigma / (y ln 10).
 std::vector<double> WeightsOfLogarithms(std::span<const double> Weights, std::span<const double> Y);

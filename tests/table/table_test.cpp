@@ -1,14 +1,15 @@
-#include "kxplot/number.h"
-#include "kxplot/table.h"
+#include <kxgraph/table/Kxtable.h>
+#include <kxgraph/table/Kxtablenumber.h>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
+#include <tuple>
 
 namespace {
 
-using namespace kxplot;
+using namespace kx;
 
 constexpr double CInf = std::numeric_limits<double>::infinity(),
                  CNan = std::numeric_limits<double>::quiet_NaN();
@@ -23,7 +24,7 @@ void ExpectValues(const std::vector<double>& Found, const std::vector<double>& E
     }
 }
 
-TEST(KxplotNumber, IsAWholeCellInPointFormOrWithADecimalComma) {
+TEST(TableNumber, IsAWholeCellInPointFormOrWithADecimalComma) {
     const std::tuple<const char*, bool, double> cases[] = {
         {"1.5", false, 1.5},         {" +2e3\t", false, 2000}, {"-1,5e2", true, -150},
         {"1.5", true, 1.5},          {"iNf", false, CInf},     {"1e999", false, CInf},
@@ -35,40 +36,40 @@ TEST(KxplotNumber, IsAWholeCellInPointFormOrWithADecimalComma) {
     EXPECT_TRUE(std::isnan(ParseNumber("NaN", false).value()));
 }
 
-TEST(KxplotTable, FindsOutHowATextIsBuilt) {
+TEST(Table, FindsOutHowATextIsBuilt) {
     struct TCase {
         const char* Text;
-        TSeparator Separator;
+        TKxSeparator Separator;
         std::vector<std::string> Headers; ///< empty: none
         std::vector<double> First, Last;
     };
     const TCase cases[] = {
-        {"a,b\n1,2\n3,4\n", TSeparator::Comma, {"a", "b"}, {1, 3}, {2, 4}},
+        {"a,b\n1,2\n3,4\n", TKxSeparator::Comma, {"a", "b"}, {1, 3}, {2, 4}},
         {"\xEF\xBB\xBF"
          "a;b\r\n1,5;2\r\n2,5;3\r\n",
-         TSeparator::Semicolon,
+         TKxSeparator::Semicolon,
          {"a", "b"},
          {1.5, 2.5},
          {2, 3}},
-        {"a, b\tc\n0,5\t1\n1.5\t\n", TSeparator::Tab, {"a, b", "c"}, {0.5, 1.5}, {1, CNan}},
-        {"  x   y \n 1\t 2\n\n# no row\n  3  4", TSeparator::Blanks, {"x", "y"}, {1, 3}, {2, 4}},
+        {"a, b\tc\n0,5\t1\n1.5\t\n", TKxSeparator::Tab, {"a, b", "c"}, {0.5, 1.5}, {1, CNan}},
+        {"  x   y \n 1\t 2\n\n# no row\n  3  4", TKxSeparator::Blanks, {"x", "y"}, {1, 3}, {2, 4}},
         {"# k,l,m\n \n\"a, \"\"b\"\"\",c\n\"1\", 2 \n3,\"4\"\n",
-         TSeparator::Comma,
+         TKxSeparator::Comma,
          {"a, \"b\"", "c"},
          {1, 3},
          {2, 4}},
-        {"\"two\nlines\",b\n1,nan\n,2\n", TSeparator::Comma, {"two\nlines", "b"}, {1, CNan}, {CNan, 2}},
-        {"t, s\n1 2\n", TSeparator::Blanks, {"t,", "s"}, {1}, {2}},
-        {"y\n3\n4\n", TSeparator::Blanks, {"y"}, {3, 4}, {3, 4}},
-        {"1,\n2,\n3,7\n", TSeparator::Comma, {}, {1, 2, 3}, {CNan, CNan, 7}},
-        {"a,b\n1,-Inf\n2,1e400\n", TSeparator::Comma, {"a", "b"}, {1, 2}, {-CInf, CInf}},
-        {"1\r2\r", TSeparator::Blanks, {}, {1, 2}, {1, 2}},
-        {"x y\tz\n1\t2 3\n4 5\t6\n", TSeparator::Blanks, {"x", "y", "z"}, {1, 4}, {3, 6}},
-        {"a b\tz\n9 h\t3\n", TSeparator::Tab, {"a b", "z"}, {}, {3}},
+        {"\"two\nlines\",b\n1,nan\n,2\n", TKxSeparator::Comma, {"two\nlines", "b"}, {1, CNan}, {CNan, 2}},
+        {"t, s\n1 2\n", TKxSeparator::Blanks, {"t,", "s"}, {1}, {2}},
+        {"y\n3\n4\n", TKxSeparator::Blanks, {"y"}, {3, 4}, {3, 4}},
+        {"1,\n2,\n3,7\n", TKxSeparator::Comma, {}, {1, 2, 3}, {CNan, CNan, 7}},
+        {"a,b\n1,-Inf\n2,1e400\n", TKxSeparator::Comma, {"a", "b"}, {1, 2}, {-CInf, CInf}},
+        {"1\r2\r", TKxSeparator::Blanks, {}, {1, 2}, {1, 2}},
+        {"x y\tz\n1\t2 3\n4 5\t6\n", TKxSeparator::Blanks, {"x", "y", "z"}, {1, 4}, {3, 6}},
+        {"a b\tz\n9 h\t3\n", TKxSeparator::Tab, {"a b", "z"}, {}, {3}},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Text);
-        const TTable table(c.Text, "t");
+        const TKxTable table(c.Text, "t");
         EXPECT_EQ(table.GetSeparator(), c.Separator);
         ASSERT_EQ(table.HasHeader(), !c.Headers.empty());
         for (std::size_t i = 0; i < c.Headers.size(); ++i) EXPECT_EQ(table.GetHeader(int(i)), c.Headers[i]);
@@ -78,9 +79,10 @@ TEST(KxplotTable, FindsOutHowATextIsBuilt) {
     }
 }
 
-TEST(KxplotTable, TakesTheFirstRowForDataWhereItsTextsStandInColumnsOfTexts) {
-    constexpr auto guess = THeaderRow::Guess, present = THeaderRow::Present, absent = THeaderRow::Absent;
-    const std::tuple<const char*, THeaderRow, bool, std::vector<double>> cases[] = {
+TEST(Table, TakesTheFirstRowForDataWhereItsTextsStandInColumnsOfTexts) {
+    constexpr auto guess = TKxHeaderRow::Guess, present = TKxHeaderRow::Present,
+                   absent = TKxHeaderRow::Absent;
+    const std::tuple<const char*, TKxHeaderRow, bool, std::vector<double>> cases[] = {
         {"1,a\n2,b\n3,c\n", guess, false, {1, 2, 3}},
         {"1,a\n2,b\n3,c\n", present, true, {2, 3}},
         {"1,a\n2,\n", guess, true, {2}},
@@ -93,14 +95,14 @@ TEST(KxplotTable, TakesTheFirstRowForDataWhereItsTextsStandInColumnsOfTexts) {
     };
     for (const auto& [text, header, isHeader, first] : cases) {
         SCOPED_TRACE(text);
-        const TTable table(text, "t", header);
+        const TKxTable table(text, "t", header);
         EXPECT_EQ(table.HasHeader(), isHeader);
         ExpectValues(table.ReadColumns({0}).front(), first);
     }
 }
 
-TEST(KxplotTable, FindsColumnsByHeaderBeforeNumberAndKnowsTheNumericOnes) {
-    const TTable table("t,2,name\n1,,x\n2,5,9\n3,6,y\n", "t");
+TEST(Table, FindsColumnsByHeaderBeforeNumberAndKnowsTheNumericOnes) {
+    const TKxTable table("t,2,name\n1,,x\n2,5,9\n3,6,y\n", "t");
     EXPECT_EQ(table.FindNumericColumn("t"), 0);
     EXPECT_EQ(table.FindNumericColumn("1"), 0);
     EXPECT_EQ(table.FindNumericColumn("2"), 1) << "its first cell that is not empty counts";
@@ -108,7 +110,7 @@ TEST(KxplotTable, FindsColumnsByHeaderBeforeNumberAndKnowsTheNumericOnes) {
     ExpectValues(table.ReadColumns({0}).front(), {1, 2, 3}); // whatever stands in the others
 }
 
-TEST(KxplotTable, TellsWhatIsWrongAndWhere) {
+TEST(Table, TellsWhatIsWrongAndWhere) {
     struct TCase {
         std::string Text;
         const char* Column; ///< read as the only one
@@ -132,10 +134,10 @@ TEST(KxplotTable, TellsWhatIsWrongAndWhere) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Text);
         try {
-            const TTable table(c.Text, "f.csv");
+            const TKxTable table(c.Text, "f.csv");
             table.ReadColumns({table.FindNumericColumn(c.Column)});
             ADD_FAILURE() << "nothing was raised";
-        } catch (const TTableError& error) {
+        } catch (const ETableError& error) {
             EXPECT_STREQ(error.what(), c.Message);
         }
     }

@@ -1,19 +1,19 @@
-#include "kxplot/rows.h"
+#include <kxgraph/table/Kxtablerows.h>
 
-namespace kxplot {
+namespace kx {
 
-TRowReader::TRowReader(std::string_view Text, std::size_t At, long Line, TSeparator Separator)
+TKxRowReader::TKxRowReader(std::string_view Text, std::size_t At, long Line, TKxSeparator Separator)
     : FPos(Text.data() + At), FEnd(Text.data() + Text.size()), FBegin(Text.data()), FLine(Line),
-      FByBlanks(Separator == TSeparator::Blanks) {
+      FByBlanks(Separator == TKxSeparator::Blanks) {
     const auto set = [this](char C, TKind Kind) { FKinds[static_cast<unsigned char>(C)] = Kind; };
     for (const char c : {' ', '\t'}) set(c, FByBlanks ? Separates : Blank);
     for (const char c : {'\r', '\n'}) set(c, EndsLine);
-    if (Separator == TSeparator::Comma) set(',', Separates);
-    if (Separator == TSeparator::Semicolon) set(';', Separates);
-    if (Separator == TSeparator::Tab) set('\t', Separates); // no blank then
+    if (Separator == TKxSeparator::Comma) set(',', Separates);
+    if (Separator == TKxSeparator::Semicolon) set(';', Separates);
+    if (Separator == TKxSeparator::Tab) set('\t', Separates); // no blank then
 }
 
-bool TRowReader::SkipEmptyAndComments() {
+bool TKxRowReader::SkipEmptyAndComments() {
     while (FPos != FEnd) {
         const char* begin = FPos;
         SkipBlanks();
@@ -28,13 +28,13 @@ bool TRowReader::SkipEmptyAndComments() {
     return false;
 }
 
-void TRowReader::EndRow() {
+void TKxRowReader::EndRow() {
     while (!AtLineEnd()) ++FPos;
     EndLine();
     FRowEnded = true;
 }
 
-bool TRowReader::NextRow() {
+bool TKxRowReader::NextRow() {
     if (!FRowEnded) EndRow();
     if (!SkipEmptyAndComments()) return false;
     FRowLine = FLine;
@@ -42,7 +42,7 @@ bool TRowReader::NextRow() {
     return true;
 }
 
-std::string_view TRowReader::QuotedCell() {
+std::string_view TKxRowReader::QuotedCell() {
     FBuffer.clear();
     FOpenQuote = true;
     ++FPos;
@@ -62,4 +62,4 @@ std::string_view TRowReader::QuotedCell() {
     return FBuffer;
 }
 
-} // namespace kxplot
+} // namespace kx

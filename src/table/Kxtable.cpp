@@ -1,30 +1,30 @@
-#include "kxplot/table.h"
-
-#include "kxplot/number.h"
-#include "kxplot/rows.h"
+#include <kxgraph/table/Kxtable.h>
 
 #include <kxgraph/platform/text/text.h>
+#include <kxgraph/table/Kxtablenumber.h>
+#include <kxgraph/table/Kxtablerows.h>
 
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <utility>
 
-namespace kxplot {
+namespace kx {
 
 namespace {
 
 constexpr std::string_view CByteOrderMark = "\xEF\xBB\xBF";
 constexpr int CSampleRows = 50;
 
-bool IsEmptyCell(std::string_view Cell) { return kx::Trimmed(Cell).empty(); }
+bool IsEmptyCell(std::string_view Cell) { return Trimmed(Cell).empty(); }
 
-std::string Quoted(std::string_view Text) { return "'" + kx::Abridged(kx::Trimmed(Text)) + "'"; }
+std::string Quoted(std::string_view Text) { return "'" + Abridged(Trimmed(Text)) + "'"; }
 
 /// Whether Cell is several numbers with blanks between them.
 bool IsSeveralNumbers(std::string_view Cell) {
-    Cell = kx::Trimmed(Cell);
+    Cell = Trimmed(Cell);
     if (Cell.find(' ') == std::string_view::npos) return false;
-    TRowReader parts(Cell, 0, 1, TSeparator::Blanks);
+    TKxRowReader parts(Cell, 0, 1, TKxSeparator::Blanks);
     bool numbers = parts.NextRow();
     for (std::string_view part; numbers && parts.NextCell(part);)
         numbers = ParseNumber(part, false).has_value();
@@ -33,14 +33,14 @@ bool IsSeveralNumbers(std::string_view Cell) {
 
 /// Cells of the first rows when read with Separator; none where tabs and blanks are mixed: then both are
 /// blanks.
-std::vector<int> SampleCounts(std::string_view Text, TSeparator Separator) {
-    TRowReader rows(Text, 0, 1, Separator);
+std::vector<int> SampleCounts(std::string_view Text, TKxSeparator Separator) {
+    TKxRowReader rows(Text, 0, 1, Separator);
     std::vector<int> counts;
     std::string_view cell;
     while (static_cast<int>(counts.size()) < CSampleRows && rows.NextRow()) {
         int count = 0;
         for (; rows.NextCell(cell); ++count)
-            if (Separator == TSeparator::Tab && IsSeveralNumbers(cell)) return {};
+            if (Separator == TKxSeparator::Tab && IsSeveralNumbers(cell)) return {};
         counts.push_back(count);
     }
     return counts;
@@ -61,7 +61,7 @@ bool SeveralInTheFirstRow(const std::vector<int>& Counts) { return !Counts.empty
 } // namespace
 
 /// What the cells of a column are that are not empty.
-class TTable::TColumnLook {
+class TKxTable::TColumnLook {
 public:
     void Add(bool IsNumber) {
         if (FCount++ == 0)
@@ -81,19 +81,19 @@ private:
     bool FFirstIsNumber = false;
 };
 
-TTable::TTable(std::string_view Text, std::string Name, THeaderRow Header)
+TKxTable::TKxTable(std::string_view Text, std::string Name, TKxHeaderRow Header)
     : FText(Text), FName(std::move(Name)) {
     if (FText.substr(0, CByteOrderMark.size()) == CByteOrderMark) FText.remove_prefix(CByteOrderMark.size());
     FindSeparator();
     ReadHead(Header);
 }
 
-void TTable::Fail(long Line, const std::string& What) const {
-    throw TTableError(kx::Escaped(FName) + (Line > 0 ? ":" + std::to_string(Line) : "") + ": " + What);
+void TKxTable::Fail(long Line, const std::string& What) const {
+    throw ETableError(Escaped(FName) + (Line > 0 ? ":" + std::to_string(Line) : "") + ": " + What);
 }
 
-void TTable::FailInRow(std::size_t Row, const std::string& What) const {
-    TRowReader rows(FText, FBodyAt, FBodyLine, FSeparator);
+void TKxTable::FailInRow(std::size_t Row, const std::string& What) const {
+    TKxRowReader rows(FText, FBodyAt, FBodyLine, FSeparator);
     std::string_view cell;
     for (std::size_t i = 0; i <= Row && rows.NextRow(); ++i)
         while (rows.NextCell(cell)) {
@@ -103,30 +103,30 @@ void TTable::FailInRow(std::size_t Row, const std::string& What) const {
 
 // The separator that cuts all of the first rows into as many cells; failing that, one that cuts most of them,
 // or at least the very first one (the row that differs is told later). A single column has none.
-void TTable::FindSeparator() {
-    constexpr TSeparator candidates[] = {TSeparator::Tab, TSeparator::Semicolon, TSeparator::Comma,
-                                         TSeparator::Blanks};
+void TKxTable::FindSeparator() {
+    constexpr TKxSeparator candidates[] = {TKxSeparator::Tab, TKxSeparator::Semicolon, TKxSeparator::Comma,
+                                           TKxSeparator::Blanks};
     for (const auto fits : {AllEqualAndSeveral, SeveralInMostRows, SeveralInTheFirstRow}) {
-        for (const TSeparator candidate : candidates) {
+        for (const TKxSeparator candidate : candidates) {
             if (!fits(SampleCounts(FText, candidate))) continue;
             FSeparator = candidate;
-            FDecimalComma = candidate == TSeparator::Semicolon || candidate == TSeparator::Tab;
+            FDecimalComma = candidate == TKxSeparator::Semicolon || candidate == TKxSeparator::Tab;
             return;
         }
     }
 }
 
-void TTable::ReadHead(THeaderRow Header) {
-    TRowReader rows(FText, 0, 1, FSeparator);
+void TKxTable::ReadHead(TKxHeaderRow Header) {
+    TKxRowReader rows(FText, 0, 1, FSeparator);
     if (!rows.NextRow()) Fail(0, "is empty");
     std::vector<std::string> first;
-    for (std::string_view cell; rows.NextCell(cell);) first.emplace_back(kx::Trimmed(cell));
+    for (std::string_view cell; rows.NextCell(cell);) first.emplace_back(Trimmed(cell));
     if (rows.HasOpenQuote()) Fail(rows.Line(), "a quote is not closed");
-    if (Header != THeaderRow::Absent) {
+    if (Header != TKxHeaderRow::Absent) {
         FBodyAt = rows.Position();
         FBodyLine = rows.NextLine();
         const bool hasRows = LookAtColumns(first.size());
-        if (Header == THeaderRow::Present || LooksLikeHeader(first)) {
+        if (Header == TKxHeaderRow::Present || LooksLikeHeader(first)) {
             FHeaders = std::move(first);
             if (!hasRows) Fail(0, "has a header but no rows");
             return;
@@ -137,15 +137,15 @@ void TTable::ReadHead(THeaderRow Header) {
     LookAtColumns(first.size());
 }
 
-bool TTable::LooksLikeHeader(const std::vector<std::string>& Row) const {
+bool TKxTable::LooksLikeHeader(const std::vector<std::string>& Row) const {
     for (std::size_t i = 0; i < Row.size(); ++i)
         if (!Row[i].empty() && !ParseNumber(Row[i], FDecimalComma) && FKinds[i] != TKind::Texts) return true;
     return false;
 }
 
 // Returns whether there is any row.
-bool TTable::LookAtColumns(std::size_t Count) {
-    TRowReader body(FText, FBodyAt, FBodyLine, FSeparator);
+bool TKxTable::LookAtColumns(std::size_t Count) {
+    TKxRowReader body(FText, FBodyAt, FBodyLine, FSeparator);
     std::vector<TColumnLook> looks(Count);
     std::size_t undecided = Count, rows = 0;
     for (; undecided > 0 && body.NextRow(); ++rows) {
@@ -161,21 +161,21 @@ bool TTable::LookAtColumns(std::size_t Count) {
     return rows > 0;
 }
 
-std::string TTable::GetHeader(int Column) const {
+std::string TKxTable::GetHeader(int Column) const {
     return HasHeader() ? FHeaders[static_cast<std::size_t>(Column)] : std::string();
 }
 
-std::string TTable::ColumnName(int Column) const {
+std::string TKxTable::ColumnName(int Column) const {
     const std::string header = GetHeader(Column);
-    return header.empty() ? std::to_string(Column + 1) : kx::Escaped(header);
+    return header.empty() ? std::to_string(Column + 1) : Escaped(header);
 }
 
-std::string TTable::ShownName(int Column) const {
+std::string TKxTable::ShownName(int Column) const {
     const std::string header = GetHeader(Column);
-    return header.empty() ? std::to_string(Column + 1) : kx::Abridged(header);
+    return header.empty() ? std::to_string(Column + 1) : Abridged(header);
 }
 
-int TTable::FindNumericColumn(const std::string& Column) const {
+int TKxTable::FindNumericColumn(const std::string& Column) const {
     int index = static_cast<int>(std::find(FHeaders.begin(), FHeaders.end(), Column) - FHeaders.begin());
     if (!HasHeader() || index == GetColumnCount()) {
         const auto [stop, error] = std::from_chars(Column.data(), Column.data() + Column.size(), index);
@@ -189,7 +189,7 @@ int TTable::FindNumericColumn(const std::string& Column) const {
     return index;
 }
 
-double TTable::Value(std::string_view Cell, std::size_t Column, long Line) const {
+double TKxTable::Value(std::string_view Cell, std::size_t Column, long Line) const {
     if (const auto value = ParseNumber(Cell, FDecimalComma)) return *value;
     if (!IsEmptyCell(Cell))
         Fail(Line, "column " + ShownName(int(Column)) + ": " + Quoted(Cell) + " is not a number");
@@ -197,13 +197,13 @@ double TTable::Value(std::string_view Cell, std::size_t Column, long Line) const
 }
 
 // So many rows that the text may hold, judged by its beginning.
-std::size_t TTable::ExpectedRows() const {
+std::size_t TKxTable::ExpectedRows() const {
     const std::string_view body = FText.substr(FBodyAt), sample = body.substr(0, 0x10000);
     const auto lines = std::count(sample.begin(), sample.end(), '\n') + 1;
     return body.size() / (sample.size() / std::size_t(lines) + 1) * 9 / 8 + 16;
 }
 
-std::vector<std::vector<double>> TTable::ReadColumns(const std::vector<int>& Columns) const {
+std::vector<std::vector<double>> TKxTable::ReadColumns(const std::vector<int>& Columns) const {
     std::vector<std::vector<double>> read(FKinds.size());
     std::vector<bool> wanted(FKinds.size());
     const std::size_t expected = ExpectedRows();
@@ -211,7 +211,7 @@ std::vector<std::vector<double>> TTable::ReadColumns(const std::vector<int>& Col
         wanted[std::size_t(column)] = true;
         read[std::size_t(column)].reserve(expected);
     }
-    TRowReader rows(FText, FBodyAt, FBodyLine, FSeparator);
+    TKxRowReader rows(FText, FBodyAt, FBodyLine, FSeparator);
     std::string_view cell;
     while (rows.NextRow()) {
         std::size_t column = 0;
@@ -234,4 +234,4 @@ std::vector<std::vector<double>> TTable::ReadColumns(const std::vector<int>& Col
     return values;
 }
 
-} // namespace kxplot
+} // namespace kx

@@ -1,20 +1,24 @@
 #pragma once
 // Walks a table's text row by row and cell by cell.
 
-#include "kxplot/table.h"
-
 #include <array>
 #include <charconv>
 #include <string>
 #include <string_view>
 
-namespace kxplot {
+namespace kx {
 
-/// Reads rows of cells, skipping comments and empty lines. Cells are views into the text, or into a buffer of
-/// the reader where quotes had to be taken away; they are valid until the next cell.
-class TRowReader {
+/// What stands between the cells of a row.
+enum class TKxSeparator { Comma, Semicolon, Tab, Blanks };
+
+/// Reads rows of cells, skipping comments (lines that begin with '#') and empty lines. Cells are views into
+/// the text, which must outlive the reader, or into a buffer of the reader where quotes had to be taken away;
+/// they are valid until the next cell. Raises nothing: what a cell holds, and whether rows are equally long,
+/// is for the caller to judge.
+class TKxRowReader {
 public:
-    TRowReader(std::string_view Text, std::size_t At, long Line, TSeparator Separator);
+    /// At is where the first row begins, Line the number of that line, from 1.
+    TKxRowReader(std::string_view Text, std::size_t At, long Line, TKxSeparator Separator);
 
     /// Goes to the next row; false at the end of the text.
     bool NextRow();
@@ -59,25 +63,25 @@ private:
 
 // What is called for every cell stands here, to be inlined.
 
-inline void TRowReader::SkipBlanks() {
+inline void TKxRowReader::SkipBlanks() {
     const TKind blank = FByBlanks ? Separates : Blank;
     while (FPos != FEnd && KindAt(FPos) == blank) ++FPos;
 }
 
-inline void TRowReader::EndLine() {
+inline void TKxRowReader::EndLine() {
     if (FPos == FEnd) return;
     if (*FPos == '\r') ++FPos;
     if (FPos != FEnd && *FPos == '\n') ++FPos;
     ++FLine;
 }
 
-inline std::string_view TRowReader::PlainCell() {
+inline std::string_view TKxRowReader::PlainCell() {
     const char* begin = FPos;
     while (FPos != FEnd && KindAt(FPos) < Separates) ++FPos;
     return {begin, static_cast<std::size_t>(FPos - begin)};
 }
 
-inline bool TRowReader::NextCell(std::string_view& Cell) {
+inline bool TKxRowReader::NextCell(std::string_view& Cell) {
     if (FRowEnded) return false;
     SkipBlanks();
     Cell = FPos != FEnd && *FPos == '"' ? QuotedCell() : PlainCell();
@@ -85,7 +89,7 @@ inline bool TRowReader::NextCell(std::string_view& Cell) {
     return true;
 }
 
-inline bool TRowReader::NextNumber(double& Value) {
+inline bool TKxRowReader::NextNumber(double& Value) {
     if (FRowEnded) return false;
     SkipBlanks();
     // No separator is part of a number, so there is no need to look for the cell's end first.
@@ -96,7 +100,7 @@ inline bool TRowReader::NextNumber(double& Value) {
     return true;
 }
 
-inline void TRowReader::EndCell() {
+inline void TKxRowReader::EndCell() {
     if (FByBlanks) SkipBlanks();
     if (AtLineEnd()) {
         EndLine();
@@ -106,4 +110,4 @@ inline void TRowReader::EndCell() {
     }
 }
 
-} // namespace kxplot
+} // namespace kx

@@ -3,35 +3,40 @@
 // that are asked for.
 
 #include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/table/Kxtablerows.h>
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace kxplot {
+namespace kx {
 
 /// A table cannot be read; the message begins with the file's name, and the line where there is one.
-class TTableError : public kx::Exception {
+class ETableError : public Exception {
     using Exception::Exception;
 };
 
-/// What stands between the cells of a row.
-enum class TSeparator { Comma, Semicolon, Tab, Blanks };
-
 /// Whether the first row is a header. Guess: it is one when any of its cells is a text that stands over
 /// numbers or over nothing; a row whose texts stand in columns of texts is data.
-enum class THeaderRow { Guess, Present, Absent };
+enum class TKxHeaderRow { Guess, Present, Absent };
 
 /// One table in memory. Lines that begin with '#' and empty lines count for nothing; a byte-order mark, CR LF
 /// and quoted cells ("" for a quote in one) are understood; with semicolons or tabs also a decimal comma.
-class TTable {
+/// The text is not copied and no cell is kept: of the whole table the object holds what it found out about
+/// its columns, and each ReadColumns goes through the rows again.
+///
+///     const std::string text = kx::ReadFile("data.csv");
+///     const kx::TKxTable table(text, "data.csv");
+///     const auto values = table.ReadColumns({table.FindNumericColumn("t"), table.FindNumericColumn("u")});
+class TKxTable {
 public:
-    /// Looks at the head of Text, which must outlive the table. Name stands in messages. Raises TTableError
+    /// Looks at the head of Text, which must outlive the table. Name stands in messages. Raises ETableError
     /// for a table without rows.
-    TTable(std::string_view Text, std::string Name, THeaderRow Header = THeaderRow::Guess);
+    TKxTable(std::string_view Text, std::string Name, TKxHeaderRow Header = TKxHeaderRow::Guess);
 
     const std::string& GetName() const { return FName; }
-    TSeparator GetSeparator() const { return FSeparator; }
+    TKxSeparator GetSeparator() const { return FSeparator; }
     int GetColumnCount() const { return static_cast<int>(FKinds.size()); }
     bool HasHeader() const { return !FHeaders.empty(); }
     /// Header text of a column, zero-based; empty without header.
@@ -43,15 +48,15 @@ public:
     std::string ColumnName(int Column) const;
     /// The same for messages: no longer than 60 characters.
     std::string ShownName(int Column) const;
-    /// Zero-based column for a header text or a 1-based number; a header text goes first. Raises TTableError
+    /// Zero-based column for a header text or a 1-based number; a header text goes first. Raises ETableError
     /// for a column that the table lacks, or one that is not numeric.
     int FindNumericColumn(const std::string& Column) const;
 
-    /// The values of some columns, each named once, row by row; an empty cell is a NaN. Raises TTableError
+    /// The values of some columns, each named once, row by row; an empty cell is a NaN. Raises ETableError
     /// for a cell that is no number, or a row with more or fewer cells than the first, naming its line.
     std::vector<std::vector<double>> ReadColumns(const std::vector<int>& Columns) const;
 
-    /// Raises TTableError about a row that ReadColumns has read, zero-based, naming its line.
+    /// Raises ETableError about a row that ReadColumns has read, zero-based, naming its line.
     [[noreturn]] void FailInRow(std::size_t Row, const std::string& What) const;
 
 private:
@@ -59,7 +64,7 @@ private:
     class TColumnLook;
     TKind KindOf(int Column) const { return FKinds[static_cast<std::size_t>(Column)]; }
     void FindSeparator();
-    void ReadHead(THeaderRow Header);
+    void ReadHead(TKxHeaderRow Header);
     bool LooksLikeHeader(const std::vector<std::string>& Row) const;
     bool LookAtColumns(std::size_t Count);
     double Value(std::string_view Cell, std::size_t Column, long Line) const;
@@ -68,7 +73,7 @@ private:
 
     std::string_view FText;
     std::string FName;
-    TSeparator FSeparator = TSeparator::Blanks;
+    TKxSeparator FSeparator = TKxSeparator::Blanks;
     bool FDecimalComma = false;
     std::vector<std::string> FHeaders;
     std::vector<TKind> FKinds;
@@ -76,4 +81,4 @@ private:
     long FBodyLine = 1;      // its number in the file
 };
 
-} // namespace kxplot
+} // namespace kx
