@@ -63,6 +63,8 @@ public:
     TKxAxisOrientation GetOrientation() const { return FOrientation; }
     bool IsHorizontal() const { return FOrientation == AxHorizontal; }
     TKxAxScaling GetScaling() const { return FScaling; }
+    /// Under the scaling that is set, which GetMap() has after the next layout.
+    bool HasPlace(double Value) const { return kx::HasPlace(FScaling, Value); }
     void SetScaling(TKxAxScaling Scaling);
     bool GetTwisted() const { return FTwisted; }
     void SetTwisted(bool Twisted) { Change(FTwisted, Twisted); }

@@ -6,6 +6,7 @@
 #include <kxgraph/platform/objects/properties.h>
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -40,6 +41,10 @@ enum TKxAxScaling {
 template <>
 inline constexpr auto CEnumNames<TKxAxScaling> = std::to_array<std::string_view>({"AxNormal", "AxLog",
                                                                                   "AxLogEE"});
+/// Whether Value stands anywhere on such a scale: it is finite, and positive on a logarithmic one.
+inline bool HasPlace(TKxAxScaling Scaling, double Value) {
+    return std::isfinite(Value) && (Scaling == AxNormal || Value > 0);
+}
 
 enum TKxAxisOrientation { AxHorizontal, AxVertical };
 template <>
@@ -138,10 +143,17 @@ struct TKxAxisMap {
     }
 
     bool IsLogarithmic() const { return Scaling != AxNormal; }
+    bool HasPlace(double Value) const { return kx::HasPlace(Scaling, Value); }
     /// The pixel of Value, half to even; saturates at +-CMaxPixel; CNoPixel for a NaN; -1 for a value that is
     /// not positive on a logarithmic scale. Raises EConvertError "Axis scaling not supportet" for a Scaling
     /// that is none of the three.
     int RealToIntPosition(double Value) const;
+    /// The same of an end of something that has a place, such as a bar's: the start of a logarithmic scale
+    /// where the end lies below it; CNoPixel for one that is not finite.
+    int EndPosition(double Value) const {
+        if (!std::isfinite(Value)) return CNoPixel;
+        return RealToIntPosition(HasPlace(Value) ? Value : Start);
+    }
     /// The same for many: the pixel of Values[i] goes to First[i * StrideInInts].
     void RealToIntPositions(std::span<const double> Values, int* First, std::ptrdiff_t StrideInInts) const;
     /// The value at pixel Position, at most 1.7e308 in magnitude. Raises as RealToIntPosition does.

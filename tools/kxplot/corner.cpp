@@ -30,8 +30,6 @@ TRect Grown(const TRect& Rect, int By) {
     return {Rect.Left - By, Rect.Top - By, Rect.Right + By, Rect.Bottom + By};
 }
 
-bool IsPlaced(TPoint P) { return P.X != CNoPixel && P.Y != CNoPixel; }
-
 std::span<const TPoint> PointsOf(const TKxSeries& Series) {
     const auto points = Series.GetPoints().Values();
     return points.first(std::min(points.size(), std::size_t(Series.GetPointsCount())));

@@ -5,7 +5,6 @@
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
-#include <cmath>
 
 namespace kxplot {
 
@@ -14,7 +13,7 @@ using namespace kx;
 namespace {
 
 bool HasPlace(const TKxAxis* Axis, double Value) {
-    return std::isfinite(Value) && (!Axis || Axis->GetScaling() == AxNormal || Value > 0);
+    return Axis ? Axis->HasPlace(Value) : kx::HasPlace(AxNormal, Value);
 }
 
 bool HasDrawablePoint(const TKxNotCalculatedSeries& Series) {

@@ -56,6 +56,8 @@ struct TRect {
 
 /// The pixel that a NaN has: none. No other value is ever rounded to it.
 inline constexpr int CNoPixel = INT_MIN;
+/// Whether a point has both of its pixels.
+inline bool IsPlaced(TPoint P) { return P.X != CNoPixel && P.Y != CNoPixel; }
 /// Pixels saturate here, so that sums of a few of them stay defined.
 inline constexpr int CMaxPixel = 1 << 30;
 
