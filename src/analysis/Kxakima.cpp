@@ -1,5 +1,6 @@
 #include <kxgraph/analysis/Kxakima.h>
 
+#include <kxgraph/analysis/Kxfitpoints.h>
 #include <kxgraph/analysis/Kxsmoothing.h>
 #include <kxgraph/numeric/Kxsort.h>
 
@@ -23,32 +24,26 @@ constexpr int CBlock = 64; // so few that the stores of one overlap with the div
 /// Value, or Otherwise when Value is not finite. Without a branch, for loops to be vectorised.
 double Held(double Value, double Otherwise = 0) { return Value - Value == 0 ? Value : Otherwise; }
 
-struct TSource {
-    const double *X, *Y, *W; // W may be null
-    double Start, Stop;
+/// Whether point i is a knot: it takes part and has a weight.
+bool Takes(const TKxFitPoints& P, std::size_t i) { return P.Takes(i) && P.WeightAt(i) != 0; }
 
-    bool Takes(int i) const {
-        if (!(X[i] >= Start && X[i] <= Stop) || !std::isfinite(X[i]) || !std::isfinite(Y[i])) return false;
-        return !W || (W[i] != 0 && std::isfinite(W[i]));
-    }
-    /// Whether all points of a block are to be taken and ascend.
-    bool TakesInOrder(int Begin, int End) const {
-        if (W || !Takes(Begin) || !Takes(End - 1)) return false;
-        int i = Begin + 1;
+/// Whether all points of a block are knots and ascend.
+bool TakesInOrder(const TKxFitPoints& P, std::size_t Begin, std::size_t End) {
+    if (P.W || !Takes(P, Begin) || !Takes(P, End - 1)) return false;
+    std::size_t i = Begin + 1;
 #if defined(__SSE2__)
-        __m128d ordered = _mm_cmpeq_pd(_mm_setzero_pd(), _mm_setzero_pd());
-        for (; i + 2 <= End; i += 2) {
-            const __m128d y = _mm_loadu_pd(Y + i);
-            ordered = _mm_and_pd(ordered, _mm_cmplt_pd(_mm_loadu_pd(X + i - 1), _mm_loadu_pd(X + i)));
-            ordered = _mm_and_pd(ordered, _mm_cmpeq_pd(_mm_sub_pd(y, y), _mm_setzero_pd()));
-        }
-        if (_mm_movemask_pd(ordered) != 3) return false;
-#endif
-        for (; i < End; ++i)
-            if (!(X[i - 1] < X[i]) || !std::isfinite(Y[i])) return false;
-        return true;
+    __m128d ordered = _mm_cmpeq_pd(_mm_setzero_pd(), _mm_setzero_pd());
+    for (; i + 2 <= End; i += 2) {
+        const __m128d y = _mm_loadu_pd(P.Y + i);
+        ordered = _mm_and_pd(ordered, _mm_cmplt_pd(_mm_loadu_pd(P.X + i - 1), _mm_loadu_pd(P.X + i)));
+        ordered = _mm_and_pd(ordered, _mm_cmpeq_pd(_mm_sub_pd(y, y), _mm_setzero_pd()));
     }
-};
+    if (_mm_movemask_pd(ordered) != 3) return false;
+#endif
+    for (; i < End; ++i)
+        if (!(P.X[i - 1] < P.X[i]) || !std::isfinite(P.Y[i])) return false;
+    return true;
+}
 
 /// Out[i] = the slope of the chord from point i to the next.
 void ChordSlopes(const double* __restrict X, const double* __restrict A, double* __restrict Out, int Chords) {
@@ -82,26 +77,23 @@ void PieceCoeffs(const double* __restrict X, const double* __restrict B, const d
 /// once, while they are in the cache. Returns the number of pieces complete, or -1 when points do not ascend.
 int TKxAkima::TakePoints(double Start, double Stop, const TKxCustomRealVector& XValues,
                          const TKxCustomRealVector& YValues, const TKxCustomRealVector* Weights) {
-    int n = std::min(XValues.GetCount(), YValues.GetCount());
-    if (Weights) n = std::min(n, Weights->GetCount());
-    SetLengths(n);
-    const TSource source{XValues.Values().data(), YValues.Values().data(),
-                         Weights ? Weights->Values().data() : nullptr, Start, Stop};
+    const TKxFitPoints points = TKxFitPoints::Of(XValues, YValues, Weights).Within(Start, Stop);
+    SetLengths(static_cast<int>(points.Count));
     bool ascending = true;
-    const auto take = [&, x = X.Data(), a = A.Data()](int i, int Points) {
-        ascending &= Count == 0 || x[Count - 1] < source.X[i];
-        std::copy_n(source.X + i, Points, x + Count);
-        std::copy_n(source.Y + i, Points, a + Count);
-        Count += Points;
+    const auto take = [&, x = X.Data(), a = A.Data()](std::size_t i, std::size_t Points) {
+        ascending &= Count == 0 || x[Count - 1] < points.X[i];
+        std::copy_n(points.X + i, Points, x + Count);
+        std::copy_n(points.Y + i, Points, a + Count);
+        Count += static_cast<int>(Points);
     };
     int pieces = 0;
-    for (int begin = 0; begin < n; begin += CBlock) {
-        const int end = std::min(begin + CBlock, n);
-        if (source.TakesInOrder(begin, end)) {
+    for (std::size_t begin = 0; begin < points.Count; begin += CBlock) {
+        const std::size_t end = std::min<std::size_t>(begin + CBlock, points.Count);
+        if (TakesInOrder(points, begin, end)) {
             take(begin, end - begin);
         } else {
-            for (int i = begin; i < end; ++i)
-                if (source.Takes(i)) take(i, 1);
+            for (std::size_t i = begin; i < end; ++i)
+                if (Takes(points, i)) take(i, 1);
         }
         if (ascending && !Smooth) pieces = CompletePieces(pieces);
     }
@@ -145,7 +137,7 @@ void TKxAkima::RecalculateCoeffs(double Start, double Stop, TKxCustomRealVector*
     const int pieces = TakePoints(Start, Stop, *XValues, *YValues, Weights);
     if (Count >= CLeastPoints && pieces < 0) SortAndMerge();
     const int knots = std::exchange(Count, 0);
-    if (knots < CLeastPoints) throw EMathError("Not enough data!");
+    if (knots < CLeastPoints) RaiseNotEnoughData();
     if (Smooth) {
         X.SetLength(knots);
         A.SetLength(knots);

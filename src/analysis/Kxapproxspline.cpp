@@ -1,5 +1,6 @@
 #include <kxgraph/analysis/Kxapproxspline.h>
 
+#include <kxgraph/analysis/Kxfitpoints.h>
 #include <kxgraph/analysis/Kxsplinesmoother.h>
 #include <kxgraph/numeric/Kxsort.h>
 #include <kxgraph/numeric/Kxvector.h>
@@ -17,28 +18,20 @@ constexpr int CLeastPoints = 6;
 // certain.
 constexpr double CWellConditioned = 1e6;
 
-[[noreturn]] void RaiseNotEnough() { throw EMathError("Not enough data!"); }
-
 } // namespace
 
 int TKxApproxSpline::TakePoints(double Start, double Stop, const TKxCustomRealVector& XValues,
                                 const TKxCustomRealVector& YValues, const TKxCustomRealVector* Weights) {
-    int n = std::min(XValues.GetCount(), YValues.GetCount());
-    if (Weights) n = std::min(n, Weights->GetCount());
-    for (TKxRealArray* array : {&X, &A, &W}) array->SetLength(n);
-    const double* const x = XValues.Values().data();
-    const double* const y = YValues.Values().data();
-    const double* const w = Weights ? Weights->Values().data() : nullptr;
+    const TKxFitPoints source = TKxFitPoints::Of(XValues, YValues, Weights).Within(Start, Stop);
+    for (TKxRealArray* array : {&X, &A, &W}) array->SetLength(static_cast<int>(source.Count));
     double *const outX = X.Data(), *const outY = A.Data(), *const outW = W.Data();
     if (!std::isfinite(WeightFactor)) return 0;
     int points = 0;
-    for (int i = 0; i < n; ++i) {
-        const double weight = (w ? w[i] : 1) * WeightFactor;
-        const bool isFinite = (x[i] - x[i]) + (y[i] - y[i]) + (w ? w[i] - w[i] : 0) == 0;
-        if (!(x[i] >= Start && x[i] <= Stop) || !isFinite) continue;
-        outX[points] = x[i];
-        outY[points] = y[i];
-        outW[points++] = std::min(std::abs(weight), CMaxReal);
+    for (std::size_t i = 0; i < source.Count; ++i) {
+        if (!source.Takes(i)) continue;
+        outX[points] = source.X[i];
+        outY[points] = source.Y[i];
+        outW[points++] = std::min(std::abs(source.WeightAt(i) * WeightFactor), CMaxReal);
     }
     return points;
 }
@@ -63,11 +56,11 @@ void TKxApproxSpline::RecalculateCoeffs(double Start, double Stop, TKxCustomReal
                                         TKxCustomRealVector* YValues, TKxCustomRealVector* Weights) {
     Count = 0;
     const int points = TakePoints(Start, Stop, *XValues, *YValues, Weights);
-    if (points < CLeastPoints) RaiseNotEnough();
+    if (points < CLeastPoints) RaiseNotEnoughData();
     const double* const x = X.Data();
     if (!std::is_sorted(x, x + points)) QuickSortYWtoX(0, points - 1, X, A, W);
     const int knots = MergeEqual(points);
-    if (knots < CLeastPoints) RaiseNotEnough();
+    if (knots < CLeastPoints) RaiseNotEnoughData();
     for (TKxRealArray* array : {&X, &A, &B, &C, &D, &W}) array->SetLength(knots + 1);
     Count = knots;
     try {
@@ -86,7 +79,7 @@ void TKxApproxSpline::CalcCoeffs() {
         SmoothOrdinates();
     } else {
         const auto n = static_cast<std::size_t>(Count);
-        if (!SmoothSpline({X.Data(), n}, {W.Data(), n}, {A.Data(), n}, {C.Data(), n})) RaiseNotEnough();
+        if (!SmoothSpline({X.Data(), n}, {W.Data(), n}, {A.Data(), n}, {C.Data(), n})) RaiseNotEnoughData();
     }
     CompletePieces();
 }

@@ -142,6 +142,17 @@ void TKxCalculatedSeries::SetParentWeight(bool ParentWeight) {
     if (FParentSeries && FParentSeries->GetWeight() != TKxSeries::GetWeight()) ParentModified();
 }
 
+TKxNotCalculatedSeries& TKxCalculatedSeries::GetDataSource() const {
+    if (!FParentSeries->GetXData() || !FParentSeries->GetYData()) RaiseNotEnoughData();
+    return *FParentSeries;
+}
+
+TKxFitPoints TKxCalculatedSeries::GetFitPoints() const {
+    const auto& source = GetDataSource();
+    return TKxFitPoints::Of(*source.GetXData(), *source.GetYData(), GetWeight())
+        .Within(FCalculationStart, FCalculationStop);
+}
+
 TKxCustomRealVector* TKxCalculatedSeries::GetWeight() const {
     if (!FParentWeight) return TKxSeries::GetWeight();
     return FParentSeries ? FParentSeries->GetWeight() : nullptr;

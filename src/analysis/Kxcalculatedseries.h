@@ -2,6 +2,7 @@
 // The base of all analysis series: curves that are computed from the data of another series, follow it, and
 // write what they found into INI stores, where labels show it.
 
+#include <kxgraph/analysis/Kxfitpoints.h>
 #include <kxgraph/series/Kxdataseries.h>
 
 #include <memory>
@@ -116,6 +117,10 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    /// The parent, which has an X and a Y vector. Raises EMathError "Not enough data!" where it has not.
+    TKxNotCalculatedSeries& GetDataSource() const;
+    /// The parent's points and the weights, within the limits of the calculation. Raises as GetDataSource.
+    TKxFitPoints GetFitPoints() const;
     /// The calculation itself: results from the parent's data, then the curve. Raises EMathError.
     virtual void CalculateFunction();
 

@@ -53,7 +53,7 @@ public:
     using Base::Base;
     /// Raises EMathError "Not enough data!" as long as no calculation has succeeded.
     double GetY(double X) const override {
-        if (!FIntegral) throw EMathError("Not enough data!");
+        if (!FIntegral) RaiseNotEnoughData();
         return (*FIntegral)(X);
     }
     TKxRealPosArray GetMinima() const override { return this->Polynom().IntMinima; }

@@ -129,33 +129,23 @@ std::optional<bool> TKxFittedLine::TestConvergence() {
 }
 
 void TKxFittedLine::CollectPoints() {
-    for (auto* column : {&FX, &FY, &FWeights, &FDeviations}) column->clear();
-    const auto* parent = GetParentSeries();
-    if (!parent->GetXData() || !parent->GetYData()) throw EMathError("Not enough data!");
-    const auto x = parent->GetXData()->Values(), y = parent->GetYData()->Values();
-    const auto* weight = GetWeight();
-    std::size_t count = std::min(x.size(), y.size());
-    if (weight) count = std::min(count, weight->Values().size());
-    for (std::size_t i = 0; i < count; ++i) {
-        const double w = weight ? weight->Values()[i] : 1;
-        if (!(GetCalculationStart() <= x[i] && x[i] <= GetCalculationStop())) continue;
-        if (!std::isfinite(x[i]) || !std::isfinite(y[i]) || !std::isfinite(w)) continue;
-        FX.push_back(x[i]);
-        FY.push_back(y[i]);
-        if (weight) FWeights.push_back(std::abs(w));
-    }
-    if (FX.empty() || int(FX.size()) < GetOrder()) throw EMathError("Not enough data!");
-    if (weight && std::ranges::all_of(FWeights, [](double W) { return W == 0; }))
+    FDeviations.clear();
+    const TKxFitPoints points = GetFitPoints();
+    FTaken = TKxFitCopies(points);
+    for (double& weight : FTaken.W) weight = std::abs(weight);
+    if (FTaken.X.empty() || int(FTaken.X.size()) < GetOrder()) RaiseNotEnoughData();
+    if (points.W && std::ranges::all_of(FTaken.W, [](double W) { return W == 0; }))
         throw EMathError("Reciprocal indefinite!");
 }
 
 void TKxFittedLine::FindDeviations() {
     TKxRealVector x(nullptr), y(nullptr);
-    x.AddValues(FX);
-    y.AddValues(FY);
+    x.AddValues(FTaken.X);
+    y.AddValues(FTaken.Y);
     TKxAkima interpolant;
     interpolant.RecalculateCoeffs(-CMaxReal, CMaxReal, &x, &y, nullptr);
-    for (std::size_t i = 0; i < FX.size(); ++i) FDeviations.push_back(FY[i] - interpolant.Interpolate(FX[i]));
+    for (std::size_t i = 0; i < FTaken.X.size(); ++i)
+        FDeviations.push_back(FTaken.Y[i] - interpolant.Interpolate(FTaken.X[i]));
     if (std::ranges::all_of(FDeviations, [](double D) { return D == 0; }))
         throw EMathError("Fitted Line: covariance needs points of equal x");
 }
@@ -170,10 +160,10 @@ template <class F>
 double TKxFittedLine::SumOverPoints(const TKxRealArray& Coefficients, F Term) const {
     double model[CBlock];
     double sum = 0;
-    for (std::size_t start = 0; start < FX.size(); start += CBlock) {
-        const std::size_t count = std::min(CBlock, FX.size() - start);
-        EvaluateModel({&FX[start], count}, Coefficients, {model, count});
-        const auto term = [&](std::size_t i) { return Term(start + i, FY[start + i] - model[i]); };
+    for (std::size_t start = 0; start < FTaken.X.size(); start += CBlock) {
+        const std::size_t count = std::min(CBlock, FTaken.X.size() - start);
+        EvaluateModel({&FTaken.X[start], count}, Coefficients, {model, count});
+        const auto term = [&](std::size_t i) { return Term(start + i, FTaken.Y[start + i] - model[i]); };
         double parts[4] = {}; // four chains of additions, for one would wait for itself
         std::size_t i = 0;
         for (; i + 4 <= count; i += 4)
@@ -185,31 +175,32 @@ double TKxFittedLine::SumOverPoints(const TKxRealArray& Coefficients, F Term) co
 }
 
 double TKxFittedLine::Goodness(const TKxRealArray& Coefficients) const {
-    const bool weighted = !FWeights.empty();
+    const bool weighted = !FTaken.W.empty();
     if (FDoCovariance)
         return SumOverPoints(Coefficients, [&](std::size_t i, double r) {
-            return (weighted ? FWeights[i] : 1) * std::abs(FDeviations[i] * r);
+            return (weighted ? FTaken.W[i] : 1) * std::abs(FDeviations[i] * r);
         });
     if (weighted)
-        return SumOverPoints(Coefficients, [&](std::size_t i, double r) { return FWeights[i] * r * r; });
+        return SumOverPoints(Coefficients, [&](std::size_t i, double r) { return FTaken.W[i] * r * r; });
     return SumOverPoints(Coefficients, [](std::size_t, double r) { return r * r; });
 }
 
 /// The weighted sum of squares of y about their mean; 0 when they are all equal.
 double TKxFittedLine::SumOfDeviations() const {
     double weights = 0, origin = 0, mean = 0, sum = 0;
-    for (std::size_t i = 0; i < FY.size(); ++i) {
-        if (weights == 0) origin = FY[i]; // a y that counts, so that equal ones have a mean without rounding
+    for (std::size_t i = 0; i < FTaken.Y.size(); ++i) {
+        if (weights == 0)
+            origin = FTaken.Y[i]; // a y that counts, so that equal ones have a mean without rounding
         weights += WeightOf(i);
     }
-    for (std::size_t i = 0; i < FY.size(); ++i) mean += WeightOf(i) / weights * (FY[i] - origin);
-    for (std::size_t i = 0; i < FY.size(); ++i)
-        sum += WeightOf(i) * (FY[i] - origin - mean) * (FY[i] - origin - mean);
+    for (std::size_t i = 0; i < FTaken.Y.size(); ++i) mean += WeightOf(i) / weights * (FTaken.Y[i] - origin);
+    for (std::size_t i = 0; i < FTaken.Y.size(); ++i)
+        sum += WeightOf(i) * (FTaken.Y[i] - origin - mean) * (FTaken.Y[i] - origin - mean);
     return sum;
 }
 
 int TKxFittedLine::Freedom() const {
-    return int(FX.size()) - int(std::ranges::count(FWeights, 0.0)) - GetOrder();
+    return int(FTaken.X.size()) - int(std::ranges::count(FTaken.W, 0.0)) - GetOrder();
 }
 
 void TKxFittedLine::FindStatistics() {
@@ -219,10 +210,10 @@ void TKxFittedLine::FindStatistics() {
     TKxRealArray trial(GetOrder());
     const auto model = [&](std::span<const double> Coefficients, std::span<double> Values) {
         std::copy(Coefficients.begin(), Coefficients.end(), trial.begin());
-        EvaluateModel(FX, trial, Values);
+        EvaluateModel(FTaken.X, trial, Values);
     };
-    FDeltas = StandardErrors({FCoefficients.begin(), FCoefficients.end()}, model, int(FX.size()), FWeights,
-                             FSumOfSquares);
+    FDeltas = StandardErrors({FCoefficients.begin(), FCoefficients.end()}, model, int(FTaken.X.size()),
+                             FTaken.W, FSumOfSquares);
 }
 
 } // namespace kx

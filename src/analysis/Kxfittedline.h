@@ -132,7 +132,7 @@ private:
     template <class F>
     double SumOverPoints(const TKxRealArray& Coefficients, F Term) const;
     double Goodness(const TKxRealArray& Coefficients) const;
-    double WeightOf(std::size_t Point) const { return FWeights.empty() ? 1 : FWeights[Point]; }
+    double WeightOf(std::size_t Point) const { return FTaken.W.empty() ? 1 : FTaken.W[Point]; }
     double SumOfDeviations() const;
     int Freedom() const;
     void FindStatistics();
@@ -149,8 +149,8 @@ private:
     std::vector<AnsiString> FNames;
     TKxRealArray FCoefficients, FDeltas;
     double FChiSquare = 0, FSumOfSquares = 0, FDetermination = NAN;
-    std::vector<double> FX, FY, FWeights,
-        FDeviations; ///< the points that take part; the last two may be empty
+    TKxFitCopies FTaken;             // by the fit; weights without sign
+    std::vector<double> FDeviations; // of these points, where they weigh
     volatile bool FStopped = false;
 };
 

@@ -26,7 +26,7 @@ void TKxFittedLine::WriteResults(TKxIniList& List, const AnsiString& Section) co
         List.WriteString(Section, Numbered("CoeffName", i), ColumnToCharHeader(i + 1));
         List.WriteReal(Section, Numbered("Coeff", i), FCoefficients[i]);
     }
-    List.WriteInteger(Section, "Points", int(FX.size()));
+    List.WriteInteger(Section, "Points", int(FTaken.X.size()));
     if (Freedom() > 0) List.WriteReal(Section, "ResidualVariance", FSumOfSquares / Freedom());
     if (FConverged) List.WriteBool(Section, "Converged", *FConverged);
     for (int i = 0; i < FDeltas.Length(); ++i)

@@ -1,5 +1,7 @@
 #include <kxgraph/analysis/Kxinterpol.h>
 
+#include <kxgraph/analysis/Kxfitpoints.h>
+
 #include <cmath>
 #include <functional>
 
@@ -20,7 +22,7 @@ void TKxIntPolynom::RecalculateCoeffs(double, double, TKxCustomRealVector*, TKxC
 
 int TKxIntPolynom::Search(double x) {
     const int last = LastPiece();
-    if (last < 0) throw EMathError("Not enough data!");
+    if (last < 0) RaiseNotEnoughData();
     constexpr int CNear = 16; // so many pieces are passed faster than halved
     const double* const knots = X.Data();
     int i = std::clamp(Index, 0, last);

@@ -19,11 +19,10 @@ TKxInterpolatedFunction::TKxInterpolatedFunction(TComponent* Owner, std::unique_
     : TKxCalculatedSeries(Owner), FPolynom(std::move(Polynom)) {}
 
 void TKxInterpolatedFunction::CalculateFunction() {
-    auto* parent = GetParentSeries();
-    if (!parent->GetXData() || !parent->GetYData()) throw EMathError("Not enough data!");
+    const auto& source = GetDataSource();
     PreparePolynom();
-    FPolynom->RecalculateCoeffs(GetCalculationStart(), GetCalculationStop(), parent->GetXData(),
-                                parent->GetYData(), GetWeight());
+    FPolynom->RecalculateCoeffs(GetCalculationStart(), GetCalculationStop(), source.GetXData(),
+                                source.GetYData(), GetWeight());
     FindExtremaOfCurve();
     GetContinousLine();
 }

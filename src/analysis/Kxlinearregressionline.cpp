@@ -12,25 +12,13 @@ namespace kx {
 namespace {
 
 constexpr double CNone = std::numeric_limits<double>::quiet_NaN(); ///< no value
+constexpr double CInfinity = std::numeric_limits<double>::infinity();
 
 bool IsLogarithmic(const TKxAxis* Axis) { return Axis && Axis->GetScaling() != AxNormal; }
 
-/// The columns that a fit reads: the parent's own, or copies where something has to be changed in them.
-struct TColumns {
-    std::span<const double> X, Y, W;
-};
-
 /// Leaves out, as a whole, points with a value that is not finite.
-void RemoveGaps(const TColumns& From, bool Weighted, std::vector<double> (&To)[3]) {
-    const auto all = Weighted ? std::min(From.W.size(), From.X.size()) : From.X.size();
-    const auto count = std::min(all, From.Y.size());
-    for (std::size_t i = 0; i < count; ++i) {
-        if (!std::isfinite(From.X[i]) || !std::isfinite(From.Y[i])) continue;
-        if (Weighted && !std::isfinite(From.W[i])) continue;
-        To[0].push_back(From.X[i]);
-        To[1].push_back(From.Y[i]);
-        if (Weighted) To[2].push_back(From.W[i]);
-    }
+TKxFitCopies WithoutGaps(const TKxFitPoints& From) {
+    return TKxFitCopies(From.Within(-CInfinity, CInfinity));
 }
 
 /// Kept: a value that has no logarithm is left out alone, without its partner, so that later pairs shift;
@@ -53,35 +41,30 @@ void TKxLinearRegressionLine::SetFixedOffset(double Offset) {
     ChangeSetting(FFit.Offset, Offset);
 }
 
-void TKxLinearRegressionLine::CalculateFunction() {
-    const auto* parent = GetParentSeries();
-    if (!parent->GetXData() || !parent->GetYData()) throw EMathError("Not enough data!");
-    const auto* weight = GetWeight();
-    TColumns columns{parent->GetXData()->Values(), parent->GetYData()->Values(), {}};
-    if (weight) columns.W = weight->Values();
-    double start = GetCalculationStart(), stop = GetCalculationStop();
-    std::vector<double> copies[3];
-    if (IsLogX() || IsLogY()) {
-        RemoveGaps(columns, weight != nullptr, copies);
-        if (IsLogY()) TakeLogarithms(copies[1]);
-        if (IsLogX()) {
-            TakeLogarithms(copies[0]);
-            start = LogOf(start);
-            stop = LogOf(stop);
-        }
-        columns = {copies[0], copies[1], copies[2]};
+/// Points, as they are drawn on the axes that are logarithmic.
+TKxFitPoints TKxLinearRegressionLine::InDecades(TKxFitPoints Points, TKxFitCopies& Copies) const {
+    if (!IsLogX() && !IsLogY()) return Points;
+    Copies = WithoutGaps(Points);
+    if (IsLogY()) TakeLogarithms(Copies.Y);
+    if (IsLogX()) {
+        TakeLogarithms(Copies.X);
+        Points = Points.Within(LogOf(Points.Start), LogOf(Points.Stop));
     }
+    const TKxFitPoints copied =
+        Points.W ? TKxFitPoints::Of(Copies.X, Copies.Y, Copies.W) : TKxFitPoints::Of(Copies.X, Copies.Y);
+    return copied.Within(Points.Start, Points.Stop);
+}
+
+void TKxLinearRegressionLine::CalculateFunction() {
+    TKxFitCopies copies;
+    const TKxFitPoints points = InDecades(GetFitPoints(), copies);
     const double offset = FFit.Offset;
     const TKxLinRegRules rules{FWeightMeaning, !FMarkers};
     try {
-        if (FDoFixedOffset && weight)
-            OfsRegWithWeight(start, stop, columns.X, columns.Y, columns.W, FFit, rules);
-        else if (FDoFixedOffset)
-            OfsReg(start, stop, columns.X, columns.Y, FFit, rules);
-        else if (weight)
-            LinRegWithWeight(start, stop, columns.X, columns.Y, columns.W, FFit, rules);
+        if (FDoFixedOffset)
+            OfsReg(points, FFit, rules);
         else
-            LinReg(start, stop, columns.X, columns.Y, FFit, rules);
+            LinReg(points, FFit, rules);
     } catch (...) {
         FFit = {};
         if (FDoFixedOffset) FFit.Offset = offset;

@@ -70,6 +70,7 @@ private:
     void PlaceEnds();
     bool IsLogX() const;
     bool IsLogY() const;
+    TKxFitPoints InDecades(TKxFitPoints Points, TKxFitCopies& Copies) const;
 
     bool FDoFixedOffset = false, FMarkers = true;
     TKxWeightMeaning FWeightMeaning = wmCounts;

@@ -137,7 +137,7 @@ struct TFit {
             count += block.Count;
             withWeight += block.WithWeight;
         }
-        if (count < LeastCount || withWeight == 0) throw EMathError("Not enough data!");
+        if (count < LeastCount || withWeight == 0) RaiseNotEnoughData();
         Results.Points = static_cast<int>(count);
         W = SumOver(Blocks, [](const TBlock& B) { return B.Centre.W; });
         Counted = Rules.Weights == wmCounts ? W : withWeight;
@@ -216,13 +216,6 @@ void FitThroughOffset(TFit&& Fit) {
         results.DeltaSlope = 0;
 }
 
-TPoints PointsOf(std::span<const double> X, std::span<const double> Y) {
-    return {X.data(), Y.data(), nullptr, std::min(X.size(), Y.size())};
-}
-TPoints PointsOf(std::span<const double> X, std::span<const double> Y, std::span<const double> W) {
-    return {X.data(), Y.data(), W.data(), std::min({X.size(), Y.size(), W.size()})};
-}
-
 void ClearForFree(TKxLinearRegessionResults& Results) {
     Results = {};
     Results.DeltaSlope = Results.DeltaOffset = CMaxReal;
@@ -236,30 +229,14 @@ void ClearForOffset(TKxLinearRegessionResults& Results) {
 
 } // namespace
 
-void LinReg(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-            TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules) {
+void LinReg(const TKxFitPoints& Points, TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules) {
     ClearForFree(Results);
-    FitFree({BlocksOf(PointsOf(X, Y), Start, Stop), Results, Rules});
+    FitFree({BlocksOf(Points), Results, Rules});
 }
 
-void LinRegWithWeight(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-                      std::span<const double> W, TKxLinearRegessionResults& Results,
-                      const TKxLinRegRules& Rules) {
-    ClearForFree(Results);
-    FitFree({BlocksOf(PointsOf(X, Y, W), Start, Stop), Results, Rules});
-}
-
-void OfsReg(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-            TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules) {
+void OfsReg(const TKxFitPoints& Points, TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules) {
     ClearForOffset(Results);
-    FitThroughOffset({BlocksOf(PointsOf(X, Y), Start, Stop), Results, Rules});
-}
-
-void OfsRegWithWeight(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-                      std::span<const double> W, TKxLinearRegessionResults& Results,
-                      const TKxLinRegRules& Rules) {
-    ClearForOffset(Results);
-    FitThroughOffset({BlocksOf(PointsOf(X, Y, W), Start, Stop), Results, Rules});
+    FitThroughOffset({BlocksOf(Points), Results, Rules});
 }
 
 } // namespace kx

@@ -11,6 +11,7 @@
 // put together for the whole by the shift rules of moments (Chan, Golub, LeVeque, The American Statistician
 // 37 (1983) 242, taken on to residuals), with compensated sums. The slope is corrected once by the residuals.
 
+#include <kxgraph/analysis/Kxfitpoints.h>
 #include <kxgraph/analysis/Kxweightmeaning.h>
 #include <kxgraph/numeric/Kxvector.h>
 
@@ -57,35 +58,28 @@ struct TKxLinRegRules {
 // value and becomes 1. Variances stay 0 for N = 1, for a sum of weights <= 1 that are counts, and where there
 // is no line because all x are equal.
 
-void LinReg(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-            TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules = {});
-void LinRegWithWeight(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-                      std::span<const double> W, TKxLinearRegessionResults& Results,
-                      const TKxLinRegRules& Rules = {});
+/// Weighted where the points have weights.
+void LinReg(const TKxFitPoints& Points, TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules = {});
 /// A line through (0, Results.Offset).
-void OfsReg(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-            TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules = {});
-void OfsRegWithWeight(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
-                      std::span<const double> W, TKxLinearRegessionResults& Results,
-                      const TKxLinRegRules& Rules = {});
+void OfsReg(const TKxFitPoints& Points, TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules = {});
 
-inline void LinReg(double Start, double Stop, const TKxCustomRealVector& X, const TKxCustomRealVector& Y,
+inline void LinReg(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
                    TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules = {}) {
-    LinReg(Start, Stop, X.Values(), Y.Values(), Results, Rules);
+    LinReg(TKxFitPoints::Of(X, Y).Within(Start, Stop), Results, Rules);
 }
-inline void LinRegWithWeight(double Start, double Stop, const TKxCustomRealVector& X,
-                             const TKxCustomRealVector& Y, const TKxCustomRealVector& W,
-                             TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules = {}) {
-    LinRegWithWeight(Start, Stop, X.Values(), Y.Values(), W.Values(), Results, Rules);
+inline void LinRegWithWeight(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
+                             std::span<const double> W, TKxLinearRegessionResults& Results,
+                             const TKxLinRegRules& Rules = {}) {
+    LinReg(TKxFitPoints::Of(X, Y, W).Within(Start, Stop), Results, Rules);
 }
-inline void OfsReg(double Start, double Stop, const TKxCustomRealVector& X, const TKxCustomRealVector& Y,
+inline void OfsReg(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
                    TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules = {}) {
-    OfsReg(Start, Stop, X.Values(), Y.Values(), Results, Rules);
+    OfsReg(TKxFitPoints::Of(X, Y).Within(Start, Stop), Results, Rules);
 }
-inline void OfsRegWithWeight(double Start, double Stop, const TKxCustomRealVector& X,
-                             const TKxCustomRealVector& Y, const TKxCustomRealVector& W,
-                             TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules = {}) {
-    OfsRegWithWeight(Start, Stop, X.Values(), Y.Values(), W.Values(), Results, Rules);
+inline void OfsRegWithWeight(double Start, double Stop, std::span<const double> X, std::span<const double> Y,
+                             std::span<const double> W, TKxLinearRegessionResults& Results,
+                             const TKxLinRegRules& Rules = {}) {
+    OfsReg(TKxFitPoints::Of(X, Y, W).Within(Start, Stop), Results, Rules);
 }
 
 } // namespace kx

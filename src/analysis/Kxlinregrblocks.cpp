@@ -76,7 +76,7 @@ V ValueAt(const double* P) {
 }
 
 template <bool Weighted, class V>
-auto ValuesAt(const TPoints& P, std::size_t Index) {
+auto ValuesAt(const TKxFitPoints& P, std::size_t Index) {
     const V x = ValueAt<V>(P.X + Index), y = ValueAt<V>(P.Y + Index);
     if constexpr (Weighted)
         return TValues<V, V>{x, y, ValueAt<V>(P.W + Index)};
@@ -86,7 +86,7 @@ auto ValuesAt(const TPoints& P, std::size_t Index) {
 
 /// N sums at once over all points; AddTo adds the terms of one point, or of a pair of them, to an array.
 template <bool Weighted, std::size_t N, class F>
-std::array<double, N> Sums(const TPoints& P, F AddTo) {
+std::array<double, N> Sums(const TKxFitPoints& P, F AddTo) {
     std::array<TPair, N> even{}, odd{}; // two chains of additions, for one would wait for itself
     std::size_t i = 0;
     for (; i + 4 <= P.Count; i += 4) {
@@ -103,7 +103,7 @@ std::array<double, N> Sums(const TPoints& P, F AddTo) {
 }
 
 /// Lowest and highest x, NaNs left out.
-std::pair<double, double> ExtentX(const TPoints& P) {
+std::pair<double, double> ExtentX(const TKxFitPoints& P) {
     TPair low = CInf, high = -CInf;
     for (std::size_t i = 0; i < P.Count; ++i) {
         // The last one of an odd count is paired with itself.
@@ -115,7 +115,7 @@ std::pair<double, double> ExtentX(const TPoints& P) {
 }
 
 template <bool Weighted>
-TCentre CentreOf(const TPoints& P) {
+TCentre CentreOf(const TKxFitPoints& P) {
     std::size_t first = 0; // not one without weight: its values may be as senseless as they like
     if constexpr (Weighted)
         while (first < P.Count && P.W[first] == 0) ++first;
@@ -132,7 +132,7 @@ TCentre CentreOf(const TPoints& P) {
 }
 
 template <bool Weighted>
-TBlock BlockOf(const TPoints& P, const TCentre& Centre) {
+TBlock BlockOf(const TKxFitPoints& P, const TCentre& Centre) {
     const double cx = Centre.X, cy = Centre.Y;
     const auto [px, py, qxx, qxy, qyy] = Sums<Weighted, 5>(P, [=](auto& Sum, const auto& At) {
         const auto dx = At.X - cx, dy = At.Y - cy;
@@ -163,30 +163,29 @@ struct TRoom {
 };
 
 template <bool Weighted>
-TPoints TakingPart(const TPoints& P, double Start, double Stop, TRoom& Room) {
+TKxFitPoints TakingPart(const TKxFitPoints& P, TRoom& Room) {
     std::size_t count = 0;
     for (std::size_t i = 0; i < P.Count; ++i) {
         const double x = P.X[i], y = P.Y[i], w = Weighted ? P.W[i] : 1;
         Room.X[count] = x;
         Room.Y[count] = y;
         Room.W[count] = w;
-        const bool isFinite = (x - x) + (y - y) + (w - w) == 0;
-        count += (Start <= x) & (x <= Stop) & isFinite;
+        count += TakesPart(x, y, w, P.Start, P.Stop);
     }
     return {Room.X, Room.Y, Room.W, count};
 }
 
 template <bool Weighted>
-std::vector<TBlock> Blocks(const TPoints& P, double Start, double Stop) {
+std::vector<TBlock> Blocks(const TKxFitPoints& P) {
     std::vector<TBlock> blocks;
     TRoom room;
     for (std::size_t i = 0; i < P.Count; i += CBlock) {
-        TPoints points{P.X + i, P.Y + i, Weighted ? P.W + i : nullptr, std::min(CBlock, P.Count - i)};
+        TKxFitPoints points = P.Part(i, CBlock);
         const auto [low, high] = ExtentX(points);
-        if (!(low <= Stop && Start <= high)) continue;
+        if (!(low <= P.Stop && P.Start <= high)) continue;
         TCentre centre = CentreOf<Weighted>(points);
-        if (!(Start <= low && high <= Stop && centre.IsFinite())) {
-            points = TakingPart<Weighted>(points, Start, Stop, room);
+        if (!(P.Start <= low && high <= P.Stop && centre.IsFinite())) {
+            points = TakingPart<Weighted>(points, room);
             if (points.Count == 0) continue;
             centre = CentreOf<Weighted>(points);
         }
@@ -197,8 +196,6 @@ std::vector<TBlock> Blocks(const TPoints& P, double Start, double Stop) {
 
 } // namespace
 
-std::vector<TBlock> BlocksOf(const TPoints& P, double Start, double Stop) {
-    return P.W ? Blocks<true>(P, Start, Stop) : Blocks<false>(P, Start, Stop);
-}
+std::vector<TBlock> BlocksOf(const TKxFitPoints& P) { return P.W ? Blocks<true>(P) : Blocks<false>(P); }
 
 } // namespace kx::linregr

@@ -2,17 +2,13 @@
 // One trip through the data of a straight-line fit: what is kept of each stretch of points, so that means,
 // moments and residuals about any line follow without another look at them. Used by Kxlinregr alone.
 
+#include <kxgraph/analysis/Kxfitpoints.h>
+
 #include <cmath>
 #include <cstddef>
 #include <vector>
 
 namespace kx::linregr {
-
-/// Columns of Count values.
-struct TPoints {
-    const double *X, *Y, *W; ///< no W without weights
-    std::size_t Count;
-};
 
 /// A place near the points of a block: their mean, but for rounding; with a sum of weights that is not
 /// positive one of the points. Not finite if any value of the points is not.
@@ -33,7 +29,7 @@ struct TBlock {
     double Rr, Rx; ///< sums of r squared, of r dx
 };
 
-/// Of the points with Start <= x <= Stop whose values are all finite; with weights where P has them.
-std::vector<TBlock> BlocksOf(const TPoints& P, double Start, double Stop);
+/// Of the points that take part.
+std::vector<TBlock> BlocksOf(const TKxFitPoints& P);
 
 } // namespace kx::linregr

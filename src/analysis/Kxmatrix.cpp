@@ -1,5 +1,6 @@
 #include <kxgraph/analysis/Kxmatrix.h>
 
+#include <kxgraph/analysis/Kxfitpoints.h>
 #include <kxgraph/platform/base/matherror.h>
 
 #include <algorithm>
@@ -14,7 +15,7 @@ constexpr double CLeastPivot = 2.2274572859415876e-307; // just above the smalle
 
 void CheckBand(int N, int Lower, int Upper, const TKxRealMatrix& A, const TKxRealArray& B) {
     const std::int64_t others = std::int64_t(Lower) + Upper;
-    if (N < 3 || others > N) throw EMathError("Not enough data!");
+    if (N < 3 || others > N) RaiseNotEnoughData();
     if (Lower < 0 || Upper < 0) throw EMathError("Matrix: Diagonal-Dimensions must be positive!");
     if (A.Length() < N || B.Length() < N) throw ERangeError("Matrix: Too few rows");
     for (int i = 0; i < N; ++i)

@@ -44,13 +44,7 @@ void TKxPolynomLine::CalculateFunction() {
     const auto* parent = GetParentSeries();
     if (IsIn(csDesigning) && parent->GetPointsCount() < FFit.Order + 1) return;
     StoreOrder(FFit.Order);
-    if (!parent->GetXData() || !parent->GetYData()) throw EMathError("Not enough data!");
-    if (const auto* weight = GetWeight())
-        PolynomRegressionWithWeight(*parent->GetXData(), *parent->GetYData(), *weight, GetCalculationStart(),
-                                    GetCalculationStop(), FFit, FWeightMeaning);
-    else
-        PolynomRegression(*parent->GetXData(), *parent->GetYData(), GetCalculationStart(),
-                          GetCalculationStop(), FFit);
+    PolynomRegression(GetFitPoints(), FFit, FWeightMeaning);
     GetContinousLine();
 }
 

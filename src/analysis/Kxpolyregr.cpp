@@ -90,8 +90,7 @@ private:
 };
 
 void TFit::CheckPoints() const {
-    if (FOrder < 0 || FExtent.WithWeight < Size() || !(FExtent.WeightSum > 0))
-        throw EMathError("Not enough data!");
+    if (FOrder < 0 || FExtent.WithWeight < Size() || !(FExtent.WeightSum > 0)) RaiseNotEnoughData();
     if (FOrder > CHighestOrder || !HasDistinctX(FPoints, Size())) RaiseNotPositiveDefinite();
 }
 
@@ -256,17 +255,9 @@ double EvaluateFit(const TKxPolynomRegessionResults& Results, double X) {
     return y;
 }
 
-void PolynomRegression(std::span<const double> X, std::span<const double> Y, double Start, double Stop,
-                       TKxPolynomRegessionResults& Results) {
-    const std::size_t count = std::min(X.size(), Y.size());
-    Results = TFit({X.data(), Y.data(), nullptr, count, Start, Stop}, Results.Order, wmCounts).Results();
-}
-
-void PolynomRegressionWithWeight(std::span<const double> X, std::span<const double> Y,
-                                 std::span<const double> W, double Start, double Stop,
-                                 TKxPolynomRegessionResults& Results, TKxWeightMeaning Meaning) {
-    const std::size_t count = std::min({X.size(), Y.size(), W.size()});
-    Results = TFit({X.data(), Y.data(), W.data(), count, Start, Stop}, Results.Order, Meaning).Results();
+void PolynomRegression(const TKxFitPoints& Points, TKxPolynomRegessionResults& Results,
+                       TKxWeightMeaning Meaning) {
+    Results = TFit(Points, Results.Order, Points.W ? Meaning : wmCounts).Results();
 }
 
 } // namespace kx

@@ -10,6 +10,7 @@
 // coefficients in x follow from there and are rounded last. What is still too near to singular for that
 // raises rather than giving a polynomial through rounding noise.
 
+#include <kxgraph/analysis/Kxfitpoints.h>
 #include <kxgraph/analysis/Kxweightmeaning.h>
 #include <kxgraph/numeric/Kxvector.h>
 
@@ -53,24 +54,21 @@ double EvaluateFit(const TKxPolynomRegessionResults& Results, double X);
 ///   distinct x, and for points that pairs of doubles cannot tell from such (so for every Order above 64);
 ///   with negative weights that, or the same with "[0,0]";
 /// - EOverflow when a result is beyond the range of a double.
-void PolynomRegression(std::span<const double> X, std::span<const double> Y, double Start, double Stop,
-                       TKxPolynomRegessionResults& Results);
 /// Standard errors never depend on the unit of the weights. Variances are Sxx / (Sw - 1) with weights that
 /// are counts, Sw being their sum; with precisions N / (N - 1) Sxx / Sw, and points of weight 0 do not count
-/// in N.
-void PolynomRegressionWithWeight(std::span<const double> X, std::span<const double> Y,
-                                 std::span<const double> W, double Start, double Stop,
-                                 TKxPolynomRegessionResults& Results, TKxWeightMeaning Meaning = wmCounts);
+/// in N. Without weights both are the same.
+void PolynomRegression(const TKxFitPoints& Points, TKxPolynomRegessionResults& Results,
+                       TKxWeightMeaning Meaning = wmCounts);
 
-inline void PolynomRegression(const TKxCustomRealVector& X, const TKxCustomRealVector& Y, double Start,
-                              double Stop, TKxPolynomRegessionResults& Results) {
-    PolynomRegression(X.Values(), Y.Values(), Start, Stop, Results);
+inline void PolynomRegression(std::span<const double> X, std::span<const double> Y, double Start, double Stop,
+                              TKxPolynomRegessionResults& Results) {
+    PolynomRegression(TKxFitPoints::Of(X, Y).Within(Start, Stop), Results);
 }
-inline void PolynomRegressionWithWeight(const TKxCustomRealVector& X, const TKxCustomRealVector& Y,
-                                        const TKxCustomRealVector& W, double Start, double Stop,
+inline void PolynomRegressionWithWeight(std::span<const double> X, std::span<const double> Y,
+                                        std::span<const double> W, double Start, double Stop,
                                         TKxPolynomRegessionResults& Results,
                                         TKxWeightMeaning Meaning = wmCounts) {
-    PolynomRegressionWithWeight(X.Values(), Y.Values(), W.Values(), Start, Stop, Results, Meaning);
+    PolynomRegression(TKxFitPoints::Of(X, Y, W).Within(Start, Stop), Results, Meaning);
 }
 
 } // namespace kx

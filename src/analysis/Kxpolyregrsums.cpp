@@ -31,16 +31,13 @@ struct TGathered {
 
     void Gather(const TKxFitPoints& Points, std::size_t First) {
         const std::size_t stop = std::min(First + CBlock, Points.Count);
-        const double low = Points.Start < -CLargest ? -CLargest : Points.Start;
-        const double high = Points.Stop > CLargest ? CLargest : Points.Stop;
         std::size_t n = 0;
         std::size_t all = 0;
         for (std::size_t i = First; i < stop; ++i) {
             X[n] = Points.X[i];
             Y[n] = Points.Y[i];
-            W[n] = Points.W ? Points.W[i] : 1;
-            const bool takesPart =
-                X[n] >= low && X[n] <= high && std::abs(Y[n]) <= CLargest && std::abs(W[n]) <= CLargest;
+            W[n] = Points.WeightAt(i);
+            const bool takesPart = TakesPart(X[n], Y[n], W[n], Points.Start, Points.Stop);
             const bool counts = takesPart && W[n] != 0;
             all += takesPart;
             n += counts;

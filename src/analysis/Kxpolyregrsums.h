@@ -3,6 +3,7 @@
 // points block by block: those that take part are gathered into a small buffer, so no copy of the data is
 // made.
 
+#include <kxgraph/analysis/Kxfitpoints.h>
 #include <kxgraph/numeric/Kxdoubled.h>
 
 #include <cstddef>
@@ -10,16 +11,6 @@
 #include <vector>
 
 namespace kx {
-
-/// The points given, and which of them take part: Start <= x <= Stop and x, y and weight finite.
-struct TKxFitPoints {
-    const double* X;
-    const double* Y;
-    const double* W; ///< null: all weights are 1
-    std::size_t Count;
-    double Start;
-    double Stop;
-};
 
 /// What the points that take part span.
 struct TKxFitExtent {

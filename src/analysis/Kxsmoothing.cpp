@@ -1,5 +1,6 @@
 #include <kxgraph/analysis/Kxsmoothing.h>
 
+#include <kxgraph/analysis/Kxfitpoints.h>
 #include <kxgraph/numeric/Kxdoubled.h>
 #include <kxgraph/platform/base/matherror.h>
 
@@ -202,7 +203,7 @@ TValues LogarithmsOf(std::span<const double> X) {
 
 /// For finite values.
 TValues SmoothFinite(double M, std::span<const double> X, std::span<const double> Y, bool Log) {
-    if (X.size() < 3) throw EMathError("Not enough data!");
+    if (X.size() < 3) RaiseNotEnoughData();
     const TValues logs = Log ? LogarithmsOf(X) : TValues();
     if (Log) X = logs;
     return std::is_sorted(X.begin(), X.end()) ? SmoothAscending(M, X, Y) : SmoothDirectly(M, X, Y);
@@ -210,7 +211,7 @@ TValues SmoothFinite(double M, std::span<const double> X, std::span<const double
 
 void Smooth(double M, const TKxRealArray& X, TKxRealArray& Y, bool Log) {
     const int n = std::min(X.Length(), Y.Length());
-    if (n < 3) throw EMathError("Not enough data!");
+    if (n < 3) RaiseNotEnoughData();
     if (!(M > 0)) return;
     M = std::min(M, std::numeric_limits<double>::max());
     const std::span<const double> allX(X.Data(), std::size_t(n));

@@ -80,6 +80,9 @@ public:
 
     /// The Count values, not copied. Valid until the vector changes.
     std::span<const double> Values() const { return {FValues.Data(), static_cast<std::size_t>(FCount)}; }
+    /// As a range: a vector may be given wherever a span of values is taken.
+    const double* begin() const { return Values().data(); }
+    const double* end() const { return begin() + FCount; }
 
     TKxValueIChangedList& Listeners() { return FListeners; }
 

@@ -78,20 +78,11 @@ void TKxArrowSeries::GetIntervals(const TKxChannel& Channel, int First,
     }
 }
 
-namespace {
-
-/// Where the mapping puts an end; the start of a logarithmic axis where it puts none.
-int EndPixel(const TKxAxisMap& Map, double Value) {
-    if (!std::isfinite(Value)) return CNoPixel;
-    return Map.RealToIntPosition(Map.IsLogarithmic() && Value <= 0 ? Map.Start : Value);
-}
-
-} // namespace
-
 void TKxArrowSeries::CalculateEnd(int Index) {
     const auto end = [Index](const TKxChannel& Channel, double Component) {
         const double value = Channel.GetValue(Index);
-        return Channel.HasPlace(value) ? EndPixel(Channel.GetAxis()->GetMap(), value + Component) : CNoPixel;
+        return Channel.HasPlace(value) ? Channel.GetAxis()->GetMap().EndPosition(value + Component)
+                                       : CNoPixel;
     };
     FEndXs.SetValue(Index, end(FX, GetDX(Index)));
     FEndYs.SetValue(Index, end(FY, GetDY(Index)));
@@ -123,7 +114,7 @@ void TKxArrowSeries::DrawLine(TCanvas& Canvas) {
     const auto xs = FEndXs.Values(), ys = FEndYs.Values();
     ForPlacedPoints(Canvas, [&](int Index) {
         const auto i = std::size_t(Index);
-        if (i >= xs.size() || i >= ys.size() || xs[i] == CNoPixel || ys[i] == CNoPixel) return;
+        if (i >= xs.size() || i >= ys.size() || !IsPlaced({xs[i], ys[i]})) return;
         DrawOne(Canvas, points[i], {xs[i], ys[i]}, FTipLength, FTipWidth);
     });
 }

@@ -1,7 +1,6 @@
 #include <kxgraph/series/Kxchannel.h>
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -34,10 +33,6 @@ TKxInterval TKxInterval::None() {
 void TKxChannel::ForgetAxis() {
     FAxis = nullptr;
     FRange.OnChanged = nullptr;
-}
-
-bool TKxChannel::HasPlace(double Value) const {
-    return std::isfinite(Value) && (Value > 0 || !IsLogarithmic());
 }
 
 void TKxChannel::EnterRange() {

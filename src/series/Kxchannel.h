@@ -62,9 +62,10 @@ public:
     void SetAxis(TKxAxis* Axis) { FAxis = Axis; }
     /// The axis is being destroyed.
     void ForgetAxis();
-    bool IsLogarithmic() const { return FAxis && FAxis->GetScaling() != AxNormal; }
-    /// Whether the axis has a place for Value.
-    bool HasPlace(double Value) const;
+    /// That of the axis; linear without one.
+    TKxAxScaling GetScaling() const { return FAxis ? FAxis->GetScaling() : AxNormal; }
+    bool IsLogarithmic() const { return GetScaling() != AxNormal; }
+    bool HasPlace(double Value) const { return kx::HasPlace(GetScaling(), Value); }
 
     /// Enters the range with the axis, where there are an axis and a vector, and moves the axis.
     void EnterRange();

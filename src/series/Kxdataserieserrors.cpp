@@ -2,6 +2,8 @@
 
 #include <kxgraph/series/Kxdataseries.h>
 
+#include <kxgraph/platform/drawing/shifting.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -55,8 +57,7 @@ TKxInterval TKxDataWithErrorSeries::IntervalOf(const TKxChannel& Channel, int In
     const bool alongX = &Channel == &FX;
     const double low = value - ErrorAt(alongX ? XMinus : YMinus, Index),
                  high = value + ErrorAt(alongX ? XPlus : YPlus, Index);
-    return {std::isfinite(low) && !(Channel.IsLogarithmic() && low <= 0) ? low : value,
-            std::isfinite(high) ? high : value};
+    return {Channel.HasPlace(low) ? low : value, std::isfinite(high) ? high : value};
 }
 
 void TKxDataWithErrorSeries::GetIntervals(const TKxChannel& Channel, int First,
@@ -94,14 +95,6 @@ void TKxDataWithErrorSeries::CalculateAllPoints() {
     if (!HasErrors()) return;
     for (int i = 0; i < FPointsCount; ++i) CalculateErrors(i);
 }
-
-namespace {
-
-int Shifted(int Position, int Length) {
-    return int(std::clamp<long long>((long long)(Position) + Length, -CMaxPixel, CMaxPixel));
-}
-
-} // namespace
 
 void TKxDataWithErrorSeries::DrawBars(TCanvas& Canvas, int Index) {
     const TPoint p = FPoints.Values()[std::size_t(Index)];

@@ -171,7 +171,13 @@ protected:
     /// behind the last value.
     void TakeValue(TKxChannel& Channel, int Index);
     /// Whether Value takes part in the extent of Channel.
-    bool TakesPart(double Value, const TKxChannel& Channel) const;
+    bool TakesPart(double Value, const TKxChannel& Channel) const {
+        return kx::HasPlace(ScalingOfGaps(Channel), Value);
+    }
+    /// What has no place under this scaling takes no part.
+    TKxAxScaling ScalingOfGaps(const TKxChannel& Channel) const {
+        return BreaksAtGaps() ? Channel.GetScaling() : AxNormal;
+    }
 
     /// Whether a point that has no place (not finite, or not positive on a logarithmic axis) interrupts the
     /// line and takes no part in the extents.
@@ -196,10 +202,7 @@ protected:
     const TKxLineStyle& LineStyle() const { return FLineStyle; }
     const TKxAreaStyle& AreaStyle() const { return FAreaStyle; }
 
-    bool HasPlace(int Index) const {
-        const TPoint p = FPoints.Values()[std::size_t(Index)];
-        return p.X != CNoPixel && p.Y != CNoPixel;
-    }
+    bool HasPlace(int Index) const { return IsPlaced(FPoints.Values()[std::size_t(Index)]); }
     void InvalidateWorld();
     void UpdateLegend();
     int OriginX() const { return FDrawingWorld ? FDrawingWorld->GetXOrigin() : 0; }

@@ -14,8 +14,6 @@ namespace {
 /// Longer lines are handed over in runs, each beginning at the last point of the one before.
 constexpr std::size_t CRunLength = 2000;
 
-bool IsPlaced(TPoint P) { return P.X != CNoPixel && P.Y != CNoPixel; }
-
 } // namespace
 
 void TKxSeries::Draw(TCanvas& Canvas) {

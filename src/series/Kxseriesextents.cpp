@@ -6,13 +6,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace kx {
-
-bool TKxSeries::TakesPart(double Value, const TKxChannel& Channel) const {
-    return BreaksAtGaps() ? Channel.HasPlace(Value) : std::isfinite(Value);
-}
 
 void TKxSeries::SetPointsCount() {
     FPointsCount = std::min(FX.GetCount(), FY.GetCount());
@@ -26,10 +21,9 @@ int TKxSeries::IdxNeeded(const TKxChannel& Channel) const {
 void TKxSeries::GetIntervals(const TKxChannel& Channel, int First, std::span<TKxInterval> Intervals) const {
     Channel.GetValue(First + int(Intervals.size()) - 1); // raises behind the end
     const double* value = Channel.GetVector()->Values().data() + First;
-    const bool positive = BreaksAtGaps() && Channel.IsLogarithmic();
+    const TKxAxScaling scaling = ScalingOfGaps(Channel);
     for (TKxInterval& interval : Intervals) {
-        const bool takesPart = std::isfinite(*value) && (!positive || *value > 0);
-        interval = takesPart ? TKxInterval{*value, *value} : TKxInterval::None();
+        interval = kx::HasPlace(scaling, *value) ? TKxInterval{*value, *value} : TKxInterval::None();
         ++value;
     }
 }
@@ -165,9 +159,11 @@ void TKxSeries::CalculateAllPoints() {
 }
 
 void TKxSeries::MarkGaps(int First, int Last) {
+    const auto x = GetXData()->Values(), y = GetYData()->Values();
+    const TKxAxScaling scalingX = FX.GetScaling(), scalingY = FY.GetScaling();
     TPoint* points = FPoints.GetPointer(0);
-    for (int i = First; i < Last; ++i)
-        if (!FX.HasPlace(FX.GetValue(i)) || !FY.HasPlace(FY.GetValue(i))) points[i].X = CNoPixel;
+    for (auto i = std::size_t(First); i < std::size_t(Last); ++i)
+        if (!kx::HasPlace(scalingX, x[i]) || !kx::HasPlace(scalingY, y[i])) points[i].X = CNoPixel;
 }
 
 } // namespace kx
