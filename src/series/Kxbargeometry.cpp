@@ -36,11 +36,6 @@ TKxBarSlot SlotInBin(int Edge, int NextEdge, const TKxBarLayout& Layout) {
     return {border(Layout.Place - 1), border(Layout.Place), RoundToInt(depth / 240), RoundToInt(depth / 400)};
 }
 
-int BarPixel(const TKxAxisMap& Map, double Value) {
-    if (!std::isfinite(Value)) return CNoPixel;
-    return Map.RealToIntPosition(Map.IsLogarithmic() && Value <= 0 ? Map.Start : Value);
-}
-
 void BarPixels(const TKxAxisMap& Map, std::span<const double> Values, int* First, std::ptrdiff_t Stride) {
     Map.RealToIntPositions(Values, First, Stride);
     const int start = Map.RealToIntPosition(Map.Start);

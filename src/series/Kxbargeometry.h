@@ -35,10 +35,7 @@ struct TKxBarSlot {
 /// meet leave a bar without width in the middle. A percentage that is not finite counts as 0.
 TKxBarSlot SlotInBin(int Edge, int NextEdge, const TKxBarLayout& Layout);
 
-/// The pixel of an edge or an end. On a logarithmic axis what is not positive lies at the axis's start; what
-/// is not finite has no pixel.
-int BarPixel(const TKxAxisMap& Map, double Value);
-/// BarPixel of many: that of Values[i] goes to First[i * Stride].
+/// The pixels of edges or ends (TKxAxisMap::EndPosition): that of Values[i] goes to First[i * Stride].
 void BarPixels(const TKxAxisMap& Map, std::span<const double> Values, int* First, std::ptrdiff_t Stride);
 
 using TKxBarValues = std::span<const double>;

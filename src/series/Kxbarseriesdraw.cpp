@@ -43,7 +43,7 @@ TKxBarSeries::TBar TKxBarSeries::BarAt(const TPlan& Plan, int Index) const {
     TBar bar{{}, {}, this};
     const int edge = EdgeAt(Index), next = EdgeAt(Index + 1), end = EndAt(Index);
     if (edge == CNoPixel || next == CNoPixel || end == CNoPixel) return bar;
-    const int start = BarPixel(Plan.Map, StackStart(Plan.Below, Index));
+    const int start = Plan.Map.EndPosition(StackStart(Plan.Below, Index));
     bar.Slot = SlotInBin(edge, next, Plan.Layout);
     const TRect outline = BarOutline(bar.Slot, start, end, FBarHorizontal);
     if (!IsBarInside(outline, Plan.World)) return bar;

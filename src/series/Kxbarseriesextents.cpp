@@ -51,7 +51,7 @@ void TKxBarSeries::CalcBarValue(const TKxChannel& Channel, int Index) {
 
 int TKxBarSeries::PixelOf(const TKxChannel& Channel, int Index) const {
     if (Index >= Channel.GetCount()) return 0;
-    return BarPixel(Channel.GetAxis()->GetMap(), &Channel == &FX ? GetX(Index) : GetY(Index));
+    return Channel.GetAxis()->GetMap().EndPosition(&Channel == &FX ? GetX(Index) : GetY(Index));
 }
 
 void TKxBarSeries::CalculatePoint(int Index) {

@@ -1,5 +1,6 @@
 // Error bars.
 
+#include <kxgraph/platform/drawing/shifting.h>
 #include <kxgraph/series/Kxdataseries.h>
 
 #include <kxgraph/platform/drawing/shifting.h>

@@ -55,7 +55,7 @@ TEST(BarGeometry, a_bar_stands_on_zero_or_on_the_start_of_a_logarithmic_axis) {
                  {log, 0, 100},   {log, -5, 100},    {log, 10, 50},         {log, CNan, CNoPixel},
                  {twisted, 0, 0}, {twisted, 10, 50}, {log, -CInf, CNoPixel}};
     for (const auto& c : cases) {
-        EXPECT_EQ(BarPixel(c.Map, c.Value), c.Pixel) << c.Value;
+        EXPECT_EQ(c.Map.EndPosition(c.Value), c.Pixel) << c.Value;
         int pixels[] = {-7, -7, -7};
         BarPixels(c.Map, std::array{c.Value, 10.0}, pixels, 2);
         EXPECT_EQ(pixels[0], c.Pixel) << c.Value;
