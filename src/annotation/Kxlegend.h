@@ -143,7 +143,7 @@ private:
     int EdgeGap() const;
     TRect PlaceInside(const TRect& Inside);
     TRect PlaceBeside(const TKxCompanionPlace& Place);
-    TSpace SpaceAcross(TKxAxisPos Side, TSize Area, int Extent) const;
+    TSpace SpaceAcross(TKxSide Side, TSize Area, int Extent) const;
     void FitFree();
     int FreeWidth() const { return GetParent() ? GetParent()->GetWidth() - GetLeft() : CMaxPixel; }
 

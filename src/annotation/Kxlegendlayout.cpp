@@ -115,17 +115,26 @@ void TKxLegend::FitFree() {
 
 namespace {
 
-TKxAxisPos SideOf(TKxLegendPlacement Placement) {
-    switch (Placement) {
-    case lgRight: return AxRightPos;
-    case lgLeft: return AxLeftPos;
-    case lgTop: return AxTopPos;
-    case lgBottom: return AxBottomPos;
-    default: return AxFreeFloating;
-    }
+/// The side that a legend stands at, and for one inside the corner.
+struct TStand {
+    TKxSide Beside;
+    TKxSide Corner[2];
+};
+
+const TStand& StandOf(TKxLegendPlacement Placement) {
+    static constexpr TStand CStands[] = {{AxFreeFloating, {AxLeftPos, AxTopPos}},
+                                         {AxFreeFloating, {AxRightPos, AxTopPos}},
+                                         {AxFreeFloating, {AxLeftPos, AxBottomPos}},
+                                         {AxFreeFloating, {AxRightPos, AxBottomPos}},
+                                         {AxRightPos, {}},
+                                         {AxLeftPos, {}},
+                                         {AxTopPos, {}},
+                                         {AxBottomPos, {}},
+                                         {AxFreeFloating, {}}};
+    return CStands[std::clamp<int>(Placement, 0, lgFree)];
 }
 
-bool IsBeside(TKxAxisPos Side) { return Side == AxLeftPos || Side == AxRightPos; }
+TKxSide SideOf(TKxLegendPlacement Placement) { return StandOf(Placement).Beside; }
 
 /// The nearest place to Wanted at which Size pixels lie between First and Last; First if they do not.
 int Between(int Wanted, int First, int Last, int Size) {
@@ -137,51 +146,46 @@ int Between(int Wanted, int First, int Last, int Size) {
 int TKxLegend::EdgeGap() const { return std::max(FGap, FGraph->GetMargin()); }
 
 // Extent counts the gaps at both sides.
-TKxLegend::TSpace TKxLegend::SpaceAcross(TKxAxisPos Side, TSize Area, int Extent) const {
-    const int across = Extent - FGap - EdgeGap(), edges = 2 * EdgeGap();
-    if (IsBeside(Side)) return {across, Area.Height - edges, true};
-    return {Area.Width - edges, across};
+TKxLegend::TSpace TKxLegend::SpaceAcross(TKxSide Side, TSize Area, int Extent) const {
+    const TSize space = Side.Size(Side.Along(Area) - 2 * EdgeGap(), Extent - FGap - EdgeGap());
+    return {space.Width, space.Height, !Side.IsHorizontal()};
 }
 
 TKxCompanionRoom TKxLegend::GetRoom(TSize Area, TSize AtMost) {
-    const TKxAxisPos side = SideOf(FPlacement);
-    if (!GetVisible() || !IsPlacedByGraph() || side == AxFreeFloating) return {};
+    const TKxSide side = SideOf(FPlacement);
+    if (!GetVisible() || !IsPlacedByGraph() || side.IsFree()) return {};
     RefreshEntries();
     if (FEntries.empty() && !FShowTitle) return {};
-    const bool beside = IsBeside(side);
-    const TSize size = Fit(SpaceAcross(side, Area, beside ? AtMost.Width : AtMost.Height));
-    return {side, (beside ? size.Width : size.Height) + FGap + EdgeGap()};
+    const TSize size = Fit(SpaceAcross(side, Area, side.Across(AtMost)));
+    return {side, side.Across(size) + FGap + EdgeGap()};
 }
 
 TRect TKxLegend::PlaceInside(const TRect& Inside) {
     const TSize size = Fit({Inside.Width() - 2 * FGap, Inside.Height() - 2 * FGap});
-    const bool right = FPlacement == lgInsideTopRight || FPlacement == lgInsideBottomRight;
-    const bool bottom = FPlacement == lgInsideBottomLeft || FPlacement == lgInsideBottomRight;
-    return TRect::Bounds(right ? Inside.Right - FGap - size.Width : Inside.Left + FGap,
-                         bottom ? Inside.Bottom - FGap - size.Height : Inside.Top + FGap, size.Width,
-                         size.Height);
+    const auto& [x, y] = StandOf(FPlacement).Corner;
+    return TRect::Bounds(x.LeastInside(Inside, FGap, size.Width), y.LeastInside(Inside, FGap, size.Height),
+                         size.Width, size.Height);
 }
 
 TRect TKxLegend::PlaceBeside(const TKxCompanionPlace& Place) {
     const TRect& room = Place.Room;
-    const TKxAxisPos side = SideOf(FPlacement);
+    const TKxSide side = SideOf(FPlacement);
     const int edge = EdgeGap();
-    const TSize size = Fit(SpaceAcross(side, room.Size(), IsBeside(side) ? room.Width() : room.Height()));
-    const int before = side == AxLeftPos || side == AxTopPos ? edge : FGap;
-    if (IsBeside(side))
-        return TRect::Bounds(room.Left + before,
-                             Between(Place.World.Top, std::min(Place.World.Top, room.Top + edge),
-                                     room.Bottom - edge, size.Height),
-                             size.Width, size.Height);
+    const TSize size = Fit(SpaceAcross(side, room.Size(), side.Across(room.Size())));
+    const int across = side.Across(room.TopLeft()) + (side.Outward() < 0 ? edge : FGap);
     const int middle = (Place.World.Left + Place.World.Right - size.Width) / 2;
-    return TRect::Bounds(Between(middle, room.Left + edge, room.Right - edge, size.Width), room.Top + before,
-                         size.Width, size.Height);
+    const int along = side.IsHorizontal()
+                          ? Between(middle, room.Left + edge, room.Right - edge, size.Width)
+                          : Between(Place.World.Top, std::min(Place.World.Top, room.Top + edge),
+                                    room.Bottom - edge, size.Height);
+    const TPoint at = side.Point(along, across);
+    return TRect::Bounds(at.X, at.Y, size.Width, size.Height);
 }
 
 void TKxLegend::TakePlace(const TKxCompanionPlace& Place) {
     if (!GetVisible() || !IsPlacedByGraph()) return;
     RefreshEntries();
-    const bool inside = SideOf(FPlacement) == AxFreeFloating;
+    const bool inside = SideOf(FPlacement).IsFree();
     const TRect place = inside ? PlaceInside(Place.Inside) : PlaceBeside(Place);
     SetBounds(place.Left, place.Top, place.Width(), place.Height());
     FLayoutStale = false;

@@ -52,12 +52,6 @@ void TKxAxis::Notification(TComponent* Component, TOperation Operation) {
     if (Operation == opRemove && Component == FMasterAxis) FMasterAxis = nullptr;
 }
 
-void TKxAxis::SetPosition(TKxAxisPos Position) {
-    if (Position == AxBottomPos || Position == AxTopPos) FOrientation = AxHorizontal;
-    if (Position == AxLeftPos || Position == AxRightPos) FOrientation = AxVertical;
-    Change(FPosition, Position);
-}
-
 void TKxAxis::SetIsSlave(bool IsSlave) {
     if (FIsSlaveAxis == IsSlave) return;
     FIsSlaveAxis = IsSlave;
@@ -96,15 +90,14 @@ void TKxAxis::Settle() { LayOutAlone(); }
 // with all of them, and shortens only: what it shows depends on nothing that was shown before.
 void TKxAxis::LayOutAlone() {
     CalculateEnds();
-    const int extent = std::max(1, (IsHorizontal() ? GetWidth() : GetHeight()) - 1);
-    const int across = (IsHorizontal() ? GetHeight() : GetWidth()) - 1;
-    const bool far = FPosition == AxTopPos || OutwardSign() < 0;
-    const int line = far ? across - FAxisThicknes / 2 : FAxisThicknes / 2;
+    const TRect bounds{0, 0, GetWidth(), GetHeight()};
+    const int extent = std::max(1, FSide.Along(bounds.Size()) - 1);
+    const int line = LineInside(bounds, FSide, FAxisThicknes);
     int before = 0, behind = 0;
     constexpr int CRounds = 4;
     for (int round = 0; round < CRounds; ++round) {
-        SetPlace(IsHorizontal() ? TPoint{before, line} : TPoint{line, behind},
-                 std::max(0, extent - before - behind));
+        const int first = FSide.IsHorizontal() ? before : behind;
+        SetPlace(FSide.Point(first, line), std::max(0, extent - before - behind));
         round == 0 ? MeasureTicks() : FitTicks();
         if (FStartReach <= before && FStopReach <= behind) break;
         before = std::max(before, FStartReach);

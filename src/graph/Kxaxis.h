@@ -6,6 +6,7 @@
 #include <kxgraph/annotation/Kxlabel.h>
 #include <kxgraph/graph/Kxgraphlayout.h>
 #include <kxgraph/graph/Kxscale.h>
+#include <kxgraph/graph/Kxside.h>
 #include <kxgraph/graph/Kxticks.h>
 #include <kxgraph/numeric/Kxrange.h>
 #include <kxgraph/persist/Kxlargeini.h>
@@ -57,11 +58,13 @@ public:
     /// What an outfit keeps of the unzoomed view: a fixed end as it was set, any other one as it is shown.
     double GetKeptStart() const { return FStartEnd == AxFixed ? FUnzoomed.Start : ShownUnzoomed().Start; }
     double GetKeptStop() const { return FStopEnd == AxFixed ? FUnzoomed.Stop : ShownUnzoomed().Stop; }
-    TKxAxisPos GetPosition() const { return FPosition; }
+    TKxAxisPos GetPosition() const { return FSide.Position(); }
     /// Bottom and top make the axis horizontal, left and right vertical; free floating keeps the orientation.
-    void SetPosition(TKxAxisPos Position);
-    TKxAxisOrientation GetOrientation() const { return FOrientation; }
-    bool IsHorizontal() const { return FOrientation == AxHorizontal; }
+    void SetPosition(TKxAxisPos Position) { Change(FSide, FSide.MovedTo(Position)); }
+    /// The position with its directions.
+    TKxSide GetSide() const { return FSide; }
+    TKxAxisOrientation GetOrientation() const { return FSide.Orientation(); }
+    bool IsHorizontal() const { return FSide.IsHorizontal(); }
     TKxAxScaling GetScaling() const { return FScaling; }
     /// Under the scaling that is set, which GetMap() has after the next layout.
     bool HasPlace(double Value) const { return kx::HasPlace(FScaling, Value); }
@@ -288,9 +291,10 @@ private:
     void PlaceExponentLabel();
     int LabelExtentAcross() const;
     int CaptionExtentAcross() const;
-    int OutwardSign() const;
     void DrawTicks(bool Major, TColor Color, int Width, int Length);
     void DrawAxisLine();
+    TPoint PointAt(int Offset, int Outwards) const;
+    TPoint PlaceOutwards(int Along, int Outwards, TSize Size) const;
 
     TKxAxisHost* FHost =
         nullptr; // the parent, if it is one; looked up once, for every live value asks for it
@@ -299,8 +303,7 @@ private:
     TView FUnzoomed;
     std::vector<TView> FZooms;
     int FZoomIndex = 0;
-    TKxAxisPos FPosition = AxLeftPos;
-    TKxAxisOrientation FOrientation = AxVertical;
+    TKxSide FSide;
     TKxAxScaling FScaling = AxNormal;
     TKxAxEnd FStartEnd = AxAutoRange, FStopEnd = AxAutoRange;
     double FTickPart = 0.05, FMajorTickPart = 0.1, FLabelPart = 0.5;

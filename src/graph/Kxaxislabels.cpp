@@ -16,13 +16,9 @@ TFont& MeasuringFont(TCanvas& Canvas, const TFont& Font) {
 
 } // namespace
 
-int TKxAxis::OutwardSign() const {
-    switch (FPosition) {
-    case AxLeftPos:
-    case AxTopPos: return -1;
-    case AxFreeFloating: return IsHorizontal() ? 1 : -1;
-    default: return 1;
-    }
+/// The point so far from the axis's start and from its line.
+TPoint TKxAxis::PointAt(int Offset, int Outwards) const {
+    return FAxisOrigin + FSide.Point(FSide.FromStart(GetAxisLength(), Offset), FSide.Outward() * Outwards);
 }
 
 void TKxAxis::CalculateTicks() {
@@ -38,13 +34,12 @@ void TKxAxis::FinishTicks() {
 }
 
 void TKxAxis::MeasureTicks() {
-    FMap = TKxAxisMap::Make(FScaling, FEnds, FMap.AxisLength, FOrientation, FTwisted);
+    FMap = TKxAxisMap::Make(FScaling, FEnds, FMap.AxisLength, GetOrientation(), FTwisted);
     FNeedsTicks = false;
     const auto* host = GetAxisHost();
-    FTicks = kx::CalculateTicks(FEnds, FMap,
-                                {.Orientation = FOrientation,
-                                 .ShowScaleLabels = FShowScaleLabels,
-                                 .ZeroOrigin = host && host->GetZeroOrigin()});
+    FTicks = kx::CalculateTicks(
+        FEnds, FMap,
+        {.Side = FSide, .ShowScaleLabels = FShowScaleLabels, .ZeroOrigin = host && host->GetZeroOrigin()});
     DressCaptionLabel();
     if (!GetVisible()) return; // the ticks still serve the grid
     MeasureLabels();
@@ -56,9 +51,9 @@ void TKxAxis::MeasureTicks() {
 void TKxAxis::FitTicks() {
     if (!FNeedsTicks) return;
     if (FScaling != AxNormal) return MeasureTicks();
-    FMap = TKxAxisMap::Make(FScaling, FEnds, FMap.AxisLength, FOrientation, FTwisted);
+    FMap = TKxAxisMap::Make(FScaling, FEnds, FMap.AxisLength, GetOrientation(), FTwisted);
     FNeedsTicks = false;
-    MoveTicks(FTicks, FMap, FOrientation);
+    MoveTicks(FTicks, FMap, FSide);
     if (!GetVisible()) return;
     PlaceLabels();
     MeasureReach();
@@ -94,7 +89,7 @@ void TKxAxis::ThinOutLabels() {
     std::vector<TKxLabelExtent> extents;
     for (std::size_t i = 0; i < FTicks.Labels.size(); ++i)
         extents.push_back(
-            {FTicks.Labels[i].Position, IsHorizontal() ? FLabelRecs[i].Width : FMaxLabelHeight});
+            {FTicks.Labels[i].Position, FSide.Along(TSize{FLabelRecs[i].Width, FMaxLabelHeight})});
     const int anchor = AnchorLabel(FTicks.Labels);
     const int stride = LabelStride(extents, IsHorizontal() ? FMaxLabelHeight / 2 : 1, anchor);
     std::vector<TKxTickLabel> labels;
@@ -114,64 +109,67 @@ void TKxAxis::ThinOutLabels() {
 // need could follow one another without end.
 void TKxAxis::MeasureReach() {
     FStartReach = FStopReach = 0;
+    const int begin = FSide.Along(FAxisOrigin);
     for (const auto& rec : FLabelRecs) {
-        const int from = IsHorizontal() ? rec.X : rec.Y;
-        const int to = from + (IsHorizontal() ? rec.Width : FMaxLabelHeight);
-        const int begin = IsHorizontal() ? FAxisOrigin.X : FAxisOrigin.Y;
+        const int from = FSide.Along(TPoint{rec.X, rec.Y});
+        const int to = from + FSide.Along(TSize{rec.Width, FMaxLabelHeight});
         const int before = begin - from + 1, behind = to - (begin + GetAxisLength());
         FStartReach = std::max(FStartReach, IsHorizontal() ? before : behind);
         FStopReach = std::max(FStopReach, IsHorizontal() ? behind : before);
     }
 }
 
-int TKxAxis::LabelExtentAcross() const { return IsHorizontal() ? FMaxLabelHeight : FMaxLabelWidth; }
+int TKxAxis::LabelExtentAcross() const { return FSide.Across(TSize{FMaxLabelWidth, FMaxLabelHeight}); }
 
 // Where the labels begin, counted from the axis line.
 static int LabelDistance(const TKxAxis& Axis) {
     return std::abs(Axis.GetMajorTickLength()) + Axis.GetScalingsTicksGap();
 }
 
+/// The top left of what begins Along pixels along and reaches outwards from so far off the line.
+TPoint TKxAxis::PlaceOutwards(int Along, int Outwards, TSize Size) const {
+    const int from = FSide.Across(FAxisOrigin) + FSide.Outward() * Outwards;
+    return FSide.Point(Along, FSide.LeastFrom(from, FSide.Across(Size)));
+}
+
 void TKxAxis::PlaceLabels() {
-    const int distance = LabelDistance(*this), height = FMaxLabelHeight;
-    const bool inwards = OutwardSign() < 0;
+    const int distance = LabelDistance(*this);
     for (std::size_t i = 0; i < FTicks.Labels.size(); ++i) {
         auto& rec = FLabelRecs[i];
-        const int p = FTicks.Labels[i].Position;
-        if (IsHorizontal()) {
-            rec.X = FAxisOrigin.X + p - rec.Width / 2;
-            rec.Y = inwards ? FAxisOrigin.Y - distance - height + 1 : FAxisOrigin.Y + distance;
-        } else {
-            rec.X = inwards ? FAxisOrigin.X - distance - rec.Width + 1 : FAxisOrigin.X + distance;
-            rec.Y = FAxisOrigin.Y + GetAxisLength() - p - height / 2;
-        }
+        const TSize size{rec.Width, FMaxLabelHeight};
+        const int middle = FSide.Along(PointAt(FTicks.Labels[i].Position, 0));
+        const TPoint place = PlaceOutwards(middle - FSide.Along(size) / 2, distance, size);
+        rec.X = place.X;
+        rec.Y = place.Y;
     }
     if (FLabelRecs.size() > FTicks.Labels.size()) PlaceExponentLabel();
 }
 
-// Beyond the last label along the axis, and ExponentScalingsGap further out than the labels.
+// Beyond the last label along the axis, and ExponentScalingsGap further out than the labels; beside a
+// vertical axis in the middle of their column.
 void TKxAxis::PlaceExponentLabel() {
     auto& rec = FLabelRecs.back();
-    const int distance = LabelDistance(*this) + FExponentScalingsGap, height = FMaxLabelHeight;
-    const bool inwards = OutwardSign() < 0;
     const TKxCaptionRec* last = FLabelRecs.size() > 1 ? &FLabelRecs[FLabelRecs.size() - 2] : nullptr;
+    const TSize size{rec.Width, FMaxLabelHeight};
+    const int distance = LabelDistance(*this) + FExponentScalingsGap;
+    TPoint place;
     if (IsHorizontal()) {
-        rec.X = last ? last->X + last->Width : FAxisOrigin.X + GetAxisLength();
-        rec.Y = inwards ? FAxisOrigin.Y - distance - height + 1 : FAxisOrigin.Y + distance;
+        place = PlaceOutwards(last ? last->X + last->Width : FAxisOrigin.X + GetAxisLength(), distance, size);
     } else {
         const int column = distance + (FMaxLabelWidth - rec.Width) / 2;
-        rec.X = inwards ? FAxisOrigin.X - column - rec.Width + 1 : FAxisOrigin.X + column;
-        rec.Y = (last ? last->Y : FAxisOrigin.Y) - height;
+        place = PlaceOutwards((last ? last->Y : FAxisOrigin.Y) - size.Height, column, size);
     }
+    rec.X = place.X;
+    rec.Y = place.Y;
 }
 
 TKxLayoutAxis TKxAxis::GetLayoutAxis() const {
     TKxLayoutAxis axis;
-    axis.Position = FPosition;
-    axis.Orientation = FOrientation;
+    axis.Side = FSide;
     axis.Gap = FValuesTicksGap;
     axis.LineThickness = FAxisThicknes;
     // One that is aligned is placed by its parent, not by the layout.
-    axis.Fixed = !FAutoSize || FPosition == AxFreeFloating || GetAlign() != alNone;
+    axis.Fixed = !FAutoSize || FSide.IsFree() || GetAlign() != alNone;
     axis.Bounds = GetBoundsRect();
     TKxAxisThickness thickness;
     thickness.MajorTickLength = FMajorTickLength;
@@ -195,7 +193,7 @@ void TKxAxis::UpdateCaptionLabel() {
 
 int TKxAxis::CaptionExtentAcross() const {
     if (!FCaptionLabel->GetVisible() || FCaptionLabel->GetCaption().empty()) return 0;
-    return IsHorizontal() ? FCaptionLabel->GetHeight() : FCaptionLabel->GetWidth();
+    return FSide.Across(FCaptionLabel->GetBoundsRect().Size());
 }
 
 void TKxAxis::DressCaptionLabel() {
@@ -208,17 +206,12 @@ void TKxAxis::DressCaptionLabel() {
 
 void TKxAxis::PlaceCaptionLabel() {
     if (!FCaptionLabel->GetVisible()) return;
-    const int w = FCaptionLabel->GetWidth(), h = FCaptionLabel->GetHeight();
+    const TSize size = FCaptionLabel->GetBoundsRect().Size();
     const int labels = LabelDistance(*this) + LabelExtentAcross();
     const int distance = std::max(labels, FCaptionFrom) + FCaptionScalingsGap;
-    const int x0 = GetLeft() + FAxisOrigin.X, y0 = GetTop() + FAxisOrigin.Y;
-    const bool inwards = OutwardSign() < 0;
-    if (IsHorizontal())
-        FCaptionLabel->SetBounds(x0 + (GetAxisLength() - w) / 2,
-                                 inwards ? y0 - distance - h + 1 : y0 + distance, w, h);
-    else
-        FCaptionLabel->SetBounds(inwards ? x0 - distance - w + 1 : x0 + distance,
-                                 y0 + (GetAxisLength() - h) / 2, w, h);
+    const int middle = FSide.Along(FAxisOrigin) + (GetAxisLength() - FSide.Along(size)) / 2;
+    const TPoint place = PlaceOutwards(middle, distance, size) + GetBoundsRect().TopLeft();
+    FCaptionLabel->SetBounds(place.X, place.Y, size.Width, size.Height);
 }
 
 } // namespace kx

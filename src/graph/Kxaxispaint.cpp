@@ -19,19 +19,11 @@ void TKxAxis::DrawTicks(bool Major, TColor Color, int Width, int Length) {
     TCanvas& canvas = GetCanvas();
     canvas.Pen.SetColor(Color);
     canvas.Pen.SetWidth(Width);
-    const auto [x0, y0] = FAxisOrigin;
-    const int end = OutwardSign() * Length;
     const TTickRun run = GetTickRun();
     if (run.Last == 0) return;
     for (int i = run.First; i <= run.Last; ++i) {
         if (FTicks.IsMajor[i] != Major) continue;
-        const int p = FTicks.Positions[i];
-        if (IsHorizontal()) {
-            DrawLine(x0 + p, y0, x0 + p, y0 + end, canvas);
-        } else {
-            const int y = y0 + GetAxisLength() - p;
-            DrawLine(x0, y, x0 + end, y, canvas);
-        }
+        DrawLine(PointAt(FTicks.Positions[i], 0), PointAt(FTicks.Positions[i], Length), canvas);
     }
 }
 
@@ -39,11 +31,7 @@ void TKxAxis::DrawAxisLine() {
     TCanvas& canvas = GetCanvas();
     canvas.Pen.SetColor(FAxisColor);
     canvas.Pen.SetWidth(FAxisThicknes);
-    const auto [x0, y0] = FAxisOrigin;
-    if (IsHorizontal())
-        DrawLine(x0, y0, x0 + GetAxisLength() + 1, y0, canvas);
-    else
-        DrawLine(x0, y0, x0, y0 + GetAxisLength() + 1, canvas);
+    DrawLine(FAxisOrigin, FAxisOrigin + FSide.Point(GetAxisLength() + 1, 0), canvas);
 }
 
 void TKxAxis::Paint() {

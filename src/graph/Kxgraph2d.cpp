@@ -227,10 +227,10 @@ void TKx2DGraph::StopSettling() {
 
 void TKx2DGraph::ZoomTo(const TRect& Rect) {
     for (TKxAxis* axis : GetAxes()) {
-        const bool horizontal = axis->IsHorizontal();
-        const int origin = horizontal ? FWorld->GetXOrigin() : FWorld->GetYOrigin();
-        const double a = axis->IntToRealPosition((horizontal ? Rect.Left : Rect.Top) - origin);
-        const double b = axis->IntToRealPosition((horizontal ? Rect.Right : Rect.Bottom) - origin);
+        const TKxSide side = axis->GetSide();
+        const int origin = side.Along(TPoint{FWorld->GetXOrigin(), FWorld->GetYOrigin()});
+        const double a = axis->IntToRealPosition(side.Along(Rect.TopLeft()) - origin);
+        const double b = axis->IntToRealPosition(side.Along(TPoint{Rect.Right, Rect.Bottom}) - origin);
         axis->ZoomIn(std::min(a, b), std::max(a, b));
     }
     for (auto* s : GetSeriesList()) s->Modified();

@@ -35,30 +35,9 @@ std::vector<TKxGraphCompanion*> TKx2DGraph::CompanionsInOrder() const {
 
 namespace {
 
-int* Across(TKxAxisPos Side, TSize& Size) {
-    if (Side == AxFreeFloating) return nullptr;
-    return Side == AxLeftPos || Side == AxRightPos ? &Size.Width : &Size.Height;
-}
-
-int& At(TKxAxisPos Side, TRect& Sides) {
-    switch (Side) {
-    case AxLeftPos: return Sides.Left;
-    case AxTopPos: return Sides.Top;
-    case AxRightPos: return Sides.Right;
-    default: return Sides.Bottom;
-    }
-}
-
-/// The strip whose inner edge lies From pixels from the graph's side.
-TRect StripOf(const TKxCompanionRoom& Room, int From, const TKxLayoutInput& Input) {
-    const int w = Input.Graph.Width, h = Input.Graph.Height, top = Input.TitleHeight;
-    switch (Room.Side) {
-    case AxLeftPos: return {From - Room.Extent, top, From, h};
-    case AxTopPos: return {0, top + From - Room.Extent, w, top + From};
-    case AxRightPos: return {w - From, top, w - From + Room.Extent, h};
-    case AxBottomPos: return {0, h - From, w, h - From + Room.Extent};
-    default: return {};
-    }
+/// The strip of Area whose inner edge lies From pixels from the side.
+TRect StripOf(const TKxCompanionRoom& Room, int From, const TRect& Area) {
+    return Room.Side.Band(Area, Room.Side.OuterPixel(Area) - Room.Side.Outward() * (From - 1), Room.Extent);
 }
 
 } // namespace
@@ -71,10 +50,11 @@ std::vector<TKx2DGraph::TGivenRoom> TKx2DGraph::ReserveRoom(TKxLayoutInput& Inpu
     const TSize area{Input.Graph.Width, Input.Graph.Height - Input.TitleHeight};
     for (TKxGraphCompanion* companion : CompanionsInOrder()) {
         TKxCompanionRoom room = companion->GetRoom(area, left);
-        if (int* rest = Across(room.Side, left)) {
-            room.Extent = std::clamp(room.Extent, 0, *rest);
-            *rest -= room.Extent;
-            At(room.Side, Input.Reserved) += room.Extent;
+        if (!room.Side.IsFree()) {
+            int& rest = room.Side.AcrossOf(left);
+            room.Extent = std::clamp(room.Extent, 0, rest);
+            rest -= room.Extent;
+            room.Side.Of(Input.Reserved) += room.Extent;
         }
         rooms.push_back({companion, room});
     }
@@ -83,12 +63,13 @@ std::vector<TKx2DGraph::TGivenRoom> TKx2DGraph::ReserveRoom(TKxLayoutInput& Inpu
 
 void TKx2DGraph::PlaceCompanions(const std::vector<TGivenRoom>& Rooms, const TKxLayoutInput& Input,
                                  const TRect& Inside) const {
+    const TRect area{0, Input.TitleHeight, Input.Graph.Width, Input.Graph.Height};
     TRect from = Input.Reserved; // the first one of a side lies innermost
     for (const auto& [companion, room] : Rooms) {
         TRect strip;
-        if (room.Side != AxFreeFloating) {
-            strip = StripOf(room, At(room.Side, from), Input);
-            At(room.Side, from) -= room.Extent;
+        if (!room.Side.IsFree()) {
+            strip = StripOf(room, room.Side.Of(from), area);
+            room.Side.Of(from) -= room.Extent;
         }
         companion->TakePlace({strip, FWorld->GetBoundsRect(), Inside});
     }

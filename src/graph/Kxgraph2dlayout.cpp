@@ -65,13 +65,7 @@ TRect WithoutTicks(TRect World, const TKxLayoutInput& Input, const std::vector<T
         if (axis.Fixed || axis.Crossed) continue;
         const int inward = -std::min(Axes[i]->GetMajorTickLength(), Axes[i]->GetTickLength());
         const int depth = std::max(0, inward - axis.Gap);
-        switch (axis.Position) {
-        case AxBottomPos: World.Bottom = std::max(World.Top, World.Bottom - depth); break;
-        case AxTopPos: World.Top = std::min(World.Bottom, World.Top + depth); break;
-        case AxLeftPos: World.Left = std::min(World.Right, World.Left + depth); break;
-        case AxRightPos: World.Right = std::max(World.Left, World.Right - depth); break;
-        case AxFreeFloating: break;
-        }
+        World = axis.Side.Cut(World, depth);
     }
     return World;
 }
@@ -127,7 +121,7 @@ void TKx2DGraph::LayOutVisible(const std::vector<TKxAxis*>& Axes) {
     std::vector<TGivenRoom> rooms;
     TKxLayout layout;
     for (TKxAxis* axis : Axes)
-        axis->SetPlace({}, std::max(1, (axis->IsHorizontal() ? GetWidth() : GetHeight()) - 1));
+        axis->SetPlace({}, std::max(1, axis->GetSide().Along(GetBoundsRect().Size()) - 1));
     constexpr int CRounds = 8;
     for (int round = 0; round < CRounds; ++round) {
         for (TKxAxis* axis : Axes) round == 0 ? axis->MeasureTicks() : axis->FitTicks();
@@ -153,7 +147,7 @@ void TKx2DGraph::LayOutAxes() {
     // A hidden axis still maps the values of its series.
     for (TKxAxis* axis : axes)
         if (!axis->GetVisible())
-            axis->SetPlace({}, (axis->IsHorizontal() ? FWorld->GetWidth() : FWorld->GetHeight()) - 1);
+            axis->SetPlace({}, axis->GetSide().Along(FWorld->GetBoundsRect().Size()) - 1);
     for (TKxAxis* axis : axes) axis->GetVisible() ? axis->FinishTicks() : axis->CalculateTicks();
     UpdateEndTicks(axes);
     for (TKxAxis* axis : axes) axis->SetChanged(false);
@@ -161,14 +155,15 @@ void TKx2DGraph::LayOutAxes() {
 
 // An inward tick at an end where another axis's line stands would lie on that line.
 void TKx2DGraph::UpdateEndTicks(const std::vector<TKxAxis*>& Axes) {
-    const auto adjoins = [&Axes](const TKxAxis& Axis, bool FirstEnd) {
-        const int end = FirstEnd == Axis.IsHorizontal() ? 0 : Axis.GetAxisLength();
-        const int at = end + (Axis.IsHorizontal() ? Axis.GetLeft() + Axis.GetAxisOrigin().X
-                                                  : Axis.GetTop() + Axis.GetAxisOrigin().Y);
-        return std::any_of(Axes.begin(), Axes.end(), [&](const TKxAxis* Other) {
-            if (!Other->GetVisible() || Other->IsHorizontal() == Axis.IsHorizontal()) return false;
-            return at == (Axis.IsHorizontal() ? Other->GetLeft() + Other->GetAxisOrigin().X
-                                              : Other->GetTop() + Other->GetAxisOrigin().Y);
+    const auto origin = [](const TKxAxis& Axis) {
+        return Axis.GetBoundsRect().TopLeft() + Axis.GetAxisOrigin();
+    };
+    const auto adjoins = [&](const TKxAxis& Axis, int Offset) {
+        const TKxSide side = Axis.GetSide();
+        const int at = side.Along(origin(Axis)) + side.FromStart(Axis.GetAxisLength(), Offset);
+        return std::ranges::any_of(Axes, [&](const TKxAxis* Other) {
+            return Other->GetVisible() && Other->IsHorizontal() != Axis.IsHorizontal() &&
+                   side.Along(origin(*Other)) == at;
         });
     };
     for (TKxAxis* axis : Axes) {
@@ -178,9 +173,9 @@ void TKx2DGraph::UpdateEndTicks(const std::vector<TKxAxis*>& Axes) {
             const int length = major ? axis->GetMajorTickLength() : axis->GetTickLength();
             return Index >= 0 && length < 0 && ticks[Index] == End;
         };
-        axis->SetEndTicks(
-            !(inwardAt(std::min(0, axis->GetTickCount() - 1), 0) && adjoins(*axis, true)),
-            !(inwardAt(axis->GetTickCount() - 1, axis->GetAxisLength()) && adjoins(*axis, false)));
+        const int last = axis->GetTickCount() - 1, length = axis->GetAxisLength();
+        axis->SetEndTicks(!(inwardAt(std::min(0, last), 0) && adjoins(*axis, 0)),
+                          !(inwardAt(last, length) && adjoins(*axis, length)));
     }
 }
 

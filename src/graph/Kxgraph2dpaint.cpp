@@ -39,14 +39,13 @@ void TKx2DGraph::PaintGridLines(const TKxAxis& Axis, const TKxLineStyle& Style, 
     canvas.Pen.SetColor(Style.GetColor());
     canvas.Pen.SetStyle(Style.GetStyle());
     canvas.Pen.SetWidth(Style.GetWidth());
+    const TKxSide side = Axis.GetSide();
+    const int end = side.Across(FWorld->GetBoundsRect().Size());
     const auto run = Axis.GetTickRun();
     for (int i = run.First; i <= run.Last; ++i) {
         if (Axis.GetTickIsMajor()[i] != Major) continue;
-        const int p = Axis.GetTickPositions()[i];
-        if (Axis.IsHorizontal())
-            DrawLine(p, 0, p, FWorld->GetHeight(), canvas);
-        else
-            DrawLine(0, Axis.GetAxisLength() - p, FWorld->GetWidth(), Axis.GetAxisLength() - p, canvas);
+        const int at = side.FromStart(Axis.GetAxisLength(), Axis.GetTickPositions()[i]);
+        DrawLine(side.Point(at, 0), side.Point(at, end), canvas);
     }
 }
 

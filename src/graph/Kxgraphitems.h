@@ -2,7 +2,7 @@
 // What a graph needs to know of its neighbours from above: series, and companions such as legends. Shells
 // without data, so that the graph names no concrete class.
 
-#include <kxgraph/graph/Kxscale.h>
+#include <kxgraph/graph/Kxside.h>
 #include <kxgraph/persist/Kxlargeini.h>
 #include <kxgraph/platform/drawing/canvas.h>
 #include <kxgraph/platform/objects/component.h>
@@ -50,7 +50,7 @@ public:
 
 /// What a companion asks for: so many pixels between one side of the graph and what stands there.
 struct TKxCompanionRoom {
-    TKxAxisPos Side = AxFreeFloating; ///< AxFreeFloating: it needs no room
+    TKxSide Side = AxFreeFloating; ///< free floating: it needs no room
     int Extent = 0;
 };
 

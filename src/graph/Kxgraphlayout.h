@@ -3,6 +3,7 @@
 // canvas; all numbers are pixels of the graph.
 
 #include <kxgraph/graph/Kxscale.h>
+#include <kxgraph/graph/Kxside.h>
 #include <kxgraph/platform/drawing/geometry.h>
 
 #include <optional>
@@ -12,10 +13,9 @@ namespace kx {
 
 /// What the layout has to know of one axis.
 struct TKxLayoutAxis {
-    TKxAxisPos Position = AxLeftPos;
-    TKxAxisOrientation Orientation = AxVertical; ///< asked of a free floating axis only
-    int Thickness = 0;                           ///< across the axis: ticks, gaps, labels and caption
-    int CaptionPart = 0;                         ///< what of Thickness is caption and its gaps
+    TKxSide Side;
+    int Thickness = 0;     ///< across the axis: ticks, gaps, labels and caption
+    int CaptionPart = 0;   ///< what of Thickness is caption and its gaps
     int Gap = 0;           ///< between the drawing world's edge and the axis line, part of Thickness
     int LineThickness = 0; ///< pen width of the axis line; half of it lies on the other side of the line
     int StartReach = 0;    ///< how far the labels reach over the axis start, along the axis
@@ -53,6 +53,9 @@ struct TKxLayout {
 /// least what the labels of crossing axes reach over it, and gives the rest to the drawing world, which is
 /// never smaller than 2 x 2 pixels.
 TKxLayout LayOutGraph(const TKxLayoutInput& Input);
+
+/// Across: where the line of an axis on Side stands that has these bounds.
+int LineInside(const TRect& Bounds, TKxSide Side, int LineThickness);
 
 /// The thickness of an axis of labels LabelExtent across (0 without labels); ExponentGap counts when a
 /// factored exponent shows, CaptionGap when CaptionExtent is not 0.

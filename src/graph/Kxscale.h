@@ -2,6 +2,7 @@
 // The scale of an axis as values: round ends and tick steps from the extent of the data, and the one map
 // between values and pixels. No settings file, no canvas, no component.
 
+#include <kxgraph/graph/Kxside.h>
 #include <kxgraph/platform/drawing/geometry.h>
 #include <kxgraph/platform/objects/properties.h>
 
@@ -12,17 +13,6 @@
 #include <string_view>
 
 namespace kx {
-
-enum TKxAxisPos {
-    AxBottomPos,   ///< below the drawing world; horizontal
-    AxLeftPos,     ///< left of it; vertical
-    AxTopPos,      ///< above it; horizontal
-    AxRightPos,    ///< right of it; vertical
-    AxFreeFloating ///< wherever the axis was put
-};
-template <>
-inline constexpr auto CEnumNames<TKxAxisPos> =
-    std::to_array<std::string_view>({"AxBottomPos", "AxLeftPos", "AxTopPos", "AxRightPos", "AxFreeFloating"});
 
 enum TKxAxEnd {
     AxAutoRange, ///< follows the data
@@ -45,11 +35,6 @@ inline constexpr auto CEnumNames<TKxAxScaling> = std::to_array<std::string_view>
 inline bool HasPlace(TKxAxScaling Scaling, double Value) {
     return std::isfinite(Value) && (Scaling == AxNormal || Value > 0);
 }
-
-enum TKxAxisOrientation { AxHorizontal, AxVertical };
-template <>
-inline constexpr auto CEnumNames<TKxAxisOrientation> = std::to_array<std::string_view>({"AxHorizontal",
-                                                                                        "AxVertical"});
 
 /// Steps for each rounded mantissa of the span, in units of 10 to the power of the span's exponent. Row 0 is
 /// not used.

@@ -150,9 +150,8 @@ std::string DecadeText(double Value, TKxAxScaling Scaling) {
     return FloatToStrFixed(Value, CPrecision, std::max(0, -exponent));
 }
 
-int OffsetOf(double Value, const TKxAxisMap& Map, TKxAxisOrientation Orientation) {
-    const std::int64_t pixel = Map.RealToIntPosition(Value);
-    const std::int64_t offset = Orientation == AxHorizontal ? pixel : Map.AxisLength - pixel;
+int OffsetOf(double Value, const TKxAxisMap& Map, TKxSide Side) {
+    const auto offset = Side.FromStart<std::int64_t>(Map.AxisLength, Map.RealToIntPosition(Value));
     return static_cast<int>(std::clamp<std::int64_t>(offset, -CMaxPixel, CMaxPixel));
 }
 
@@ -164,13 +163,13 @@ public:
 
     template <class F>
     TKxTicks Place(TTickList Ticks, const F& Text) const {
-        if ((FOptions.Orientation == AxHorizontal) != FMap.Forward) std::reverse(Ticks.begin(), Ticks.end());
+        if (FOptions.Side.IsHorizontal() != FMap.Forward) std::reverse(Ticks.begin(), Ticks.end());
         const int count = static_cast<int>(Ticks.size());
         TKxTicks result{TKxRealArray(count), TKxIntegerArray(count), TKxBooleanArray(count), {}, {}};
         for (int i = 0; i < count; ++i) {
             const TTick& tick = Ticks[static_cast<std::size_t>(i)];
             result.Values[i] = tick.Value;
-            result.Positions[i] = OffsetOf(tick.Value, FMap, FOptions.Orientation);
+            result.Positions[i] = OffsetOf(tick.Value, FMap, FOptions.Side);
             result.IsMajor[i] = tick.IsMajor;
             if (IsShown(tick)) result.Labels.push_back({tick.Value, result.Positions[i], Text(tick.Value)});
         }
@@ -215,10 +214,10 @@ TKxTicks CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const T
     return ticks;
 }
 
-void MoveTicks(TKxTicks& Ticks, const TKxAxisMap& Map, TKxAxisOrientation Orientation) {
+void MoveTicks(TKxTicks& Ticks, const TKxAxisMap& Map, TKxSide Side) {
     for (int i = 0; i < Ticks.Positions.Length(); ++i)
-        Ticks.Positions[i] = OffsetOf(Ticks.Values[i], Map, Orientation);
-    for (TKxTickLabel& label : Ticks.Labels) label.Position = OffsetOf(label.Value, Map, Orientation);
+        Ticks.Positions[i] = OffsetOf(Ticks.Values[i], Map, Side);
+    for (TKxTickLabel& label : Ticks.Labels) label.Position = OffsetOf(label.Value, Map, Side);
 }
 
 int AnchorLabel(std::span<const TKxTickLabel> Labels) {

@@ -3,6 +3,7 @@
 // end of a horizontal one, from the bottom of a vertical one (y = AxisLength - offset).
 
 #include <kxgraph/graph/Kxscale.h>
+#include <kxgraph/graph/Kxside.h>
 #include <kxgraph/numeric/Kxconsts.h>
 
 #include <span>
@@ -30,9 +31,9 @@ struct TKxTicks {
 };
 
 struct TKxTickOptions {
-    TKxAxisOrientation Orientation = AxVertical; ///< the one that the map was made with
-    bool ShowScaleLabels = true;                 ///< without, there are ticks only
-    bool ZeroOrigin = false; ///< the axes cross at 0: a linear scale through 0 leaves its label 0 out
+    TKxSide Side;                ///< of the direction that the map was made with
+    bool ShowScaleLabels = true; ///< without, there are ticks only
+    bool ZeroOrigin = false;     ///< the axes cross at 0: a linear scale through 0 leaves its label 0 out
 };
 
 /// The ticks of the scale Ends under Map. A tick stands where the map puts its value and a label tells the
@@ -42,7 +43,7 @@ struct TKxTickOptions {
 TKxTicks CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const TKxTickOptions& Options);
 
 /// Moves the ticks of a linear scale to where another map of the same scale has them.
-void MoveTicks(TKxTicks& Ticks, const TKxAxisMap& Map, TKxAxisOrientation Orientation);
+void MoveTicks(TKxTicks& Ticks, const TKxAxisMap& Map, TKxSide Side);
 
 /// The room that a label takes along the axis.
 struct TKxLabelExtent {

@@ -171,6 +171,9 @@ void UseLinePen(TCanvas& Canvas, const TKxLineStyle& Style);
 
 /// The line without its end pixel. A pen of width 1 becomes one of width 0 (exactly one pixel wide).
 void DrawLine(int X1, int Y1, int X2, int Y2, TCanvas& Canvas);
+inline void DrawLine(TPoint From, TPoint To, TCanvas& Canvas) {
+    DrawLine(From.X, From.Y, To.X, To.Y, Canvas);
+}
 
 /// The outline of the rectangle, corners included, not filled. The pen as with DrawLine.
 void DrawFrame(int X1, int Y1, int X2, int Y2, TCanvas& Canvas);

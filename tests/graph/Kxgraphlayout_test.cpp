@@ -10,8 +10,7 @@ namespace {
 
 TKxLayoutAxis Axis(TKxAxisPos Position, int Thickness) {
     TKxLayoutAxis axis;
-    axis.Position = Position;
-    axis.Orientation = Position == AxBottomPos || Position == AxTopPos ? AxHorizontal : AxVertical;
+    axis.Side = Position;
     axis.Thickness = Thickness;
     return axis;
 }
@@ -74,7 +73,7 @@ TEST(GraphLayout, axes_lie_inside_the_graph_and_along_the_world_whatever_there_i
         for (std::size_t i = 0; i < layout.Axes.size(); ++i) {
             const auto& [bounds, origin, length, captionFrom] = layout.Axes[i];
             ASSERT_EQ(captionFrom > 0, input.Axes[i].Crossed.has_value()) << round;
-            const bool horizontal = input.Axes[i].Orientation == AxHorizontal;
+            const bool horizontal = input.Axes[i].Side.IsHorizontal();
             ASSERT_TRUE(Contains(graph, bounds)) << round << " axis " << i;
             const TRect across = horizontal ? TRect{world.Left, bounds.Top, world.Right, bounds.Bottom}
                                             : TRect{bounds.Left, world.Top, bounds.Right, world.Bottom};

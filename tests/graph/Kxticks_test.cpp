@@ -21,7 +21,7 @@ TKxScaleInput Auto(double Start, double Stop, TKxAxScaling Scaling = AxNormal, T
 TKxTicks Ticks(const TKxScaleInput& Input, int Length, TKxTickOptions Options = {AxHorizontal, true, false},
                bool Twisted = false) {
     const TKxScaleEnds ends = CalculateEnds(Input);
-    const TKxAxisMap map = TKxAxisMap::Make(Input.Scaling, ends, Length, Options.Orientation, Twisted);
+    const TKxAxisMap map = TKxAxisMap::Make(Input.Scaling, ends, Length, Options.Side.Orientation(), Twisted);
     return CalculateTicks(ends, map, Options);
 }
 
