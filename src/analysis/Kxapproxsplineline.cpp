@@ -1,5 +1,7 @@
 #include <kxgraph/analysis/Kxapproxsplineline.h>
 
+#include <kxgraph/platform/objects/published.h>
+
 namespace kx {
 
 TKxApproxSplineFunction::TKxApproxSplineFunction(TComponent* Owner)
@@ -8,21 +10,13 @@ TKxApproxSplineFunction::TKxApproxSplineFunction(TComponent* Owner)
 TKxApproxSplineFunction::TKxApproxSplineFunction(TComponent* Owner, std::unique_ptr<TKxApproxSpline> Spline)
     : TKxInterpolatedFunction(Owner, std::move(Spline)), FSpline(static_cast<TKxApproxSpline&>(Polynom())) {}
 
-void TKxApproxSplineFunction::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxInterpolatedFunction::WriteToIni(Ini, Section);
-    Ini.WriteReal(Section, "WeightFactor", FSpline.WeightFactor);
-}
-
-void TKxApproxSplineFunction::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxInterpolatedFunction::ReadFromIni(Ini, Section);
-    SetWeightFactor(Ini.ReadReal(Section, "WeightFactor", 1.0));
-}
-
 const TPropertyTable& TKxApproxSplineFunction::Properties() {
     using T = TKxApproxSplineFunction;
     static const TPropertyTable table(
         "TKxApproxSplineFunction", &TKxCalculatedSeries::Properties(),
-        {Published<&T::GetWeightFactor, &T::SetWeightFactor>("WeightFactor", 1.0, "multiplies all weights")});
+        {Published<&T::GetWeightFactor, &T::SetWeightFactor>("WeightFactor", 1.0, "multiplies all weights")
+             .IfMissing(1.0)},
+        {"WeightFactor"});
     return table;
 }
 

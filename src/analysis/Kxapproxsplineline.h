@@ -15,9 +15,6 @@ public:
     double GetWeightFactor() const { return FSpline.WeightFactor; }
     void SetWeightFactor(double Factor) { ChangeSetting(FSpline.WeightFactor, Factor); }
 
-    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
-    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
-
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
 

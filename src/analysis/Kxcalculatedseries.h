@@ -106,7 +106,6 @@ public:
     void AddResultLabel(TKxResultListener* Label);
     void RemoveResultLabel(TKxResultListener* Label);
 
-    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
     void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
     bool IsCalculated() const override { return true; }
 
@@ -174,6 +173,7 @@ private:
     void ChangeAutomatic(bool& Field, bool Auto);
     void SettingChanged();
     void Join(TKxNotCalculatedSeries* Parent);
+    void LoadParent(TKxNotCalculatedSeries* Parent);
     void Leave();
     void LoseResults();
     void LoseData();
@@ -200,10 +200,6 @@ private:
     std::size_t PixelsBetween(double Start, double Stop) const;
     std::size_t MostPixels() const;
     bool IsLogarithmicX() const { return GetXAxis() && GetXAxis()->GetScaling() != AxNormal; }
-    template <class F>
-    static void ForStoredFlags(F Action);
-    template <class F>
-    static void ForStoredLimits(F Action);
 
     bool FAutoStart = true, FAutoStop = true, FDisplayAutoStart = true, FDisplayAutoStop = true;
     bool FCoupleCalculationAndDisplay = true, FParentWeight = true;

@@ -2,52 +2,18 @@
 
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 
+#include <kxgraph/platform/objects/published.h>
+
 namespace kx {
 
-template <class F>
-void TKxCalculatedSeries::ForStoredFlags(F Action) {
-    using T = TKxCalculatedSeries;
-    Action("ParentWeight", &T::FParentWeight);
-    Action("AutoStart", &T::FAutoStart);
-    Action("AutoStop", &T::FAutoStop);
-    Action("CoupleCalcAndDisplay", &T::FCoupleCalculationAndDisplay);
-    Action("DisplayAutoStart", &T::FDisplayAutoStart);
-    Action("DisplayAutoStop", &T::FDisplayAutoStop);
-}
-
-template <class F>
-void TKxCalculatedSeries::ForStoredLimits(F Action) {
-    using T = TKxCalculatedSeries;
-    Action("CalcStart", &T::FCalculationStart);
-    Action("CalcStop", &T::FCalculationStop);
-    Action("DisplayStart", &T::FDisplayStart);
-    Action("DisplayStop", &T::FDisplayStop);
-}
-
-void TKxCalculatedSeries::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxSeries::WriteToIni(Ini, Section);
-    Ini.WriteComponentRef(Section, "ParentSeries", FParentSeries);
-    ForStoredFlags([&](const char* Key, auto Field) { Ini.WriteBool(Section, Key, this->*Field); });
-    Ini.WriteString(Section, "Calculation", GetCalculationID());
-    Ini.WriteString(Section, "Formula", GetFormula());
-    ForStoredLimits([&](const char* Key, auto Field) { Ini.WriteReal(Section, Key, this->*Field); });
-}
-
-// Straight into the fields: a setter would switch off the automatic that was read before. The calculation
-// kind and the formula stand in the file for its reader.
 void TKxCalculatedSeries::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
     TKxSeries::ReadFromIni(Ini, Section);
-    auto* parent = FParentSeries;
-    Ini.ReadComponentRef(Section, "ParentSeries", parent);
-    if (parent != FParentSeries) {
-        Leave();
-        Join(parent);
-    }
-    ForStoredFlags(
-        [&](const char* Key, auto Field) { this->*Field = Ini.ReadBool(Section, Key, this->*Field); });
-    ForStoredLimits(
-        [&](const char* Key, auto Field) { this->*Field = Ini.ReadReal(Section, Key, this->*Field); });
     ParentModified();
+}
+
+void TKxCalculatedSeries::LoadParent(TKxNotCalculatedSeries* Parent) {
+    Leave();
+    Join(Parent);
 }
 
 namespace {
@@ -63,6 +29,8 @@ TProperty End(TProperty Property) {
 
 } // namespace
 
+// Outfits go straight into the fields: a setter would switch off the automatic that was read before. The
+// calculation kind and the formula stand in the file for its reader.
 const TPropertyTable& TKxCalculatedSeries::Properties() {
     static const TPropertyTable table(
         "TKxCalculatedSeries", &TKxSeries::Properties(),
@@ -70,31 +38,49 @@ const TPropertyTable& TKxCalculatedSeries::Properties() {
             PublishedObject<&T::GetAreaStyle>("AreaStyle", "the area between curve and zero"),
             Published<&T::GetWeight, &T::SetWeight>("Weight", nullptr, "own weights of the parent's points"),
             Published<&T::GetParentSeries, &T::SetParentSeries>("ParentSeries", nullptr,
-                                                                "the series whose data are analysed"),
+                                                                "the series whose data are analysed")
+                .LoadedBy(Into<&T::LoadParent>()),
             Published<&T::GetParentWeight, &T::SetParentWeight>("ParentWeight", true,
-                                                                "takes the weights of the parent"),
+                                                                "takes the weights of the parent")
+                .LoadedBy(Into<&T::FParentWeight>()),
             Published<&T::GetAutoStart, &T::SetAutoStart>("AutoStart", true,
-                                                          "the calculation starts with the data"),
+                                                          "the calculation starts with the data")
+                .LoadedBy(Into<&T::FAutoStart>()),
             Published<&T::GetAutoStop, &T::SetAutoStop>("AutoStop", true,
-                                                        "the calculation stops with the data"),
+                                                        "the calculation stops with the data")
+                .LoadedBy(Into<&T::FAutoStop>()),
             Published<&T::GetDisplayAutoStart, &T::SetDisplayAutoStart>(
                 "DisplayAutoStart", true,
-                "the curve starts with the X axis, an integral with its calculation"),
+                "the curve starts with the X axis, an integral with its calculation")
+                .LoadedBy(Into<&T::FDisplayAutoStart>()),
             Published<&T::GetDisplayAutoStop, &T::SetDisplayAutoStop>("DisplayAutoStop", true,
-                                                                      "the curve stops with the X axis"),
+                                                                      "the curve stops with the X axis")
+                .LoadedBy(Into<&T::FDisplayAutoStop>()),
             Published<&T::GetCoupleCalculationAndDisplay, &T::SetCoupleCalcAndDisplay>(
-                "CoupleCalculationAndDisplay", true, "the curve is shown where it is calculated"),
+                "CoupleCalculationAndDisplay", true, "the curve is shown where it is calculated")
+                .WithKey("CoupleCalcAndDisplay")
+                .LoadedBy(Into<&T::FCoupleCalculationAndDisplay>()),
             End<&T::GetAutoStart>(Published<&T::GetCalculationStart, &T::SetCalculationStart>(
-                "CalculationStart", std::monostate{}, "smallest x that takes part")),
+                                      "CalculationStart", std::monostate{}, "smallest x that takes part"))
+                .WithKey("CalcStart")
+                .LoadedBy(Into<&T::FCalculationStart>()),
             End<&T::GetAutoStop>(Published<&T::GetCalculationStop, &T::SetCalculationStop>(
-                "CalculationStop", std::monostate{}, "largest x that takes part")),
+                                     "CalculationStop", std::monostate{}, "largest x that takes part"))
+                .WithKey("CalcStop")
+                .LoadedBy(Into<&T::FCalculationStop>()),
             End<&T::GetDisplayAutoStart>(Published<&T::GetDisplayStart, &T::SetDisplayStart>(
-                "DisplayStart", std::monostate{}, "where the curve starts")),
+                                             "DisplayStart", std::monostate{}, "where the curve starts"))
+                .LoadedBy(Into<&T::FDisplayStart>()),
             End<&T::GetDisplayAutoStop>(Published<&T::GetDisplayStop, &T::SetDisplayStop>(
-                "DisplayStop", std::monostate{}, "where the curve stops")),
+                                            "DisplayStop", std::monostate{}, "where the curve stops"))
+                .LoadedBy(Into<&T::FDisplayStop>()),
             PublishedEvent<&T::OnCalculated>("OnCalculated", "a calculation has come to its end"),
             PublishedEvent<&T::OnError>("OnError", "a calculation has failed"),
-        });
+        },
+        {"ParentSeries", "ParentWeight", "AutoStart", "AutoStop", "CoupleCalculationAndDisplay",
+         "DisplayAutoStart", "DisplayAutoStop", ReadOnly<&T::GetCalculationID>("Calculation"),
+         ReadOnly<&T::GetFormula>("Formula"), "CalculationStart", "CalculationStop", "DisplayStart",
+         "DisplayStop"});
     return table;
 }
 

@@ -97,8 +97,6 @@ public:
     /// Delta(a), ...; and R2 = 1 - sum of |w| r^2 / Syy, unless y are all equal or a coefficient has that
     /// name.
     void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
-    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
-    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
@@ -115,6 +113,8 @@ protected:
     static bool IsImproved(double Sum, double Before) { return Before - Sum > CLeastImprovement * Before; }
 
 private:
+    std::vector<double> KeptCoefficients() const;
+    void LoadCoefficients(const std::vector<double>& Values);
     static constexpr double CLeastImprovement = 1e-8;
     template <class F>
     static TKxFittingBlockFkt InBlocks(F Function) {

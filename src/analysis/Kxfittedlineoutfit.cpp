@@ -2,6 +2,7 @@
 
 #include <kxgraph/analysis/Kxfittedline.h>
 #include <kxgraph/numeric/Kxstrings.h>
+#include <kxgraph/platform/objects/published.h>
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
@@ -53,25 +54,12 @@ void TKxFittedLine::WriteNamed(TKxIniList& List, const AnsiString& Section) cons
     if (std::isfinite(FDetermination) && !isTaken("R2")) List.WriteReal(Section, "R2", FDetermination);
 }
 
-void TKxFittedLine::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxCalculatedSeries::WriteToIni(Ini, Section);
-    Ini.WriteString(Section, "Formula", FExpression);
-    Ini.WriteInteger(Section, "Order", GetOrder());
-    Ini.WriteInteger(Section, "Iterations", FIterations);
-    Ini.WriteReal(Section, "ChiSquare", FChiSquare);
-    Ini.WriteBool(Section, "CheckConvergence", FCheckConvergence);
-    Ini.WriteRealArray(Section, "Coefs", FCoefficients.Data(), FCoefficients.High());
+std::vector<double> TKxFittedLine::KeptCoefficients() const {
+    return {FCoefficients.begin(), FCoefficients.end()};
 }
 
-void TKxFittedLine::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxCalculatedSeries::ReadFromIni(Ini, Section);
-    // What was saved with another function is of no use as coefficients of this one.
-    const AnsiString saved = Ini.ReadString(Section, "Coefs", "");
-    if (std::count(saved.begin(), saved.end(), ';') == FCoefficients.High())
-        Ini.ReadRealArray(Section, "Coefs", FCoefficients.Data(), FCoefficients.High());
-    FIterations = Ini.ReadInteger(Section, "Iterations", FIterations);
-    FCheckConvergence = Ini.ReadBool(Section, "CheckConvergence", FCheckConvergence);
-    SetExpression(Ini.ReadString(Section, "Formula", FExpression));
+void TKxFittedLine::LoadCoefficients(const std::vector<double>& Values) {
+    std::copy(Values.begin(), Values.end(), FCoefficients.begin());
 }
 
 const TPropertyTable& TKxFittedLine::Properties() {
@@ -81,16 +69,22 @@ const TPropertyTable& TKxFittedLine::Properties() {
         {
             Published<&T::GetDoCovariance, &T::SetDoCovariance>("DoCovariance", false,
                                                                 "the covariance form of the goodness"),
-            Published<&T::GetIterations, &T::SetIterations>("Iterations", 1000, "budget of the simplex"),
-            Published<&T::GetOrder, &T::SetOrder>("Order", 0, "number of coefficients"),
+            Published<&T::GetIterations, &T::SetIterations>("Iterations", 1000, "budget of the simplex")
+                .LoadedBy(Into<&T::FIterations>()),
+            Published<&T::GetOrder, &T::SetOrder>("Order", 0, "number of coefficients").LoadedBy(Unread()),
             Published<&T::GetCheckConvergence, &T::SetCheckConvergence>(
-                "CheckConvergence", false, "does each fit once more to see if it has come to rest"),
+                "CheckConvergence", false, "does each fit once more to see if it has come to rest")
+                .LoadedBy(Into<&T::FCheckConvergence>()),
             PublishedEvent<&T::GetFittingFunction,
                            static_cast<void (T::*)(TKxFittingFkt)>(&T::SetFittingFunction)>(
                 "FittingFunction", "the model that is fitted"),
-            Published<&T::GetExpression, &T::SetExpression>("Expression", "", "the formula as text"),
+            Published<&T::GetExpression, &T::SetExpression>("Expression", "", "the formula as text")
+                .WithKey("Formula"),
             PublishedEvent<&T::OnIteration>("OnIteration", "an iteration of the simplex is done"),
-        });
+        },
+        // Coefficients that were saved with another number of them are of no use.
+        {"Expression", "Order", "Iterations", ReadOnly<&T::GetChiSquare>("ChiSquare"), "CheckConvergence",
+         Kept<&T::KeptCoefficients, &T::LoadCoefficients>("Coefs")});
     return table;
 }
 

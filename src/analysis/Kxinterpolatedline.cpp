@@ -1,5 +1,7 @@
 #include <kxgraph/analysis/Kxinterpolatedline.h>
 
+#include <kxgraph/platform/objects/published.h>
+
 namespace kx {
 
 namespace {
@@ -49,27 +51,20 @@ void TKxAkimaFunction::SetSmoothM(double SmoothM) {
     ChangeSetting(FAkima.SmoothM, SmoothM);
 }
 
-void TKxAkimaFunction::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxInterpolatedFunction::WriteToIni(Ini, Section);
-    Ini.WriteBool(Section, "DoSmoothing", FAkima.Smooth);
-    Ini.WriteReal(Section, "SmoothM", FAkima.SmoothM);
-}
-
-void TKxAkimaFunction::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxInterpolatedFunction::ReadFromIni(Ini, Section);
-    FAkima.Smooth = Ini.ReadBool(Section, "DoSmoothing", false);
-    FAkima.SmoothM = Ini.ReadReal(Section, "SmoothM", 0.0);
-}
-
 const TPropertyTable& TKxAkimaFunction::Properties() {
     using T = TKxAkimaFunction;
     static const TPropertyTable table(
         "TKxAkimaFunction", &TKxCalculatedSeries::Properties(),
         {
-            Published<&T::GetDoSmoothing, &T::SetDoSmoothing>("DoSmoothing", false, "smooths the data first"),
+            Published<&T::GetDoSmoothing, &T::SetDoSmoothing>("DoSmoothing", false, "smooths the data first")
+                .LoadedBy(Into<&T::LoadSmoothing>())
+                .IfMissing(false),
             Published<&T::GetSmoothM, &T::SetSmoothM>(
-                "SmoothM", 0.0, "half the base of the smoothing average, units of x or decades"),
-        });
+                "SmoothM", 0.0, "half the base of the smoothing average, units of x or decades")
+                .LoadedBy(Into<&T::LoadSmoothM>())
+                .IfMissing(0.0),
+        },
+        {"DoSmoothing", "SmoothM"});
     return table;
 }
 

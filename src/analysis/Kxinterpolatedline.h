@@ -47,9 +47,6 @@ public:
     double GetSmoothM() const { return FAkima.SmoothM; }
     void SetSmoothM(double SmoothM);
 
-    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
-    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
-
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
 
@@ -57,6 +54,8 @@ protected:
     void PreparePolynom() override;
 
 private:
+    void LoadSmoothing(bool DoSmoothing) { FAkima.Smooth = DoSmoothing; }
+    void LoadSmoothM(double SmoothM) { FAkima.SmoothM = SmoothM; }
     TKxAkimaFunction(TComponent* Owner, std::unique_ptr<TKxAkima> Akima);
 
     TKxAkima& FAkima; ///< the polynomial

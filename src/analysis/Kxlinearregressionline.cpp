@@ -1,7 +1,7 @@
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 
 #include <kxgraph/numeric/Kxarithm.h>
-#include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/platform/objects/published.h>
 
 #include <cmath>
 #include <limits>
@@ -147,35 +147,24 @@ std::vector<AnsiString> TKxLinearRegressionLine::KeysWithoutValue() const {
     return keys;
 }
 
-void TKxLinearRegressionLine::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxCalculatedSeries::WriteToIni(Ini, Section);
-    Ini.WriteBool(Section, "DoFixedOffset", FDoFixedOffset);
-    Ini.WriteReal(Section, "Offset", FFit.Offset);
-    detail::WriteOutfitValue(Ini, Section, "WeightMeaning", FWeightMeaning);
-    Ini.WriteBool(Section, "Markers", FMarkers);
-}
-
-void TKxLinearRegressionLine::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxCalculatedSeries::ReadFromIni(Ini, Section);
-    FDoFixedOffset = Ini.ReadBool(Section, "DoFixedOffset", FDoFixedOffset);
-    FFit.Offset = Ini.ReadReal(Section, "Offset", FFit.Offset);
-    FWeightMeaning = detail::ReadOutfitValue(Ini, Section, "WeightMeaning", FWeightMeaning, FWeightMeaning);
-    FMarkers = Ini.ReadBool(Section, "Markers", FMarkers);
-}
-
 const TPropertyTable& TKxLinearRegressionLine::Properties() {
     using T = TKxLinearRegressionLine;
     static const TPropertyTable table(
         "TKxLinearRegressionLine", &TKxCalculatedSeries::Properties(),
         {
             Published<&T::GetDoFixedOffset, &T::SetDoFixedOffset>("DoFixedOffset", false,
-                                                                  "the line keeps the given offset"),
-            Published<&T::GetOffset, &T::SetFixedOffset>("Offset", 0.0, "the fixed offset"),
+                                                                  "the line keeps the given offset")
+                .LoadedBy(Into<&T::FDoFixedOffset>()),
+            Published<&T::GetOffset, &T::SetFixedOffset>("Offset", 0.0, "the fixed offset")
+                .LoadedBy(Into<&T::LoadOffset>()),
             Published<&T::GetWeightMeaning, &T::SetWeightMeaning>("WeightMeaning", wmCounts,
-                                                                  "what weights say"),
+                                                                  "what weights say")
+                .LoadedBy(Into<&T::FWeightMeaning>()),
             Published<&T::GetMarkers, &T::SetMarkers>("Markers", true,
-                                                      "results that data leave open have markers"),
-        });
+                                                      "results that data leave open have markers")
+                .LoadedBy(Into<&T::FMarkers>()),
+        },
+        {"DoFixedOffset", "Offset", "WeightMeaning", "Markers"});
     return table;
 }
 

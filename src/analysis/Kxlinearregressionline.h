@@ -48,8 +48,6 @@ public:
     void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
     /// Keys that the results lack because the data leave them open.
     std::vector<AnsiString> KeysWithoutValue() const;
-    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
-    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
@@ -58,6 +56,7 @@ protected:
     void CalculateFunction() override;
 
 private:
+    void LoadOffset(double Offset) { FFit.Offset = Offset; }
     /// A result; unknown when it is a marker.
     struct TValue {
         const char* Key;

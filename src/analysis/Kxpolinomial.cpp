@@ -1,7 +1,7 @@
 #include <kxgraph/analysis/Kxpolinomial.h>
 
 #include <kxgraph/numeric/Kxstrings.h>
-#include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/platform/objects/published.h>
 
 #include <algorithm>
 #include <limits>
@@ -27,6 +27,10 @@ void TKxPolynomLine::StoreOrder(int Order) {
     FFit = {};
     FFit.Order = std::clamp(Order, CLowestOrder, std::numeric_limits<int>::max() - 1);
     FFit.Coefficients.SetLength(FFit.Order + 1);
+}
+
+void TKxPolynomLine::LoadOrder(int Order) {
+    if (Order != FFit.Order) StoreOrder(Order);
 }
 
 void TKxPolynomLine::SetOrder(int Order) {
@@ -77,26 +81,15 @@ void TKxPolynomLine::WriteResults(TKxIniList& List, const AnsiString& Section) c
     for (int i = 0; i <= FFit.Order; ++i) real(numbered("DeltaCoeff", i), FFit.DeltaCoefficients[i]);
 }
 
-void TKxPolynomLine::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxCalculatedSeries::WriteToIni(Ini, Section);
-    Ini.WriteInteger(Section, "Order", FFit.Order);
-    detail::WriteOutfitValue(Ini, Section, "WeightMeaning", FWeightMeaning);
-}
-
-void TKxPolynomLine::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxCalculatedSeries::ReadFromIni(Ini, Section);
-    const int order = Ini.ReadInteger(Section, "Order", FFit.Order);
-    if (order != FFit.Order) StoreOrder(order);
-    FWeightMeaning = detail::ReadOutfitValue(Ini, Section, "WeightMeaning", FWeightMeaning, FWeightMeaning);
-}
-
 const TPropertyTable& TKxPolynomLine::Properties() {
     using T = TKxPolynomLine;
     static const TPropertyTable table(
         "TKxPolynomLine", &TKxCalculatedSeries::Properties(),
-        {Published<&T::GetOrder, &T::SetOrder>("Order", CLowestOrder, "degree of the polynomial"),
-         Published<&T::GetWeightMeaning, &T::SetWeightMeaning>("WeightMeaning", wmCounts,
-                                                               "what weights say")});
+        {Published<&T::GetOrder, &T::SetOrder>("Order", CLowestOrder, "degree of the polynomial")
+             .LoadedBy(Into<&T::LoadOrder>()),
+         Published<&T::GetWeightMeaning, &T::SetWeightMeaning>("WeightMeaning", wmCounts, "what weights say")
+             .LoadedBy(Into<&T::FWeightMeaning>())},
+        {"Order", "WeightMeaning"});
     return table;
 }
 

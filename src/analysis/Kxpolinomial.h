@@ -34,8 +34,6 @@ public:
     /// so scaled by the reduced chi-square. AdjR2 and DeltaCoeff are written where N > Order + 1. Where
     /// weights are precisions N of all but Points leaves out the points of weight 0.
     void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
-    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
-    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
@@ -45,6 +43,7 @@ protected:
 
 private:
     void StoreOrder(int Order);
+    void LoadOrder(int Order);
 
     TKxPolynomRegessionResults FFit;
     TKxWeightMeaning FWeightMeaning = wmCounts;

@@ -1,7 +1,7 @@
 #pragma once
 // What the weights of a fit's points say.
 
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/typenames.h>
 
 #include <array>
 

@@ -11,7 +11,7 @@
 
 #include <kxgraph/platform/base/dynarray.h>
 #include <kxgraph/platform/drawing/canvas.h>
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/typenames.h>
 #include <kxgraph/platform/text/text.h>
 
 #include <cstdint>

@@ -1,5 +1,7 @@
 #include <kxgraph/annotation/Kxlabel.h>
 
+#include <kxgraph/platform/objects/published.h>
+
 #include <algorithm>
 
 namespace kx {

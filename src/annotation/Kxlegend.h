@@ -6,6 +6,7 @@
 #include <kxgraph/graph/Kxgraph2d.h>
 #include <kxgraph/graph/Kxgraphitems.h>
 #include <kxgraph/platform/controls/controls.h>
+#include <kxgraph/platform/objects/typenames.h>
 #include <kxgraph/series/Kxdraw.h>
 
 #include <memory>

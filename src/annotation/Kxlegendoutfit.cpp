@@ -2,57 +2,30 @@
 
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/platform/objects/published.h>
 
 namespace kx {
 
 namespace {
 
-/// The colour of a legend that follows its parent is not its own, and must not become it.
-TKxOutfitEntry<TKxLegend> OwnColor() {
-    return {"Color",
-            [](const TKxLegend& L, std::string_view Section, std::string_view Key, TKxIniList& Ini) {
-                Ini.WriteInteger(Section, Key, L.GetColor());
-            },
-            [](TKxLegend& L, std::string_view Section, std::string_view Key, const TKxIniList& Ini) {
-                if (Ini.ReadBool(Section, "ParentColor", false)) return;
-                const TColor color = Ini.ReadInteger(Section, Key, L.GetColor());
-                if (color != L.GetColor()) L.SetColor(color);
-            }};
+void SetOtherColor(TKxLegend& Legend, TColor Color) {
+    if (Color != Legend.GetColor()) Legend.SetColor(Color);
 }
 
-const TKxOutfit<TKxLegend>& LegendOutfit() {
-    using T = TKxLegend;
-    constexpr auto font = static_cast<TFont& (TControl::*)()>(&TControl::GetFont);
-    static const TKxOutfit<T> table{
-        Outfit<&T::GetPlacement, &T::SetPlacement>("Placement"),
-        Outfit<&T::GetColumns, &T::SetColumns>("Columns"),
-        Outfit<&T::GetSampleWidth, &T::SetSampleWidth>("SampleWidth"),
-        Outfit<&T::GetGap, &T::SetGap>("Gap"),
-        OutfitLine<&T::GetFrameLine>("FrameLine"),
-        Outfit<&T::GetTransparent, &T::SetTransparent>("Transparent"),
-        Outfit<&T::GetParentColor, &T::SetParentColor>("ParentColor"),
-        OwnColor(),
-        OutfitFont<font>("Font"),
-        Outfit<&T::GetAutoSize, &T::SetAutoSize>("AutoSize"),
-        Outfit<&T::GetShowTitle, &T::SetShowTitle>("ShowTitle"),
-        Outfit<&T::GetCaption, &T::SetCaption>("Caption"),
-        Outfit<&T::GetVisible, &T::SetVisible>("Visible"),
-        Outfit<&T::GetLeft, &T::SetLeft>("Left"),
-        Outfit<&T::GetTop, &T::SetTop>("Top"),
-        Outfit<&T::GetWidth, &T::SetWidth>("Width"),
-        Outfit<&T::GetHeight, &T::SetHeight>("Height"),
-    };
-    return table;
+/// The colour of a legend that follows its parent is not its own, and must not become it.
+void SetOwnColor(TKxLegend& Legend, TColor Color) {
+    if (!Legend.GetParentColor()) SetOtherColor(Legend, Color);
 }
 
 } // namespace
 
-void TKxLegend::SaveOutfit(const std::string& Section, TKxIniList& Ini) {
-    SaveOutfitTable(*this, LegendOutfit(), Section, Ini);
-}
+void TKxLegend::SaveOutfit(const std::string& Section, TKxIniList& Ini) { SaveRows(*this, Section, Ini); }
 
 void TKxLegend::LoadOutfit(const std::string& Section, TKxIniList& Ini) {
-    LoadOutfitTable(*this, LegendOutfit(), Section, Ini);
+    LoadRows(*this, Section, Ini);
+    // A colour that stands there alone is the legend's own.
+    if (!Ini.ReadBool(Section, "ParentColor", false))
+        SetOtherColor(*this, Ini.ReadInteger(Section, "Color", GetColor()));
 }
 
 const TPropertyTable& TKxLegend::Properties() {
@@ -76,7 +49,10 @@ const TPropertyTable& TKxLegend::Properties() {
                                                           "shows Caption above the entries"),
             Published<&T::GetCaption, &T::SetCaption>("Caption", "", "rich title"),
             PublishedEvent<&T::OnEntryClick>("OnEntryClick", "an entry was clicked"),
-        });
+        },
+        {"Placement", "Columns", "SampleWidth", "Gap", "FrameLine", "Transparent", "ParentColor",
+         Kept<&T::GetColor, &SetOwnColor>("Color"), "Font", "AutoSize", "ShowTitle", "Caption", "Visible",
+         "Left", "Top", "Width", "Height"});
     return table;
 }
 

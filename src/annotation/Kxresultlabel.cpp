@@ -1,6 +1,7 @@
 #include <kxgraph/annotation/Kxresultlabel.h>
 
 #include <kxgraph/numeric/Kxstrings.h>
+#include <kxgraph/platform/objects/published.h>
 
 #include <algorithm>
 

@@ -3,6 +3,7 @@
 
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 #include <kxgraph/annotation/Kxlabel.h>
+#include <kxgraph/platform/objects/typenames.h>
 
 namespace kx {
 

@@ -3,54 +3,21 @@
 #include <kxgraph/graph/Kxaxis.h>
 
 #include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/platform/objects/published.h>
 
 namespace kx {
 
 namespace {
 
-const TKxOutfit<TKxAxis>& AxisOutfit() {
-    static const TKxOutfit<TKxAxis> table{
-        OutfitFont<&TKxAxis::GetAxisFont>("Font"),
-        OutfitFont<&TKxAxis::GetAxisCaptionFont>("CaptionFont"),
-        Outfit<&TKxAxis::GetDoUserCaption, &TKxAxis::SetDoUserCaption>("DoUserCaption"),
-        Outfit<&TKxAxis::GetUserCaption, &TKxAxis::SetUserCaption>("UserCaption"),
-        Outfit<&TKxAxis::GetVisible, &TKxAxis::SetVisible>("Visible"),
-        Outfit<&TKxAxis::GetTwisted, &TKxAxis::SetTwisted>("Twisted"),
-        Outfit<&TKxAxis::GetShowCaption, &TKxAxis::SetShowCaption>("ShowCaption"),
-        Outfit<&TKxAxis::GetShowScaleLabels, &TKxAxis::SetShowScaleLabels>("ShowScaleLabels"),
-        Outfit<&TKxAxis::GetMajorTickLength, &TKxAxis::SetMajorTickLength>("MajorTickLength"),
-        Outfit<&TKxAxis::GetTickLength, &TKxAxis::SetTickLength>("TickLength"),
-        Outfit<&TKxAxis::GetStartEnd, &TKxAxis::SetStartEnd>("StartEnd"),
-        Outfit<&TKxAxis::GetStopEnd, &TKxAxis::SetStopEnd>("StopEnd"),
-        Outfit<&TKxAxis::GetKeptStart, &TKxAxis::SetStart>("Start"),
-        Outfit<&TKxAxis::GetKeptStop, &TKxAxis::SetStop>("Stop"),
-        Outfit<&TKxAxis::GetBorderCaptionGap, &TKxAxis::SetBorderCaptionGap>("BorderCaptionGap"),
-        Outfit<&TKxAxis::GetCaptionScalingsGap, &TKxAxis::SetCaptionScalingsGap>("CaptionScalingsGap"),
-        Outfit<&TKxAxis::GetScalingsTicksGap, &TKxAxis::SetScalingsTicksGap>("ScalingsTicksGap"),
-        Outfit<&TKxAxis::GetValuesTicksGap, &TKxAxis::SetValuesTicksGap>("ValuesTicksGap"),
-        Outfit<&TKxAxis::GetAxisColor, &TKxAxis::SetAxisColor>("AxisColor"),
-        Outfit<&TKxAxis::GetMajorTickColor, &TKxAxis::SetMajorTickColor>("MajorTickColor"),
-        Outfit<&TKxAxis::GetTickColor, &TKxAxis::SetTickColor>("TickColor"),
-        Outfit<&TKxAxis::GetAutoTicks, &TKxAxis::SetAutoTicks>("AutoTicks"),
-        Outfit<&TKxAxis::GetTickPart, &TKxAxis::SetTickPart>("TickPart"),
-        Outfit<&TKxAxis::GetMajorTickPart, &TKxAxis::SetMajorTickPart>("MajorTickPart"),
-        Outfit<&TKxAxis::GetLabelPart, &TKxAxis::SetLabelPart>("LabelPart"),
-        Outfit<&TKxAxis::GetScaling, &TKxAxis::SetScaling>("Scaling"),
-    };
-    return table;
-}
-
 bool HasOwnTicks(const TPersistent& Object) { return static_cast<const TKxAxis&>(Object).IsNotAutoTicks(); }
 
 } // namespace
 
-void TKxAxis::SaveOutfit(const AnsiString& Section, TKxIniList& Ini) const {
-    SaveOutfitTable(*this, AxisOutfit(), Section, Ini);
-}
+void TKxAxis::SaveOutfit(const AnsiString& Section, TKxIniList& Ini) const { SaveRows(*this, Section, Ini); }
 
 void TKxAxis::LoadOutfit(const AnsiString& Section, TKxIniList& Ini) {
     ForgetZooms(); // what is kept is the unzoomed view
-    LoadOutfitTable(*this, AxisOutfit(), Section, Ini);
+    LoadRows(*this, Section, Ini);
     FUnzoomed.IsRound = true;
 }
 
@@ -129,7 +96,33 @@ const TPropertyTable& TKxAxis::Properties() {
                                                                           "caption shown with DoUserCaption"),
             Published<&TKxAxis::GetDoUserCaption, &TKxAxis::SetDoUserCaption>(
                 "DoUserCaption", false, "UserCaption goes before the automatic caption"),
-        });
+        },
+        {"Font",
+         "CaptionFont",
+         "DoUserCaption",
+         "UserCaption",
+         "Visible",
+         "Twisted",
+         "ShowCaption",
+         "ShowScaleLabels",
+         "MajorTickLength",
+         "TickLength",
+         "StartEnd",
+         "StopEnd",
+         Kept<&TKxAxis::GetKeptStart, &TKxAxis::SetStart>("Start"),
+         Kept<&TKxAxis::GetKeptStop, &TKxAxis::SetStop>("Stop"),
+         "BorderCaptionGap",
+         "CaptionScalingsGap",
+         "ScalingsTicksGap",
+         "ValuesTicksGap",
+         "AxisColor",
+         "MajorTickColor",
+         "TickColor",
+         "AutoTicks",
+         "TickPart",
+         "MajorTickPart",
+         "LabelPart",
+         "Scaling"});
     return table;
 }
 

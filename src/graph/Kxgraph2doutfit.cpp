@@ -4,28 +4,11 @@
 #include <kxgraph/graph/Kxgraph2d.h>
 
 #include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/platform/objects/published.h>
 
 namespace kx {
 
 namespace {
-
-const TKxOutfit<TKx2DGraph>& GraphOutfit() {
-    using T = TKx2DGraph;
-    static const TKxOutfit<T> table{
-        Outfit<&T::GetShowTitle, &T::SetShowTitle>("ShowTitle"),
-        Outfit<&T::GetCaption, &T::SetCaption>("Caption"),
-        OutfitFont<&T::GetGraphFont>("Font"),
-        Outfit<&T::GetColor, &T::SetColor>("Color"),
-        Outfit<&T::GetDataColor, &T::SetDataColor>("DataColor"),
-        Outfit<&T::GetZeroOrigin, &T::SetZeroOrigin>("ZeroOrigin"),
-        OutfitLine<&T::GetFrameLine>("FrameLine"),
-        OutfitLine<&T::GetMajorGridX>("MajorGridX"),
-        OutfitLine<&T::GetMinorGridX>("MinorGridX"),
-        OutfitLine<&T::GetMajorGridY>("MajorGridY"),
-        OutfitLine<&T::GetMinorGridY>("MinorGridY"),
-    };
-    return table;
-}
 
 AnsiString SeriesSection(const AnsiString& Section, int Number) {
     return Section + ".Series(" + std::to_string(Number) + ")";
@@ -35,7 +18,7 @@ AnsiString SeriesSection(const AnsiString& Section, int Number) {
 
 void TKx2DGraph::SaveOutfit(const AnsiString& Section, TKxIniList& Ini) {
     FWorld->ReorderSeriesList();
-    SaveOutfitTable(*this, GraphOutfit(), Section, Ini);
+    SaveRows(*this, Section, Ini);
     for (const TKxAxis* axis : GetAxes()) axis->SaveOutfit(Section + "." + axis->GetName(), Ini);
     Ini.WriteInteger(Section, "SeriesCount", GetSeriesList().GetCount());
     int number = 0;
@@ -45,7 +28,7 @@ void TKx2DGraph::SaveOutfit(const AnsiString& Section, TKxIniList& Ini) {
 
 void TKx2DGraph::LoadOutfit(const AnsiString& Section, TKxIniList& Ini) {
     FWorld->ReorderSeriesList();
-    LoadOutfitTable(*this, GraphOutfit(), Section, Ini);
+    LoadRows(*this, Section, Ini);
     for (TKxAxis* axis : GetAxes()) axis->LoadOutfit(Section + "." + axis->GetName(), Ini);
     // Reading an axis reference may move a series to another graph: the list is walked as it was.
     const std::vector<TKxGraphSeries*> list(GetSeriesList().begin(), GetSeriesList().end());
@@ -82,7 +65,9 @@ const TPropertyTable& TKx2DGraph::Properties() {
             Published<&T::GetShowTitle, &T::SetShowTitle>("ShowTitle", false, "shows Caption as a title"),
             Published<&T::GetCaption, &T::SetCaption>("Caption", "", "rich title"),
             Published<&T::GetMargin, &T::SetMargin>("Margin", 0, "pixels kept free at each side"),
-        });
+        },
+        {"ShowTitle", "Caption", "Font", "Color", "DataColor", "ZeroOrigin", "FrameLine", "MajorGridX",
+         "MinorGridX", "MajorGridY", "MinorGridY"});
     return table;
 }
 

@@ -4,7 +4,7 @@
 
 #include <kxgraph/graph/Kxside.h>
 #include <kxgraph/platform/drawing/geometry.h>
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/typenames.h>
 
 #include <array>
 #include <cmath>

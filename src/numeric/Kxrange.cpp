@@ -1,5 +1,7 @@
 #include <kxgraph/numeric/Kxrange.h>
 
+#include <kxgraph/platform/objects/published.h>
+
 namespace kx {
 
 void TRange::SetStart(double Start) {

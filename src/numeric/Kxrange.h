@@ -3,7 +3,7 @@
 
 #include <kxgraph/numeric/Kxconsts.h>
 #include <kxgraph/platform/objects/lists.h>
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/persistent.h>
 
 namespace kx {
 

@@ -2,6 +2,7 @@
 
 #include <kxgraph/platform/base/scopedvalue.h>
 #include <kxgraph/platform/objects/ownthread.h>
+#include <kxgraph/platform/objects/published.h>
 
 #include <algorithm>
 #include <climits>

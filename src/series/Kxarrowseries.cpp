@@ -1,6 +1,6 @@
 #include <kxgraph/series/Kxarrowseries.h>
 
-#include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/platform/objects/published.h>
 
 #include <algorithm>
 #include <cmath>
@@ -127,47 +127,25 @@ void TKxArrowSeries::DrawSample(TCanvas& Canvas, const TRect& Rect) {
             std::min(FTipWidth, room));
 }
 
-namespace {
-
-const TKxOutfit<TKxArrowSeries>& ArrowOutfit() {
-    using T = TKxArrowSeries;
-    static const TKxOutfit<T> table{
-        OutfitRef<&T::GetdXData, &T::SetDX>("dX"),
-        OutfitRef<&T::GetdYData, &T::SetDY>("dY"),
-        Outfit<&T::GetTipLength, &T::SetTipLength>("TipLength"),
-        Outfit<&T::GetTipWidth, &T::SetTipWidth>("TipWidth"),
-    };
-    return table;
-}
-
-} // namespace
-
-void TKxArrowSeries::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxNotCalculatedSeries::WriteToIni(Ini, Section);
-    SaveOutfitTable(*this, ArrowOutfit(), Section, Ini);
-}
-
-void TKxArrowSeries::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxNotCalculatedSeries::ReadFromIni(Ini, Section);
-    LoadOutfitTable(*this, ArrowOutfit(), Section, Ini);
-}
-
 const TPropertyTable& TKxArrowSeries::Properties() {
-    using S = TKxSeries;
     using T = TKxArrowSeries;
+    const TPropertyTable& base = TKxSeries::Properties();
     static const TPropertyTable table(
-        "TKxArrowSeries", &TKxSeries::Properties(),
+        "TKxArrowSeries", &base,
         {
-            Published<&S::GetXAxis, &S::SetXAxis>("XAxis", nullptr, "horizontal axis"),
-            Published<&S::GetYAxis, &S::SetYAxis>("YAxis", nullptr, "vertical axis"),
-            Published<&S::GetXData, &S::SetXData>("XData", nullptr, "vector of the x values"),
-            Published<&S::GetYData, &S::SetYData>("YData", nullptr, "vector of the y values"),
-            Published<&S::GetWeight, &S::SetWeight>("Weight", nullptr, "vector of the weights"),
-            Published<&T::GetdXData, &T::SetDX>("dXData", nullptr, "vector of the arrows' x components"),
-            Published<&T::GetdYData, &T::SetDY>("dYData", nullptr, "vector of the arrows' y components"),
+            base.Promoted("XAxis"),
+            base.Promoted("YAxis"),
+            base.Promoted("XData"),
+            base.Promoted("YData"),
+            base.Promoted("Weight"),
+            Published<&T::GetdXData, &T::SetDX>("dXData", nullptr, "vector of the arrows' x components")
+                .WithKey("dX"),
+            Published<&T::GetdYData, &T::SetDY>("dYData", nullptr, "vector of the arrows' y components")
+                .WithKey("dY"),
             Published<&T::GetTipLength, &T::SetTipLength>("TipLength", 10, "length of the head in pixels"),
             Published<&T::GetTipWidth, &T::SetTipWidth>("TipWidth", 3, "half the head's width in pixels"),
-        });
+        },
+        {"dXData", "dYData", "TipLength", "TipWidth"});
     return table;
 }
 

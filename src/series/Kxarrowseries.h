@@ -36,8 +36,6 @@ public:
     void DrawLine(TCanvas& Canvas) override;
     /// One arrow to the right.
     void DrawSample(TCanvas& Canvas, const TRect& Rect) override;
-    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
-    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();

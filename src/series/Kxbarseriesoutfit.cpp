@@ -1,37 +1,9 @@
 // What of a bar series is kept.
 
-#include <kxgraph/persist/Kxoutfit.h>
+#include <kxgraph/platform/objects/published.h>
 #include <kxgraph/series/Kxbarseries.h>
 
 namespace kx {
-
-namespace {
-
-const TKxOutfit<TKxBarSeries>& BarOutfit() {
-    using T = TKxBarSeries;
-    static const TKxOutfit<T> table{
-        Outfit<&T::GetShiftOverlays, &T::SetShiftOverlays>("ShiftOverlays"),
-        Outfit<&T::GetStackOverlays, &T::SetStackOverlays>("StackOverlays"),
-        Outfit<&T::GetShow3DBars, &T::SetShowAs3D>("Show3DBars"),
-        Outfit<&T::GetBarHorizontal, &T::SetBarHorizontal>("BarHorizontal"),
-        Outfit<&T::GetDepthPercent, &T::Set3DDepthPercent>("DepthPercent"),
-        Outfit<&T::GetBarsGapPercent, &T::SetBarsGapPercent>("BarsGapPercent"),
-        Outfit<&T::GetStackSignsApart, &T::SetStackSignsApart>("StackSignsApart"),
-    };
-    return table;
-}
-
-} // namespace
-
-void TKxBarSeries::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxLineSeries::WriteToIni(Ini, Section);
-    SaveOutfitTable(*this, BarOutfit(), Section, Ini);
-}
-
-void TKxBarSeries::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
-    TKxLineSeries::ReadFromIni(Ini, Section);
-    LoadOutfitTable(*this, BarOutfit(), Section, Ini);
-}
 
 const TPropertyTable& TKxBarSeries::Properties() {
     using T = TKxBarSeries;
@@ -52,7 +24,9 @@ const TPropertyTable& TKxBarSeries::Properties() {
                                                                   "depth of boxes in percent of their width"),
             Published<&T::GetBarsGapPercent, &T::SetBarsGapPercent>(
                 "BarsGapPercent", 0.0, "percentage of a bin that stays free, half of it at each side"),
-        });
+        },
+        {"ShiftOverlays", "StackOverlays", "Show3DBars", "BarHorizontal", "DepthPercent", "BarsGapPercent",
+         "StackSignsApart"});
     return table;
 }
 

@@ -39,8 +39,6 @@ public:
 
     TKxPointStyle& GetPointStyle() { return FPointStyle; }
     virtual void DrawPoints(TCanvas& Canvas);
-    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
-    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
@@ -81,8 +79,6 @@ public:
     /// Bars come and go with the symbols, and with them their part in the extents.
     void Modified() override;
     void DrawPoints(TCanvas& Canvas) override;
-    void WriteToIni(TKxIniList& Ini, const AnsiString& Section) override;
-    void ReadFromIni(TKxIniList& Ini, const AnsiString& Section) override;
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();

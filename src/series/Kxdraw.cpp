@@ -2,6 +2,7 @@
 
 #include <kxgraph/numeric/Kxarithm.h>
 #include <kxgraph/platform/controls/controls.h>
+#include <kxgraph/platform/objects/published.h>
 
 #include <cmath>
 
@@ -44,7 +45,8 @@ const TPropertyTable& TKxLineStyle::Properties() {
         {Published<&T::GetVisible, &T::SetVisible>("Visible", true, "Whether the line is drawn"),
          PublishedColor<&T::GetColor, &T::SetColor>("Color", clRed, "Colour of the line"),
          Published<&T::GetStyle, &T::SetStyle>("Style", psSolid, "Solid, dashed or dotted"),
-         Published<&T::GetWidth, &T::SetWidth>("Width", 1, "Width in pixels, at least 0")});
+         Published<&T::GetWidth, &T::SetWidth>("Width", 1, "Width in pixels, at least 0")},
+        {"Visible", "Color", "Style", "Width"});
     return table;
 }
 
@@ -55,9 +57,11 @@ const TPropertyTable& TKxAreaStyle::Properties() {
         {Published<&T::GetVisible, &T::SetVisible>("Visible", true, "Whether the area is filled"),
          Published<&T::GetDrawXOred, &T::SetDrawXOred>(
              "DrawXOred", true,
-             "Whether the area is drawn in XOR mode, so that what lies below shows through"),
+             "Whether the area is drawn in XOR mode, so that what lies below shows through")
+             .WithKey("DrawXORed"),
          PublishedColor<&T::GetColor, &T::SetColor>("Color", clGray, "Colour of the area"),
-         Published<&T::GetStyle, &T::SetStyle>("Style", bsSolid, "Solid or hatched")});
+         Published<&T::GetStyle, &T::SetStyle>("Style", bsSolid, "Solid or hatched")},
+        {"Visible", "Color", "Style", "DrawXOred"});
     return table;
 }
 
@@ -70,7 +74,9 @@ const TPropertyTable& TKxPointStyle::Properties() {
          Published<&T::GetStyle, &T::SetStyle>("Style", SyCircle, "Shape of the symbol"),
          Published<&T::GetSize, &T::SetSize>("Size", T::CDefaultSize,
                                              "Pixels from the centre to the outer edge"),
-         Published<&T::GetWidth, &T::SetWidth>("Width", 1, "Width of the outline in pixels, at least 0")});
+         Published<&T::GetWidth, &T::SetWidth>("Width", 1, "Width of the outline in pixels, at least 0")
+             .WithKey("With")}, // Kept: files are spelled so
+        {"Visible", "Color", "Size", "Width", "Style"});
     return table;
 }
 

@@ -3,7 +3,8 @@
 // and three-dimensional bars. Everything here is in pixels; values become pixels on the axes.
 
 #include <kxgraph/platform/drawing/canvas.h>
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/persistent.h>
+#include <kxgraph/platform/objects/typenames.h>
 
 namespace kx {
 

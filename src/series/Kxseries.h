@@ -110,6 +110,7 @@ public:
 
     // Children: series computed from this one; owned by the form.
     const std::vector<TKxSeries*>& GetChildren() const { return FChildren; }
+    int GetChildCount() const { return int(FChildren.size()); }
     void AddChild(TKxSeries* Child);
     void RemoveChild(TKxSeries* Child);
     std::vector<TKxGraphSeries*> GetChildSeries() const override {
@@ -125,6 +126,7 @@ public:
     void DrawSample(TCanvas& Canvas, const TRect& Rect) override;
     bool IsCalculated() const override { return false; }
 
+    /// What the class keeps (see Kxoutfit.h), and each child in a section of its own.
     virtual void WriteToIni(TKxIniList& Ini, const AnsiString& Section);
     virtual void ReadFromIni(TKxIniList& Ini, const AnsiString& Section);
     void SaveOutfit(const std::string& Section, TKxIniList& Ini) override { WriteToIni(Ini, Section); }

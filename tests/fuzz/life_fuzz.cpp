@@ -16,6 +16,7 @@
 #include <kxgraph/annotation/Kxresultlabel.h>
 #include <kxgraph/graph/Kxgraph2d.h>
 #include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/objects/propertytext.h>
 #include <kxgraph/series/Kxarrowseries.h>
 #include <kxgraph/series/Kxbarseries.h>
 #include <kxgraph/series/Kxdataseries.h>

@@ -4,6 +4,7 @@
 
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/annotation/Kxresultlabel.h>
+#include <kxgraph/platform/objects/propertytext.h>
 #include <kxgraph/series/Kxarrowseries.h>
 #include <kxgraph/svg/Kxsvgdevice.h>
 

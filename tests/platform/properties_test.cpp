@@ -1,4 +1,5 @@
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/propertytext.h>
+#include <kxgraph/platform/objects/published.h>
 
 #include "support/errors.h"
 

@@ -7,6 +7,7 @@
 #include <kxgraph/annotation/Kxcaption.h>
 #include <kxgraph/platform/controls/frame.h>
 #include <kxgraph/platform/host/application.h>
+#include <kxgraph/platform/objects/propertytext.h>
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>

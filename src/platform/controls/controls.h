@@ -5,6 +5,7 @@
 #include <kxgraph/platform/drawing/canvas.h>
 #include <kxgraph/platform/host/host.h>
 #include <kxgraph/platform/objects/component.h>
+#include <kxgraph/platform/objects/typenames.h>
 
 #include <string>
 #include <vector>

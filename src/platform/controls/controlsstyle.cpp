@@ -1,6 +1,7 @@
 #include <kxgraph/platform/base/scopedvalue.h>
 #include <kxgraph/platform/controls/controls.h>
 #include <kxgraph/platform/controls/popupmenu.h>
+#include <kxgraph/platform/objects/published.h>
 
 namespace kx {
 

@@ -1,5 +1,7 @@
 #include <kxgraph/platform/controls/customlabel.h>
 
+#include <kxgraph/platform/objects/published.h>
+
 namespace kx {
 
 TCustomLabel::TCustomLabel(TComponent* Owner) : TGraphicControl(Owner) {}

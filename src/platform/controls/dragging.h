@@ -3,7 +3,7 @@
 
 #include <kxgraph/platform/base/event.h>
 #include <kxgraph/platform/drawing/geometry.h>
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/typenames.h>
 
 #include <array>
 

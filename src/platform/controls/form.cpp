@@ -3,6 +3,7 @@
 #include <kxgraph/platform/base/scopedvalue.h>
 #include <kxgraph/platform/controls/frame.h>
 #include <kxgraph/platform/host/application.h>
+#include <kxgraph/platform/objects/published.h>
 
 namespace kx {
 
@@ -96,7 +97,7 @@ void TForm::HostClosed() {
     Guarded([&] { OnClose(this); });
 }
 
-const TPropertyTable& TForm::PublishedProperties() const {
+const TPropertyTable& TForm::Properties() {
     using C = TForm;
     static const TPropertyTable table(
         "TForm", &TControl::Properties(),

@@ -2,6 +2,7 @@
 // A form: the windowed control at the top of a tree, shown in a window of the host.
 
 #include <kxgraph/platform/controls/controls.h>
+#include <kxgraph/platform/objects/typenames.h>
 
 namespace kx {
 
@@ -39,7 +40,8 @@ public:
     TNotifyEvent OnClose;
     TEvent<TControl*, int, std::string_view, TShiftState> OnKeyDown;
 
-    const TPropertyTable& PublishedProperties() const override;
+    const TPropertyTable& PublishedProperties() const override { return Properties(); }
+    static const TPropertyTable& Properties();
 
 protected:
     void Paint() override;

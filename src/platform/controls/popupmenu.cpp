@@ -1,5 +1,7 @@
 #include <kxgraph/platform/controls/popupmenu.h>
 
+#include <kxgraph/platform/objects/published.h>
+
 namespace kx {
 
 TPopupMenu::TPopupMenu(TComponent* Owner) : TComponent(Owner) {}

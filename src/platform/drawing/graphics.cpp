@@ -1,6 +1,7 @@
 #include <kxgraph/platform/drawing/graphics.h>
 
 #include <kxgraph/platform/drawing/geometry.h>
+#include <kxgraph/platform/objects/published.h>
 
 #include <cmath>
 #include <tuple>
@@ -88,6 +89,11 @@ TProperty FontStyleProperty() {
     return style;
 }
 
+/// A height that no whole number of points gives must not change by reading the size that it rounds to.
+void SetOtherSize(TFont& Font, int Size) {
+    if (Size != Font.GetSize()) Font.SetSize(Size);
+}
+
 } // namespace
 
 const TPropertyTable& TFont::PublishedProperties() const {
@@ -103,13 +109,15 @@ const TPropertyTable& TFont::PublishedProperties() const {
          Published<&TFont::GetName, &TFont::SetName>("Name", always, "Name of the typeface"),
          Published<&TFont::GetPitch, &TFont::SetPitch>("Pitch", always, "Whether all characters are as wide"),
          FontStyleProperty(),
-         Published<&TFont::GetSize, &TFont::SetSize>("Size", always, "Height in points", never),
+         Published<&TFont::GetSize, &TFont::SetSize>("Size", always, "Height in points", never)
+             .LoadedBy(Into<&SetOtherSize>()),
          Published<&TFont::GetBold, &TFont::SetBold>("Bold", always, "fsBold of Style", never),
          Published<&TFont::GetItalic, &TFont::SetItalic>("Italic", always, "fsItalic of Style", never),
          Published<&TFont::GetUnderline, &TFont::SetUnderline>("Underline", always, "fsUnderline of Style",
                                                                never),
          Published<&TFont::GetStrikeOut, &TFont::SetStrikeOut>("StrikeOut", always, "fsStrikeOut of Style",
-                                                               never)});
+                                                               never)},
+        {"Name", "Charset", "Color", "Size", "Bold", "Italic", "Underline", "StrikeOut"});
     return table;
 }
 

@@ -3,7 +3,8 @@
 
 #include <kxgraph/platform/base/event.h>
 #include <kxgraph/platform/drawing/geometry.h>
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/persistent.h>
+#include <kxgraph/platform/objects/typenames.h>
 #include <kxgraph/platform/text/colors.h>
 
 #include <algorithm>

@@ -4,6 +4,7 @@
 
 #include <kxgraph/platform/base/event.h>
 #include <kxgraph/platform/drawing/screentext.h>
+#include <kxgraph/platform/objects/typenames.h>
 
 #include <memory>
 #include <string>

@@ -1,6 +1,7 @@
 #include <kxgraph/platform/host/timer.h>
 
 #include <kxgraph/platform/host/application.h>
+#include <kxgraph/platform/objects/published.h>
 
 #include <algorithm>
 
@@ -32,7 +33,7 @@ void TTimer::Tick() {
     Guarded([this] { OnTimer(); });
 }
 
-const TPropertyTable& TTimer::PublishedProperties() const {
+const TPropertyTable& TTimer::Properties() {
     using C = TTimer;
     static const TPropertyTable table(
         "TTimer", &TComponent::Properties(),

@@ -18,7 +18,8 @@ public:
     void SetEnabled(bool Enabled);
     TEvent<> OnTimer;
 
-    const TPropertyTable& PublishedProperties() const override;
+    const TPropertyTable& PublishedProperties() const override { return Properties(); }
+    static const TPropertyTable& Properties();
 
 private:
     void Restart();

@@ -2,6 +2,7 @@
 
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/objects/guarded.h>
+#include <kxgraph/platform/objects/published.h>
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
@@ -224,23 +225,13 @@ void TComponent::Loaded() {}
 const TPropertyTable& TComponent::PublishedProperties() const { return Properties(); }
 
 const TPropertyTable& TComponent::Properties() {
-    static const TPropertyTable table = [] {
-        // The name stands beside the class wherever a component is stored.
-        const auto never = [](const TPersistent&) { return false; };
-        TProperty tag;
-        tag.Name = "Tag";
-        tag.Kind = TPropertyKind::Integer;
-        tag.Get = [](const TPersistent& O) { return std::int64_t{static_cast<const TComponent&>(O).Tag}; };
-        tag.Set = [](TPersistent& O, const TPropertyValue& Value) {
-            static_cast<TComponent&>(O).Tag = static_cast<int>(std::get<std::int64_t>(Value));
-        };
-        tag.Default = std::int64_t{0};
-        tag.Help = "A number that is free for the program";
-        return TPropertyTable("TComponent", nullptr,
-                              {Published<&TComponent::GetName, &TComponent::SetName>(
-                                   "Name", std::monostate{}, "Name that is unique within the owner", never),
-                               std::move(tag)});
-    }();
+    // The name stands beside the class wherever a component is stored.
+    const auto never = [](const TPersistent&) { return false; };
+    static const TPropertyTable table(
+        "TComponent", nullptr,
+        {Published<&TComponent::GetName, &TComponent::SetName>("Name", std::monostate{},
+                                                               "Name that is unique within the owner", never),
+         Published<&TComponent::Tag, &TComponent::Tag>("Tag", 0, "A number that is free for the program")});
     return table;
 }
 

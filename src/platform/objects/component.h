@@ -1,7 +1,7 @@
 #pragma once
 // Components: named objects that own one another, find one another, and are told when another one goes.
 
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/persistent.h>
 
 #include <memory>
 #include <string>

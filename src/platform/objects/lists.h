@@ -2,7 +2,7 @@
 // The two lists that components share: pointers in order, and lines of text.
 
 #include <kxgraph/platform/base/exceptions.h>
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/persistent.h>
 
 #include <cstddef>
 #include <string>

@@ -1,4 +1,4 @@
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/propertytext.h>
 
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/objects/component.h>
@@ -12,52 +12,6 @@
 #include <utility>
 
 namespace kx {
-
-void TPersistent::Assign(const TPersistent& Source) {
-    throw EConvertError("Cannot assign a " + Source.ClassName() + " to a " + ClassName());
-}
-
-const TPropertyTable& TPersistent::PublishedProperties() const {
-    static const TPropertyTable table("TPersistent", nullptr, {});
-    return table;
-}
-
-std::string TPersistent::ClassName() const { return std::string(PublishedProperties().GetClassName()); }
-
-TPropertyTable::TPropertyTable(std::string_view ClassName, const TPropertyTable* Base,
-                               std::vector<TProperty> Properties)
-    : FClassName(ClassName), FBase(Base), FOwn(std::move(Properties)) {}
-
-const TProperty* TPropertyTable::Find(std::string_view Name) const {
-    for (const TPropertyTable* table = this; table; table = table->FBase)
-        for (const TProperty& property : table->FOwn)
-            if (SameText(property.Name, Name)) return &property;
-    return nullptr;
-}
-
-std::vector<const TProperty*> TPropertyTable::All() const {
-    std::vector<const TProperty*> all;
-    if (FBase) all = FBase->All();
-    for (const TProperty& own : FOwn) {
-        const auto before = std::find_if(all.begin(), all.end(), [&](const TProperty* Property) {
-            return SameText(Property->Name, own.Name);
-        });
-        if (before == all.end())
-            all.push_back(&own);
-        else
-            *before = &own;
-    }
-    return all;
-}
-
-bool IsStored(const TPersistent& Object, const TProperty& Property) {
-    if (!Property.Set || Property.Kind == TPropertyKind::Event) return false; // nothing could read it back
-    if (Property.Stored && !Property.Stored(Object)) return false;
-    return std::holds_alternative<std::monostate>(Property.Default) ||
-           Property.Get(Object) != Property.Default;
-}
-
-// Values to text
 
 namespace {
 
@@ -89,6 +43,12 @@ std::string RealText(double Value) {
     return text;
 }
 
+std::string RealsText(const std::vector<double>& Values) {
+    std::string text;
+    for (const double value : Values) (text += text.empty() ? "" : ";") += RealText(value);
+    return text;
+}
+
 } // namespace
 
 std::string PropertyToText(const TProperty& Property, const TPropertyValue& Value) {
@@ -100,6 +60,7 @@ std::string PropertyToText(const TProperty& Property, const TPropertyValue& Valu
     case TPropertyKind::Enumeration: return EnumerationText(Property, std::get<std::int64_t>(Value));
     case TPropertyKind::Flags: return FlagsText(Property, std::get<std::int64_t>(Value));
     case TPropertyKind::Color: return ColorToText(static_cast<TColor>(std::get<std::int64_t>(Value)));
+    case TPropertyKind::Reals: return RealsText(std::get<std::vector<double>>(Value));
     case TPropertyKind::Reference: {
         const TComponent* component = std::get<TComponent*>(Value);
         return component ? component->GetName() : std::string();
@@ -154,6 +115,16 @@ double ParsedReal(std::string_view Label, std::string_view Text) {
     return value;
 }
 
+std::vector<double> ParsedReals(std::string_view Label, std::string_view Text) {
+    std::vector<double> values;
+    for (std::string_view rest = Text; !rest.empty();) {
+        const std::size_t end = std::min(rest.find(';'), rest.size());
+        values.push_back(ParsedReal(Label, Trimmed(rest.substr(0, end))));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return values;
+}
+
 std::int64_t ParsedEnumeration(const TProperty& Property, std::string_view Label, std::string_view Text) {
     if (Property.ValueNames.empty()) return ParsedInteger(Label, Text);
     if (const auto index = IndexOfName(Property, Text)) return *index;
@@ -200,6 +171,7 @@ TPropertyValue Parsed(const TProperty& Property, std::string_view Label, std::st
     case TPropertyKind::Enumeration: return ParsedEnumeration(Property, Label, trimmed);
     case TPropertyKind::Flags: return ParsedFlags(Property, Label, trimmed);
     case TPropertyKind::Color: return ParsedColor(Label, trimmed);
+    case TPropertyKind::Reals: return ParsedReals(Label, trimmed);
     case TPropertyKind::Reference: return ParsedReference(Label, trimmed, Find);
     case TPropertyKind::Event:
         throw EPropertyError(std::string(Label) + " is an event: programs connect it, no text does");
@@ -255,12 +227,6 @@ std::string GetPropertyText(const TPersistent& Object, std::string_view Path) {
     // Tables reach mutable objects; nothing is written here.
     const auto [object, property] = PlaceAt(const_cast<TPersistent&>(Object), Path);
     return PropertyToText(*property, property->Get(*object));
-}
-
-void TEventValue::RaiseOtherType() { throw EPropertyError("The event is of another type than the property"); }
-
-void detail::RaiseWrongClass(std::string_view Name, std::string_view ClassName) {
-    throw EPropertyError(std::string(Name) + " must be a " + std::string(ClassName));
 }
 
 } // namespace kx

@@ -1,9 +1,10 @@
-// The place of forms, and references to components, in a store.
+// Fonts, line styles, area styles and the place of forms in a store, and references to components.
 
-#include <kxgraph/persist/Kxlargeini.h>
 #include <kxgraph/persist/Kxoutfit.h>
+
 #include <kxgraph/platform/controls/form.h>
 #include <kxgraph/platform/host/application.h>
+#include <kxgraph/series/Kxdraw.h>
 
 namespace kx {
 
@@ -21,9 +22,34 @@ void CheckPlacement(TForm& Form) {
 
 } // namespace
 
+void TKxIniList::ReadFont(std::string_view Section, std::string_view Ident, TFont& Font) const {
+    LoadRows(Font, Section, *this, Key(Ident, "."));
+}
+
+void TKxIniList::WriteFont(std::string_view Section, std::string_view Ident, const TFont& Font) {
+    SaveRows(Font, Section, *this, Key(Ident, "."));
+}
+
+void TKxIniList::ReadLine(std::string_view Section, std::string_view Ident, TKxLineStyle& Style) const {
+    LoadRows(Style, Section, *this, Key(Ident, "."));
+}
+
+void TKxIniList::WriteLine(std::string_view Section, std::string_view Ident, const TKxLineStyle& Style) {
+    SaveRows(Style, Section, *this, Key(Ident, "."));
+}
+
+void TKxIniList::ReadArea(std::string_view Section, std::string_view Ident, TKxAreaStyle& Style) const {
+    LoadRows(Style, Section, *this, Key(Ident, "."));
+}
+
+void TKxIniList::WriteArea(std::string_view Section, std::string_view Ident, const TKxAreaStyle& Style) {
+    SaveRows(Style, Section, *this, Key(Ident, "."));
+}
+
 void TKxIniList::ReadFormPrms(std::string_view Section, std::string_view Ident, TForm& Form) const {
-    const auto state = detail::ReadOutfitValue<TWindowState>(*this, Section, Key(Ident, ".State"),
-                                                             Form.GetWindowState(), Form.GetWindowState());
+    const int saved = ReadInteger(Section, Key(Ident, ".State"), -1);
+    const bool isState = saved >= 0 && saved < int(CEnumNames<TWindowState>.size());
+    const TWindowState state = isState ? TWindowState(saved) : Form.GetWindowState();
     const TRect now = Form.GetNormalBounds();
     const int top = ReadInteger(Section, Key(Ident, ".Top"), now.Top);
     const int left = ReadInteger(Section, Key(Ident, ".Left"), now.Left);
