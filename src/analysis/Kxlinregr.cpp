@@ -130,12 +130,14 @@ struct TFit {
     double Counted = 0; ///< what degrees of freedom are counted from
     TLine Means{};
     TMoments About{};
+    bool Negative = false; ///< whether there is a weight below 0
 
     void TakeMeans(double LeastCount) {
         double count = 0, withWeight = 0;
         for (const TBlock& block : Blocks) {
             count += block.Count;
             withWeight += block.WithWeight;
+            Negative |= block.Negative;
         }
         if (count < LeastCount || withWeight == 0) RaiseNotEnoughData();
         Results.Points = static_cast<int>(count);
@@ -147,11 +149,16 @@ struct TFit {
         Results.AverageY = FiniteOrMark(Means.Y.High);
         About = MomentsAbout(Means, Blocks);
     }
+    /// A sum of weighted squares, which rounding can bring below 0.
+    double Squares(double Sum) const { return Sum < 0 && !Negative ? 0 : Sum; }
     /// They stay 0 where they have no value.
     bool StoreVariances() {
         const double divisor = (Counted - 1) * (W / Counted);
-        return !(divisor > 0) ||
-               (Store(Results.VarianceX, About.Xx / divisor) && Store(Results.VarianceY, About.Yy / divisor));
+        return !(divisor > 0) || (Store(Results.VarianceX, Squares(About.Xx) / divisor) &&
+                                  Store(Results.VarianceY, Squares(About.Yy) / divisor));
+    }
+    bool StoreChiSquare(const TLine& Line) {
+        return Store(Results.ChiSquare, Squares(ChiSquareOf(Line, Blocks)));
     }
     bool StoreLine() {
         if (!(W > 0 && About.Xx > 0)) return false;
@@ -160,8 +167,8 @@ struct TFit {
         const auto& [x, y, slope] = line;
         const double offset =
             std::fma(-slope.High, x.High, y.High) + (y.Low - slope.High * x.Low - slope.Low * x.High);
-        if (!(Store(Results.Slope, slope.High) && Store(Results.Offset, offset) &&
-              Store(Results.ChiSquare, ChiSquareOf(line, Blocks)) && StoreVariances()))
+        if (!(Store(Results.Slope, slope.High) && Store(Results.Offset, offset) && StoreChiSquare(line) &&
+              StoreVariances()))
             return false;
         Results.R = Results.Determination = 1;
         if (!(About.Yy > 0)) return Rules.LevelLines;
@@ -184,7 +191,7 @@ struct TFit {
     bool StoreSlopeThroughOffset(TLine Line, const TMoments& AboutOffset) {
         if (!(W > 0 && AboutOffset.Xx > 0)) return false;
         Line.Slope = SlopeThrough(Line, AboutOffset, Blocks);
-        return Store(Results.Slope, Line.Slope.High) && Store(Results.ChiSquare, ChiSquareOf(Line, Blocks));
+        return Store(Results.Slope, Line.Slope.High) && StoreChiSquare(Line);
     }
 };
 

@@ -154,7 +154,8 @@ TBlock BlockOf(const TKxFitPoints& P, const TCentre& Centre) {
     });
     const double count = static_cast<double>(P.Count);
     const double without = Weighted ? static_cast<double>(std::count(P.W, P.W + P.Count, 0.0)) : 0;
-    return {Centre, count, count - without, px, py, qxx, qxy, qyy, slope, rr, rx};
+    const bool negative = Weighted && std::count_if(P.W, P.W + P.Count, [](double W) { return W < 0; }) > 0;
+    return {Centre, count, count - without, px, py, qxx, qxy, qyy, slope, rr, rx, negative};
 }
 
 /// Room for those points of a block that take part, where not all do.

@@ -27,6 +27,7 @@ struct TBlock {
     double Qxx, Qxy, Qyy;
     double Slope;
     double Rr, Rx; ///< sums of r squared, of r dx
+    bool Negative; ///< whether there is a weight below 0, so that sums of squares may be
 };
 
 /// Of the points that take part.

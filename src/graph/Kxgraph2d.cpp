@@ -221,6 +221,8 @@ void TKx2DGraph::StopSettling() {
         for (TKxAxis* axis : GetAxes()) axis->KeepShown();
         CalculateSeries();
     }
+    for (TKxGraphSeries* s : GetSeriesList()) // that which a handler changes in every calculation
+        if (s->NeedsCalculation()) s->KeepShown();
     for (TKxAxis* axis : GetAxes()) axis->KeepShown();
     FNeedsCalculate = false;
 }

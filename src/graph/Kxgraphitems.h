@@ -26,6 +26,8 @@ public:
     virtual void CalculatePoints() = 0;
     /// CalculatePoints of every series that is computed from this one.
     virtual void CalculateChildPoints() = 0;
+    /// Draws the data as they are now, and what was computed from them last, until something changes again.
+    virtual void KeepShown() = 0;
     /// Paints line, points, and then the series that are computed from this one. The canvas has the drawing
     /// world's origin and clip.
     virtual void Draw(TCanvas& Canvas) = 0;

@@ -3,7 +3,7 @@
 // and what stands beside them are written once for all sides.
 
 #include <kxgraph/platform/drawing/geometry.h>
-#include <kxgraph/platform/objects/properties.h>
+#include <kxgraph/platform/objects/typenames.h>
 
 #include <algorithm>
 #include <array>

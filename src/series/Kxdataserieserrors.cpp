@@ -1,6 +1,5 @@
 // Error bars.
 
-#include <kxgraph/platform/drawing/shifting.h>
 #include <kxgraph/series/Kxdataseries.h>
 
 #include <kxgraph/platform/drawing/shifting.h>

@@ -107,6 +107,7 @@ public:
     bool NeedsCalculation() const override;
     void CalculatePoints() override;
     void CalculateChildPoints() override;
+    void KeepShown() override;
 
     // Children: series computed from this one; owned by the form.
     const std::vector<TKxSeries*>& GetChildren() const { return FChildren; }
@@ -249,6 +250,7 @@ private:
     void ForgetData(TKxChannel& Channel);
     bool ExtentsAreStale() const;
     void ForChildren(const std::function<void(TKxSeries*)>& Action);
+    void PlacePoints();
     void UpdateChildren(bool PassOn);
     void ShowCaption(const AnsiString& Caption);
     void OrderChanged();

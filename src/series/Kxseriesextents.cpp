@@ -116,12 +116,25 @@ bool TKxSeries::RefreshExtents() {
 void TKxSeries::CalculatePoints() {
     if (RefreshExtents()) return; // the axes may move: the points are computed in the next round
     const bool wasDirty = FPointsDirty;
+    PlacePoints();
+    UpdateChildren(wasDirty);
+}
+
+void TKxSeries::PlacePoints() {
     if (GetXData() && GetYData() && GetXAxis() && GetYAxis())
         CalculateAllPoints();
     else
         FPointsCount = 0;
     FPointsDirty = false;
-    UpdateChildren(wasDirty);
+}
+
+// Calls no child's calculation and thus no handler, which could change the data again.
+void TKxSeries::KeepShown() {
+    RefreshExtents();
+    PlacePoints();
+    FRangesModified = false;
+    FChildrenScaling = Scaling();
+    for (TKxSeries* child : FChildren) child->KeepShown();
 }
 
 // Children come after their parent here, and before it in the next round: those that this changed are brought

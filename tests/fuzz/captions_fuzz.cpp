@@ -19,16 +19,17 @@ std::string WithoutBackslashes(std::string Text) {
 void DemandParsed(const std::string& Text) {
     const TKxParsedCaption parsed = ParseCaption(Text);
     std::string shown;
-    int last = 0;
+    int last = 0, count = 0; // of the runs: bytes of two that are foreign may make one character together
     for (const auto& run : parsed.Runs) {
         KX_DEMAND(!run.Text.empty() && run.Position > last && run.Position <= parsed.Length);
         last = run.Position + CharacterCount(run.Text) - 1;
         KX_DEMAND(last <= parsed.Length);
+        count += CharacterCount(run.Text);
         shown += run.Text;
     }
     KX_DEMAND(WithoutBackslashes(shown) == parsed.Stripped, +Text);
     KX_DEMAND(parsed.Length == CharacterCount(Text));
-    for (const auto& at : parsed.Switches) KX_DEMAND(at.Index >= 0 && at.Index <= CharacterCount(shown));
+    for (const auto& at : parsed.Switches) KX_DEMAND(at.Index >= 0 && at.Index <= count);
     KX_DEMAND(GetStrippedString(EscapeCaption(Text)) == WithoutBackslashes(Text), +Text);
 }
 
