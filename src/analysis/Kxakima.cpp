@@ -2,6 +2,7 @@
 
 #include <kxgraph/analysis/Kxfitpoints.h>
 #include <kxgraph/analysis/Kxsmoothing.h>
+#include <kxgraph/numeric/Kxlanes.h>
 #include <kxgraph/numeric/Kxsort.h>
 
 #include <algorithm>
@@ -9,10 +10,6 @@
 #include <numeric>
 #include <tuple>
 #include <utility>
-
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
 
 namespace kx {
 
@@ -31,15 +28,12 @@ bool Takes(const TKxFitPoints& P, std::size_t i) { return P.Takes(i) && P.Weight
 bool TakesInOrder(const TKxFitPoints& P, std::size_t Begin, std::size_t End) {
     if (P.W || !Takes(P, Begin) || !Takes(P, End - 1)) return false;
     std::size_t i = Begin + 1;
-#if defined(__SSE2__)
-    __m128d ordered = _mm_cmpeq_pd(_mm_setzero_pd(), _mm_setzero_pd());
-    for (; i + 2 <= End; i += 2) {
-        const __m128d y = _mm_loadu_pd(P.Y + i);
-        ordered = _mm_and_pd(ordered, _mm_cmplt_pd(_mm_loadu_pd(P.X + i - 1), _mm_loadu_pd(P.X + i)));
-        ordered = _mm_and_pd(ordered, _mm_cmpeq_pd(_mm_sub_pd(y, y), _mm_setzero_pd()));
+    TKxLanesMask ordered = ~TKxLanesMask{};
+    for (; i + CLanes <= End; i += CLanes) {
+        const TKxLanes y = LoadLanes(P.Y + i);
+        ordered &= (LoadLanes(P.X + i - 1) < LoadLanes(P.X + i)) & (y - y == 0);
     }
-    if (_mm_movemask_pd(ordered) != 3) return false;
-#endif
+    if (!HoldsForAll(ordered)) return false;
     for (; i < End; ++i)
         if (!(P.X[i - 1] < P.X[i]) || !std::isfinite(P.Y[i])) return false;
     return true;

@@ -22,6 +22,11 @@ TKxFitPoints TKxFitPoints::Of(const TKxCustomRealVector& X, const TKxCustomRealV
     return W ? Of(X.Values(), Y.Values(), W->Values()) : Of(X.Values(), Y.Values());
 }
 
+TKxFitPoints TKxFitPoints::Within(double From, double To) const {
+    constexpr double CLowest = std::numeric_limits<double>::lowest(), CLargest = -CLowest;
+    return {X, Y, W, Count, From < CLowest ? CLowest : From, To > CLargest ? CLargest : To};
+}
+
 TKxFitPoints TKxFitPoints::Part(std::size_t First, std::size_t Most) const {
     return {X + First, Y + First, W ? W + First : nullptr, std::min(Most, Count - First), Start, Stop};
 }

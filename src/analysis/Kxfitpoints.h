@@ -14,12 +14,12 @@ namespace kx {
 /// Raises EMathError "Not enough data!".
 [[noreturn]] void RaiseNotEnoughData();
 
-/// Whether a point takes part: its x lies in Start..Stop, and its numbers are finite. Without a branch, for
-/// loops that copy points.
+/// Whether a point takes part: its x lies in Start..Stop, which are finite, and its numbers are finite, too.
+/// Without a branch, for loops that copy points.
 inline bool TakesPart(double X, double Y, double W, double Start, double Stop) {
     constexpr double CLargest = std::numeric_limits<double>::max();
-    return bool((Start <= X) & (X <= Stop) & (std::abs(X) <= CLargest) & (std::abs(Y) <= CLargest) &
-                (std::abs(W) <= CLargest));
+    const double y = std::abs(Y), w = std::abs(W);
+    return (Start <= X) & (X <= Stop) & (y <= CLargest) & (w <= CLargest);
 }
 
 /// Columns of values and, where W is not null, of weights, and the x that the analysis is limited to. Refers
@@ -29,8 +29,8 @@ struct TKxFitPoints {
     const double* Y = nullptr;
     const double* W = nullptr; ///< null: all weights are 1
     std::size_t Count = 0;
-    double Start = -std::numeric_limits<double>::infinity();
-    double Stop = std::numeric_limits<double>::infinity();
+    double Start = std::numeric_limits<double>::lowest();
+    double Stop = std::numeric_limits<double>::max();
 
     /// As many points as the shortest column has.
     static TKxFitPoints Of(std::span<const double> X, std::span<const double> Y);
@@ -38,7 +38,8 @@ struct TKxFitPoints {
     /// W may be null.
     static TKxFitPoints Of(const TKxCustomRealVector& X, const TKxCustomRealVector& Y,
                            const TKxCustomRealVector* W);
-    TKxFitPoints Within(double From, double To) const { return {X, Y, W, Count, From, To}; }
+    /// Of infinite ends the largest doubles take the place.
+    TKxFitPoints Within(double From, double To) const;
     /// Points First, First + 1, ..., at most Most of them.
     TKxFitPoints Part(std::size_t First, std::size_t Most) const;
 

@@ -1,14 +1,12 @@
 #include <kxgraph/analysis/Kxlinregrblocks.h>
 
+#include <kxgraph/numeric/Kxlanes.h>
+
 #include <algorithm>
 #include <array>
 #include <limits>
 #include <type_traits>
 #include <utility>
-
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
 
 namespace kx::linregr {
 
@@ -18,40 +16,6 @@ constexpr double CInf = std::numeric_limits<double>::infinity();
 // x, y and weights of a block stay in the first-level cache for all passes over it, and a plain sum over a
 // block loses no more than the last bits: each of its four parts adds up a quarter of the block.
 constexpr std::size_t CBlock = 1024;
-
-#if defined(__SSE2__)
-/// Two doubles that are worked on at once.
-struct TPair {
-    __m128d V;
-    TPair(__m128d Both) : V(Both) {}
-    TPair(double Both = 0) : V(_mm_set1_pd(Both)) {}
-    static TPair At(const double* P) { return _mm_loadu_pd(P); }
-    double First() const { return _mm_cvtsd_f64(V); }
-    double Second() const { return _mm_cvtsd_f64(_mm_unpackhi_pd(V, V)); }
-    friend TPair operator+(TPair A, TPair B) { return _mm_add_pd(A.V, B.V); }
-    friend TPair operator-(TPair A, TPair B) { return _mm_sub_pd(A.V, B.V); }
-    friend TPair operator*(TPair A, TPair B) { return _mm_mul_pd(A.V, B.V); }
-};
-// Of a NaN and a bound, the bound: so say the instructions for this order of operands.
-TPair Lower(TPair Value, TPair Bound) { return _mm_min_pd(Value.V, Bound.V); }
-TPair Higher(TPair Value, TPair Bound) { return _mm_max_pd(Value.V, Bound.V); }
-#else
-struct TPair {
-    double A, B;
-    TPair(double Both = 0) : A(Both), B(Both) {}
-    TPair(double First, double Second) : A(First), B(Second) {}
-    static TPair At(const double* P) { return {P[0], P[1]}; }
-    double First() const { return A; }
-    double Second() const { return B; }
-    friend TPair operator+(TPair P, TPair Q) { return {P.A + Q.A, P.B + Q.B}; }
-    friend TPair operator-(TPair P, TPair Q) { return {P.A - Q.A, P.B - Q.B}; }
-    friend TPair operator*(TPair P, TPair Q) { return {P.A * Q.A, P.B * Q.B}; }
-};
-double Lower(double Value, double Bound) { return Value < Bound ? Value : Bound; }
-double Higher(double Value, double Bound) { return Value > Bound ? Value : Bound; }
-TPair Lower(TPair Value, TPair Bound) { return {Lower(Value.A, Bound.A), Lower(Value.B, Bound.B)}; }
-TPair Higher(TPair Value, TPair Bound) { return {Higher(Value.A, Bound.A), Higher(Value.B, Bound.B)}; }
-#endif
 
 /// The weight of a point where there are no weights.
 struct TOne {
@@ -72,7 +36,7 @@ V ValueAt(const double* P) {
     if constexpr (std::is_same_v<V, double>)
         return *P;
     else
-        return V::At(P);
+        return LoadLanes(P);
 }
 
 template <bool Weighted, class V>
@@ -87,31 +51,28 @@ auto ValuesAt(const TKxFitPoints& P, std::size_t Index) {
 /// N sums at once over all points; AddTo adds the terms of one point, or of a pair of them, to an array.
 template <bool Weighted, std::size_t N, class F>
 std::array<double, N> Sums(const TKxFitPoints& P, F AddTo) {
-    std::array<TPair, N> even{}, odd{}; // two chains of additions, for one would wait for itself
+    std::array<TKxLanes, N> even{}, odd{}; // two chains of additions, for one would wait for itself
     std::size_t i = 0;
     for (; i + 4 <= P.Count; i += 4) {
-        AddTo(even, ValuesAt<Weighted, TPair>(P, i));
-        AddTo(odd, ValuesAt<Weighted, TPair>(P, i + 2));
+        AddTo(even, ValuesAt<Weighted, TKxLanes>(P, i));
+        AddTo(odd, ValuesAt<Weighted, TKxLanes>(P, i + 2));
     }
     std::array<double, N> sums;
-    for (std::size_t k = 0; k < N; ++k) {
-        const TPair both = even[k] + odd[k];
-        sums[k] = both.First() + both.Second();
-    }
+    for (std::size_t k = 0; k < N; ++k) sums[k] = SumOfLanes(even[k] + odd[k]);
     for (; i < P.Count; ++i) AddTo(sums, ValuesAt<Weighted, double>(P, i));
     return sums;
 }
 
 /// Lowest and highest x, NaNs left out.
 std::pair<double, double> ExtentX(const TKxFitPoints& P) {
-    TPair low = CInf, high = -CInf;
+    TKxLanes low = AllLanes(CInf), high = AllLanes(-CInf);
     for (std::size_t i = 0; i < P.Count; ++i) {
         // The last one of an odd count is paired with itself.
-        const TPair x = i + 1 < P.Count ? TPair::At(P.X + i++) : TPair(P.X[i]);
+        const TKxLanes x = i + 1 < P.Count ? LoadLanes(P.X + i++) : AllLanes(P.X[i]);
         low = Lower(x, low);
         high = Higher(x, high);
     }
-    return {std::min(low.First(), low.Second()), std::max(high.First(), high.Second())};
+    return {std::min(low[0], low[1]), std::max(high[0], high[1])};
 }
 
 template <bool Weighted>

@@ -1,22 +1,15 @@
 #include <kxgraph/analysis/Kxpolyregrsums.h>
 
+#include <kxgraph/numeric/Kxlanes.h>
+
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <limits>
 
 namespace kx {
 
 namespace {
 
-#if defined(__GNUC__)
-typedef double TLanes __attribute__((vector_size(16)));
-#else
-using TLanes = double;
-#endif
-using TPairs = TKxDoubledOf<TLanes>;
-
-constexpr std::size_t CLanes = sizeof(TLanes) / sizeof(double);
 constexpr std::size_t CBlock = 128; // points; what is held of them stays in the first cache
 constexpr double CLargest = std::numeric_limits<double>::max();
 
@@ -59,16 +52,7 @@ void ForEachBlock(const TKxFitPoints& Points, F&& Use) {
     }
 }
 
-TLanes Load(const double* Values) {
-    TLanes lanes;
-    std::memcpy(&lanes, Values, sizeof lanes);
-    return lanes;
-}
-
-TLanes Broadcast(double Value) { return TLanes{} + Value; }
-TPairs Broadcast(TKxDoubled Value) { return {Broadcast(Value.Hi), Broadcast(Value.Lo)}; }
-
-TKxDoubled SumOfLanes(TPairs Sums) {
+TKxDoubled SumOfLanes(TKxDoubledLanes Sums) {
     double high[CLanes], low[CLanes];
     std::memcpy(high, &Sums.Hi, sizeof high);
     std::memcpy(low, &Sums.Lo, sizeof low);
@@ -79,20 +63,20 @@ TKxDoubled SumOfLanes(TPairs Sums) {
 
 /// A factor of many products: a pair whose higher double is split already.
 struct TFactor {
-    TLanes Hi, Lo;
-    TPairs Halves;
+    TKxLanes Hi, Lo;
+    TKxDoubledLanes Halves;
     TFactor() = default;
-    explicit TFactor(TPairs Value) : Hi(Value.Hi), Lo(Value.Lo), Halves(SplitHalves(Value.Hi)) {}
+    explicit TFactor(TKxDoubledLanes Value) : Hi(Value.Hi), Lo(Value.Lo), Halves(SplitHalves(Value.Hi)) {}
 };
 
 /// A product whose lower double may overlap the higher one by a few bits: each factor adds about one unit.
-inline TPairs LooseProduct(TPairs A, TPairs HalvesA, const TFactor& B) {
-    const TPairs high = TwoProduct(A.Hi, HalvesA, B.Hi, B.Halves);
+inline TKxDoubledLanes LooseProduct(TKxDoubledLanes A, TKxDoubledLanes HalvesA, const TFactor& B) {
+    const TKxDoubledLanes high = TwoProduct(A.Hi, HalvesA, B.Hi, B.Halves);
     return {high.Hi, high.Lo + (A.Hi * B.Lo + A.Lo * B.Hi)};
 }
 
-inline void AddLoosely(TPairs& Sum, TPairs Term) {
-    const TPairs high = TwoSum(Sum.Hi, Term.Hi);
+inline void AddLoosely(TKxDoubledLanes& Sum, TKxDoubledLanes Term) {
+    const TKxDoubledLanes high = TwoSum(Sum.Hi, Term.Hi);
     Sum = {high.Hi, Sum.Lo + (high.Lo + Term.Lo)};
 }
 
@@ -121,16 +105,16 @@ public:
         return SumOfSquaredDifferences();
     }
     TKxDoubled SumOfSquaredDeviations(TKxDoubled Average) {
-        std::fill_n(FP, FCount, Broadcast(Average));
+        std::fill_n(FP, FCount, AllLanes(Average));
         return SumOfSquaredDifferences();
     }
 
 private:
     template <bool WithY>
     void AddPower(TKxDoubled& Powers, TKxDoubled* Products);
-    static TPairs Difference(const TFactor& A, TPairs B) {
-        const TPairs high = TwoSum(A.Hi, -B.Hi);
-        return FastTwoSum<TLanes>(high.Hi, high.Lo + (A.Lo - B.Lo));
+    static TKxDoubledLanes Difference(const TFactor& A, TKxDoubledLanes B) {
+        const TKxDoubledLanes high = TwoSum(A.Hi, -B.Hi);
+        return FastTwoSum<TKxLanes>(high.Hi, high.Lo + (A.Lo - B.Lo));
     }
     TKxDoubled SumOfSquaredDifferences() const;
     void SetPToPolynomial(std::span<const TKxDoubled> Coefficients);
@@ -139,29 +123,29 @@ private:
     std::size_t FCount = 0; // of groups of lanes
     TFactor FT[CGroups];
     TFactor FY[CGroups];
-    TLanes FW[CGroups];
-    TPairs FP[CGroups];
+    TKxLanes FW[CGroups];
+    TKxDoubledLanes FP[CGroups];
 };
 
 void TFitBlock::Set(const TGathered& Points, const TKxFitFrame& Frame) {
     const double scaleX = std::ldexp(1.0, -Frame.ExponentX);
     const double scaleY = std::ldexp(1.0, -Frame.ExponentY);
     const double scaleW = std::ldexp(1.0, -Frame.ExponentW);
-    const TLanes origin = Broadcast(-Frame.Origin * scaleX);
+    const TKxLanes origin = AllLanes(-Frame.Origin * scaleX);
     FCount = (Points.Count + CLanes - 1) / CLanes;
     for (std::size_t i = 0; i < FCount; ++i) {
-        FT[i] = TFactor(TwoSum<TLanes>(Load(Points.X + i * CLanes) * scaleX, origin));
-        FY[i] = TFactor(TPairs(Load(Points.Y + i * CLanes) * scaleY));
-        FW[i] = Load(Points.W + i * CLanes) * scaleW;
+        FT[i] = TFactor(TwoSum<TKxLanes>(LoadLanes(Points.X + i * CLanes) * scaleX, origin));
+        FY[i] = TFactor(TKxDoubledLanes(LoadLanes(Points.Y + i * CLanes) * scaleY));
+        FW[i] = LoadLanes(Points.W + i * CLanes) * scaleW;
     }
 }
 
 template <bool WithY>
 void TFitBlock::AddPower(TKxDoubled& Powers, TKxDoubled* Products) {
-    TPairs powers, products;
+    TKxDoubledLanes powers, products;
     for (std::size_t i = 0; i < FCount; ++i) {
-        const TPairs p = FP[i];
-        const TPairs halves = SplitHalves(p.Hi);
+        const TKxDoubledLanes p = FP[i];
+        const TKxDoubledLanes halves = SplitHalves(p.Hi);
         AddLoosely(powers, p);
         if constexpr (WithY) AddLoosely(products, LooseProduct(p, halves, FY[i]));
         FP[i] = LooseProduct(p, halves, FT[i]);
@@ -171,9 +155,9 @@ void TFitBlock::AddPower(TKxDoubled& Powers, TKxDoubled* Products) {
 }
 
 void TFitBlock::AddSquaresOfY(TKxDoubled& Sum) const {
-    TPairs sum;
+    TKxDoubledLanes sum;
     for (std::size_t i = 0; i < FCount; ++i) {
-        const TPairs product = LooseProduct({FW[i]}, SplitHalves(FW[i]), FY[i]);
+        const TKxDoubledLanes product = LooseProduct({FW[i]}, SplitHalves(FW[i]), FY[i]);
         AddLoosely(sum, LooseProduct(product, SplitHalves(product.Hi), FY[i]));
     }
     Sum += SumOfLanes(sum);
@@ -181,22 +165,22 @@ void TFitBlock::AddSquaresOfY(TKxDoubled& Sum) const {
 
 /// In plain doubles but for the differences: a sum of squares does not cancel.
 TKxDoubled TFitBlock::SumOfSquaredDifferences() const {
-    TLanes sum{};
+    TKxLanes sum{};
     for (std::size_t i = 0; i < FCount; ++i) {
-        const TLanes difference = Difference(FY[i], FP[i]).Hi;
+        const TKxLanes difference = Difference(FY[i], FP[i]).Hi;
         sum += FW[i] * (difference * difference);
     }
     return SumOfLanes({sum});
 }
 
 void TFitBlock::SetPToPolynomial(std::span<const TKxDoubled> Coefficients) {
-    std::fill_n(FP, FCount, Broadcast(Coefficients.back()));
+    std::fill_n(FP, FCount, AllLanes(Coefficients.back()));
     for (std::size_t k = Coefficients.size() - 1; k-- > 0;) {
-        const TPairs coefficient = Broadcast(Coefficients[k]);
+        const TKxDoubledLanes coefficient = AllLanes(Coefficients[k]);
         for (std::size_t i = 0; i < FCount; ++i) {
-            const TPairs product = LooseProduct(FP[i], SplitHalves(FP[i].Hi), FT[i]);
-            const TPairs high = TwoSum(product.Hi, coefficient.Hi);
-            FP[i] = FastTwoSum<TLanes>(high.Hi, high.Lo + (product.Lo + coefficient.Lo));
+            const TKxDoubledLanes product = LooseProduct(FP[i], SplitHalves(FP[i].Hi), FT[i]);
+            const TKxDoubledLanes high = TwoSum(product.Hi, coefficient.Hi);
+            FP[i] = FastTwoSum<TKxLanes>(high.Hi, high.Lo + (product.Lo + coefficient.Lo));
         }
     }
 }

@@ -1,7 +1,7 @@
 #include <kxgraph/analysis/Kxsmoothing.h>
 
 #include <kxgraph/analysis/Kxfitpoints.h>
-#include <kxgraph/numeric/Kxdoubled.h>
+#include <kxgraph/numeric/Kxlanes.h>
 #include <kxgraph/platform/base/matherror.h>
 
 #include <algorithm>
@@ -16,33 +16,17 @@ namespace {
 
 using TValues = std::vector<double>;
 
-/// What is summed up of weights, and of values times weights.
-#if defined(__GNUC__)
-using TLanes [[gnu::vector_size(16)]] = double;
-double WeightOf(TLanes Lanes) { return Lanes[0]; }
-double ValueOf(TLanes Lanes) { return Lanes[1]; }
-#else
-struct TLanes {
-    double Weight, Value;
-    friend TLanes operator+(TLanes a, TLanes b) { return {a.Weight + b.Weight, a.Value + b.Value}; }
-    friend TLanes operator-(TLanes a, TLanes b) { return {a.Weight - b.Weight, a.Value - b.Value}; }
-    friend TLanes operator-(TLanes a) { return {-a.Weight, -a.Value}; }
-    friend TLanes operator*(TLanes a, TLanes b) { return {a.Weight * b.Weight, a.Value * b.Value}; }
-    friend TLanes operator*(TLanes a, double b) { return {a.Weight * b, a.Value * b}; }
-};
-double WeightOf(TLanes Lanes) { return Lanes.Weight; }
-double ValueOf(TLanes Lanes) { return Lanes.Value; }
-#endif
-
-using TPairs = TKxDoubledOf<TLanes>;
+// What is summed up of weights, and of values times weights.
+double WeightOf(TKxLanes Lanes) { return Lanes[0]; }
+double ValueOf(TKxLanes Lanes) { return Lanes[1]; }
 
 /// Sums over points, of 1 and y and of both times the distance t from the anchor.
 struct TSums {
-    TPairs Plain, Moment;
+    TKxDoubledLanes Plain, Moment;
 
     void Add(double t, double y) {
-        Accumulate(Plain, TLanes{1, y});
-        Accumulate(Moment, TLanes{t, t * y});
+        Accumulate(Plain, TKxLanes{1, y});
+        Accumulate(Moment, TKxLanes{t, t * y});
     }
     friend TSums operator+(const TSums& a, const TSums& b) {
         return {a.Plain + b.Plain, a.Moment + b.Moment};
@@ -50,8 +34,8 @@ struct TSums {
 
 private:
     /// Kahan's compensated sum.
-    static void Accumulate(TPairs& Total, TLanes Value) {
-        const TLanes sum = Total.Hi + Value;
+    static void Accumulate(TKxDoubledLanes& Total, TKxLanes Value) {
+        const TKxLanes sum = Total.Hi + Value;
         Total = {sum, Total.Lo + (Value - (sum - Total.Hi))};
     }
 };
@@ -89,14 +73,14 @@ public:
 
     /// Sums of weight * half width, and of that times y, of the points Begin..End-1 for the point Middle,
     /// where Begin <= Split <= End. All lie below Middle (Side is 1) or above (-1).
-    TLanes SumsFor(std::size_t Middle, std::size_t Begin, std::size_t End, double Side) const {
-        if (Begin == End) return TLanes{};
+    TKxLanes SumsFor(std::size_t Middle, std::size_t Begin, std::size_t End, double Side) const {
+        if (Begin == End) return TKxLanes{};
         const TSums &a = FSums[Begin - FFirst], &b = FSums[End - FFirst];
         const double width = FPoints->HalfWidth();
         const double rest = width - Side * FPoints->DistanceOf(Middle, FSplit - 1);
-        const TLanes moment = a.Moment.Hi + b.Moment.Hi + (a.Moment.Lo + b.Moment.Lo);
-        const TLanes plain = a.Plain.Hi + b.Plain.Hi + (a.Plain.Lo + b.Plain.Lo);
-        const TLanes sums = plain * TLanes{rest, rest} + moment * TLanes{Side, Side};
+        const TKxLanes moment = a.Moment.Hi + b.Moment.Hi + (a.Moment.Lo + b.Moment.Lo);
+        const TKxLanes plain = a.Plain.Hi + b.Plain.Hi + (a.Plain.Lo + b.Plain.Lo);
+        const TKxLanes sums = plain * AllLanes(rest) + moment * AllLanes(Side);
         // Digits cancel where most of the points have hardly any weight.
         constexpr double CHarmless = 64;
         const bool cancels = WeightOf(plain) * width > CHarmless * (WeightOf(sums) + width);
@@ -116,13 +100,13 @@ private:
         }
     }
 
-    TLanes ExactSumsFor(std::size_t Middle, const TSums& All, double Side) const {
-        const TLanes side{Side, Side};
+    TKxLanes ExactSumsFor(std::size_t Middle, const TSums& All, double Side) const {
+        const TKxLanes side = AllLanes(Side);
         const TKxDoubled d = TwoSum(FPoints->X[Middle], -FPoints->X[FSplit - 1]);
         const double scale = -Side * FPoints->XScale; // a power of two
         const TKxDoubled rest = TKxDoubled(FPoints->HalfWidth()) + TKxDoubled(d.Hi * scale, d.Lo * scale);
-        const TPairs product = All.Plain * TPairs(TLanes{rest.Hi, rest.Hi}, TLanes{rest.Lo, rest.Lo});
-        return (product + TPairs(All.Moment.Hi * side, All.Moment.Lo * side)).Hi;
+        const TKxDoubledLanes product = All.Plain * AllLanes(rest);
+        return (product + TKxDoubledLanes(All.Moment.Hi * side, All.Moment.Lo * side)).Hi;
     }
 
     const TPoints* FPoints;
@@ -165,7 +149,7 @@ TValues SmoothAscending(double M, std::span<const double> X, std::span<const dou
         while (!points.AreNear(begin, i)) ++begin;
         end = std::max(end, i + 1);
         while (end < X.size() && points.AreNear(i, end)) ++end;
-        const TLanes sums = lower.SumsFor(i, begin, i, 1) + upper.SumsFor(i, i + 1, end, -1);
+        const TKxLanes sums = lower.SumsFor(i, begin, i, 1) + upper.SumsFor(i, i + 1, end, -1);
         const double mean = (own * (Y[i] * points.YScale) + ValueOf(sums)) / (own + WeightOf(sums)) * unscale;
         result[i] = WeightOf(sums) > 0 ? mean : Y[i];
     }

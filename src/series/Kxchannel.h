@@ -2,6 +2,7 @@
 // One direction of a series: a vector, the axis that it is drawn against, and its extent.
 
 #include <kxgraph/graph/Kxaxis.h>
+#include <kxgraph/numeric/Kxconsts.h>
 #include <kxgraph/numeric/Kxrange.h>
 #include <kxgraph/numeric/Kxvector.h>
 
@@ -44,7 +45,7 @@ private:
 struct TKxInterval {
     double Low, High;
 
-    static constexpr TKxInterval Empty() { return {1.7e308, -1.7e308}; }
+    static constexpr TKxInterval Empty() { return {CMaxReal, -CMaxReal}; }
     /// Takes no part.
     static TKxInterval None();
 };
