@@ -24,16 +24,16 @@ public:
     }
     static inline std::string Deaths;
     TComponent* Partner = nullptr;
-    std::function<void()> OnRemoved; ///< called at the next removal
+    std::function<void()> OnRemoved, OnInserted; ///< called at the next one
     int Inserted = 0, Removed = 0;
 
 protected:
     void Notification(TComponent* Component, TOperation Operation) override {
         TComponent::Notification(Component, Operation);
         ++(Operation == opInsert ? Inserted : Removed);
-        if (Operation == opInsert) return;
-        if (Component == Partner) Partner = nullptr;
-        if (const auto action = std::exchange(OnRemoved, nullptr)) action();
+        if (Operation == opRemove && Component == Partner) Partner = nullptr;
+        if (const auto action = std::exchange(Operation == opInsert ? OnInserted : OnRemoved, nullptr))
+            action();
     }
 };
 
@@ -74,11 +74,14 @@ TEST(Component, IndicesFollowEveryMove) {
 
 TEST(Component, OwnersTheirComponentsAndPartnersHearOnceOfComingAndGoing) {
     TWatcher owner(nullptr), other(nullptr), sibling(&owner), inner(&sibling), partner(nullptr);
-    const int inserted = sibling.Inserted;
+    EXPECT_EQ(owner.Inserted, 1);
+    EXPECT_EQ(sibling.Inserted, 1) << "an owner hears of what it owns itself";
+    test::TFaults faults;
+    owner.OnInserted = [] { throw Exception("no"); };
     {
-        TComponent guest(&owner);
-        EXPECT_EQ(sibling.Inserted, inserted + 1);
-        EXPECT_EQ(inner.Inserted, 1);
+        TComponent guest(&owner); // it must not raise, for then it would stay in the list
+        EXPECT_EQ(guest.GetOwner(), &owner);
+        EXPECT_EQ(faults.Text, "no");
         other.InsertComponent(&guest); // moves it
         for (int i = 0; i < 2; ++i) partner.Watch(&guest), sibling.Removed = 0, sibling.Watch(&guest);
     }

@@ -6,6 +6,7 @@
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace kx {
@@ -26,9 +27,11 @@ char UpperLetter(char C) { return C >= 'a' && C <= 'z' ? static_cast<char>(C - '
     throw EComponentError("A component named " + Name + " already exists");
 }
 
+/// Looks from the end: what came last goes first as a rule, and lists may be long.
 template <class T>
 void EraseFrom(std::vector<T*>& List, T* Item) {
-    List.erase(std::remove(List.begin(), List.end(), Item), List.end());
+    const auto found = std::find(List.rbegin(), List.rend(), Item);
+    if (found != List.rend()) List.erase(std::next(found).base());
 }
 
 } // namespace
@@ -70,15 +73,16 @@ void TComponent::TellPartners() {
     }
 }
 
-/// Notification of one listener. A removal must reach the next one whatever this one does; and no partner is
-/// told of the removal of a component that merely changes its owner: it keeps its reference.
+/// Notification of one listener. A removal must reach the next one whatever this one does, and a component
+/// that enters may be in its constructor, which must not fail for it. No partner is told of the removal of a
+/// component that merely changes its owner: it keeps its reference.
 void TComponent::Tell(TComponent* Component, TOperation Operation) {
-    if (Operation != opRemove) return Notification(Component, Operation);
+    const bool keeps = Operation == opRemove && !Component->IsIn(csDestroying) && IsPartner(Component);
     Guarded([&] {
-        if (!Component->IsIn(csDestroying) && IsPartner(Component))
+        if (keeps)
             TComponent::Notification(Component, opRemove); // to those that it owns
         else
-            Notification(Component, opRemove);
+            Notification(Component, Operation);
     });
 }
 
@@ -134,7 +138,7 @@ void TComponent::InsertComponent(TComponent* Component) {
         if (!self || !moved || Component->FOwner != this) return;
     }
     if (IsIn(csDesigning)) Component->SetDesigning(true);
-    Notification(Component, opInsert);
+    Tell(Component, opInsert);
 }
 
 /// Takes it out of the lists, and tells nobody.
@@ -215,6 +219,7 @@ void TComponent::EndLoading() {
 }
 
 void TComponent::Notification(TComponent* Component, TOperation Operation) {
+    if (Operation == opInsert) return;
     // Backwards and by index: a listener may delete components, which moves only those already told.
     for (std::size_t i = FComponents.size(); i-- > 0;)
         if (i < FComponents.size()) FComponents[i]->Tell(Component, Operation);

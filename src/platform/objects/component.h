@@ -81,9 +81,10 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
-    /// Another component enters (opInsert) or goes (opRemove). Overrides call the inherited one first and
-    /// clear the references that point at Component. While the owner is being destroyed, only partners of
-    /// FreeNotification are told.
+    /// Another component goes (opRemove): overrides call the inherited one first and clear the references
+    /// that point at Component. The owner is told, all that it owns and partners of FreeNotification; only
+    /// those while the owner is being destroyed. Or Component, which may be in its constructor, has entered
+    /// this one as its owner (opInsert): nobody else is told of that, or many would take quadratic time.
     virtual void Notification(TComponent* Component, TOperation Operation);
     /// All properties were read.
     virtual void Loaded();
