@@ -71,7 +71,7 @@ const TPropertyTable& TKxFittedLine::Properties() {
                                                                 "the covariance form of the goodness"),
             Published<&T::GetIterations, &T::SetIterations>("Iterations", 1000, "budget of the simplex")
                 .LoadedBy(Into<&T::FIterations>()),
-            Published<&T::GetOrder, &T::SetOrder>("Order", 0, "number of coefficients").LoadedBy(Unread()),
+            Published<&T::GetOrder, &T::SetOrder>("Order", 0, "number of coefficients"),
             Published<&T::GetCheckConvergence, &T::SetCheckConvergence>(
                 "CheckConvergence", false, "does each fit once more to see if it has come to rest")
                 .LoadedBy(Into<&T::FCheckConvergence>()),
@@ -83,8 +83,8 @@ const TPropertyTable& TKxFittedLine::Properties() {
             PublishedEvent<&T::OnIteration>("OnIteration", "an iteration of the simplex is done"),
         },
         // Coefficients that were saved with another number of them are of no use.
-        {"Expression", "Order", "Iterations", ReadOnly<&T::GetChiSquare>("ChiSquare"), "CheckConvergence",
-         Kept<&T::KeptCoefficients, &T::LoadCoefficients>("Coefs")});
+        {"Expression", ReadOnly<&T::GetOrder>("Order"), "Iterations", ReadOnly<&T::GetChiSquare>("ChiSquare"),
+         "CheckConvergence", Kept<&T::KeptCoefficients, &T::LoadCoefficients>("Coefs")});
     return table;
 }
 

@@ -150,17 +150,6 @@ TEST(InterpolatedSeries, SmoothingIsSwitchedOnByItsWidthAndMeasuredOnTheAxis) {
     f.Draw();
     const double w2 = 1 - std::log10(3 / 2.0) / 0.2, w4 = 1 - std::log10(4 / 3.0) / 0.2;
     EXPECT_NEAR(line->GetY(3), (3 * w2 + 3 * w4) / (1 + w2 + w4), 1e-12);
-
-    TKxIniList ini;
-    line->WriteToIni(ini, "L");
-    TKxInterpolatedLine read(f.Form);
-    read.ReadFromIni(ini, "L");
-    EXPECT_TRUE(read.GetDoSmoothing());
-    EXPECT_EQ(read.GetSmoothM(), 0.2);
-    TKxApproxSplineLine spline(f.Form);
-    spline.SetWeightFactor(7);
-    spline.ReadFromIni(ini, "L");
-    EXPECT_EQ(spline.GetWeightFactor(), 1) << "without the key";
 }
 
 TEST(InterpolatedSeries, ResultsHoldTheExtremaThatAreThere) {

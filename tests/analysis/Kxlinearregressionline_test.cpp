@@ -74,16 +74,6 @@ TEST(LinearRegressionLine, HeedsWeightsRangeAndAGivenOffset) {
     f.Draw();
     EXPECT_NEAR(f.Result("Slope"), (1 * 2 + 2 * 3 + 3 * 4) / 14.0, 1e-13);
     EXPECT_EQ(f.Result("Offset"), -1);
-
-    f.Line->SetWeightMeaning(wmPrecisions);
-    f.Line->SetMarkers(false);
-    TKxIniList ini;
-    f.Line->WriteToIni(ini, "L");
-    TKxLinearRegressionLine read(f.Form);
-    read.ReadFromIni(ini, "L");
-    EXPECT_TRUE(read.GetDoFixedOffset());
-    EXPECT_EQ(read.GetOffset(), -1);
-    EXPECT_EQ(std::pair(read.GetWeightMeaning(), read.GetMarkers()), std::pair(wmPrecisions, false));
 }
 
 TEST(LinearRegressionLine, WritesItsKeysInOrderAndTheirNumbers) {

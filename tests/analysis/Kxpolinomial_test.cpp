@@ -50,7 +50,7 @@ TEST(PolynomLine, FitsDrawsAndWritesItsResults) {
     EXPECT_TRUE(std::isnan(f.Result("Coeff(5)"))) << "keys of a higher order are gone";
 }
 
-TEST(PolynomLine, FailuresNameTheSeriesAndAnOutfitKeepsTheOrder) {
+TEST(PolynomLine, FailuresNameTheSeries) {
     TFixture f;
     f.Fit->SetCaption("Parabola");
     f.Fill({{0, 1}, {1, 6}});
@@ -59,15 +59,6 @@ TEST(PolynomLine, FailuresNameTheSeriesAndAnOutfitKeepsTheOrder) {
     EXPECT_EQ(MessageOf<EMathError>([&] { f.Fit->Calculate(); }),
               "Parabola: Cholesky Decomposition ([i,i]): Matrix is not positive definite!");
     EXPECT_EQ(f.Fit->GetCoeff(2), 0);
-    f.Fit->SetOrder(7);
-    f.Fit->SetWeightMeaning(wmPrecisions);
-    TKxIniList ini;
-    f.Fit->WriteToIni(ini, "P");
-    TKxPolynomLine read(f.Form);
-    read.ReadFromIni(ini, "P");
-    EXPECT_EQ(read.GetOrder(), 7);
-    EXPECT_EQ(read.GetWeightMeaning(), wmPrecisions);
-    EXPECT_EQ(read.GetCoeff(7), 0);
 }
 
 TEST(PolynomLine, ADiveTowardsZeroTakesALogarithmicAxisADecadeBeyondTheDataAtMost) {

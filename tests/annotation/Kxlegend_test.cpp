@@ -6,7 +6,6 @@
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 
 #include <algorithm>
-#include <random>
 
 namespace kx {
 namespace {
@@ -419,28 +418,6 @@ TEST(Legend, TheOutfitIsKeptWithTheGraphs) {
     f.Graph->SetColor(clLime);
     f.Legend->LoadOutfit("G.Legend", saved);
     EXPECT_EQ(f.Legend->GetColor(), clLime) << "it still follows its parent";
-}
-
-TEST(Legend, AnyPartMayBeDestroyedBeforeTheOthers) {
-    std::mt19937 random(3);
-    for (int round = 0; round < 150; ++round) {
-        auto* f = new TFixture;
-        auto* series = f->Add("a");
-        auto* fit = new TKxLinearRegressionLine(f->Form);
-        fit->SetParentSeries(series);
-        if (round % 3 == 0) f->Legend->SetParent(f->Form);
-        f->Legend->SetPlacement(TKxLegendPlacement(round % 9));
-        f->Draw();
-        EXPECT_EQ(f->Legend->GetEntryCount(), 2);
-        std::vector<TComponent*> parts{f->Graph, f->Legend, series, fit, f->X, f->XV};
-        std::shuffle(parts.begin(), parts.end(), random);
-        parts.resize(random() % parts.size()); // the form takes the rest along
-        for (TComponent* part : parts) {
-            delete part;
-            f->Draw();
-        }
-        delete f;
-    }
 }
 
 } // namespace

@@ -11,7 +11,6 @@
 #include <functional>
 #include <limits>
 #include <random>
-#include <set>
 
 using namespace kx;
 using namespace kx::test;
@@ -144,41 +143,6 @@ TEST(Graph, dragging_a_rectangle_zooms_and_zooming_back_walks_round) {
     f.Graph->SetAutoZoom(false);
     f.Drag({1, 1}, {50, 50});
     EXPECT_EQ(view(), second);
-}
-
-TEST(Graph, any_part_may_be_destroyed_before_the_others) {
-    struct TLegend : TKxLabel, TKxGraphCompanion {
-        using TKxLabel::TKxLabel;
-        void ItemsModified() override { ++Told; }
-        int Told = 0;
-    };
-    constexpr int CParts = 10;
-    std::mt19937 random(5);
-    for (int round = 0; round < CParts * CParts * 4; ++round) {
-        auto* scene = new TScene;
-        auto* label = new TLegend(scene->Form);
-        label->SetParent(scene->Graph);
-        scene->Graph->RegisterCompanion(label, label);
-        auto* second = scene->AddSeries<TKxDataSeries>();
-        if (round % 2) second->AddChild(scene->Series);
-        TComponent* const parts[CParts] = {scene->XV, scene->YV, scene->DX, scene->DY,     scene->Graph,
-                                           scene->X,  scene->Y,  label,     scene->Series, second};
-        scene->Draw();
-        EXPECT_GT(label->Told, 0);
-        std::vector<int> order{round % CParts, round / CParts % CParts};
-        for (int i = 0; i < CParts; ++i) order.push_back(i);
-        std::shuffle(order.begin() + 2, order.end(), random);
-        order.resize(random() % order.size()); // the form takes the rest along
-        std::set<int> gone;
-        for (const int part : order) {
-            if (!gone.insert(part).second) continue;
-            delete parts[part];
-            for (int i = 0; i < 3; ++i)
-                if (!gone.count(i)) dynamic_cast<TKxLiveVector*>(parts[i])->Add(round);
-            scene->Draw();
-        }
-        delete scene;
-    }
 }
 
 TEST(Graph, a_frame_follows_only_where_something_was_modified) {

@@ -132,25 +132,7 @@ TEST(ArrowSeries, extents_follow_the_tips_of_live_vectors_while_the_line_shows) 
     EXPECT_EQ(f.DY->Listeners().GetCount(), 0);
 }
 
-TEST(ArrowSeries, keeps_its_settings) {
-    TArrowForm f;
-    auto *saved = f.Arrows(), *read = new TKxArrowSeries(f.Form);
-    for (const auto& property : TKxArrowSeries::Properties().GetOwn())
-        EXPECT_EQ(IsStored(*read, property), property.Name == "XAxis" || property.Name == "YAxis")
-            << property.Name;
-    saved->SetTipLength(17);
-    saved->SetTipWidth(-2);
-    TKxIniList ini, again;
-    saved->WriteToIni(ini, "S");
-    read->ReadFromIni(ini, "S");
-    read->WriteToIni(again, "S");
-    EXPECT_EQ(again.GetText(), ini.GetText());
-    EXPECT_EQ(read->GetdXData(), f.DX);
-    EXPECT_EQ(read->GetdYData(), f.DY);
-    EXPECT_EQ(read->GetTipLength() + read->GetTipWidth(), 15);
-}
-
-TEST(ArrowSeries, vectors_may_serve_twice_and_go_first) {
+TEST(ArrowSeries, vectors_may_serve_twice) {
     TArrowForm f;
     auto* arrows = f.AddSeries<TKxArrowSeries>();
     arrows->SetDX(f.XV); // arrows as long as they are far away
@@ -162,13 +144,6 @@ TEST(ArrowSeries, vectors_may_serve_twice_and_go_first) {
     EXPECT_EQ(arrows->GetPointsCount(), 3) << "X is still listened to";
     f.Draw();
     EXPECT_EQ(arrows->GetYRange().GetStop(), 12);
-    arrows->SetDX(f.DX);
-    delete f.DX;
-    delete f.YV;
-    f.Draw();
-    EXPECT_EQ(arrows->GetdXData(), nullptr);
-    EXPECT_EQ(arrows->GetdYData(), nullptr);
-    delete f.Graph;
     delete arrows;
     EXPECT_EQ(f.XV->Listeners().GetCount(), 0);
 }

@@ -427,49 +427,14 @@ TEST(BarSeries, finds_a_bar_by_its_end_but_never_the_last_one) {
     }
 }
 
-TEST(BarSeries, keeps_its_settings_and_fills_in_sample_edges_in_the_designer) {
+TEST(BarSeries, FillsInSampleEdgesInTheDesigner) {
     TBarForm f;
-    auto *saved = f.Bars(f.XV, f.YV), *read = f.Bars(f.XV, f.YV);
-    for (const auto& property : TKxBarSeries::Properties().GetOwn())
-        EXPECT_FALSE(IsStored(*read, property)) << property.Name;
-    saved->SetShowAs3D(true);
-    saved->SetBarHorizontal(true);
-    saved->SetStackOverlays(true);
-    saved->SetStackSignsApart(true);
-    saved->Set3DDepthPercent(12.5);
-    saved->SetBarsGapPercent(33);
-    read->SetShiftOverlays(true);
-    TKxIniList ini, again;
-    saved->WriteToIni(ini, "S");
-    read->ReadFromIni(ini, "S");
-    read->WriteToIni(again, "S");
-    EXPECT_EQ(again.GetText(), ini.GetText());
-    EXPECT_TRUE(read->GetStackOverlays() && read->GetStackSignsApart() && read->GetShow3DBars() &&
-                read->GetBarHorizontal());
-    EXPECT_EQ(read->GetBarsGapPercent() + read->GetDepthPercent(), 45.5);
     f.Form->SetDesigning(true);
     auto *edges = f.Vector(), *values = f.Vector({1, 2});
     f.Bars(edges, values);
     EXPECT_EQ(edges->GetCount(), 11);
     EXPECT_EQ(edges->GetValue(10), 100);
     EXPECT_EQ(values->GetCount(), 2);
-}
-
-TEST(BarSeries, may_go_in_any_order) {
-    for (int first = 0; first < 6; ++first) {
-        TBarForm f;
-        auto *edges = f.Vector({0, 1, 2}), *values = f.Vector({1, 2});
-        std::vector<TComponent*> parts{edges, values, f.Graph};
-        for (int k = 0; k < 3; ++k) {
-            parts.push_back(f.Bars(edges, values));
-            static_cast<TKxBarSeries*>(parts.back())->SetStackOverlays(true);
-        }
-        f.Draw();
-        for (int k = 0; k < 5; ++k) {
-            delete parts[std::size_t((first + k * 5) % 6)];
-            f.Draw();
-        }
-    }
 }
 
 TEST(BarSeries, a_sample_is_one_bar_inside_its_place) {

@@ -213,11 +213,6 @@ TPropertySetter Into() {
     return detail::SetterTo<Target>();
 }
 
-/// Of what is saved for readers of the file alone.
-inline TPropertySetter Unread() {
-    return [](TPersistent&, const TPropertyValue&) {};
-}
-
 /// A function that is called back, read by Getter and written by Setter; or a public member that is an event,
 /// of the class or of a base: PublishedEvent<&TControl::OnClick>(...).
 template <auto Getter, auto Setter = Getter>

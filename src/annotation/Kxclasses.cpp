@@ -1,0 +1,26 @@
+#include <kxgraph/annotation/Kxclasses.h>
+
+#include <kxgraph/analysis/Kxanalysisclasses.h>
+#include <kxgraph/annotation/Kxlabel.h>
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/annotation/Kxresultlabel.h>
+#include <kxgraph/graph/Kxgraphclasses.h>
+#include <kxgraph/numeric/Kxvectorclasses.h>
+#include <kxgraph/platform/controls/controlclasses.h>
+#include <kxgraph/platform/objects/classes.h>
+#include <kxgraph/series/Kxseriesclasses.h>
+
+namespace kx {
+
+void RegisterClasses() {
+    RegisterControlClasses();
+    RegisterVectorClasses();
+    RegisterGraphClasses();
+    RegisterSeriesClasses();
+    RegisterAnalysisClasses();
+    RegisterClass<TKxLabel>("TKxLabel");
+    RegisterClass<TKxLegend>("TKxLegend");
+    RegisterClass<TKxResultLabel>("TKxResultLabel");
+}
+
+} // namespace kx

@@ -1,0 +1,13 @@
+#include <kxgraph/numeric/Kxvectorclasses.h>
+
+#include <kxgraph/numeric/Kxvector.h>
+#include <kxgraph/platform/objects/classes.h>
+
+namespace kx {
+
+void RegisterVectorClasses() {
+    RegisterClass<TKxRealVector>("TKxRealVector");
+    RegisterClass<TKxLiveVector>("TKxLiveVector");
+}
+
+} // namespace kx

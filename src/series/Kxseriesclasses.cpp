@@ -1,0 +1,18 @@
+#include <kxgraph/series/Kxseriesclasses.h>
+
+#include <kxgraph/platform/objects/classes.h>
+#include <kxgraph/series/Kxarrowseries.h>
+#include <kxgraph/series/Kxbarseries.h>
+#include <kxgraph/series/Kxdataseries.h>
+
+namespace kx {
+
+void RegisterSeriesClasses() {
+    RegisterClass<TKxLineSeries>("TKxLineSeries");
+    RegisterClass<TKxDataSeries>("TKxDataSeries");
+    RegisterClass<TKxDataWithErrorSeries>("TKxDataWithErrorSeries");
+    RegisterClass<TKxBarSeries>("TKxBarSeries");
+    RegisterClass<TKxArrowSeries>("TKxArrowSeries");
+}
+
+} // namespace kx
