@@ -87,6 +87,7 @@ void TKxCalculatedSeries::LoseResults() {
     FError.clear();
     SetCurve({}, {});
     FY.GetRange().SetStartStop(CMaxReal, -CMaxReal); // so that its axis may shrink
+    FFound.Clear();
     GetResults().EraseSection(FOwnSection);
     Modified();
 }
@@ -251,17 +252,30 @@ AnsiString TKxCalculatedSeries::GetOwnIndex() const {
     return before == 0 ? "" : " (" + std::to_string(before + 1) + ")";
 }
 
+void TKxCalculatedSeries::CollectResults(TKxResults& Results) const {
+    Results.Set("Calculation", GetCalculationID());
+    Results.Set("Caption", GetCaption());
+    Results.Set("Formula", GetFormula());
+    Results.Set("CalcStart", FCalculationStart);
+    Results.Set("CalcStop", FCalculationStop);
+    Results.Set("DisplayStart", FDisplayStart);
+    Results.Set("DisplayStop", FDisplayStop);
+}
+
 void TKxCalculatedSeries::WriteResults(TKxIniList& List, const AnsiString& Section) const {
-    List.WriteString(Section, "Calculation", GetCalculationID());
-    List.WriteString(Section, "Caption", GetCaption());
-    List.WriteString(Section, "Formula", GetFormula());
-    List.WriteReal(Section, "CalcStart", FCalculationStart);
-    List.WriteReal(Section, "CalcStop", FCalculationStop);
-    List.WriteReal(Section, "DisplayStart", FDisplayStart);
-    List.WriteReal(Section, "DisplayStop", FDisplayStop);
+    TKxResults results;
+    CollectResults(results);
+    kx::WriteResults(results, List, Section);
 }
 
 void TKxCalculatedSeries::StoreResults() {
+    FFound.Clear();
+    if (FError.empty()) {
+        CollectResults(FFound);
+    } else {
+        TKxCalculatedSeries::CollectResults(FFound);
+        FFound.Set("Error", FError);
+    }
     StoreResultsIn(FParentSeries->GetResults(), FParentSection,
                    StripBlanks(GetCalculationID() + GetOwnIndex()));
     StoreResultsIn(GetResults(), FOwnSection, GetName());
@@ -271,15 +285,8 @@ void TKxCalculatedSeries::StoreResults() {
 // is written anew: a key that has gone, such as the coefficient of a higher order, must not stay.
 void TKxCalculatedSeries::StoreResultsIn(TKxIniList& List, AnsiString& Last,
                                          const AnsiString& Section) const {
-    TKxIniList fresh;
-    if (FError.empty()) {
-        WriteResults(fresh, Section);
-    } else {
-        TKxCalculatedSeries::WriteResults(fresh, Section);
-        fresh.WriteString(Section, "Error", FError);
-    }
     TStringList keys, before;
-    fresh.ReadSection(Section, keys);
+    for (const TKxResult& result : FFound.GetItems()) keys.Add(result.Key);
     List.ReadSection(Section, before);
     if (Last != Section) List.EraseSection(Last);
     Last = Section;
@@ -288,8 +295,7 @@ void TKxCalculatedSeries::StoreResultsIn(TKxIniList& List, AnsiString& Last,
         while (List.GetCount() > 0 && List.GetLine(List.GetCount() - 1).empty())
             List.Delete(List.GetCount() - 1);
     }
-    for (int i = 0; i < keys.GetCount(); ++i)
-        List.WriteString(Section, keys.GetLine(i), fresh.ReadString(Section, keys.GetLine(i), ""));
+    kx::WriteResults(FFound, List, Section);
 }
 
 void TKxCalculatedSeries::AddResultLabel(TKxResultListener* Label) {

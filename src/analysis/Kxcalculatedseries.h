@@ -3,6 +3,7 @@
 // write what they found into INI stores, where labels show it.
 
 #include <kxgraph/analysis/Kxfitpoints.h>
+#include <kxgraph/persist/Kxresults.h>
 #include <kxgraph/series/Kxdataseries.h>
 
 #include <memory>
@@ -25,7 +26,7 @@ protected:
 ///
 /// Every change of the parent's data, of its weights, of a setting or of an axis's scaling leads to Calculate
 /// by the next frame. A derived class overrides CalculateFunction, GetCalculationID and, where it has them,
-/// GetFormula, GetY and WriteResults, and hides CalculationID.
+/// GetFormula, GetY and CollectResults, and hides CalculationID.
 ///
 /// Handlers (OnCalculated, OnError and those that a derived class calls by CallHandler) may take the series
 /// from its parent, destroy it or its parent, and change or empty the data. A function that is fitted may do
@@ -99,8 +100,13 @@ public:
     /// " (2)" for the second child of the parent that is of exactly this class, and so on; empty for the
     /// first.
     AnsiString GetOwnIndex() const;
-    /// Derived classes call the inherited one first and add their keys.
-    virtual void WriteResults(TKxIniList& List, const AnsiString& Section) const;
+    /// What a calculation has found. Derived classes call the inherited one first and add their keys.
+    virtual void CollectResults(TKxResults& Results) const;
+    /// CollectResults as the keys of Section.
+    void WriteResults(TKxIniList& List, const AnsiString& Section) const;
+    /// What the last calculation has found, with the settings of that time; after a failure what this class
+    /// collects, and "Error". Empty without a calculation.
+    const TKxResults& GetFound() const { return FFound; }
 
     /// Listeners enter and leave by themselves; they may leave while they are told.
     void AddResultLabel(TKxResultListener* Label);
@@ -212,6 +218,7 @@ private:
     TKxNotCalculatedSeries* FParentSeries = nullptr;
     AnsiString FParentSection, FOwnSection; // where the last results stand
     AnsiString FError;
+    TKxResults FFound;
     unsigned FCalculation = 0; ///< changes when a calculation begins, or must not go on
 };
 

@@ -96,7 +96,7 @@ public:
     /// be told; all again under the coefficients' names, where they have any that is no other key: a,
     /// Delta(a), ...; and R2 = 1 - sum of |w| r^2 / Syy, unless y are all equal or a coefficient has that
     /// name.
-    void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
+    void CollectResults(TKxResults& Results) const override;
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
@@ -136,7 +136,7 @@ private:
     double SumOfDeviations() const;
     int Freedom() const;
     void FindStatistics();
-    void WriteNamed(TKxIniList& List, const AnsiString& Section) const;
+    void AddNamed(TKxResults& Results) const;
     void CheckIndex(int I) const;
 
     bool FDoCovariance = false, FCheckConvergence = false, FChecking = false;

@@ -3,7 +3,6 @@
 #include <kxgraph/analysis/Kxfittedline.h>
 #include <kxgraph/numeric/Kxstrings.h>
 #include <kxgraph/platform/objects/published.h>
-#include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
 #include <cmath>
@@ -17,41 +16,33 @@ AnsiString Numbered(const char* Key, int i) { return Key + ("(" + std::to_string
 
 } // namespace
 
-void TKxFittedLine::WriteResults(TKxIniList& List, const AnsiString& Section) const {
-    TKxCalculatedSeries::WriteResults(List, Section);
-    List.WriteString(Section, "VarianceCoVariance", FDoCovariance ? "Covariance" : "Variance");
-    List.WriteReal(Section, "ChiSquare", FChiSquare);
-    List.WriteInteger(Section, "Order", GetOrder());
-    List.WriteInteger(Section, "Iterations", FIterations);
+void TKxFittedLine::CollectResults(TKxResults& Results) const {
+    TKxCalculatedSeries::CollectResults(Results);
+    Results.Set("VarianceCoVariance", FDoCovariance ? "Covariance" : "Variance");
+    Results.Set("ChiSquare", FChiSquare);
+    Results.Set("Order", GetOrder());
+    Results.Set("Iterations", FIterations);
     for (int i = 0; i < GetOrder(); ++i) {
-        List.WriteString(Section, Numbered("CoeffName", i), ColumnToCharHeader(i + 1));
-        List.WriteReal(Section, Numbered("Coeff", i), FCoefficients[i]);
+        Results.Set(Numbered("CoeffName", i), ColumnToCharHeader(i + 1));
+        Results.Set(Numbered("Coeff", i), FCoefficients[i]);
     }
-    List.WriteInteger(Section, "Points", int(FTaken.X.size()));
-    if (Freedom() > 0) List.WriteReal(Section, "ResidualVariance", FSumOfSquares / Freedom());
-    if (FConverged) List.WriteBool(Section, "Converged", *FConverged);
+    Results.Set("Points", int(FTaken.X.size()));
+    if (Freedom() > 0) Results.Set("ResidualVariance", FSumOfSquares / Freedom());
+    if (FConverged) Results.Set("Converged", *FConverged);
     for (int i = 0; i < FDeltas.Length(); ++i)
-        if (FDeltas[i] != CMaxReal) List.WriteReal(Section, Numbered("DeltaCoeff", i), FDeltas[i]);
-    WriteNamed(List, Section);
+        if (FDeltas[i] != CMaxReal) Results.Set(Numbered("DeltaCoeff", i), FDeltas[i]);
+    AddNamed(Results);
 }
 
-void TKxFittedLine::WriteNamed(TKxIniList& List, const AnsiString& Section) const {
-    // Names of keys ignore case: of a and A the first one stands under its name.
-    const auto isTaken = [&](const AnsiString& Name) {
-        TStringList keys;
-        List.ReadSection(Section, keys);
-        for (int i = 0; i < keys.GetCount(); ++i)
-            if (SameText(keys.GetLine(i), Name)) return true;
-        return false;
-    };
+// Names of keys ignore case: of a and A the first one stands under its name.
+void TKxFittedLine::AddNamed(TKxResults& Results) const {
     for (int i = 0; i < std::min(GetOrder(), int(FNames.size())); ++i) {
         const AnsiString& name = FNames[std::size_t(i)];
-        if (isTaken(name)) continue;
-        List.WriteReal(Section, name, FCoefficients[i]);
-        if (i < FDeltas.Length() && FDeltas[i] != CMaxReal)
-            List.WriteReal(Section, "Delta(" + name + ")", FDeltas[i]);
+        if (Results.Find(name)) continue;
+        Results.Set(name, FCoefficients[i]);
+        if (i < FDeltas.Length() && FDeltas[i] != CMaxReal) Results.Set("Delta(" + name + ")", FDeltas[i]);
     }
-    if (std::isfinite(FDetermination) && !isTaken("R2")) List.WriteReal(Section, "R2", FDetermination);
+    if (std::isfinite(FDetermination) && !Results.Find("R2")) Results.Set("R2", FDetermination);
 }
 
 std::vector<double> TKxFittedLine::KeptCoefficients() const {

@@ -6,12 +6,11 @@ namespace kx {
 
 namespace {
 
-void WritePoints(TKxIniList& List, const AnsiString& Section, const AnsiString& Kind,
-                 const TKxRealPosArray& Points) {
+void AddPoints(TKxResults& Results, const AnsiString& Kind, const TKxRealPosArray& Points) {
     for (int k = 0; k < Points.Length(); ++k) {
         const AnsiString number = "(" + std::to_string(k + 1) + ")";
-        List.WriteReal(Section, "X-" + Kind + number, Points[k].X);
-        List.WriteReal(Section, "Y-" + Kind + number, Points[k].Y);
+        Results.Set("X-" + Kind + number, Points[k].X);
+        Results.Set("Y-" + Kind + number, Points[k].Y);
     }
 }
 
@@ -29,10 +28,10 @@ void TKxInterpolatedFunction::CalculateFunction() {
     GetContinousLine();
 }
 
-void TKxInterpolatedFunction::WriteResults(TKxIniList& List, const AnsiString& Section) const {
-    TKxCalculatedSeries::WriteResults(List, Section);
-    WritePoints(List, Section, "Minima", GetMinima());
-    WritePoints(List, Section, "Maxima", GetMaxima());
+void TKxInterpolatedFunction::CollectResults(TKxResults& Results) const {
+    TKxCalculatedSeries::CollectResults(Results);
+    AddPoints(Results, "Minima", GetMinima());
+    AddPoints(Results, "Maxima", GetMaxima());
 }
 
 TKxAkimaFunction::TKxAkimaFunction(TComponent* Owner)

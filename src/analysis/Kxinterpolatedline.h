@@ -17,7 +17,7 @@ public:
     virtual TKxRealPosArray GetMaxima() const { return FPolynom->Maxima; }
     /// Keys after those of the base: X-Minima(k) and Y-Minima(k) of each minimum from k = 1, then X-Maxima(k)
     /// and Y-Maxima(k); for a differential those of the slope, for an integral those of the integral.
-    void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
+    void CollectResults(TKxResults& Results) const override;
 
 protected:
     TKxInterpolatedFunction(TComponent* Owner, std::unique_ptr<TKxIntPolynom> Polynom);

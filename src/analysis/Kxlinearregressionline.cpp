@@ -133,11 +133,11 @@ std::vector<TKxLinearRegressionLine::TValue> TKxLinearRegressionLine::Values() c
     };
 }
 
-void TKxLinearRegressionLine::WriteResults(TKxIniList& List, const AnsiString& Section) const {
-    TKxCalculatedSeries::WriteResults(List, Section);
-    List.WriteBool(Section, "DoFixedOffset", FDoFixedOffset);
+void TKxLinearRegressionLine::CollectResults(TKxResults& Results) const {
+    TKxCalculatedSeries::CollectResults(Results);
+    Results.Set("DoFixedOffset", FDoFixedOffset);
     for (const auto& [key, value, known] : Values())
-        if ((known || FMarkers) && !std::isnan(value)) List.WriteReal(Section, key, value);
+        if ((known || FMarkers) && !std::isnan(value)) Results.Set(key, value);
 }
 
 std::vector<AnsiString> TKxLinearRegressionLine::KeysWithoutValue() const {

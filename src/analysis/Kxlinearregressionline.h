@@ -45,7 +45,7 @@ public:
     /// R2 = 1 - ChiSquare / Syy; AdjR2 = 1 - (1 - R2) (N - 1) / (N - p) with p = 2 coefficients, or 1 with a
     /// fixed offset, and without points of weight 0 where weights are precisions. The standard errors
     /// DeltaOffset and DeltaSlope are scaled by the reduced chi-square.
-    void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
+    void CollectResults(TKxResults& Results) const override;
     /// Keys that the results lack because the data leave them open.
     std::vector<AnsiString> KeysWithoutValue() const;
 

@@ -59,26 +59,25 @@ AnsiString TKxPolynomLine::GetFormula() const {
     return formula;
 }
 
-void TKxPolynomLine::WriteResults(TKxIniList& List, const AnsiString& Section) const {
-    TKxCalculatedSeries::WriteResults(List, Section);
-    const auto real = [&](const AnsiString& Key, double Value) { List.WriteReal(Section, Key, Value); };
+void TKxPolynomLine::CollectResults(TKxResults& Results) const {
+    TKxCalculatedSeries::CollectResults(Results);
     const auto numbered = [](const char* Key, int i) { return Key + ("(" + std::to_string(i + 1)) + ")"; };
-    List.WriteInteger(Section, "Order", FFit.Order);
-    real("AverageX", FFit.AverageX);
-    real("VarianceX", FFit.VarianceX);
-    real("AverageY", FFit.AverageY);
-    real("VarianceY", FFit.VarianceY);
-    real("r2", FFit.R2);
-    real("ChiSquare", FFit.ChiSquare);
-    real("QRel%", FFit.QRel * 100);
+    Results.Set("Order", FFit.Order);
+    Results.Set("AverageX", FFit.AverageX);
+    Results.Set("VarianceX", FFit.VarianceX);
+    Results.Set("AverageY", FFit.AverageY);
+    Results.Set("VarianceY", FFit.VarianceY);
+    Results.Set("r2", FFit.R2);
+    Results.Set("ChiSquare", FFit.ChiSquare);
+    Results.Set("QRel%", FFit.QRel * 100);
     for (int i = 0; i <= FFit.Order; ++i) {
-        List.WriteString(Section, numbered("CoeffName", i), CoefficientName(i));
-        real(numbered("Coeff", i), FFit.Coefficients[i]);
+        Results.Set(numbered("CoeffName", i), CoefficientName(i));
+        Results.Set(numbered("Coeff", i), FFit.Coefficients[i]);
     }
-    List.WriteInteger(Section, "Points", FFit.Points);
+    Results.Set("Points", FFit.Points);
     if (FFit.Freedom <= 0) return;
-    real("AdjR2", FFit.AdjR2);
-    for (int i = 0; i <= FFit.Order; ++i) real(numbered("DeltaCoeff", i), FFit.DeltaCoefficients[i]);
+    Results.Set("AdjR2", FFit.AdjR2);
+    for (int i = 0; i <= FFit.Order; ++i) Results.Set(numbered("DeltaCoeff", i), FFit.DeltaCoefficients[i]);
 }
 
 const TPropertyTable& TKxPolynomLine::Properties() {

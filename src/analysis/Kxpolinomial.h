@@ -33,7 +33,7 @@ public:
     /// coefficients' standard errors sqrt(ChiSquare / (N - Order - 1) (inverse of the normal matrix)[i][i]),
     /// so scaled by the reduced chi-square. AdjR2 and DeltaCoeff are written where N > Order + 1. Where
     /// weights are precisions N of all but Points leaves out the points of weight 0.
-    void WriteResults(TKxIniList& List, const AnsiString& Section) const override;
+    void CollectResults(TKxResults& Results) const override;
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();

@@ -64,7 +64,8 @@ AnsiString TKxResultLabel::ResultText() const {
 }
 
 AnsiString TKxResultLabel::Stored(const AnsiString& Key) const {
-    return FSeries->GetResults().ReadString(FSeries->GetName(), Key, CNoResult);
+    const TKxResult* result = FSeries->GetFound().Find(Key);
+    return result ? result->GetText() : CNoResult;
 }
 
 void TKxResultLabel::SetResult() { SetCaption(FPrefix + ResultText() + FSuffix); }
