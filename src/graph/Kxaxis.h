@@ -1,9 +1,13 @@
 #pragma once
-// One axis of a graph: the visible range and how it follows the data, ticks and labels, the map from values
-// to pixels, the zoom stack, the caption beside it, and the outfit. What is pure lives in Kxscale and
-// Kxticks.
+// One axis of a graph: a control over values. The visible range and how it follows the data lives in
+// Kxaxisrange, the look in Kxaxislook, ticks and labels in Kxticks and Kxaxislabels, the map from values to
+// pixels in Kxscale; here they are put together, with the caption and the outfit.
 
 #include <kxgraph/annotation/Kxlabel.h>
+#include <kxgraph/graph/Kxaxislabels.h>
+#include <kxgraph/graph/Kxaxisline.h>
+#include <kxgraph/graph/Kxaxislook.h>
+#include <kxgraph/graph/Kxaxisrange.h>
 #include <kxgraph/graph/Kxgraphlayout.h>
 #include <kxgraph/graph/Kxscale.h>
 #include <kxgraph/graph/Kxside.h>
@@ -15,7 +19,6 @@
 #include <memory>
 #include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace kx {
@@ -46,75 +49,75 @@ public:
     explicit TKxAxis(TComponent* Owner);
     ~TKxAxis() override;
 
-    // Range and scaling. What was set, or made by the data, is kept apart from what is shown: every layout
-    // rounds anew, so that no end creeps away and a fixed one comes back when the other end does.
+    // Range and scaling.
     /// The end that is shown; until the next frame the one that was set.
-    double GetStart() const { return FRange.GetStart(); }
+    double GetStart() const { return FRange.Shown().GetStart(); }
     /// Sets the end of the view that is shown and of the unzoomed one. An automatic end stays there until the
     /// data change.
-    void SetStart(double Start) { SetEnd(&TView::Start, GetStart(), Start); }
-    double GetStop() const { return FRange.GetStop(); }
-    void SetStop(double Stop) { SetEnd(&TView::Stop, GetStop(), Stop); }
+    void SetStart(double Start) { MarkChangedIf(FRange.SetStart(Start)); }
+    double GetStop() const { return FRange.Shown().GetStop(); }
+    void SetStop(double Stop) { MarkChangedIf(FRange.SetStop(Stop)); }
     /// What an outfit keeps of the unzoomed view: a fixed end as it was set, any other one as it is shown.
-    double GetKeptStart() const { return FStartEnd == AxFixed ? FUnzoomed.Start : ShownUnzoomed().Start; }
-    double GetKeptStop() const { return FStopEnd == AxFixed ? FUnzoomed.Stop : ShownUnzoomed().Stop; }
-    TKxAxisPos GetPosition() const { return FSide.Position(); }
+    double GetKeptStart() const { return FRange.GetKeptStart(); }
+    double GetKeptStop() const { return FRange.GetKeptStop(); }
+    TKxAxisPos GetPosition() const { return FLine.Side.Position(); }
     /// Bottom and top make the axis horizontal, left and right vertical; free floating keeps the orientation.
-    void SetPosition(TKxAxisPos Position) { Change(FSide, FSide.MovedTo(Position)); }
+    void SetPosition(TKxAxisPos Position) { Change(FLine.Side, FLine.Side.MovedTo(Position)); }
     /// The position with its directions.
-    TKxSide GetSide() const { return FSide; }
-    TKxAxisOrientation GetOrientation() const { return FSide.Orientation(); }
-    bool IsHorizontal() const { return FSide.IsHorizontal(); }
-    TKxAxScaling GetScaling() const { return FScaling; }
+    TKxSide GetSide() const { return FLine.Side; }
+    TKxAxisOrientation GetOrientation() const { return FLine.Side.Orientation(); }
+    bool IsHorizontal() const { return FLine.Side.IsHorizontal(); }
+    TKxAxScaling GetScaling() const { return FRange.Rules.Scaling; }
     /// Under the scaling that is set, which GetMap() has after the next layout.
-    bool HasPlace(double Value) const { return kx::HasPlace(FScaling, Value); }
-    void SetScaling(TKxAxScaling Scaling);
+    bool HasPlace(double Value) const { return kx::HasPlace(GetScaling(), Value); }
+    void SetScaling(TKxAxScaling Scaling) { MarkChangedIf(FRange.SetScaling(Scaling)); }
     bool GetTwisted() const { return FTwisted; }
     void SetTwisted(bool Twisted) { Change(FTwisted, Twisted); }
-    TKxAxEnd GetStartEnd() const { return FStartEnd; }
+    TKxAxEnd GetStartEnd() const { return FRange.Rules.StartEnd; }
     /// For an end that becomes fixed, what is shown counts as set.
-    void SetStartEnd(TKxAxEnd StartEnd) { SetEndKind(FStartEnd, StartEnd, &TView::Start, GetStart()); }
-    TKxAxEnd GetStopEnd() const { return FStopEnd; }
-    void SetStopEnd(TKxAxEnd StopEnd) { SetEndKind(FStopEnd, StopEnd, &TView::Stop, GetStop()); }
-    bool GetAutoTicks() const { return FAutoTicks; }
-    void SetAutoTicks(bool AutoTicks) { Change(FAutoTicks, AutoTicks); }
-    bool IsNotAutoTicks() const { return !FAutoTicks; }
+    void SetStartEnd(TKxAxEnd StartEnd) { MarkChangedIf(FRange.SetStartEnd(StartEnd)); }
+    TKxAxEnd GetStopEnd() const { return FRange.Rules.StopEnd; }
+    void SetStopEnd(TKxAxEnd StopEnd) { MarkChangedIf(FRange.SetStopEnd(StopEnd)); }
+    bool GetAutoTicks() const { return FRange.Rules.AutoTicks; }
+    void SetAutoTicks(bool AutoTicks) { Change(FRange.Rules.AutoTicks, AutoTicks); }
+    bool IsNotAutoTicks() const { return !FRange.Rules.AutoTicks; }
     /// Steps in units of 10 to the power SpanExponent.
-    double GetTickPart() const { return FTickPart; }
-    void SetTickPart(double Part) { Change(FTickPart, Part); }
-    double GetMajorTickPart() const { return FMajorTickPart; }
-    void SetMajorTickPart(double Part) { Change(FMajorTickPart, Part); }
-    double GetLabelPart() const { return FLabelPart; }
-    void SetLabelPart(double Part) { Change(FLabelPart, Part); }
-    int GetMaxExpForScaleExp() const { return FMaxExpForScaleExp; }
-    void SetMaxExpForScale(int Exponent) { Change(FMaxExpForScaleExp, Exponent); }
-    int GetMinExpForScaleExp() const { return FMinExpForScaleExp; }
-    void SetMinExpForScale(int Exponent) { Change(FMinExpForScaleExp, Exponent); }
+    double GetTickPart() const { return FRange.Rules.TickPart; }
+    void SetTickPart(double Part) { Change(FRange.Rules.TickPart, Part); }
+    double GetMajorTickPart() const { return FRange.Rules.MajorTickPart; }
+    void SetMajorTickPart(double Part) { Change(FRange.Rules.MajorTickPart, Part); }
+    double GetLabelPart() const { return FRange.Rules.LabelPart; }
+    void SetLabelPart(double Part) { Change(FRange.Rules.LabelPart, Part); }
+    int GetMaxExpForScaleExp() const { return FRange.Rules.MaxExpForScaleExp; }
+    void SetMaxExpForScale(int Exponent) { Change(FRange.Rules.MaxExpForScaleExp, Exponent); }
+    int GetMinExpForScaleExp() const { return FRange.Rules.MinExpForScaleExp; }
+    void SetMinExpForScale(int Exponent) { Change(FRange.Rules.MinExpForScaleExp, Exponent); }
     bool GetIsSlaveAxis() const { return FIsSlaveAxis; }
     void SetIsSlave(bool IsSlave);
     TKxAxis* GetMasterAxis() const { return FMasterAxis; }
     void SetMasterAxis(TKxAxis* Master);
 
     /// The visible ends, owned. SetRange and SetValuesRange copy the ends of another range.
-    const TRange* GetRange() const { return &FRange; }
+    const TRange* GetRange() const { return &FRange.Shown(); }
     void SetRange(const TRange* Range);
-    TRange* GetValuesRange() { return &FValuesRange; }
+    TRange* GetValuesRange() { return &FRange.Values(); }
     void SetValuesRange(const TRange* Range);
     /// The extents of the series drawn against this axis; the series own them.
-    TRangeList& GetValuesRangeList() { return FValuesRangeList; }
+    TRangeList& GetValuesRangeList() { return FRange.Extents(); }
     /// Unites the extents and moves the ends that follow the data: those of the unzoomed view, whether it is
-    /// shown or not. The handler of every range in the list.
-    void ValuesRangeChanged(TRange* Range);
+    /// shown or not. The handler of every range in the list; null when one has come or gone. Does not look at
+    /// the others.
+    void ValuesRangeChanged(TRange* Range) { MarkChangedIf(FRange.Follow(Range)); }
     /// Recomputes from all extents and forgets the zooms.
     void RedoRanges();
 
-    // Zoom stack. A view that was zoomed to is rounded once and then stays, whatever the data do.
+    // Zoom stack.
     void ZoomIn(double Start, double Stop);
     /// Shows the view before; from the unzoomed one it goes round to the newest.
-    void ZoomBack();
-    bool CanZoomBack() const { return !FZooms.empty(); }
+    void ZoomBack() { MarkChangedIf(FRange.ZoomBack()); }
+    bool CanZoomBack() const { return FRange.CanZoomBack(); }
     /// Counted from 1, the unzoomed view; 0 as long as nothing was zoomed.
-    int GetZoomIndex() const { return FZoomIndex; }
+    int GetZoomIndex() const { return FRange.GetZoomIndex(); }
 
     // Computation.
     /// Makes Range presentable: automatic ends, tick steps, exponents.
@@ -145,18 +148,18 @@ public:
     /// What the layout pass sets: where the axis line begins inside the control, and its length in pixels.
     /// The caption keeps CaptionFrom pixels off the line at least.
     void SetPlace(TPoint Origin, int AxisLength, int CaptionFrom = 0);
-    TPoint GetAxisOrigin() const { return FAxisOrigin; }
+    TPoint GetAxisOrigin() const { return FLine.Origin; }
     int GetTickCount() const { return FTicks.Positions.Length(); }
     /// Pixel offsets from the axis start (left; bottom of a vertical axis).
     const TKxIntegerArray& GetTickPositions() const { return FTicks.Positions; }
     const TKxBooleanArray& GetTickIsMajor() const { return FTicks.IsMajor; }
     /// Texts, fonts and places of all labels, the exponent label last.
-    const std::vector<TKxCaptionRec>& GetLabelRecs() const { return FLabelRecs; }
-    int GetSpanExponent() const { return FEnds.SpanExponent; }
-    int GetScaleExponent() const { return FEnds.ScaleExponent; }
-    int GetLabelDigits() const { return FEnds.LabelDigits; }
-    bool GetUseScaleExponent() const { return FEnds.UseScaleExponent; }
-    bool GetEndsCorrected() const { return FEnds.EndsCorrected; }
+    const std::vector<TKxCaptionRec>& GetLabelRecs() const { return FLabels.Recs(); }
+    int GetSpanExponent() const { return FRange.Ends().SpanExponent; }
+    int GetScaleExponent() const { return FRange.Ends().ScaleExponent; }
+    int GetLabelDigits() const { return FRange.Ends().LabelDigits; }
+    bool GetUseScaleExponent() const { return FRange.Ends().UseScaleExponent; }
+    bool GetEndsCorrected() const { return FRange.Ends().EndsCorrected; }
     bool GetChanged() const { return FChanged; }
     void SetChanged(bool Changed) { FChanged = Changed; }
     /// Shows what was laid out last, whatever has moved the ends since, until something changes again.
@@ -175,50 +178,52 @@ public:
     TKxLayoutAxis GetLayoutAxis() const;
 
     // Appearance. All lengths in pixels.
-    bool GetShowCaption() const { return FShowCaption; }
+    bool GetShowCaption() const { return FLook.ShowCaption; }
     void SetShowCaption(bool Show);
-    bool GetShowScaleLabels() const { return FShowScaleLabels; }
-    void SetShowScaleLabels(bool Show) { Change(FShowScaleLabels, Show); }
-    bool GetAutoSize() const { return FAutoSize; }
-    void SetAutosize(bool AutoSize) { Change(FAutoSize, AutoSize); }
-    bool GetTransparent() const { return FTransparent; }
-    void SetTransparent(bool Transparent) { Change(FTransparent, Transparent); }
+    bool GetShowScaleLabels() const { return FLook.ShowScaleLabels; }
+    void SetShowScaleLabels(bool Show) { Change(FLook.ShowScaleLabels, Show); }
+    bool GetAutoSize() const { return FLook.AutoSize; }
+    void SetAutosize(bool AutoSize) { Change(FLook.AutoSize, AutoSize); }
+    bool GetTransparent() const { return FLook.Transparent; }
+    void SetTransparent(bool Transparent) { Change(FLook.Transparent, Transparent); }
     /// Leaves out every second (third, ...) label where labels would touch; the room that the axis takes
     /// counts them all. Off by default.
-    bool GetThinLabels() const { return FThinLabels; }
-    void SetThinLabels(bool Thin) { Change(FThinLabels, Thin); }
+    bool GetThinLabels() const { return FLook.ThinLabels; }
+    void SetThinLabels(bool Thin) { Change(FLook.ThinLabels, Thin); }
     // Lengths in pixels; beyond CMostLength they count as that.
-    int GetBorderCaptionGap() const { return FBorderCaptionGap; }
-    void SetBorderCaptionGap(int Gap) { Change(FBorderCaptionGap, LimitedLength(Gap)); }
-    int GetCaptionScalingsGap() const { return FCaptionScalingsGap; }
-    void SetCaptionScalingsGap(int Gap) { Change(FCaptionScalingsGap, LimitedLength(Gap)); }
-    int GetScalingsTicksGap() const { return FScalingsTicksGap; }
-    void SetScalingsTicksGap(int Gap) { Change(FScalingsTicksGap, LimitedLength(Gap)); }
-    int GetExponentScalingsGap() const { return FExponentScalingsGap; }
-    void SetExponentScalingsGap(int Gap) { Change(FExponentScalingsGap, LimitedLength(Gap)); }
-    int GetValuesTicksGap() const { return FValuesTicksGap; }
-    void SetValuesTicksGap(int Gap) { Change(FValuesTicksGap, LimitedLength(Gap)); }
+    int GetBorderCaptionGap() const { return FLook.BorderCaptionGap; }
+    void SetBorderCaptionGap(int Gap) { Change(FLook.BorderCaptionGap, LimitedLength(Gap)); }
+    int GetCaptionScalingsGap() const { return FLook.CaptionScalingsGap; }
+    void SetCaptionScalingsGap(int Gap) { Change(FLook.CaptionScalingsGap, LimitedLength(Gap)); }
+    int GetScalingsTicksGap() const { return FLook.ScalingsTicksGap; }
+    void SetScalingsTicksGap(int Gap) { Change(FLook.ScalingsTicksGap, LimitedLength(Gap)); }
+    int GetExponentScalingsGap() const { return FLook.ExponentScalingsGap; }
+    void SetExponentScalingsGap(int Gap) { Change(FLook.ExponentScalingsGap, LimitedLength(Gap)); }
+    int GetValuesTicksGap() const { return FLook.ValuesTicksGap; }
+    void SetValuesTicksGap(int Gap) { Change(FLook.ValuesTicksGap, LimitedLength(Gap)); }
     /// Positive ticks point outwards, to the labels; negative ones into the drawing world.
-    int GetMajorTickLength() const { return FMajorTickLength; }
-    void SetMajorTickLength(int Length) { Change(FMajorTickLength, LimitedLength(Length)); }
-    int GetTickLength() const { return FTickLength; }
-    void SetTickLength(int Length) { Change(FTickLength, LimitedLength(Length)); }
-    TColor GetAxisColor() const { return FAxisColor; }
-    void SetAxisColor(TColor Color) { Change(FAxisColor, Color); }
-    TColor GetTickColor() const { return FTickColor; }
-    void SetTickColor(TColor Color) { Change(FTickColor, Color); }
-    TColor GetMajorTickColor() const { return FMajorTickColor; }
-    void SetMajorTickColor(TColor Color) { Change(FMajorTickColor, Color); }
-    int GetAxisThicknes() const { return FAxisThicknes; } // the spelling is part of the interface
-    void SetAxisThicknes(int Width) { Change(FAxisThicknes, LimitedLength(std::max(0, Width))); }
-    int GetTickThicknes() const { return FTickThicknes; }
-    void SetTickThicknes(int Width) { Change(FTickThicknes, LimitedLength(std::max(0, Width))); }
-    int GetMajorTickThicknes() const { return FMajorTickThicknes; }
-    void SetMajorTickThicknes(int Width) { Change(FMajorTickThicknes, LimitedLength(std::max(0, Width))); }
-    TFont& GetCaptionFont() { return FCaptionFont; }
-    const TFont& GetCaptionFont() const { return FCaptionFont; }
-    void SetCaptionFont(TFont* Font) { FCaptionFont.Assign(*Font); }
-    TFont& GetAxisCaptionFont() { return FCaptionFont; }
+    int GetMajorTickLength() const { return FLook.MajorTickLength; }
+    void SetMajorTickLength(int Length) { Change(FLook.MajorTickLength, LimitedLength(Length)); }
+    int GetTickLength() const { return FLook.TickLength; }
+    void SetTickLength(int Length) { Change(FLook.TickLength, LimitedLength(Length)); }
+    TColor GetAxisColor() const { return FLook.AxisColor; }
+    void SetAxisColor(TColor Color) { Change(FLook.AxisColor, Color); }
+    TColor GetTickColor() const { return FLook.TickColor; }
+    void SetTickColor(TColor Color) { Change(FLook.TickColor, Color); }
+    TColor GetMajorTickColor() const { return FLook.MajorTickColor; }
+    void SetMajorTickColor(TColor Color) { Change(FLook.MajorTickColor, Color); }
+    int GetAxisThicknes() const { return FLook.AxisThicknes; } // the spelling is part of the interface
+    void SetAxisThicknes(int Width) { Change(FLook.AxisThicknes, LimitedLength(std::max(0, Width))); }
+    int GetTickThicknes() const { return FLook.TickThicknes; }
+    void SetTickThicknes(int Width) { Change(FLook.TickThicknes, LimitedLength(std::max(0, Width))); }
+    int GetMajorTickThicknes() const { return FLook.MajorTickThicknes; }
+    void SetMajorTickThicknes(int Width) {
+        Change(FLook.MajorTickThicknes, LimitedLength(std::max(0, Width)));
+    }
+    TFont& GetCaptionFont() { return FLook.CaptionFont; }
+    const TFont& GetCaptionFont() const { return FLook.CaptionFont; }
+    void SetCaptionFont(TFont* Font) { FLook.CaptionFont.Assign(*Font); }
+    TFont& GetAxisCaptionFont() { return FLook.CaptionFont; }
     TFont& GetAxisFont() { return GetFont(); }
 
     // Caption. The text shown is the user's or an automatic one.
@@ -263,71 +268,33 @@ private:
         MarkChanged();
     }
     void MarkChanged();
-    /// The ends of a view as they were set or zoomed to, or as the data made them.
-    struct TView {
-        double Start = 0, Stop = 100;
-        bool IsRound = false; ///< they were shown so: what is not fixed is not rounded again
-    };
-    void SetEnd(double TView::*End, double Shown, double Value);
-    void SetEndKind(TKxAxEnd& Kind, TKxAxEnd Value, double TView::*End, double Shown);
-    bool IsZoomed() const { return FZoomIndex > 1; }
-    TView& ZoomedView() { return FZooms[static_cast<std::size_t>(FZoomIndex - 2)]; }
-    void ShowView(const TView& View);
-    TView ShownUnzoomed() const;
-    bool FollowValues(TView& View) const;
-    void ForgetZooms();
-    void TakeEnds(const TKxScaleInput& Input);
+    void MarkChangedIf(bool Changed) {
+        if (Changed) MarkChanged();
+    }
     TKxAxisHost* GetAxisHost() const { return GetParent() ? FHost : nullptr; }
-    TKxScaleInput InputOf(const TView& View) const;
     void LayOutAlone();
+    void MakeMap();
+    void PlaceLabels();
+    int CaptionExtentAcross() const;
     void UpdateCaptionLabel();
     void PlaceCaptionLabel();
     void DressCaptionLabel();
-    void MeasureLabels();
-    void MeasureReach();
-    void AddLabelRec(const std::string& Text);
-    void PlaceLabels();
-    void ThinOutLabels();
-    void PlaceExponentLabel();
-    int LabelExtentAcross() const;
-    int CaptionExtentAcross() const;
     void DrawTicks(bool Major, TColor Color, int Width, int Length);
     void DrawAxisLine();
-    TPoint PointAt(int Offset, int Outwards) const;
-    TPoint PlaceOutwards(int Along, int Outwards, TSize Size) const;
 
     TKxAxisHost* FHost =
         nullptr; // the parent, if it is one; looked up once, for every live value asks for it
-    TRange FRange, FValuesRange;
-    TRangeList FValuesRangeList;
-    TView FUnzoomed;
-    std::vector<TView> FZooms;
-    int FZoomIndex = 0;
-    TKxSide FSide;
-    TKxAxScaling FScaling = AxNormal;
-    TKxAxEnd FStartEnd = AxAutoRange, FStopEnd = AxAutoRange;
-    double FTickPart = 0.05, FMajorTickPart = 0.1, FLabelPart = 0.5;
-    int FMaxExpForScaleExp = 3, FMinExpForScaleExp = -2;
     TKxAxis* FMasterAxis = nullptr;
-    TKxScaleEnds FEnds;
+    TKxAxisRange FRange;
+    TKxAxisLook FLook;
+    TKxAxisLine FLine;
     TKxAxisMap FMap;
     TKxTicks FTicks;
-    std::vector<TKxCaptionRec> FLabelRecs;
-    std::vector<std::pair<std::string, int>> FLabelWidths; // of the labels measured last, in order
-    int FMaxLabelWidth = 0, FMaxLabelHeight = 0, FStartReach = 0, FStopReach = 0, FCaptionFrom = 0;
-    TPoint FAxisOrigin;
-    int FBorderCaptionGap = 0, FCaptionScalingsGap = 0, FScalingsTicksGap = 1, FExponentScalingsGap = 10,
-        FValuesTicksGap = 0;
-    int FMajorTickLength = 10, FTickLength = 6;
-    TColor FAxisColor = clBlack, FTickColor = clBlack, FMajorTickColor = clBlack;
-    int FAxisThicknes = 0, FTickThicknes = 0, FMajorTickThicknes = 0;
-    TFont FCaptionFont;
+    TKxAxisLabels FLabels;
     AnsiString FUserCaption, FAutoCaption;
     std::unique_ptr<TKxLabel> FCaptionLabel;
-    bool FTwisted = false, FAutoTicks = true, FIsSlaveAxis = false, FChanged = true, FNeedsTicks = true;
-    bool FFirstEndTick = true, FLastEndTick = true;
-    bool FShowCaption = false, FShowScaleLabels = true, FAutoSize = true, FTransparent = true,
-         FThinLabels = false, FDoUserCaption = false;
+    bool FTwisted = false, FIsSlaveAxis = false, FDoUserCaption = false;
+    bool FChanged = true, FNeedsTicks = true, FFirstEndTick = true, FLastEndTick = true;
 };
 
 } // namespace kx

@@ -16,9 +16,9 @@ bool HasOwnTicks(const TPersistent& Object) { return static_cast<const TKxAxis&>
 void TKxAxis::SaveOutfit(const AnsiString& Section, TKxIniList& Ini) const { SaveRows(*this, Section, Ini); }
 
 void TKxAxis::LoadOutfit(const AnsiString& Section, TKxIniList& Ini) {
-    ForgetZooms(); // what is kept is the unzoomed view
+    FRange.ForgetZooms(); // what is kept is the unzoomed view
     LoadRows(*this, Section, Ini);
-    FUnzoomed.IsRound = true;
+    FRange.KeepUnzoomed();
 }
 
 const TPropertyTable& TKxAxis::PublishedProperties() const { return Properties(); }

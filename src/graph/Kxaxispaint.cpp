@@ -23,15 +23,15 @@ void TKxAxis::DrawTicks(bool Major, TColor Color, int Width, int Length) {
     if (run.Last == 0) return;
     for (int i = run.First; i <= run.Last; ++i) {
         if (FTicks.IsMajor[i] != Major) continue;
-        DrawLine(PointAt(FTicks.Positions[i], 0), PointAt(FTicks.Positions[i], Length), canvas);
+        DrawLine(FLine.PointAt(FTicks.Positions[i], 0), FLine.PointAt(FTicks.Positions[i], Length), canvas);
     }
 }
 
 void TKxAxis::DrawAxisLine() {
     TCanvas& canvas = GetCanvas();
-    canvas.Pen.SetColor(FAxisColor);
-    canvas.Pen.SetWidth(FAxisThicknes);
-    DrawLine(FAxisOrigin, FAxisOrigin + FSide.Point(GetAxisLength() + 1, 0), canvas);
+    canvas.Pen.SetColor(FLook.AxisColor);
+    canvas.Pen.SetWidth(FLook.AxisThicknes);
+    DrawLine(FLine.Origin, FLine.Origin + FLine.Side.Point(GetAxisLength() + 1, 0), canvas);
 }
 
 void TKxAxis::Paint() {
@@ -43,23 +43,19 @@ void TKxAxis::Paint() {
     if (FNeedsTicks) CalculateTicks();
 
     TCanvas& canvas = GetCanvas();
-    if (!FTransparent) {
+    if (!FLook.Transparent) {
         canvas.Brush.SetColor(GetColor());
         canvas.Brush.SetStyle(bsSolid);
         canvas.FillRect(GetClientRect());
     }
     // Inward ticks and the halves of end labels lie beside the control.
     canvas.SetClip(std::nullopt);
-    DrawTicks(true, FMajorTickColor, FMajorTickThicknes, FMajorTickLength);
-    DrawTicks(false, FTickColor, FTickThicknes, FTickLength);
+    DrawTicks(true, FLook.MajorTickColor, FLook.MajorTickThicknes, FLook.MajorTickLength);
+    DrawTicks(false, FLook.TickColor, FLook.TickThicknes, FLook.TickLength);
     DrawAxisLine();
     canvas.Brush.SetStyle(bsClear);
     canvas.Font.Assign(GetFont());
-    for (auto& rec : FLabelRecs) {
-        rec.Canvas = &canvas;
-        RichPaintTo(rec);
-        rec.Canvas = nullptr;
-    }
+    FLabels.Paint(canvas);
 }
 
 } // namespace kx

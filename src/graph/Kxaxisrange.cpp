@@ -1,0 +1,136 @@
+#include <kxgraph/graph/Kxaxisrange.h>
+
+namespace kx {
+
+// A zoomed view takes the end as well: what is set is seen at once.
+bool TKxAxisRange::SetEnd(double TView::*End, double Shown, double Value) {
+    if (Value == Shown && (IsZoomed() || Value == FUnzoomed.*End)) return false;
+    FUnzoomed.*End = Value;
+    FUnzoomed.IsRound = false;
+    TView shown{FShown.GetStart(), FShown.GetStop()};
+    shown.*End = Value;
+    if (IsZoomed()) ZoomedView() = shown;
+    Show(shown);
+    return true;
+}
+
+bool TKxAxisRange::SetKind(TKxAxEnd& Kind, TKxAxEnd Value, double TView::*End, double Shown) {
+    if (Kind == Value) return false;
+    if (Value == AxFixed && !IsZoomed()) FUnzoomed.*End = Shown;
+    FUnzoomed.IsRound = false;
+    Kind = Value;
+    return true;
+}
+
+bool TKxAxisRange::SetScaling(TKxAxScaling Scaling) {
+    if (Rules.Scaling == Scaling) return false;
+    FUnzoomed.IsRound = false;
+    for (TView& view : FZooms) view.IsRound = false;
+    Rules.Scaling = Scaling;
+    return true;
+}
+
+TKxScaleInput TKxAxisRange::InputOf(const TView& View) const {
+    TKxScaleInput input = Rules;
+    input.Start = View.Start;
+    input.Stop = View.Stop;
+    input.KeepStart = View.IsRound && Rules.StartEnd != AxFixed;
+    input.KeepStop = View.IsRound && Rules.StopEnd != AxFixed;
+    return input;
+}
+
+TKxAxisRange::TView TKxAxisRange::ShownUnzoomed() const {
+    if (!IsZoomed()) return {FShown.GetStart(), FShown.GetStop()};
+    const TKxScaleEnds ends = CalculateEnds(InputOf(FUnzoomed));
+    return {ends.Start, ends.Stop};
+}
+
+void TKxAxisRange::TakeEnds(const TKxScaleInput& Input) {
+    FEnds = CalculateEnds(Input);
+    if (FEnds.Start != FShown.GetStart() || FEnds.Stop != FShown.GetStop()) KeepShown();
+    Rules.TickPart = FEnds.TickPart;
+    Rules.MajorTickPart = FEnds.MajorTickPart;
+    Rules.LabelPart = FEnds.LabelPart;
+}
+
+void TKxAxisRange::Calculate() {
+    if (!IsZoomed()) return TakeEnds(InputOf(FUnzoomed));
+    TKxScaleInput input = InputOf(ZoomedView());
+    input.KeepStart = input.KeepStop = ZoomedView().IsRound;
+    TakeEnds(input);
+    ZoomedView() = {FEnds.Start, FEnds.Stop, true};
+}
+
+void TKxAxisRange::CalculateAs(double Start, double Stop) {
+    FUnzoomed = {Start, Stop, true};
+    TKxScaleInput input = InputOf(FUnzoomed);
+    input.KeepStart = input.KeepStop = true;
+    TakeEnds(input);
+}
+
+/// Moves the ends of View that follow the data; returns whether one moved. An end that only grows grows from
+/// where it is shown, for it must never be seen to move back.
+bool TKxAxisRange::FollowValues(TView& View) const {
+    const auto follow = [](TKxAxEnd Kind, double& End, double Value, bool Grows) {
+        const bool moves = (Kind == AxAutoRange && End != Value) || (Kind == AxFirstSet && Grows);
+        if (moves) End = Value;
+        return moves;
+    };
+    const double start = FValues.GetStart(), stop = FValues.GetStop();
+    const bool growing = Rules.StartEnd == AxFirstSet || Rules.StopEnd == AxFirstSet;
+    const TView shown = growing ? ShownUnzoomed() : View;
+    TView moved = View;
+    if (Rules.StartEnd == AxFirstSet) moved.Start = shown.Start;
+    if (Rules.StopEnd == AxFirstSet) moved.Stop = shown.Stop;
+    const bool startMoves = follow(Rules.StartEnd, moved.Start, start, start < shown.Start);
+    const bool stopMoves = follow(Rules.StopEnd, moved.Stop, stop, stop > shown.Stop);
+    if (startMoves || stopMoves) View = {moved.Start, moved.Stop};
+    return startMoves || stopMoves;
+}
+
+bool TKxAxisRange::Follow(const TRange* Changed) {
+    if (Changed) FExtents.Update(*Changed);
+    const TKxRangeUnion::TEnds all = FExtents.Union();
+    FValues.Reset();
+    if (all.Start > all.Stop) return false;
+    FValues.IfRangeChanged(all.Start);
+    FValues.IfRangeChanged(all.Stop);
+    if (!FollowValues(FUnzoomed) || IsZoomed()) return false;
+    // A fixed end is shown as before until it is known to what it snaps.
+    Show({Rules.StartEnd == AxFixed ? FShown.GetStart() : FUnzoomed.Start,
+          Rules.StopEnd == AxFixed ? FShown.GetStop() : FUnzoomed.Stop});
+    return true;
+}
+
+void TKxAxisRange::Redo() {
+    ForgetZooms();
+    FExtents.UpdateAll();
+    Follow(nullptr);
+}
+
+void TKxAxisRange::ForgetZooms() {
+    const TView view = ShownUnzoomed();
+    FZooms.clear();
+    FZoomIndex = 0;
+    Show(view);
+}
+
+void TKxAxisRange::ZoomIn(double Start, double Stop) {
+    FZooms.push_back({Start, Stop});
+    FZoomIndex = static_cast<int>(FZooms.size()) + 1;
+    Show(FZooms.back());
+}
+
+bool TKxAxisRange::ZoomBack() {
+    if (FZooms.empty()) return false;
+    if (--FZoomIndex == 0) FZoomIndex = static_cast<int>(FZooms.size()) + 1;
+    if (IsZoomed()) {
+        Show(ZoomedView());
+    } else {
+        const TKxScaleEnds ends = CalculateEnds(InputOf(FUnzoomed));
+        Show({ends.Start, ends.Stop});
+    }
+    return true;
+}
+
+} // namespace kx
