@@ -1,58 +1,9 @@
-// What of the series is kept: published properties, and the keys of the INI store.
+// The properties of the series of measured data, and which of them outfits keep.
 
-#include <kxgraph/persist/Kxoutfit.h>
 #include <kxgraph/platform/objects/published.h>
 #include <kxgraph/series/Kxdataseries.h>
 
 namespace kx {
-
-namespace {
-
-AnsiString ChildSection(const AnsiString& Section, int Number) {
-    return Section + ".Child(" + std::to_string(Number) + ")";
-}
-
-} // namespace
-
-void TKxSeries::WriteToIni(TKxIniList& Ini, const AnsiString& Section) {
-    SaveRows(*this, Section, Ini);
-    int number = 0;
-    for (TKxSeries* child : FChildren) child->WriteToIni(Ini, ChildSection(Section, ++number));
-}
-
-void TKxSeries::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
-    LoadRows(*this, Section, Ini);
-    if (FCaption.DoUser) ShowCaption(FCaption.SetDoUser(true));
-    const int count = Ini.ReadInteger(Section, "ChildCount", 0);
-    if (count <= 0) return;
-    // With more children than were saved the saved sections serve again from the first.
-    const auto children = FChildren; // reading may give a child another parent
-    for (std::size_t j = 0; j < children.size(); ++j)
-        children[j]->ReadFromIni(Ini, ChildSection(Section, int(j % std::size_t(count)) + 1));
-}
-
-const TPropertyTable& TKxSeries::Properties() {
-    using T = TKxSeries;
-    static const TPropertyTable table(
-        "TKxSeries", &TComponent::Properties(),
-        {
-            PublishedObject<&T::GetLineStyle>("LineStyle", "the line through the points").WithKey("Line"),
-            Published<&T::GetIncludeInLegend, &T::SetIncludeInLegend>("IncludeInLegend", true,
-                                                                      "has an entry in legends")
-                .IfMissing(true),
-            Published<&T::GetCaption, &T::SetCaption>("Caption", "", "rich caption"),
-        },
-        {Kept<&T::GetDoUserCaption, &T::SetDoUserCaption>("DoUserCaption"),
-         Kept<&T::GetUserCaption, &T::SetUserCaption>("UserCaption"), "IncludeInLegend", "LineStyle",
-         PublishedObject<&T::GetAreaStyle>("AreaStyle", "the area between line and zero").WithKey("Area"),
-         Published<&T::GetXAxis, &T::SetXAxis>("XAxis", nullptr, "horizontal axis"),
-         Published<&T::GetYAxis, &T::SetYAxis>("YAxis", nullptr, "vertical axis"),
-         Published<&T::GetXData, &T::SetXData>("XData", nullptr, "vector of the x values"),
-         Published<&T::GetYData, &T::SetYData>("YData", nullptr, "vector of the y values"),
-         Published<&T::GetWeight, &T::SetWeight>("Weight", nullptr, "vector of the weights"),
-         ReadOnly<&T::GetChildCount>("ChildCount")});
-    return table;
-}
 
 const TPropertyTable& TKxLineSeries::Properties() {
     using T = TKxLineSeries;
