@@ -1,6 +1,7 @@
 #pragma once
 // Runs the program itself, as a shell would, in a directory of its own.
 
+#include "kxplot/arguments.h"
 #include "support/recording.h"
 
 #include <kxgraph/platform/text/files.h>
@@ -12,25 +13,23 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cmath>
 #include <csignal>
 #include <filesystem>
-#include <iterator>
 #include <regex>
-#include <sstream>
 #include <string>
 #include <vector>
 
 namespace kxplot::test {
 
 namespace fs = std::filesystem;
-using TNames = std::vector<std::string>;
 
 struct TOutcome {
     int Status = -1;
     std::string Output, Errors;
 };
 
-class KxplotProgram : public testing::Test {
+class Program : public testing::Test {
 protected:
     void SetUp() override { Write("d.csv", "t,u,v,e\n1,2,3,0.1\n2,4,5,0.2\n3,3,nan,0.1\n"); }
 
@@ -70,18 +69,14 @@ protected:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
-    /// The picture as SVG; a failure shows what the program said.
-    std::string Svg(TNames Arguments) const {
-        Arguments.insert(Arguments.begin(), "d.csv");
-        Arguments.insert(Arguments.end(), {"-o", "p.svg"});
-        const TOutcome outcome = Run(Arguments);
-        EXPECT_EQ(outcome.Status, 0) << outcome.Errors;
+    /// The picture of d.csv as SVG; a failure shows what the program said. Arguments are words, More may hold
+    /// blanks.
+    std::string Svg(const std::string& Arguments, const TNames& More = {}) const {
+        TNames all = Words("d.csv -o p.svg " + Arguments);
+        all.insert(all.end(), More.begin(), More.end());
+        const TOutcome outcome = Run(all);
+        EXPECT_EQ(outcome.Status, 0) << Arguments << outcome.Errors;
         return outcome.Status == 0 ? Read("p.svg") : "";
-    }
-
-    static TNames Words(const std::string& Text) {
-        std::istringstream words(Text);
-        return TNames(std::istream_iterator<std::string>(words), {});
     }
 
     /// One line about what is wrong; Arguments are words.
@@ -94,15 +89,26 @@ protected:
             << outcome.Errors;
     }
 
-    /// A picture with data that is drawn, without a word.
-    void ExpectDrawn(const std::string& Text, TNames Arguments = {}) const {
-        SCOPED_TRACE(Text);
-        Write("case.csv", Text);
-        Arguments.insert(Arguments.begin(), "case.csv");
-        const TOutcome outcome = Run(Arguments);
-        EXPECT_EQ(outcome.Status, 0);
-        EXPECT_EQ(outcome.Errors, "");
-        EXPECT_TRUE(Has("case.png"));
+    /// What fits of d.csv find. Those with few iterations may say that they are not through.
+    std::string Results(const std::string& Arguments) const {
+        const TOutcome outcome = Run(Words("d.csv --results - " + Arguments));
+        EXPECT_TRUE(std::regex_match(outcome.Errors, std::regex("(kxplot: .* has not converged: .*\n)*")))
+            << Arguments << ": " << outcome.Errors;
+        return outcome.Output;
+    }
+    /// A value in INI text; empty when it is not there.
+    static std::string Value(const std::string& Ini, const std::string& Section, const std::string& Key) {
+        const auto begin = ("\n" + Ini).find("\n[" + Section + "]\n");
+        if (begin == std::string::npos) return {};
+        const std::string body = Ini.substr(begin, Ini.find("\n\n", begin) - begin);
+        const auto at = body.find("\n" + Key + "=");
+        if (at == std::string::npos) return {};
+        const auto from = at + Key.size() + 2;
+        return body.substr(from, body.find('\n', from) - from);
+    }
+    double Result(const std::string& Arguments, const std::string& Section, const std::string& Key) const {
+        const std::string value = Value(Results(Arguments), Section, Key);
+        return value.empty() ? NAN : std::stod(value);
     }
 
 private:

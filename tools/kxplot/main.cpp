@@ -1,10 +1,14 @@
-// kxplot: draws a data file.
+// kxplot: draws a data file. What it does is read, planned, made as a form, fitted and written.
 
-#include "kxplot/framefaults.h"
+#include "kxplot/fit/fit.h"
+#include "kxplot/form/notices.h"
+#include "kxplot/form/picture.h"
 #include "kxplot/messages.h"
-#include "kxplot/options.h"
-#include "kxplot/outputs.h"
-#include "kxplot/plot.h"
+#include "kxplot/options/commandline.h"
+#include "kxplot/options/usageerror.h"
+#include "kxplot/plan/planner.h"
+#include "kxplot/write/framefaults.h"
+#include "kxplot/write/outputs.h"
 
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/text/files.h>
@@ -14,6 +18,8 @@
 #include <exception>
 #include <iostream>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -21,23 +27,36 @@ using namespace kxplot;
 
 constexpr int CFailure = 1, CUsage = 2, CInterrupted = 130; // the last as shells have it
 
+/// Reads the table and plans the picture.
+TPlan Planned(const TOptions& Options) {
+    const std::string text = kx::ReadFile(Options.Data.File);
+    const kx::TKxTable table(text, Options.Data.File == "-" ? "standard input" : Options.Data.File,
+                             Options.Data.Header);
+    return MakePlan(table, Options);
+}
+
+void TellAll(const std::vector<std::string>& Lines) {
+    for (const auto& line : Lines) Tell(line);
+}
+
 /// Returns the exit status.
 int Draw(const TOptions& Options) {
-    CheckOutputs(Options);
-    const std::string text = kx::ReadFile(Options.Data);
-    const kx::TKxTable table(text, Options.Data == "-" ? "standard input" : Options.Data, Options.Header);
+    CheckOutputs(Options.Outputs, Options.Data.File, Options.Look.Outfit);
+    TPlan plan = Planned(Options);
     kx::qt::Install(true);
     const TFrameFaults faults;
-    TPlot plot(table, Options);
-    if (!Options.Outfit.empty()) plot.LoadOutfit(Options.Outfit);
-    plot.Apply(Options);
-    WriteOutputs(plot, Options, faults);
-    if (Options.Results == "-") Print(plot.GetResults());
-    const auto& failures = plot.GetFailures();
-    for (const auto& lines : {plot.GetNotices(), failures, plot.GetRemarks()})
-        for (const auto& line : lines) Tell(line);
-    if (plot.WasInterrupted()) return CInterrupted;
-    return failures.empty() ? 0 : CFailure;
+    TPicture picture(std::move(plan));
+    if (!Options.Look.Outfit.empty()) picture.LoadOutfit(Options.Look.Outfit);
+    picture.Apply();
+    const TFindings found = Fit(picture.GetParts());
+    picture.Finish(found.Labels);
+    WriteOutputs(picture, found.Results, Options.Outputs, faults);
+    if (Options.Outputs.Results == "-") Print(found.Results);
+    TellAll(NoticesOf(picture.GetParts()));
+    TellAll(found.Failures);
+    TellAll(found.Remarks);
+    if (found.Interrupted) return CInterrupted;
+    return found.Failures.empty() ? 0 : CFailure;
 }
 
 int Complain(const std::exception& Error, int Status) {

@@ -1,0 +1,28 @@
+#pragma once
+// Command lines in tests.
+
+#include "kxplot/options/commandline.h"
+
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace kxplot::test {
+
+using TNames = std::vector<std::string>;
+
+inline TNames Words(const std::string& Text) {
+    std::istringstream words(Text);
+    return TNames(std::istream_iterator<std::string>(words), {});
+}
+
+/// What a command line asks for; Arguments are words.
+inline TOptions Parsed(const std::string& Arguments) {
+    TNames words = Words("kxplot " + Arguments);
+    std::vector<char*> pointers;
+    for (auto& word : words) pointers.push_back(word.data());
+    return ParseOptions(int(pointers.size()), pointers.data()).value();
+}
+
+} // namespace kxplot::test

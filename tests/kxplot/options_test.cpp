@@ -1,0 +1,136 @@
+// What the command line means, or why it is refused.
+
+#include "kxplot/arguments.h"
+#include "kxplot/methods/methods.h"
+#include "kxplot/options/usageerror.h"
+
+#include <kxgraph/platform/text/files.h>
+#include <kxgraph/platform/text/numbertext.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace kxplot;
+using test::Parsed;
+
+std::string Text(double Value) { return kx::FloatToStr(Value); }
+std::string Text(const std::string& Value) { return Value; }
+std::string Text(TStyle Style) {
+    return std::vector{"line", "points", "both", "bars", "bars3d", "arrows"}[std::size_t(Style)];
+}
+std::string Text(kx::TKxLegendPlacement Place) {
+    switch (Place) {
+    case kx::lgInsideTopLeft: return "inside top left";
+    case kx::lgInsideTopRight: return "inside top right";
+    case kx::lgInsideBottomLeft: return "inside bottom left";
+    case kx::lgInsideBottomRight: return "inside bottom right";
+    case kx::lgRight: return "at right";
+    case kx::lgLeft: return "at left";
+    case kx::lgTop: return "at top";
+    case kx::lgBottom: return "at bottom";
+    default: return "elsewhere";
+    }
+}
+/// Kind and name; of what is derived of a curve, that of the curve.
+std::string Text(TAnalysisRequest Request) {
+    std::string text = KindOf(Request), start;
+    Request.Quantity = TQuantity::Value;
+    for (const auto& [name, value] : Request.Start) start += " " + name + "=" + Text(value);
+    return text + " " + NameOf(Request) + start;
+}
+std::string Text(const TLabelRequest& Label) {
+    return (Label.Number ? std::to_string(*Label.Number) + " of " : "") + Label.Key + " " +
+           std::to_string(Label.Digits) + (Label.WithError ? " error" : "");
+}
+std::string Text(const TAssignment& Assignment) { return Assignment.Path + " to " + Assignment.Value; }
+
+/// What differs from the defaults, option by option.
+class TMeaning {
+public:
+    void Add(bool Given, const std::string& What) {
+        if (Given) FText += (FText.empty() ? "" : "; ") + What;
+    }
+    template <class T>
+    void Add(const char* What, const std::optional<T>& Value) {
+        if (Value) Add(true, What + (" " + Text(*Value)));
+    }
+    template <class T>
+    void Add(const char* What, const std::vector<T>& Values) {
+        for (const auto& value : Values) Add(true, What + (" " + Text(value)));
+    }
+    const std::string& Get() const { return FText; }
+
+private:
+    std::string FText;
+};
+
+std::string MeaningOf(const TOptions& Options) {
+    TMeaning meaning;
+    const auto& [data, columns, drawing, legend, analyses, fitting, labels, look, outputs] = Options;
+    meaning.Add(data.File != "d.csv", data.File);
+    meaning.Add(data.Header != kx::TKxHeaderRow::Guess,
+                data.Header == kx::TKxHeaderRow::Present ? "header" : "no header");
+    meaning.Add("x", columns.X);
+    meaning.Add("y", columns.Y);
+    meaning.Add("dx", columns.DX);
+    meaning.Add("dy", columns.DY);
+    meaning.Add("dx-", columns.DXMinus);
+    meaning.Add("dy-", columns.DYMinus);
+    meaning.Add("vx", columns.VX);
+    meaning.Add("vy", columns.VY);
+    meaning.Add("weight", columns.Weight);
+    meaning.Add(columns.WeightByErrors, "weight by errors");
+    meaning.Add("style", drawing.Style);
+    meaning.Add("bins", drawing.Bins);
+    meaning.Add(drawing.Stack, "stack");
+    meaning.Add(drawing.Shift, "shift");
+    meaning.Add(drawing.Horizontal, "lie");
+    meaning.Add("legend", legend.Place);
+    meaning.Add(legend.None, "no legend");
+    meaning.Add("do", analyses);
+    meaning.Add(fitting.Iterations != 1000, "iterations " + std::to_string(fitting.Iterations));
+    meaning.Add(fitting.Repeat != 1, "repeat " + (fitting.Repeat ? std::to_string(*fitting.Repeat) : "auto"));
+    meaning.Add(fitting.Covariance, "covariance");
+    meaning.Add("from", fitting.From);
+    meaning.Add("to", fitting.To);
+    meaning.Add("label", labels);
+    meaning.Add(look.LogX, "log x");
+    meaning.Add(look.LogY, "log y");
+    meaning.Add("title", look.Title);
+    meaning.Add("x is", look.XCaption);
+    meaning.Add("y is", look.YCaption);
+    meaning.Add("set", look.Assignments);
+    meaning.Add(!look.Outfit.empty(), "outfit " + look.Outfit);
+    if (outputs.Pictures != test::TNames{"d.png"}) meaning.Add("write", outputs.Pictures);
+    meaning.Add(!outputs.SaveOutfit.empty(), "save " + outputs.SaveOutfit);
+    meaning.Add(!outputs.Results.empty(), "results " + outputs.Results);
+    meaning.Add(outputs.Size != kx::TSize{900, 600},
+                "size " + std::to_string(outputs.Size.Width) + " " + std::to_string(outputs.Size.Height));
+    meaning.Add(outputs.Scale != 1, "scale " + Text(outputs.Scale));
+    meaning.Add(outputs.Antialias, "smooth");
+    return meaning.Get();
+}
+
+// The file says what each of its command lines means.
+TEST(Options, MeanWhatTheFileSays) {
+    std::istringstream file(kx::ReadFile(KX_SOURCE "/tests/kxplot/commandlines.txt"));
+    int count = 0;
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with('#')) continue;
+        const auto arrow = line.find(" => ");
+        ASSERT_NE(arrow, std::string::npos) << line;
+        std::string meaning;
+        try {
+            meaning = MeaningOf(Parsed("d.csv " + line.substr(0, arrow)));
+        } catch (const TUsageError& error) {
+            meaning = std::string("! ") + error.what();
+        }
+        EXPECT_EQ(meaning, line.substr(arrow + 4)) << line;
+        ++count;
+    }
+    EXPECT_GT(count, 100);
+    EXPECT_EQ(MeaningOf(Parsed("-")), "-; write kxplot.png");
+}
+
+} // namespace

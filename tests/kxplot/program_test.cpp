@@ -1,0 +1,198 @@
+// What the program reads and writes, and what it says.
+
+#include "kxplot/program.h"
+
+#include <sys/resource.h>
+
+#include <set>
+
+namespace {
+
+using namespace kxplot::test;
+
+TEST_F(Program, WritesAPngOfDefaultSizeBesideTheDataAndNothingElse) {
+    const TOutcome outcome = Run({"d.csv"});
+    EXPECT_EQ(outcome.Status, 0);
+    EXPECT_EQ(outcome.Output + outcome.Errors, "");
+    EXPECT_EQ(Files(), TNames{"d.png"});
+    EXPECT_EQ(Read("d.png").substr(0, 4), "\x89PNG");
+    EXPECT_EQ(Read("d.png").substr(16, 8), std::string("\0\0\x03\x84\0\0\x02\x58", 8));
+}
+
+TEST_F(Program, WritesAllFormatsAtOnceAndReadsStandardInput) {
+    Write("a.svg", "old");
+    const TOutcome outcome =
+        Run(Words("- -o a.svg -o b.PDF -o c.png --size 300x200 --scale 2 --antialias"), Read("d.csv"));
+    EXPECT_EQ(outcome.Status, 0) << outcome.Errors;
+    EXPECT_EQ(Files(), (TNames{"a.svg", "b.PDF", "c.png"}));
+    EXPECT_EQ(Read("a.svg").substr(0, 5) + Read("b.PDF").substr(0, 5), "<?xml%PDF-");
+    EXPECT_NE(Read("a.svg").find(" width=\"300\" height=\"200\""), std::string::npos) << "has no pixels";
+    EXPECT_EQ(Read("c.png").substr(16, 8), std::string("\0\0\x02\x58\0\0\x01\x90", 8));
+}
+
+TEST_F(Program, NeverWritesOverWhatItReadsOrOverAnotherOutput) {
+    Write("e.png", Read("d.csv"));
+    fs::create_symlink("d.csv", Path("link.png"));
+    fs::create_hard_link(Path("e.png"), Path("hard.png"));
+    Write("o.ini", "[Graph1]\nColor=255\n");
+    const std::pair<const char*, const char*> cases[] = {
+        {"e.png", "-o: e\\.png is the file of the data"},
+        {"e.png -o ./e.png", "-o: \\./e\\.png is the file of the data"},
+        {"e.png -o hard.png", "-o: hard\\.png is the file of the data"},
+        {"d.csv -o link.png", "-o: link\\.png is the file of the data"},
+        {"d.csv --fit line --results d.csv", "--results: d\\.csv is the file of the data"},
+        {"d.csv -o a.png -o ./a.png", "-o: \\./a\\.png is written by -o, too"},
+        {"d.csv --fit line --results r.ini --save-outfit r.ini",
+         "--results: r\\.ini is written by --save-outfit, too"},
+        {"d.csv --fit line --outfit o.ini --results o.ini", "--results: o\\.ini is the file of --outfit"},
+    };
+    const TNames before = Files();
+    for (const auto& [arguments, message] : cases) ExpectError(2, arguments, message);
+    EXPECT_EQ(Read("d.csv") + Read("hard.png"), Read("e.png") + Read("e.png"));
+    EXPECT_EQ(Files(), before);
+    EXPECT_EQ(Run(Words("d.csv --outfit o.ini --save-outfit o.ini --fit line --results /dev/null")).Status,
+              0);
+}
+
+TEST_F(Program, ReplacesAllFilesOrNone) {
+    Write("a.svg", "old");
+    Write("b.svg", "old");
+    fs::permissions(Path("b.svg"), fs::perms::owner_read);
+    ExpectError(1, "d.csv -o a.svg -o b.svg", "b\\.svg: is write-protected");
+    EXPECT_EQ(Read("a.svg") + Read("b.svg"), "oldold");
+    EXPECT_EQ(Files(), (TNames{"a.svg", "b.svg"}));
+}
+
+// The first file waits while the second one is painted: long enough to be caught.
+TEST_F(Program, LeavesNothingBehindWhenASignalEndsIt) {
+    const pid_t child = Start(Words("d.csv -o a.svg -o b.png --size 3000x2000 --scale 2 --antialias"),
+                              "/dev/null", "/dev/null", "/dev/null");
+    int status = 0;
+    while (waitpid(child, &status, WNOHANG) == 0)
+        if (!Files().empty()) kill(child, SIGTERM);
+    for (const auto& name : Files()) EXPECT_NE(name.substr(0, 3), ".kx");
+}
+
+// Below what it needs memory runs out at some step of the frame or of the writing.
+TEST_F(Program, DrawsAllOrKeepsTheOldPictureWhateverMemoryThereIs) {
+    std::string text = "t,u\n";
+    for (int i = 0; i < 20000; ++i) text += std::to_string(i) + "," + std::to_string(i * i % 1009) + "\n";
+    Write("d.csv", text);
+    const std::string good = Svg("--style points");
+    const auto statusWith = [&](rlim_t Kilobytes) {
+        Write("p.svg", "old");
+        rlimit before{};
+        getrlimit(RLIMIT_AS, &before);
+        const rlimit limit{Kilobytes * 1024, before.rlim_max};
+        setrlimit(RLIMIT_AS, &limit);
+        const pid_t child =
+            Start(Words("d.csv --style points -o p.svg"), "/dev/null", "/dev/null", Path("err"));
+        setrlimit(RLIMIT_AS, &before);
+        const int status = StatusOf(child);
+        EXPECT_EQ(Read("p.svg") == (status == 0 ? good : "old"), true) << Kilobytes;
+        EXPECT_TRUE(status != 1 || Read("err").find("kxplot: ") != std::string::npos) << Kilobytes;
+        Write("err", "");
+        return status;
+    };
+    rlim_t low = 32768, high = 2 * low;
+    while (statusWith(high) != 0)
+        if ((high *= 2) > 4194304) GTEST_SKIP() << "memory cannot be limited here";
+    while (high - low > 1024) (statusWith((low + high) / 2) == 0 ? high : low) = (low + high) / 2;
+    for (rlim_t less = 0; less < 8192; less += 512) statusWith(high - less);
+}
+
+TEST_F(Program, KeepsErrorLinesShort) {
+    const std::string much(100000, 'a');
+    Write("zero.csv", "1,2\n3," + std::string(100000, '\0') + "\n");
+    const TNames cases[] = {
+        {"zero.csv"},          {"d.csv", "-y", much},    {"d.csv", "--" + much},
+        {"d.csv", much},       {"d.csv", "--fit", much}, {"d.csv", "--set", "Graph1." + much + "=1"},
+        {"d.csv", "-o", much}, {"d.csv", "--size", much}};
+    for (const TNames& arguments : cases) {
+        const TOutcome outcome = Run(arguments);
+        EXPECT_NE(outcome.Status, 0);
+        EXPECT_EQ(outcome.Errors.substr(0, 8), "kxplot: ");
+        EXPECT_LT(outcome.Errors.size(), 1100u) << arguments.back().substr(0, 20);
+    }
+}
+
+TEST_F(Program, TellsWhatIsWrongInOneLineAndLeavesNoFile) {
+    const std::tuple<int, const char*, const char*> cases[] = {
+        {1, "- --header", "standard input:2: column 2: 'n/a' is not a number"},
+        {1, "missing.csv", "missing\\.csv: .+"},
+        {1, ".", "\\.: is a directory"},
+        {1, "d.csv -o none/p.svg", "none/p\\.svg: .+"},
+        {1, "d.csv -o none/p.pdf", "none/p\\.pdf: .+"},
+        {1, "d.csv -o p.png -o none/p.png", "none/p\\.png: .+"},
+        {1, "d.csv -o p.png --outfit none.ini", "none\\.ini: .+"},
+        {1, "d.csv -o p.png --save-outfit none/o.ini", "none/o\\.ini: .+"},
+        {1, "d.csv -o p.png --outfit d.csv", "d\\.csv: is no outfit: it has no section \\[Graph1\\]"},
+        {1, "d.csv -o p.png --fit line --results none/r.ini", "none/r\\.ini: .+"},
+        {2, "", "[^\n]+"},
+        {2, "--no-such-option", "[^\n]+"},
+        {2, "d.csv other.csv", "[^\n]+"},
+        {2, "d.csv --scale two", "[^\n]+"},
+        {2, "d.csv -o p.gif", "-o: 'p\\.gif' does not end with .*"},
+    };
+    for (const auto& [status, arguments, message] : cases)
+        ExpectError(status, arguments, message, "1,2\n2,n/a\n3,4\n");
+    for (const TNames& empty :
+         {TNames{""}, {"d.csv", "--outfit", ""}, {"d.csv", "--size", ""}, {"d.csv", "--style", ""}})
+        EXPECT_EQ(Run(empty).Status, 2) << empty.back();
+    EXPECT_TRUE(Files().empty());
+    EXPECT_EQ(StatusOf(Start({"--help"}, "/dev/null", "/dev/full", "/dev/null")), 1);
+    const TOutcome help = Run({"--help"});
+    EXPECT_EQ(help.Status, 0);
+    EXPECT_NE(help.Output.find("--dx-minus"), std::string::npos);
+}
+
+TEST_F(Program, DrawsEachStyleAndTheErrorsOnIt) {
+    std::set<std::string> pictures;
+    for (const char* style : {"line", "points", "both"})
+        for (const char* more : {"", " --dy e", " --dx e", " --dy-minus e", " --dx-minus e", " --log-y"})
+            pictures.insert(Svg(std::string("-y u --style ") + style + more));
+    EXPECT_EQ(pictures.size(), 18u);
+    const std::string two = Svg("--style line"), one = Svg("-y u --style line");
+    for (const auto& [colour, inOne] : {std::pair{"#0072b2", true}, {"#d55e00", false}}) {
+        EXPECT_EQ(one.find(colour) != std::string::npos, inOne);
+        EXPECT_NE(two.find(colour), std::string::npos);
+    }
+}
+
+TEST_F(Program, AnOutfitGoesBeforeTheOwnLookAndOptionsBeforeTheOutfit) {
+    const std::string dressed = "--set Graph1.MajorGridX.Visible=1 --set XAxis.TickLength=9 "
+                                "--set Series1.LineStyle.Color=#123456 --title T --y-caption given";
+    const std::string first = Svg(dressed + " --save-outfit o.ini");
+    EXPECT_NE(first.find("#123456"), std::string::npos);
+    EXPECT_EQ(first, Svg(dressed)) << "saving changes nothing";
+    EXPECT_EQ(Svg("--outfit o.ini"), first);
+
+    const std::string outfit = Read("o.ini");
+    const std::string changed = Svg("--outfit o.ini --set Series1.LineStyle.Color=#654321 --title U");
+    EXPECT_EQ(changed.find("#123456"), std::string::npos);
+    EXPECT_NE(changed.find("#654321"), std::string::npos);
+    EXPECT_NE(changed.find(">U<"), std::string::npos);
+    EXPECT_EQ(Read("o.ini"), outfit) << "an outfit that is loaded is not written";
+    EXPECT_EQ(Files(), (TNames{"o.ini", "p.svg"}));
+}
+
+TEST_F(Program, RefusesAnOutfitThatHoldsNoNumbersWhereTheyBelong) {
+    Write("o.ini", "[Graph1]\nSeriesCount=1\n\n[Graph1.Series(1)]\nChildCount=1\n\n"
+                   "[Graph1.Series(1).Child(1)]\nCoefs=1;2;x\n");
+    ExpectError(1, "d.csv -y u --fit a+b*x+c*x^2 --start a=1,b=1,c=1 --outfit o.ini",
+                "o\\.ini: \\[Graph1\\.Series\\(1\\)\\.Child\\(1\\)\\] Coefs: '1;2;x' .*");
+}
+
+TEST_F(Program, WritesResultsToAFileOrToStandardOutputAlone) {
+    const std::string one = Results("-y u --fit line"), two = Results("-y u -y e --fit line");
+    EXPECT_EQ(one.substr(0, 24), "[Datapoints]\nCaption=u\n\n");
+    EXPECT_EQ(two.substr(0, 32), "[Series1.Datapoints]\nCaption=u\n\n");
+    EXPECT_EQ(two.find("\n\n\n"), std::string::npos);
+    EXPECT_EQ(Value(two, "Series2.LinearRegression", "Caption"), "e: linear fit");
+    const TOutcome outcome = Run(Words("d.csv -y u --fit line --results r.ini -o p.png"));
+    EXPECT_EQ(outcome.Status, 0);
+    EXPECT_EQ(outcome.Output + outcome.Errors, "");
+    EXPECT_EQ(Read("r.ini"), one);
+}
+
+} // namespace

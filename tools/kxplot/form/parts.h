@@ -1,0 +1,56 @@
+#pragma once
+// The components of a picture.
+
+#include "kxplot/plan/plan.h"
+
+#include <kxgraph/analysis/Kxcalculatedseries.h>
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/series/Kxbarseries.h>
+#include <kxgraph/series/Kxdataseries.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace kxplot {
+
+/// A series of bars and what it is bound to: an outfit may name other vectors.
+struct TBars {
+    kx::TKxBarSeries* Series;
+    kx::TKxCustomRealVector* X;
+    kx::TKxCustomRealVector* Y;
+};
+
+/// One analysis of one series.
+struct TAnalysis {
+    const TAnalysisPlan* Plan;
+    kx::TKxNotCalculatedSeries* Parent;
+    kx::TKxCalculatedSeries* Line;
+    std::string Refusal; ///< why it is not made at all
+
+    /// Whether there is nothing to show because it was refused or its calculation raised.
+    bool HasFailed() const { return !Refusal.empty() || !Line->GetError().empty(); }
+    /// Whether the calculation gave a curve. Data that determine none raise nothing.
+    bool HasCurve() const { return !HasFailed() && Line->GetPointsCount() > 0; }
+    bool IsDrawn() const { return HasCurve() && Line->GetLineStyle().GetVisible(); }
+};
+
+/// The plan, whose values have gone into the vectors, and the components, which the form owns.
+struct TParts {
+    TPlan Plan;
+    std::unique_ptr<kx::TForm> Form; ///< never shown
+    kx::TKx2DGraph* Graph = nullptr;
+    kx::TKxAxis* XAxis = nullptr;
+    kx::TKxAxis* YAxis = nullptr;
+    std::map<TQuantity, kx::TKxAxis*> SideAxes; ///< of derivatives and integrals
+    std::vector<kx::TKxNotCalculatedSeries*> Series;
+    std::vector<TBars> Bars;
+    std::vector<TAnalysis> Analyses; ///< as the plan has them
+    kx::TKxLegend* Legend = nullptr;
+    std::vector<kx::TKxSeries*> LeftOut; ///< of the legend, because they are not drawn
+};
+
+} // namespace kxplot

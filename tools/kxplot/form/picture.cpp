@@ -1,0 +1,120 @@
+#include "kxplot/form/picture.h"
+
+#include "kxplot/form/assignments.h"
+#include "kxplot/form/axiscaptions.h"
+#include "kxplot/form/legend.h"
+#include "kxplot/form/lines.h"
+#include "kxplot/form/look.h"
+#include "kxplot/form/outfit.h"
+#include "kxplot/form/series.h"
+
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/host/application.h>
+
+#include <cstddef>
+#include <optional>
+#include <utility>
+
+namespace kxplot {
+
+using namespace kx;
+
+TPicture::TPicture(TPlan Plan) {
+    FParts.Plan = std::move(Plan);
+    FParts.Form = std::make_unique<TForm>(&TApplication::Instance());
+    MakeGraph();
+    MakeAxes();
+    MakeSeries(FParts);
+    MakeLegend(FParts);
+    CaptionAxes(FParts);
+}
+
+void TPicture::MakeGraph() {
+    const TSize size = FParts.Plan.Size;
+    TForm& form = *FParts.Form;
+    form.SetName("Form1");
+    form.SetBounds(0, 0, size.Width, size.Height);
+    TKx2DGraph& graph = *(FParts.Graph = new TKx2DGraph(&form)); // the form owns its components
+    graph.SetName("Graph1");
+    graph.SetParent(&form);
+    graph.SetBounds(0, 0, size.Width, size.Height);
+    DressGraph(graph);
+}
+
+TKxAxis* TPicture::MakeAxis(const std::string& Name) {
+    auto* axis = new TKxAxis(FParts.Form.get());
+    axis->SetName(Name);
+    axis->SetParent(FParts.Graph);
+    DressAxis(*axis);
+    return axis;
+}
+
+void TPicture::MakeAxes() {
+    FParts.Graph->SetPrimaryXAxis(FParts.XAxis = MakeAxis("XAxis"));
+    FParts.Graph->SetPrimaryYAxis(FParts.YAxis = MakeAxis("YAxis"));
+    for (const auto& plan : FParts.Plan.Axes.Side) {
+        auto* axis = MakeAxis(plan.Name);
+        axis->SetPosition(AxRightPos);
+        if (!FParts.Plan.SeveralSeries()) DressSideAxis(*axis, AnalysisColor(plan.Place));
+        FParts.SideAxes[plan.Quantity] = axis;
+    }
+}
+
+void TPicture::LoadOutfit(const std::string& FileName) {
+    TKxIniList ini;
+    LoadOutfitFile(*FParts.Graph, FileName, ini);
+    // Analyses beyond those of the file have got the look of others, which would not tell them apart.
+    for (std::size_t k = 0; k < FParts.Series.size(); ++k) {
+        const int saved = ini.ReadInteger("Graph1.Series(" + std::to_string(k + 1) + ")", "ChildCount", 0);
+        if (saved > 0) DressLines(FParts, k, std::size_t(saved));
+    }
+    for (TKxAxis* axis : FParts.Graph->GetAxes()) axis->RedoRanges();
+}
+
+std::string TPicture::GetOutfit() {
+    for (TKxSeries* line : FParts.LeftOut) line->SetIncludeInLegend(true); // with other data it is drawn
+    SettleTree(*FParts.Form);
+    TKxIniList ini;
+    FParts.Graph->SaveOutfit("Graph1", ini);
+    while (ini.GetCount() > 0 && ini.GetLine(0).empty()) ini.Delete(0);
+    return ini.GetText();
+}
+
+void TPicture::ApplyLook() {
+    const TLookRequest& look = FParts.Plan.Look;
+    if (look.LogX) FParts.XAxis->SetScaling(AxLogEE);
+    if (look.LogY) FParts.YAxis->SetScaling(AxLogEE);
+    if (look.Title) {
+        FParts.Graph->SetCaption(*look.Title);
+        FParts.Graph->SetShowTitle(true);
+    }
+    const auto caption = [](TKxAxis& Axis, const std::optional<std::string>& Text) {
+        if (!Text) return;
+        Axis.SetUserCaption(*Text);
+        Axis.SetDoUserCaption(true);
+        Axis.SetCaption(*Text);
+    };
+    caption(*FParts.XAxis, look.XCaption);
+    caption(*FParts.YAxis, look.YCaption);
+}
+
+void TPicture::Apply() {
+    ApplyLook();
+    ConfigureLines(FParts);
+    ConfigureBars(FParts);
+    ConfigureLegend(FParts);
+    FNotes = std::make_unique<TNotes>(FParts);
+    CaptionSideAxes(FParts);
+    FitCaptions(FParts);
+    SettleTree(*FParts.Form); // the ends follow the data now and no longer when they are set below
+    for (const auto& assignment : FParts.Plan.Look.Assignments) Assign(*FParts.Form, assignment);
+    SettleTree(*FParts.Form);
+}
+
+void TPicture::Finish(const std::vector<TLabelSource>& Labels) {
+    FNotes->Bind(Labels);
+    FinishLegend(FParts);
+    FNotes->Place();
+}
+
+} // namespace kxplot

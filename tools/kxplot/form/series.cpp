@@ -1,0 +1,115 @@
+#include "kxplot/form/series.h"
+
+#include "kxplot/form/lines.h"
+#include "kxplot/form/look.h"
+
+#include <kxgraph/numeric/Kxvector.h>
+#include <kxgraph/series/Kxarrowseries.h>
+
+#include <optional>
+#include <utility>
+
+namespace kxplot {
+
+using namespace kx;
+
+namespace {
+
+// Filled before a series listens to it.
+TKxLiveVector* MakeVector(TVectorPlan& Plan, TForm& Form) {
+    auto* vector = new TKxLiveVector(&Form);
+    vector->SetName(Plan.Name);
+    vector->AddValues(std::exchange(Plan.Values, {}));
+    return vector;
+}
+
+/// Null for none.
+TKxLiveVector* MakeVector(std::optional<TVectorPlan>& Plan, TForm& Form) {
+    return Plan ? MakeVector(*Plan, Form) : nullptr;
+}
+
+/// Makes the next series of a kind.
+class TSeriesMaker {
+public:
+    TSeriesMaker(TParts& Parts, TSeriesPlan& Plan, TKxLiveVector* X)
+        : FParts(Parts), FForm(*Parts.Form), FPlan(Plan), FX(X) {}
+
+    TKxNotCalculatedSeries* operator()(TPointsPlan& Points);
+    TKxNotCalculatedSeries* operator()(TBarsPlan& Bars);
+    TKxNotCalculatedSeries* operator()(TArrowsPlan& Arrows);
+
+private:
+    int Number() const { return int(FParts.Series.size()); }
+
+    TParts& FParts;
+    TForm& FForm;
+    TSeriesPlan& FPlan;
+    TKxLiveVector* FX;
+};
+
+TKxNotCalculatedSeries* TSeriesMaker::operator()(TPointsPlan& Points) {
+    auto* series = new TKxDataWithErrorSeries(&FForm);
+    DressSeries(*series, Number(), Points.Style, Points.HasErrors(), Points.SmallSymbols);
+    auto* dx = MakeVector(Points.DXPlus, FForm);
+    auto* dy = MakeVector(Points.DYPlus, FForm);
+    auto* dxMinus = MakeVector(Points.DXMinus, FForm);
+    auto* dyMinus = MakeVector(Points.DYMinus, FForm);
+    series->SetdXPlus(dx);
+    series->SetdXMinus(dxMinus ? dxMinus : dx);
+    series->SetdYPlus(dy);
+    series->SetdYMinus(dyMinus ? dyMinus : dy);
+    series->SetXData(FX);
+    series->SetYData(MakeVector(FPlan.Y, FForm));
+    return series;
+}
+
+TKxNotCalculatedSeries* TSeriesMaker::operator()(TBarsPlan& Bars) {
+    auto* series = new TKxBarSeries(&FForm);
+    DressBars(*series, Number(), Bars.Boxes, Bars.GapPercent);
+    series->SetShiftOverlays(FParts.Plan.SeveralSeries());
+    series->SetStackSignsApart(true);
+    auto* lengths = MakeVector(FPlan.Y, FForm);
+    const bool lie = FParts.Plan.Drawing.Horizontal;
+    FParts.Bars.push_back({series, lie ? lengths : FX, lie ? FX : lengths});
+    return series;
+}
+
+TKxNotCalculatedSeries* TSeriesMaker::operator()(TArrowsPlan& Arrows) {
+    auto* series = new TKxArrowSeries(&FForm);
+    DressArrows(*series, Number());
+    series->SetDX(MakeVector(Arrows.DX, FForm));
+    series->SetDY(MakeVector(Arrows.DY, FForm));
+    series->SetXData(FX);
+    series->SetYData(MakeVector(FPlan.Y, FForm));
+    return series;
+}
+
+} // namespace
+
+void MakeSeries(TParts& Parts) {
+    auto* const x = MakeVector(Parts.Plan.X, *Parts.Form);
+    auto* const weight = MakeVector(Parts.Plan.Weight, *Parts.Form);
+    for (TSeriesPlan& plan : Parts.Plan.Series) {
+        auto* series = std::visit(TSeriesMaker(Parts, plan, x), plan.Kind);
+        series->SetName(plan.Name);
+        series->SetWeight(plan.Weight ? MakeVector(*plan.Weight, *Parts.Form) : weight);
+        series->SetAutoCaption(plan.Caption);
+        Parts.Series.push_back(series);
+        AddLines(Parts, *series);
+    }
+    ConfigureBars(Parts);
+}
+
+void ConfigureBars(TParts& Parts) {
+    const TDrawingRequest& drawing = Parts.Plan.Drawing;
+    for (const auto& [series, x, y] : Parts.Bars) {
+        series->SetBarHorizontal(drawing.Horizontal);
+        if (series->GetXData() != x) series->SetXData(x);
+        if (series->GetYData() != y) series->SetYData(y);
+        if (drawing.Stack) series->SetStackOverlays(true);
+        if (drawing.Shift) series->SetShiftOverlays(true);
+        if (drawing.Style) series->SetShowAs3D(drawing.Style == TStyle::Bars3D);
+    }
+}
+
+} // namespace kxplot

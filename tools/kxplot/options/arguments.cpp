@@ -1,0 +1,173 @@
+#include "kxplot/options/arguments.h"
+
+namespace kxplot {
+
+namespace {
+
+/// Of an option that takes the name of a file.
+std::string RefuseEmpty(const std::string& Name) { return Name.empty() ? "a file name is expected" : ""; }
+
+void AddDataOptions(CLI::App& App, TArguments& Given) {
+    auto& o = Given.Options;
+    App.add_option("DATA", o.Data.File, "text table with the data; - reads standard input")
+        ->required()
+        ->check(RefuseEmpty);
+    App.add_flag("--header", Given.Header, "the first row is a header, whatever it looks like");
+    App.add_flag("--no-header", Given.NoHeader,
+                 "the first row is data (default: it is a header when any text in it stands over numbers)");
+    App.add_option("-x", o.Columns.X,
+                   "column of the x values: header text or 1-based number (default: the first)")
+        ->type_name("COL");
+    const auto columns = [&App](const char* Name, std::vector<std::string>& Target, const char* Help) {
+        App.add_option(Name, Target, Help)->type_name("COL")->allow_extra_args(false);
+    };
+    columns("-y", o.Columns.Y,
+            "column of a series (several allowed; default: every other numeric column but that of --weight)");
+    columns("--dx", o.Columns.DX, "errors of x; the k-th belongs to the k-th series");
+    columns("--dy", o.Columns.DY, "errors of y, likewise; they weigh nothing without --weight-by-errors");
+    columns("--dx-minus", o.Columns.DXMinus, "errors towards smaller x where they differ from --dx");
+    columns("--dy-minus", o.Columns.DYMinus, "errors towards smaller y where they differ from --dy");
+    columns("--vx", o.Columns.VX, "x components of --style arrows; the k-th belongs to the k-th series");
+    columns("--vy", o.Columns.VY, "y components, likewise");
+}
+
+void AddFitOptions(CLI::App& App, TArguments& Given) {
+    const auto several = [&App](const char* Name, std::vector<std::string>& Target, const char* Type,
+                                const char* Help) {
+        App.add_option(Name, Target, Help)->type_name(Type)->allow_extra_args(false);
+    };
+    several("--fit", Given.Fits, "FIT",
+            "fits every series (several allowed): line, line:offset=VALUE for a line through (0, VALUE), "
+            "poly:DEGREE for a polynomial of a degree from 2, or a formula such as 'a*exp(-b*x)+c' with "
+            "--start. On a logarithmic axis a line is fitted to the decimal logarithms, all else to the "
+            "values as they are. Formulas have the point as decimal separator; x, pi and e are known, every "
+            "other name is a coefficient; one that begins with - needs --fit=");
+    several("--start", Given.Starts, "a=1,b=0.5,...",
+            "where the coefficients of a formula start from, none of them at 0; the k-th belongs to the k-th "
+            "formula. Ctrl+C ends a fit that takes too long; the best so far is kept");
+    App.add_option("--iterations", Given.Iterations, "steps of a formula fit (default: 1000)")
+        ->type_name("N");
+    App.add_option(
+           "--repeat", Given.Repeat,
+           "how many times a formula is fitted, each time from the coefficients before; opens a fit "
+           "that got stuck (default: 1). auto goes on until the sum of squares falls by no more than "
+           "1e-8 of itself, at most 100 times. A fit that one more run would improve is told, and has "
+           "Converged=0 in --results")
+        ->type_name("N|auto");
+    App.add_flag("--covariance", Given.Options.Fitting.Covariance,
+                 "formula fits heed the points by their scatter about others of the same x");
+}
+
+void AddCurveOptions(CLI::App& App, TArguments& Given) {
+    App.add_option("--curve", Given.Curves,
+                   "draws a curve through every series (several allowed): akima, akima:smooth=WIDTH after "
+                   "averaging over WIDTH to both sides (decades on a logarithmic x axis), spline for a "
+                   "smoothing spline (six points at least), spline:weight=FACTOR for one closer to the "
+                   "points (above 1) or further "
+                   "off")
+        ->type_name("CURVE")
+        ->allow_extra_args(false);
+    App.add_flag("--derivative", Given.Derivative,
+                 "draws the derivative against an axis at the right, of the first --curve (default: akima)");
+    App.add_flag("--integral", Given.Integral, "draws the integral from the first point on, likewise");
+}
+
+void AddAnalysisOptions(CLI::App& App, TArguments& Given) {
+    auto& o = Given.Options;
+    App.add_option("--weight", o.Columns.Weight,
+                   "column of the points' weights in fits and curves: 1/variance up to a factor, which "
+                   "changes no standard error")
+        ->type_name("COL");
+    App.add_flag("--weight-by-errors", o.Columns.WeightByErrors,
+                 "weighs the points in fits and curves by 1/error^2 of --dy (of the mean of --dy and "
+                 "--dy-minus); --dy alone weighs nothing");
+    App.add_option("--from", Given.From, "fits and curves take the points from this x on, and begin there")
+        ->type_name("X");
+    App.add_option("--to", Given.To, "fits and curves take the points up to this x, and end there")
+        ->type_name("X");
+    App.add_option("--results", o.Outputs.Results,
+                   "writes what fits and curves found as INI text; - is standard output")
+        ->type_name("FILE")
+        ->check(RefuseEmpty);
+    App.add_option("--label", Given.Labels,
+                   "shows a result in the picture, e.g. Slope:6 (several allowed). KEY is one of those in "
+                   "--results, DIGITS how many significant digits a number has (0 to 18, default: 8; 0: "
+                   "all). KEY:3+- adds the "
+                   "standard error, rounded to the same place. It is "
+                   "that of the first fit or curve that has KEY; 2.KEY is that of the second one, counted "
+                   "through fits, curves, derivative and integral of the first series, then of the next")
+        ->type_name("KEY[:DIGITS[+-]]")
+        ->allow_extra_args(false);
+}
+
+void AddPictureOptions(CLI::App& App, TArguments& Given) {
+    auto& o = Given.Options;
+    App.add_option("--style", Given.Style,
+                   "line, points, both, bars, bars3d or arrows (default: points with --fit or --curve; else "
+                   "both up to 50 points, line above). Bars begin at x, and the last is as wide as the one "
+                   "before it")
+        ->type_name("STYLE");
+    App.add_option("--hist", Given.Bins,
+                   "draws how many values of the -y columns (default: the first column) lie in each of N "
+                   "equal bins between the smallest and the largest")
+        ->type_name("N");
+    App.add_flag("--shift", o.Drawing.Shift, "the bars of several series stand side by side (default)");
+    App.add_flag("--stack", o.Drawing.Stack,
+                 "the bars of several series stand upon one another, values below zero "
+                 "downwards");
+    App.add_flag("--horizontal", o.Drawing.Horizontal, "bars lie; the axes change places");
+    App.add_option(
+           "--legend", Given.Legend,
+           "where the legend stands: top-left, top-right, bottom-left or bottom-right among the data, "
+           "right, left, top or bottom of them (default: right when it has more than one entry)")
+        ->type_name("PLACE");
+    App.add_flag("--no-legend", o.Legend.None, "no legend; fits and curves are named among the data");
+    App.add_flag("--log-x", o.Look.LogX, "logarithmic x axis");
+    App.add_flag("--log-y", o.Look.LogY, "logarithmic y axis");
+    App.add_option("--title", o.Look.Title,
+                   "title; captions take markup: \\b bold, \\i italic, \\+ superscript, "
+                   "\\- subscript, \\s Greek; each swallows one blank behind it")
+        ->type_name("TEXT");
+    App.add_option("--x-caption", o.Look.XCaption, "caption of the x axis (default: its header)")
+        ->type_name("TEXT");
+    App.add_option("--y-caption", o.Look.YCaption,
+                   "caption of the y axis (default: its header; of several series with a legend none)")
+        ->type_name("TEXT");
+    App.add_option("--size", Given.Size, "size in pixels at 96 per inch (default: 900x600)")
+        ->type_name("WxH");
+    App.add_option("--scale", o.Outputs.Scale, "pixels of a PNG for one pixel of --size (default: 1)")
+        ->type_name("S");
+    App.add_flag("--antialias", o.Outputs.Antialias, "smooth lines in a PNG (SVG and PDF are smooth)");
+}
+
+void AddOutfitOptions(CLI::App& App, TArguments& Given) {
+    auto& o = Given.Options;
+    App.add_option("--set", Given.Assignments,
+                   "sets a property, e.g. Graph1.MajorGridX.Visible=1; components: Graph1, XAxis, YAxis, "
+                   "SecondaryAxis1, SecondaryAxis2, Series1, ..., Fit1, ..., Curve1, ..., Derivative1, ..., "
+                   "Integral1, ..., Legend1, Label1, ...")
+        ->type_name("NAME.PROPERTY=VALUE")
+        ->allow_extra_args(false);
+    App.add_option("--outfit", o.Look.Outfit, "takes the appearance from a file")
+        ->type_name("FILE.ini")
+        ->check(RefuseEmpty);
+    App.add_option("--save-outfit", o.Outputs.SaveOutfit, "keeps the appearance in a file")
+        ->type_name("FILE.ini")
+        ->check(RefuseEmpty);
+    App.add_option("-o", o.Outputs.Pictures, "picture to write: .png, .svg or .pdf (several allowed)")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+}
+
+} // namespace
+
+void AddOptions(CLI::App& App, TArguments& Given) {
+    AddDataOptions(App, Given);
+    AddFitOptions(App, Given);
+    AddCurveOptions(App, Given);
+    AddAnalysisOptions(App, Given);
+    AddPictureOptions(App, Given);
+    AddOutfitOptions(App, Given);
+}
+
+} // namespace kxplot

@@ -1,0 +1,27 @@
+#pragma once
+// The command line as it is written down for the parser and for --help.
+
+#include "kxplot/options/options.h"
+
+#include <CLI/CLI.hpp>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kxplot {
+
+/// The options as CLI11 stores them, before they are checked.
+struct TArguments {
+    TOptions Options;
+    std::optional<std::string> Size, Style;
+    std::optional<std::string> From, To, Iterations, Repeat, Bins, Legend;
+    std::vector<std::string> Assignments, Fits, Starts, Curves, Labels;
+    bool Header = false, NoHeader = false;
+    bool Derivative = false, Integral = false;
+};
+
+/// Enters all options; both must live as long as App parses.
+void AddOptions(CLI::App& App, TArguments& Given);
+
+} // namespace kxplot

@@ -1,0 +1,177 @@
+#include "kxplot/options/commandline.h"
+
+#include "kxplot/messages.h"
+#include "kxplot/options/arguments.h"
+#include "kxplot/options/checks.h"
+#include "kxplot/options/number.h"
+#include "kxplot/options/usageerror.h"
+#include "kxplot/options/words.h"
+
+#include <kxgraph/platform/text/files.h>
+#include <kxgraph/platform/text/text.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <iostream>
+#include <string_view>
+#include <utility>
+
+namespace kxplot {
+
+namespace {
+
+kx::TSize ParseSize(const std::string& Text) {
+    constexpr int most = 20000;
+    const auto x = Text.find('x');
+    const std::string_view view(Text);
+    const auto side = [](std::string_view Part) { return ParseWhole(Part, 1, most); };
+    const auto width = x == Text.npos ? std::nullopt : side(view.substr(0, x));
+    const auto height = width ? side(view.substr(x + 1)) : std::nullopt;
+    if (!height)
+        FailUsage("--size", Text, "is not WIDTHxHEIGHT with sides from 1 to " + std::to_string(most));
+    return {*width, *height};
+}
+
+TAssignment ParseAssignment(const std::string& Text) {
+    const auto equals = Text.find('='), point = Text.find('.');
+    if (equals == std::string::npos || point == std::string::npos || point > equals || point == 0)
+        FailUsage("--set", Text, "is not NAME.PROPERTY=VALUE");
+    return {Text.substr(0, equals), Text.substr(equals + 1)};
+}
+
+std::string DefaultOutput(const std::string& Data) {
+    return Data == "-" ? "kxplot.png" : kx::ChangeFileExt(Data, ".png");
+}
+
+void CheckOutput(const std::string& FileName) {
+    for (const char* known : {".png", ".svg", ".pdf"})
+        if (kx::SameText(kx::ExtractFileExt(FileName), known)) return;
+    FailUsage("-o", FileName, "does not end with .png, .svg or .pdf");
+}
+
+void CheckScale(double Scale) {
+    if (!(Scale >= 0.1 && Scale <= 20)) throw TUsageError("--scale: a number from 0.1 to 20 is expected");
+}
+
+std::optional<double> ParseLimit(const char* Option, const std::optional<std::string>& Text) {
+    if (!Text) return std::nullopt;
+    const auto value = ParseFinite(*Text);
+    if (!value) FailUsage(Option, *Text, "is not a number");
+    return value;
+}
+
+constexpr int CMostTimes = 1000000000;
+
+int ParseCount(const char* Option, const std::optional<std::string>& Text, int Default, int Most = CMostTimes,
+               const char* Else = "") {
+    if (!Text) return Default;
+    const auto count = ParseWhole(*Text, 1, Most);
+    if (!count) FailUsage(Option, *Text, "is not a whole number from 1 to " + std::to_string(Most) + Else);
+    return *count;
+}
+
+/// Nothing for "auto".
+std::optional<int> ParseRepeat(const std::optional<std::string>& Text) {
+    if (Text == "auto") return std::nullopt;
+    return ParseCount("--repeat", Text, 1, CMostTimes, " or auto");
+}
+
+/// Arguments stand in the parser's messages as they were given.
+std::string WithoutLongWords(const std::string& Message) {
+    std::string text;
+    for (std::size_t begin = 0; begin <= Message.size();) {
+        const std::size_t end = std::min(Message.find(' ', begin), Message.size());
+        text += (begin > 0 ? " " : "") + kx::Abridged(Message.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return text;
+}
+
+void ReadFits(const TArguments& Given, TOptions& Options) {
+    std::size_t formulas = 0;
+    for (const auto& text : Given.Fits) {
+        if (!IsFormula(text)) {
+            Options.Analyses.push_back(ParseFit(text));
+            continue;
+        }
+        const bool started = formulas < Given.Starts.size();
+        Options.Analyses.push_back(ParseFormula(text, started ? &Given.Starts[formulas] : nullptr));
+        ++formulas;
+    }
+    if (Given.Starts.size() > formulas)
+        throw TUsageError("--start: there is no formula for " + Quoted(Given.Starts[formulas]));
+    Options.Fitting.Iterations = ParseCount("--iterations", Given.Iterations, Options.Fitting.Iterations);
+    Options.Fitting.Repeat = ParseRepeat(Given.Repeat);
+    CheckFormulaOptions(Given, formulas > 0);
+}
+
+void ReadCurves(const TArguments& Given, TOptions& Options) {
+    for (const auto& text : Given.Curves) Options.Analyses.push_back(ParseCurve(text));
+    TAnalysisRequest derived = ParseCurve(Given.Curves.empty() ? "akima" : Given.Curves.front());
+    for (const auto& [wanted, quantity] : {std::pair{Given.Derivative, TQuantity::Derivative},
+                                           std::pair{Given.Integral, TQuantity::Integral}}) {
+        derived.Quantity = quantity;
+        if (wanted) Options.Analyses.push_back(derived);
+    }
+}
+
+void ReadAnalyses(const TArguments& Given, TOptions& Options) {
+    ReadFits(Given, Options);
+    ReadCurves(Given, Options);
+    for (const auto& text : Given.Labels) Options.Labels.push_back(ParseLabel(text));
+    if (Options.Columns.Weight && Options.Columns.WeightByErrors)
+        throw TUsageError("--weight-by-errors: does not go with --weight");
+    Options.Fitting.From = ParseLimit("--from", Given.From);
+    Options.Fitting.To = ParseLimit("--to", Given.To);
+    CheckAnalyses(Given, Options);
+}
+
+void ReadHeader(const TArguments& Given, TOptions& Options) {
+    if (Given.Header && Given.NoHeader) throw TUsageError("--header: does not go with --no-header");
+    if (Given.Header) Options.Data.Header = kx::TKxHeaderRow::Present;
+    if (Given.NoHeader) Options.Data.Header = kx::TKxHeaderRow::Absent;
+}
+
+void ReadDrawing(const TArguments& Given, TOptions& Options) {
+    constexpr int mostBins = 1000000;
+    if (Given.Style) Options.Drawing.Style = ParseStyle(*Given.Style);
+    if (Given.Legend) Options.Legend.Place = ParseLegendPlace(*Given.Legend);
+    if (Given.Bins) Options.Drawing.Bins = ParseCount("--hist", Given.Bins, 0, mostBins);
+    CheckDrawing(Options);
+}
+
+void ReadOutputs(const TArguments& Given, TOptions& Options) {
+    if (Given.Size) Options.Outputs.Size = ParseSize(*Given.Size);
+    CheckScale(Options.Outputs.Scale);
+    for (const auto& text : Given.Assignments) Options.Look.Assignments.push_back(ParseAssignment(text));
+    if (Options.Outputs.Pictures.empty())
+        Options.Outputs.Pictures = {DefaultOutput(Options.Data.File)};
+    else
+        for (const auto& output : Options.Outputs.Pictures) CheckOutput(output);
+}
+
+} // namespace
+
+std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
+    CLI::App app{"Draws the columns of a text table as a picture.", "kxplot"};
+    TArguments given;
+    AddOptions(app, given);
+    app.set_version_flag("--version", "kxplot 0.1.0");
+    try {
+        app.parse(Count, Arguments);
+    } catch (const CLI::Success& asked) {
+        app.exit(asked, std::cout, std::cerr);
+        Print(""); // tells whether it could be written
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        throw TUsageError(WithoutLongWords(error.what()));
+    }
+    TOptions& options = given.Options;
+    ReadHeader(given, options);
+    ReadDrawing(given, options);
+    ReadAnalyses(given, options);
+    ReadOutputs(given, options);
+    return std::move(options);
+}
+
+} // namespace kxplot

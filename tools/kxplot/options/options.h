@@ -1,0 +1,91 @@
+#pragma once
+// What the command line asks of kxplot, by the step that needs it.
+
+#include "kxplot/options/analysisrequest.h"
+#include "kxplot/options/labelrequest.h"
+
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/platform/drawing/geometry.h>
+#include <kxgraph/table/Kxtable.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kxplot {
+
+/// The table.
+struct TDataRequest {
+    std::string File; ///< "-" is standard input
+    kx::TKxHeaderRow Header = kx::TKxHeaderRow::Guess;
+};
+
+/// Which columns are what: header texts, or numbers from 1.
+struct TColumnRequest {
+    std::optional<std::string> X, Weight;
+    std::vector<std::string> Y, DX, DY, DXMinus, DYMinus;
+    std::vector<std::string> VX, VY; ///< components of arrows
+    bool WeightByErrors = false;
+};
+
+enum class TStyle { Line, Points, Both, Bars, Bars3D, Arrows };
+
+/// What series are drawn as.
+struct TDrawingRequest {
+    std::optional<TStyle> Style;
+    std::optional<int> Bins; ///< of a histogram
+    bool Stack = false, Shift = false, Horizontal = false;
+
+    bool HasBars() const { return Bins || Style == TStyle::Bars || Style == TStyle::Bars3D; }
+    bool HasArrows() const { return Style == TStyle::Arrows; }
+};
+
+struct TLegendRequest {
+    std::optional<kx::TKxLegendPlacement> Place;
+    bool None = false;
+};
+
+/// How analyses are done.
+struct TFitRequest {
+    int Iterations = 1000;         ///< of formula fits
+    std::optional<int> Repeat = 1; ///< likewise; nothing: until nothing is gained
+    bool Covariance = false;
+    std::optional<double> From, To;
+};
+
+struct TAssignment {
+    std::string Path; ///< component and property: "Graph1.MajorGridX.Visible"
+    std::string Value;
+};
+
+/// What else the picture is like.
+struct TLookRequest {
+    bool LogX = false, LogY = false;
+    std::optional<std::string> Title, XCaption, YCaption;
+    std::vector<TAssignment> Assignments;
+    std::string Outfit; ///< file; empty: none
+};
+
+/// What is written.
+struct TOutputRequest {
+    std::vector<std::string> Pictures;
+    std::string SaveOutfit; ///< file; empty: none
+    std::string Results;    ///< likewise; "-" is standard output
+    kx::TSize Size{900, 600};
+    double Scale = 1;
+    bool Antialias = false;
+};
+
+struct TOptions {
+    TDataRequest Data;
+    TColumnRequest Columns;
+    TDrawingRequest Drawing;
+    TLegendRequest Legend;
+    std::vector<TAnalysisRequest> Analyses; ///< fits, then curves, the derivative and the integral
+    TFitRequest Fitting;
+    std::vector<TLabelRequest> Labels;
+    TLookRequest Look;
+    TOutputRequest Outputs;
+};
+
+} // namespace kxplot

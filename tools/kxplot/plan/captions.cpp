@@ -1,0 +1,51 @@
+#include "kxplot/plan/captions.h"
+
+#include "kxplot/plan/captiontext.h"
+
+#include <utility>
+
+namespace kxplot {
+
+using namespace kx;
+
+namespace {
+
+std::string SeriesHeaders(const TKxTable& Table, const TColumns& Columns) {
+    std::string headers;
+    for (const int column : Columns.Y) {
+        const std::string header = Table.GetHeader(column);
+        headers += (headers.empty() || header.empty() ? "" : ", ") + header;
+    }
+    return headers;
+}
+
+TKxCaption SideCaption(TQuantity Quantity, const TKxCaption& X, const TKxCaption& Y) {
+    if (Quantity == TQuantity::Integral) return "integral of " + (Y.empty() ? "y" : Y);
+    return "d" + (Y.empty() ? "y" : "(" + Y + ")") + " / d" + (X.empty() ? "x" : "(" + X + ")");
+}
+
+} // namespace
+
+// Series would find or make an axis at the right by themselves, but derivative and integral the same one.
+TAxesPlan PlanAxes(const TKxTable& Table, const TColumns& Columns, const TOptions& Options) {
+    const std::string headers = SeriesHeaders(Table, Columns);
+    const bool bins = Options.Drawing.Bins.has_value();
+    TAxesPlan axes;
+    axes.X = EscapeCaption(bins ? headers : Columns.X >= 0 ? Table.GetHeader(Columns.X) : "");
+    axes.Y = EscapeCaption(bins ? "count" : headers);
+    axes.SeriesOnX = bins != Options.Drawing.Horizontal;
+    if (Options.Drawing.Horizontal) std::swap(axes.X, axes.Y);
+    const auto shown = [](const std::optional<std::string>& Given, const TKxCaption& Header) {
+        return Given ? Closed(*Given) : Header;
+    };
+    const TKxCaption x = shown(Options.Look.XCaption, axes.X), y = shown(Options.Look.YCaption, axes.Y);
+    for (std::size_t k = 0; k < Options.Analyses.size(); ++k)
+        if (const TQuantity quantity = Options.Analyses[k].Quantity; quantity != TQuantity::Value)
+            axes.Side.push_back({quantity,
+                                 "SecondaryAxis" + std::to_string(axes.Side.size() + 1),
+                                 SideCaption(quantity, x, y),
+                                 {int(k), 0, false}});
+    return axes;
+}
+
+} // namespace kxplot

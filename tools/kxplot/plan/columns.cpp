@@ -1,0 +1,96 @@
+#include "kxplot/plan/columns.h"
+
+#include "kxplot/options/usageerror.h"
+
+#include <kxgraph/platform/text/text.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+
+namespace kxplot {
+
+namespace {
+
+bool Contains(const std::vector<int>& Columns, int Column) {
+    return std::find(Columns.begin(), Columns.end(), Column) != Columns.end();
+}
+
+std::vector<int> Found(const kx::TKxTable& Table, const std::vector<std::string>& Names) {
+    std::vector<int> columns;
+    for (const auto& name : Names) columns.push_back(Table.FindNumericColumn(name));
+    return columns;
+}
+
+int ColumnOfX(const kx::TKxTable& Table, const std::optional<std::string>& Name) {
+    if (Name) return Table.FindNumericColumn(*Name);
+    return Table.GetColumnCount() > 1 ? 0 : -1;
+}
+
+/// Every numeric column that is nothing else.
+std::vector<int> OtherColumns(const kx::TKxTable& Table, const TColumns& Columns) {
+    std::vector<int> others;
+    const std::vector<int> taken = Columns.All();
+    for (int i = 0; i < Table.GetColumnCount(); ++i)
+        if (!Contains(taken, i) && Table.IsNumeric(i)) others.push_back(i);
+    if (others.empty())
+        throw kx::ETableError(kx::Escaped(Table.GetName()) + ": has no numeric column for a series");
+    return others;
+}
+
+void CheckComponents(const std::vector<int>& Columns, std::size_t Count, const char* Option) {
+    if (Columns.size() != Count)
+        throw TUsageError(std::string(Option) + ": " + std::to_string(Columns.size()) +
+                          " for a number of series of " + std::to_string(Count));
+}
+
+/// One entry a series: the k-th option's column, or -1.
+std::vector<int> ErrorColumns(const kx::TKxTable& Table, const std::vector<std::string>& Names,
+                              std::size_t Count, const char* Option) {
+    if (Names.size() > Count)
+        throw TUsageError(std::string(Option) + ": more columns of errors than series (" +
+                          std::to_string(Count) + ")");
+    std::vector<int> columns = Found(Table, Names);
+    columns.resize(Count, -1);
+    return columns;
+}
+
+} // namespace
+
+std::vector<int> TColumns::All() const {
+    std::vector<int> all{X, Weight};
+    for (const auto* list : {&Y, &DXPlus, &DYPlus, &DXMinus, &DYMinus, &VX, &VY})
+        all.insert(all.end(), list->begin(), list->end());
+    std::sort(all.begin(), all.end());
+    all.erase(std::unique(all.begin(), all.end()), all.end());
+    std::erase_if(all, [](int Column) { return Column < 0; });
+    return all;
+}
+
+TColumns ChooseColumns(const kx::TKxTable& Table, const TColumnRequest& Request,
+                       const TDrawingRequest& Drawing) {
+    TColumns columns;
+    columns.Y = Found(Table, Request.Y);
+    if (Drawing.Bins) {
+        if (columns.Y.empty()) columns.Y = Found(Table, {"1"});
+        return columns;
+    }
+    columns.X = ColumnOfX(Table, Request.X);
+    columns.VX = Found(Table, Request.VX);
+    columns.VY = Found(Table, Request.VY);
+    if (!Request.X && columns.X == 0 && !Table.IsNumeric(0)) Table.FindNumericColumn("1");
+    if (Request.Weight) columns.Weight = Table.FindNumericColumn(*Request.Weight);
+    if (columns.Y.empty()) columns.Y = OtherColumns(Table, columns);
+    const std::size_t count = columns.Y.size();
+    if (Drawing.HasArrows()) {
+        CheckComponents(columns.VX, count, "--vx");
+        CheckComponents(columns.VY, count, "--vy");
+    }
+    columns.DXPlus = ErrorColumns(Table, Request.DX, count, "--dx");
+    columns.DYPlus = ErrorColumns(Table, Request.DY, count, "--dy");
+    columns.DXMinus = ErrorColumns(Table, Request.DXMinus, count, "--dx-minus");
+    columns.DYMinus = ErrorColumns(Table, Request.DYMinus, count, "--dy-minus");
+    return columns;
+}
+
+} // namespace kxplot

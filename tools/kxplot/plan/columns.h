@@ -1,0 +1,28 @@
+#pragma once
+// Which columns of the table are drawn as what.
+
+#include "kxplot/options/options.h"
+
+#include <kxgraph/table/Kxtable.h>
+
+#include <vector>
+
+namespace kxplot {
+
+/// Columns of a table, zero-based.
+struct TColumns {
+    int X = -1;      ///< -1: 1, 2, 3, ...
+    int Weight = -1; ///< -1: none
+    std::vector<int> Y;
+    std::vector<int> DXPlus, DYPlus, DXMinus, DYMinus; ///< one a series, -1: none; empty with --hist
+    std::vector<int> VX, VY;                           ///< one a series of arrows
+
+    std::vector<int> All() const; ///< each once, ascending
+};
+
+/// Raises kx::ETableError for columns that the table has not or that are not numeric, and TUsageError for
+/// more error columns than series or another number of arrow components.
+TColumns ChooseColumns(const kx::TKxTable& Table, const TColumnRequest& Request,
+                       const TDrawingRequest& Drawing);
+
+} // namespace kxplot

@@ -1,0 +1,210 @@
+#include "kxplot/plan/planner.h"
+
+#include "kxplot/methods/methods.h"
+#include "kxplot/options/usageerror.h"
+#include "kxplot/plan/bins.h"
+#include "kxplot/plan/captions.h"
+#include "kxplot/plan/columns.h"
+#include "kxplot/plan/weights.h"
+
+#include <kxgraph/platform/text/text.h>
+
+#include <algorithm>
+#include <map>
+#include <span>
+#include <utility>
+
+namespace kxplot {
+
+using namespace kx;
+
+namespace {
+
+/// The values of some columns.
+struct TValues {
+    std::vector<int> Columns; ///< ascending
+    std::vector<std::vector<double>> Values;
+
+    std::size_t Rows() const { return Values.front().size(); }
+    const std::vector<double>& Of(int Column) const {
+        return Values[std::size_t(std::lower_bound(Columns.begin(), Columns.end(), Column) -
+                                  Columns.begin())];
+    }
+};
+
+/// Plans series by series what they hold.
+class TSeriesPlanner {
+public:
+    TSeriesPlanner(const TKxTable& Table, const TOptions& Options, const TColumns& Columns);
+
+    TVectorPlan X() const;
+    std::optional<TVectorPlan> Weight() const;
+    TSeriesPlan Series(std::size_t Index, const TVectorPlan& X) const;
+
+private:
+    using TKind = decltype(TSeriesPlan::Kind);
+    TVectorPlan Vector(const char* Name, std::size_t Index, int Column) const;
+    std::optional<TVectorPlan> Errors(const char* Name, std::size_t Index,
+                                      const std::vector<int>& Columns) const;
+    std::vector<double> BinEdges() const;
+    TVectorPlan ErrorWeight(std::size_t Index, const TVectorPlan& X) const;
+    TKind Kind(std::size_t Index) const;
+    TPointsPlan Points(std::size_t Index) const;
+    bool ShowsValues() const;
+    TStyle PointStyle() const;
+
+    const TKxTable& FTable;
+    const TOptions& FOptions;
+    const TColumns& FColumns;
+    TValues FValues;
+};
+
+// One pass over the table reads every column once.
+TSeriesPlanner::TSeriesPlanner(const TKxTable& Table, const TOptions& Options, const TColumns& Columns)
+    : FTable(Table), FOptions(Options),
+      FColumns(Columns), FValues{Columns.All(), Table.ReadColumns(Columns.All())} {}
+
+TVectorPlan TSeriesPlanner::Vector(const char* Name, std::size_t Index, int Column) const {
+    return {Name + std::to_string(Index + 1), FValues.Of(Column)};
+}
+
+std::optional<TVectorPlan> TSeriesPlanner::Errors(const char* Name, std::size_t Index,
+                                                  const std::vector<int>& Columns) const {
+    if (Columns[Index] < 0) return std::nullopt;
+    return Vector(Name, Index, Columns[Index]);
+}
+
+std::vector<double> TSeriesPlanner::BinEdges() const {
+    TFiniteRange range;
+    for (const int column : FColumns.Y) {
+        TFiniteRange own;
+        own.Include(FValues.Of(column));
+        if (own.IsEmpty())
+            throw ETableError(Escaped(FTable.GetName()) + ": column " + FTable.ShownName(column) +
+                              " has no finite value");
+        range.Include({own.Low, own.High});
+    }
+    return EqualBins(range, *FOptions.Drawing.Bins);
+}
+
+TVectorPlan TSeriesPlanner::X() const {
+    TVectorPlan x{"XData", {}};
+    if (FOptions.Drawing.Bins)
+        x.Values = BinEdges();
+    else if (FColumns.X >= 0)
+        x.Values = FValues.Of(FColumns.X);
+    else
+        for (std::size_t i = 0; i < FValues.Rows(); ++i) x.Values.push_back(double(i + 1));
+    if (FOptions.Drawing.HasBars() && !FOptions.Drawing.Bins) x.Values = WithLastEdge(x.Values);
+    return x;
+}
+
+std::optional<TVectorPlan> TSeriesPlanner::Weight() const {
+    if (FColumns.Weight < 0) return std::nullopt;
+    return TVectorPlan{"Weight", FValues.Of(FColumns.Weight)};
+}
+
+TVectorPlan TSeriesPlanner::ErrorWeight(std::size_t Index, const TVectorPlan& X) const {
+    const std::string name = FTable.ColumnName(FColumns.Y[Index]), number = std::to_string(Index + 1);
+    const int plus = FColumns.DYPlus[Index], minus = FColumns.DYMinus[Index];
+    if (plus < 0 && minus < 0)
+        throw TUsageError("--weight-by-errors: series " + number + ", " + name + ", has no --dy");
+    const auto errors = [&](int Column) {
+        return Column < 0 ? std::span<const double>() : std::span<const double>(FValues.Of(Column));
+    };
+    const TErrors all{name, X.Values, FValues.Of(FColumns.Y[Index]), errors(plus), errors(minus)};
+    return {"Weight" + number, WeightsByErrors(FTable, all)};
+}
+
+/// Whether there is a fit or a curve among the points.
+bool TSeriesPlanner::ShowsValues() const {
+    return std::ranges::any_of(FOptions.Analyses, [](const TAnalysisRequest& Request) {
+        return Request.Quantity == TQuantity::Value;
+    });
+}
+
+// A line of one point would be nothing.
+TStyle TSeriesPlanner::PointStyle() const {
+    constexpr std::size_t few = 50;
+    const TStyle byCount = FValues.Rows() <= few ? TStyle::Both : TStyle::Line;
+    const TStyle style = FOptions.Drawing.Style.value_or(ShowsValues() ? TStyle::Points : byCount);
+    return FValues.Rows() == 1 && style == TStyle::Line ? TStyle::Both : style;
+}
+
+TPointsPlan TSeriesPlanner::Points(std::size_t Index) const {
+    constexpr std::size_t many = 500;
+    return {PointStyle(),
+            ShowsValues() && !FOptions.Drawing.Style && FValues.Rows() > many,
+            Errors("dX", Index, FColumns.DXPlus),
+            Errors("dXMinus", Index, FColumns.DXMinus),
+            Errors("dY", Index, FColumns.DYPlus),
+            Errors("dYMinus", Index, FColumns.DYMinus)};
+}
+
+// Bars of several series that are beside or upon one another belong together.
+TSeriesPlanner::TKind TSeriesPlanner::Kind(std::size_t Index) const {
+    constexpr double gap = 10;
+    const TDrawingRequest& drawing = FOptions.Drawing;
+    if (drawing.HasBars())
+        return TBarsPlan{drawing.Style == TStyle::Bars3D, FColumns.Y.size() > 1 && !drawing.Bins ? gap : 0};
+    if (drawing.HasArrows())
+        return TArrowsPlan{Vector("VX", Index, FColumns.VX[Index]), Vector("VY", Index, FColumns.VY[Index])};
+    return Points(Index);
+}
+
+TSeriesPlan TSeriesPlanner::Series(std::size_t Index, const TVectorPlan& X) const {
+    const int column = FColumns.Y[Index];
+    TSeriesPlan series;
+    series.Name = "Series" + std::to_string(Index + 1);
+    series.Caption = EscapeCaption(FTable.ColumnName(column));
+    series.ShownColumn = FTable.ShownName(column);
+    series.Y = Vector("YData", Index, column);
+    if (FOptions.Drawing.Bins) series.Y.Values = CountInBins(X.Values, series.Y.Values);
+    series.Kind = Kind(Index);
+    if (FOptions.Columns.WeightByErrors) series.Weight = ErrorWeight(Index, X);
+    return series;
+}
+
+/// Each of the series gets each analysis.
+std::vector<TAnalysisPlan> PlanAnalyses(const std::vector<TAnalysisRequest>& Requests,
+                                        std::size_t SeriesCount) {
+    std::vector<TAnalysisPlan> analyses;
+    std::map<std::string, int> numbers;
+    for (std::size_t series = 0; series < SeriesCount; ++series)
+        for (std::size_t k = 0; k < Requests.size(); ++k) {
+            const std::string kind = KindOf(Requests[k]);
+            const int number = ++numbers[kind];
+            analyses.push_back({Requests[k],
+                                number,
+                                kind + std::to_string(number),
+                                NameOf(Requests[k]),
+                                {int(k), int(series), SeriesCount > 1}});
+        }
+    return analyses;
+}
+
+} // namespace
+
+TPlan MakePlan(const TKxTable& Table, const TOptions& Options) {
+    const TColumns columns = ChooseColumns(Table, Options.Columns, Options.Drawing);
+    const TSeriesPlanner planner(Table, Options, columns);
+    TPlan plan;
+    plan.Table = Table.GetName();
+    plan.Size = Options.Outputs.Size;
+    plan.X = planner.X();
+    plan.Weight = planner.Weight();
+    for (std::size_t k = 0; k < columns.Y.size(); ++k) plan.Series.push_back(planner.Series(k, plan.X));
+    plan.Analyses = PlanAnalyses(Options.Analyses, columns.Y.size());
+    plan.Axes = PlanAxes(Table, columns, Options);
+    plan.HasLegend =
+        plan.Series.size() + plan.Analyses.size() > 1 || Options.Legend.Place || Options.Legend.None;
+    plan.WeighLogarithms = Options.Columns.WeightByErrors;
+    plan.Drawing = Options.Drawing;
+    plan.Legend = Options.Legend;
+    plan.Fitting = Options.Fitting;
+    plan.Labels = Options.Labels;
+    plan.Look = Options.Look;
+    return plan;
+}
+
+} // namespace kxplot

@@ -1,0 +1,107 @@
+#include "kxplot/write/outputs.h"
+
+#include "kxplot/options/usageerror.h"
+#include "kxplot/write/signals.h"
+
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/text/filegroup.h>
+#include <kxgraph/platform/text/files.h>
+#include <kxgraph/platform/text/text.h>
+#include <kxgraph/qt/Kxqtpicture.h>
+#include <kxgraph/svg/Kxsvgdevice.h>
+
+#include <new>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kxplot {
+
+namespace {
+
+struct TNamedFile {
+    const char* Option;
+    std::string Name;
+};
+
+std::vector<TNamedFile> OutputsOf(const TOutputRequest& Outputs) {
+    std::vector<TNamedFile> files;
+    for (const auto& name : Outputs.Pictures) files.push_back({"-o", name});
+    if (!Outputs.SaveOutfit.empty()) files.push_back({"--save-outfit", Outputs.SaveOutfit});
+    if (!Outputs.Results.empty() && Outputs.Results != "-") files.push_back({"--results", Outputs.Results});
+    return files;
+}
+
+void Refuse(const TNamedFile& File, const std::string& Other, const char* What) {
+    if (!Other.empty() && kx::IsSameFile(File.Name, Other))
+        throw TUsageError(std::string(File.Option) + ": " + kx::Escaped(File.Name) + " is " + What);
+}
+
+std::string Painted(const TParts& Parts, const TOutputRequest& Outputs, const std::string& FileName) {
+    const auto paint = [&Parts](kx::TCanvasDevice& Device) { Parts.Graph->PaintTo(Device); };
+    const kx::TColor ground = Parts.Graph->GetColor();
+    const std::string extension = kx::ExtractFileExt(FileName);
+    if (kx::SameText(extension, ".svg")) {
+        kx::TSvgDevice device(Outputs.Size, 1, ground); // lines have no pixels to multiply
+        paint(device);
+        return device.Document();
+    }
+    const kx::qt::TPictureOptions picture{Outputs.Size, Outputs.Scale, Outputs.Antialias, ground,
+                                          Parts.Graph->GetCaption()};
+    return kx::SameText(extension, ".pdf") ? kx::qt::PdfBytes(picture, paint)
+                                           : kx::qt::PngBytes(picture, paint);
+}
+
+std::string PictureBytes(const TParts& Parts, const TOutputRequest& Outputs, const std::string& FileName,
+                         const TFrameFaults& Faults) {
+    if (!kx::SettleTree(*Parts.Form)) {
+        Faults.Check();
+        throw TFrameError("the layout of the picture comes to no end; another --size may help");
+    }
+    try {
+        std::string bytes = Painted(Parts, Outputs, FileName);
+        Faults.Check();
+        return bytes;
+    } catch (const kx::Exception& error) {
+        throw kx::EFileError(kx::Escaped(FileName) + ": " + error.what());
+    }
+}
+
+} // namespace
+
+void CheckOutputs(const TOutputRequest& Outputs, const std::string& Data, const std::string& Outfit) {
+    const auto files = OutputsOf(Outputs);
+    for (std::size_t k = 0; k < files.size(); ++k) {
+        Refuse(files[k], Data == "-" ? "/dev/stdin" : Data, "the file of the data");
+        if (files[k].Option != std::string("--save-outfit")) Refuse(files[k], Outfit, "the file of --outfit");
+        for (std::size_t other = 0; other < k; ++other)
+            Refuse(files[k], files[other].Name,
+                   (std::string("written by ") + files[other].Option + ", too").c_str());
+    }
+    for (const auto& file : files) kx::CheckWritable(file.Name);
+}
+
+void WriteOutputs(TPicture& Picture, const std::string& Results, const TOutputRequest& Outputs,
+                  const TFrameFaults& Faults) {
+    std::vector<std::pair<std::string, std::string>> contents;
+    for (const auto& [option, name] : OutputsOf(Outputs)) {
+        const std::string_view kind(option);
+        contents.emplace_back(name, kind == "-o" ? PictureBytes(Picture.GetParts(), Outputs, name, Faults)
+                                    : kind == "--results" ? Results
+                                                          : Picture.GetOutfit());
+    }
+    Faults.Check();
+    std::optional<TSignalsHeld> held(std::in_place);
+    kx::TFileGroup files;
+    for (const auto& [name, text] : contents) {
+        files.Add(name, text);
+        if (held->ArePending()) return; // nothing stays behind, and the signal does what it came for
+    }
+    files.MoveIntoPlace();
+    held.reset(); // a pipe may wait for its reader as long as it likes
+    files.WriteDevices();
+}
+
+} // namespace kxplot

@@ -1,0 +1,23 @@
+#pragma once
+// The files that a run writes.
+
+#include "kxplot/form/picture.h"
+#include "kxplot/options/options.h"
+#include "kxplot/write/framefaults.h"
+
+#include <string>
+
+namespace kxplot {
+
+/// Looks before anything is read. Raises TUsageError for an output that is the data file, the file of
+/// --outfit (but --save-outfit may be), or another output, by name or through a link; kx::EFileError for one
+/// that must not be written.
+void CheckOutputs(const TOutputRequest& Outputs, const std::string& Data, const std::string& Outfit);
+
+/// Writes pictures, outfit and results: all of them or, where one cannot be made or written, none. Raises
+/// kx::EFileError, and TFrameError for a picture that does not settle. Pictures that raise exceptions while
+/// they are painted do so to Faults.
+void WriteOutputs(TPicture& Picture, const std::string& Results, const TOutputRequest& Outputs,
+                  const TFrameFaults& Faults);
+
+} // namespace kxplot
