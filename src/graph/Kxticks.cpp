@@ -1,6 +1,7 @@
 #include <kxgraph/graph/Kxticks.h>
 
 #include <kxgraph/numeric/Kxarithm.h>
+#include <kxgraph/numeric/Kxdecimal.h>
 #include <kxgraph/platform/text/numbertext.h>
 
 #include <algorithm>
@@ -26,25 +27,10 @@ struct TTick {
 };
 using TTickList = std::vector<TTick>; // by value
 
-/// Digits (a whole number) times 10 to the power Exponent. Multiples are counted in it, so that each is the
-/// double next to its decimal and no error adds up along the axis.
-struct TDecimal {
-    double Digits;
-    int Exponent;
-
-    TDecimal Times(std::int64_t N) const { return {Digits * static_cast<double>(N), Exponent}; }
-    double Value() const { return ExpMinus(Digits, -Exponent); }
-    int Decimals() const { return LastSignificant(Digits) - 1 - GetExponent(Digits) - Exponent; }
-};
-
-TDecimal DecimalOf(double Value, int Exponent) {
-    const int unit = GetExponent(Value) - LastSignificant(Value) + 1;
-    return {ExpMinus(Value, unit), unit + Exponent};
-}
-
-/// Ticks at multiples First to Last of Step.
+/// Ticks at multiples First to Last of Step. They are counted in decimals, so that each is the double next to
+/// its decimal and no error adds up along the axis.
 struct TGrid {
-    TDecimal Step{1, 0};
+    TKxDecimal Step{1, 0};
     std::int64_t MajorEvery = 1;
     std::int64_t LabelEvery = 1;
     std::int64_t First = 0;
@@ -67,10 +53,12 @@ TGrid MakeGrid(double Start, double Stop, const TKxSteps& Steps, int SpanExponen
     const int finest = LastDigit(Start, Stop) - SpanExponent;
     if (GetExponent(tick) < finest) tick = IntExp10(finest);
     TGrid grid;
-    grid.Step = DecimalOf(tick, SpanExponent);
+    grid.Step = TKxDecimal::Of(tick).Shifted(SpanExponent);
     grid.MajorEvery = EveryNth(Steps.MajorTick, tick);
     grid.LabelEvery = EveryNth(Steps.Label, tick);
-    const auto index = [&](double End) { return ExpMinus(End, grid.Step.Exponent) / grid.Step.Digits; };
+    const auto index = [&](double End) {
+        return ExpMinus(End, static_cast<int>(grid.Step.Exponent)) / static_cast<double>(grid.Step.Digits);
+    };
     grid.First = static_cast<std::int64_t>(std::ceil(index(Start) - CStepTolerance));
     grid.Last = static_cast<std::int64_t>(std::floor(index(Stop) + CStepTolerance));
     return grid;
@@ -104,7 +92,8 @@ TLinearScale MakeLinearScale(const TKxScaleEnds& Ends) {
         if (!scale.Grid.IsUsable())
             scale.Grid = MakeGrid(Ends.Start, Ends.Stop, StepsForSpan(*table, span, exponent), exponent);
     // Labels stand on multiples of the tick step, which may need more digits than the label step alone.
-    const int needed = scale.Factor + scale.Grid.Step.Times(scale.Grid.LabelEvery).Decimals() + 1;
+    const int needed =
+        scale.Factor - static_cast<int>(scale.Grid.Step.Times(scale.Grid.LabelEvery).Exponent) + 1;
     scale.Digits = isOwn ? std::max(needed, Ends.LabelDigits) : needed;
     return scale;
 }

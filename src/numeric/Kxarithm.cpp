@@ -1,22 +1,17 @@
 #include <kxgraph/numeric/Kxarithm.h>
 
+#include <kxgraph/numeric/Kxdecimal.h>
 #include <kxgraph/platform/base/matherror.h>
 #include <kxgraph/platform/text/numbertext.h>
 
 #include <algorithm>
-#include <array>
 #include <cfloat>
 #include <cmath>
+#include <cstdint>
 
 namespace kx {
 
 namespace {
-
-// Where things lie in the scientific text.
-constexpr std::size_t CMantissaAt = 1;
-constexpr std::size_t CMantissaLength = 16;
-constexpr std::size_t CExponentAt = 18;
-constexpr int CDigits = 15;
 
 double PowerOfTen(long double X) {
     if (X == 0) return 1.0;
@@ -24,37 +19,11 @@ double PowerOfTen(long double X) {
     return power <= DBL_MAX ? static_cast<double>(power) : CMaxReal;
 }
 
-int ExponentOf(const std::string& Text) {
-    const std::string digits = Text.substr(CExponentAt);
-    int position = 0;
-    const int exponent = ValInt(digits, position);
-    if (position != 0) throw EConvertError("'" + digits + "' is not a valid integer value");
-    return exponent;
-}
-
-constexpr std::array<double, 23> CExactPowers = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                 1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
-                                                 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-
-/// Whether X is a whole number of so few digits, and Shift so small, that a product or quotient of two exact
-/// numbers is rounded only once: to the double that the text would be read as.
-bool IsExactShift(double X, std::int64_t Shift) {
-    return std::abs(X) < 1e15 && std::abs(Shift) < std::ssize(CExactPowers) && std::trunc(X) == X;
-}
-
-/// X with Shift added to its decimal exponent. The value goes through its text, so that its digits are kept.
+/// X with Shift added to its decimal exponent.
 double ShiftedBy(double X, std::int64_t Shift) {
     if (!std::isfinite(X)) return X;
-    if (IsExactShift(X, Shift)) {
-        const double power = CExactPowers[static_cast<std::size_t>(std::abs(Shift))];
-        return (Shift < 0 ? X / power : X * power) + 0.0; // zero has no sign
-    }
-    const std::string text = ScientificText(X);
-    std::string shifted = X < 0 ? "-" : "";
-    shifted += text.substr(CMantissaAt, CMantissaLength) + "E" + std::to_string(ExponentOf(text) + Shift);
-    int position = 0;
-    const double result = Val(shifted, position);
-    return position == 0 && std::isfinite(result) ? result : X;
+    const double result = TKxDecimal::Of(X).Shifted(Shift).Value();
+    return std::isfinite(result) ? result : X;
 }
 
 /// Scaled is the value, moved so far that cutting off the fraction of its quotient by Step rounds it.
@@ -93,7 +62,12 @@ double Exp10(const double X) { return PowerOfTen(X); }
 
 double IntExp10(const int N) { return PowerOfTen(N); }
 
-int GetExponent(const double X) { return ExponentOf(ScientificText(X)); }
+int GetExponent(const double X) {
+    constexpr std::size_t CExponentAt = 18;
+    if (!std::isfinite(X))
+        throw EConvertError("'" + ScientificText(X).substr(CExponentAt) + "' is not a valid integer value");
+    return static_cast<int>(TKxDecimal::Of(X).Magnitude());
+}
 
 double ExpMinus(const double X, int N) { return ShiftedBy(X, -std::int64_t{N}); }
 
@@ -118,11 +92,8 @@ double RoundLogDown(const double X, const double Ref, const double Step) {
 }
 
 int LastSignificant(const double X) {
-    std::string digits = ScientificText(X).substr(CMantissaAt, CMantissaLength);
-    std::erase(digits, '.');
-    int last = CDigits;
-    while (last > 0 && digits[static_cast<std::size_t>(last - 1)] == '0') --last;
-    return last;
+    constexpr int CDigits = 15;
+    return std::isfinite(X) ? TKxDecimal::Of(X).Significant() : CDigits;
 }
 
 double EvaluatePolynomial(const double Coeffs[], short Degree, double X) {
