@@ -6,6 +6,7 @@
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace kx {
 namespace {
@@ -94,6 +95,8 @@ TEST(Legend, ShowsTheSeriesInDrawingOrderAndChildrenAfterTheirParent) {
 }
 
 TEST(Legend, KeepsItsGapInTheCornersClearOfInwardTicks) {
+    constexpr TKxSide CCorners[][2] = {
+        {AxLeftPos, AxTopPos}, {AxRightPos, AxTopPos}, {AxLeftPos, AxBottomPos}, {AxRightPos, AxBottomPos}};
     for (const int inward : {0, 7})
         for (const auto placement :
              {lgInsideTopLeft, lgInsideTopRight, lgInsideBottomLeft, lgInsideBottomRight}) {
@@ -105,17 +108,18 @@ TEST(Legend, KeepsItsGapInTheCornersClearOfInwardTicks) {
             const TRect b = f.Bounds(), world = f.World();
             // Frame 1, padding 3, sample 30, gap 5, three letters.
             EXPECT_EQ(b.Size(), (TSize{2 * 4 + 30 + 5 + 18, 2 * 4 + 10}));
-            const bool right = placement == lgInsideTopRight || placement == lgInsideBottomRight;
-            const bool bottom = placement == lgInsideBottomLeft || placement == lgInsideBottomRight;
-            EXPECT_EQ(right ? world.Right - b.Right : b.Left - world.Left, 5 + (right ? 0 : inward));
-            EXPECT_EQ(bottom ? world.Bottom - b.Bottom : b.Top - world.Top, 5 + (bottom ? inward : 0));
+            for (const TKxSide side : CCorners[placement])
+                EXPECT_EQ(side.Outward() * (side.Of(world) - side.Of(b)),
+                          5 + (side == side.Near() ? inward : 0));
             f.Legend->SetVisible(false);
             EXPECT_EQ(f.LaidOut(), world) << "inside it takes no room";
         }
 }
 
 TEST(Legend, TheGraphMakesRoomOutside) {
-    for (const auto placement : {lgRight, lgLeft, lgTop, lgBottom})
+    const std::pair<TKxLegendPlacement, TKxSide> cases[] = {
+        {lgRight, AxRightPos}, {lgLeft, AxLeftPos}, {lgTop, AxTopPos}, {lgBottom, AxBottomPos}};
+    for (const auto& [placement, side] : cases)
         for (const bool zeroOrigin : {false, true}) {
             TFixture f;
             f.Add("abc");
@@ -123,33 +127,24 @@ TEST(Legend, TheGraphMakesRoomOutside) {
             f.Graph->SetCaption("Title");
             f.Graph->SetZeroOrigin(zeroOrigin);
             f.Fix(-1, 2, -0.1, 6);
-            for (TKxAxis* axis : {f.X, f.Y}) {
-                axis->SetCaption("Caption");
-                axis->SetShowCaption(true);
-            }
+            for (TKxAxis* axis : {f.X, f.Y}) axis->SetCaption("Caption"), axis->SetShowCaption(true);
             const TRect before = f.LaidOut();
             f.Legend->SetPlacement(placement);
-            f.Legend->SetColumns(placement == lgTop || placement == lgBottom ? 0 : 1);
+            f.Legend->SetColumns(side.IsHorizontal() ? 0 : 1);
             f.Add("defgh");
-            const bool beside = placement == lgRight || placement == lgLeft;
             const TRect b = f.Bounds(), world = f.World();
             // 28 for frame, padding and the two gaps; 30 + 8 + 6 a letter; 10 a line.
-            const int room = 28 + (beside ? 30 + 8 + 5 * 6 : 10);
-            const int taken = beside ? before.Width() - world.Width() : before.Height() - world.Height();
+            const int room = 28 + side.Across(TSize{30 + 8 + 5 * 6, 10});
+            const int taken = side.Across(before.Size()) - side.Across(world.Size());
             EXPECT_GE(taken, room) << placement;
             EXPECT_LE(taken, room + 4) << "zero has moved nearer to the edge " << placement;
             EXPECT_EQ(f.Graph->GetClientRect().United(b), f.Graph->GetClientRect());
             for (const TControl* other : std::initializer_list<const TControl*>{
                      &f.Graph->GetTitleLabel(), &f.Graph->GetDrawingWorld(), &f.X->GetCaptionLabel(),
-                     &f.Y->GetCaptionLabel()})
+                     &f.Y->GetCaptionLabel(), side.IsHorizontal() ? f.X : f.Y})
                 EXPECT_FALSE(Overlap(other->GetBoundsRect(), b)) << placement << zeroOrigin;
-            if (beside) {
-                EXPECT_EQ(b.Top, world.Top);
-                EXPECT_FALSE(Overlap(f.Y->GetBoundsRect(), b));
-            } else {
-                EXPECT_NEAR(b.Left + b.Right, world.Left + world.Right, 1);
-                EXPECT_FALSE(Overlap(f.X->GetBoundsRect(), b));
-            }
+            EXPECT_TRUE(side.IsHorizontal() || b.Top == world.Top);
+            EXPECT_TRUE(!side.IsHorizontal() || std::abs(b.Left + b.Right - world.Left - world.Right) <= 1);
             EXPECT_EQ(f.Bounds(), b) << "and it stays there";
             f.Legend->SetPlacement(lgFree);
             EXPECT_EQ(f.LaidOut(), before);

@@ -71,7 +71,7 @@ int FramesOf(TForm& Form) {
 
 } // namespace
 
-TEST(Graph, a_saved_outfit_brings_the_same_picture_and_the_same_file) {
+TEST(Graph, ASavedOutfitBringsTheSamePictureAndTheSameFile) {
     for (const auto scaling : {AxNormal, AxLog, AxLogEE}) {
         TKxIniList saved, again;
         std::string picture;
@@ -94,12 +94,12 @@ TEST(Graph, a_saved_outfit_brings_the_same_picture_and_the_same_file) {
     }
 }
 
-TEST(Graph, pictures_of_a_whole_graph) {
+TEST(Graph, PicturesOfAWholeGraph) {
     ExpectRecording("graphlinear", TScene(false, AxNormal).Draw(true).ToText());
     ExpectRecording("graphlogarithmic", TScene(false, AxLogEE).Draw().ToText());
 }
 
-TEST(Graph, dragging_a_rectangle_zooms_and_zooming_back_walks_round) {
+TEST(Graph, DraggingARectangleZoomsAndZoomingBackWalksRound) {
     TGraphForm f;
     f.Fix(0, 100, 0, 100);
     f.AddSeries<TKxDataSeries>();
@@ -145,7 +145,7 @@ TEST(Graph, dragging_a_rectangle_zooms_and_zooming_back_walks_round) {
     EXPECT_EQ(view(), second);
 }
 
-TEST(Graph, a_frame_follows_only_where_something_was_modified) {
+TEST(Graph, AFrameFollowsOnlyWhereSomethingWasModified) {
     TFaults faults;
     TScene scene;
     scene.Form->Show();
@@ -218,7 +218,7 @@ std::string PictureOf(TGraphForm& F) {
     return drawn.ToText();
 }
 
-TEST(Graph, a_frame_while_updating_repeats_the_one_before_and_another_follows) {
+TEST(Graph, AFrameWhileUpdatingRepeatsTheOneBeforeAndAnotherFollows) {
     void (*const changes[])(TScene&) = {
         [](TScene& S) {
             S.Fill({{500, 700}});
@@ -251,7 +251,7 @@ TEST(Graph, a_frame_while_updating_repeats_the_one_before_and_another_follows) {
     EXPECT_FALSE(LinesOf(scene.Draw(), clBlack).empty());
 }
 
-TEST(Graph, frames_end_whatever_components_do_to_one_another) {
+TEST(Graph, FramesEndWhateverComponentsDoToOneAnother) {
     for (unsigned seed = 0; seed < 150; ++seed) {
         std::mt19937 random(seed);
         const auto any = [&](int Low, int High) { return std::uniform_int_distribution(Low, High)(random); };
@@ -294,7 +294,7 @@ TEST(Graph, frames_end_whatever_components_do_to_one_another) {
     }
 }
 
-TEST(Graph, with_zero_origin_the_axes_cross_at_zero_and_nothing_is_cut_off) {
+TEST(Graph, WithZeroOriginTheAxesCrossAtZeroAndNothingIsCutOff) {
     for (int width = 200; width < 216; ++width) {
         TGraphForm f;
         f.Graph->SetBounds(0, 0, width, width + 1);
@@ -312,16 +312,7 @@ TEST(Graph, with_zero_origin_the_axes_cross_at_zero_and_nothing_is_cut_off) {
     }
 }
 
-TEST(Graph, an_axis_without_automatic_size_keeps_its_bounds) {
-    TGraphForm f;
-    f.X->SetAutosize(false);
-    f.X->SetBounds(50, 200, 300, 60);
-    const TRect world = f.LaidOut();
-    EXPECT_EQ(f.X->GetBoundsRect(), (TRect{50, 200, 350, 260}));
-    EXPECT_EQ(f.X->GetAxisLength(), world.Width() - 1);
-}
-
-TEST(Graph, says_what_to_call_for_a_primary_axis_without_parent) {
+TEST(Graph, SaysWhatToCallForAPrimaryAxisWithoutParent) {
     TGraphForm f;
     f.Y->SetParent(nullptr);
     const std::string expected =
@@ -334,7 +325,7 @@ TEST(Graph, says_what_to_call_for_a_primary_axis_without_parent) {
     EXPECT_EQ(MessageOf([&] { f.Graph->PaintToMetafile(); }), "");
 }
 
-TEST(Graph, lays_out_without_primary_axes_and_at_any_size) {
+TEST(Graph, LaysOutWithoutPrimaryAxesAndAtAnySize) {
     TScene scene;
     const int height = scene.LaidOut().Height();
     scene.Graph->SetPrimaryXAxis(nullptr);
@@ -345,9 +336,15 @@ TEST(Graph, lays_out_without_primary_axes_and_at_any_size) {
         EXPECT_TRUE(SettleTree(*scene.Form)) << size.Width;
         EXPECT_GE(scene.LaidOut().Width(), 2);
     }
+    scene.Graph->SetBounds(0, 0, 400, 300);
+    scene.X->SetAutosize(false);
+    scene.X->SetBounds(50, 200, 300, 60);
+    const TRect world = scene.LaidOut();
+    EXPECT_EQ(scene.X->GetBoundsRect(), (TRect{50, 200, 350, 260})) << "it keeps its bounds";
+    EXPECT_EQ(scene.X->GetAxisLength(), world.Width() - 1);
 }
 
-TEST(Graph, the_metafile_has_a_white_ground_in_place_of_the_button_face) {
+TEST(Graph, TheMetafileHasAWhiteGroundInPlaceOfTheButtonFace) {
     TScene scene;
     const auto& picture = scene.Graph->GetMetafile();
     for (const auto& [color, ground] : {std::pair{clBtnFace, clWhite}, {clAqua, clAqua}}) {
@@ -361,7 +358,7 @@ TEST(Graph, the_metafile_has_a_white_ground_in_place_of_the_button_face) {
     EXPECT_EQ(host.GetClipboard().ToText(), picture.ToText());
 }
 
-TEST(Graph, inward_ticks_leave_out_the_ends_where_another_axis_stands) {
+TEST(Graph, InwardTicksLeaveOutTheEndsWhereAnotherAxisStands) {
     TGraphForm f;
     f.Fix(0, 100, 0, 100);
     f.Graph->GetMajorGridX().SetVisible(true);

@@ -19,7 +19,7 @@ bool Contains(const TRect& Outer, const TRect& Inner) { return Outer.United(Inne
 
 } // namespace
 
-TEST(GraphLayout, stacks_axes_from_the_edge_and_gives_the_rest_to_the_drawing_world) {
+TEST(GraphLayout, StacksAxesFromTheEdgeAndGivesTheRestToTheDrawingWorld) {
     TKxLayoutInput input{{400, 300}, 20, {0, 0, 50, 0}, 0, {}};
     input.Axes = {Axis(AxBottomPos, 30), Axis(AxLeftPos, 40), Axis(AxBottomPos, 25), Axis(AxTopPos, 10),
                   Axis(AxRightPos, 15)};
@@ -42,7 +42,7 @@ TEST(GraphLayout, stacks_axes_from_the_edge_and_gives_the_rest_to_the_drawing_wo
     }
 }
 
-TEST(GraphLayout, axes_lie_inside_the_graph_and_along_the_world_whatever_there_is) {
+TEST(GraphLayout, AxesLieInsideTheGraphAndAlongTheWorldWhateverThereIs) {
     std::mt19937 random(7);
     const auto any = [&](int Low, int High) { return std::uniform_int_distribution(Low, High)(random); };
     for (int round = 0; round < 2000; ++round) {
@@ -73,23 +73,22 @@ TEST(GraphLayout, axes_lie_inside_the_graph_and_along_the_world_whatever_there_i
         for (std::size_t i = 0; i < layout.Axes.size(); ++i) {
             const auto& [bounds, origin, length, captionFrom] = layout.Axes[i];
             ASSERT_EQ(captionFrom > 0, input.Axes[i].Crossed.has_value()) << round;
-            const bool horizontal = input.Axes[i].Side.IsHorizontal();
+            const TKxSide side = input.Axes[i].Side;
             ASSERT_TRUE(Contains(graph, bounds)) << round << " axis " << i;
-            const TRect across = horizontal ? TRect{world.Left, bounds.Top, world.Right, bounds.Bottom}
-                                            : TRect{bounds.Left, world.Top, bounds.Right, world.Bottom};
+            const TRect across = side.IsHorizontal()
+                                     ? TRect{world.Left, bounds.Top, world.Right, bounds.Bottom}
+                                     : TRect{bounds.Left, world.Top, bounds.Right, world.Bottom};
             ASSERT_TRUE(Contains(free, across)) << round << " axis " << i << " lies in what is reserved";
-            ASSERT_TRUE(!horizontal || (world.Left + 1 >= input.Axes[i].StartReach &&
-                                        world.Right + input.Axes[i].StopReach <= graph.Right + 1));
-            ASSERT_EQ(length + 1, horizontal ? world.Width() : world.Height());
-            ASSERT_EQ(horizontal ? bounds.Left + origin.X : bounds.Top + origin.Y,
-                      horizontal ? world.Left : world.Top);
+            ASSERT_TRUE(!side.IsHorizontal() || (world.Left + 1 >= input.Axes[i].StartReach &&
+                                                 world.Right + input.Axes[i].StopReach <= graph.Right + 1));
+            ASSERT_EQ(length + 1, side.Along(world.Size()));
+            const TPoint line = bounds.TopLeft() + origin - world.TopLeft();
+            ASSERT_EQ(side.Along(line), 0);
             if (!input.Axes[i].Crossed) continue;
             auto map = *input.Axes[i].Crossed;
-            map = TKxAxisMap::Make(AxNormal, map.Start, map.Stop,
-                                   (horizontal ? world.Height() : world.Width()) - 1, AxHorizontal,
+            map = TKxAxisMap::Make(AxNormal, map.Start, map.Stop, side.Across(world.Size()) - 1, AxHorizontal,
                                    !map.Forward);
-            ASSERT_EQ(horizontal ? bounds.Top + origin.Y - world.Top : bounds.Left + origin.X - world.Left,
-                      map.RealToIntPosition(0));
+            ASSERT_EQ(side.Across(line), map.RealToIntPosition(0));
         }
     }
 }

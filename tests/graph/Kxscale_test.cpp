@@ -14,7 +14,7 @@ namespace {
 constexpr double CInf = std::numeric_limits<double>::infinity();
 constexpr double CNaN = std::numeric_limits<double>::quiet_NaN();
 
-TEST(Kxscale, LinearEndsAreRoundAndStepsFollowTheSpan) {
+TEST(Scale, LinearEndsAreRoundAndStepsFollowTheSpan) {
     const struct {
         double Start, Stop, RoundStart, RoundStop, Tick, Label;
         int SpanExponent, ScaleExponent, Digits;
@@ -41,7 +41,7 @@ TEST(Kxscale, LinearEndsAreRoundAndStepsFollowTheSpan) {
     }
 }
 
-TEST(Kxscale, LogarithmicEndsOpenToDecadesUnlessFixedOverOne) {
+TEST(Scale, LogarithmicEndsOpenToDecadesUnlessFixedOverOne) {
     const struct {
         double Start, Stop;
         TKxAxEnd StartEnd, StopEnd;
@@ -68,7 +68,7 @@ TEST(Kxscale, LogarithmicEndsOpenToDecadesUnlessFixedOverOne) {
     }
 }
 
-TEST(Kxscale, FixedEndsSnapOutwardToTheStepOfTheTableWithoutItsBadEntries) {
+TEST(Scale, FixedEndsSnapOutwardToTheStepOfTheTableWithoutItsBadEntries) {
     TKxScaleEnds ends = CalculateEnds({AxNormal, 0.331, 8.701, AxFixed, AxFixed});
     EXPECT_EQ(std::pair(ends.Start, ends.Stop), std::pair(0.32, 8.72));
     ends = CalculateEnds({AxNormal, 0.331, 8.701, AxFirstSet, AxFixed, false, 0.3});
@@ -80,7 +80,7 @@ TEST(Kxscale, FixedEndsSnapOutwardToTheStepOfTheTableWithoutItsBadEntries) {
     EXPECT_EQ(std::pair(ends.TickPart, ends.LabelPart), std::pair(0.2, 3.0));
 }
 
-TEST(Kxscale, ManyValuesGoToTheSamePixelsAsOneAndBack) {
+TEST(Scale, ManyValuesGoToTheSamePixelsAsOneAndBack) {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> inside(-1, 11), exponent(-300, 300);
     std::vector<double> values{CNaN, CInf, -CInf, 0, -0.0, 5e-324, 1e300, -1e300};

@@ -10,6 +10,8 @@
 
 #include <climits>
 #include <cstdlib>
+#include <sstream>
+#include <string>
 
 namespace kx {
 namespace {
@@ -37,42 +39,21 @@ struct TFullForm : TGraphForm {
 };
 
 TEST(Settings, LengthsNearTheEndOfTheIntegersCountAsThoseThatCanBeAddedUp) {
-    for (const char* path : {"XAxis1.BorderCaptionGap",
-                             "XAxis1.CaptionScalingsGap",
-                             "YAxis1.ScalingsTicksGap",
-                             "YAxis1.ExponentScalingsGap",
-                             "YAxis1.ValuesTicksGap",
-                             "XAxis1.MajorTickLength",
-                             "YAxis1.TickLength",
-                             "XAxis1.AxisThicknes",
-                             "YAxis1.TickThicknes",
-                             "YAxis1.MajorTickThicknes",
-                             "XAxis1.Font.Size",
-                             "YAxis1.CaptionFont.Height",
-                             "Graph1.Margin",
-                             "Graph1.TitleFont.Size",
-                             "Graph1.FrameLine.Width",
-                             "Graph1.Left",
-                             "Graph1.Width",
-                             "Series1.LineStyle.Width",
-                             "Series1.PointStyle.Size",
-                             "Series1.PointStyle.Width",
-                             "Arrows1.TipLength",
-                             "Arrows1.TipWidth",
-                             "Legend1.Gap",
-                             "Legend1.SampleWidth",
-                             "Legend1.Columns",
-                             "Legend1.Left",
-                             "Label1.Left",
-                             "Label1.Top",
-                             "Label1.XPosition",
-                             "Label1.Angle",
-                             "Label1.Font.Height"}) {
+    std::istringstream paths(
+        "XAxis1.BorderCaptionGap XAxis1.CaptionScalingsGap YAxis1.ScalingsTicksGap "
+        "YAxis1.ExponentScalingsGap YAxis1.ValuesTicksGap XAxis1.MajorTickLength YAxis1.TickLength "
+        "XAxis1.AxisThicknes YAxis1.TickThicknes YAxis1.MajorTickThicknes XAxis1.Font.Size "
+        "YAxis1.CaptionFont.Height Graph1.Margin Graph1.TitleFont.Size Graph1.FrameLine.Width "
+        "Graph1.Left Graph1.Width Series1.LineStyle.Width Series1.PointStyle.Size "
+        "Series1.PointStyle.Width Arrows1.TipLength Arrows1.TipWidth Legend1.Gap "
+        "Legend1.SampleWidth Legend1.Columns Legend1.Left Label1.Left Label1.Top Label1.XPosition "
+        "Label1.Angle Label1.Font.Height");
+    for (std::string path; paths >> path;) {
         for (const char* value : {"2147483647", "-2147483648"}) {
-            SCOPED_TRACE(std::string(path) + "=" + value);
+            SCOPED_TRACE(path + "=" + value);
             TFullForm f;
-            const std::string whole(path), name = whole.substr(0, whole.find('.')),
-                                           property = whole.substr(whole.find('.') + 1);
+            const std::string name = path.substr(0, path.find('.')),
+                              property = path.substr(path.find('.') + 1);
             TComponent* component = f.Form->FindComponent(name);
             ASSERT_NE(component, nullptr);
             SetPropertyText(*component, property, value, [](std::string_view) { return nullptr; });

@@ -9,117 +9,47 @@ namespace kx {
 namespace {
 
 TEST(Side, KnowsAlongAndAcrossNearAndFar) {
-    const TRect rect{10, 20, 110, 220};
+    const TRect rect{1, 2, 11, 22};
     const struct {
         TKxSide Side;
-        bool Horizontal;
         int Outward;
-        TKxAxisPos Opposite, Start, Stop;
-        int Outer, Inner, Offset; ///< Offset: where 30 of 100 pixels from the start lie
-        int Least;                ///< of 7 pixels outwards from 50
-        TRect Band, Cut;          ///< those 7 pixels; 15 pixels cut off
+        TKxAxisPos Opposite, Start;
+        int Outer, Inner, Least; ///< Least: of 7 pixels outwards from 50
+        TRect Band, Cut;         ///< those 7 pixels; 4 pixels cut off
+        TRect Margins;           ///< 5 at this side
     } cases[] = {
-        {AxBottomPos,
-         true,
-         1,
-         AxTopPos,
-         AxLeftPos,
-         AxRightPos,
-         219,
-         20,
-         30,
-         50,
-         {10, 50, 110, 57},
-         {10, 20, 110, 205}},
-        {AxLeftPos,
-         false,
-         -1,
-         AxRightPos,
-         AxBottomPos,
-         AxTopPos,
-         10,
-         109,
-         70,
-         44,
-         {44, 20, 51, 220},
-         {25, 20, 110, 220}},
-        {AxTopPos,
-         true,
-         -1,
-         AxBottomPos,
-         AxLeftPos,
-         AxRightPos,
-         20,
-         219,
-         30,
-         44,
-         {10, 44, 110, 51},
-         {10, 35, 110, 220}},
-        {AxRightPos,
-         false,
-         1,
-         AxLeftPos,
-         AxBottomPos,
-         AxTopPos,
-         109,
-         10,
-         70,
-         50,
-         {50, 20, 57, 220},
-         {10, 20, 95, 220}},
-        {AxHorizontal,
-         true,
-         1,
-         AxTopPos,
-         AxLeftPos,
-         AxRightPos,
-         219,
-         20,
-         30,
-         50,
-         {10, 50, 110, 57},
-         {10, 20, 110, 205}},
-        {AxVertical,
-         false,
-         -1,
-         AxRightPos,
-         AxBottomPos,
-         AxTopPos,
-         10,
-         109,
-         70,
-         44,
-         {44, 20, 51, 220},
-         {25, 20, 110, 220}},
+        {AxBottomPos, 1, AxTopPos, AxLeftPos, 21, 2, 50, {1, 50, 11, 57}, {1, 2, 11, 18}, {0, 0, 0, 5}},
+        {AxLeftPos, -1, AxRightPos, AxBottomPos, 1, 10, 44, {44, 2, 51, 22}, {5, 2, 11, 22}, {5, 0, 0, 0}},
+        {AxTopPos, -1, AxBottomPos, AxLeftPos, 2, 21, 44, {1, 44, 11, 51}, {1, 6, 11, 22}, {0, 5, 0, 0}},
+        {AxRightPos, 1, AxLeftPos, AxBottomPos, 10, 1, 50, {50, 2, 57, 22}, {1, 2, 7, 22}, {0, 0, 5, 0}},
+        {AxHorizontal, 1, AxTopPos, AxLeftPos, 21, 2, 50, {1, 50, 11, 57}, {1, 2, 11, 18}, {0, 0, 0, 5}},
+        {AxVertical, -1, AxRightPos, AxBottomPos, 1, 10, 44, {44, 2, 51, 22}, {5, 2, 11, 22}, {5, 0, 0, 0}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(&c - cases);
-        EXPECT_EQ(c.Side.IsHorizontal(), c.Horizontal);
-        EXPECT_EQ(c.Side.Outward(), c.Outward);
-        EXPECT_EQ(c.Side.Opposite(), c.Opposite);
-        EXPECT_EQ(c.Side.Near(), TKxSide(c.Horizontal ? AxBottomPos : AxLeftPos));
-        EXPECT_EQ(c.Side.AtStart(), c.Start);
-        EXPECT_EQ(c.Side.AtStop(), c.Stop);
-        EXPECT_EQ(std::pair(c.Side.OuterPixel(rect), c.Side.InnerPixel(rect)), std::pair(c.Outer, c.Inner));
-        EXPECT_EQ(c.Side.FromStart(100, 30), c.Offset);
-        EXPECT_EQ(c.Side.LeastFrom(50, 7), c.Least);
-        EXPECT_EQ(c.Side.Band(rect, 50, 7), c.Band);
-        EXPECT_EQ(c.Side.Cut(rect, 15), c.Cut);
-        EXPECT_TRUE(c.Side.Cut(rect, 999).IsEmpty()) << "no further than to the other side";
-        // What keeps a gap off the side reaches inwards from there.
-        EXPECT_EQ(c.Side.LeastInside(rect, 3, 7), c.Outward > 0 ? c.Outer - 9 : c.Outer + 3);
-        const TPoint point = c.Side.Point(1, 2);
-        EXPECT_EQ(point, (c.Horizontal ? TPoint{1, 2} : TPoint{2, 1}));
-        EXPECT_EQ(std::pair(c.Side.Along(point), c.Side.Across(point)), std::pair(1, 2));
-        const TSize size = c.Side.Size(1, 2);
-        EXPECT_EQ(std::tuple(c.Side.Along(size), c.Side.Across(size), size.Width),
-                  std::tuple(1, 2, c.Horizontal ? 1 : 2));
-        TRect margins{};
-        c.Side.Of(margins) = 5;
-        EXPECT_EQ(margins.Left + margins.Top * 10 + margins.Right * 100 + margins.Bottom * 1000,
-                  c.Horizontal ? (c.Outward > 0 ? 5000 : 50) : (c.Outward > 0 ? 500 : 5));
-        EXPECT_EQ(c.Side.MovedTo(AxFreeFloating), TKxSide(c.Horizontal ? AxHorizontal : AxVertical));
-        EXPECT_EQ(c.Side.MovedTo(AxTopPos), TKxSide(AxTopPos));
+    for (const auto& [side, outward, opposite, start, outer, inner, least, band, cut, margins] : cases) {
+        SCOPED_TRACE(testing::Message() << side.Position() << " " << side.Orientation());
+        const bool horizontal = start == AxLeftPos;
+        EXPECT_EQ(std::tuple(side.IsHorizontal(), side.Outward()), std::tuple(horizontal, outward));
+        EXPECT_EQ(side.Opposite(), opposite);
+        EXPECT_EQ(side.AtStart(), start);
+        EXPECT_EQ(side.AtStop(), horizontal ? AxRightPos : AxTopPos);
+        EXPECT_EQ(side.Near(), horizontal ? AxBottomPos : AxLeftPos);
+        EXPECT_EQ(std::pair(side.OuterPixel(rect), side.InnerPixel(rect)), std::pair(outer, inner));
+        EXPECT_EQ(side.LeastFrom(50, 7), least);
+        EXPECT_EQ(side.LeastInside(rect, 3, 2), outer - outward * 3 - (outward > 0)) << "reaches inwards";
+        EXPECT_EQ(side.Band(rect, 50, 7), band);
+        EXPECT_EQ(side.Cut(rect, 4), cut);
+        EXPECT_TRUE(side.Cut(rect, 999).IsEmpty()) << "no further than to the other side";
+        TRect sides{};
+        side.Of(sides) = 5;
+        EXPECT_EQ(sides, margins);
+        const TPoint point = side.Point(1, 2);
+        const TSize size = side.Size(3, 4);
+        EXPECT_EQ(std::tuple(point.X, size.Width), horizontal ? std::tuple(1, 3) : std::tuple(2, 4));
+        EXPECT_EQ(std::tuple(side.Along(point), side.Across(point), side.Along(size), side.Across(size)),
+                  std::tuple(1, 2, 3, 4));
+        EXPECT_EQ(side.FromStart(100, 30), horizontal ? 30 : 70);
+        EXPECT_EQ(side.MovedTo(AxFreeFloating), TKxSide(horizontal ? AxHorizontal : AxVertical));
+        EXPECT_EQ(side.MovedTo(AxTopPos), AxTopPos);
     }
 }
 

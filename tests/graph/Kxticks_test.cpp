@@ -42,7 +42,7 @@ double ReadLabel(const std::string& Text, const std::string& ExponentLabel) {
     return position == 0 ? value : CNaN;
 }
 
-TEST(Kxticks, LabelsHaveTheDigitsThatTheirStepNeeds) {
+TEST(Ticks, LabelsHaveTheDigitsThatTheirStepNeeds) {
     const struct {
         TKxScaleInput Input;
         const char* Texts;
@@ -64,7 +64,7 @@ TEST(Kxticks, LabelsHaveTheDigitsThatTheirStepNeeds) {
         EXPECT_EQ(Texts(Ticks(c.Input, 400)), c.Texts) << c.Input.Start << " to " << c.Input.Stop;
 }
 
-TEST(Kxticks, DecadesHaveMinorTicksAtFourSixAndEight) {
+TEST(Ticks, DecadesHaveMinorTicksAtFourSixAndEight) {
     const TKxTicks ticks = Ticks(Auto(1, 100, AxLog), 200, {AxVertical, true, false});
     EXPECT_EQ(std::vector<int>(ticks.Positions.begin(), ticks.Positions.end()),
               (std::vector<int>{0, 60, 78, 90, 100, 160, 178, 190, 200}));
@@ -73,7 +73,7 @@ TEST(Kxticks, DecadesHaveMinorTicksAtFourSixAndEight) {
     EXPECT_EQ(Ticks(Auto(1e-300, 1e300, AxLogEE), 1000).Positions.Length(), 301) << "no bar of ticks";
 }
 
-TEST(Kxticks, HostileScalesEndInSomeTicksAndHideNoData) {
+TEST(Ticks, HostileScalesEndInSomeTicksAndHideNoData) {
     const double hostile[] = {CNaN, -CInf, -1.7e308, -1e300,   -1e15,     0,     5e-324,  1e-300,
                               1,    1e15,  1e15 + 1, 1e15 + 4, 1e15 - 20, 1e300, 1.7e308, CInf};
     for (const double start : hostile)
@@ -99,7 +99,7 @@ TEST(Kxticks, HostileScalesEndInSomeTicksAndHideNoData) {
                 }
 }
 
-TEST(Kxticks, LabelsAreLeftOutOnlyWhereAskedAndMajorsNever) {
+TEST(Ticks, LabelsAreLeftOutOnlyWhereAskedAndMajorsNever) {
     const TKxBooleanArray majors = Ticks(Auto(0.6, 7.05), 100, {AxVertical, false, true}).IsMajor;
     EXPECT_TRUE(!majors[0] && majors[2] && !majors[5] && majors[7]); // 1 and 2 of 0.6, 0.8, 1.0, ...
     EXPECT_EQ(Texts(Ticks(Auto(-1, 1), 100, {AxVertical, true, true})), "-1.0|-0.5|0.5|1.0|");
