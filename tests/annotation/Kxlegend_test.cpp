@@ -374,13 +374,6 @@ TEST(Legend, TheOutfitIsKeptWithTheGraphs) {
         f.Add("a")->SetName("S");
         f.Graph->SetDataColor(clWhite);
         f.Legend->SetPlacement(lgBottom);
-        f.Legend->SetCaption("\\bT");
-        f.Legend->SetShowTitle(true);
-        f.Legend->SetColumns(0);
-        f.Legend->SetGap(3);
-        f.Legend->SetSampleWidth(11);
-        f.Legend->GetFrameLine().SetStyle(psDot);
-        f.Legend->GetFont().SetColor(clRed);
         auto* second = f.AddLegend("Legend2");
         second->SetPlacement(lgFree);
         second->SetAutoSize(false);
