@@ -194,9 +194,6 @@ TEST(Axis, ASlaveShowsEndsScalingAndCaptionOfItsMasterWhateverItsOwnAre) {
         };
         for (const TKxAxis* axis : {&slave, &chained}) ASSERT_EQ(shown(*axis), shown(*f.X)) << round;
     }
-    delete f.X;
-    f.Draw();
-    EXPECT_EQ(slave.GetMasterAxis(), nullptr);
 }
 
 TEST(Axis, ThinnedLabelsKeepZeroAndDoNotTouchAtAnyWidth) {

@@ -7,7 +7,6 @@
 #include <kxgraph/platform/host/application.h>
 #include <kxgraph/platform/text/files.h>
 #include <kxgraph/platform/text/numbertext.h>
-#include <kxgraph/series/Kxdraw.h>
 
 #include <gtest/gtest.h>
 
@@ -104,25 +103,15 @@ TEST(IniList, TooFewNumbersRaiseButInAVector) {
     EXPECT_THROW(ini.ReadXYVector("Bad", longer, vector), Exception);
 }
 
-TEST(IniList, StylesKeepWhatIsMissingOrWrong) {
+TEST(IniList, AFontKeepsAHeightThatIsNoWholeNumberOfPoints) {
     TKxIniList ini;
-    TFont font;
-    font.SetHeight(-14); // no whole number of points
-    ini.ReadFont("S", "F", font);
-    EXPECT_EQ(font.GetHeight(), -14);
-    TKxLineStyle line(nullptr);
-    TKxAreaStyle area(nullptr);
-    line.SetStyle(psDot);
-    area.SetDrawXOred(false);
-    ini.WriteLine("S", "L", line);
-    ini.WriteArea("S", "A", area);
-    EXPECT_EQ(Joined(ini), "|[S]|L.Visible=1|L.Color=255|L.Style=2|L.Width=1|"
-                           "A.Visible=1|A.Color=8421504|A.Style=0|A.DrawXORed=0|");
-    ini.SetText("[S]\nL.Style=7\nL.Width=3\nA.Style=-1\nA.DrawXORed=1");
-    ini.ReadLine("S", "L", line);
-    ini.ReadArea("S", "A", area);
-    EXPECT_EQ(std::pair(line.GetStyle(), line.GetWidth()), std::pair(psDot, 3));
-    EXPECT_EQ(std::pair(area.GetStyle(), area.GetDrawXOred()), std::pair(bsSolid, true));
+    TFont font, read;
+    font.SetHeight(-14);
+    read.SetHeight(-14);
+    ini.WriteFont("S", "F", font);
+    EXPECT_EQ(ini.ReadInteger("S", "F.Size", 0), font.GetSize());
+    ini.ReadFont("S", "F", read);
+    EXPECT_EQ(read.GetHeight(), -14);
 }
 
 TEST(IniList, FormsComeBackWhereTheyWereOrOntoTheScreen) {

@@ -171,11 +171,6 @@ TEST(DataSeries, vectors_axes_and_series_may_own_one_another_and_move) {
     EXPECT_EQ(series->GetYData(), f.YV);
     delete series;
     EXPECT_EQ(f.YV->Listeners().GetCount(), 0) << "no listener stays behind";
-    f.YV->Add(1);
-    auto* second = f.AddSeries();
-    delete f.YV;
-    EXPECT_EQ(second->GetYData(), nullptr);
-    f.Draw();
 }
 
 TEST(DataSeries, values_that_are_no_numbers_take_no_part_and_let_the_frame_settle) {
