@@ -311,10 +311,17 @@ TEST(CalculatedSeries, AFailureNamesTheSeriesAndTakesOldResultsAway) {
     f.Curve->SetParentSeries(f.Series);
     auto& stored = f.Series->GetResults();
     EXPECT_TRUE(f.Curve->GetError().empty());
+    const auto found = [&](const char* Key) {
+        const TKxResult* result = f.Curve->GetFound().Find(Key);
+        return result ? result->GetText() : "none";
+    };
+    EXPECT_EQ(found("runs"), "1") << "whatever the case";
     f.Curve->Fails = true;
     EXPECT_EQ(MessageOf<EMathError>([&] { f.Curve->Calculate(); }), "Calibration: Not enough data!");
     EXPECT_EQ(stored.ReadString("SquareOfX", "Runs", "none"), "none");
     EXPECT_EQ(stored.ReadString("SquareOfX", "Error", ""), "Calibration: Not enough data!");
+    EXPECT_EQ(found("Runs") + found("Caption") + found("Error"),
+              "noneCalibrationCalibration: Not enough data!");
     EXPECT_EQ(f.Curve->DisplayX().GetCount(), 0);
 
     // In a frame, beside a child that works.
@@ -339,6 +346,8 @@ TEST(CalculatedSeries, AFailureNamesTheSeriesAndTakesOldResultsAway) {
     f.Curve->Calculate();
     EXPECT_EQ(f.Curve->GetError(), "");
     EXPECT_FALSE(stored.ReadString("SquareOfX", "Runs", "none") == "none");
+    f.Curve->SetParentSeries(nullptr);
+    EXPECT_TRUE(f.Curve->GetFound().GetItems().empty());
 
     TKxCalculatedSeries base(f.Form);
     EXPECT_NE(MessageOf<EMathError>([&] { base.SetParentSeries(f.Series); }).find("must be overridden"),
