@@ -192,7 +192,8 @@ void TKxCalculatedSeries::Calculate() {
         run.Check();
         OnCalculated(this);
     } catch (const std::bad_alloc&) {
-        if (run.GoesOn()) Guarded([this] { LoseData(); }); // rather none than half of them new
+        // Rather none than half of them new, until the next frame.
+        if (run.GoesOn()) Guarded([this] { ParentModified(), LoseData(); });
         throw;
     } catch (const TEnded&) {
         if (self && !FParentSeries) SetCurve({}, {}); // filled after the parent was lost

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 
 namespace kx {
 
@@ -170,7 +171,12 @@ bool TKx2DGraph::NeedsSettling() const {
 
 void TKx2DGraph::Settle() {
     const TCursorScope wait(crHourGlass);
-    Calculate();
+    try {
+        Calculate();
+    } catch (const std::bad_alloc&) {
+        FNeedsCalculate = true; // by the next frame, as if this one had not been
+        throw;
+    }
 }
 
 void TKx2DGraph::DemandPrimaryAxesStand() const {

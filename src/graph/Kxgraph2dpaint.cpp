@@ -1,7 +1,5 @@
 #include <kxgraph/graph/Kxgraph2d.h>
 
-#include <kxgraph/platform/objects/guarded.h>
-
 namespace kx {
 
 namespace {
@@ -56,7 +54,6 @@ void TKx2DGraph::PaintGrid(const TKxAxis& Axis, const TKxLineStyle& Major, const
 
 void TKx2DGraph::Paint() {
     if (!NotUpdating()) return PaintKeptPicture();
-    if (NeedsSettling()) Guarded([this] { Settle(); });
     TCanvas& canvas = GetCanvas();
     FPainted = true;
     FPaintedXor = canvas.CanXor();

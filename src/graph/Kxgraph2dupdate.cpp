@@ -26,6 +26,7 @@ void TKx2DGraph::EndUpdate() {
 // Once a frame at most: until the next one is painted the picture stays the one of the frame before.
 void TKx2DGraph::KeepPicture() {
     const TScopedValue keeping(FKeeping, true);
+    SettleTree(*this);
     TRecorder recorder(GetBoundsRect().Size(), Screen.GetPixelsPerInch(), FPaintedXor);
     PaintTree(*this, recorder, GetClientRect());
     FKeptPicture = std::move(recorder.Recording);

@@ -9,11 +9,7 @@
 namespace kx {
 
 void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, const std::function<void(int Index)>& Draw) {
-    auto* graph = GetGraph();
-    if (!graph || !graph->NotUpdating() || !FPointStyle.GetVisible() || !GetXAxis() || !GetYAxis()) return;
-    const TComponentRef<TKxSeries> self(this);
-    if (NeedsCalculation()) CalculatePoints();
-    if (!self || !GetGraph() || !GetXAxis() || !GetYAxis()) return; // taken away by a handler
+    if (!FPointStyle.GetVisible() || !PrepareDrawing()) return;
     UseSymbolPen(Canvas);
     ForPlacedPoints(Canvas, Draw);
 }

@@ -3,6 +3,8 @@
 #include <kxgraph/platform/objects/guarded.h>
 
 #include <algorithm>
+#include <exception>
+#include <new>
 
 namespace kx {
 
@@ -189,9 +191,28 @@ void TKxSeries::ForChildren(const std::function<void(TKxSeries*)>& Action) {
 void TKxSeries::RecalculateChilds() {
     FRangesModified = false;
     FChildrenScaling = Scaling();
-    ForChildren([](TKxSeries* Child) {
-        if (auto* item = dynamic_cast<TKxCalculatedItem*>(Child)) Guarded([item] { item->Calculate(); });
+    ForItems(&TKxCalculatedItem::Calculate);
+}
+
+// One that fails does not keep the others from their turn. Where it was for lack of memory it may have lost
+// what it had: the frame has failed with it, and the next one calculates all of them anew.
+void TKxSeries::ForItems(void (TKxCalculatedItem::*Action)()) {
+    const TComponentRef<TKxSeries> self(this);
+    std::exception_ptr shortage;
+    ForChildren([&](TKxSeries* Child) {
+        auto* item = dynamic_cast<TKxCalculatedItem*>(Child);
+        if (!item) return;
+        try {
+            (item->*Action)();
+        } catch (const std::bad_alloc&) {
+            shortage = std::current_exception();
+        } catch (const std::exception& error) {
+            HandleException(error);
+        }
     });
+    if (!shortage) return;
+    if (self) FRangesModified = true;
+    std::rethrow_exception(shortage);
 }
 
 int TKxSeries::FindPoint(int X, int Y, int Tolerance) const {

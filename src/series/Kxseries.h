@@ -118,6 +118,7 @@ public:
         return {FChildren.begin(), FChildren.end()};
     }
     /// A child that fails does not keep the others from their calculation; the error goes to the application.
+    /// Raises std::bad_alloc once all had their turn: they are calculated again in the next frame.
     void RecalculateChilds();
 
     void Draw(TCanvas& Canvas) override;
@@ -191,7 +192,8 @@ protected:
     virtual void DrawMarks(TCanvas&) {}
     /// One of them in the middle of a sample.
     virtual void DrawSampleMark(TCanvas&, const TRect&) {}
-    /// What precedes the drawing: calculates what is due. Returns whether there is something to draw on now.
+    /// What precedes the drawing: places the points where no frame has settled them, and calls no handler.
+    /// Returns whether there is something to draw on.
     bool PrepareDrawing();
     /// Whether both axes are zoomed; what reaches over the drawing world's border is cut off then.
     bool IsZoomed() const;
@@ -250,6 +252,7 @@ private:
     void ForgetData(TKxChannel& Channel);
     bool ExtentsAreStale() const;
     void ForChildren(const std::function<void(TKxSeries*)>& Action);
+    void ForItems(void (TKxCalculatedItem::*Action)());
     void PlacePoints();
     void UpdateChildren(bool PassOn);
     void ShowCaption(const AnsiString& Caption);

@@ -17,10 +17,9 @@ constexpr std::size_t CRunLength = 2000;
 } // namespace
 
 void TKxSeries::Draw(TCanvas& Canvas) {
-    const TComponentRef<TKxSeries> self(this); // what is still due may call handlers
     DrawLine(Canvas);
-    if (self) DrawMarks(Canvas);
-    if (self) ForChildren([&](TKxSeries* Child) { Guarded([&] { Child->Draw(Canvas); }); });
+    DrawMarks(Canvas);
+    ForChildren([&](TKxSeries* Child) { Guarded([&] { Child->Draw(Canvas); }); });
 }
 
 // The stretches of points that are joined to one another: all of them as a rule.
@@ -43,14 +42,11 @@ std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
 }
 
 bool TKxSeries::PrepareDrawing() {
-    const TComponentRef<TKx2DGraph> graph(GetGraph());
-    if (!GetXAxis() || !GetYAxis() || !graph) return false;
-    const TComponentRef<TKxSeries> self(this);
-    Guarded([&] {
-        if (FPointsDirty) CalculatePoints();
-        if (self && FRangesModified) RecalculateChilds();
-    });
-    return self && graph && GetGraph() && GetXAxis() && GetYAxis() && graph->NotUpdating();
+    if (!GetXAxis() || !GetYAxis() || !GetGraph() || !GetGraph()->NotUpdating()) return false;
+    if (!FPointsDirty) return true;
+    SetPointsCount();
+    PlacePoints();
+    return true;
 }
 
 bool TKxSeries::IsZoomed() const { return GetXAxis()->CanZoomBack() && GetYAxis()->CanZoomBack(); }

@@ -2,10 +2,9 @@
 
 #include <kxgraph/series/Kxseries.h>
 
-#include <kxgraph/platform/objects/guarded.h>
-
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace kx {
 
@@ -115,9 +114,8 @@ bool TKxSeries::RefreshExtents() {
 // Without data there is still something to do: extents end, and what is computed from them.
 void TKxSeries::CalculatePoints() {
     if (RefreshExtents()) return; // the axes may move: the points are computed in the next round
-    const bool wasDirty = FPointsDirty;
     PlacePoints();
-    UpdateChildren(wasDirty);
+    UpdateChildren(std::exchange(FPointsDirty, false));
 }
 
 void TKxSeries::PlacePoints() {
@@ -125,14 +123,13 @@ void TKxSeries::PlacePoints() {
         CalculateAllPoints();
     else
         FPointsCount = 0;
-    FPointsDirty = false;
 }
 
 // Calls no child's calculation and thus no handler, which could change the data again.
 void TKxSeries::KeepShown() {
     RefreshExtents();
     PlacePoints();
-    FRangesModified = false;
+    FPointsDirty = FRangesModified = false;
     FChildrenScaling = Scaling();
     for (TKxSeries* child : FChildren) child->KeepShown();
 }
@@ -143,8 +140,9 @@ void TKxSeries::UpdateChildren(bool PassOn) {
     const TComponentRef<TKxSeries> self(this);
     if (FRangesModified || FChildrenScaling != Scaling()) RecalculateChilds();
     if (!self) return;
+    ForItems(&TKxCalculatedItem::CalculateLine);
+    if (!self) return;
     ForChildren([PassOn](TKxSeries* Child) {
-        if (auto* item = dynamic_cast<TKxCalculatedItem*>(Child)) Guarded([item] { item->CalculateLine(); });
         if (PassOn) Child->Modified();
         if (Child->NeedsCalculation()) Child->CalculatePoints();
     });

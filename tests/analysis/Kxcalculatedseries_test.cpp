@@ -1,7 +1,6 @@
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 
 #include "support/graphfixture.h"
-#include "support/shortmemory.h"
 
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 #include <kxgraph/analysis/Kxpolinomial.h>
@@ -72,31 +71,6 @@ TEST(CalculatedSeries, StandsUnderItsParentAndIsInertWithoutOne) {
     EXPECT_FALSE(f.Series->GetResults().SectionExists("SquareOfX"));
     delete f.Curve;
     EXPECT_TRUE(other->GetChildren().empty());
-}
-
-TEST(CalculatedSeries, JoinsAParentWhollyOrNotAtAll) {
-    TFixture f;
-    auto* other = f.AddSeries();
-    for (TKxSeries* parent : {f.Series, other}) parent->SetName(parent == other ? "Other" : "One");
-    const int failures = test::WithEveryAllocationFailing(
-        [&] {
-            f.Curve->SetParentSeries(f.Series);
-            f.Draw();
-        },
-        [&] {
-            try {
-                f.Curve->SetParentSeries(other);
-            } catch (...) {
-                for (TKxNotCalculatedSeries* parent : {f.Series, other})
-                    EXPECT_EQ(std::ranges::count(parent->GetChildren(), f.Curve),
-                              f.Curve->GetParentSeries() == parent);
-                throw;
-            }
-        });
-    EXPECT_GT(failures, 10);
-    EXPECT_EQ(f.Curve->GetParentSeries(), other);
-    f.Draw();
-    EXPECT_EQ(f.Curve->GetResults().ReadString("Curve1", "Calculation", ""), "Square Of X");
 }
 
 TEST(CalculatedSeries, DoesNotRunAwayOnOneAxisForBoth) {

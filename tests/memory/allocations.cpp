@@ -43,6 +43,7 @@ TFailingAllocation::TFailingAllocation(long N) {
 TFailingAllocation::~TFailingAllocation() { Countdown = 0; }
 bool TFailingAllocation::HasFailed() const { return Failed; }
 long LiveAllocations() { return Live; }
+std::function<void(int)> OnFlush;
 
 } // namespace kx::test
 
@@ -68,6 +69,8 @@ void* __real_realloc(void* Block, std::size_t Size);
 void* __wrap_malloc(std::size_t Size);
 void* __wrap_realloc(void* Block, std::size_t Size);
 void __wrap_free(void* Block);
+int __real_fsync(int File);
+int __wrap_fsync(int File);
 
 void* __wrap_malloc(std::size_t Size) {
     void* block = Allocated(Size);
@@ -80,5 +83,9 @@ void* __wrap_realloc(void* Block, std::size_t Size) {
     void* moved = __real_realloc(Block, Size);
     if (moved && !Block) ++Live;
     return moved;
+}
+int __wrap_fsync(int File) {
+    if (kx::test::OnFlush) kx::test::OnFlush(File);
+    return __real_fsync(File);
 }
 }

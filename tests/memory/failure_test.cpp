@@ -1,80 +1,30 @@
-// Every allocation may fail: nothing leaks, no file is lost, and the next frame is as if nothing had been.
+// Every allocation may fail: nothing leaks, and the next frame is as if nothing had been.
 
 #include "memory/allocations.h"
 #include "support/graphfixture.h"
-#include "support/recording.h"
 
+#include <kxgraph/analysis/Kxapproxsplineline.h>
+#include <kxgraph/analysis/Kxasplinedifferential.h>
+#include <kxgraph/analysis/Kxasplineintegral.h>
+#include <kxgraph/analysis/Kxdifferential.h>
+#include <kxgraph/analysis/Kxfittedline.h>
+#include <kxgraph/analysis/Kxintegral.h>
+#include <kxgraph/analysis/Kxinterpolatedline.h>
 #include <kxgraph/analysis/Kxlinearregressionline.h>
+#include <kxgraph/analysis/Kxpolinomial.h>
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/annotation/Kxresultlabel.h>
-#include <kxgraph/platform/text/files.h>
+#include <kxgraph/series/Kxarrowseries.h>
+#include <kxgraph/series/Kxbarseries.h>
 
-#include <filesystem>
+#include <algorithm>
+#include <new>
+#include <set>
+#include <sstream>
+#include <type_traits>
 
 namespace kx::test {
 namespace {
-
-/// Runs Action with a failure at the first allocation, at the first but Step, ... and Check after each, until
-/// there are no more. Returns how many there were.
-template <class A, class C>
-long ForEveryFailure(A Action, C Check, long Step = 1) {
-    TFaults faults;
-    for (long n = 1;; n += Step) {
-        SCOPED_TRACE("failure of allocation " + std::to_string(n));
-        bool failed = false;
-        {
-            const TFailingAllocation failing(n);
-            try {
-                Action();
-            } catch (const std::exception&) { // std::bad_alloc, or the file that could not be read for it
-            }
-            failed = failing.HasFailed();
-        }
-        Check();
-        if (!failed || testing::Test::HasFailure()) return n - 1;
-    }
-}
-
-/// Expects Run, which gets the step, to leave no allocation behind but what is made once and kept: some
-/// failures come before to make that.
-void ExpectNoLeak(void (*Run)(long Step)) {
-    constexpr long sample = 41;
-    Run(sample);
-    const long before = LiveAllocations();
-    Run(1);
-    EXPECT_EQ(LiveAllocations(), before);
-}
-
-const std::string COld =
-    "[Window]\nLeft=10\nTop=20\n\n[Graph]\nTitle=a title that is too long for a short string\n";
-
-std::string Contents(const std::string& File) { return FileExists(File) ? ReadFile(File) : "(lost)"; }
-
-/// A directory with a settings file, which is changed.
-void SaveSettings(long Step) {
-    const TTemporaryDirectory directory;
-    const std::string file = directory / "settings.ini";
-    ReplaceFile(file, COld);
-    std::string saved = COld;
-    saved[saved.find("10") + 1] = '1';
-    const long failures = ForEveryFailure(
-        [&] {
-            TKxLargeIniFile ini(file);
-            ini.WriteInteger("Window", "Left", 11);
-            ini.Save();
-        },
-        [&] {
-            const std::string contents = Contents(file);
-            EXPECT_TRUE(contents == COld || contents == saved) << contents;
-            EXPECT_EQ(std::distance(std::filesystem::directory_iterator(directory / ""), {}), 1)
-                << "a temporary file stayed";
-            ReplaceFile(file, COld);
-        },
-        Step);
-    EXPECT_GT(failures, 20);
-}
-
-TEST(AllocationFailure, LosesNoSettingsFile) { ExpectNoLeak(SaveSettings); }
 
 /// A small graph with what an analysis shows.
 struct TScene : TGraphForm {
@@ -132,8 +82,113 @@ void SaveAndLoad(long Step) {
               100);
 }
 
+template <class... T>
+void MakeEach(TComponent* Owner) {
+    (new T(Owner), ...);
+}
+
+/// Makes a component of each kind.
+void Construct(long Step) {
+    const auto make = [] {
+        TForm form(&TApplication::Instance());
+        MakeEach<TKx2DGraph, TKxAxis, TKxLiveVector, TKxDataWithErrorSeries, TKxBarSeries, TKxArrowSeries,
+                 TKxLinearRegressionLine, TKxPolynomLine, TKxFittedLine, TKxInterpolatedLine,
+                 TKxApproxSplineLine, TKxDifferential, TKxIntegral, TKxLegend, TKxResultLabel>(&form);
+    };
+    EXPECT_GT(ForEveryFailure(
+                  make, [] { EXPECT_EQ(TApplication::Instance().GetComponentCount(), 0); }, Step),
+              50);
+}
+
+/// Gives a series another parent.
+void Rejoin(long Step) {
+    TScene scene;
+    auto* other = scene.AddSeries();
+    const long failures = ForEveryFailure(
+        [&] { scene.Line.SetParentSeries(other); },
+        [&] {
+            for (TKxNotCalculatedSeries* parent : {static_cast<TKxNotCalculatedSeries*>(scene.Series),
+                                                   static_cast<TKxNotCalculatedSeries*>(other)})
+                EXPECT_EQ(std::ranges::count(parent->GetChildren(), &scene.Line),
+                          scene.Line.GetParentSeries() == parent);
+            scene.Line.SetParentSeries(scene.Series);
+            scene.Draw();
+        },
+        Step);
+    EXPECT_GT(failures, 10);
+}
+
 TEST(AllocationFailure, LeavesTheNextFrameAsItWas) { ExpectNoLeak(Draw); }
+TEST(AllocationFailure, LeavesNoComponentHalfMade) { ExpectNoLeak(Construct); }
+TEST(AllocationFailure, JoinsAParentWhollyOrNotAtAll) { ExpectNoLeak(Rejoin); }
 TEST(AllocationFailure, LeavesAnOutfitAsItWas) { ExpectNoLeak(SaveAndLoad); }
+
+/// Calculates a curve: where that fails the next frame does it.
+template <class T>
+void Calculate(T& Curve, TGraphForm& Form, long Step) {
+    const auto shown = [&] { // the sections of a store may stand in another order
+        std::multiset<std::string> lines{Form.Draw().ToText()};
+        std::istringstream results(Curve.GetParentSeries()->GetResults().GetText());
+        for (std::string line; std::getline(results, line);) lines.insert(line);
+        return lines;
+    };
+    shown();
+    const auto calculate = [&] {
+        if constexpr (std::is_same_v<T, TKxFittedLine>) // which goes on from what it has found
+            for (int i = 0; i < 2; ++i) Curve.SetCoefficient(i, 1);
+        Curve.Calculate();
+    };
+    calculate();
+    const auto expected = shown();
+    const auto check = [&] {
+        const auto now = shown();
+        if (std::is_same_v<T, TKxFittedLine>)
+            EXPECT_EQ(now.size(), expected.size());
+        else
+            EXPECT_EQ(now, expected);
+    };
+    EXPECT_GT(ForEveryFailure(calculate, check, Step), 10);
+}
+
+template <class T>
+class TCurveFailure : public testing::Test {};
+using TCurves = testing::Types<TKxLinearRegressionLine, TKxPolynomLine, TKxFittedLine, TKxInterpolatedLine,
+                               TKxApproxSplineLine, TKxDifferential, TKxASplineDifferential, TKxIntegral,
+                               TKxASplineIntegral>;
+TYPED_TEST_SUITE(TCurveFailure, TCurves);
+
+TYPED_TEST(TCurveFailure, IsMadeUpForByTheNextFrame) {
+    ExpectNoLeak([](long Step) {
+        TGraphForm form;
+        form.Form->SetBounds(0, 0, 120, 90);
+        form.Graph->SetBounds(0, 0, 120, 90);
+        form.Fill({{1, 2}, {2, 3.5}, {3, 4}, {4, 6}, {5, 6.5}, {6, 9}});
+        TypeParam curve(form.Form);
+        if constexpr (std::is_base_of_v<TKxInterpolatedLine, TypeParam>) curve.SetDoSmoothing(true);
+        if constexpr (std::is_same_v<TypeParam, TKxFittedLine>) {
+            curve.SetIterations(10);
+            curve.SetOrder(2);
+            curve.SetFittingFunction([](double X, const TKxRealArray& C) { return C[0] + C[1] * X; });
+        }
+        curve.SetParentSeries(form.AddSeries());
+        Calculate(curve, form, Step);
+    });
+}
+
+/// A calculation that lacks memory every time.
+TEST(AllocationFailure, IsToldOnceAFrame) {
+    TScene scene;
+    TKxFittedLine line(scene.Form);
+    line.SetOrder(1);
+    line.SetCoefficient(0, 1);
+    line.SetFittingFunction([](double, const TKxRealArray&) -> double { throw std::bad_alloc(); });
+    EXPECT_THROW(line.SetParentSeries(scene.Series), std::bad_alloc);
+    for (int frame = 0; frame < 2; ++frame) {
+        const TFaults faults;
+        scene.Draw();
+        EXPECT_EQ(faults.Count, 1);
+    }
+}
 
 } // namespace
 } // namespace kx::test

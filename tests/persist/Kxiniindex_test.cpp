@@ -1,4 +1,3 @@
-#include "support/shortmemory.h"
 
 #include <kxgraph/persist/Kxlargeini.h>
 #include <kxgraph/platform/text/text.h>
@@ -90,47 +89,6 @@ TEST(IniIndex, NeverScansItsKeys) {
     for (int i = 0; i < 100000; ++i) ini.WriteInteger(std::to_string(i % 1000), std::to_string(i), i);
     for (int i = 0; i < 100000; ++i) // scanning would run into the time limit
         ASSERT_EQ(ini.ReadInteger(std::to_string(i % 1000), std::to_string(i), -1), i);
-}
-
-/// Each operation fails at each of its allocations: the store is as it was or new, and goes on as if nothing
-/// had happened.
-TEST(IniLines, StayWhatTheyAreWhenMemoryRunsOut) {
-    using TDeed = void (*)(TKxIniList&);
-    const std::string text = "[A]\nk=1\nl=2\n[A]\nk=3\n\n[a quite long name of a section]\nk=4\n";
-    const TDeed deeds[] = {[](TKxIniList& I) { I.WriteString("New section of some length", "k", "value"); },
-                           [](TKxIniList& I) { I.WriteString("A", "l", "a value of more than a few bytes"); },
-                           [](TKxIniList& I) { I.WriteString("A", "new key", "1"); },
-                           [](TKxIniList& I) { I.EraseSection("A"); },
-                           [](TKxIniList& I) { I.Insert(2, "[B]"); },
-                           [](TKxIniList& I) { I.PutLine(3, "no header any more"); },
-                           [](TKxIniList& I) { I.Delete(3); },
-                           [](TKxIniList& I) { I.SetText("[C]\nthe_new_key_of_some_length=5\n"); }};
-    for (const TDeed deed : deeds) {
-        TKxIniList fresh;
-        fresh.SetText(text);
-        deed(fresh);
-        std::unique_ptr<TKxIniList> store;
-        const auto check = [&] {
-            if (!store) return;
-            const std::string now = store->GetText();
-            EXPECT_TRUE(now == text || now == fresh.GetText()) << now;
-            TKxIniList plain; // what an index made of these lines alone finds
-            plain.SetText(now);
-            for (TKxIniList* list : {store.get(), &plain}) {
-                list->WriteString("A", "k", "7");
-                list->WriteString("C", "z", "8");
-                list->EraseSection("a quite long name of a section");
-            }
-            EXPECT_EQ(store->GetText(), plain.GetText());
-        };
-        const auto prepare = [&] {
-            check();
-            store = std::make_unique<TKxIniList>();
-            store->SetText(text);
-        };
-        EXPECT_GT(test::WithEveryAllocationFailing(prepare, [&] { deed(*store); }), 0);
-        check();
-    }
 }
 
 } // namespace

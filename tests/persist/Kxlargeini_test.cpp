@@ -1,7 +1,6 @@
 #include <kxgraph/persist/Kxlargeini.h>
 
 #include "support/errors.h"
-#include "support/shortmemory.h"
 
 #include <kxgraph/platform/controls/form.h>
 #include <kxgraph/platform/host/application.h>
@@ -192,15 +191,6 @@ TEST(LargeIniFile, WhatCouldNotBeReadIsNeverOverwritten) {
         EXPECT_EQ(faults.Count, 1) << "the destructor tells, too";
         EXPECT_EQ(ReadFile(name), before);
     }
-    ReplaceFile(name, contents[0]);
-    test::WithEveryAllocationFailing([] {},
-                                     [&] {
-                                         TKxLargeIniFile file(name);
-                                         if (file.GetLoadError().empty())
-                                             EXPECT_EQ(file.ReadInteger("A", "k", 0), 1);
-                                         else
-                                             EXPECT_EQ(file.GetCount(), 0);
-                                     });
     std::filesystem::remove(name);
 }
 

@@ -2,7 +2,6 @@
 
 #include "support/errors.h"
 #include "support/recording.h"
-#include "support/shortmemory.h"
 
 #include <kxgraph/platform/text/filegroup.h>
 
@@ -16,39 +15,6 @@ namespace kx {
 namespace {
 
 namespace fs = std::filesystem;
-
-TEST(Files, ShortMemoryLeavesNoTemporaryAndEitherTheOldFileOrTheNewOne) {
-    const test::TTemporaryDirectory directory;
-    const std::string name = directory / "a file of a name that takes memory.txt";
-    const std::string other = directory / "another one of the same group of files.txt";
-    const auto check = [&](std::ptrdiff_t Files) {
-        if (!FileExists(name)) return;
-        EXPECT_EQ(std::distance(fs::directory_iterator(fs::path(name).parent_path()), {}), Files);
-        const std::string now = ReadFile(name);
-        EXPECT_TRUE(now == "old" || now == "new") << now;
-    };
-    const auto prepare = [&] {
-        check(1);
-        ReplaceFile(name, "old");
-    };
-    EXPECT_GT(test::WithEveryAllocationFailing(prepare, [&] { ReplaceFile(name, "new"); }), 3);
-    check(1);
-    EXPECT_EQ(ReadFile(name), "new");
-    ReplaceFile(name, "old");
-    const auto prepareBoth = [&] {
-        check(1 + FileExists(other));
-        EXPECT_EQ(FileExists(other), ReadFile(name) == "new") << "both or none";
-        fs::remove(other);
-        ReplaceFile(name, "old");
-    };
-    const auto replaceBoth = [&] {
-        TFileGroup group;
-        for (const auto& file : {name, other}) group.Add(file, "new");
-        group.MoveIntoPlace();
-    };
-    EXPECT_GT(test::WithEveryAllocationFailing(prepareBoth, replaceBoth), 6);
-    prepareBoth();
-}
 
 TEST(Files, PathsAreTakenApart) {
     const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {
