@@ -44,6 +44,10 @@ public:
     /// Whether the first cell below the header that is not empty is a number, or most of the next ones are: a
     /// text before numbers is no reason to leave a column out, it is told when the column is read.
     bool IsNumeric(int Column) const { return KindOf(Column) == TKind::Numbers; }
+    /// Whether a column has a header text and no cell that is not empty.
+    bool IsWithoutValues(int Column) const {
+        return KindOf(Column) == TKind::Empty && !GetHeader(Column).empty();
+    }
     /// Header text, or the number of a column without one, in characters that can be shown.
     std::string ColumnName(int Column) const;
     /// The same for messages: no longer than 60 characters.

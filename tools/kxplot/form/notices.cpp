@@ -28,9 +28,12 @@ std::vector<std::string> NoticesOf(const TParts& Parts) {
     constexpr std::size_t most = 3;
     std::string list;
     std::size_t count = 0;
+    const auto add = [&](const std::string& Column) {
+        if (++count <= most) list += (count > 1 ? ", " : "") + Column;
+    };
     for (std::size_t k = 0; k < Parts.Series.size(); ++k)
-        if (!HasDrawablePoint(*Parts.Series[k]) && ++count <= most)
-            list += (count > 1 ? ", " : "") + Parts.Plan.Series[k].ShownColumn;
+        if (!HasDrawablePoint(*Parts.Series[k])) add(Parts.Plan.Series[k].ShownColumn);
+    for (const auto& column : Parts.Plan.LeftOut) add(column);
     if (count == 0) return {};
     if (count > most) list += " and " + std::to_string(count - most) + " more";
     return {Escaped(Parts.Plan.Table) + ": no point of column " + list + " can be drawn"};

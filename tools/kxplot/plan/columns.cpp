@@ -38,6 +38,13 @@ std::vector<int> OtherColumns(const kx::TKxTable& Table, const TColumns& Columns
     return others;
 }
 
+std::vector<int> ColumnsWithoutValues(const kx::TKxTable& Table) {
+    std::vector<int> columns;
+    for (int i = 0; i < Table.GetColumnCount(); ++i)
+        if (Table.IsWithoutValues(i)) columns.push_back(i);
+    return columns;
+}
+
 void CheckComponents(const std::vector<int>& Columns, std::size_t Count, const char* Option) {
     if (Columns.size() != Count)
         throw TUsageError(std::string(Option) + ": " + std::to_string(Columns.size()) +
@@ -80,7 +87,10 @@ TColumns ChooseColumns(const kx::TKxTable& Table, const TColumnRequest& Request,
     columns.VY = Found(Table, Request.VY);
     if (!Request.X && columns.X == 0 && !Table.IsNumeric(0)) Table.FindNumericColumn("1");
     if (Request.Weight) columns.Weight = Table.FindNumericColumn(*Request.Weight);
-    if (columns.Y.empty()) columns.Y = OtherColumns(Table, columns);
+    if (columns.Y.empty()) {
+        columns.Y = OtherColumns(Table, columns);
+        columns.LeftOut = ColumnsWithoutValues(Table);
+    }
     const std::size_t count = columns.Y.size();
     if (Drawing.HasArrows()) {
         CheckComponents(columns.VX, count, "--vx");

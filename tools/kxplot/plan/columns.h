@@ -14,6 +14,7 @@ struct TColumns {
     int X = -1;      ///< -1: 1, 2, 3, ...
     int Weight = -1; ///< -1: none
     std::vector<int> Y;
+    std::vector<int> LeftOut;                          ///< because they have no values, where Y is all others
     std::vector<int> DXPlus, DYPlus, DXMinus, DYMinus; ///< one a series, -1: none; empty with --hist
     std::vector<int> VX, VY;                           ///< one a series of arrows
 

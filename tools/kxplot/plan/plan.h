@@ -84,6 +84,7 @@ struct TPlan {
     TVectorPlan X;                     ///< what all series share: x values, or the edges of bars
     std::optional<TVectorPlan> Weight; ///< likewise, where series have none of their own
     std::vector<TSeriesPlan> Series;
+    std::vector<std::string> LeftOut;    ///< columns without values, for messages
     std::vector<TAnalysisPlan> Analyses; ///< series by series, as many of each
     TAxesPlan Axes;
     bool HasLegend = false;

@@ -194,6 +194,7 @@ TPlan MakePlan(const TKxTable& Table, const TOptions& Options) {
     plan.X = planner.X();
     plan.Weight = planner.Weight();
     for (std::size_t k = 0; k < columns.Y.size(); ++k) plan.Series.push_back(planner.Series(k, plan.X));
+    for (const int column : columns.LeftOut) plan.LeftOut.push_back(Table.ShownName(column));
     plan.Analyses = PlanAnalyses(Options.Analyses, columns.Y.size());
     plan.Axes = PlanAxes(Table, columns, Options);
     plan.HasLegend =
