@@ -1,26 +1,26 @@
-#include "support/errors.h"
-
 #include <kxgraph/analysis/Kxakima.h>
+
+#include "support/cases.h"
+#include "support/errors.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <random>
-#include <vector>
 
 namespace kx {
 namespace {
 
-using TValues = std::vector<double>;
+using TValues = test::TReals;
 
-void Calculate(TKxAkima& Akima, const TValues& X, const TValues& Y, const TValues* Weights = nullptr,
+void Calculate(TKxAkima& Akima, const TValues& X, const TValues& Y, const TValues& Weights = {},
                double Start = -1e300, double Stop = 1e300) {
     TKxRealVector x(nullptr), y(nullptr), w(nullptr);
     x.AddValues(X);
     y.AddValues(Y);
-    if (Weights) w.AddValues(*Weights);
-    Akima.RecalculateCoeffs(Start, Stop, &x, &y, Weights ? &w : nullptr);
+    w.AddValues(Weights);
+    Akima.RecalculateCoeffs(Start, Stop, &x, &y, Weights.empty() ? nullptr : &w);
 }
 
 /// The slopes by the article's formulas (1), (8) and (9), which know no equal chords on both sides.
@@ -58,7 +58,7 @@ void ExpectPublishedCurve(const TValues& X, const TValues& Y) {
     }
 }
 
-TEST(Kxakima, TheCurveIsThePublishedOne) {
+TEST(Akima, GivesThePublishedCurve) {
     // The example of H. Akima, J. ACM 17 (1970) 589-602.
     ExpectPublishedCurve({0, 2, 3, 5, 6, 8, 9, 11, 12, 14, 15},
                          {10, 10, 10, 10, 10, 10, 10.5, 15, 50, 60, 85});
@@ -74,7 +74,7 @@ TEST(Kxakima, TheCurveIsThePublishedOne) {
     }
 }
 
-TEST(Kxakima, BeyondThePointsTheCurveIsTheSameWhateverWasCalculatedBefore) {
+TEST(Akima, IsTheSameBeyondThePointsWhateverWasCalculatedBefore) {
     TKxAkima akima;
     for (int run = 0; run < 2; ++run) {
         Calculate(akima, {0, 1, 2}, {0, 1, 4});
@@ -89,7 +89,7 @@ TEST(Kxakima, BeyondThePointsTheCurveIsTheSameWhateverWasCalculatedBefore) {
     }
 }
 
-TEST(Kxakima, EqualChordsGiveStraightLinesAndTheirRightSlope) {
+TEST(Akima, GivesEqualChordsStraightLinesAndTheirRightSlope) {
     TKxAkima akima;
     Calculate(akima, {0, 1, 3, 4, 8}, {1, 3, 7, 9, 17});
     for (const double x : {-1.0, 0.7, 3.0, 8.0}) {
@@ -100,35 +100,18 @@ TEST(Kxakima, EqualChordsGiveStraightLinesAndTheirRightSlope) {
     EXPECT_EQ(akima.Slope(2), 3);
 }
 
-TEST(Kxakima, PointsAreSelectedSortedAndMerged) {
-    const struct {
-        const char* What;
-        TValues X, Y, Weights;
-        double Start, Stop;
-        TValues Knots, Ordinates;
-    } cases[] = {
-        {"three equal x", {0, 1, 1, 1, 2}, {0, 4, 8, 2, 9}, {}, 0, 2, {0, 1, 2}, {0, 4, 9}},
-        {"outside the range", {0, 1, 2, 3, 4}, {0, 1, 2, 3, 4}, {}, 1, 3, {1, 2, 3}, {1, 2, 3}},
-        {"weights", {0, 1, 2, 3, 4, 5}, {0, 1, 2, 3, 4, 5}, {1, 0, 5, NAN, -1}, 0, 9, {0, 2, 4}, {0, 2, 4}},
-        {"not finite",
-         {0, NAN, 1, 2, 3, INFINITY},
-         {0, 1, 2, INFINITY, 3, 4},
-         {},
-         -9,
-         INFINITY,
-         {0, 1, 3},
-         {0, 2, 3}},
-        {"great y", {0, 0, 1, 2}, {1.6e308, 1.6e308, 0, 0}, {}, 0, 2, {0, 1, 2}, {1.6e308, 0, 0}},
-    };
-    for (const auto& c : cases) {
+TEST(Akima, SelectsSortsAndMergesPoints) {
+    const auto cases = test::Cases<std::string, TValues, TValues, TValues, double, double, TValues, TValues>(
+        "curves", "knots");
+    for (const auto& [what, x, y, weights, start, stop, knots, ordinates] : cases) {
         TKxAkima akima;
-        Calculate(akima, c.X, c.Y, c.Weights.empty() ? nullptr : &c.Weights, c.Start, c.Stop);
-        EXPECT_EQ(TValues(akima.X.begin(), akima.X.begin() + akima.Count), c.Knots) << c.What;
-        EXPECT_EQ(TValues(akima.A.begin(), akima.A.begin() + akima.Count), c.Ordinates) << c.What;
+        Calculate(akima, x, y, weights, start, stop);
+        EXPECT_EQ(TValues(akima.X.begin(), akima.X.begin() + akima.Count), knots) << what;
+        EXPECT_EQ(TValues(akima.A.begin(), akima.A.begin() + akima.Count), ordinates) << what;
     }
 }
 
-TEST(Kxakima, NeitherOrderNorUnusablePointsAmongThemChangeTheCurve) {
+TEST(Akima, HeedsNeitherOrderNorUnusablePoints) {
     TValues x, y;
     for (int i = 0; i < 900; ++i) {
         x.push_back(i + 0.4 * std::sin(7 * i));
@@ -152,7 +135,7 @@ TEST(Kxakima, NeitherOrderNorUnusablePointsAmongThemChangeTheCurve) {
     }
 }
 
-TEST(Kxakima, FewerThanThreeDistinctPointsAreNotEnoughAndLeaveNoCurve) {
+TEST(Akima, RaisesForFewerThanThreeDistinctPointsAndLeavesNoCurve) {
     TKxAkima akima;
     for (const TValues& x : {TValues{}, {1, 1, 2}, {1, NAN, 2}}) {
         Calculate(akima, {1, 2, 3}, {1, 2, 3});
@@ -161,7 +144,7 @@ TEST(Kxakima, FewerThanThreeDistinctPointsAreNotEnoughAndLeaveNoCurve) {
     }
 }
 
-TEST(Kxakima, SmoothedPointsAreInterpolated) {
+TEST(Akima, InterpolatesSmoothedPoints) {
     TKxAkima akima;
     akima.Smooth = true;
     akima.SmoothM = 2;
@@ -173,14 +156,14 @@ TEST(Kxakima, SmoothedPointsAreInterpolated) {
     EXPECT_EQ(akima.Interpolate(100), 20.0 / 3);
 }
 
-TEST(Kxakima, NoCoefficientIsLostToOverflowOrRounding) {
+TEST(Akima, LosesNoCoefficientToOverflowOrRounding) {
     const TValues y{1, 5, 2, 3};
     for (const TValues& x : {TValues{-1e20, 0, 1, 1e20},
                              {9007199254740991, 9007199254740992, 9007199254740994, 9007199254740996},
                              {0, 5e-324, 1e-170, 1},
                              {-1.7e308, 0, 1e308, 1.7e308}}) {
         TKxAkima akima;
-        Calculate(akima, x, y, nullptr, -INFINITY, INFINITY);
+        Calculate(akima, x, y, {}, -INFINITY, INFINITY);
         for (std::size_t i = 0; i < x.size(); ++i) {
             EXPECT_EQ(akima.Interpolate(x[i]), y[i]) << x[1] << ", " << i;
             EXPECT_TRUE(std::isfinite(akima.Slope(x[i]) + akima.Curvature(x[i]))) << x[1] << ", " << i;

@@ -1,21 +1,18 @@
 #include <kxgraph/analysis/Kxapproxspline.h>
 
+#include "support/cases.h"
 #include "support/errors.h"
-
-#include <kxgraph/numeric/Kxvector.h>
-#include <kxgraph/platform/base/exceptions.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <random>
-#include <vector>
 
 namespace kx {
 namespace {
 
-using TNumbers = std::vector<double>;
+using TNumbers = test::TReals;
 
 constexpr double CFar = 1e300;
 
@@ -104,28 +101,9 @@ TEST(ApproxSpline, MinimisesDistancesAndCurvature) {
 const TNumbers CX = {0, 1, 2.5, 3, 4, 5, 7};
 const TNumbers CY = {1, 3, 2, 0, 1, 4, 2};
 
-TEST(ApproxSpline, ExtremeWeightsAreLimits) {
-    struct TCase {
-        const char* Name;
-        TNumbers Weights, Same; // Same gives the same curve
-        double Factor;
-    };
-    for (const auto& [name, weights, same, factor] :
-         {TCase{"one tiny", {1, 1, 1e-300, 1, 1, 1, 1}, {1, 1, 0, 1, 1, 1, 1}, 1},
-          TCase{"many tiny", {1, 1e-200, 1e-90, 1, 1e-60, 1e-300, 5}, {1, 0, 0, 1, 0, 0, 5}, 1},
-          TCase{"all huge", {1.7e308, 1.7e308, 1e300, 1e300, 1e250, 1e300, 1e300}, TNumbers(7, 1e14), 1},
-          TCase{"huge and none",
-                {1.7e308, 0, 1.7e308, 1e300, 0, 1, 1.7e308},
-                {1e14, 0, 1e14, 1e14, 0, 1, 1e14},
-                1},
-          TCase{"one huge", {1, 1, 1e300, 1, 1, 1, 1}, {1, 1, 1e14, 1, 1, 1, 1}, 1},
-          TCase{"all tiny", TNumbers(7, 1e-300), TNumbers(7, 1e-13), 1},
-          TCase{"all tiny but unlike",
-                {3e-200, 1e-200, 0, 1e-200, 1e-199, 1e-200, 0},
-                {3e-13, 1e-13, 0, 1e-13, 1e-12, 1e-13, 0},
-                1},
-          TCase{"product beyond doubles", TNumbers(7, 1e300), TNumbers(7, 1e14), 1e10},
-          TCase{"factor and signs", {-1, 2, -3, 4, 5, 6, 7}, {2, 4, 6, 8, 10, 12, 14}, -2}}) {
+TEST(ApproxSpline, TakesExtremeWeightsForLimits) {
+    const auto cases = test::Cases<std::string, TNumbers, TNumbers, double>("curves", "extreme weights");
+    for (const auto& [name, weights, same, factor] : cases) {
         TFixture f(CX, CY, weights), g(CX, CY, same);
         f.Spline.WeightFactor = factor;
         f.Calculate();
@@ -135,7 +113,7 @@ TEST(ApproxSpline, ExtremeWeightsAreLimits) {
     }
 }
 
-TEST(ApproxSpline, RootsOfWeightsMayVanish) {
+TEST(ApproxSpline, LetsRootsOfWeightsVanish) {
     TFixture f({0, 1e-9, 2e-9, 3e-9, 4e-9, 5e-9}, {9, 5, 1, 1, 1, 1},
                {5e-324, 1e-323, 1e290, 1e300, 1e300, 5e-324});
     f.Calculate();
@@ -163,7 +141,7 @@ TEST(ApproxSpline, KeepsItsDigitsWithManyCloseKnots) {
     }
 }
 
-TEST(ApproxSpline, CollinearPointsGiveTheirLine) {
+TEST(ApproxSpline, GivesCollinearPointsTheirLine) {
     for (const TNumbers& weights :
          {TNumbers{}, TNumbers{1, 9, 1e-5, 3, 2, 100}, TNumbers{1, 0, 0, 1, 0, 0}}) {
         TFixture f({3, 1, 2, 6, 5, 4}, {-5, -1, -3, -11, -9, -7}, weights);
@@ -206,15 +184,8 @@ TEST(ApproxSpline, TakesMergesAndRefusesPoints) {
     EXPECT_EQ(f.Spline.X[6], 9);
     EXPECT_EQ(f.Spline.Interpolate(12), f.Spline.A[5] + 3 * f.Spline.B[4]) << "goes on straight";
 
-    struct TCase {
-        TNumbers X, W;
-        double Start, Factor;
-    };
-    for (const auto& [x, w, start, factor] :
-         {TCase{{1, 2, 3, 4, 5}, {}, 0, 1}, TCase{{1, 2, 3, 3, 4, 5}, {}, 0, 1},
-          TCase{{1, 2, 3, 4, 5, 6}, {}, 1.5, 1}, TCase{{1, 2, 3, 4, 5, 6}, {1, 1, 1, 1, 1}, 0, 1},
-          TCase{{1, 2, 3, 4, 5, 6}, {0, 0, 0, 1, 0, 0}, 0, 1}, TCase{{1, 2, 3, 4, 5, 6}, {}, 0, 0},
-          TCase{{1, 2, 3, 4, 5, 6}, {}, 0, nan}, TCase{{1, 2, 3, 4, 5, 6}, {}, 0, INFINITY}}) {
+    const auto cases = test::Cases<TNumbers, TNumbers, double, double>("curves", "not enough for a spline");
+    for (const auto& [x, w, start, factor] : cases) {
         TFixture few(x, x, w);
         few.Spline.WeightFactor = factor;
         few.Spline.Count = 99;
@@ -227,7 +198,7 @@ TEST(ApproxSpline, TakesMergesAndRefusesPoints) {
     EXPECT_EQ(close.Spline.Count, 0);
 }
 
-TEST(ApproxSpline, AShorterCalculationLeavesNothingBehind) {
+TEST(ApproxSpline, LeavesNothingOfALongerCalculationBehind) {
     TFixture used(CX, CY), fresh(CX, CY);
     used.Calculate();
     used.Spline.Interpolate(7);

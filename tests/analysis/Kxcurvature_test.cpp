@@ -1,46 +1,42 @@
 #include <kxgraph/analysis/Kxcurvature.h>
 
-#include "analysis/nistnonlinear.h"
+#include "support/nist.h"
 
 #include <gtest/gtest.h>
-
-#include <cmath>
-#include <vector>
 
 namespace kx {
 namespace {
 
-using TNumbers = std::vector<double>;
+using TNumbers = test::TReals;
 
-TKxModelValues OverPoints(const std::vector<test::TNistPoint>& Points,
-                          double (*Model)(double, const double*)) {
-    return [&Points, Model](std::span<const double> C, std::span<double> Values) {
-        for (std::size_t i = 0; i < Points.size(); ++i) Values[i] = Model(Points[i].X, C.data());
+TKxModelValues Over(const TNumbers& X, double (*Model)(double, const double*)) {
+    return [&X, Model](std::span<const double> C, std::span<double> Values) {
+        for (std::size_t i = 0; i < X.size(); ++i) Values[i] = Model(X[i], C.data());
     };
 }
 
-TEST(Curvature, StandardErrorsAreTheCertifiedOnes) {
+TEST(Curvature, GivesCertifiedStandardErrors) {
     for (const auto& set : test::NistNonlinear()) {
-        const auto errors = StandardErrors(set.Coefficients, OverPoints(set.Points, set.Model),
-                                           int(set.Points.size()), {}, set.SumOfSquares);
+        const auto errors =
+            StandardErrors(set.Coefficients, Over(set.X, set.Model), int(set.X.size()), {}, set.SumOfSquares);
         for (int k = 0; k < errors.Length(); ++k)
             EXPECT_NEAR(errors[k] / set.Deviations[std::size_t(k)], 1, 2e-7)
                 << set.Name << ", coefficient " << k;
     }
 }
 
-const std::vector<test::TNistPoint> CPoints = {{1, 2.1}, {2, 3.9}, {3, 6.2}, {4, 7.8}, {5, 1000}};
+const TNumbers CX = {1, 2, 3, 4, 5};
 
 TKxRealArray ErrorsOf(double (*Model)(double, const double*), const TNumbers& Coefficients,
                       const TNumbers& Weights = {}, int Points = 5, double SumOfSquares = 3) {
-    return StandardErrors(Coefficients, OverPoints(CPoints, Model), Points, Weights, SumOfSquares);
+    return StandardErrors(Coefficients, Over(CX, Model), Points, Weights, SumOfSquares);
 }
 
 /// Of the line a + b x, from the sums of textbooks.
 TNumbers LineErrors(const TNumbers& Weights, double Freedom) {
     double s = 0, sx = 0, sxx = 0;
     for (std::size_t i = 0; i < Weights.size(); ++i) {
-        const double w = std::abs(Weights[i]), x = CPoints[i].X;
+        const double w = std::abs(Weights[i]), x = CX[i];
         s += w, sx += w * x, sxx += w * x * x;
     }
     const double scale = 3 / Freedom / (s * sxx - sx * sx);
@@ -49,7 +45,7 @@ TNumbers LineErrors(const TNumbers& Weights, double Freedom) {
 
 double Line(double x, const double* c) { return c[0] + c[1] * x; }
 
-TEST(Curvature, WeightsAndOddScalesOfCoefficients) {
+TEST(Curvature, HeedsWeightsAndOddScalesOfCoefficients) {
     const struct {
         TNumbers Coefficients, Weights;
         double Freedom;
@@ -64,7 +60,7 @@ TEST(Curvature, WeightsAndOddScalesOfCoefficients) {
     }
 }
 
-TEST(Curvature, WhatCannotBeToldIsMarked) {
+TEST(Curvature, MarksWhatCannotBeTold) {
     const auto root = [](double x, const double* c) { return c[0] + c[1] * std::sqrt(3 - x); };
     const auto idle = [](double x, const double* c) { return c[0] + x * c[2]; };
     const auto twins = [](double x, const double* c) { return c[0] * std::exp(c[2] - x) + c[1] * x; };

@@ -1,23 +1,19 @@
 #include <kxgraph/analysis/Kxfittedline.h>
 
-#include "support/graphfixture.h"
+#include "support/curveform.h"
 
 #include <kxgraph/annotation/Kxresultlabel.h>
-
-#include <cmath>
 
 namespace kx {
 namespace {
 
 using test::MessageOf;
-using test::TGraphForm;
 
 double Decay(double X, const TKxRealArray& C) { return C[0] * std::exp(-C[1] * X) + C[2]; }
 
-struct TFixture : TGraphForm {
+struct TFixture : test::TCurveForm<TKxFittedLine> {
     TFixture() {
         for (double x = 0; x < 10; x += 0.25) Fill({{x, 5 * std::exp(-0.7 * x) + 1}});
-        Fit->SetName("Fit1");
         Fit->SetCaption("decay");
         Fit->SetOrder(3);
         Fit->SetFittingFunction(Decay);
@@ -28,19 +24,17 @@ struct TFixture : TGraphForm {
         int i = 0;
         for (double value : Values) Fit->SetCoefficient(i++, value);
     }
-    double Result(const char* Key) const { return Fit->GetResults().ReadReal("Fit1", Key, NAN); }
-    TKxDataWithErrorSeries* Series = AddSeries();
-    TKxFittedLine* Fit = new TKxFittedLine(Form);
+    TKxFittedLine* Fit = Curve;
 };
 
 TEST(FittedLine, FindsTheCoefficientsAndFollowsLiveData) {
     TFixture f;
-    f.Fit->SetParentSeries(f.Series);
+    f.Join();
     f.Draw();
     const double expected[] = {5, 0.7, 1};
     for (int i = 0; i < 3; ++i) EXPECT_NEAR(f.Fit->GetCoefficient(i), expected[i], 1e-6) << i;
-    EXPECT_EQ(f.Fit->GetResults().ReadString("Fit1", "Formula", ""), "a*exp(-b*x)+c");
-    EXPECT_EQ(f.Fit->GetResults().ReadString("Fit1", "VarianceCoVariance", ""), "Variance");
+    EXPECT_EQ(f.ResultText("Formula"), "a*exp(-b*x)+c");
+    EXPECT_EQ(f.ResultText("VarianceCoVariance"), "Variance");
     EXPECT_NEAR(f.Result("Coeff(2)"), 0.7, 1e-6);
     EXPECT_EQ(f.Result("Iterations"), 1000);
     EXPECT_NEAR(f.Fit->GetYData()->GetValue(5), Decay(f.Fit->GetXData()->GetValue(5), {5, 0.7, 1}), 1e-6);
@@ -57,7 +51,7 @@ TEST(FittedLine, FindsTheCoefficientsAndFollowsLiveData) {
     EXPECT_LT(f.Result("DeltaCoeff(1)"), 0.02);
 }
 
-TEST(FittedLine, WeightsRangeAndBlocksAreHeeded) {
+TEST(FittedLine, HeedsWeightsRangeAndBlocks) {
     TFixture f;
     f.Fill({{20, 300}, {21, NAN}});
     f.Fit->SetCalculationStop(15);
@@ -67,7 +61,7 @@ TEST(FittedLine, WeightsRangeAndBlocksAreHeeded) {
             ++calls;
             for (std::size_t i = 0; i < X.size(); ++i) Y[i] = Decay(X[i], C);
         });
-    f.Fit->SetParentSeries(f.Series);
+    f.Join();
     EXPECT_GT(calls, 100);
     EXPECT_NEAR(f.Fit->GetCoefficient(0), 5, 1e-6);
     f.Fit->SetAutoStop(true);
@@ -86,7 +80,7 @@ TEST(FittedLine, WeightsRangeAndBlocksAreHeeded) {
 }
 
 /// What a handler may do to the fit that calls it.
-TEST(FittedLine, HandlersMayTakeAwayWhatTheCalculationWorksOn) {
+TEST(FittedLine, LetsHandlersTakeAwayWhatItWorksOn) {
     const auto run = [](int Handler, int Deed, bool FromFrame) {
         TFixture f;
         const auto name = ::testing::Message() << "handler " << Handler << ", deed " << Deed << FromFrame;
@@ -96,21 +90,16 @@ TEST(FittedLine, HandlersMayTakeAwayWhatTheCalculationWorksOn) {
         label.SetIdentifier("ChiSquare");
         label.SetSeries(f.Fit);
         int left = 1;
-        const std::function<void()> deeds[] = {[&] { f.Fit->SetParentSeries(nullptr); },
-                                               [&] { delete f.Fit; },
-                                               [&] { delete f.Series; },
-                                               [&] { f.XV->Clear(), f.YV->Clear(); },
-                                               [&] { delete f.XV; },
-                                               [&] { f.Fit->Calculate(); },
-                                               [&] {
-                                                   f.Fit->SetFittingFunction(
-                                                       [](double, const TKxRealArray& C) { return C[0]; });
-                                                   f.Fit->SetOrder(1);
-                                               },
-                                               [&] {
-                                                   delete f.Fit;
-                                                   throw Exception("of the handler");
-                                               }};
+        const auto constant = [](double, const TKxRealArray& C) { return C[0]; };
+        const std::function<void()> deeds[] = {
+            [&] { f.Fit->SetParentSeries(nullptr); },
+            [&] { delete f.Fit; },
+            [&] { delete f.Series; },
+            [&] { f.XV->Clear(), f.YV->Clear(); },
+            [&] { delete f.XV; },
+            [&] { f.Fit->Calculate(); },
+            [&] { f.Fit->SetFittingFunction(constant), f.Fit->SetOrder(1); },
+            [&] { delete f.Fit, throw Exception("of the handler"); }};
         const auto act = [&](TComponent*) {
             if (left-- == 1) deeds[Deed]();
         };
@@ -127,7 +116,7 @@ TEST(FittedLine, HandlersMayTakeAwayWhatTheCalculationWorksOn) {
             };
         }
         if (FromFrame) left = 0;
-        Guarded([&] { f.Fit->SetParentSeries(f.Series); });
+        Guarded([&] { f.Join(); });
         if (FromFrame) {
             left = 1;
             f.YV->SetValue(3, 4);
@@ -144,7 +133,7 @@ TEST(FittedLine, HandlersMayTakeAwayWhatTheCalculationWorksOn) {
             for (const bool fromFrame : {false, true}) run(handler, deed, fromFrame);
 }
 
-TEST(FittedLine, ItsFunctionAndEventsAreConnectedByName) {
+TEST(FittedLine, HasItsFunctionAndEventsConnectedByName) {
     TFixture f;
     int iterations = 0;
     const auto set = [&](const char* Name, const auto& Event) {
@@ -152,7 +141,7 @@ TEST(FittedLine, ItsFunctionAndEventsAreConnectedByName) {
     };
     set("FittingFunction", TKxFittingFkt([](double X, const TKxRealArray& C) { return Decay(X, C) - 1; }));
     set("OnIteration", TKxAnyEvent([&](TComponent*) { ++iterations; }));
-    f.Fit->SetParentSeries(f.Series);
+    f.Join();
     EXPECT_NEAR(f.Fit->GetCoefficient(2), 2, 1e-6);
     EXPECT_GT(iterations, 100);
     for (const char* name : {"OnError", "OnCalculated"})
@@ -164,7 +153,7 @@ TEST(FittedLine, CanBeWatchedAndStopped) {
     int seen = 0;
     f.Fit->OnIteration = [&](TComponent*) { ++seen; };
     f.Fit->SetIterations(1);
-    f.Fit->SetParentSeries(f.Series);
+    f.Join();
     EXPECT_EQ(seen, 2) << "a budget of one is two iterations";
     f.Fit->SetIterations(500);
     f.Fit->OnIteration = [&](TComponent*) {
@@ -182,7 +171,7 @@ TEST(FittedLine, CanBeWatchedAndStopped) {
     EXPECT_EQ(f.Fit->GetIterationsDone(), 1) << "nothing is better than 0";
 }
 
-TEST(FittedLine, WhetherItHasComeToRestIsFoundOutWithoutTouchingIt) {
+TEST(FittedLine, FindsOutWithoutMovingWhetherItIsAtRest) {
     struct TOutcome {
         std::vector<double> Numbers;
         std::optional<bool> Converged;
@@ -199,7 +188,7 @@ TEST(FittedLine, WhetherItHasComeToRestIsFoundOutWithoutTouchingIt) {
             ++(f.Fit->IsChecking() ? outcome.Checks : outcome.Iterations);
             if (f.Fit->IsChecking() && Stops) f.Fit->Stop();
         };
-        f.Fit->SetParentSeries(f.Series);
+        f.Join();
         for (int run = 1; run < Runs; ++run) {
             outcome.Iterations = outcome.Checks = 0;
             f.Fit->Calculate();
@@ -209,7 +198,7 @@ TEST(FittedLine, WhetherItHasComeToRestIsFoundOutWithoutTouchingIt) {
         for (int i = 0; i < 3; ++i) outcome.Numbers.push_back(f.Fit->GetCoefficient(i));
         outcome.Numbers.push_back(f.Result("ChiSquare"));
         outcome.Converged = f.Fit->GetConverged();
-        outcome.Key = f.Fit->GetResults().ReadString("Fit1", "Converged", "none");
+        outcome.Key = f.ResultText("Converged");
         return outcome;
     };
     const auto unchecked = fitted(false, 25, 1), moving = fitted(true, 25, 1), atRest = fitted(true, 300, 5),
@@ -226,11 +215,10 @@ TEST(FittedLine, WhetherItHasComeToRestIsFoundOutWithoutTouchingIt) {
     EXPECT_EQ(stopped.Numbers, atRest.Numbers);
 }
 
-TEST(FittedLine, TheCovarianceFormWeighsByTheSpreadOfRepeatedPoints) {
+TEST(FittedLine, WeighsByTheSpreadOfRepeatedPoints) {
     TFixture f;
     f.Fit->SetDoCovariance(true);
-    EXPECT_NE(MessageOf<EMathError>([&] { f.Fit->SetParentSeries(f.Series); }).find("points of equal x"),
-              std::string::npos);
+    EXPECT_NE(MessageOf<EMathError>([&] { f.Join(); }).find("points of equal x"), std::string::npos);
     // Pairs about the curve, and a single point off it, which has no spread and so no say.
     f.XV->Clear();
     f.YV->Clear();
@@ -248,7 +236,7 @@ TEST(FittedLine, SaysWhatIsMissing) {
     TKxLiveVector zero(f.Form);
     for (int i = 0; i < 40; ++i) zero.Add(0);
     f.Fit->OnError = [](TComponent*, const Exception&) {};
-    f.Fit->SetParentSeries(f.Series);
+    f.Join();
     const std::pair<const char*, std::function<void()>> cases[] = {
         {"decay: Reciprocal indefinite!", [&] { f.Fit->SetWeight(&zero); }},
         {"decay: Not enough data!", [&] { f.Fit->SetCalculationStart(9.5); }},
@@ -266,7 +254,7 @@ TEST(FittedLine, SaysWhatIsMissing) {
 
 TEST(FittedLine, OutfitsKeepTheFitAndNaNIsNoResult) {
     TFixture f;
-    f.Fit->SetParentSeries(f.Series);
+    f.Join();
     TKxIniList ini;
     f.Fit->WriteToIni(ini, "F");
     TKxFittedLine read(f.Form);

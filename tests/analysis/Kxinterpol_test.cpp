@@ -1,24 +1,19 @@
-#include "support/errors.h"
-
 #include <kxgraph/analysis/Kxinterpol.h>
+
+#include "support/arrays.h"
+#include "support/cases.h"
+#include "support/errors.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <random>
-#include <vector>
 
 namespace kx {
 namespace {
 
-using TValues = std::vector<double>;
-
-TKxRealArray ArrayOf(const TValues& Values) {
-    TKxRealArray array(int(Values.size()));
-    std::copy(Values.begin(), Values.end(), array.begin());
-    return array;
-}
+using test::ArrayOf;
+using TValues = test::TReals;
 
 /// Cubics with the values and slopes of a sine at the knots; the last one is straight.
 TKxIntPolynom WaveOf(const TValues& Knots) {
@@ -59,7 +54,7 @@ TValues Integrals(TKxIntPolynom& Curve, const TValues& Abscissae) {
     return {y.Values().begin(), y.Values().end()};
 }
 
-TEST(Kxinterpol, ThePieceDependsOnXAndNotOnTheSearchesBefore) {
+TEST(Interpolation, FindsThePieceOfXWhateverWasSearchedBefore) {
     TValues knots{-7};
     for (int i = 0; i < 300; ++i) knots.push_back(knots.back() + (i % 7 == 3 ? 0 : 1 + i % 5));
     TKxIntPolynom curve = WaveOf(knots);
@@ -77,7 +72,7 @@ TEST(Kxinterpol, ThePieceDependsOnXAndNotOnTheSearchesBefore) {
     }
 }
 
-TEST(Kxinterpol, SlopeAndCurvatureAreTheDerivativesOfTheCurve) {
+TEST(Interpolation, HasTheDerivativesOfTheCurve) {
     TKxIntPolynom curve = WaveOf(Steps(1.7e9, 0.5, 40));
     for (double x = 1.7e9 - 1 + 1.0 / 16; x < 1.7e9 + 21; x += 0.125) {
         const double h = 1.0 / 4096, left = curve.Interpolate(x - h), right = curve.Interpolate(x + h);
@@ -87,7 +82,7 @@ TEST(Kxinterpol, SlopeAndCurvatureAreTheDerivativesOfTheCurve) {
     EXPECT_EQ(curve.Interpolate(curve.X[17]), curve.A[17]);
 }
 
-TEST(Kxinterpol, ExtremaLieWhereTheSlopeChangesItsSign) {
+TEST(Interpolation, FindsExtremaWhereTheSlopeChangesItsSign) {
     for (const double step : {0.37, 4.1}) { // with one or several extrema in a piece
         TKxIntPolynom curve = WaveOf(Steps(0.1, step, 60));
         curve.FindExtrema();
@@ -118,7 +113,7 @@ TKxIntPolynom TwoPieces(const TValues& First, const TValues& Second) {
     return curve;
 }
 
-TEST(Kxinterpol, NearlyParabolicPiecesKeepTheDigitsOfTheirVertexAndParabolasHaveNone) {
+TEST(Interpolation, KeepsTheDigitsOfTheVertexOfNearlyParabolicPieces) {
     TKxIntPolynom curve = TwoPieces({1, -2, 1, 1e-18}, {0, 2, -1, 0});
     curve.FindExtrema();
     ASSERT_EQ(curve.Minima.Length(), 1);
@@ -131,7 +126,7 @@ TEST(Kxinterpol, NearlyParabolicPiecesKeepTheDigitsOfTheirVertexAndParabolasHave
     EXPECT_EQ(curve.Minima[1], (TKxRealPos{3, 6}));
 }
 
-TEST(Kxinterpol, ExtremaOfTheSlopeAreInflectionsBesideTheSteepestKnots) {
+TEST(Interpolation, FindsExtremaOfTheSlopeBesideTheSteepestKnots) {
     TKxIntPolynom curve = WaveOf(Steps(0.2, 0.4, 50));
     curve.FindDiffExtrema();
     const TKxRealPosArray* const found[] = {&curve.DiffMinima, &curve.DiffMaxima};
@@ -147,7 +142,7 @@ TEST(Kxinterpol, ExtremaOfTheSlopeAreInflectionsBesideTheSteepestKnots) {
     }
 }
 
-TEST(Kxinterpol, PiecesWithoutACubicTermOfferNoInflection) {
+TEST(Interpolation, FindsNoInflectionWithoutACubicTerm) {
     // Slopes 2, 1, 2 at the knots; the inflection of the second piece is at 3, with the slope -2.
     TKxIntPolynom curve = TwoPieces({0, 2, -0.25, 0}, {0, 1, -3, 1});
     curve.B[2] = 2;
@@ -159,7 +154,7 @@ TEST(Kxinterpol, PiecesWithoutACubicTermOfferNoInflection) {
     EXPECT_TRUE(curve.DiffMinima.IsEmpty());
 }
 
-TEST(Kxinterpol, TheIntegralIsThatOfTheCurveFromTheFirstKnotOn) {
+TEST(Interpolation, IntegratesFromTheFirstKnotOn) {
     TKxIntPolynom curve = WaveOf(Steps(2, 0.5, 40));
     for (const double from : {2.6, -1.0, 7.0, 23.0}) {
         const TKxRunningIntegral integral(curve, from);
@@ -178,14 +173,14 @@ TEST(Kxinterpol, TheIntegralIsThatOfTheCurveFromTheFirstKnotOn) {
     EXPECT_TRUE(Integrals(curve, {NAN}) == TValues{0} && Integrals(curve, {}).empty());
 }
 
-TEST(Kxinterpol, TheIntegralPassesNoMorePiecesThanThereAreAbscissae) {
+TEST(Interpolation, PassesNoMorePiecesThanThereAreAbscissae) {
     TKxIntPolynom curve = TwoPieces({1, 0, 0, 0}, {7, 0, 0, 0});
     EXPECT_EQ(Integrals(curve, {0, 1, 4}), (TValues{0, 1, 2 + 14}));
     EXPECT_EQ(Integrals(curve, {0, 4}), (TValues{0, 4}));
     EXPECT_EQ(Integrals(curve, {3, 4}), (TValues{0, 14}));
 }
 
-TEST(Kxinterpol, TurningPointsOfTheIntegralAreRefined) {
+TEST(Interpolation, RefinesTurningPointsOfTheIntegral) {
     TKxIntPolynom curve = WaveOf(Steps(0.2, 0.7, 30));
     Integrals(curve, Steps(0.2, 0.25, 80));
     for (const TKxRealPosArray* found : {&curve.IntMinima, &curve.IntMaxima}) {
@@ -198,20 +193,9 @@ TEST(Kxinterpol, TurningPointsOfTheIntegralAreRefined) {
     }
 }
 
-TEST(Kxinterpol, TheIntegralTurnsWhereTheCurveChangesItsSign) {
-    struct TCase {
-        const char* What;
-        TValues First, Second, Minima, Maxima;
-    };
-    const TCase cases[] = {
-        {"in a straight piece", {-1, 1, 0, 0}, {1, 1, 0, 0}, {1}, {}},
-        {"in a parabola", {3, -4, 1, 0}, {-1, -1, 0, 0}, {}, {1}},
-        {"three times in a piece", {-0.75, 2.75, -3, 1}, {0.75, 0, 0, 0}, {0.5, 1.5}, {1}},
-        {"at a knot", {2, -1, 0, 0}, {0, -1, 0, 0}, {}, {2}},
-        {"at a jump", {-1, 0, 0, 0}, {2, -0.5, 0, 0}, {2}, {}},
-        {"not where it touches 0", {0.01, -0.2, 1, 0}, {3.61, 0, 0, 0}, {}, {}},
-        {"not at the ends", {0, 1, 0, 0}, {2, -1, 0, 0}, {}, {}},
-    };
+TEST(Interpolation, TurnsTheIntegralWhereTheCurveChangesItsSign) {
+    const auto cases =
+        test::Cases<std::string, TValues, TValues, TValues, TValues>("curves", "turns of the integral");
     for (const auto& [what, first, second, minima, maxima] : cases) {
         TKxIntPolynom curve = TwoPieces(first, second);
         Integrals(curve, {0, 4}); // however few they are
@@ -235,7 +219,7 @@ TEST(Kxinterpol, TheIntegralTurnsWhereTheCurveChangesItsSign) {
     EXPECT_EQ(curve.IntMinima[0], (TKxRealPos{2, -1})) << "where a stretch of zeros begins";
 }
 
-TEST(Kxinterpol, WithoutPiecesNothingIsEvaluated) {
+TEST(Interpolation, EvaluatesNothingWithoutPieces) {
     TKxIntPolynom curve;
     EXPECT_EQ(test::MessageOf<EMathError>([&] { curve.Interpolate(1); }), "Not enough data!");
     EXPECT_EQ(test::MessageOf<EMathError>([&] { Integrals(curve, {1, 2}); }), "Not enough data!");

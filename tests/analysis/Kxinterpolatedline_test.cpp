@@ -1,6 +1,6 @@
 #include <kxgraph/analysis/Kxinterpolatedline.h>
 
-#include "support/graphfixture.h"
+#include "support/curveform.h"
 
 #include <kxgraph/analysis/Kxapproxsplineline.h>
 #include <kxgraph/analysis/Kxasplinedifferential.h>
@@ -8,17 +8,12 @@
 #include <kxgraph/analysis/Kxdifferential.h>
 #include <kxgraph/analysis/Kxintegral.h>
 
-#include <cmath>
-#include <memory>
-
 namespace kx {
 namespace {
 
 using test::MessageOf;
-using test::TGraphForm;
 
-struct TFixture : TGraphForm {
-    TFixture() { Series->SetName("Series1"); }
+struct TFixture : test::TCurveForm<TKxInterpolatedLine> {
     /// Points of a function at 0, Step, ..., Last.
     void Sample(double (*Function)(double), double Last, double Step) {
         for (double x = 0; x <= Last + Step / 2; x += Step) Fill({{x, Function(x)}});
@@ -30,7 +25,6 @@ struct TFixture : TGraphForm {
         curve->SetParentSeries(Series);
         return curve;
     }
-    TKxDataWithErrorSeries* Series = AddSeries();
 };
 
 /// The largest distance of a curve from a function over the parent's data.
@@ -79,7 +73,7 @@ TEST(InterpolatedSeries, FollowAFunctionItsSlopeAndItsIntegral) {
     EXPECT_NEAR(stored.ReadReal("Differentiation", "Y-Minima(1)", 0), -1, 1e-2);
 }
 
-TEST(InterpolatedSeries, AnIntegralIsRightWithMorePointsThanPixels) {
+TEST(InterpolatedSeries, IntegrateRightlyWithMorePointsThanPixels) {
     TFixture f;
     f.Sample([](double) { return 1.0; }, 20, 0.01);
     const auto* area = f.AddCurve<TKxIntegral>("Integral");
@@ -95,7 +89,7 @@ TEST(InterpolatedSeries, AnIntegralIsRightWithMorePointsThanPixels) {
 
 double Wave(double X) { return std::sin(0.7 * X) + 0.1 * X; }
 
-TEST(InterpolatedSeries, AnIntegralIsTheSameInEveryView) {
+TEST(InterpolatedSeries, HaveTheSameIntegralInEveryView) {
     TFixture f;
     f.Sample(Wave, 12, 1);
     f.Fix(-3.3, 20.7, -2, 2);
@@ -137,7 +131,7 @@ TEST(InterpolatedSeries, AnIntegralIsTheSameInEveryView) {
     EXPECT_LT(std::abs(y(1)), f.X->GetScale());
 }
 
-TEST(InterpolatedSeries, SmoothingIsSwitchedOnByItsWidthAndMeasuredOnTheAxis) {
+TEST(InterpolatedSeries, SmoothByAWidthThatIsMeasuredOnTheAxis) {
     TFixture f;
     f.Fill({{1, 0}, {2, 3}, {3, 0}, {4, 3}, {5, 0}});
     auto* line = f.AddCurve<TKxInterpolatedLine>("Line");
@@ -152,21 +146,14 @@ TEST(InterpolatedSeries, SmoothingIsSwitchedOnByItsWidthAndMeasuredOnTheAxis) {
     EXPECT_NEAR(line->GetY(3), (3 * w2 + 3 * w4) / (1 + w2 + w4), 1e-12);
 }
 
-TEST(InterpolatedSeries, ResultsHoldTheExtremaThatAreThere) {
+TEST(InterpolatedSeries, HaveResultsForTheExtremaThatAreThere) {
     TFixture f;
     f.Fill({{0, 1}, {1, 0}});
-    auto* line = new TKxInterpolatedLine(f.Form);
-    line->SetName("Line");
-    EXPECT_NE(MessageOf<EMathError>([&] { line->SetParentSeries(f.Series); }).find("Not enough data!"),
-              std::string::npos);
-    EXPECT_EQ(line->GetXData()->GetCount(), 0);
+    EXPECT_EQ(MessageOf<EMathError>([&] { f.Join(); }), "Interpolation: Not enough data!");
+    EXPECT_EQ(f.Curve->GetXData()->GetCount(), 0);
     f.Fill({{2, 5}, {3, 0}, {4, 0.5}});
     f.Draw();
-    TStringList keys;
-    line->GetResults().ReadSection("Line", keys);
-    std::string joined;
-    for (int i = 7; i < keys.GetCount(); ++i) joined += keys.GetLine(i) + " ";
-    EXPECT_EQ(joined, "X-Minima(1) Y-Minima(1) X-Minima(2) Y-Minima(2) X-Maxima(1) Y-Maxima(1) ");
+    EXPECT_EQ(f.Keys(7), "X-Minima(1) Y-Minima(1) X-Minima(2) Y-Minima(2) X-Maxima(1) Y-Maxima(1) ");
 }
 
 TEST(SecondaryAxis, IsMadeSharedAndNumbered) {

@@ -1,26 +1,14 @@
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 
-#include "support/graphfixture.h"
-
-#include <cmath>
+#include "support/cases.h"
+#include "support/curveform.h"
 
 namespace kx {
 namespace {
 
 using test::LinesOf;
 using test::MessageOf;
-using test::TGraphForm;
-
-struct TFixture : TGraphForm {
-    TFixture() {
-        Series->SetName("Series1");
-        Line->SetName("Line1");
-        Line->GetLineStyle().SetColor(clGreen);
-    }
-    double Result(const char* Key) const { return Line->GetResults().ReadReal("Line1", Key, NAN); }
-    TKxDataWithErrorSeries* Series = AddSeries();
-    TKxLinearRegressionLine* Line = new TKxLinearRegressionLine(Form);
-};
+using TFixture = test::TCurveForm<TKxLinearRegressionLine>;
 
 TEST(LinearRegressionLine, RunsThroughTheDataOfEachKindOfAxes) {
     struct TCase {
@@ -41,36 +29,36 @@ TEST(LinearRegressionLine, RunsThroughTheDataOfEachKindOfAxes) {
         f.Y->SetScaling(scalingY);
         for (double x : {1.0, 2.0, 4.0, 7.0, 12.0}) f.Fill({{x, function(x)}});
         f.Fill({{NAN, 1}, {3, INFINITY}});
-        f.Line->SetParentSeries(f.Series);
+        f.Join();
         const auto lines = LinesOf(f.Draw(), clGreen);
         EXPECT_NEAR(f.Result("Slope"), slope, 1e-12) << formula;
         EXPECT_NEAR(f.Result("Offset"), offset, 1e-12) << formula;
-        EXPECT_NEAR(f.Line->GetY(3), function(3), 1e-12) << formula;
-        EXPECT_EQ(f.Line->GetResults().ReadString("Line1", "Formula", ""), formula);
+        EXPECT_NEAR(f.Curve->GetY(3), function(3), 1e-12) << formula;
+        EXPECT_EQ(f.ResultText("Formula"), formula);
         ASSERT_EQ(lines.size(), 1u) << formula;
         ASSERT_EQ(lines[0].Points.size(), 2u) << "two ends, from axis end to axis end";
         EXPECT_EQ(lines[0].Points[1].X - lines[0].Points[0].X, f.X->GetAxisLength());
         for (double x : {f.X->GetStart(), f.X->GetStop()})
             EXPECT_NEAR(lines[0].Points[x == f.X->GetStop()].Y - f.World().Y,
-                        f.Y->RealToIntPosition(f.Line->GetY(x)), 1);
+                        f.Y->RealToIntPosition(f.Curve->GetY(x)), 1);
     }
 }
 
 TEST(LinearRegressionLine, HeedsWeightsRangeAndAGivenOffset) {
     TFixture f;
     f.Fill({{1, 1}, {2, 2}, {3, 3}, {4, 40}});
-    f.Line->SetParentSeries(f.Series);
-    f.Line->SetCalculationStop(3);
+    f.Join();
+    f.Curve->SetCalculationStop(3);
     f.Draw();
     EXPECT_DOUBLE_EQ(f.Result("Slope"), 1);
-    f.Line->SetAutoStop(true);
+    f.Curve->SetAutoStop(true);
     TKxLiveVector weight(f.Form);
     for (double w : {1.0, 1.0, 1.0, 0.0}) weight.Add(w);
     f.Series->SetWeight(&weight);
     f.Draw();
     EXPECT_DOUBLE_EQ(f.Result("Slope"), 1);
-    f.Line->SetFixedOffset(-1);
-    EXPECT_TRUE(f.Line->GetDoFixedOffset());
+    f.Curve->SetFixedOffset(-1);
+    EXPECT_TRUE(f.Curve->GetDoFixedOffset());
     f.Draw();
     EXPECT_NEAR(f.Result("Slope"), (1 * 2 + 2 * 3 + 3 * 4) / 14.0, 1e-13);
     EXPECT_EQ(f.Result("Offset"), -1);
@@ -79,12 +67,8 @@ TEST(LinearRegressionLine, HeedsWeightsRangeAndAGivenOffset) {
 TEST(LinearRegressionLine, WritesItsKeysInOrderAndTheirNumbers) {
     TFixture f;
     f.Fill({{0, 1.1}, {1, 2.9}, {2, 5.2}, {3, 6.8}});
-    f.Line->SetParentSeries(f.Series);
-    TStringList keys;
-    f.Line->GetResults().ReadSection("Line1", keys);
-    std::string joined;
-    for (int i = 0; i < keys.GetCount(); ++i) joined += keys.GetLine(i) + " ";
-    EXPECT_EQ(joined,
+    f.Join();
+    EXPECT_EQ(f.Keys(),
               "Calculation Caption Formula CalcStart CalcStop DisplayStart DisplayStop DoFixedOffset "
               "AverageX VarianceX AverageY VarianceY R ChiSquare Offset DeltaOffset DeltaOffset% Slope "
               "DeltaSlope DeltaSlope% Points R2 AdjR2 ");
@@ -102,50 +86,36 @@ TEST(LinearRegressionLine, WritesItsKeysInOrderAndTheirNumbers) {
 
 TEST(LinearRegressionLine, DrawsNothingWhereThereIsNoLine) {
     TFixture f;
-    f.Line->SetCaption("fit");
+    f.Curve->SetCaption("fit");
     f.Fill({{5, 1}});
-    EXPECT_EQ(MessageOf<EMathError>([&] { f.Line->SetParentSeries(f.Series); }), "fit: Not enough data!");
+    EXPECT_EQ(MessageOf<EMathError>([&] { f.Join(); }), "fit: Not enough data!");
     f.Fill({{5, 2}, {5, 3}});
     EXPECT_TRUE(LinesOf(f.Draw(), clGreen).empty());
     EXPECT_EQ(f.Result("Slope"), 1.7e308);
-    EXPECT_TRUE(std::isnan(f.Line->GetY(1)));
+    EXPECT_TRUE(std::isnan(f.Curve->GetY(1)));
     EXPECT_LT(f.Y->GetStop(), 10) << "a marker moves no axis";
 }
 
 TEST(LinearRegressionLine, WithoutMarkersKeysAreLeftOutThatDataLeaveOpen) {
-    const struct {
-        const char* What;
-        std::vector<TKxRealPos> Points;
-        const char* Missing; ///< of those that a line with markers has
-        bool Drawn;
-    } cases[] = {
-        {"y equal", {{1, 5}, {2, 5}, {4, 5}}, "R DeltaSlope% R2 AdjR2 ", true},
-        {"two points", {{1, 5}, {2, 7}}, "DeltaOffset DeltaOffset% DeltaSlope DeltaSlope% ", true},
-        {"x equal",
-         {{1, 5}, {1, 6}, {1, 9}},
-         "R ChiSquare Offset DeltaOffset DeltaOffset% Slope DeltaSlope DeltaSlope% R2 AdjR2 ",
-         false},
-        {"all known", {{1, 5}, {2, 6}, {3, 9}}, "", true},
-    };
-    for (const auto& c : cases) {
+    const auto cases = test::Cases<std::string, test::TReals, test::TReals, bool, std::string>(
+        "fits", "keys that data leave open");
+    for (const auto& [what, x, y, drawn, missing] : cases) {
         TFixture f;
-        for (const auto& point : c.Points) f.Fill({{point.X, point.Y}});
-        f.Line->SetParentSeries(f.Series);
-        TStringList with, without;
-        f.Line->GetResults().ReadSection("Line1", with);
-        f.Line->SetMarkers(false);
+        f.XV->AddValues(x);
+        f.YV->AddValues(y);
+        f.Join();
+        std::string with = f.Keys();
+        f.Curve->SetMarkers(false);
         f.Draw();
-        f.Line->GetResults().ReadSection("Line1", without);
-        std::string missing;
-        for (int i = 0, k = 0; i < with.GetCount(); ++i)
-            if (k < without.GetCount() && without.GetLine(k) == with.GetLine(i))
-                ++k;
-            else
-                missing += with.GetLine(i) + " ";
-        EXPECT_EQ(missing, c.Missing) << c.What;
-        EXPECT_EQ(f.Line->GetPointsCount() > 0, c.Drawn) << c.What;
-        EXPECT_EQ(f.Result("Slope") == 0, std::string(c.What) == "y equal") << c.What;
-        for (const auto& key : f.Line->KeysWithoutValue()) EXPECT_TRUE(std::isnan(f.Result(key.c_str())));
+        for (std::istringstream keys(f.Keys()); keys >> std::ws && !keys.eof();) {
+            std::string key;
+            keys >> key;
+            with.erase(with.find(key + " "), key.size() + 1);
+        }
+        EXPECT_EQ(with, missing) << what;
+        EXPECT_EQ(f.Curve->GetPointsCount() > 0, drawn) << what;
+        EXPECT_EQ(f.Result("Slope") == 0, what == "y equal") << what;
+        for (const auto& key : f.Curve->KeysWithoutValue()) EXPECT_TRUE(std::isnan(f.Result(key.c_str())));
     }
 }
 
@@ -153,15 +123,15 @@ TEST(LinearRegressionLine, ReachesAnAxisEndThatIsMovedOutAndStaysInAZoom) {
     TFixture f;
     f.Fix(0, 10, 0, 50);
     f.Fill({{1, 1}, {9, 9}});
-    f.Line->SetParentSeries(f.Series);
+    f.Join();
     f.Draw();
     f.X->SetStop(20);
     f.Draw();
-    EXPECT_EQ(f.Line->GetXData()->GetValue(1), 20);
+    EXPECT_EQ(f.Curve->GetXData()->GetValue(1), 20);
     f.Graph->ZoomTo({10, 10, 30, 30});
     f.Draw();
-    EXPECT_EQ(f.Line->GetXData()->GetValue(0), 0);
-    EXPECT_EQ(f.Line->GetXData()->GetValue(1), 20);
+    EXPECT_EQ(f.Curve->GetXData()->GetValue(0), 0);
+    EXPECT_EQ(f.Curve->GetXData()->GetValue(1), 20);
 }
 
 } // namespace

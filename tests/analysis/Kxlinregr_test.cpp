@@ -1,25 +1,19 @@
 #include <kxgraph/analysis/Kxlinregr.h>
 
 #include "support/errors.h"
+#include "support/nist.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <limits>
 #include <random>
-#include <vector>
 
 namespace kx {
 namespace {
 
-using TReals = std::vector<double>;
+using test::CInf, test::CNaN, test::TReals;
 using TResults = TKxLinearRegessionResults;
 using TExtended = long double;
-
-constexpr double CInf = std::numeric_limits<double>::infinity();
-constexpr double CNaN = std::numeric_limits<double>::quiet_NaN();
 
 /// Without weights an empty W.
 TResults Fit(const TReals& X, const TReals& Y, const TReals& W = {}, double Start = -CInf, double Stop = CInf,
@@ -45,37 +39,27 @@ std::array<double, 11> FieldsOf(const TResults& R) {
 
 double Digits(double Value, double Certified) { return -std::log10(std::abs(Value / Certified - 1) + 1e-17); }
 
-TEST(LinReg, CertifiedValuesOfNistAreMet) {
-    // Data and certified values: NIST Statistical Reference Datasets, linear regression, "Norris", "NoInt1"
-    // and "NoInt2".
-    const TReals x{0.2, 337.4, 118.2, 884.6, 10.1,  226.5, 666.3, 996.3, 448.6, 777,   558.2, 0.4,
-                   0.6, 775.5, 666.9, 338,   447.5, 11.6,  556,   228.1, 995.8, 887.6, 120.2, 0.3,
-                   0.3, 556.8, 339.1, 887.2, 999,   779,   11.1,  118.3, 229.2, 669.1, 448.9, 0.5};
-    const TReals y{0.1, 338.8, 118.1, 888,   9.2,   228.1, 668.5, 998.5, 449.1, 778.9, 559.2, 0.3,
-                   0.1, 778.1, 668.8, 339.3, 448.9, 10.8,  557.7, 228.3, 998,   888.8, 119.6, 0.3,
-                   0.6, 557.6, 339.3, 888,   998.5, 778.9, 10.2,  117.6, 228.9, 668.4, 449.2, 0.2};
-    const TResults norris = Fit(x, y), weighted = Fit(x, y, TReals(x.size(), 1.0));
-    const TResults noInt1 = FitThrough(0, {60, 61, 62, 63, 64, 65, 66, 67, 68, 69, 70},
-                                       {130, 131, 132, 133, 134, 135, 136, 137, 138, 139, 140});
-    const TResults noInt2 = FitThrough(0, {4, 5, 6}, {3, 4, 4});
-    const struct {
-        double Value, Certified;
-        int Digits;
-    } cases[] = {
-        {norris.Offset, -0.262323073774029, 13},        {norris.Slope, 1.00211681802045, 14},
-        {norris.DeltaOffset, 0.232818234301152, 13},    {norris.DeltaSlope, 0.429796848199937E-03, 13},
-        {norris.ChiSquare, 26.6173985294224, 13},       {norris.Determination, 0.999993745883712, 14},
-        {norris.R * norris.R, 0.999993745883712, 14},   {weighted.Offset, -0.262323073774029, 13},
-        {weighted.DeltaOffset, 0.232818234301152, 13},  {noInt1.Slope, 2.07438016528926, 14},
-        {noInt1.DeltaSlope, 0.165289256198347E-01, 14}, {noInt1.ChiSquare, 127.272727272727, 14},
-        {noInt2.Slope, 0.727272727272727, 14},          {noInt2.DeltaSlope, 0.420827318078432E-01, 14},
-        {noInt2.ChiSquare, 0.272727272727273, 14},
-    };
-    for (const auto& c : cases) EXPECT_GE(Digits(c.Value, c.Certified), c.Digits) << c.Certified;
+TEST(LinReg, MeetsCertifiedValues) {
+    const test::TNistSet norris("Norris"), noInt1("NoInt1"), noInt2("NoInt2");
+    const TResults free = Fit(norris.X, norris.Y), weighted = Fit(norris.X, norris.Y, TReals(36, 1.0));
+    for (const TResults& r : {free, weighted}) {
+        EXPECT_GE(Digits(r.Offset, norris.Coefficients[0]), 13);
+        EXPECT_GE(Digits(r.DeltaOffset, norris.Deviations[0]), 13);
+    }
+    EXPECT_GE(Digits(free.Slope, norris.Coefficients[1]), 14);
+    EXPECT_GE(Digits(free.DeltaSlope, norris.Deviations[1]), 13);
+    EXPECT_GE(Digits(free.ChiSquare, norris.SumOfSquares), 13);
+    for (const double r2 : {free.Determination, free.R * free.R}) EXPECT_GE(Digits(r2, norris.R2), 14);
+    for (const auto& set : {noInt1, noInt2}) {
+        const TResults through = FitThrough(0, set.X, set.Y);
+        EXPECT_GE(Digits(through.Slope, set.Coefficients[0]), 14);
+        EXPECT_GE(Digits(through.DeltaSlope, set.Deviations[0]), 14);
+        EXPECT_GE(Digits(through.ChiSquare, set.SumOfSquares), 14);
+    }
 }
 
 // The same line near zero, where sums of small integers are exact, shows what it is far away.
-TEST(LinReg, DataFarFromZeroLoseNoDigits) {
+TEST(LinReg, KeepsTheDigitsOfDataFarFromZero) {
     const struct {
         double X0, StepX, Y0;
         int Count;
@@ -104,41 +88,17 @@ TEST(LinReg, DataFarFromZeroLoseNoDigits) {
     }
 }
 
-TEST(LinReg, SmallAndDegenerateDataGiveExactLinesMarkersAndZeros) {
-    constexpr double free = CNaN, mark = CMaxReal;
-    const struct {
-        const char* What;
-        double Offset;
-        TReals X, Y, W;
-        std::array<double, 11> Fields; // in the order of the record
-    } cases[] = {
-        {"line", free, {0, 1, 2}, {1, 3, 5}, {}, {2, 0, 1, 0, 1, 3, 1, 4, 1, 1, 0}},
-        {"x equal", free, {.1, .1, .1}, {1, 2, 6}, {}, {mark, 0, mark, 0, .1, 3, 0, 0, 1, 1, 0}},
-        {"y equal", free, {1, 2, 3}, {.1, .1, .1}, {}, {mark, 0, mark, 0, 2, .1, 1, 0, 1, 1, 0}},
-        {"overflow", free, {1, 2, 3}, {1e300, -1e300, 0}, {}, {mark, 0, mark, 0, 2, 0, 0, 0, 1, 1, 0}},
-        {"mean too", free, {-mark, mark}, {1, 2}, {}, {mark, 0, mark, 0, mark, 1.5, 0, 0, 1, 1, 0}},
-        // Weights: 0 for a senseless y, for one x only, of sums 0 and below.
-        {"void y", free, {7, 0, 1, 2}, {mark, 1, 3, 5}, {0, .25, .5, .25}, {2, 0, 1, 0, 1, 3, 0, 0, 1, 1, 0}},
-        {"one x", free, {0, 1, 2}, {1, 2, 4}, {0, 2, 0}, {mark, 0, mark, 0, 1, 2, 0, 0, 1, 1, 0}},
-        {"sum 0", free, {0, 1}, {1, 3}, {1, -1}, {mark, 0, mark, 0, mark, mark, 0, 0, 1, 1, 0}},
-        {"sum -1", free, {0, 1, 2}, {0, 2, 4}, {1, -3, 1}, {mark, 0, mark, 0, 1, 2, 0, 0, 1, 1, 0}},
-
-        {"line", 0, {1, 2}, {2, 4}, {}, {2, 0, 0, 0, 1.5, 3, .5, 2, 1, 0, 0}},
-        {"one point", 1, {3}, {1.3}, {}, {.1, 0, 1, 0, 3, 1.3, 0, 0, 1, 0, 0}},
-        {"y equal", 0, {1, 2}, {5, 5}, {}, {3, 1, 0, 0, 1.5, 5, .5, 0, 1, 0, 5}},
-        {"x zero", 7, {0, 0}, {1, 3}, {}, {mark, 0, 7, 0, 0, 2, 0, 2, 1, 0, 0}},
-        {"overflow", 7, {1, 2}, {1e300, -1e300}, {}, {mark, 0, 7, 0, 1.5, 0, .5, 0, 1, 0, 0}},
-        {"sum -1", 7, {0, 1, 2}, {0, 2, 4}, {1, -3, 1}, {mark, 0, 7, 0, 1, 2, 0, 0, 1, 0, 0}},
-    };
-    for (const auto& c : cases) {
-        const auto fields =
-            FieldsOf(std::isnan(c.Offset) ? Fit(c.X, c.Y, c.W) : FitThrough(c.Offset, c.X, c.Y, c.W));
+TEST(LinReg, GivesExactLinesMarkersAndZerosForSmallAndDegenerateData) {
+    const auto cases = test::Cases<std::string, double, TReals, TReals, TReals, std::array<double, 11>>(
+        "fits", "lines of few points");
+    for (const auto& [what, offset, x, y, w, expected] : cases) {
+        const auto fields = FieldsOf(std::isnan(offset) ? Fit(x, y, w) : FitThrough(offset, x, y, w));
         for (std::size_t i = 0; i < fields.size(); ++i)
-            EXPECT_NEAR(fields[i], c.Fields[i], 9e-16 * std::abs(c.Fields[i])) << c.What << ", field " << i;
+            EXPECT_NEAR(fields[i], expected[i], 9e-16 * std::abs(expected[i])) << what << ", field " << i;
     }
 }
 
-TEST(LinReg, EqualYHaveALevelLineWhereItIsAskedFor) {
+TEST(LinReg, GivesEqualYALevelLineWhereItIsAskedFor) {
     const TKxLinRegRules level{wmCounts, true};
     for (const TReals& w : {TReals{}, TReals{1, 2, 4}}) {
         const TResults r = Fit({1, 2, 4}, {.1, .1, .1}, w, -CInf, CInf, level);
@@ -149,50 +109,17 @@ TEST(LinReg, EqualYHaveALevelLineWhereItIsAskedFor) {
     EXPECT_TRUE(Fit({1, 2}, {5, 6}, {}, -CInf, CInf, level).HasDetermination);
 }
 
-TEST(LinReg, PrecisionsInAnyUnitGiveTheSameErrors) {
-    const TReals x{0, 1, 2, 3, 9}, y{1, 2.5, 2, 5, 100};
-    for (const double unit : {1.0, 100.0, 0.01}) {
-        const TReals w{unit, 2 * unit, 4 * unit, 2 * unit, 0}; // the last one is no point
-        const TResults free = Fit(x, y, w, -CInf, CInf, {wmPrecisions});
-        const TResults through = FitThrough(1, x, y, w, -CInf, CInf, {wmPrecisions});
-        const std::pair<double, double> cases[] = {
-            {free.Slope, 75. / 68},
-            {free.DeltaSlope, std::sqrt(3861. / 9248)},
-            {free.DeltaOffset, std::sqrt(3861. / 2312)},
-            {free.VarianceX, 4. / 3 * 68 / 81},
-            {free.VarianceY, 4. / 3 * 31 / 18},
-            {free.ChiSquare, 429. / 68 * unit},
-            {through.Slope, 35. / 36},
-            {through.DeltaSlope, std::sqrt(233. / 3888)},
-            {through.ChiSquare, 233. / 36 * unit},
-            {through.VarianceX, 4. / 3 * 68 / 81},
+TEST(LinReg, RaisesForTooFewPointsOrNoWeights) {
+    const auto cases = test::Cases<TReals, TReals, TReals, double, double, int>("fits", "enough points");
+    for (const auto& [x, y, w, start, stop, points] : cases) {
+        const auto free = [&, &x = x, &y = y, &w = w, start = start, stop = stop] {
+            Fit(x, y, w, start, stop);
         };
-        for (const auto& c : cases) EXPECT_NEAR(c.first, c.second, 1e-13 * c.second) << unit << &c - cases;
-    }
-}
-
-TEST(LinReg, TooFewPointsOrNoWeightsAreNotEnoughData) {
-    const struct {
-        TReals X, Y, W;
-        double Start, Stop;
-        int Points;
-    } cases[] = {
-        {{}, {}, {}, -CInf, CInf, 0},
-        {{1, 2, 3}, {1, 2, 3}, {}, CNaN, 5, 0},
-        {{1, 2, 3}, {1, 2, 3}, {}, 0, 1, 1},
-        {{1, 2, 3}, {CNaN, 2, CInf}, {}, 0, 5, 1},
-        {{1, 2, 3}, {1}, {}, 0, 5, 1},
-        {{1, 2, 3}, {1, 2, 3}, {1}, 0, 5, 1},
-        {{1, 2, 3}, {1, 2, 3}, {1, CInf, CNaN}, 0, 5, 1},
-        {{1, 2, 3}, {1, 2, 3}, {0, -0., 0}, 0, 5, 0},
-        {{-CInf, 1, 3, 2, 9}, {1, 2, CNaN, 2, 8}, {}, 1, 2, 2}, // ends of the range take part
-        {{1, 2}, {1, 2}, {-1, 1}, 0, 5, 2},
-    };
-    for (const auto& c : cases) {
-        const auto free = [&] { Fit(c.X, c.Y, c.W, c.Start, c.Stop); };
-        const auto through = [&] { FitThrough(1, c.X, c.Y, c.W, c.Start, c.Stop); };
-        EXPECT_EQ(test::MessageOf<EMathError>(free), c.Points < 2 ? "Not enough data!" : "") << &c - cases;
-        EXPECT_EQ(test::MessageOf<EMathError>(through), c.Points < 1 ? "Not enough data!" : "") << &c - cases;
+        const auto through = [&, x = x, y = y, w = w, start = start, stop = stop] {
+            FitThrough(1, x, y, w, start, stop);
+        };
+        EXPECT_EQ(test::MessageOf<EMathError>(free), points < 2 ? "Not enough data!" : "") << x.size();
+        EXPECT_EQ(test::MessageOf<EMathError>(through), points < 1 ? "Not enough data!" : "") << x.size();
     }
 }
 
@@ -234,7 +161,7 @@ std::array<double, 11> Reference(const TReals& X, const TReals& Y, const TReals&
     return fields;
 }
 
-TEST(LinReg, AllFitsAgreeWithAPlainReferenceOnRandomDataWithGapsAndRanges) {
+TEST(LinReg, AgreesWithAPlainReferenceOnRandomDataWithGapsAndRanges) {
     std::mt19937 random(20);
     const auto uniform = [&](double Low, double High) {
         return std::uniform_real_distribution<double>(Low, High)(random);
@@ -268,20 +195,17 @@ TEST(LinReg, AllFitsAgreeWithAPlainReferenceOnRandomDataWithGapsAndRanges) {
                                                     : FitThrough(offset, x, y, weights, start, stop, rules));
                 for (std::size_t i = 0; i < fields.size(); ++i) {
                     // Where terms cancel, what is left is as exact as they were.
-                    const double terms = i == 8 || i == 9   ? 1
-                                         : i == 0           ? scale
-                                         : i == 2 || i == 5 ? 20 * scale + expected[3]
-                                                            : 0;
-                    const bool isError = i == 1 || i == 3 || i == 10;
-                    ASSERT_NEAR(fields[i], expected[i],
-                                (isError ? 1e-10 : 1e-12) * (std::abs(expected[i]) + terms))
+                    const double level = 20 * scale + expected[3];
+                    const double terms[] = {scale, 0, level, 0, 0, level, 0, 0, 1, 1, 0};
+                    const double part = i == 1 || i == 3 || i == 10 ? 1e-10 : 1e-12; // errors
+                    ASSERT_NEAR(fields[i], expected[i], part * (std::abs(expected[i]) + terms[i]))
                         << "field " << i << " in round " << round << ", count " << count;
                 }
             }
     }
 }
 
-TEST(LinReg, NoResultIsNanOrInfiniteWhateverTheData) {
+TEST(LinReg, GivesFiniteResultsWhateverTheData) {
     std::mt19937 random(7);
     const TReals pool{0, 1, 2, -1, 3.5, 1e-300, 5e-324, 1e-160, 1e155, 1e300, -1.7e308, 1.7e308, CNaN, CInf};
     for (int round = 0; round < 20000; ++round) {
@@ -300,20 +224,19 @@ TEST(LinReg, NoResultIsNanOrInfiniteWhateverTheData) {
     }
 }
 
-TEST(LinReg, VectorsAreFittedLikeTheirValues) {
+TEST(LinReg, FitsVectorsLikeTheirValues) {
     TKxRealVector x(nullptr), y(nullptr), w(nullptr);
     x.AddValues(TReals{0, 1, 2, 5});
     y.AddValues(TReals{0, 0, 3});
     w.AddValues(TReals{2, 1, 2, 9});
-    TResults free, weighted, through, weightedThrough;
-    LinReg(0, 9, x, y, free);
-    LinRegWithWeight(0, 9, x, y, w, weighted);
-    OfsReg(0, 9, x, y, through);
-    OfsRegWithWeight(0, 9, x, y, w, weightedThrough);
-    EXPECT_DOUBLE_EQ(free.Offset, -0.5);
-    EXPECT_DOUBLE_EQ(weighted.Offset, -0.3);
-    EXPECT_DOUBLE_EQ(through.Slope, 6. / 5);
-    EXPECT_DOUBLE_EQ(weightedThrough.Slope, 12. / 9);
+    TResults r[4];
+    LinReg(0, 9, x, y, r[0]);
+    LinRegWithWeight(0, 9, x, y, w, r[1]);
+    OfsReg(0, 9, x, y, r[2]);
+    OfsRegWithWeight(0, 9, x, y, w, r[3]);
+    const double slopes[] = {1.5, 1.5, 6. / 5, 12. / 9}, offsets[] = {-0.5, -0.3, 0, 0};
+    for (int i = 0; i < 4; ++i) EXPECT_DOUBLE_EQ(r[i].Slope, slopes[i]);
+    for (int i = 0; i < 4; ++i) EXPECT_DOUBLE_EQ(r[i].Offset, offsets[i]);
 }
 
 } // namespace

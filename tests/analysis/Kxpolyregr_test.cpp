@@ -1,24 +1,18 @@
 #include <kxgraph/analysis/Kxpolyregr.h>
 
 #include "support/errors.h"
+#include "support/nist.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdint>
-#include <limits>
-#include <string>
-#include <vector>
 
 namespace kx {
 namespace {
 
-using TValues = std::vector<double>;
-constexpr double CInf = std::numeric_limits<double>::infinity();
-constexpr double CNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr const char* CNotEnough = "Not enough data!";
-constexpr const char* CSingular = "Cholesky Decomposition ([i,i]): Matrix is not positive definite!";
+using test::CInf, test::CNaN;
+using TValues = test::TReals;
 
 TKxPolynomRegessionResults Fit(int Order, const TValues& X, const TValues& Y, double Start = -CInf,
                                double Stop = CInf) {
@@ -42,48 +36,24 @@ void ExpectDigits(double Digits, double Value, double Expected, const std::strin
         << What << ": " << Value << " for " << Expected;
 }
 
-// Certified values of NIST StRD, linear least squares.
-
-TEST(PolynomRegression, AgreesWithTheCertifiedValuesOfPontius) {
-    const TValues y = {.11019,  .21956,  .32949,  .43899,  .54803,  .65694,  .76562,  .87487,
-                       .98292,  1.09146, 1.20001, 1.30822, 1.41599, 1.52399, 1.63194, 1.73947,
-                       1.84646, 1.95392, 2.06128, 2.16844, .11052,  .22018,  .32939,  .43886,
-                       .54798,  .65739,  .76596,  .87474,  .98300,  1.09150, 1.20004, 1.30818,
-                       1.41613, 1.52408, 1.63159, 1.73965, 1.84696, 1.95445, 2.06177, 2.16829};
-    TValues x;
-    for (int i = 0; i < 40; ++i) x.push_back(150000.0 * (i % 20 + 1));
-    const auto results = Fit(2, x, y);
-    const double coefficients[] = {0.673565789473684E-03, 0.732059160401003E-06, -0.316081871345029E-14};
-    const double errors[] = {0.107938612033077E-03, 0.157817399981659E-09, 0.486652849992036E-16};
-    for (int k = 0; k <= 2; ++k) {
-        ExpectDigits(12, results.Coefficients[k], coefficients[k], "coefficient");
-        ExpectDigits(10, results.DeltaCoefficients[k], errors[k], "error");
+/// Coefficients and their errors.
+void ExpectFit(const TKxPolynomRegessionResults& Results, double Digits, const TValues& Coefficients,
+               double ErrorDigits, const TValues& Errors) {
+    for (std::size_t k = 0; k < Coefficients.size(); ++k) {
+        ExpectDigits(Digits, Results.Coefficients[int(k)], Coefficients[k], "coefficient");
+        ExpectDigits(ErrorDigits, Results.DeltaCoefficients[int(k)], Errors[k], "error");
     }
-    ExpectDigits(10, results.ChiSquare, 0.155761768796992E-05, "chi-square");
-    ExpectDigits(14, results.R2, 0.999999900178537, "R2");
-    ExpectDigits(10, results.QRel, std::sqrt(0.155761768796992E-05 / 38), "QRel");
 }
 
-TEST(PolynomRegression, AgreesWithTheCertifiedValuesOfWampler) {
-    const double noise[] = {759,   -2048, 2048,  -2048, 2523,  -2048, 2048,  -2048, 1838,  -2048, 2048,
-                            -2048, 1838,  -2048, 2048,  -2048, 2523,  -2048, 2048,  -2048, 759};
-    const double errors[] = {2152.32624678170, 2363.55173469681, 779.343524331583,
-                             101.475507550350, 5.64566512170752, 0.112324854679312};
-    const std::pair<double, double> cases[] = {
-        {0, 1}, {1, 0.999995559025820}, {100, 0.957478440825662}, {10000, 0.224668921574940E-02}};
-    for (const auto& [factor, r2] : cases) {
-        TValues x, y;
-        for (int i = 0; i <= 20; ++i) {
-            x.push_back(i);
-            y.push_back(1 + i * (1 + i * (1 + i * (1 + i * (1.0 + i)))) + factor * noise[i]);
-        }
-        const auto results = Fit(5, x, y);
-        for (int k = 0; k <= 5; ++k) {
-            ExpectDigits(12, results.Coefficients[k], 1, "coefficient");
-            ExpectDigits(10, results.DeltaCoefficients[k], errors[k] * factor, "error");
-        }
-        ExpectDigits(13, results.R2, r2, "R2");
-        ExpectDigits(10, results.ChiSquare, 83554268.0 * factor * factor, "chi-square");
+TEST(PolynomRegression, AgreesWithCertifiedValues) {
+    for (const char* name : {"Pontius", "Wampler1", "Wampler3", "Wampler4", "Wampler5"}) {
+        const test::TNistSet set(name);
+        const int order = int(set.Coefficients.size()) - 1, freedom = int(set.X.size()) - order - 1;
+        const auto results = Fit(order, set.X, set.Y);
+        ExpectFit(results, 12, set.Coefficients, 10, set.Deviations);
+        ExpectDigits(10, results.ChiSquare, set.SumOfSquares, name);
+        ExpectDigits(order == 2 ? 14 : 13, results.R2, set.R2, name);
+        ExpectDigits(10, results.QRel, std::sqrt(set.SumOfSquares / (freedom + 1)), name);
     }
 }
 
@@ -91,32 +61,6 @@ std::int64_t Noise(std::int64_t Index) { return Index * Index * 7919 % 1009 - 50
 
 // Expected values: the normal equations of the same doubles, solved with fractions of integers.
 TEST(PolynomRegression, KeepsAllDigitsOfIllConditionedData) {
-    const struct {
-        double ChiSquare;
-        TValues Coefficients, Errors;
-    } cases[] = {
-        {5.91164950301428e-06,
-         {25.23350256414932, 44.20885693305772, 35.47822616085458, 16.59217456344052, 5.008202186414437,
-          1.01992782086117, 0.1419970650707989, 0.01335209569716595, 0.0008119775665281002,
-          2.8852848620852e-05, 4.5517058871521e-07},
-         {31.20105476489, 56.61959475399, 45.62905330947, 21.50760892233, 6.567670694279, 1.357920478911,
-          0.192572958784, 0.01850185395884, 0.001152942375565, 4.209353764033e-05, 6.840016544209e-07}},
-        {8553213.0955318,
-         {-2.027621269662787e+20, 714615591375.7109, -1049.413887483088, 8.219014893280393e-07,
-          -3.620888628186141e-16, 8.507642005479049e-26, -8.328981885663914e-36},
-         {1.574723839941e+20, 554945251968.2, 814.8629124942, 6.38142409271e-07, 2.811079358666e-16,
-          6.604306931787e-26, 6.465022868104e-36}},
-        {458541.078347413,
-         {-0.7574069948417582, 1.657686979505135, 0.00283718047468311, -1.454029803784079e-06,
-          2.269102612396587e-10, -1.123080766310402e-14, 1.697091312748921e-19, -6.394859035066684e-25},
-         {177.3322851697, 2.754715245183, 0.005625781593107, 2.923350567903e-06, 4.598744752474e-10,
-          2.283157705283e-14, 3.453802278642e-19, 1.301911160192e-24}},
-        {173015.141727411,
-         {1251.34694852376, -1015948.414163972, 289927.6871113517, -29760.05546860832, 1405.372197297424,
-          -31.00171328574407, 0.2583542327175704},
-         {193.6218665979, 814640.3811922, 232502.8653963, 23865.20333093, 1126.961885758, 24.85938066436,
-          0.2071611382574}},
-    };
     TValues x[4], y[4], w[4];
     const auto add = [&](int Case, double X, double Y, double W = 1) {
         x[Case].push_back(X);
@@ -132,14 +76,13 @@ TEST(PolynomRegression, KeepsAllDigitsOfIllConditionedData) {
     // Small x have more digits behind the point than their distance from the middle has room for.
     for (int i = 1; i <= 6; ++i) add(3, i * 0x1p-14 + (2 * i + 1) * 0x1p-50, double(1000 + Noise(i)));
     for (int i = 1; i <= 5; ++i) add(3, i * 8, double(Noise(10 + i)));
-    for (int i = 0; i < 4; ++i) {
-        const auto& [chiSquare, coefficients, errors] = cases[i];
+    int i = 0;
+    for (const auto& [chiSquare, coefficients, errors] :
+         test::Cases<double, TValues, TValues>("fits", "ill-conditioned polynomials")) {
         const auto results = WeightedFit(int(errors.size()) - 1, x[i], y[i], w[i]);
-        for (std::size_t k = 0; k < errors.size(); ++k) {
-            ExpectDigits(14, results.Coefficients[int(k)], coefficients[k], "coefficient");
-            ExpectDigits(12, results.DeltaCoefficients[int(k)], errors[k], "error");
-        }
+        ExpectFit(results, 14, coefficients, 12, errors);
         ExpectDigits(12, results.ChiSquare, chiSquare, "chi-square");
+        ++i;
     }
     // A curve drawn through times has no noise: third differences are those of the polynomial.
     const auto results = Fit(3, x[1], y[1]);
@@ -185,7 +128,7 @@ TEST(PolynomRegression, LeavesOutWhatIsOutsideOrNotFiniteAsWholePoints) {
     EXPECT_EQ(results.AverageX, 2);
     EXPECT_EQ(results.AverageY, 7.1);
     EXPECT_EQ(Fit(2, {60, 0, 1, 2, 3, 4}, {0, 1, 2, 5, 10, 17.5}, -CInf, 50).QRel, expected.QRel);
-    EXPECT_EQ(test::MessageOf<EMathError>([&] { Fit(2, x, y, CNaN, 5); }), CNotEnough);
+    EXPECT_EQ(test::MessageOf<EMathError>([&] { Fit(2, x, y, CNaN, 5); }), "Not enough data!");
     const auto weighted =
         WeightedFit(2, {0, 1, 7, 2, 3, 8, 4}, {1, 2, 9, 5, 10, -3, 17.5}, {1, 1, CNaN, 1, 1, CInf, 1});
     EXPECT_EQ(weighted.Coefficients[2], expected.Coefficients[2]);
@@ -209,12 +152,11 @@ TEST(PolynomRegression, CountsAPointOfWeightTwoAsTwo) {
 TEST(PolynomRegression, UsesWeightsOfAnySizeAndSign) {
     const TValues x = {1, 2, 3, 5, 8, 9}, y = {2, 1, 4, 3, 9, 5};
     const auto plain = Fit(2, x, y);
+    const TValues coefficients(plain.Coefficients.begin(), plain.Coefficients.end()),
+        errors(plain.DeltaCoefficients.begin(), plain.DeltaCoefficients.end());
     for (const double weight : {1e-300, 1e300}) {
         const auto results = WeightedFit(2, x, y, TValues(6, weight));
-        for (int k = 0; k <= 2; ++k) {
-            ExpectDigits(14, results.Coefficients[k], plain.Coefficients[k], "coefficient");
-            ExpectDigits(14, results.DeltaCoefficients[k], plain.DeltaCoefficients[k], "error");
-        }
+        ExpectFit(results, 14, coefficients, 14, errors);
         ExpectDigits(14, results.ChiSquare, plain.ChiSquare * weight, "chi-square");
         EXPECT_EQ(results.VarianceX == 0, weight < 1); // as the sum of weights is below 1
         const auto precise = WeightedFit(2, {1, 2, 3, 5, 8, 9, 4}, {2, 1, 4, 3, 9, 5, 70},
@@ -223,8 +165,7 @@ TEST(PolynomRegression, UsesWeightsOfAnySizeAndSign) {
              {&TKxPolynomRegessionResults::VarianceX, &TKxPolynomRegessionResults::VarianceY,
               &TKxPolynomRegessionResults::R2, &TKxPolynomRegessionResults::AdjR2})
             ExpectDigits(14, precise.*field, plain.*field, "field");
-        for (int k = 0; k <= 2; ++k)
-            ExpectDigits(14, precise.DeltaCoefficients[k], plain.DeltaCoefficients[k], "precise error");
+        ExpectFit(precise, 14, coefficients, 14, errors);
         EXPECT_EQ(std::pair(precise.Points, precise.Freedom), std::pair(7, 3));
     }
     // A point without weight may be anywhere; a negative weight takes a point back.
@@ -238,32 +179,16 @@ TEST(PolynomRegression, UsesWeightsOfAnySizeAndSign) {
 }
 
 TEST(PolynomRegression, RaisesRatherThanFittingTooLittle) {
-    const TValues same(5, 0.1), y = {1, 2, 4, 8, 16};
-    const TValues near = {1, std::nextafter(1, 2), 2, 0.5, 1e-30};
-    const struct {
-        int Order;
-        TValues X, Y, W;
-        std::string Message;
-    } cases[] = {
-        {-1, y, y, same, CNotEnough},
-        {std::numeric_limits<int>::max(), y, y, same, CNotEnough},
-        {2, y, y, {1, 0, 1, 0, 0}, CNotEnough},
-        {2, y, y, {1, 1, -3, 0, 1}, CNotEnough},
-        {2, y, y, {}, CNotEnough},
-        {1, same, y, same, CSingular},
-        {2, {1, 2, 1, 2, 1}, y, same, CSingular},
-        {2, y, y, {1, 1, 1, -2.5, 0}, CSingular},
-        {4, near, y, same, CSingular}, // different, but no more than pairs of doubles can tell
-        {4, y, y, same, ""},
-        {0, same, y, same, ""},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(test::MessageOf<EMathError>([&] { WeightedFit(c.Order, c.X, c.Y, c.W); }), c.Message)
-            << c.Order;
+    const std::string singular = "Cholesky Decomposition ([i,i]): Matrix is not positive definite!";
+    const auto cases = test::Cases<int, TValues, TValues, std::string>("fits", "too little for a polynomial");
+    for (const auto& [order, x, w, what] : cases) {
+        const auto fit = [order = order, &x = x, &w = w] { WeightedFit(order, x, {1, 2, 4, 8, 16}, w); };
+        EXPECT_EQ(test::MessageOf<EMathError>(fit), what == "singular" ? singular : what) << order;
+    }
     TValues many;
     for (int i = 0; i < 100; ++i) many.push_back(0.01 * i);
     for (const int order : {60, 65})
-        EXPECT_EQ(test::MessageOf<EMathError>([&] { Fit(order, many, many); }), CSingular);
+        EXPECT_EQ(test::MessageOf<EMathError>([&] { Fit(order, many, many); }), singular);
 
     TKxPolynomRegessionResults kept = Fit(2, {0, 1, 2}, {1, 6, 17});
     EXPECT_THROW(PolynomRegression(TValues{1}, TValues{1}, 0, 2, kept), EMathError);

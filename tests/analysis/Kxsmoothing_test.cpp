@@ -1,35 +1,26 @@
-#include "support/errors.h"
-
 #include <kxgraph/analysis/Kxsmoothing.h>
+
+#include "support/arrays.h"
+#include "support/errors.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 #include <random>
-#include <vector>
 
 namespace kx {
 namespace {
 
-constexpr double CInf = std::numeric_limits<double>::infinity();
-constexpr double CNaN = std::numeric_limits<double>::quiet_NaN();
+using test::ArrayOf, test::CInf, test::CNaN, test::TReals;
 
-TKxRealArray ArrayOf(const std::vector<double>& Values) {
-    TKxRealArray array(int(Values.size()));
-    std::copy(Values.begin(), Values.end(), array.begin());
-    return array;
-}
-
-std::vector<double> Smoothed(double M, const std::vector<double>& X, const std::vector<double>& Y) {
+TReals Smoothed(double M, const TReals& X, const TReals& Y) {
     TKxRealArray y = ArrayOf(Y);
     SmoothVector(M, ArrayOf(X), y);
     return {y.begin(), y.end()};
 }
 
 /// Over all points; for points in ascending order.
-double DirectMean(double M, const std::vector<double>& X, const std::vector<double>& Y, std::size_t i) {
+double DirectMean(double M, const TReals& X, const TReals& Y, std::size_t i) {
     long double sum = 0, weights = 0;
     for (std::size_t l = 0; l < X.size(); ++l) {
         const long double w = 1 - std::abs((long double)(X[i]) - X[l]) / M;
@@ -40,27 +31,27 @@ double DirectMean(double M, const std::vector<double>& X, const std::vector<doub
     return double(sum / weights);
 }
 
-std::vector<double> RandomAscending(std::mt19937& Random, int n, double Offset, double Unevenness) {
-    std::vector<double> x;
+TReals RandomAscending(std::mt19937& Random, int n, double Offset, double Unevenness) {
+    TReals x;
     std::normal_distribution<double> logStep;
     for (double at = 0; int(x.size()) < n; at += std::exp(Unevenness * logStep(Random)))
         x.push_back(Offset + at);
     return x;
 }
 
-TEST(Kxsmoothing, RunningSumsAgreeWithTheDirectMeanWhateverTheWindow) {
+TEST(Smoothing, AgreesWithTheDirectMeanWhateverTheWindow) {
     const struct {
         double XOffset, YOffset, Unevenness;
     } cases[] = {{0, 0, 0}, {0, 1e6, 1}, {1.7e9, 1e6, 1}, {-1e12, -1e-3, 2}, {0, 0, 4}};
     std::mt19937 random(3);
     std::normal_distribution<double> noise;
     for (const auto& c : cases) {
-        const std::vector<double> x = RandomAscending(random, 700, c.XOffset, c.Unevenness);
-        std::vector<double> y;
+        const TReals x = RandomAscending(random, 700, c.XOffset, c.Unevenness);
+        TReals y;
         for (int i = 0; i < 700; ++i) y.push_back(c.YOffset + noise(random));
         const double range = x.back() - x.front();
         for (const double m : {range * 1e-4, range * 0.003, range * 0.07, range, range * 30, CInf}) {
-            const std::vector<double> found = Smoothed(m, x, y);
+            const TReals found = Smoothed(m, x, y);
             for (std::size_t i = 0; i < x.size(); ++i)
                 ASSERT_NEAR(found[i], DirectMean(m, x, y, i), 2e-15 * (std::abs(c.YOffset) + 3))
                     << "M " << m << " at " << i << " of the case with x from " << c.XOffset;
@@ -68,47 +59,41 @@ TEST(Kxsmoothing, RunningSumsAgreeWithTheDirectMeanWhateverTheWindow) {
     }
 }
 
-TEST(Kxsmoothing, AWindowKeepsItsDigitsBesideGreatValuesAndCrowdsAtItsRim) {
-    std::vector<double> x, y;
+TEST(Smoothing, KeepsItsDigitsBesideGreatValuesAndCrowdsAtTheRim) {
+    TReals x, y;
     for (int i = 0; i < 3000; ++i) {
         x.push_back(i < 1500 ? 0 : i == 1500 ? 1 - 1e-6 : i); // 1500 points with hardly any weight for one
         y.push_back(i == 1600 ? 1e200 : std::sin(i));
     }
-    const std::vector<double> found = Smoothed(1, x, y), wide = Smoothed(3, x, y);
+    const TReals found = Smoothed(1, x, y), wide = Smoothed(3, x, y);
     EXPECT_NEAR(found[1500], DirectMean(1, x, y, 1500), 1e-15);
     for (const std::size_t i : {1502, 1597, 1604, 2999})
         EXPECT_NEAR(wide[i], DirectMean(3, x, y, i), 1e-15) << i;
     for (const double scale : {1e308, 1e-306}) {
-        const std::vector<double> scaled =
-            Smoothed(1.5 * scale, {0, scale / 2, scale}, {scale, scale, scale / 2});
+        const TReals scaled = Smoothed(1.5 * scale, {0, scale / 2, scale}, {scale, scale, scale / 2});
         EXPECT_NEAR(scaled[1] / scale, (1 + 2.0 / 3 + 1.0 / 3) / (1 + 4.0 / 3), 1e-12) << scale;
     }
 }
 
-TEST(Kxsmoothing, NarrowWindowsAndOnesThatAreNotPositiveChangeNothing) {
-    const std::vector<double> x{0, 1, 3, 7}, y{0.1, -0.7, 1e17, 3};
+TEST(Smoothing, ChangesNothingByWindowsThatAreNarrowOrNotPositive) {
+    const TReals x{0, 1, 3, 7}, y{0.1, -0.7, 1e17, 3};
     for (const double m : {0.0, -1.0, CNaN, 1e-300, 1.0}) EXPECT_EQ(Smoothed(m, x, y), y) << m;
 }
 
-TEST(Kxsmoothing, XThatDoesNotAscendLimitsTheWindowToTheStretchAroundThePoint) {
+TEST(Smoothing, EndsTheWindowWhereXLeavesIt) {
     // The third point is nearer than 2 to the first, but behind one that is not.
-    EXPECT_EQ(Smoothed(2, {0, 5, 1, 1}, {3, 6, 0, 12}), (std::vector<double>{3, 6, 6, 6}));
-    EXPECT_EQ(Smoothed(2, {3, 2, 1}, {2, 4, 8}), (std::vector<double>{8.0 / 3, 4.5, 20.0 / 3}));
+    EXPECT_EQ(Smoothed(2, {0, 5, 1, 1}, {3, 6, 0, 12}), (TReals{3, 6, 6, 6}));
+    EXPECT_EQ(Smoothed(2, {3, 2, 1}, {2, 4, 8}), (TReals{8.0 / 3, 4.5, 20.0 / 3}));
 }
 
-TEST(Kxsmoothing, PointsThatAreNotFiniteAreLeftOut) {
-    const std::vector<double> found = Smoothed(2, {0, CNaN, 1, 1.5, 2, CInf}, {2, 9, 4, -CInf, 8, 7});
-    EXPECT_EQ(found[0], 8.0 / 3);
-    EXPECT_EQ(found[2], 4.5);
-    EXPECT_EQ(found[4], 20.0 / 3);
-    EXPECT_EQ(found[1], 9);
-    EXPECT_EQ(found[3], -CInf);
-    EXPECT_EQ(found[5], 7);
+TEST(Smoothing, LeavesOutPointsThatAreNotFinite) {
+    EXPECT_EQ(Smoothed(2, {0, CNaN, 1, 1.5, 2, CInf}, {2, 9, 4, -CInf, 8, 7}),
+              (TReals{8.0 / 3, 9, 4.5, -CInf, 20.0 / 3, 7}));
 }
 
-TEST(Kxsmoothing, LogarithmicDistancesCountInDecades) {
+TEST(Smoothing, CountsLogarithmicDistancesInDecades) {
     std::mt19937 random(5);
-    std::vector<double> x, logs, y;
+    TReals x, logs, y;
     for (int i = 0; i < 500; ++i) {
         logs.push_back(i * 0.02 - 5);
         x.push_back(std::pow(10, logs.back()));
@@ -123,8 +108,8 @@ TEST(Kxsmoothing, LogarithmicDistancesCountInDecades) {
               "Invalid floating point operation");
 }
 
-TEST(Kxsmoothing, FewerThanThreePointsAreNotEnough) {
-    for (const std::vector<double>& x : {std::vector<double>{}, {1, 2}, {1, CNaN, 2}})
+TEST(Smoothing, RaisesForFewerThanThreePoints) {
+    for (const TReals& x : {TReals{}, {1, 2}, {1, CNaN, 2}})
         EXPECT_EQ(test::MessageOf<EMathError>([&] { Smoothed(1, x, {1, 2, 3}); }), "Not enough data!");
 }
 
