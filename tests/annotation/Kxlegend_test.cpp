@@ -167,13 +167,6 @@ TEST(Legend, TheFirstOfASideStandsNextToTheAxesAndAllLeaveHalfOfTheWorld) {
     EXPECT_LE(f.Bounds().Right, f.Graph->GetWidth());
     EXPECT_NEAR(f.World().Width(), before.Width() / 2, 1);
     EXPECT_GT(f.Legend->GetWidth(), 100);
-    for (const TSize size : {TSize{3, 2}, {40, 300}, {300, 25}})
-        for (int placement = lgInsideTopLeft; placement <= lgFree; ++placement) {
-            f.Graph->SetBounds(0, 0, size.Width, size.Height);
-            f.Legend->SetPlacement(TKxLegendPlacement(placement));
-            EXPECT_TRUE(SettleTree(*f.Form)) << size.Width << " " << placement;
-            EXPECT_GE(f.World().Width(), 2);
-        }
 }
 
 TEST(Legend, ColumnsAreFilledOneAfterTheOtherAndAsManyAsFit) {

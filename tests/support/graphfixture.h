@@ -8,11 +8,15 @@
 #include <kxgraph/platform/controls/form.h>
 #include <kxgraph/platform/controls/frame.h>
 #include <kxgraph/platform/host/headlesshost.h>
+#include <kxgraph/platform/objects/propertytext.h>
 #include <kxgraph/series/Kxdataseries.h>
 
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <sstream>
+#include <string>
+#include <string_view>
 
 namespace kx::test {
 
@@ -46,6 +50,16 @@ struct TGraphForm {
         for (const auto& p : Points) {
             XV->Add(p.X);
             YV->Add(p.Y);
+        }
+    }
+    /// "XAxis1.Twisted=1; Graph1.Font.Height=-11": properties of the form's components by their texts.
+    void Set(const std::string& Assignments) {
+        std::istringstream all(Assignments);
+        for (std::string one; std::getline(all >> std::ws, one, ';');) {
+            const auto dot = one.find('.'), is = one.find('=');
+            SetPropertyText(*Form->FindComponent(one.substr(0, dot)), one.substr(dot + 1, is - dot - 1),
+                            one.substr(is + 1),
+                            [this](std::string_view Name) { return Form->FindComponent(Name); });
         }
     }
     void Fix(double X0, double X1, double Y0, double Y1) {
