@@ -8,7 +8,7 @@
 namespace kx {
 namespace {
 
-TEST(Consts, SettingsStartAsACopyOfTheShippedOnes) {
+TEST(Consts, CopyTheShippedSettingsOnce) {
     const auto saved = std::tuple(ProgPath, UserSettingsPath, UserSettings);
     ProgPath = TemporaryNameFor(::testing::TempDir() + "kxconsts") + "/";
     UserSettingsPath = ProgPath + "user/";

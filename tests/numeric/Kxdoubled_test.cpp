@@ -8,7 +8,7 @@
 namespace kx {
 namespace {
 
-TEST(Kxdoubled, BuildingBlocksKeepWhatRoundingDrops) {
+TEST(Doubled, KeepsWhatRoundingDrops) {
     EXPECT_EQ(TwoSum(0x1p-60, 1.0), TKxDoubled(1, 0x1p-60));
     EXPECT_EQ(FastTwoSum(1.0, -0x1p-60), TKxDoubled(1, -0x1p-60));
     const double a = 1 + 0x1p-30, b = 1 - 0x1p-30; // the product is 1 - 2^-60
@@ -17,7 +17,7 @@ TEST(Kxdoubled, BuildingBlocksKeepWhatRoundingDrops) {
 }
 
 // Integers of more than 53 bits have exact sums and products to compare with.
-TEST(Kxdoubled, ArithmeticAgreesWithIntegersBeyondADouble) {
+TEST(Doubled, AgreesWithIntegersBeyondADouble) {
     const auto number = [](std::int64_t Value) {
         const auto high = static_cast<double>(Value >> 32) * 0x1p32;
         return TwoSum(high, static_cast<double>(Value & 0xffffffff));
@@ -36,7 +36,7 @@ TEST(Kxdoubled, ArithmeticAgreesWithIntegersBeyondADouble) {
     }
 }
 
-TEST(Kxdoubled, QuotientsAndRootsAreGoodToMoreThanAHundredBits) {
+TEST(Doubled, GivesQuotientsAndRootsOfMoreThanAHundredBits) {
     for (const double divisor : {3.0, 7e-100, -1.7e120}) {
         const TKxDoubled third = TKxDoubled(1) / divisor;
         EXPECT_LE(Abs(third * divisor - 1.0).Hi, 0x1p-102);

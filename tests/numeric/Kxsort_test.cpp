@@ -11,7 +11,7 @@
 namespace kx {
 namespace {
 
-TEST(Sort, EqualValuesEndInTheOrderOfThePartition) {
+TEST(Sort, LeavesEqualValuesInTheOrderOfThePartition) {
     using TCase = std::tuple<TKxRealArray, std::vector<double>>;
     for (const auto& [x, order] : {TCase{{2, 2, 2}, {2, 1, 0}}, TCase{{1, 1, 1, 1}, {2, 3, 0, 1}},
                                    TCase{{2, 1, 2, 1}, {3, 1, 0, 2}}, TCase{{}, {}}}) {
@@ -48,7 +48,7 @@ TEST(Sort, OrdersARangeAndCarriesTheOthersAlong) {
     }
 }
 
-TEST(Sort, SweepsThereAndBackTakeNoLongerThanAnyOrder) {
+TEST(Sort, TakesNoLongerForSweepsThereAndBack) {
     constexpr int CCount = 40000;
     const auto timeOf = [](auto ValueAt) {
         TKxRealArray x(CCount), y(CCount), w(CCount);

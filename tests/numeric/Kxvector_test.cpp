@@ -1,5 +1,7 @@
 #include <kxgraph/numeric/Kxvector.h>
 
+#include "support/cases.h"
+
 #include <gtest/gtest.h>
 
 #include <thread>
@@ -9,7 +11,7 @@ namespace kx {
 namespace {
 
 using TCalls = std::vector<std::pair<int, bool>>;
-using TReals = std::vector<double>;
+using test::TReals;
 
 struct TWatcher {
     TCalls Heard;
@@ -21,7 +23,7 @@ struct TWatcher {
 
 TReals Of(const TKxRealVector& V) { return TReals(V.Values().begin(), V.Values().end()); }
 
-TEST(Vectors, CapacityGrowsInStepsAheadOfCount) {
+TEST(Vectors, GrowTheirCapacityInStepsAheadOfCount) {
     TKxRealVector v(nullptr);
     TKxIntegerVector whole(10);
     for (int i = 1; i <= 100; ++i) {
@@ -42,12 +44,9 @@ TEST(Vectors, ChangeAndTellAsTheyShould) {
         TReals After;
         bool OnlyLive = false;
     };
+    const TReals two{5, 6};
     const TCase cases[] = {
-        {[](auto& v) {
-             v.AddValues(TReals{5, 6});
-         },
-         {{3, false}, {4, false}},
-         {0, 1, 2, 5, 6}},
+        {[&](auto& v) { v.AddValues(two); }, {{3, false}, {4, false}}, {0, 1, 2, 5, 6}},
         {[](auto& v) { v.Insert(1, 5); }, {{1, false}}, {0, 5, 1, 2}},
         {[](auto& v) { v.Insert(3, 5); }, {}, {0, 1, 2}},
         {[](auto& v) { v.SetValue(1, 5); }, {{1, false}}, {0, 5, 2}},
@@ -71,7 +70,7 @@ TEST(Vectors, ChangeAndTellAsTheyShould) {
     }
 }
 
-TEST(LiveVector, AFailingListenerLeavesACompleteChange) {
+TEST(LiveVector, CompletesAChangeWhoseListenerFails) {
     TKxLiveVector v(nullptr);
     v.AddValues(TReals{0, 1, 2});
     TReals seen;
@@ -123,16 +122,15 @@ TEST(Listeners, MayLeaveAndEnterWhileCalled) {
 
 #ifndef NDEBUG
 TEST(RealVectorDeathTest, ChangesOnTheApplicationsThreadAlone) {
-    const auto elsewhere = [](auto Action) {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    const std::function<void(TKxLiveVector&)> changes[] = {
+        [](auto& V) { V.Add(1); }, [](auto& V) { V.SetValue(0, 1); }, [](auto& V) { V.Delete(0); },
+        [](auto& V) { V.Clear(); }};
+    for (const auto& change : changes) {
         TKxLiveVector vector(nullptr);
         vector.Add(1);
-        std::thread([&] { Action(vector); }).join();
-    };
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-    EXPECT_DEATH(elsewhere([](auto& V) { V.Add(1); }), "application's thread");
-    EXPECT_DEATH(elsewhere([](auto& V) { V.SetValue(0, 1); }), "application's thread");
-    EXPECT_DEATH(elsewhere([](auto& V) { V.Delete(0); }), "application's thread");
-    EXPECT_DEATH(elsewhere([](auto& V) { V.Clear(); }), "application's thread");
+        EXPECT_DEATH(std::thread([&] { change(vector); }).join(), "application's thread");
+    }
 }
 #endif
 
