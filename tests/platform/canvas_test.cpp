@@ -1,5 +1,7 @@
 #include <kxgraph/platform/drawing/canvas.h>
 
+#include "support/recording.h"
+
 #include <kxgraph/platform/drawing/recording.h>
 
 #include <gtest/gtest.h>
@@ -16,7 +18,7 @@ struct TSheet {
     TCanvas Canvas;
 };
 
-TEST(Canvas, hands_down_resolved_values_moved_by_the_origin) {
+TEST(Canvas, HandsDownResolvedValuesMovedByTheOrigin) {
     TSheet sheet;
     TCanvas& canvas = sheet.Canvas;
     canvas.SetOrigin({100, 50});
@@ -30,14 +32,11 @@ TEST(Canvas, hands_down_resolved_values_moved_by_the_origin) {
     canvas.Pen.SetMode(pmXor);
     canvas.Ellipse(0, 0, 5, 5);
     canvas.FillRect({0, 0, 5, 5});
-    EXPECT_EQ(sheet.Drawn(), "polyline (101,52) (103,54) (1073741824,-1073741774) pen #000000 0 solid\n"
-                             "rectangle (101,52)-(109,58) pen #000000 0 dot brush #ff0000 solid\n"
-                             "ellipse (100,50)-(105,55) pen #000000 0 dot xor brush #ff0000 solid xor\n"
-                             "fill (100,50)-(105,55) brush #ff0000 solid\n");
+    test::ExpectRecording("canvasorigin", sheet.Drawn());
     EXPECT_EQ(canvas.GetClipRect(), (TRect{-100, -50, 100, 50}));
 }
 
-TEST(Canvas, draws_nothing_without_extent_or_device) {
+TEST(Canvas, DrawsNothingWithoutExtentOrDevice) {
     TSheet sheet;
     sheet.Canvas.MoveTo(3, 4);
     sheet.Canvas.LineTo(3, 4);
@@ -52,16 +51,16 @@ TEST(Canvas, draws_nothing_without_extent_or_device) {
     EXPECT_EQ(loose.TextExtent("abc"), (TSize{24, 13})); // 13 high, 8 a character
 }
 
-TEST(Canvas, a_focus_rectangle_inverts_where_the_device_can) {
+TEST(Canvas, InvertsAFocusRectangleWhereTheDeviceCan) {
     for (const bool canXor : {false, true}) {
         TSheet sheet(canXor);
         sheet.Canvas.DrawFocusRect({1, 2, 30, 40});
-        EXPECT_EQ(sheet.Drawn(), canXor ? "rectangle (1,2)-(30,40) pen #ffffff 0 dot xor brush clear\n"
-                                        : "rectangle (1,2)-(30,40) pen #000000 0 dot brush clear\n");
+        const std::string pen = canXor ? "#ffffff 0 dot xor" : "#000000 0 dot";
+        EXPECT_EQ(sheet.Drawn(), "rectangle (1,2)-(30,40) pen " + pen + " brush clear\n");
     }
 }
 
-TEST(Canvas, text_goes_down_with_its_face_and_symbols_as_the_characters_they_show) {
+TEST(Canvas, HandsDownTextWithItsFaceAndSymbolsAsWhatTheyShow) {
     TSheet sheet;
     sheet.Canvas.Font.SetStyle(fsBold | fsItalic);
     sheet.Canvas.Font.SetOrientation(900);
@@ -75,7 +74,7 @@ TEST(Canvas, text_goes_down_with_its_face_and_symbols_as_the_characters_they_sho
     EXPECT_EQ(SymbolText("W ~\x7F mu 5 [x] ¥£ÿ € \xF2"), "Ω ∼\x7F μυ 5 [ξ] ∞≤ÿ € ∫");
 }
 
-TEST(Canvas, clips_narrow_within_the_base_clip_and_are_restored) {
+TEST(Canvas, NarrowsClipsWithinTheBaseClipAndRestoresThem) {
     TRecorder dot({5, 5});
     dot.SetClip(TRect{0, 0, 2, 2});
     TSheet sheet;
@@ -96,10 +95,7 @@ TEST(Canvas, clips_narrow_within_the_base_clip_and_are_restored) {
     }
     EXPECT_EQ(canvas.GetOrigin(), TPoint{});
     canvas.SetDevice(nullptr);
-    EXPECT_EQ(sheet.Drawn(), "clip (10,10)-(50,50)\nclip (20,20)-(50,30)\nclip (0,0)-(0,0)\n"
-                             "clip (10,10)-(50,50)\nclip (21,21)-(22,22)\n"
-                             "stamps (21,21) (22,22)\n  clip (0,0)-(2,2)\nclip (21,21)-(22,22)\n"
-                             "clip (10,10)-(50,50)\nclip none\n");
+    test::ExpectRecording("canvasclips", sheet.Drawn());
 }
 
 } // namespace

@@ -1,18 +1,14 @@
+#include "support/headless.h"
+
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/controls/customlabel.h>
-#include <kxgraph/platform/controls/form.h>
-#include <kxgraph/platform/host/application.h>
-#include <kxgraph/platform/host/headlesshost.h>
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
-#include <numeric>
 
 namespace kx {
 namespace {
 
-THeadlessHost& Host() { return dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost()); }
+using test::Host, test::ViewOf;
 
 struct TMark : TGraphicControl {
     TMark(TWinControl* Parent, const TRect& R) : TGraphicControl(nullptr) {
@@ -25,13 +21,13 @@ struct TMark : TGraphicControl {
 struct TShown : TForm {
     TShown() : TForm(nullptr) { Show(); }
     TRect TakeInvalid() {
-        const TRect invalid = Host().WindowOf(AsHostClient())->Invalid;
+        const TRect invalid = ViewOf(*this).Invalid;
         Host().ProcessMessages();
         return invalid;
     }
 };
 
-TEST(Controls, invalidate_their_visible_part_in_the_window) {
+TEST(Controls, InvalidateTheirVisiblePartInTheWindow) {
     TShown form;
     TCustomPanel panel(nullptr);
     panel.SetBounds(50, 50, 100, 100);
@@ -50,7 +46,7 @@ TEST(Controls, invalidate_their_visible_part_in_the_window) {
     EXPECT_EQ(panel.ClientToRoot({5, -5}), (TPoint{CMaxPixel, -CMaxPixel}));
 }
 
-TEST(Controls, stack_graphic_children_below_windowed_ones) {
+TEST(Controls, StackGraphicChildrenBelowWindowedOnes) {
     TForm form(nullptr);
     TCustomPanel w1(nullptr), w2(nullptr);
     w1.SetParent(&form);
@@ -63,7 +59,7 @@ TEST(Controls, stack_graphic_children_below_windowed_ones) {
     EXPECT_THROW(w1.SetParent(&w1), Exception);
 }
 
-TEST(Controls, take_the_parents_font_and_colour_until_they_have_their_own) {
+TEST(Controls, TakeTheParentsFontAndColourUntilTheyHaveTheirOwn) {
     TForm form(nullptr);
     TMark follower(&form, {}), own(&form, {});
     own.GetFont().SetSize(20);
@@ -77,7 +73,7 @@ TEST(Controls, take_the_parents_font_and_colour_until_they_have_their_own) {
     EXPECT_EQ(own.GetColor(), clRed);
 }
 
-TEST(Controls, align_by_edge_and_keep_their_thickness) {
+TEST(Controls, AlignByEdgeAndKeepTheirThickness) {
     TForm form(nullptr);
     form.SetBounds(0, 0, 100, 80);
     TMark client(&form, {}), left(&form, {0, 0, 20, 1}), top(&form, {0, 0, 1, 10}),
@@ -94,44 +90,11 @@ TEST(Controls, align_by_edge_and_keep_their_thickness) {
     EXPECT_EQ(client.GetBoundsRect(), (TRect{20, 0, 195, 70}));
 }
 
-TEST(Controls, may_be_destroyed_in_any_order) {
-    std::vector<int> order(5);
-    std::iota(order.begin(), order.end(), 0);
-    do {
-        auto* form = new TForm(nullptr);
-        form->Show();
-        auto* panel = new TCustomPanel(form);
-        panel->SetParent(form);
-        auto* inner = new TCustomPanel(nullptr);
-        inner->SetParent(panel);
-        inner->SetAlign(alClient);
-        auto* label = new TCustomLabel(inner);
-        label->SetParent(form);
-        label->SetFocusControl(inner);
-        auto* mark = new TGraphicControl(panel);
-        mark->SetParent(inner);
-        mark->SetMouseCapture(true);
-        const std::vector<TComponent*> all{form, panel, inner, label, mark};
-        constexpr int owners[] = {-1, 0, -1, 2, 1};
-        bool gone[5] = {};
-        for (const int i : order) {
-            if (!gone[i]) delete all[i];
-            gone[i] = true;
-            for (int j = 0; j < 5; ++j) gone[j] = gone[j] || (owners[j] >= 0 && gone[owners[j]]);
-            if (!gone[0]) {
-                EXPECT_EQ(std::ranges::count(form->GetControls(), label), gone[3] ? 0 : 1);
-                form->SetWidth(form->GetWidth() + 1);
-                Host().ProcessMessages();
-            }
-        }
-    } while (std::next_permutation(order.begin(), order.end()));
-}
-
-TEST(Form, keeps_its_window_up_to_date_and_its_normal_bounds_while_maximised) {
+TEST(Form, KeepsItsWindowUpToDateAndItsNormalBoundsWhileMaximised) {
     TForm form(nullptr);
     form.SetPosition(poScreenCenter);
     form.Show();
-    const auto& view = *Host().WindowOf(form.AsHostClient());
+    const auto& view = ViewOf(form);
     EXPECT_EQ(view.Bounds, TRect::Bounds(640, 300, 640, 480));
     form.SetCaption("After");
     EXPECT_EQ(view.Caption, "After");

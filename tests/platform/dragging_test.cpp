@@ -1,7 +1,6 @@
-#include <kxgraph/platform/controls/form.h>
+#include "support/headless.h"
+
 #include <kxgraph/platform/controls/popupmenu.h>
-#include <kxgraph/platform/host/application.h>
-#include <kxgraph/platform/host/headlesshost.h>
 
 #include <gtest/gtest.h>
 
@@ -39,8 +38,7 @@ struct TStage {
     }
     void Send(TMouseKind Kind, int X, TShiftState Shift, TMouseButton Button = mbLeft) {
         if (Form) Form->AsHostClient().HostMouse(Kind, Button, Shift, {X, 5});
-        auto& host = dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost());
-        View = Form ? *host.WindowOf(Form->AsHostClient()) : THeadlessHost::TWindowView{};
+        View = Form ? test::ViewOf(*Form) : THeadlessHost::TWindowView{};
     }
     std::string Drag(std::initializer_list<int> Moves, int Release) {
         Send(TMouseKind::Down, 5, ssLeft);
@@ -57,7 +55,7 @@ struct TStage {
     std::unique_ptr<TCustomPanel> Source, Target;
 };
 
-TEST(Dragging, tells_who_is_asked_who_gets_it_and_how_it_ends) {
+TEST(Dragging, TellsWhoIsAskedWhoGetsItAndHowItEnds) {
     TStage s;
     EXPECT_EQ(s.Drag({9, 1}, 5), "down5 crDefault click0 up5 ") << "four pixels are still a click";
     const std::string start = "down5 up5 start0 ";
@@ -68,7 +66,7 @@ TEST(Dragging, tells_who_is_asked_who_gets_it_and_how_it_ends) {
     EXPECT_EQ(s.Drag({65, -9}, -9), start + "enter15 leave-59 crNoDrop null-9 ");
 }
 
-TEST(Dragging, survives_who_goes_in_the_middle) {
+TEST(Dragging, SurvivesWhoGoesInTheMiddle) {
     const auto run = [](const char* At, void (*Action)(TStage&)) {
         TStage stage;
         stage.ActAt = At, stage.Action = Action;
@@ -84,7 +82,7 @@ TEST(Dragging, survives_who_goes_in_the_middle) {
     EXPECT_EQ(run("drop", [](TStage& S) { S.Target.reset(); }), "down5 up5 start0 enter15 drop15 null65 ");
 }
 
-TEST(Controls, pop_up_the_nearest_menu_and_take_the_parents_hints) {
+TEST(Controls, PopUpTheNearestMenuAndTakeTheParentsHints) {
     TStage s;
     const auto rightClick = [&s](int Press, int Release) {
         s.Send(TMouseKind::Down, Press, ssRight, mbRight);

@@ -4,7 +4,7 @@
 
 namespace kx {
 
-TEST(DynArray, AssignmentSharesAndResizingSeparates) {
+TEST(DynArray, SharesOnAssignmentUntilItIsResized) {
     TDynArray<int> a{1, 2, 3};
     TDynArray<int> b = a, clone = a.Clone();
     b[0] = 7;
@@ -20,7 +20,7 @@ TEST(DynArray, AssignmentSharesAndResizingSeparates) {
     EXPECT_EQ(a.Length(), 3);
 }
 
-TEST(DynArray, GrowingKeepsValuesClearsNewOnesAndSeldomMoves) {
+TEST(DynArray, KeepsValuesClearsNewOnesAndSeldomMoves) {
     TDynArray<double> a;
     int moves = 0;
     for (int length = 1; length <= 20000; ++length) {

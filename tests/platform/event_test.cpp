@@ -13,7 +13,7 @@ struct TListener {
     void Leave(int) { *Event = nullptr; }
 };
 
-TEST(Event, IdentityIsThatOfMethodAndObject) {
+TEST(Event, IsKnownByMethodAndObject) {
     TListener a, b;
     const auto add = TEvent<int>::Of<&TListener::Add>(&a), addB = TEvent<int>::Of<&TListener::Add>(&b);
     EXPECT_TRUE(add == TEvent<int>::Of<&TListener::Add>(&a));

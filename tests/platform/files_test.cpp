@@ -1,5 +1,6 @@
 #include <kxgraph/platform/text/files.h>
 
+#include "support/cases.h"
 #include "support/errors.h"
 #include "support/recording.h"
 
@@ -9,22 +10,15 @@
 
 #include <filesystem>
 #include <set>
-#include <tuple>
 
 namespace kx {
 namespace {
 
 namespace fs = std::filesystem;
 
-TEST(Files, PathsAreTakenApart) {
-    const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {
-        {"/a.b/c.tar.gz", "/a.b/", "c.tar.gz", ".gz", "/a.b/c.tar.ini"},
-        {"a.b/c", "a.b/", "c", "", "a.b/c.ini"},
-        {".profile", "", ".profile", "", ".profile.ini"},
-        {"x/..", "x/", "..", "", "x/...ini"},
-        {"a.", "", "a.", ".", "a.ini"},
-        {"dir/", "dir/", "", "", "dir/.ini"}};
-    for (const auto& [name, path, file, ext, changed] : cases) {
+TEST(Files, HavePathsThatAreTakenApart) {
+    using T = std::string;
+    for (const auto& [name, path, file, ext, changed] : test::Cases<T, T, T, T, T>("texts", "paths")) {
         EXPECT_EQ(ExtractFilePath(name), path);
         EXPECT_EQ(ExtractFileName(name), file);
         EXPECT_EQ(ExtractFileExt(name), ext);
@@ -32,7 +26,7 @@ TEST(Files, PathsAreTakenApart) {
     }
 }
 
-class FilesTest : public testing::Test {
+class FilesOnDisk : public testing::Test {
 protected:
     /// What the directory holds, to show that nothing stays behind.
     std::set<std::string> Entries() const {
@@ -48,7 +42,7 @@ protected:
     const std::string File = Directory / "x.ini";
 };
 
-TEST_F(FilesTest, ReplacingKeepsModeAndFollowsLinks) {
+TEST_F(FilesOnDisk, KeepTheirModeAndAreFoundThroughLinks) {
     const std::string contents("line\r\n\0\xFF", 8);
     ReplaceFile(File, "old");
     const auto mode = fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read;
@@ -64,7 +58,7 @@ TEST_F(FilesTest, ReplacingKeepsModeAndFollowsLinks) {
     EXPECT_EQ(Entries(), (std::set<std::string>{"dangling", "far", "near", "new.ini", "x.ini"}));
 }
 
-TEST_F(FilesTest, AFailureNamesTheFileAndLeavesNothingBehind) {
+TEST_F(FilesOnDisk, AreNamedInAFailureThatLeavesNothingBehind) {
     fs::create_directory(Directory / "dir");
     fs::create_symlink("loop", Directory / "loop");
     const std::string missing = Directory / "none/x.ini", loop = Directory / "loop", dir = Directory / "dir";
@@ -78,7 +72,7 @@ TEST_F(FilesTest, AFailureNamesTheFileAndLeavesNothingBehind) {
     EXPECT_EQ(Entries(), (std::set<std::string>{"dir", "loop", "x.ini"}));
 }
 
-TEST_F(FilesTest, AGroupIsReplacedAsAWholeOrNotAtAll) {
+TEST_F(FilesOnDisk, AreReplacedAsAGroupOrNotAtAll) {
     const std::string added = Directory / "new.ini", last = Directory / "last.ini";
     const auto write = [&](bool Fails) {
         TFileGroup group;
@@ -97,7 +91,7 @@ TEST_F(FilesTest, AGroupIsReplacedAsAWholeOrNotAtAll) {
     EXPECT_EQ(Entries(), (std::set<std::string>{"last.ini", "new.ini", "x.ini"}));
 }
 
-TEST_F(FilesTest, OneFileIsKnownUnderAllItsNames) {
+TEST_F(FilesOnDisk, AreKnownUnderAllTheirNames) {
     ReplaceFile(File, "x");
     fs::create_hard_link(File, Directory / "hard");
     fs::create_symlink("x.ini", Directory / "soft");
@@ -117,14 +111,14 @@ TEST_F(FilesTest, OneFileIsKnownUnderAllItsNames) {
     }
 }
 
-TEST_F(FilesTest, DevicesAreWrittenToAndNotReplaced) {
+TEST_F(FilesOnDisk, AreNotReplacedWhereTheyAreDevices) {
     ReplaceFile("/dev/null", "x");
     EXPECT_EQ(fs::status("/dev/null").type(), fs::file_type::character);
     EXPECT_TRUE(Entries().empty());
     EXPECT_EQ(ReplaceFault("/dev/full"), "/dev/full: No space left on device");
 }
 
-TEST_F(FilesTest, CopyingTellsWhetherItDid) {
+TEST_F(FilesOnDisk, TellWhetherTheyWereCopied) {
     const std::string copy = Directory / "copy";
     EXPECT_FALSE(CopyFile(File, copy, false));
     ReplaceFile(File, "1");

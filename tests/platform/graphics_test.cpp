@@ -1,20 +1,14 @@
 #include <kxgraph/platform/drawing/graphics.h>
 
-#include <gtest/gtest.h>
+#include "support/cases.h"
 
-#include <tuple>
+#include <gtest/gtest.h>
 
 namespace kx {
 
-TEST(Colors, TextsReadBack) {
-    const std::tuple<const char*, TColor, const char*, const char*> cases[] = {
-        {"clred", 0x0000FF, "clRed", "#ff0000"},
-        {"$ff0000", 0xFF0000, "clBlue", "#0000ff"},
-        {"#FF8001", 0x0180FF, "$000180FF", "#ff8001"},
-        {" 1 ", 1, "$00000001", "#010000"},
-        {"$80000063", SystemColor(99), "$80000063", "#000000"},
-        {"-2147483643", clWindow, "clWindow", "#ffffff"},
-        {"$020180FF", 0x020180FF, "$020180FF", "#ff8001"}};
+TEST(Colors, ReadTheirTextsBack) {
+    using TText = std::string;
+    const auto cases = test::Cases<TText, TColor, TText, TText>("texts", "colours");
     for (const auto& [text, color, written, html] : cases) {
         EXPECT_EQ(ColorFromText(text), color) << text;
         EXPECT_EQ(ColorToText(color), written);
@@ -25,7 +19,7 @@ TEST(Colors, TextsReadBack) {
         EXPECT_EQ(ColorFromText(bad), std::nullopt) << bad;
 }
 
-TEST(Graphics, OnChangeComesOncePerChangeOfValue) {
+TEST(Graphics, TellOnceOfAChangeOfValue) {
     TBrush brush, other;
     int changes = 0;
     brush.OnChange = [&] { ++changes; };
@@ -39,7 +33,7 @@ TEST(Graphics, OnChangeComesOncePerChangeOfValue) {
     EXPECT_EQ(changes, 3);
 }
 
-TEST(Graphics, FontSizeAndHeightAreOneValue) {
+TEST(Graphics, KeepSizeAndHeightOfAFontAsOneValue) {
     TFont font;
     for (int size = -200; size <= 200; ++size) {
         font.SetSize(size);

@@ -1,6 +1,7 @@
 #include <kxgraph/platform/host/headlesshost.h>
 
 #include "support/errors.h"
+#include "support/headless.h"
 
 #include <kxgraph/platform/host/timer.h>
 
@@ -24,7 +25,7 @@ struct TClient : THostClient {
     std::function<void()> OnPaint;
 };
 
-TEST(HeadlessHost, draws_a_frame_for_what_is_invalid_and_visible_only) {
+TEST(HeadlessHost, DrawsAFrameForWhatIsInvalidAndVisibleOnly) {
     THeadlessHost host;
     TClient client;
     auto window = host.OpenWindow(client);
@@ -41,7 +42,7 @@ TEST(HeadlessHost, draws_a_frame_for_what_is_invalid_and_visible_only) {
     EXPECT_EQ(host.WindowOf(client), nullptr) << "a window may be closed while it paints";
 }
 
-TEST(HeadlessHost, windows_and_timers_may_outlive_it) {
+TEST(HeadlessHost, MayGoBeforeWindowsAndTimers) {
     TClient client;
     auto host = std::make_unique<THeadlessHost>();
     auto window = host->OpenWindow(client);
@@ -51,7 +52,7 @@ TEST(HeadlessHost, windows_and_timers_may_outlive_it) {
     window->SetState(wsMaximized);
 }
 
-TEST(HeadlessHost, timers_tick_in_order_of_due_time) {
+TEST(HeadlessHost, HasTimersTickInOrderOfDueTime) {
     THeadlessHost host;
     std::string log;
     std::unique_ptr<THostTimer> a, b, c;
@@ -72,9 +73,9 @@ TEST(HeadlessHost, timers_tick_in_order_of_due_time) {
     EXPECT_EQ(log, "abcacabc!");
 }
 
-TEST(Timer, ticks_while_enabled_and_may_be_deleted_in_its_tick) {
+TEST(Timer, TicksWhileEnabledAndMayBeDeletedInItsTick) {
     const test::TFaults faults;
-    auto& host = dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost());
+    auto& host = test::Host();
     int ticks = 0;
     auto* timer = new TTimer(nullptr);
     timer->OnTimer = [&] { ++ticks; };
@@ -92,7 +93,7 @@ TEST(Timer, ticks_while_enabled_and_may_be_deleted_in_its_tick) {
     EXPECT_EQ(faults.Text, "goes to the application");
 }
 
-TEST(Application, reports_an_exception_on_one_line_and_never_raises) {
+TEST(Application, ReportsAnExceptionOnOneLineAndNeverRaises) {
     auto& application = TApplication::Instance();
     testing::internal::CaptureStderr();
     application.HandleException(std::runtime_error("two\nlines"));

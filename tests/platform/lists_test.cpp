@@ -9,7 +9,7 @@
 
 namespace kx {
 
-TEST(Strings, AnyLineEndSplitsAndTheLastOneMayLack) {
+TEST(StringList, SplitAtAnyLineEnd) {
     TStringList lines;
     const std::pair<const char*, const char*> cases[] = {
         {"a\r\n\rb\n\nc", "a\n\nb\n\nc\n"}, {"", ""}, {"\n", "\n"}};
@@ -28,7 +28,7 @@ TEST(Strings, AnyLineEndSplitsAndTheLastOneMayLack) {
     EXPECT_THROW(pointers.Insert(beyond, nullptr), ERangeError);
 }
 
-TEST(Strings, FilesRoundTripAndAFailedReadKeepsTheLines) {
+TEST(StringList, ComeBackFromFilesAndStayWhenReadingFails) {
     const test::TTemporaryDirectory directory;
     TStringList lines, read;
     lines.SetText(std::string("x\0y\n\xE4\n", 6));

@@ -1,7 +1,5 @@
 #include "support/errors.h"
-
-#include <kxgraph/platform/controls/form.h>
-#include <kxgraph/platform/host/headlesshost.h>
+#include "support/headless.h"
 
 #include <gtest/gtest.h>
 
@@ -43,10 +41,7 @@ protected:
         Form->AsHostClient().HostMouse(Kind, Button, Shift, Pos);
         return std::exchange(Log, "");
     }
-    const THeadlessHost::TWindowView& View() {
-        return *dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost())
-                    .WindowOf(Form->AsHostClient());
-    }
+    const THeadlessHost::TWindowView& View() { return test::ViewOf(*Form); }
 
     static constexpr auto Down = TMouseKind::Down, Move = TMouseKind::Move, Up = TMouseKind::Up;
     std::string Log, ActAt;
@@ -56,7 +51,7 @@ protected:
     std::unique_ptr<TGraphicControl> Mark = std::make_unique<TGraphicControl>(nullptr);
 };
 
-TEST_F(MouseDispatch, goes_to_the_deepest_control_that_takes_it) {
+TEST_F(MouseDispatch, GoesToTheDeepestControlThatTakesIt) {
     Panel->SetCursor(crCross);
     EXPECT_EQ(Send(Move, {65, 66}), "mark.move(5,6) ");
     EXPECT_EQ(View().Cursor, crCross) << "the parent's, where there is none of its own";
@@ -69,7 +64,7 @@ TEST_F(MouseDispatch, goes_to_the_deepest_control_that_takes_it) {
     EXPECT_EQ(Send(Move, {65, 66}), "form.move(65,66) ");
 }
 
-TEST_F(MouseDispatch, a_press_captures_until_the_last_button_is_up) {
+TEST_F(MouseDispatch, CapturesFromAPressUntilTheLastButtonIsUp) {
     EXPECT_EQ(Send(Down, {65, 65}, ssLeft), "mark.down(5,5) ");
     EXPECT_TRUE(View().Captured && Mark->GetMouseCapture());
     EXPECT_EQ(Send(Move, {0, 0}, ssLeft), "mark.move(-60,-60) ");
@@ -84,7 +79,7 @@ TEST_F(MouseDispatch, a_press_captures_until_the_last_button_is_up) {
     EXPECT_FALSE(View().Captured) << "a hidden control lets go";
 }
 
-TEST_F(MouseDispatch, clicks_and_double_clicks) {
+TEST_F(MouseDispatch, ClicksAndDoubleClicks) {
     Send(Down, {65, 65}, ssLeft);
     EXPECT_EQ(Send(Up, {66, 65}), "mark.click mark.up(6,5) ");
     EXPECT_EQ(Send(Down, {65, 65}, ssLeft | ssDouble), "mark.double mark.down(5,5) ");
@@ -92,7 +87,7 @@ TEST_F(MouseDispatch, clicks_and_double_clicks) {
     EXPECT_EQ(Send(Up, {65, 65}), "mark.up(5,5) ") << "never pressed";
 }
 
-TEST_F(MouseDispatch, handlers_may_destroy_or_remove_what_is_being_served) {
+TEST_F(MouseDispatch, LetsHandlersDestroyOrRemoveWhatIsBeingServed) {
     const struct {
         const char* At;
         std::function<void()> Action;
@@ -120,7 +115,7 @@ TEST_F(MouseDispatch, handlers_may_destroy_or_remove_what_is_being_served) {
     EXPECT_EQ(faults.Text, "x");
 }
 
-TEST_F(MouseDispatch, a_pressed_tree_that_gets_a_parent_gives_up_the_mouse) {
+TEST_F(MouseDispatch, GivesUpTheMouseWhenThePressedTreeGetsAParent) {
     TCustomPanel top(nullptr), inner(nullptr);
     top.SetBounds(0, 0, 30, 30);
     inner.SetBounds(0, 0, 20, 20);

@@ -1,6 +1,7 @@
 #include <kxgraph/platform/objects/propertytext.h>
 #include <kxgraph/platform/objects/published.h>
 
+#include "support/cases.h"
 #include "support/errors.h"
 
 #include <kxgraph/platform/drawing/graphics.h>
@@ -8,8 +9,6 @@
 #include <kxgraph/platform/text/numbertext.h>
 
 #include <gtest/gtest.h>
-
-#include <tuple>
 
 namespace kx {
 namespace {
@@ -55,7 +54,7 @@ private:
     TFont FFont;
 };
 
-class PropertiesTest : public testing::Test {
+class Properties : public testing::Test {
 protected:
     std::string Set(std::string_view Path, std::string_view Text) {
         const auto set = [&] { SetPropertyText(Thing, Path, Text, Find); };
@@ -67,51 +66,26 @@ protected:
     TComponentFinder Find = [this](std::string_view Name) { return Owner.FindComponent(Name); };
 };
 
-using TTextCases = std::vector<std::tuple<const char*, const char*, const char*>>;
+using TText = std::string;
 
-TEST_F(PropertiesTest, EveryKindHasATextFormThatReadsBack) {
+TEST_F(Properties, HaveTextFormsThatReadBack) {
     Thing.SetName("Thing1");
-    // clang-format off
-    const TTextCases cases = {
-        {"On", "TRUE", "1"}, {"on", " 0 ", "0"}, {"Count", "-2147483648", "-2147483648"},
-        {"Start", "1e5", "100000"}, {"Start", "-1.7E308", "-1.7E308"},
-        {"Start", "0.30000000000000004", "0.30000000000000004"}, {"Font.Pitch", "FPFIXED", "fpFixed"},
-        {"Font.Pitch", "0", "fpDefault"}, {"Peer", "thing1", "Thing1"}, {"Peer", "", ""},
-        {"Font.Color", "#0000ff", "clBlue"}, {"Font.Style", "fsUnderline, fsbold", "fsBold,fsUnderline"},
-        {"Font.Italic", "1", "1"}, {"Font.Style", "", ""}, {"Font.Size", "8", "8"},
-        {"Font.Height", "-11", "-11"}, {"Font.Name", " a b ", " a b "}, {"Name", "Thing2", "Thing2"}};
-    // clang-format on
-    for (const auto& [path, text, readBack] : cases) EXPECT_EQ(Set(path, text), readBack) << path;
+    for (const auto& [path, text, readBack] : test::Cases<TText, TText, TText>("texts", "property texts"))
+        EXPECT_EQ(Set(path, text), readBack) << path;
     SetDecimalSeparator(',');
     EXPECT_EQ(Set("Start", "2.5"), "2.5");
     SetDecimalSeparator('.');
 }
 
-TEST_F(PropertiesTest, ErrorsNameThePlaceAndWhatWasExpected) {
+TEST_F(Properties, NameThePlaceOfAnErrorAndWhatWasExpected) {
     TComponent stranger(&Owner);
     stranger.SetName("Stranger");
-    const TTextCases cases = {
-        {"Foo", "1", "TThing has no property 'Foo'"},
-        {"Font.Foo", "1", "TFont has no property 'Foo' (Font.Foo)"},
-        {"Count.Foo", "1", "'Count' of TThing has no properties"},
-        {"Font", "1", "Font is an object: its own properties are set one by one"},
-        {"Answer", "1", "'Answer' of TThing is read only"},
-        {"On", "yes", "On: 'yes' is not one of 1, 0, true, false"},
-        {"Count", "2147483648", "Count: '2147483648' is not a whole number from -2147483648 to 2147483647"},
-        {"Start", "a\nc", "Start: 'a\\x0Ac' is not a number"},
-        {"Start", "1e999", "Start: '1e999' is not a number of up to 1.7E308"},
-        {"Font.Pitch", "9", "Font.Pitch: '9' is not one of fpDefault, fpVariable, fpFixed"},
-        {"Font.Style", "fsBold,x", "Font.Style: 'x' is not among fsBold, fsItalic, fsUnderline, fsStrikeOut"},
-        {"Font.Color", "#12",
-         "Font.Color: '#12' is not a colour (a name such as clRed, $BBGGRR, #RRGGBB or a number)"},
-        {"Peer", "Nobody", "Peer: 'Nobody' is not the name of a component"},
-        {"Peer", "Stranger", "Peer must be a TThing"},
-        {"OnCount", "", "OnCount is an event: programs connect it, no text does"}};
-    for (const auto& [path, text, message] : cases) EXPECT_EQ(Set(path, text), message);
+    for (const auto& [path, text, message] : test::Cases<TText, TText, TText>("texts", "property errors"))
+        EXPECT_EQ(Set(path, text), message);
     EXPECT_EQ(Thing.GetCount(), 3);
 }
 
-TEST_F(PropertiesTest, TheTableListsTheBaseFirstAndStoresWhatDiffersFromItsDefault) {
+TEST_F(Properties, ListTheBaseFirstAndStoreWhatDiffersFromItsDefault) {
     const auto listed = [&](auto... Condition) {
         std::string names;
         for (const TProperty* p : TThing::Properties().All())
@@ -126,7 +100,7 @@ TEST_F(PropertiesTest, TheTableListsTheBaseFirstAndStoresWhatDiffersFromItsDefau
     EXPECT_EQ(stored(), "On Count Start Font ");
 }
 
-TEST_F(PropertiesTest, EventsAreFoundByNameAndConnected) {
+TEST_F(Properties, FindAndConnectEventsByName) {
     const TProperty& event = *TThing::Properties().Find("OnCount");
     EXPECT_EQ(event.Kind, TPropertyKind::Event);
     EXPECT_EQ(GetPropertyText(Thing, "OnCount"), "");
@@ -140,7 +114,7 @@ TEST_F(PropertiesTest, EventsAreFoundByNameAndConnected) {
     EXPECT_THROW(event.Set(Thing, TEventValue(TEvent<>([] {}))), EPropertyError);
 }
 
-TEST_F(PropertiesTest, AssigningAnObjectGoesThroughToItAndRefusesAnotherClass) {
+TEST_F(Properties, AssignToObjectsAndRefuseAnotherClass) {
     TFont font;
     font.SetBold(true);
     TThing::Properties().Find("Font")->Set(Thing, static_cast<TPersistent*>(&font));

@@ -20,7 +20,7 @@ void DrawEverything(TCanvasDevice& Device) {
     Device.SetClip({});
 }
 
-TEST(Recording, lists_one_line_a_call_and_replays_as_it_was_or_moved) {
+TEST(Recording, ListsOneLineACallAndReplaysAsItWasOrMoved) {
     const std::string expected =
         "clip (0,0)-(50,50)\n"
         "polyline (0,0) (10,5) (3,9) pen #ff0000 2 dashdot xor\n"
