@@ -1,17 +1,13 @@
-#include "support/graphfixture.h"
-
 #include <kxgraph/series/Kxarrowseries.h>
 
-#include <array>
-#include <limits>
+#include "following.h"
+#include "support/cases.h"
 
-using namespace kx;
-using namespace kx::test;
-
+namespace kx {
 namespace {
 
-constexpr double CNan = std::numeric_limits<double>::quiet_NaN(),
-                 CInf = std::numeric_limits<double>::infinity();
+using namespace test;
+using T4 = std::array<double, 4>;
 
 struct TArrow {
     double X, Y, DX, DY;
@@ -31,18 +27,10 @@ struct TArrowForm : TGraphForm {
             DY->Add(a.DY);
         }
     }
-    TPoint OnForm(double Xv, double Yv) const { return World() + At(Xv, Yv); }
     std::vector<TRecording::TPolyline> Shafts() { return LinesOf(Draw(), clRed); }
 };
 
-std::array<double, 4> ExtentsOf(TKxSeries& Series) {
-    return {Series.GetXRange().GetStart(), Series.GetXRange().GetStop(), Series.GetYRange().GetStart(),
-            Series.GetYRange().GetStop()};
-}
-
-} // namespace
-
-TEST(ArrowSeries, tips_lie_where_the_axes_put_them_in_every_scaling_and_direction) {
+TEST(ArrowSeries, HasTipsWhereTheAxesPutThemInEveryScalingAndDirection) {
     for (const auto scaling : {AxNormal, AxLog})
         for (const bool twisted : {false, true}) {
             TArrowForm f;
@@ -66,26 +54,25 @@ TEST(ArrowSeries, tips_lie_where_the_axes_put_them_in_every_scaling_and_directio
         }
 }
 
-TEST(ArrowSeries, on_a_logarithmic_axis_a_tip_that_is_not_positive_lies_at_its_start) {
+TEST(ArrowSeries, EndsAtTheStartOfALogarithmicAxisWhereATipIsNotPositive) {
     TArrowForm f;
     f.Fix(0, 100, 1, 100);
     f.Y->SetScaling(AxLog);
     f.Arrows();
     f.Add({{50, 10, 20, -30}, {50, -10, 20, 60}, {50, 0, 0, 5}});
     for (const bool zoomed : {false, true}) {
-        if (zoomed) f.X->ZoomIn(0, 100);
-        if (zoomed) f.Y->ZoomIn(1, 100);
+        if (zoomed) f.X->ZoomIn(0, 100), f.Y->ZoomIn(1, 100);
         const auto shafts = f.Shafts();
         ASSERT_EQ(shafts.size(), 1u) << "no arrow from a point without a place";
         EXPECT_EQ(shafts[0].Points, (std::vector{f.OnForm(50, 10), f.OnForm(70, 1)}));
     }
 }
 
-TEST(ArrowSeries, what_is_missing_is_zero_and_what_is_not_finite_is_not_drawn) {
+TEST(ArrowSeries, TakesWhatIsMissingForZeroAndDrawsNothingThatIsNotFinite) {
     TArrowForm f;
     f.Fix(0, 100, 0, 100);
     auto* arrows = f.Arrows();
-    f.Add({{20, 30, 0, 0}, {40, 40, CNan, 5}, {40, 40, 5, CInf}, {CNan, 40, 5, 5}, {40, CInf, 5, 5}});
+    f.Add({{20, 30, 0, 0}, {40, 40, CNaN, 5}, {40, 40, 5, CInf}, {CNaN, 40, 5, 5}, {40, CInf, 5, 5}});
     f.Fill({{60, 60}});
     f.DY->Add(10);
     auto shafts = f.Shafts();
@@ -102,37 +89,36 @@ TEST(ArrowSeries, what_is_missing_is_zero_and_what_is_not_finite_is_not_drawn) {
     EXPECT_EQ(f.Shafts().size(), 0u);
 }
 
-TEST(ArrowSeries, extents_follow_the_tips_of_live_vectors_while_the_line_shows) {
+TEST(ArrowSeries, ReachesAsFarAsTheTipsOfLiveVectorsWhileTheLineShows) {
     TArrowForm f;
     auto* arrows = f.Arrows();
     f.DX->Add(-5); // before its point
     f.Fill({{10, 20}});
     f.DY->Add(3);
-    f.Add({{11, 21, 4, -6}, {12, 22, CNan, 0}});
-    using T = std::array<double, 4>;
-    EXPECT_EQ(ExtentsOf(*arrows), (T{5, 15, 15, 23})) << "without a frame";
+    f.Add({{11, 21, 4, -6}, {12, 22, CNaN, 0}});
+    EXPECT_EQ(ExtentsOf(*arrows), (T4{5, 15, 15, 23})) << "without a frame";
     f.Draw();
-    EXPECT_EQ(ExtentsOf(*arrows), (T{5, 15, 15, 23}));
+    EXPECT_EQ(ExtentsOf(*arrows), (T4{5, 15, 15, 23}));
     EXPECT_EQ(f.X->GetStart(), 5);
     f.DX->SetValue(0, 30);
     f.DY->SetValue(1, 1);
-    EXPECT_EQ(ExtentsOf(*arrows), (T{10, 40, 20, 23}));
+    EXPECT_EQ(ExtentsOf(*arrows), (T4{10, 40, 20, 23}));
     f.Draw();
     EXPECT_EQ(arrows->GetEndXs().GetValue(0), f.X->RealToIntPosition(40));
     arrows->GetLineStyle().SetVisible(false);
     f.Draw();
-    EXPECT_EQ(ExtentsOf(*arrows), (T{10, 12, 20, 22}));
+    EXPECT_EQ(ExtentsOf(*arrows), (T4{10, 12, 20, 22}));
     arrows->GetLineStyle().SetVisible(true);
     f.DX->Clear();
     f.Draw();
-    EXPECT_EQ(ExtentsOf(*arrows), (T{10, 12, 20, 23}));
+    EXPECT_EQ(ExtentsOf(*arrows), (T4{10, 12, 20, 23}));
     arrows->SetDY(nullptr);
     f.Draw();
-    EXPECT_EQ(ExtentsOf(*arrows), (T{10, 12, 20, 22}));
+    EXPECT_EQ(ExtentsOf(*arrows), (T4{10, 12, 20, 22}));
     EXPECT_EQ(f.DY->Listeners().GetCount(), 0);
 }
 
-TEST(ArrowSeries, vectors_may_serve_twice) {
+TEST(ArrowSeries, MayHaveOneVectorTwice) {
     TArrowForm f;
     auto* arrows = f.AddSeries<TKxArrowSeries>();
     arrows->SetDX(f.XV); // arrows as long as they are far away
@@ -148,16 +134,16 @@ TEST(ArrowSeries, vectors_may_serve_twice) {
     EXPECT_EQ(f.XV->Listeners().GetCount(), 0);
 }
 
-TEST(ArrowSeries, a_sample_is_one_arrow_inside_its_place) {
+TEST(ArrowSeries, ShowsOneArrowInsideThePlaceOfASample) {
     TArrowForm f;
     auto* arrows = f.Arrows();
     arrows->SetTipWidth(50);
     const TRect place{5, 7, 35, 19};
-    TRecorder recorder({50, 30});
-    TCanvas canvas(&recorder);
-    arrows->DrawSample(canvas, place);
-    const auto heads = CallsOf<TRecording::TPolygon>(recorder.Recording);
+    const auto heads = CallsOf<TRecording::TPolygon>(SampleOf(*arrows, place));
     ASSERT_EQ(heads.size(), 1u);
     EXPECT_EQ(heads[0].Points[0], (TPoint{34, 13}));
     for (const TPoint p : heads[0].Points) EXPECT_TRUE(place.Contains(p)) << p.X << ", " << p.Y;
 }
+
+} // namespace
+} // namespace kx

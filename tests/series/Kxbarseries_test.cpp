@@ -1,20 +1,13 @@
-#include "support/graphfixture.h"
-
 #include <kxgraph/series/Kxbarseries.h>
 
-#include <array>
-#include <limits>
-#include <random>
+#include "following.h"
+
 #include <set>
 
-using namespace kx;
-using namespace kx::test;
-
+namespace kx {
 namespace {
 
-constexpr double CNan = std::numeric_limits<double>::quiet_NaN(),
-                 CInf = std::numeric_limits<double>::infinity();
-using TDoubles = std::vector<double>;
+using namespace test;
 using TRects = std::vector<TRect>;
 
 /// Counts full scans of the heights.
@@ -28,79 +21,64 @@ struct TCounting : TKxBarSeries {
 };
 
 struct TBarForm : TGraphForm {
-    TKxLiveVector* Vector(const TDoubles& Values = {}) {
+    explicit TBarForm(bool Horizontal = false) : Horizontal(Horizontal) {}
+    TKxLiveVector* Vector(const TReals& Values = {}) {
         auto* vector = new TKxLiveVector(Form);
-        for (const double v : Values) vector->Add(v);
+        vector->AddValues(Values);
         return vector;
     }
     template <class T = TKxBarSeries>
-    T* Bars(TKxCustomRealVector* Edges, TKxCustomRealVector* Values, bool Horizontal = false) {
+    T* Bars(TKxCustomRealVector* Edges, TKxCustomRealVector* Values) {
         auto* bars = new T(Form);
         bars->SetBarHorizontal(Horizontal);
         bars->SetXData(Horizontal ? Values : Edges);
         bars->SetYData(Horizontal ? Edges : Values);
         return bars;
     }
-    TPoint OnForm(double Xv, double Yv) const { return World() + At(Xv, Yv); }
-    /// The rectangle of pixels between two corners, both included.
-    TRect Between(double X1, double Y1, double X2, double Y2) const {
-        const TPoint a = OnForm(X1, Y1), b = OnForm(X2, Y2);
+    /// The rectangle of pixels between two edges and two values, all included.
+    TRect Between(double E0, double V0, double E1, double V1) const {
+        const TPoint a = Horizontal ? OnForm(V0, E0) : OnForm(E0, V0),
+                     b = Horizontal ? OnForm(V1, E1) : OnForm(E1, V1);
         return {std::min(a.X, b.X), std::min(a.Y, b.Y), std::max(a.X, b.X) + 1, std::max(a.Y, b.Y) + 1};
+    }
+    /// Along the edges, then along the values.
+    std::array<double, 4> Extents(TKxSeries& Series) {
+        const auto e = ExtentsOf(Series);
+        return Horizontal ? std::array{e[2], e[3], e[0], e[1]} : e;
     }
     TRects Outlines() {
         TRects rects;
         for (const auto& call : CallsOf<TRecording::TRectangle>(Draw())) rects.push_back(call.Rect);
         return rects;
     }
+    bool Horizontal;
 };
 
-std::array<double, 4> ExtentsOf(TKxSeries& Series) {
-    return {Series.GetXRange().GetStart(), Series.GetXRange().GetStop(), Series.GetYRange().GetStart(),
-            Series.GetYRange().GetStop()};
-}
-
-TDoubles PixelsOf(const TKxSeries& Series) {
-    TDoubles pixels;
-    for (const TPoint p : Series.GetPoints().Values())
-        pixels.insert(pixels.end(), {double(p.X), double(p.Y)});
-    return pixels;
-}
-
-} // namespace
-
-TEST(BarSeries, bars_stand_between_edges_and_on_zero_in_every_direction) {
+TEST(BarSeries, StandsBetweenEdgesAndOnZeroInEveryDirection) {
     for (const bool horizontal : {false, true})
         for (const bool twisted : {false, true})
             for (const bool descending : {false, true}) {
-                TBarForm f;
+                TBarForm f(horizontal);
                 f.Fix(-100, 100, -100, 100);
                 f.X->SetTwisted(twisted);
-                auto* edges = f.Vector(descending ? TDoubles{60, 30, 10} : TDoubles{10, 30, 60});
-                f.Bars(edges, f.Vector({40, -80, 7}), horizontal);
+                auto* edges = f.Vector(descending ? TReals{60, 30, 10} : TReals{10, 30, 60});
+                f.Bars(edges, f.Vector({40, -80, 7}));
                 const TRects found = f.Outlines();
-                const TRects expected =
-                    horizontal ? TRects{f.Between(0, edges->GetValue(0), 40, edges->GetValue(1)),
-                                        f.Between(0, edges->GetValue(1), -80, edges->GetValue(2))}
-                               : TRects{f.Between(edges->GetValue(0), 0, edges->GetValue(1), 40),
-                                        f.Between(edges->GetValue(1), 0, edges->GetValue(2), -80)};
+                const auto e = edges->Values();
+                const TRects expected{f.Between(e[0], 0, e[1], 40), f.Between(e[1], 0, e[2], -80)};
                 ASSERT_EQ(found.size(), 2u) << "the third value has no bin";
                 EXPECT_TRUE(std::is_permutation(found.begin(), found.end(), expected.begin()))
                     << horizontal << twisted << descending;
             }
 }
 
-TEST(BarSeries, extents_reach_from_zero_to_the_depth_of_boxes) {
+TEST(BarSeries, ReachesFromZeroToTheDepthOfBoxes) {
     for (const bool horizontal : {false, true}) {
-        TBarForm f;
-        auto* bars = f.Bars(f.Vector({100, 110, 130}), f.Vector({5, 7, 9}), horizontal);
+        TBarForm f(horizontal);
+        auto* bars = f.Bars(f.Vector({100, 110, 130}), f.Vector({5, 7, 9}));
         f.Draw();
         EXPECT_EQ(bars->GetPointsCount(), 2);
-        const auto extents = [&] {
-            f.Draw();
-            const auto e = ExtentsOf(*bars);
-            return horizontal ? std::array{e[2], e[3], e[0], e[1]} : e;
-        };
-        EXPECT_EQ(extents(), (std::array{100.0, 130.0, 0.0, 7.0}));
+        EXPECT_EQ(f.Extents(*bars), (std::array{100.0, 130.0, 0.0, 7.0}));
         EXPECT_EQ(horizontal ? bars->GetXMinIndex() : bars->GetYMinIndex(), -1) << "zero is no bar's end";
         bars->SetShowAs3D(true);
         bars->Set3DDepthPercent(120);
@@ -108,7 +86,8 @@ TEST(BarSeries, extents_reach_from_zero_to_the_depth_of_boxes) {
         EXPECT_DOUBLE_EQ(bars->GetDX(2), 20 * (0.5 - 0.1));
         EXPECT_DOUBLE_EQ(bars->GetDY(1), 10 * (0.3 - 0.1));
         EXPECT_EQ(bars->GetDX(0) + bars->GetDX(3), 0);
-        const auto [e0, e1, l0, l1] = extents();
+        f.Draw();
+        const auto [e0, e1, l0, l1] = f.Extents(*bars);
         EXPECT_EQ(e0, 100);
         EXPECT_DOUBLE_EQ(e1, horizontal ? 134 : 138);
         EXPECT_EQ(l0, 0);
@@ -116,18 +95,18 @@ TEST(BarSeries, extents_reach_from_zero_to_the_depth_of_boxes) {
     }
 }
 
-TEST(BarSeries, values_that_are_no_numbers_have_no_bar_and_carry_nothing) {
+TEST(BarSeries, HasNoBarOfValuesThatAreNoNumbers) {
     TBarForm f;
     f.Fix(0, 100, 0, 100);
-    f.Bars(f.Vector({0, 10, 20, CNan, 30, 40}), f.Vector({20, CInf, 30, 30, CNan}));
-    f.Bars(f.Vector({0, 10, 20}), f.Vector({CNan, 30}))->SetStackOverlays(true);
+    f.Bars(f.Vector({0, 10, 20, CNaN, 30, 40}), f.Vector({20, CInf, 30, 30, CNaN}));
+    f.Bars(f.Vector({0, 10, 20}), f.Vector({CNaN, 30}))->SetStackOverlays(true);
     EXPECT_TRUE(SettleTree(*f.Form));
     EXPECT_EQ(f.Outlines(), (TRects{f.Between(0, 0, 10, 20), f.Between(10, 0, 20, 30)}));
 }
 
-TEST(BarSeries, on_a_logarithmic_axis_bars_begin_at_its_start_and_zero_takes_no_part) {
+TEST(BarSeries, BeginsAtTheStartOfALogarithmicAxis) {
     TBarForm f;
-    auto* bars = f.Bars(f.Vector({0, 1, 2, 3, 4}), f.Vector({20, -3, 3000, CNan}));
+    auto* bars = f.Bars(f.Vector({0, 1, 2, 3, 4}), f.Vector({20, -3, 3000, CNaN}));
     f.Y->SetScaling(AxLog);
     const TRects found = f.Outlines();
     EXPECT_EQ(bars->GetYRange().GetStart(), 20);
@@ -141,7 +120,7 @@ TEST(BarSeries, on_a_logarithmic_axis_bars_begin_at_its_start_and_zero_takes_no_
     EXPECT_EQ(bars->GetYRange().GetStart(), -3);
 }
 
-TEST(BarSeries, shifted_series_share_each_bin_with_the_smallest_gap) {
+TEST(BarSeries, SharesEachBinWithTheSmallestGapWhenShifted) {
     TBarForm f;
     f.Fix(0, 100, 0, 100);
     auto* edges = f.Vector({0, 50, 100});
@@ -166,35 +145,32 @@ TEST(BarSeries, shifted_series_share_each_bin_with_the_smallest_gap) {
     EXPECT_FALSE(bars[2]->GetStackOverlays());
 }
 
-TEST(BarSeries, stacked_bars_begin_where_those_below_end_and_follow_them_by_the_next_frame) {
+TEST(BarSeries, BeginsWhereThoseBelowEndWhenStacked) {
     for (const bool horizontal : {false, true}) {
-        TBarForm f;
+        TBarForm f(horizontal);
         f.Fix(0, 100, 0, 100);
         auto* edges = f.Vector({0, 50, 100});
         TKxLiveVector* values[] = {f.Vector({10, 20}), f.Vector({5}), f.Vector({20, 30})};
         TKxBarSeries* bars[3];
         for (int k = 0; k < 3; ++k) {
-            bars[k] = f.Bars(edges, values[k], horizontal);
+            bars[k] = f.Bars(edges, values[k]);
             bars[k]->SetStackOverlays(true);
         }
-        const auto between = [&](double E0, double V0, double E1, double V1) {
-            return horizontal ? f.Between(V0, E0, V1, E1) : f.Between(E0, V0, E1, V1);
-        };
         TRects found = f.Outlines();
-        EXPECT_EQ(found, (TRects{between(0, 0, 50, 10), between(50, 0, 100, 20), between(0, 10, 50, 15),
-                                 between(0, 15, 50, 35), between(50, 20, 100, 50)}));
+        EXPECT_EQ(found, (TRects{f.Between(0, 0, 50, 10), f.Between(50, 0, 100, 20), f.Between(0, 10, 50, 15),
+                                 f.Between(0, 15, 50, 35), f.Between(50, 20, 100, 50)}));
         EXPECT_EQ(horizontal ? bars[2]->GetX(1) : bars[2]->GetY(1), 50);
         values[0]->SetValue(0, 30);
         values[1]->Add(-4);
         found = f.Outlines();
-        EXPECT_EQ(found.back(), between(50, 16, 100, 46));
-        EXPECT_EQ(found[4], between(0, 35, 50, 55));
-        EXPECT_EQ((horizontal ? bars[2]->GetXRange() : bars[2]->GetYRange()).GetStop(), 55);
+        EXPECT_EQ(found.back(), f.Between(50, 16, 100, 46));
+        EXPECT_EQ(found[4], f.Between(0, 35, 50, 55));
+        EXPECT_EQ(f.Extents(*bars[2])[3], 55);
         values[0]->Clear();
-        EXPECT_EQ(f.Outlines().back(), between(50, -4, 100, 26).Intersected(between(50, 0, 100, 26)));
+        EXPECT_EQ(f.Outlines().back(), f.Between(50, -4, 100, 26).Intersected(f.Between(50, 0, 100, 26)));
         delete values[1];
-        EXPECT_EQ(f.Outlines().back(), between(50, 0, 100, 30)) << "nothing below: the base line";
-        EXPECT_EQ((horizontal ? bars[2]->GetXRange() : bars[2]->GetYRange()).GetStop(), 30);
+        EXPECT_EQ(f.Outlines().back(), f.Between(50, 0, 100, 30)) << "nothing below: the base line";
+        EXPECT_EQ(f.Extents(*bars[2])[3], 30);
         bars[2]->SetComponentIndex(0);
         bars[2]->Modified();
         f.Draw();
@@ -202,12 +178,12 @@ TEST(BarSeries, stacked_bars_begin_where_those_below_end_and_follow_them_by_the_
     }
 }
 
-TEST(BarSeries, stacks_of_mixed_signs_grow_away_from_zero_on_request) {
+TEST(BarSeries, GrowsAwayFromZeroInStacksOfMixedSignsOnRequest) {
     TBarForm f;
     f.Fix(0, 100, -100, 100);
     auto* edges = f.Vector({0, 50, 100});
     TKxLiveVector* values[] = {f.Vector({30, -20}), f.Vector({-10, -5}), f.Vector({20, 40}),
-                               f.Vector({-25, CNan})};
+                               f.Vector({-25, CNaN})};
     TKxBarSeries* bars[4];
     for (int k = 0; k < 4; ++k) {
         bars[k] = f.Bars(edges, values[k]);
@@ -215,7 +191,7 @@ TEST(BarSeries, stacks_of_mixed_signs_grow_away_from_zero_on_request) {
         bars[k]->SetStackSignsApart(true);
     }
     const auto between = [&](double E, double V0, double V1) { return f.Between(E, V0, E + 50, V1); };
-    TRects found = f.Outlines();
+    const TRects found = f.Outlines();
     EXPECT_EQ(found,
               (TRects{between(0, 0, 30), between(50, 0, -20), between(0, 0, -10), between(50, -20, -25),
                       between(0, 30, 50), between(50, 0, 40), between(0, -10, -35)}));
@@ -228,53 +204,29 @@ TEST(BarSeries, stacks_of_mixed_signs_grow_away_from_zero_on_request) {
     EXPECT_EQ(f.Outlines().back(), between(0, 57, 32));
 }
 
-TEST(BarSeries, what_was_followed_value_by_value_is_what_a_full_scan_finds) {
+TEST(BarSeries, HoldsWhatAFullScanFindsAfterFollowingValueByValue) {
     std::mt19937 random(7);
-    const auto below = [&](int N) { return int(random() % unsigned(N)); };
     for (int variant = 0; variant < 32; ++variant) {
-        TBarForm f;
-        const bool horizontal = variant & 1, shared = variant & 2;
-        std::vector<TKxBarSeries*> bars;
+        SCOPED_TRACE(variant);
+        TBarForm f(variant & 1);
+        const bool shared = variant & 2;
+        std::vector<TKxSeries*> series;
         std::vector<TKxLiveVector*> vectors;
         for (int k = 0; k < 3; ++k) {
             if (k == 0 || !shared) vectors.push_back(f.Vector());
             auto* edges = vectors[shared ? 0 : std::size_t(2 * k)];
             vectors.push_back(f.Vector());
-            bars.push_back(f.Bars(edges, vectors.back(), horizontal));
-            bars.back()->SetShowAs3D(variant & 4);
-            bars.back()->SetStackOverlays(variant & 8);
-            bars.back()->SetStackSignsApart(variant & 16);
+            auto* bars = f.Bars(edges, vectors.back());
+            bars->SetShowAs3D(variant & 4);
+            bars->SetStackOverlays(variant & 8);
+            bars->SetStackSignsApart(variant & 16);
+            series.push_back(bars);
         }
-        for (int step = 0; step < 40; ++step) {
-            for (int change = 0; change < 4; ++change) {
-                auto* vector = vectors[std::size_t(below(int(vectors.size())))];
-                const int kind = below(8), count = vector->GetCount();
-                const double value = kind == 7 ? CNan : below(100) - 30;
-                if (kind == 0 && count > 0)
-                    vector->Delete(below(count));
-                else if (kind < 3 && count > 0)
-                    vector->SetValue(below(count), value);
-                else
-                    vector->Add(value);
-            }
-            f.Draw();
-            std::vector<std::array<double, 4>> extents;
-            std::vector<TDoubles> pixels;
-            for (auto* b : bars) {
-                extents.push_back(ExtentsOf(*b));
-                pixels.push_back(PixelsOf(*b));
-            }
-            for (auto* b : bars) b->RangesModified();
-            f.Draw();
-            for (std::size_t k = 0; k < 3; ++k) {
-                ASSERT_EQ(extents[k], ExtentsOf(*bars[k])) << "variant " << variant << " step " << step;
-                ASSERT_EQ(pixels[k], PixelsOf(*bars[k])) << "variant " << variant << " step " << step;
-            }
-        }
+        ExpectFollowed(f, vectors, series, random);
     }
 }
 
-TEST(BarSeries, appending_to_a_stack_scans_nothing_before_the_next_frame) {
+TEST(BarSeries, ScansNothingBeforeTheNextFrameWhenAStackGrows) {
     TBarForm f;
     auto* edges = f.Vector({0});
     TKxLiveVector* values[] = {f.Vector(), f.Vector()};
@@ -300,15 +252,13 @@ TEST(BarSeries, appending_to_a_stack_scans_nothing_before_the_next_frame) {
     EXPECT_EQ(bars[0]->GetYRange().GetStop(), 3000);
 }
 
-TEST(BarSeries, styles_decide_what_is_filled_and_what_is_outlined) {
+TEST(BarSeries, IsFilledAndOutlinedAsItsStylesSay) {
     TBarForm f;
     f.Fix(0, 100, 0, 100);
     auto* bars = f.Bars(f.Vector({20, 40}), f.Vector({50}));
-    auto& line = bars->GetLineStyle();
-    auto& area = bars->GetAreaStyle();
     const auto of = [&](bool Line, bool Area) {
-        line.SetVisible(Line);
-        area.SetVisible(Area);
+        bars->GetLineStyle().SetVisible(Line);
+        bars->GetAreaStyle().SetVisible(Area);
         return f.Draw();
     };
     const TRect outline = (f.Draw(), f.Between(20, 0, 40, 50));
@@ -325,7 +275,7 @@ TEST(BarSeries, styles_decide_what_is_filled_and_what_is_outlined) {
     EXPECT_EQ(fills.back().Fill.Color, clNavy);
     const auto bare = CallsOf<TRecording::TFillRect>(of(false, false)).size();
     EXPECT_EQ(bare + 1, fills.size());
-    area.SetDrawXOred(true);
+    bars->GetAreaStyle().SetDrawXOred(true);
     of(true, true);
     const auto xored = CallsOf<TRecording::TPolygon>(f.Draw(true));
     ASSERT_EQ(xored.size(), 1u);
@@ -334,7 +284,7 @@ TEST(BarSeries, styles_decide_what_is_filled_and_what_is_outlined) {
     EXPECT_EQ(CallsOf<TRecording::TRectangle>(f.Draw(true)).at(0).Stroke.Mode, pmCopy);
 }
 
-TEST(BarSeries, boxes_of_several_series_are_painted_bin_by_bin) {
+TEST(BarSeries, PaintsBoxesOfSeveralSeriesBinByBin) {
     TBarForm f;
     f.Fix(0, 100, 0, 100);
     auto* edges = f.Vector({0, 50, 100});
@@ -360,7 +310,7 @@ TEST(BarSeries, boxes_of_several_series_are_painted_bin_by_bin) {
     EXPECT_LT(f.Outlines()[0].Left, f.Outlines()[2].Left) << "from the left in any case";
 }
 
-TEST(BarSeries, bars_are_cut_at_the_drawing_world_unless_the_clip_does_it) {
+TEST(BarSeries, IsCutAtTheDrawingWorldUnlessTheClipDoesIt) {
     TBarForm f;
     f.Fix(20, 80, 20, 80);
     f.Bars(f.Vector({0, 10, 30, 50, 200}), f.Vector({50, 50, 90, 10}));
@@ -374,16 +324,16 @@ TEST(BarSeries, bars_are_cut_at_the_drawing_world_unless_the_clip_does_it) {
     EXPECT_EQ(f.Outlines(), (TRects{f.Between(10, 0, 30, 50), f.Between(30, 0, 50, 90)}));
 }
 
-TEST(BarSeries, dense_bars_cover_what_each_of_them_would) {
+TEST(BarSeries, CoversWithDenseBarsWhatEachOfThemWould) {
     std::mt19937 random(3);
     for (const bool horizontal : {false, true}) {
-        TBarForm f;
+        TBarForm f(horizontal);
         auto *edges = f.Vector({0}), *values = f.Vector();
         for (int i = 1; i <= 4000; ++i) {
             edges->Add(i);
             values->Add(int(random() % 2000) - 1000);
         }
-        auto* bars = f.Bars(edges, values, horizontal);
+        auto* bars = f.Bars(edges, values);
         bars->GetLineStyle().SetVisible(false);
         bars->GetAreaStyle().SetVisible(true);
         bars->GetAreaStyle().SetColor(clFuchsia);
@@ -399,8 +349,7 @@ TEST(BarSeries, dense_bars_cover_what_each_of_them_would) {
             ++calls;
         }
         for (int i = 0; i < 4000; ++i) {
-            const double v = values->GetValue(i);
-            const TRect outline = horizontal ? f.Between(0, i, v, i + 1) : f.Between(i, 0, i + 1, v);
+            const TRect outline = f.Between(i, 0, i + 1, values->GetValue(i));
             paint(expected, BarArea(outline, horizontal));
         }
         EXPECT_EQ(found, expected);
@@ -408,11 +357,11 @@ TEST(BarSeries, dense_bars_cover_what_each_of_them_would) {
     }
 }
 
-TEST(BarSeries, finds_a_bar_by_its_end_but_never_the_last_one) {
+TEST(BarSeries, FindsABarByItsEndButNeverTheLastOne) {
     for (const bool horizontal : {false, true}) {
-        TBarForm f;
+        TBarForm f(horizontal);
         f.Fix(0, 100, 0, 100);
-        auto* bars = f.Bars(f.Vector({10, 40, 70, 90}), f.Vector({50, 50, 50}), horizontal);
+        auto* bars = f.Bars(f.Vector({10, 40, 70, 90}), f.Vector({50, 50, 50}));
         f.Draw();
         const struct {
             double Edge, Value;
@@ -437,21 +386,22 @@ TEST(BarSeries, FillsInSampleEdgesInTheDesigner) {
     EXPECT_EQ(values->GetCount(), 2);
 }
 
-TEST(BarSeries, a_sample_is_one_bar_inside_its_place) {
+TEST(BarSeries, ShowsOneBarInsideThePlaceOfASample) {
     TBarForm f;
     auto* bars = f.Bars(f.XV, f.YV);
     const TRect place{5, 7, 35, 19};
     for (const bool boxes : {false, true}) {
         bars->SetShowAs3D(boxes);
-        TRecorder recorder({50, 30});
-        TCanvas canvas(&recorder);
-        bars->DrawSample(canvas, place);
-        const auto rectangles = CallsOf<TRecording::TRectangle>(recorder.Recording);
+        const TRecording sample = SampleOf(*bars, place);
+        const auto rectangles = CallsOf<TRecording::TRectangle>(sample);
         ASSERT_EQ(rectangles.size(), 1u);
         EXPECT_EQ(rectangles[0].Rect == place, !boxes);
-        const auto faces = CallsOf<TRecording::TPolygon>(recorder.Recording);
+        const auto faces = CallsOf<TRecording::TPolygon>(sample);
         EXPECT_EQ(faces.size(), boxes ? 2u : 0u);
         for (const auto& face : faces)
             for (const TPoint p : face.Points) EXPECT_TRUE(place.Contains(p)) << p.X << ", " << p.Y;
     }
 }
+
+} // namespace
+} // namespace kx

@@ -1,16 +1,11 @@
-#include "support/graphfixture.h"
+#include "following.h"
 
-#include <array>
-#include <cstdint>
-#include <limits>
+#include <kxgraph/series/Kxarrowseries.h>
 
-using namespace kx;
-using namespace kx::test;
-
+namespace kx {
 namespace {
 
-constexpr double CNan = std::numeric_limits<double>::quiet_NaN(),
-                 CInf = std::numeric_limits<double>::infinity();
+using namespace test;
 
 /// Counts full scans.
 struct TCounting : TKxDataSeries {
@@ -24,12 +19,9 @@ struct TCounting : TKxDataSeries {
 
 struct TFixedForm : TGraphForm {
     TFixedForm() { Fix(0, 100, 0, 100); }
-    TPoint OnForm(double Xv, double Yv) const { return World() + At(Xv, Yv); }
 };
 
-} // namespace
-
-TEST(DataSeries, appending_costs_one_point_and_only_an_extreme_that_moves_inward_a_scan) {
+TEST(DataSeries, ScansOnlyWhenAnExtremeMovesInward) {
     TGraphForm f;
     auto* series = f.AddSeries<TCounting>();
     f.Draw();
@@ -50,7 +42,7 @@ TEST(DataSeries, appending_costs_one_point_and_only_an_extreme_that_moves_inward
         {99, 150, false, 99},                                            // outward
         {99, 150, false, 99}, {50, 150, false, 99},                      // a second one like it
         {50, 30, false, 99},  {10, 200, false, 10}, {10, 150, true, 10}, // two of 150: the first counts
-        {99, 99, false, 10},  {10, 10, true, 99},   {0, CNan, true, 99}};
+        {99, 99, false, 10},  {10, 10, true, 99},   {0, CNaN, true, 99}};
     for (const auto& s : steps) {
         const int scans = series->Scans;
         f.XV->SetValue(s.Index, s.Value);
@@ -62,7 +54,7 @@ TEST(DataSeries, appending_costs_one_point_and_only_an_extreme_that_moves_inward
     EXPECT_EQ(series->GetPoints().GetValue(7).X, f.X->RealToIntPosition(7));
 }
 
-TEST(DataSeries, deleting_shrinks_an_automatic_axis_and_clearing_leaves_no_points) {
+TEST(DataSeries, ShrinksAnAutomaticAxisAsPointsGo) {
     TGraphForm f;
     auto* series = f.AddSeries();
     f.Fill({{1, 1}, {500, 2}, {9, 3}});
@@ -84,45 +76,27 @@ TEST(DataSeries, deleting_shrinks_an_automatic_axis_and_clearing_leaves_no_point
     EXPECT_EQ(series->GetXRange().GetStop(), 7);
 }
 
-TEST(DataSeries, inserted_values_move_all_behind_them) {
-    TGraphForm f;
-    auto* series = f.AddSeries();
-    series->SetdYPlus(f.DY);
-    std::uint32_t random = 1;
-    const auto next = [&random](int Limit) {
-        random = random * 1664525u + 1013904223u;
-        return int((random >> 8) % unsigned(Limit));
-    };
-    f.Fill({{1, 1}, {2, 2}});
-    for (int i = 0; i < 300; ++i) {
-        TKxLiveVector* vectors[] = {f.XV, f.YV, f.DY};
-        TKxLiveVector& vector = *vectors[next(3)];
-        const int at = next(vector.GetCount() + 1);
-        const double value = next(2000) - 1000;
-        if (at == vector.GetCount())
-            vector.Add(value);
-        else if (next(4) == 0)
-            vector.Delete(at);
-        else
-            vector.Insert(at, value);
-        if (next(3)) continue;
-        f.Draw();
+TEST(DataSeries, HoldsWhatAFullScanFindsAfterFollowingValueByValue) {
+    std::mt19937 random(1);
+    for (int round = 0; round < 12; ++round) {
+        SCOPED_TRACE(round);
+        TGraphForm f;
+        auto* arrows = round % 4 == 3 ? f.AddSeries<TKxArrowSeries>() : nullptr;
+        auto* plain = arrows ? nullptr : f.AddSeries();
+        if (arrows) arrows->SetDX(f.DX), arrows->SetDY(f.DY);
+        if (plain && round % 2 == 1) plain->SetdXPlus(f.DX);
+        if (plain) plain->SetdYPlus(f.DY);
+        TKxSeries* series = arrows ? static_cast<TKxSeries*>(arrows) : plain;
+        f.Fill({{1, 1}, {2, 2}});
+        ExpectFollowed(f, {f.XV, f.YV, f.DX, f.DY}, {series}, random, true);
         const int count = std::min(f.XV->GetCount(), f.YV->GetCount());
         ASSERT_EQ(series->GetPointsCount(), count);
-        double low = 1e9, high = -1e9;
-        for (int k = 0; k < count; ++k) {
-            const double x = f.XV->GetValue(k);
-            low = std::min(low, x);
-            high = std::max(high, x);
-            ASSERT_EQ(series->GetPoints().GetValue(k), f.At(x, f.YV->GetValue(k))) << i << " " << k;
-        }
-        if (count == 0) continue;
-        ASSERT_EQ(series->GetXRange().GetStart(), low) << i;
-        ASSERT_EQ(series->GetXRange().GetStop(), high) << i;
+        for (int k = 0; k < count; ++k)
+            ASSERT_EQ(series->GetPoints().GetValue(k), f.At(f.XV->GetValue(k), f.YV->GetValue(k))) << k;
     }
 }
 
-TEST(DataSeries, what_is_destroyed_counts_no_longer_by_the_next_frame) {
+TEST(DataSeries, CountsNothingThatIsDestroyedByTheNextFrame) {
     struct TCase {
         void (*Destroy)(TGraphForm&, TKxDataWithErrorSeries*);
         double XStop, YStop;
@@ -154,7 +128,7 @@ TEST(DataSeries, what_is_destroyed_counts_no_longer_by_the_next_frame) {
     }
 }
 
-TEST(DataSeries, vectors_axes_and_series_may_own_one_another_and_move) {
+TEST(DataSeries, MayOwnAndMoveVectorsAndAxes) {
     TGraphForm f;
     auto* inAxis = new TKxLiveVector(f.X);
     auto* series = f.AddSeries();
@@ -173,10 +147,10 @@ TEST(DataSeries, vectors_axes_and_series_may_own_one_another_and_move) {
     EXPECT_EQ(f.YV->Listeners().GetCount(), 0) << "no listener stays behind";
 }
 
-TEST(DataSeries, values_that_are_no_numbers_take_no_part_and_let_the_frame_settle) {
+TEST(DataSeries, LeavesOutValuesThatAreNoNumbers) {
     TGraphForm f;
     auto* series = f.AddSeries();
-    f.Fill({{CNan, CNan}, {CNan, 1}, {CInf, CNan}, {-CInf, CInf}, {CNan, -CInf}});
+    f.Fill({{CNaN, CNaN}, {CNaN, 1}, {CInf, CNaN}, {-CInf, CInf}, {CNaN, -CInf}});
     EXPECT_TRUE(SettleTree(*f.Form));
     EXPECT_EQ(series->GetXMinIndex(), -1);
     f.Fill({{3, 4}, {CInf, 5}, {8, 1e308}});
@@ -186,7 +160,7 @@ TEST(DataSeries, values_that_are_no_numbers_take_no_part_and_let_the_frame_settl
     EXPECT_EQ(series->GetYMinIndex(), 1);
 }
 
-TEST(DataSeries, draws_long_lines_in_runs_of_two_thousand) {
+TEST(DataSeries, DrawsLongLinesInRunsOfTwoThousand) {
     for (const int count : {1, 2000, 2001, 4500}) {
         TFixedForm f;
         auto* series = f.AddSeries<TKxLineSeries>();
@@ -202,14 +176,14 @@ TEST(DataSeries, draws_long_lines_in_runs_of_two_thousand) {
     }
 }
 
-TEST(DataSeries, gaps_interrupt_the_line_only_where_that_is_wanted) {
+TEST(DataSeries, IsInterruptedByGapsWhereThatIsWanted) {
     using TRuns = std::vector<std::size_t>;
     for (const bool broken : {false, true}) {
         TFixedForm f;
         auto* series = f.AddSeries<TKxLineSeries>();
         series->SetBreakAtGaps(broken);
         series->GetAreaStyle().SetVisible(true);
-        f.Fill({{1, 10}, {2, 20}, {3, CNan}, {4, 40}, {CNan, 1}, {5, 50}, {6, 60}, {7, 70}});
+        f.Fill({{1, 10}, {2, 20}, {3, CNaN}, {4, 40}, {CNaN, 1}, {5, 50}, {6, 60}, {7, 70}});
         const auto runs = [&f] {
             TRuns counts;
             for (const auto& line : LinesOf(f.Draw(), clRed)) counts.push_back(line.Points.size());
@@ -228,7 +202,7 @@ TEST(DataSeries, gaps_interrupt_the_line_only_where_that_is_wanted) {
     }
 }
 
-TEST(DataSeries, symbols_on_the_border_are_whole_unless_both_axes_are_zoomed) {
+TEST(DataSeries, ShowsWholeSymbolsOnTheBorderUnlessBothAxesAreZoomed) {
     TFixedForm f;
     f.AddSeries<TKxDataSeries>()->GetLineStyle().SetVisible(false);
     f.Fill({{0, 0}, {50, 50}, {100, 100}, {101, 50}, {50, -1}});
@@ -251,7 +225,7 @@ TEST(DataSeries, symbols_on_the_border_are_whole_unless_both_axes_are_zoomed) {
     EXPECT_EQ(clipOfSymbols(), std::pair(5, f.LaidOut().MovedBy(graph.TopLeft())));
 }
 
-TEST(DataSeries, error_bars_end_at_value_and_error_in_every_direction_and_scaling) {
+TEST(DataSeries, EndsErrorBarsAtValueAndErrorInEveryDirectionAndScaling) {
     for (const auto scaling : {AxNormal, AxLog})
         for (const bool twisted : {false, true}) {
             TFixedForm f;
@@ -284,7 +258,7 @@ TEST(DataSeries, error_bars_end_at_value_and_error_in_every_direction_and_scalin
         }
 }
 
-TEST(DataSeries, errors_widen_the_extents_while_the_symbols_show) {
+TEST(DataSeries, IsWidenedByErrorsWhileTheSymbolsShow) {
     TGraphForm f;
     auto* series = f.AddSeries();
     series->SetdXPlus(f.DX);
@@ -294,7 +268,7 @@ TEST(DataSeries, errors_widen_the_extents_while_the_symbols_show) {
         f.Draw();
         return std::array{series->GetXRange().GetStart(), series->GetXRange().GetStop()};
     };
-    for (const double e : {1.0, 15.0, CNan, 99.0}) f.DX->Add(e);
+    for (const double e : {1.0, 15.0, CNaN, 99.0}) f.DX->Add(e);
     EXPECT_EQ(extent(), (std::array{5.0, 35.0}));
     EXPECT_EQ(series->GetXMinIndex(), 1);
     f.XV->SetValue(1, 50);
@@ -307,10 +281,10 @@ TEST(DataSeries, errors_widen_the_extents_while_the_symbols_show) {
     EXPECT_EQ(extent()[0], 10) << "a bar down to zero moves no end";
 }
 
-TEST(DataSeries, finds_the_last_point_within_a_square) {
+TEST(DataSeries, FindsTheLastPointWithinASquare) {
     TFixedForm f;
     auto* series = f.AddSeries();
-    f.Fill({{50, 50}, {50, 50}, {90, 90}, {CNan, 50}});
+    f.Fill({{50, 50}, {50, 50}, {90, 90}, {CNaN, 50}});
     f.Draw();
     const TPoint p = f.At(50, 50);
     const struct {
@@ -319,7 +293,7 @@ TEST(DataSeries, finds_the_last_point_within_a_square) {
     for (const auto& c : cases) EXPECT_EQ(series->FindPoint(p.X + c.DX, p.Y + c.DY, c.Tolerance), c.Found);
 }
 
-TEST(DataSeries, captions_cross_between_user_and_automatic) {
+TEST(DataSeries, CrossesCaptionsBetweenUserAndAutomatic) {
     TGraphForm f;
     auto* series = f.AddSeries();
     series->SetCaption("a");
@@ -336,7 +310,7 @@ TEST(DataSeries, captions_cross_between_user_and_automatic) {
     EXPECT_EQ(series->GetCaption(), "e");
 }
 
-TEST(DataSeries, saved_children_serve_again_from_the_first) {
+TEST(DataSeries, ServesSavedChildrenAgainFromTheFirst) {
     TGraphForm f;
     TKxIniList ini;
     auto *saved = f.AddSeries(), *read = f.AddSeries();
@@ -352,7 +326,7 @@ TEST(DataSeries, saved_children_serve_again_from_the_first) {
     EXPECT_EQ(names, "onetwoone");
 }
 
-TEST(DataSeries, a_series_leaves_the_listener_that_replaced_it_and_the_world_it_stood_on) {
+TEST(DataSeries, LeavesTheListenerThatReplacedItAndTheWorldItStoodOn) {
     TGraphForm f;
     auto* first = f.AddSeries();
     auto* second = f.AddSeries(); // the vectors' one listener now
@@ -384,3 +358,6 @@ TEST(DataSeries, a_series_leaves_the_listener_that_replaced_it_and_the_world_it_
     TKx2DGraph bare(f.Form);
     EXPECT_EQ(TKxLineSeries(f.Form).GetGraph(), &bare) << "the last graph wins, axes or not";
 }
+
+} // namespace
+} // namespace kx

@@ -35,7 +35,7 @@ std::string Symbol(TKxPointSymbol Symbol, int Size) {
 const std::string CPen = " pen #008000 2 solid", COpen = CPen + " brush #ffff00 solid\n",
                   CFilled = CPen + " brush #008000 solid\n";
 
-TEST(Styles, ARealChangeTellsTheOwnerOnce) {
+TEST(Styles, TellTheirOwnerOnceOfARealChange) {
     TOwner owner;
     TKxPointStyle point(&owner), other(nullptr);
     TKxLineStyle line(&owner);
@@ -61,7 +61,7 @@ TEST(PointSymbols, AreCutOffTowardsTheCentreAndStayInRange) {
               "polygon (-" + far + ",-" + far + ") (" + far + ",-" + far + ") (50," + far + ")" + COpen);
 }
 
-TEST(Arrows, TheHeadPointsAlongTheLine) {
+TEST(Arrows, HaveTheirHeadsAlongTheLine) {
     const auto arrow = [](TPoint From, TPoint To, int Length) {
         return Drawn([=](TCanvas& Canvas) { DrawArrow(From.X, From.Y, To.X, To.Y, Length, 4, Canvas); });
     };
@@ -73,7 +73,7 @@ TEST(Arrows, TheHeadPointsAlongTheLine) {
     EXPECT_THROW(arrow({5, 6}, {9, 6}, 0), EZeroDivide);
 }
 
-TEST(Bars, TheDepthGoesUpAndRightWhateverTheSigns) {
+TEST(Bars, HaveTheirDepthUpAndRightWhateverTheSigns) {
     const auto bar = [](int X1, int X2, int DX, int DY) {
         return Drawn([=](TCanvas& Canvas) {
             Draw3DBar(X1, 90, X2, 40, DX, DY, clBlack, clRed, clLime, clBlue, Canvas);

@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
 #include <sstream>
 #include <string>
@@ -87,6 +88,7 @@ struct TGraphForm {
     }
     /// Where a value stands in the drawing world.
     TPoint At(double Xv, double Yv) const { return {X->RealToIntPosition(Xv), Y->RealToIntPosition(Yv)}; }
+    TPoint OnForm(double Xv, double Yv) const { return World() + At(Xv, Yv); }
     /// The drawing world on the graph, after a frame.
     TRect LaidOut() {
         Draw();
@@ -104,6 +106,20 @@ struct TGraphForm {
     TKxLiveVector* DX = new TKxLiveVector(Form);
     TKxLiveVector* DY = new TKxLiveVector(Form);
 };
+
+/// From and to in x, then in y.
+inline std::array<double, 4> ExtentsOf(TKxSeries& Series) {
+    return {Series.GetXRange().GetStart(), Series.GetXRange().GetStop(), Series.GetYRange().GetStart(),
+            Series.GetYRange().GetStop()};
+}
+
+/// What a series shows of itself in a place of a legend.
+inline TRecording SampleOf(TKxSeries& Series, const TRect& Place) {
+    TRecorder recorder({50, 30});
+    TCanvas canvas(&recorder);
+    Series.DrawSample(canvas, Place);
+    return std::move(recorder.Recording);
+}
 
 /// The polylines of one colour.
 inline std::vector<TRecording::TPolyline> LinesOf(const TRecording& Recording, TColor Color) {
