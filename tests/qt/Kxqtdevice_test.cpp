@@ -1,5 +1,7 @@
 #include "raster.h"
 
+#include "support/recording.h"
+
 #include <kxgraph/platform/drawing/recording.h>
 
 #include <gtest/gtest.h>
@@ -8,8 +10,6 @@
 
 namespace kx::test {
 namespace {
-
-using TPoints = std::vector<TPoint>;
 
 TEST(QtRasterLines, LeaveOutTheEndPixelInEveryDirection) {
     const QImage image = Painted({{30, 10}}, [](auto& Device) {
@@ -22,16 +22,7 @@ TEST(QtRasterLines, LeaveOutTheEndPixelInEveryDirection) {
                                  {{20, 8}, {20, 8}}, {{22, 6}, {25, 6}, {25, 9}, {22, 9}, {22, 6}}};
         for (const auto& line : lines) Device.Polyline(line, CThin);
     });
-    EXPECT_EQ(Rows(image), "..............................\n"
-                           ".#....#...#.#.........###..###\n"
-                           "....#........#....#...........\n"
-                           "..............#....#..........\n"
-                           "....................#.........\n"
-                           "..............................\n"
-                           ".#....##.....#........####....\n"
-                           ".#..#...##....##......#..#....\n"
-                           ".#..#.....#.....##....#..#....\n"
-                           "....#.................####....\n");
+    ExpectRecording("qtlines", Rows(image));
 }
 
 TEST(QtRasterLines, ArePixelsNearestToTheLineHoweverFarItReaches) {
@@ -126,30 +117,14 @@ TEST(QtRasterXor, DrawingTwiceRestores) {
 }
 
 TEST(QtRasterPens, DashesAndHatchesLeaveTheGroundBetweenThem) {
-    const std::pair<TPenStyle, const char*> pens[] = {
-        {psDash, "#########...#########...#########...\n"},
-        {psDot, "###...###...###...###...###...###...\n"},
-        {psDashDot, "#########...###...#########...###...\n"},
-        {psDashDotDot, "#########...###...###...#########...\n"}};
-    for (const auto& [style, row] : pens) {
-        const TStroke dashed{clBlack, 1, style};
-        EXPECT_EQ(Rows(Painted({{36, 1}},
-                               [&](auto& D) {
-                                   D.Polyline(TPoints{{0, 0}, {36, 0}}, dashed);
-                               })),
-                  row);
+    std::string rows;
+    for (const auto style : {psDash, psDot, psDashDot, psDashDotDot}) {
+        const TPoints line{{0, 0}, {36, 0}};
+        rows += Rows(Painted({{36, 1}}, [&](auto& D) { D.Polyline(line, {clBlack, 1, style}); })) + '\n';
     }
-    const std::pair<TBrushStyle, const char*> hatches[] = {
-        {bsHorizontal, "........\n........\n........\n........\n########\n........\n........\n........\n"},
-        {bsVertical, "....#...\n....#...\n....#...\n....#...\n....#...\n....#...\n....#...\n....#...\n"},
-        {bsFDiagonal, "#.......\n.#......\n..#.....\n...#....\n....#...\n.....#..\n......#.\n.......#\n"},
-        {bsBDiagonal, ".......#\n......#.\n.....#..\n....#...\n...#....\n..#.....\n.#......\n#.......\n"},
-        {bsCross, "....#...\n....#...\n....#...\n....#...\n########\n....#...\n....#...\n....#...\n"},
-        {bsDiagCross, "#......#\n.#....#.\n..#..#..\n...##...\n...##...\n..#..#..\n.#....#.\n#......#\n"}};
-    for (const auto& [style, rows] : hatches) {
-        const TFill hatch{clBlack, style};
-        EXPECT_EQ(Rows(Painted({{8, 8}}, [&](auto& D) { D.FillRect({0, 0, 8, 8}, hatch); })), rows);
-    }
+    for (const auto style : {bsHorizontal, bsVertical, bsFDiagonal, bsBDiagonal, bsCross, bsDiagCross})
+        rows += Rows(Painted({{8, 8}}, [&](auto& D) { D.FillRect({0, 0, 8, 8}, {clBlack, style}); })) + '\n';
+    ExpectRecording("qtpatterns", rows);
 }
 
 TEST(QtRasterPens, WidePensLieAroundTheirLineAndSmoothingIsForCopyModeAlone) {

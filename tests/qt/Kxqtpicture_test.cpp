@@ -24,7 +24,7 @@ QImage Decoded(const std::string& Png) {
     return QImage::fromData(reinterpret_cast<const uchar*>(Png.data()), int(Png.size()), "PNG");
 }
 
-TEST(QtPicture, PngHasItsSizeGroundAndTitle) {
+TEST(QtPicture, HasItsSizeGroundAndTitleAsPng) {
     const TPictureOptions options{{100, 60}, 2, false, clAqua, "A title"};
     const QImage image = Decoded(qt::PngBytes(options, Scene));
     EXPECT_EQ(image.size(), QSize(200, 120));
@@ -34,7 +34,7 @@ TEST(QtPicture, PngHasItsSizeGroundAndTitle) {
     EXPECT_NEAR(image.dotsPerMeterX(), 2 * 96 / 0.0254, 1);
 }
 
-TEST(QtPicture, PdfIsOnePageOfTheSizeWithTextAndNoTime) {
+TEST(QtPicture, IsOnePageOfItsSizeWithTextAndNoTimeAsPdf) {
     const std::string pdf = qt::PdfBytes({{400, 200}, 1, false, clWhite, "A title"}, [](auto& Device) {
         EXPECT_FALSE(Device.CanXor());
         Scene(Device);
@@ -44,7 +44,7 @@ TEST(QtPicture, PdfIsOnePageOfTheSizeWithTextAndNoTime) {
     EXPECT_EQ(pdf.find("CreationDate"), std::string::npos);
 }
 
-TEST(QtPicture, FailureNamesTheFileAndLeavesItAsItWas) {
+TEST(QtPicture, NamesTheFileInAFailureAndLeavesItAsItWas) {
     const TTemporaryDirectory directory;
     const std::string file = directory / "p.png";
     qt::WritePng(file, {{100, 60}}, Scene);

@@ -9,7 +9,6 @@
 namespace kx::test {
 namespace {
 
-using TPoints = std::vector<TPoint>;
 constexpr TSize CSize{1200, 800};
 
 /// From a place X, a random number and the point before to the next point.

@@ -33,7 +33,7 @@ TEST(QtText, NeedsTheHostAndSaysSo) {
     EXPECT_EQ(MessageOf([] { Written("A"); }), "");
 }
 
-TEST(QtText, CellTurnsAboutItsTopLeftAtAnyScale) {
+TEST(QtText, TurnsItsCellAboutTheTopLeftAtAnyScale) {
     const auto [w, h] = Measured({"Arial"}, "HxHxHx");
     const struct {
         int Angle;
@@ -82,7 +82,7 @@ TEST(QtText, ShowsGreekMarksAndForeignBytes) {
     EXPECT_EQ(BoundsOf(Written("e\xCC\x81")).Right, BoundsOf(Written("e")).Right);
 }
 
-TEST(QtText, FamiliesStylesAndWhatReachesIntoThePictureShow) {
+TEST(QtText, ShowsFamiliesStylesAndWhatReachesIntoThePicture) {
     const QImage plain = Written("mmm");
     EXPECT_EQ(PixelsOf(Written("mmm", {"Arial", -13, fsUnderline})).size(),
               PixelsOf(plain).size() + std::size_t(Measured({"Arial"}, "mmm").Width));

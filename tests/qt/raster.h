@@ -12,6 +12,7 @@
 
 namespace kx::test {
 
+using TPoints = std::vector<TPoint>;
 using TPaint = std::function<void(qt::TPainterDevice&)>;
 
 struct TRasterOptions {

@@ -60,7 +60,7 @@ void DrawEverything(TCanvasDevice& Device) {
 
 TEST(SvgDevice, WritesAWellFormedDocumentWhateverIsDrawn) { EXPECT_EQ(Fault(Drawn(DrawEverything)), ""); }
 
-TEST(SvgDevice, ShapesCoverThePixelsOfARaster) {
+TEST(SvgDevice, CoversThePixelsOfARasterWithShapes) {
     const TPoint right[] = {{2, 3}, {7, 3}}, left[] = {{7, 3}, {2, 3}}, slanted[] = {{0, 0}, {4, 2}},
                  nowhere[] = {{4, 4}, {4, 4}}, bent[] = {{1, 1}, {5, 1}, {5, 4}};
     const TRect box{1, 2, 11, 8}, bar{1, 2, 2, 8};
@@ -84,7 +84,7 @@ TEST(SvgDevice, ShapesCoverThePixelsOfARaster) {
                           }));
 }
 
-TEST(SvgDevice, NeighboursShareGroupsAndHatchesAndClipsAreDefinedOnce) {
+TEST(SvgDevice, SharesGroupsAndDefinesHatchesAndClipsOnce) {
     const TRect inner{10, 10, 50, 50}, empty{5, 5, 5, 9};
     test::ExpectRecording("svggroups", Drawn([&](TCanvasDevice& D) {
                               int x = 0;
@@ -102,7 +102,7 @@ TEST(SvgDevice, NeighboursShareGroupsAndHatchesAndClipsAreDefinedOnce) {
                           }));
 }
 
-TEST(SvgDevice, LongSolidLinesAreReduced) {
+TEST(SvgDevice, ReducesLongSolidLines) {
     std::vector<TPoint> points;
     for (int i = 0; i < CReductionThreshold; ++i) points.push_back({i / 256, i * 37 % 90});
     const auto solid = Drawn([&](auto& D) { D.Polyline(points, {clBlack, 1}); });
@@ -110,7 +110,7 @@ TEST(SvgDevice, LongSolidLinesAreReduced) {
     EXPECT_LT(solid.size(), dashed.size() / 3);
 }
 
-TEST(SvgDevice, ValuesOffTheScaleAreCutOffOutsideThePicture) {
+TEST(SvgDevice, CutsOffValuesOffTheScaleOutsideThePicture) {
     const TPoint through[] = {
         {-CMaxPixel, -CMaxPixel}, {50, 50}, {CMaxPixel, 50}, {CMaxPixel, CMaxPixel}, {60, 60}};
     const TRect tall{10, -CMaxPixel, 50, CMaxPixel}, flat{-CMaxPixel, -100, CMaxPixel, 50};

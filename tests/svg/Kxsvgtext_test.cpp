@@ -12,6 +12,8 @@ namespace {
 
 const TFontFace CFace{"Arial", -10, 0, fpDefault, 0}; // 6 pixels a letter on the headless host
 
+const TRect CBox{0, 0, 50, 50};
+
 /// The contents of a document's text elements.
 std::vector<std::string> Contents(const TSvgDevice& Device) {
     const std::string text = Device.Document();
@@ -30,7 +32,7 @@ void Write(TSvgDevice& Device, TPoint Pos, const TFontFace& Face, std::string_vi
         Device.Text(Pos + TPoint{RoundToInt(i * dx), RoundToInt(i * dy)}, Face, clBlack, Text.substr(i, 1));
 }
 
-TEST(SvgText, LettersDrawnOneByOneBecomeOneElementInAnyDirection) {
+TEST(SvgText, MakesOneElementOfLettersInAnyDirection) {
     for (int angle : {0, 137, 900, 1230, 1800, 2700, -450}) {
         TSvgDevice device({400, 400});
         TFontFace face = CFace;
@@ -40,7 +42,7 @@ TEST(SvgText, LettersDrawnOneByOneBecomeOneElementInAnyDirection) {
     }
 }
 
-TEST(SvgText, AnotherStylePlaceOrClipOrADrawingInBetweenBeginsANewElement) {
+TEST(SvgText, BeginsANewElementForAnotherStylePlaceOrClip) {
     TFontFace bold = CFace;
     bold.Style = fsBold;
     const struct {
@@ -53,13 +55,8 @@ TEST(SvgText, AnotherStylePlaceOrClipOrADrawingInBetweenBeginsANewElement) {
                    {.Pos = {16, 11}},
                    {.Pos = {20, 10}},
                    {.Pos = {4, 10}}, // leftward is not writing order
-                   {.Before =
-                        [](TCanvasDevice& D) {
-                            D.SetClip(TRect{0, 0, 50, 50});
-                        }},
-                   {.Before = [](TCanvasDevice& D) {
-                       D.FillRect({0, 0, 5, 5}, {});
-                   }}};
+                   {.Before = [](TCanvasDevice& D) { D.SetClip(CBox); }},
+                   {.Before = [](TCanvasDevice& D) { D.FillRect(CBox, {}); }}};
     for (const auto& second : seconds) {
         TSvgDevice device({400, 400});
         device.Text({10, 10}, CFace, clBlack, "a");
@@ -81,7 +78,7 @@ TEST(SvgText, ShowsForeignBytesAsLatin1AndDropsControlCharacters) {
               (std::vector<std::string>{"a&lt;b&gt;&amp;&quot;c&quot;", "5 \xC2\xB5m \xC2\xB5m", "ab"}));
 }
 
-TEST(SvgText, ElementsBearFacesDirectionsAndPositions) {
+TEST(SvgText, WritesFacesDirectionsAndPositions) {
     TSvgDevice device({400, 400});
     for (const char* name :
          {"Arial", "Times New Roman", "Noto Sans Serifless", "Mono", "Symbol", "O'Neill <1>"})
