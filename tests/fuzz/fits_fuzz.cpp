@@ -8,15 +8,11 @@
 #include <kxgraph/analysis/Kxsimplex.h>
 #include <kxgraph/platform/base/exceptions.h>
 
-#include <cmath>
-#include <functional>
-
 namespace kx {
 namespace {
 
 using TValues = std::vector<double>;
-struct TCase {
-    TValues X, Y, W;
+struct TCase : fuzz::TPoints {
     double Start, Stop;
 };
 
@@ -41,9 +37,8 @@ void DemandLine(const TCase& Case, bool Weighted, bool FixedOffset, double Offse
         return KX_DEMAND(Weighted || Taking(Case, false) < 2);
     }
     KX_DEMAND(r.Points == Taking(Case, Weighted), +std::to_string(r.Points));
-    for (const double value : {r.Slope, r.DeltaSlope, r.DeltaOffset, r.AverageX, r.AverageY, r.VarianceX,
-                               r.VarianceY, r.Determination, r.R, r.ChiSquare})
-        KX_DEMAND(std::isfinite(value), +std::to_string(value));
+    fuzz::DemandFinite(TValues{r.Slope, r.DeltaSlope, r.DeltaOffset, r.AverageX, r.AverageY, r.VarianceX,
+                               r.VarianceY, r.Determination, r.R, r.ChiSquare});
     KX_DEMAND(FixedOffset ? std::memcmp(&r.Offset, &Offset, sizeof Offset) == 0 : std::isfinite(r.Offset));
     if (Weighted) return; // weights may be negative
     KX_DEMAND(r.ChiSquare >= 0 && r.DeltaSlope >= 0 && r.VarianceX >= 0 && r.VarianceY >= 0);
@@ -62,11 +57,9 @@ void DemandPolynomial(const TCase& Case, bool Weighted, int Order) {
         return KX_DEMAND(r.Points == 0 && r.Coefficients.IsEmpty());
     }
     KX_DEMAND(r.Points == Taking(Case, Weighted) && r.Coefficients.Length() == Order + 1);
-    for (int i = 0; i <= Order; ++i)
-        KX_DEMAND(std::isfinite(r.Coefficients[i]) && std::isfinite(r.DeltaCoefficients[i]));
-    for (const double value :
-         {r.AverageX, r.AverageY, r.VarianceX, r.VarianceY, r.R2, r.QRel, r.ChiSquare, r.AdjR2})
-        KX_DEMAND(std::isfinite(value), +std::to_string(value));
+    for (const auto& values : {r.Coefficients, r.DeltaCoefficients}) fuzz::DemandFinite(values);
+    fuzz::DemandFinite(
+        TValues{r.AverageX, r.AverageY, r.VarianceX, r.VarianceY, r.R2, r.QRel, r.ChiSquare, r.AdjR2});
     if (!Weighted) KX_DEMAND(r.ChiSquare >= 0 && r.R2 <= 1.0000001);
 }
 
@@ -77,7 +70,7 @@ void DemandSimplex(const TCase& Case, TValues Vertex) {
         return C[0] + (C.size() > 1 ? C[1] * Case.X[I] : 0) + (C.size() > 2 ? std::sin(C[2] * Case.X[I]) : 0);
     };
     TKxSimplex simplex([&](std::span<const double> C) {
-        for (const double c : C) KX_DEMAND(std::isfinite(c));
+        fuzz::DemandFinite(C);
         double sum = 0;
         for (std::size_t i = 0; i < Case.X.size(); ++i) sum += std::pow(Case.Y[i] - model(C, i), 2);
         return sum;
@@ -94,7 +87,8 @@ void DemandSimplex(const TCase& Case, TValues Vertex) {
             for (std::size_t i = 0; i < V.size(); ++i) V[i] = model(C, i);
         },
         int(Case.X.size()), {}, simplex.BestValue());
-    for (const double error : errors) KX_DEMAND(std::isfinite(error) && error >= 0, +std::to_string(error));
+    fuzz::DemandFinite(errors);
+    for (const double error : errors) KX_DEMAND(error >= 0, +std::to_string(error));
 }
 
 KX_FUZZ(fits) {
@@ -103,11 +97,7 @@ KX_FUZZ(fits) {
     const bool weighted = Data.Flag(), isFixed = Data.Flag();
     c.Start = Data.Flag() ? -std::numeric_limits<double>::infinity() : Data.Real();
     c.Stop = Data.Flag() ? std::numeric_limits<double>::infinity() : Data.Real();
-    for (int i = 0; i < points; ++i) {
-        c.X.push_back(Data.Real());
-        c.Y.push_back(Data.Real());
-        c.W.push_back(weighted ? Data.Real() : 1);
-    }
+    c.Take(Data, points, weighted);
     DemandLine(c, weighted, isFixed, Data.Real());
     DemandPolynomial(c, weighted, order);
     DemandSimplex(c, Data.Reals(4));

@@ -4,12 +4,8 @@
 
 #include <kxgraph/formula/Kxformula.h>
 
-#include <cmath>
-
 namespace kx {
 namespace {
-
-bool Same(double A, double B) { return A == B || (std::isnan(A) && std::isnan(B)); }
 
 void DemandEvaluation(TKxFormula& Formula, fuzz::TData& Data) {
     const auto& names = Formula.GetNames();
@@ -21,7 +17,7 @@ void DemandEvaluation(TKxFormula& Formula, fuzz::TData& Data) {
     for (double& value : x) value = Data.Real();
     Formula.Evaluate(x, coefficients, block);
     for (std::size_t i = 0; i < x.size(); ++i)
-        KX_DEMAND(Same(block[i], Formula.Evaluate(x[i], coefficients)), +std::to_string(x[i]));
+        KX_DEMAND(fuzz::Same(block[i], Formula.Evaluate(x[i], coefficients)), +std::to_string(x[i]));
 }
 
 KX_FUZZ(formulas) {

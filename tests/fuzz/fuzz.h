@@ -4,6 +4,7 @@
 // into kxgraph_fuzz_replay, which puts the files of corpus/<target> through it.
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -51,22 +52,10 @@ public:
         if (kind < 160) return std::int8_t(Byte()) / 10.0;
         if (kind < 192) {
             using L = std::numeric_limits<double>;
-            static constexpr double limits[] = {L::infinity(),
-                                                -L::infinity(),
-                                                L::quiet_NaN(),
-                                                L::max(),
-                                                L::lowest(),
-                                                L::min(),
-                                                L::denorm_min(),
-                                                -L::denorm_min(),
-                                                1.7e308,
-                                                -1.7e308,
-                                                -0.0,
-                                                1e15,
-                                                1e-280,
-                                                1.6e9,
-                                                1e-12,
-                                                L::epsilon()};
+            static constexpr double least = L::denorm_min(), endless = L::infinity();
+            static constexpr double limits[] = {
+                endless, -endless, L::quiet_NaN(), L::max(), L::lowest(), L::min(), least, -least,
+                1.7e308, -1.7e308, -0.0,           1e15,     1e-280,      1.6e9,    1e-12, L::epsilon()};
             return limits[kind % 16];
         }
         return Raw<double>();
@@ -104,7 +93,10 @@ private:
 
 using TBody = void (*)(TData&);
 /// The targets of this program by name.
-std::map<std::string, TBody>& Targets();
+inline std::map<std::string, TBody>& Targets() {
+    static std::map<std::string, TBody> targets;
+    return targets;
+}
 
 struct TRegistration {
     TRegistration(const char* Name, TBody Body) { Targets()[Name] = Body; }
@@ -115,6 +107,29 @@ struct TRegistration {
 /// Ends the program, as sanitizers do, unless Demand holds; the rest is a text to print.
 #define KX_DEMAND(DEMAND, ...)                                                                               \
     ((DEMAND) ? void() : ::kx::fuzz::Fail(__FILE__, __LINE__, #DEMAND, std::string("" __VA_ARGS__)))
+
+namespace kx::fuzz {
+
+/// Equal, or neither a number.
+inline bool Same(double A, double B) { return A == B || (std::isnan(A) && std::isnan(B)); }
+
+inline void DemandFinite(std::span<const double> Values) {
+    for (const double value : Values) KX_DEMAND(std::isfinite(value), +std::to_string(value));
+}
+
+/// Points for what is calculated from them.
+struct TPoints {
+    void Take(TData& Data, int Count, bool Weighted) {
+        for (; Count > 0; --Count) {
+            X.push_back(Data.Real());
+            Y.push_back(Data.Real());
+            W.push_back(Weighted ? Data.Real() : 1);
+        }
+    }
+    std::vector<double> X, Y, W;
+};
+
+} // namespace kx::fuzz
 
 /// Begins the body of target NAME: KX_FUZZ(ini) { ... Data ... }
 #define KX_FUZZ(NAME)                                                                                        \

@@ -5,8 +5,6 @@
 #include <kxgraph/persist/Kxlargeini.h>
 #include <kxgraph/platform/base/exceptions.h>
 
-#include <cmath>
-
 namespace kx {
 namespace {
 

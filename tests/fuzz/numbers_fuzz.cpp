@@ -6,8 +6,6 @@
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/text/numbertext.h>
 
-#include <cmath>
-
 namespace kx {
 namespace {
 

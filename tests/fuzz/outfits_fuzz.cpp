@@ -22,10 +22,8 @@ struct TPlot {
         Form.SetBounds(0, 0, 320, 240);
         Graph.SetParent(&Form);
         Graph.SetBounds(0, 0, 320, 240);
-        const std::pair<TComponent*, const char*> names[] = {
-            {&Graph, "Graph1"}, {&X, "XAxis"},        {&Y, "YAxis"},    {&XV, "X1"},
-            {&YV, "Y1"},        {&Series, "Series1"}, {&Bars, "Bars1"}, {&Line, "Line1"}};
-        for (const auto& [component, name] : names) component->SetName(name);
+        const char* names[] = {"Graph1", "XAxis", "YAxis", "X1", "Y1", "Series1", "Bars1", "Line1"};
+        for (int i = 0; i < 8; ++i) Form.GetComponent(i)->SetName(names[i]);
         for (TKxAxis* axis : {&X, &Y}) axis->SetParent(&Graph);
         Graph.SetPrimaryXAxis(&X);
         Graph.SetPrimaryYAxis(&Y);
@@ -88,9 +86,8 @@ std::string Changed(fuzz::TData& Data) {
 KX_FUZZ(outfits) {
     fuzz::TQuiet quiet;
     TPlot first, second;
-    std::string text = Changed(Data);
-    text += Data.Text(200);
-    first.Load(text);
+    const std::string changed = Changed(Data);
+    first.Load(changed + Data.Text(200));
     fuzz::DemandFrame(first.Form, quiet);
     const std::string saved = first.Saved();
     KX_DEMAND(second.Load(saved), +saved);

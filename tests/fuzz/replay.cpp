@@ -9,12 +9,6 @@
 #include <filesystem>
 
 namespace kx::fuzz {
-
-std::map<std::string, TBody>& Targets() {
-    static std::map<std::string, TBody> targets;
-    return targets;
-}
-
 namespace {
 
 class TReplay : public testing::Test {

@@ -5,8 +5,6 @@
 #include <kxgraph/graph/Kxticks.h>
 #include <kxgraph/platform/text/numbertext.h>
 
-#include <cmath>
-
 namespace kx {
 namespace {
 

@@ -8,14 +8,12 @@
 #include <kxgraph/numeric/Kxsort.h>
 #include <kxgraph/platform/base/exceptions.h>
 
-#include <cmath>
-
 namespace kx {
 namespace {
 
-TKxRealArray ArrayOf(const TKxCustomRealVector& Vector) {
-    TKxRealArray array(Vector.GetCount());
-    for (int i = 0; i < Vector.GetCount(); ++i) array[i] = Vector.GetValue(i);
+TKxRealArray ArrayOf(const std::vector<double>& Values) {
+    TKxRealArray array(int(Values.size()));
+    std::ranges::copy(Values, array.begin());
     return array;
 }
 
@@ -93,16 +91,16 @@ KX_FUZZ(splines) {
     akima.SmoothLog = akima.Smooth && Data.Flag();
     akima.SmoothM = Data.Real();
     spline.WeightFactor = Data.Flag() ? 1 : Data.Real();
+    fuzz::TPoints points;
+    points.Take(Data, Data.Between(0, 24), weighted);
     TKxRealVector x(nullptr), y(nullptr), w(nullptr);
-    for (int points = Data.Between(0, 24); points > 0; --points) {
-        x.Add(Data.Real());
-        y.Add(Data.Real());
-        w.Add(weighted ? Data.Real() : 1);
-    }
+    x.AddValues(points.X);
+    y.AddValues(points.Y);
+    w.AddValues(points.W);
     Try(akima, true, start, stop, x, y, weighted ? &w : nullptr);
     Try(spline, false, start, stop, x, y, weighted ? &w : nullptr);
-    DemandSorted(ArrayOf(x), ArrayOf(y));
-    DemandSmoothed(akima.SmoothM, ArrayOf(x), ArrayOf(y), akima.SmoothLog);
+    DemandSorted(ArrayOf(points.X), ArrayOf(points.Y));
+    DemandSmoothed(akima.SmoothM, ArrayOf(points.X), ArrayOf(points.Y), akima.SmoothLog);
 }
 
 } // namespace

@@ -7,8 +7,6 @@
 #include <kxgraph/svg/Kxsvgdevice.h>
 #include <kxgraph/svg/Kxsvgmarkup.h>
 
-#include <cmath>
-
 namespace kx {
 namespace {
 

@@ -7,8 +7,6 @@
 #include <kxgraph/table/Kxtable.h>
 #include <kxgraph/table/Kxtablenumber.h>
 
-#include <cmath>
-
 namespace kx {
 namespace {
 
@@ -33,10 +31,8 @@ std::string Written(const TColumns& Columns) {
 }
 
 bool Same(const TColumns& A, const TColumns& B) {
-    return std::ranges::equal(A, B, [](const auto& X, const auto& Y) {
-        return std::ranges::equal(
-            X, Y, [](double P, double Q) { return P == Q || (std::isnan(P) && std::isnan(Q)); });
-    });
+    return std::ranges::equal(
+        A, B, [](const auto& X, const auto& Y) { return std::ranges::equal(X, Y, fuzz::Same); });
 }
 
 TColumns Read(const std::string& Text, const std::string& Name) {
