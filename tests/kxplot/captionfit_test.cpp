@@ -34,11 +34,11 @@ class ProgramInTime : public test::Program {};
 // Each of these settled the whole form for every character, point or column, or searched at every series.
 TEST_F(ProgramInTime, DrawsLongNamesManyColumnsAndHugeFonts) {
     const auto table = [](int Columns) {
-        std::string text = "t";
-        for (int i = 0; i < Columns; ++i) text += ",column" + std::to_string(i);
+        std::ostringstream text("t", std::ios::ate);
+        for (int i = 0; i < Columns; ++i) text << ",column" << i;
         for (const int row : {1, 2, 3})
-            for (int i = 0; i <= Columns; ++i) text += (i ? "," : "\n") + std::to_string(i * row % 7 + row);
-        return text;
+            for (int i = 0; i <= Columns; ++i) text << (i ? ',' : '\n') << i * row % 7 + row;
+        return text.str();
     };
     const std::string name = "t," + std::string(10000, 'm') + "\n1,2\n2,4\n3,3\n";
     const std::pair<std::string, const char*> cases[] = {

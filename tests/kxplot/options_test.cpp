@@ -53,11 +53,11 @@ public:
     }
     template <class T>
     void Add(const char* What, const std::optional<T>& Value) {
-        if (Value) Add(true, What + (" " + Text(*Value)));
+        if (Value) Add(true, std::string(What).append(1, ' ').append(Text(*Value)));
     }
     template <class T>
     void Add(const char* What, const std::vector<T>& Values) {
-        for (const auto& value : Values) Add(true, What + (" " + Text(value)));
+        for (const auto& value : Values) Add(true, std::string(What).append(1, ' ').append(Text(value)));
     }
     const std::string& Get() const { return FText; }
 

@@ -15,7 +15,7 @@ namespace {
 
 /// The same by the text of fifteen digits.
 TKxDecimal ReadDecimal(const std::string& Text) {
-    TKxDecimal decimal{std::stoll(Text.substr(1, 1) + Text.substr(3, 14)), std::stoll(Text.substr(18)) - 14};
+    TKxDecimal decimal{std::stoll(Text.substr(1, 1).append(Text, 3, 14)), std::stoll(Text.substr(18)) - 14};
     if (decimal.Digits == 0) return {};
     for (; decimal.Digits % 10 == 0; ++decimal.Exponent) decimal.Digits /= 10;
     if (Text[0] == '-') decimal.Digits = -decimal.Digits;
