@@ -76,18 +76,22 @@ void TKxChannel::PlaceAll(std::span<TPoint> Points) const {
 }
 
 void TKxExtentScan::Take(int First, std::span<const TKxInterval> Intervals) {
-    int index = First;
+    TKxInterval extent = FExtent; // in registers
+    int minIndex = FMinIndex, maxIndex = FMaxIndex, index = First;
     for (const TKxInterval value : Intervals) { // not a number compares as false: it takes no part
-        if (value.Low < FExtent.Low || (FWasEmpty && FMinIndex < 0 && value.Low <= FExtent.Low)) {
-            FExtent.Low = value.Low;
-            FMinIndex = index;
+        if (value.Low < extent.Low || (FWasEmpty && minIndex < 0 && value.Low <= extent.Low)) {
+            extent.Low = value.Low;
+            minIndex = index;
         }
-        if (value.High > FExtent.High || (FWasEmpty && FMaxIndex < 0 && value.High >= FExtent.High)) {
-            FExtent.High = value.High;
-            FMaxIndex = index;
+        if (value.High > extent.High || (FWasEmpty && maxIndex < 0 && value.High >= extent.High)) {
+            extent.High = value.High;
+            maxIndex = index;
         }
         ++index;
     }
+    FExtent = extent;
+    FMinIndex = minIndex;
+    FMaxIndex = maxIndex;
 }
 
 } // namespace kx
