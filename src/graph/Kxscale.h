@@ -143,6 +143,8 @@ struct TKxAxisMap {
     void RealToIntPositions(std::span<const double> Values, int* First, std::ptrdiff_t StrideInInts) const;
     /// The value at pixel Position, at most 1.7e308 in magnitude. Raises as RealToIntPosition does.
     double IntToRealPosition(int Position) const;
+
+    friend bool operator==(const TKxAxisMap&, const TKxAxisMap&) = default;
 };
 
 } // namespace kx

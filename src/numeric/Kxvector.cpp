@@ -5,6 +5,7 @@
 #include <kxgraph/platform/objects/published.h>
 
 #include <algorithm>
+#include <atomic>
 #include <climits>
 
 namespace kx {
@@ -71,7 +72,17 @@ void TKxValueIChangedList::Call(int Index, bool WasDeleted) {
     }
 }
 
-TKxCustomRealVector::TKxCustomRealVector(TComponent* Owner) : TComponent(Owner) { Resize(FIncrement); }
+TKxCustomRealVector::TKxCustomRealVector(TComponent* Owner) : TComponent(Owner) {
+    static std::atomic<std::uint64_t> vectors = 0;
+    constexpr int CChanges = 40; // bits; the rest tells vectors apart
+    FVersion = ++vectors << CChanges;
+    Resize(FIncrement);
+}
+
+TKxExtremes& TKxCustomRealVector::Extremes() const {
+    if (!FExtremes) FExtremes = std::make_unique<TKxExtremes>();
+    return *FExtremes;
+}
 
 void TKxCustomRealVector::RaiseIndex(int Index) {
     throw ERangeError("i=" + std::to_string(Index) + " index out of range");
@@ -94,12 +105,14 @@ void TKxCustomRealVector::SetValue(int Index, double Value) {
     if (Index == INT_MAX) RaiseIndex(Index);
     CheckCount(Index + 1);
     FValues[Index] = Value;
+    ValueTouched(Index);
 }
 
 void TKxCustomRealVector::CloseGap(int Index) {
     AssertOwnThread();
     if (Index + 1 < FCount)
         std::copy(FValues.begin() + Index + 1, FValues.begin() + FCount, FValues.begin() + Index);
+    ValuesTouched(Index);
 }
 
 int TKxRealVector::Add(double Value) {
@@ -117,12 +130,14 @@ void TKxRealVector::AddValues(std::span<const double> Values) {
     const int first = FCount;
     CheckCount(FCount + static_cast<int>(Values.size()));
     std::copy(Values.begin(), Values.end(), FValues.begin() + first);
+    ValuesTouched(first);
 }
 
 void TKxRealVector::Insert(int Index, double Value) {
     if (Index < 0 || Index >= FCount) return;
     CheckCount(FCount + 1);
     std::copy_backward(FValues.begin() + Index, FValues.begin() + FCount - 1, FValues.begin() + FCount);
+    ValuesTouched(Index);
     SetValue(Index, Value);
 }
 
@@ -135,6 +150,7 @@ void TKxRealVector::Delete(int Index) {
 void TKxRealVector::Clear() {
     AssertOwnThread();
     FCount = 0;
+    ValuesTouched(0);
 }
 
 void TKxRealVector::SetCapacity(int Capacity) {
@@ -169,7 +185,10 @@ void TKxLiveVector::Delete(int Index) {
     // point.
     if (Index < 0 || Index > FCount) return;
     CloseGap(Index);
-    const TFinally shorten([this] { FCount = std::max(FCount - 1, 0); });
+    const TFinally shorten([this] {
+        FCount = std::max(FCount - 1, 0);
+        ValuesTouched(FCount);
+    });
     Listeners().Call(Index, true);
 }
 

@@ -3,9 +3,12 @@
 // arrays of points and integers. Vectors are named components; series refer to them without owning them.
 
 #include <kxgraph/numeric/Kxconsts.h>
+#include <kxgraph/numeric/Kxextremes.h>
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/objects/component.h>
 
+#include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -86,6 +89,17 @@ public:
 
     TKxValueIChangedList& Listeners() { return FListeners; }
 
+    /// Another number after every change of the values, and in every vector.
+    std::uint64_t GetVersion() const { return FVersion; }
+    /// The extremes of the values First..Last - 1, which must exist; see Kxextremes.h. Costs about the blocks
+    /// that have changed since it was last asked for.
+    TKxExtremes::TEnds GetEnds(int First, int Last) const { return Extremes().Of(Values(), First, Last); }
+    /// Whether the values never fall (rise), and all of them are numbers.
+    bool IsAscending() const { return Extremes().IsAscending(Values()); }
+    bool IsDescending() const { return Extremes().IsDescending(Values()); }
+    /// Whether about the values First..Last - 1 are numbers: true is certain.
+    bool AreNumbers(int First, int Last) const { return Extremes().AreNumbers(Values(), First, Last); }
+
 protected:
     explicit TKxCustomRealVector(TComponent* Owner);
     /// Makes room for, and extends the vector to, Wanted elements. Grows already when Wanted equals Capacity.
@@ -93,6 +107,15 @@ protected:
     void Resize(int Capacity);
     /// Moves the elements behind Index one place down; Count stays.
     void CloseGap(int Index);
+    /// To be called when the value Index, or all from First on, are other ones than before.
+    void ValueTouched(int Index) noexcept {
+        ++FVersion;
+        if (FExtremes) FExtremes->Change(Index);
+    }
+    void ValuesTouched(int First) noexcept {
+        ++FVersion;
+        if (FExtremes) FExtremes->Cut(First);
+    }
     [[noreturn]] static void RaiseIndex(int Index);
 
     int FCount = 0;
@@ -101,7 +124,11 @@ protected:
     TKxRealArray FValues;
 
 private:
+    TKxExtremes& Extremes() const;
+
     TKxValueIChangedList FListeners;
+    mutable std::unique_ptr<TKxExtremes> FExtremes; // made when first asked for
+    std::uint64_t FVersion;
 };
 
 /// A vector that a program fills. It does not call its listeners by itself.

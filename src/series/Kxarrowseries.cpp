@@ -110,12 +110,11 @@ void TKxArrowSeries::DrawOne(TCanvas& Canvas, TPoint From, TPoint To, int TipLen
 void TKxArrowSeries::DrawLine(TCanvas& Canvas) {
     if (!PrepareDrawing() || !LineStyle().GetVisible()) return;
     UseLinePen(Canvas, LineStyle());
-    const auto points = FPoints.Values();
     const auto xs = FEndXs.Values(), ys = FEndYs.Values();
-    ForPlacedPoints(Canvas, [&](int Index) {
+    ForPlacedPoints(Canvas, CMaxPixel, [&](int Index, TPoint At) {
         const auto i = std::size_t(Index);
         if (i >= xs.size() || i >= ys.size() || !IsPlaced({xs[i], ys[i]})) return;
-        DrawOne(Canvas, points[i], {xs[i], ys[i]}, FTipLength, FTipWidth);
+        DrawOne(Canvas, At, {xs[i], ys[i]}, FTipLength, FTipWidth);
     });
 }
 

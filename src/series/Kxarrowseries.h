@@ -45,6 +45,7 @@ protected:
     void GetIntervals(const TKxChannel& Channel, int First, std::span<TKxInterval> Intervals) const override;
     void CalculatePoint(int Index) override;
     void CalculateAllPoints() override;
+    bool GoesByValues() const override { return false; }
 
 private:
     // Methods of their own: a vector may serve as X of one series and as dX of another one.

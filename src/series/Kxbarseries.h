@@ -92,6 +92,7 @@ protected:
     /// Point Index and the next one, the other edge of its bin.
     void CalculatePoint(int Index) override;
     void CalculateAllPoints() override;
+    bool GoesByValues() const override { return false; }
     /// What has no place on a logarithmic axis never takes part in the extents: bars are not joined.
     bool BreaksAtGaps() const override { return true; }
 

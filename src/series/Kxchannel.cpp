@@ -71,8 +71,22 @@ TKxChannel::TTaken TKxChannel::Take(int Index, TKxInterval Value) {
     return TTaken::Wider;
 }
 
-void TKxChannel::PlaceAll(std::span<TPoint> Points) const {
-    FAxis->RealToIntPositions(GetVector()->Values().first(Points.size()), &In(Points.front()), 2);
+void TKxChannel::Place(int First, std::span<TPoint> Points) const {
+    const auto values = GetVector()->Values().subspan(std::size_t(First), Points.size());
+    FAxis->RealToIntPositions(values, &In(Points.front()), 2);
+    PointsTouched += Points.size();
+}
+
+bool TKxExtentScan::TakeEnds(const TKxChannel& Channel, int Count, TKxAxScaling Scaling) {
+    if (Count <= 0) return true;
+    const auto ends = Channel.GetVector()->GetEnds(0, Count);
+    if (ends.IsEmpty()) return true;
+    const TKxInterval low{ends.Low, ends.Low}, high{ends.High, ends.High};
+    if (!kx::HasPlace(Scaling, ends.Low) || !kx::HasPlace(Scaling, ends.High)) return false;
+    const bool lowFirst = ends.LowAt <= ends.HighAt;
+    Take(lowFirst ? ends.LowAt : ends.HighAt, {lowFirst ? &low : &high, 1});
+    Take(lowFirst ? ends.HighAt : ends.LowAt, {lowFirst ? &high : &low, 1});
+    return true;
 }
 
 void TKxExtentScan::Take(int First, std::span<const TKxInterval> Intervals) {

@@ -90,8 +90,8 @@ public:
 
     /// The pixel of value Index. There must be an axis.
     int PixelOf(int Index) const { return FAxis->RealToIntPosition(GetValue(Index)); }
-    /// The pixels of the first values, as many as there are points.
-    void PlaceAll(std::span<TPoint> Points) const;
+    /// The pixels of the values First, First + 1, ..., as many as there are points.
+    void Place(int First, std::span<TPoint> Points) const;
     int& In(TPoint& Point) const { return Point.*FCoordinate; }
     int In(const TPoint& Point) const { return Point.*FCoordinate; }
 
@@ -108,6 +108,9 @@ public:
     /// From is in the extent whatever comes.
     explicit TKxExtentScan(TKxInterval From) : FExtent(From), FWasEmpty(From.Low > From.High) {}
 
+    /// The first Count values of Channel by their extremes. Returns false, and takes nothing, where one of
+    /// those takes no part under Scaling: all values must be looked at then.
+    bool TakeEnds(const TKxChannel& Channel, int Count, TKxAxScaling Scaling);
     /// The intervals First, First + 1, ...
     void Take(int First, std::span<const TKxInterval> Intervals);
     void StoreIn(TKxChannel& Channel) const { Channel.SetExtent(FExtent, FMinIndex, FMaxIndex); }

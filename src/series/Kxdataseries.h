@@ -49,7 +49,7 @@ protected:
     /// Pen and brush of the symbols.
     void UseSymbolPen(TCanvas& Canvas) const;
     /// ForPlacedPoints with brush and pen set for symbols.
-    void ForMarkedPoints(TCanvas& Canvas, const std::function<void(int Index)>& Draw);
+    void ForMarkedPoints(TCanvas& Canvas, const TDrawPoint& Draw);
 
     TKxPointStyle FPointStyle;
 };
@@ -88,6 +88,7 @@ protected:
     void GetIntervals(const TKxChannel& Channel, int First, std::span<TKxInterval> Intervals) const override;
     void CalculatePoint(int Index) override;
     void CalculateAllPoints() override;
+    bool GoesByValues() const override { return !HasErrors(); }
     void DrawSampleMark(TCanvas& Canvas, const TRect& Rect) override;
 
 private:
@@ -115,7 +116,7 @@ private:
     int PixelLength(TKind Kind, int Index) const;
     void CalculateErrors(int Index);
     TKxInterval IntervalOf(const TKxChannel& Channel, int Index) const;
-    void DrawBars(TCanvas& Canvas, int Index);
+    void DrawBars(TCanvas& Canvas, int Index, TPoint P);
 
     TErrors FErrors[4]{TErrors(Listener<XPlus>()), TErrors(Listener<XMinus>()), TErrors(Listener<YPlus>()),
                        TErrors(Listener<YMinus>())};

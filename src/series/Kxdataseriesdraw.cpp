@@ -8,17 +8,17 @@
 
 namespace kx {
 
-void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, const std::function<void(int Index)>& Draw) {
+void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, const TDrawPoint& Draw) {
     if (!FPointStyle.GetVisible() || !PrepareDrawing()) return;
     UseSymbolPen(Canvas);
-    ForPlacedPoints(Canvas, Draw);
+    ForPlacedPoints(Canvas, FPointStyle.GetSize() + FPointStyle.GetWidth() + 1, Draw);
 }
 
 // Many symbols are one picture at many places: a raster paints it once and leaves out what is covered.
 void TKxDataSeries::DrawPoints(TCanvas& Canvas) {
     constexpr std::size_t CMany = 100;
     std::vector<TPoint> places;
-    ForMarkedPoints(Canvas, [&](int i) { places.push_back(FPoints.Values()[std::size_t(i)]); });
+    ForMarkedPoints(Canvas, [&](int, TPoint At) { places.push_back(At); });
     if (places.empty()) return;
     const auto draw = [this](TPoint At, TCanvas& On) {
         DrawPointSymbol(At.X, At.Y, FPointStyle.GetSize(), FPointStyle.GetStyle(), On);

@@ -96,20 +96,19 @@ void TKxDataWithErrorSeries::CalculateAllPoints() {
     for (int i = 0; i < FPointsCount; ++i) CalculateErrors(i);
 }
 
-void TKxDataWithErrorSeries::DrawBars(TCanvas& Canvas, int Index) {
-    const TPoint p = FPoints.Values()[std::size_t(Index)];
+void TKxDataWithErrorSeries::DrawBars(TCanvas& Canvas, int Index, TPoint P) {
     const int s = FPointStyle.GetSize();
     for (const TKind kind : {XPlus, XMinus, YPlus, YMinus}) {
         const auto& errors = FErrors[kind];
         if (!errors.Has(Index) || Index >= errors.Pixels.GetCount()) continue;
         if (IsAlongX(kind)) {
-            const int end = Shifted(p.X, errors.Pixels.GetValue(Index));
-            kx::DrawLine(p.X, p.Y, end, p.Y, Canvas);
-            kx::DrawLine(end, p.Y - s, end, p.Y + s, Canvas);
+            const int end = Shifted(P.X, errors.Pixels.GetValue(Index));
+            kx::DrawLine(P.X, P.Y, end, P.Y, Canvas);
+            kx::DrawLine(end, P.Y - s, end, P.Y + s, Canvas);
         } else {
-            const int end = Shifted(p.Y, errors.Pixels.GetValue(Index));
-            kx::DrawLine(p.X, p.Y, p.X, end, Canvas);
-            kx::DrawLine(p.X - s, end, p.X + s, end, Canvas);
+            const int end = Shifted(P.Y, errors.Pixels.GetValue(Index));
+            kx::DrawLine(P.X, P.Y, P.X, end, Canvas);
+            kx::DrawLine(P.X - s, end, P.X + s, end, Canvas);
         }
     }
 }
@@ -118,15 +117,14 @@ void TKxDataWithErrorSeries::DrawPoints(TCanvas& Canvas) {
     if (!HasErrors()) return TKxDataSeries::DrawPoints(Canvas);
     const TRect world{0, 0, GetDrawingWorld() ? GetDrawingWorld()->GetWidth() : 0,
                       GetDrawingWorld() ? GetDrawingWorld()->GetHeight() : 0};
-    ForMarkedPoints(Canvas, [&](int i) {
-        const TPoint p = FPoints.Values()[std::size_t(i)];
-        if (!world.Contains(p)) return;
+    ForMarkedPoints(Canvas, [&](int Index, TPoint P) {
+        if (!world.Contains(P)) return;
         Canvas.Pen.SetWidth(1);
         Canvas.Pen.SetColor(FErrorColor);
-        DrawBars(Canvas, i);
+        DrawBars(Canvas, Index, P);
         Canvas.Pen.SetWidth(FPointStyle.GetWidth());
         Canvas.Pen.SetColor(FPointStyle.GetColor());
-        DrawPointSymbol(p.X, p.Y, FPointStyle.GetSize(), FPointStyle.GetStyle(), Canvas);
+        DrawPointSymbol(P.X, P.Y, FPointStyle.GetSize(), FPointStyle.GetStyle(), Canvas);
     });
 }
 

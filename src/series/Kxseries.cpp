@@ -3,6 +3,7 @@
 #include <kxgraph/platform/objects/guarded.h>
 
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <new>
 
@@ -217,10 +218,15 @@ void TKxSeries::ForItems(void (TKxCalculatedItem::*Action)()) {
 
 int TKxSeries::FindPoint(int X, int Y, int Tolerance) const {
     const long long x = (long long)(X)-OriginX(), y = (long long)(Y)-OriginY();
-    const auto points = FPoints.Values();
-    for (int i = FPointsCount - 1; i >= 0; --i) {
-        const TPoint p = points[std::size_t(i)];
-        if (HasPlace(i) && std::abs(p.X - x) <= Tolerance && std::abs(p.Y - y) <= Tolerance) return i;
+    std::array<TPoint, CPointsAtOnce> block;
+    for (int end = FPointsCount; end > 0;) {
+        const int first = std::max(0, end - CPointsAtOnce);
+        PointsFrom(first, std::span(block).first(std::size_t(end - first)));
+        while (--end >= first) {
+            const TPoint p = block[std::size_t(end - first)];
+            if (IsPlaced(p) && std::abs(p.X - x) <= Tolerance && std::abs(p.Y - y) <= Tolerance) return end;
+        }
+        end = first;
     }
     return -1;
 }

@@ -7,6 +7,7 @@
 #include <kxgraph/persist/Kxlargeini.h>
 #include <kxgraph/series/Kxchannel.h>
 #include <kxgraph/series/Kxdraw.h>
+#include <kxgraph/series/Kxkeptline.h>
 #include <kxgraph/series/Kxorderwatch.h>
 #include <kxgraph/series/Kxseriescaption.h>
 
@@ -79,7 +80,11 @@ public:
     // Extents and screen points.
     /// Drawable points: the smaller count of the two vectors.
     int GetPointsCount() const { return FPointsCount; }
-    const TKxPointVector& GetPoints() const { return FPoints; }
+    /// The screen points of all of them. A series that has no need of them makes them when it is asked;
+    /// PointsFrom does without.
+    const TKxPointVector& GetPoints() const;
+    /// The screen points of First, First + 1, ..., which must exist, as many as Points has room for.
+    void PointsFrom(int First, std::span<TPoint> Points) const;
     TRange& GetXRange() { return FX.GetRange(); }
     TRange& GetYRange() { return FY.GetRange(); }
     /// Indices of the points that hold the extents; -1 when unknown.
@@ -160,6 +165,10 @@ protected:
     virtual void CalculatePoint(int Index);
     /// CalculatePoint of all points in tight loops; overridden together with it.
     virtual void CalculateAllPoints();
+    /// Whether a point stands where its two values do, and they alone are what it takes of the extents. Such
+    /// a series keeps no screen points unless its line cannot do without. A class that overrides
+    /// CalculatePoint or GetIntervals says no.
+    virtual bool GoesByValues() const { return true; }
 
     // What the fronts above do for either direction.
     /// Those of the values that are drawn.
@@ -197,9 +206,11 @@ protected:
     bool PrepareDrawing();
     /// Whether both axes are zoomed; what reaches over the drawing world's border is cut off then.
     bool IsZoomed() const;
-    /// Draw(i) for every point that has a place, under the clip in force when both axes are zoomed. Otherwise
-    /// the clip is lifted, so that what stands on the border is whole, and points beyond it are left out.
-    void ForPlacedPoints(TCanvas& Canvas, const std::function<void(int Index)>& Draw) const;
+    using TDrawPoint = std::function<void(int Index, TPoint At)>;
+    /// Draw for every point that has a place, under the clip in force when both axes are zoomed; what reaches
+    /// no further than Reach pixels from points out of sight may be left out. Otherwise the clip is lifted,
+    /// so that what stands on the border is whole, and points beyond it are left out.
+    void ForPlacedPoints(TCanvas& Canvas, int Reach, const TDrawPoint& Draw) const;
     /// The axes of the last graph among the components of Owner, and its drawing world.
     void TakeAxes(const TComponent* Owner);
     /// Whether the extents will be found anew anyway.
@@ -207,7 +218,6 @@ protected:
     const TKxLineStyle& LineStyle() const { return FLineStyle; }
     const TKxAreaStyle& AreaStyle() const { return FAreaStyle; }
 
-    bool HasPlace(int Index) const { return IsPlaced(FPoints.Values()[std::size_t(Index)]); }
     void InvalidateWorld();
     void UpdateLegend();
     int OriginX() const { return FDrawingWorld ? FDrawingWorld->GetXOrigin() : 0; }
@@ -227,10 +237,11 @@ protected:
 
     TKxChannel FX{TKxValueIChangedEvent::Of<&TKxSeries::FOnXIChanged>(this), &TPoint::X};
     TKxChannel FY{TKxValueIChangedEvent::Of<&TKxSeries::FOnYIChanged>(this), &TPoint::Y};
-    TKxPointVector FPoints;
+    mutable TKxPointVector FPoints; // of a series that goes by values those that FPlacing tells of
     int FPointsCount = 0;
 
 private:
+    static constexpr int CPointsAtOnce = 512; // points that are placed at once
     /// The same direction of this series and of its children.
     using TDirection = TKxChannel TKxSeries::*;
     struct TScaling {
@@ -254,10 +265,20 @@ private:
     void ForChildren(const std::function<void(TKxSeries*)>& Action);
     void ForItems(void (TKxCalculatedItem::*Action)());
     void PlacePoints();
+    bool DrawsLine() const { return FLineStyle.GetVisible() || FAreaStyle.GetVisible(); }
+    TKxPlacing PresentPlacing() const;
+    void PlaceAll() const;
+    void PlaceBlock(int First, std::span<TPoint> Points) const;
+    void ForgetPoints() const;
+    bool FollowChange(const TKxChannel& Channel);
+    bool KeepsPoints() const { return !GoesByValues() || FPlacing.Count >= 0; }
+    bool IsBound() const;
+    bool KeepsLine();
     void UpdateChildren(bool PassOn);
     void ShowCaption(const AnsiString& Caption);
     void OrderChanged();
-    void MarkGaps(int First, int Last);
+    void MarkGaps(int First, std::span<TPoint> Points) const;
+    TKxStretch WorldStretch(int Reach) const;
     std::vector<std::span<const TPoint>> DrawableRuns();
     void DrawArea(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs);
     void DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs);
@@ -269,6 +290,8 @@ private:
     TKxIniList FResults;
     std::vector<TKxSeries*> FChildren;
     std::vector<TPoint> FScratch;
+    mutable TKxPlacing FPlacing; // of FPoints
+    TKxKeptLine FKept;
     std::unique_ptr<TKxOrderWatch> FOrderWatch; // in the form designer
     TKxSeriesCaption FCaption;
     int FScannedCount = -1;    // points of the last full scan

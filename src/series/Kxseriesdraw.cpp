@@ -2,6 +2,7 @@
 
 #include <kxgraph/series/Kxseries.h>
 
+#include <kxgraph/platform/drawing/reduction.h>
 #include <kxgraph/platform/objects/guarded.h>
 
 #include <algorithm>
@@ -24,6 +25,12 @@ void TKxSeries::Draw(TCanvas& Canvas) {
 
 // The stretches of points that are joined to one another: all of them as a rule.
 std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
+    if (KeepsLine()) {
+        FScratch.clear();
+        for (const int i : FKept.Points())
+            if (const TPoint point{FX.PixelOf(i), FY.PixelOf(i)}; IsPlaced(point)) FScratch.push_back(point);
+        return {FScratch};
+    }
     const auto points = FPoints.Values().first(std::size_t(FPointsCount));
     const auto gap = std::find_if_not(points.begin(), points.end(), IsPlaced);
     if (gap == points.end()) return {points};
@@ -43,7 +50,7 @@ std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
 
 bool TKxSeries::PrepareDrawing() {
     if (!GetXAxis() || !GetYAxis() || !GetGraph() || !GetGraph()->NotUpdating()) return false;
-    if (!FPointsDirty) return true;
+    if (!FPointsDirty && !GoesByValues()) return true;
     SetPointsCount();
     PlacePoints();
     return true;
@@ -53,7 +60,7 @@ bool TKxSeries::IsZoomed() const { return GetXAxis()->CanZoomBack() && GetYAxis(
 
 void TKxSeries::DrawLine(TCanvas& Canvas) {
     if (!PrepareDrawing()) return;
-    if ((!FLineStyle.GetVisible() && !FAreaStyle.GetVisible()) || FPointsCount < 2) return;
+    if (!DrawsLine() || FPointsCount < 2) return;
     const auto runs = DrawableRuns();
     if (FAreaStyle.GetVisible()) DrawArea(Canvas, runs);
     if (FLineStyle.GetVisible()) DrawPolylines(Canvas, runs);
@@ -95,15 +102,23 @@ void TKxSeries::DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const
     }
 }
 
-void TKxSeries::ForPlacedPoints(TCanvas& Canvas, const std::function<void(int Index)>& Draw) const {
+void TKxSeries::ForPlacedPoints(TCanvas& Canvas, int Reach, const TDrawPoint& Draw) const {
     const bool zoomed = IsZoomed();
     const TRect world{0, 0, GetDrawingWorld()->GetWidth(), GetDrawingWorld()->GetHeight()};
     const TCanvas::TSaved saved(Canvas);
     if (!zoomed) Canvas.SetClip(std::nullopt);
-    for (int i = 0; i < FPointsCount; ++i) {
-        if (!HasPlace(i)) continue;
-        if (!zoomed && !world.Contains(FPoints.Values()[std::size_t(i)])) continue;
-        Draw(i);
+    TKxSection shown{0, FPointsCount};
+    if (GoesByValues() && FPointsCount >= CReductionThreshold)
+        shown = SectionIn(FX, FPointsCount, WorldStretch(zoomed ? Reach : 0));
+    std::array<TPoint, CPointsAtOnce> block;
+    for (int first = shown.First; first < shown.Last; first += CPointsAtOnce) {
+        const auto points = std::span(block).first(std::size_t(std::min(CPointsAtOnce, shown.Last - first)));
+        PointsFrom(first, points);
+        int index = first;
+        for (const TPoint p : points) {
+            if (IsPlaced(p) && (zoomed || world.Contains(p))) Draw(index, p);
+            ++index;
+        }
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <kxgraph/series/Kxseries.h>
 
+#include <kxgraph/platform/drawing/reduction.h>
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -10,7 +12,7 @@ namespace kx {
 
 void TKxSeries::SetPointsCount() {
     FPointsCount = std::min(FX.GetCount(), FY.GetCount());
-    FPoints.SetCount(FPointsCount);
+    if (KeepsPoints()) FPoints.SetCount(FPointsCount);
 }
 
 int TKxSeries::IdxNeeded(const TKxChannel& Channel) const {
@@ -28,14 +30,16 @@ void TKxSeries::GetIntervals(const TKxChannel& Channel, int First, std::span<TKx
 }
 
 void TKxSeries::ScanExtent(TKxChannel& Channel, int Count) {
-    constexpr int CBlock = 128;
-    std::array<TKxInterval, CBlock> intervals;
     TKxExtentScan scan(GetLeastExtent(Channel));
-    for (int first = 0; first < Count; first += CBlock) {
-        const auto block = std::span(intervals).first(std::size_t(std::min(CBlock, Count - first)));
-        GetIntervals(Channel, first, block);
-        scan.Take(first, block);
-    }
+    if (!GoesByValues() || !scan.TakeEnds(Channel, Count, ScalingOfGaps(Channel)))
+        for (int first = 0; first < Count; first += CPointsAtOnce) {
+            std::array<TKxInterval, CPointsAtOnce> intervals;
+            const auto block =
+                std::span(intervals).first(std::size_t(std::min(CPointsAtOnce, Count - first)));
+            GetIntervals(Channel, first, block);
+            scan.Take(first, block);
+            PointsTouched += block.size();
+        }
     scan.StoreIn(Channel);
     Modified();
 }
@@ -66,17 +70,27 @@ void TKxSeries::ValueChanged(TKxChannel& Channel, int Index, bool WasDeleted) {
     FRangesModified = true;
     const int old = FPointsCount;
     SetPointsCount();
+    const bool placed = FollowChange(Channel) || !GoesByValues();
     if (Index < 0) return RangesModified();
     if (!WasDeleted && PartnerOf(Channel).GetVector()) {
         for (int k = old; k < FPointsCount; ++k) CalcValue(PartnerOf(Channel), k);
         for (int k = old; k < FPointsCount - 1; ++k) CalcValue(Channel, k);
-        for (int k = old; k < FPointsCount - 1; ++k) CalculatePoint(k);
+        for (int k = old; placed && k < FPointsCount - 1; ++k) CalculatePoint(k);
     }
     if (Index > FPointsCount) return;
     if (WasDeleted) return RangesModified();
     CalcValue(Channel, Index);
-    CalculatePoint(Index);
+    if (placed) CalculatePoint(Index);
     InvalidateWorld();
+}
+
+// Points that were placed for the values before a change that is told of need no more than what it tells.
+bool TKxSeries::FollowChange(const TKxChannel& Channel) {
+    std::uint64_t& version = &Channel == &FX ? FPlacing.VersionX : FPlacing.VersionY;
+    if (FPlacing.Count < 0 || version + 1 != Channel.GetVector()->GetVersion()) return false;
+    ++version;
+    FPlacing.Count = FPointsCount;
+    return true;
 }
 
 void TKxSeries::FOnWeightChanged(int, bool) {
@@ -118,11 +132,63 @@ void TKxSeries::CalculatePoints() {
     UpdateChildren(std::exchange(FPointsDirty, false));
 }
 
+TKxPlacing TKxSeries::PresentPlacing() const {
+    return {GetXAxis()->GetMap(),     GetYAxis()->GetMap(), GetXData()->GetVersion(),
+            GetYData()->GetVersion(), FPointsCount,         BreaksAtGaps()};
+}
+
+bool TKxSeries::IsBound() const { return GetXData() && GetYData() && GetXAxis() && GetYAxis(); }
+
+// Of a series that goes by its values, only a line that cannot be kept needs all points.
 void TKxSeries::PlacePoints() {
-    if (GetXData() && GetYData() && GetXAxis() && GetYAxis())
-        CalculateAllPoints();
-    else
+    if (!IsBound())
         FPointsCount = 0;
+    else if (!GoesByValues())
+        CalculateAllPoints();
+    else if (GetDrawingWorld() && DrawsLine() && !KeepsLine())
+        PlaceAll();
+    else if (FPlacing.Count >= 0 && FPlacing != PresentPlacing())
+        ForgetPoints();
+}
+
+bool TKxSeries::KeepsLine() {
+    const bool isSolid = !FLineStyle.GetVisible() || FLineStyle.GetStyle() == psSolid;
+    if (!GoesByValues() || !isSolid || FPointsCount < CReductionThreshold) return false;
+    constexpr int CAir = 4;
+    return FKept.Keep(FX, FY, PresentPlacing(), WorldStretch(FLineStyle.GetWidth() + CAir));
+}
+
+TKxStretch TKxSeries::WorldStretch(int Reach) const {
+    return {-Reach, GetDrawingWorld()->GetWidth() + Reach};
+}
+
+void TKxSeries::ForgetPoints() const {
+    FPlacing = {};
+    FPoints = TKxPointVector();
+}
+
+void TKxSeries::PlaceAll() const {
+    if (FPlacing.Count >= 0 && FPlacing == PresentPlacing()) return;
+    FPlacing = {};
+    FPoints.SetCount(FPointsCount);
+    if (FPointsCount > 0) PlaceBlock(0, {FPoints.GetPointer(0), std::size_t(FPointsCount)});
+    FPlacing = PresentPlacing();
+}
+
+const TKxPointVector& TKxSeries::GetPoints() const {
+    if (GoesByValues() && IsBound() && FPointsCount <= std::min(FX.GetCount(), FY.GetCount())) PlaceAll();
+    return FPoints;
+}
+
+void TKxSeries::PointsFrom(int First, std::span<TPoint> Points) const {
+    const auto known = FPoints.Values();
+    const std::size_t end = std::size_t(First) + Points.size();
+    if (!GoesByValues() || (FPlacing.Count >= 0 && IsBound() && FPlacing == PresentPlacing()))
+        std::ranges::copy(known.subspan(std::size_t(First), Points.size()), Points.begin());
+    else if (IsBound() && end <= std::size_t(std::min(FX.GetCount(), FY.GetCount())))
+        PlaceBlock(First, Points);
+    else
+        std::ranges::fill(Points, TPoint{CNoPixel, CNoPixel});
 }
 
 // Calls no child's calculation and thus no handler, which could change the data again.
@@ -156,25 +222,24 @@ void TKxSeries::CalculateChildPoints() {
 }
 
 void TKxSeries::CalculatePoint(int Index) {
-    if (Index < 0 || Index >= FPointsCount || !GetXAxis() || !GetYAxis()) return;
-    *FPoints.GetPointer(Index) = {FX.PixelOf(Index), FY.PixelOf(Index)};
-    if (BreaksAtGaps()) MarkGaps(Index, Index + 1);
+    if (Index >= 0 && Index < FPointsCount && IsBound()) PlaceBlock(Index, {FPoints.GetPointer(Index), 1});
 }
 
 void TKxSeries::CalculateAllPoints() {
-    if (FPointsCount == 0) return;
-    const std::span points(FPoints.GetPointer(0), std::size_t(FPointsCount));
-    FX.PlaceAll(points);
-    FY.PlaceAll(points);
-    if (BreaksAtGaps()) MarkGaps(0, FPointsCount);
+    if (FPointsCount > 0) PlaceBlock(0, {FPoints.GetPointer(0), std::size_t(FPointsCount)});
 }
 
-void TKxSeries::MarkGaps(int First, int Last) {
-    const auto x = GetXData()->Values(), y = GetYData()->Values();
+void TKxSeries::PlaceBlock(int First, std::span<TPoint> Points) const {
+    FX.Place(First, Points);
+    FY.Place(First, Points);
+    if (BreaksAtGaps()) MarkGaps(First, Points);
+}
+
+void TKxSeries::MarkGaps(int First, std::span<TPoint> Points) const {
+    const double *x = GetXData()->Values().data() + First, *y = GetYData()->Values().data() + First;
     const TKxAxScaling scalingX = FX.GetScaling(), scalingY = FY.GetScaling();
-    TPoint* points = FPoints.GetPointer(0);
-    for (auto i = std::size_t(First); i < std::size_t(Last); ++i)
-        if (!kx::HasPlace(scalingX, x[i]) || !kx::HasPlace(scalingY, y[i])) points[i].X = CNoPixel;
+    for (std::size_t i = 0; i < Points.size(); ++i)
+        if (!kx::HasPlace(scalingX, x[i]) || !kx::HasPlace(scalingY, y[i])) Points[i].X = CNoPixel;
 }
 
 } // namespace kx

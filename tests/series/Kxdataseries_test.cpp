@@ -164,7 +164,7 @@ TEST(DataSeries, DrawsLongLinesInRunsOfTwoThousand) {
     for (const int count : {1, 2000, 2001, 4500}) {
         TFixedForm f;
         auto* series = f.AddSeries<TKxLineSeries>();
-        for (int i = 0; i < count; ++i) f.Fill({{i / 50.0, i % 7 * 10.0}});
+        for (int i = 0; i < count; ++i) f.Fill({{i * 37 % count / 50.0, i % 7 * 10.0}}); // not sorted
         const auto lines = LinesOf(f.Draw(), clRed);
         ASSERT_EQ(int(lines.size()), (count + 1997) / 1999) << count;
         int start = 0;

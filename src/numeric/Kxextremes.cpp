@@ -1,0 +1,198 @@
+#include <kxgraph/numeric/Kxextremes.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+
+namespace kx {
+
+namespace {
+
+constexpr int CShift = 6, CFan = 1 << CShift;
+constexpr double CInfinity = std::numeric_limits<double>::infinity();
+
+int BlocksOf(int Count) { return (Count >> CShift) + ((Count & (CFan - 1)) != 0); }
+
+// Comparisons with what is not a number are false: it never becomes an extreme.
+double Lower(double A, double B) { return A < B ? A : B; }
+double Higher(double A, double B) { return A > B ? A : B; }
+
+} // namespace
+
+/// The best value so far and the block that it was met in: on level -1 the value itself.
+struct TKxExtremes::TBest {
+    double Value;
+    int Level = -1, At = -1;
+};
+
+void TKxExtremes::TLevel::Mark(int Node) {
+    Flags[std::size_t(Node)] |= CStale;
+    if (StaleFirst > StaleLast) StaleFirst = StaleLast = Node;
+    StaleFirst = std::min(StaleFirst, Node);
+    StaleLast = std::max(StaleLast, Node);
+}
+
+// Whether a block is sorted looks back at the last value of the one before.
+void TKxExtremes::Change(int Index) noexcept {
+    if (Index >= FKnown) return;
+    FLevels[0].Mark(Index >> CShift);
+    if (Index + 1 < FKnown) FLevels[0].Mark((Index + 1) >> CShift);
+}
+
+void TKxExtremes::Cut(int Count) noexcept {
+    if (Count >= FKnown) return;
+    FKnown = Count & ~(CFan - 1); // the block that is cut is made anew
+}
+
+void TKxExtremes::MakeRoom(int Count) {
+    std::size_t level = 0;
+    for (int nodes = BlocksOf(Count); nodes > 0; nodes = nodes > CFan ? BlocksOf(nodes) : 0) {
+        if (level == FLevels.size()) FLevels.emplace_back();
+        TLevel& at = FLevels[level++];
+        at.Nodes.resize(std::size_t(nodes));
+        at.Flags.resize(std::size_t(nodes));
+        at.StaleLast = std::min(at.StaleLast, nodes - 1);
+    }
+    FLevels.resize(level);
+}
+
+void TKxExtremes::Update(std::span<const double> Values) {
+    const int count = int(Values.size());
+    if (FKnown != count || FSized != count) {
+        Cut(count);
+        const int known = FKnown;
+        const std::size_t levels = FLevels.size();
+        FKnown = 0; // where memory fails, nothing is known
+        FSized = -1;
+        MakeRoom(count);
+        const int leaves = BlocksOf(count); // the last one also tells those above of blocks that have gone
+        for (int leaf = std::min(known >> CShift, leaves - 1); leaf < leaves; ++leaf)
+            if (leaf >= 0) FLevels[0].Mark(leaf);
+        for (std::size_t level = std::max<std::size_t>(levels, 1); level < FLevels.size(); ++level)
+            for (int node = 0; node < int(FLevels[level].Nodes.size()); ++node) FLevels[level].Mark(node);
+        FKnown = FSized = count;
+    }
+    for (std::size_t level = 0; level < FLevels.size(); ++level) Renew(level, Values);
+}
+
+void TKxExtremes::Renew(std::size_t Level, std::span<const double> Values) {
+    TLevel& at = FLevels[Level];
+    for (int node = at.StaleFirst; node <= at.StaleLast; ++node) {
+        if ((at.Flags[std::size_t(node)] & CStale) == 0) continue;
+        Level == 0 ? RenewLeaf(node, Values) : RenewNode(Level, node);
+        if (Level + 1 < FLevels.size()) FLevels[Level + 1].Mark(node >> CShift);
+    }
+    at.StaleLast = at.StaleFirst - 1;
+}
+
+// In lanes, so that compilers use vectors.
+void TKxExtremes::RenewLeaf(int Leaf, std::span<const double> Values) {
+    constexpr std::size_t CLanes = 4;
+    const std::size_t first = std::size_t(Leaf) << CShift,
+                      last = std::min(first + std::size_t(CFan), Values.size());
+    double low[CLanes], high[CLanes];
+    std::fill_n(low, CLanes, CInfinity);
+    std::fill_n(high, CLanes, -CInfinity);
+    std::size_t i = first;
+    for (; i + CLanes <= last; i += CLanes) {
+        for (std::size_t lane = 0; lane < CLanes; ++lane) {
+            low[lane] = Lower(Values[i + lane], low[lane]);
+            high[lane] = Higher(Values[i + lane], high[lane]);
+        }
+    }
+    for (; i < last; ++i) {
+        low[0] = Lower(Values[i], low[0]);
+        high[0] = Higher(Values[i], high[0]);
+    }
+    FLevels[0].Nodes[std::size_t(Leaf)] = {*std::min_element(low, low + CLanes),
+                                           *std::max_element(high, high + CLanes)};
+    std::int64_t falls = 0, rises = 0, strange = 0;
+    for (i = std::max<std::size_t>(first, 1); i < last; ++i) {
+        falls += !(Values[i - 1] <= Values[i]);
+        rises += !(Values[i - 1] >= Values[i]);
+    }
+    for (i = first; i < last; ++i) strange += Values[i] != Values[i];
+    if (strange > 0) falls = rises = 1; // also a first value that is no number
+    FLevels[0].Flags[std::size_t(Leaf)] =
+        std::uint8_t((falls > 0 ? CFalls : 0) | (rises > 0 ? CRises : 0) | (strange > 0 ? CNotANumber : 0));
+    PointsTouched += last - first;
+}
+
+void TKxExtremes::RenewNode(std::size_t Level, int Node) {
+    const TLevel& below = FLevels[Level - 1];
+    const std::size_t first = std::size_t(Node) << CShift,
+                      last = std::min(first + std::size_t(CFan), below.Nodes.size());
+    TNode node{CInfinity, -CInfinity};
+    std::uint8_t flags = 0;
+    for (std::size_t i = first; i < last; ++i) {
+        node = {Lower(below.Nodes[i].Low, node.Low), Higher(below.Nodes[i].High, node.High)};
+        flags |= below.Flags[i];
+    }
+    FLevels[Level].Nodes[std::size_t(Node)] = node;
+    FLevels[Level].Flags[std::size_t(Node)] = flags;
+}
+
+// From the first value to the last one by the largest blocks that fit.
+TKxExtremes::TEnds TKxExtremes::Of(std::span<const double> Values, int First, int Last) {
+    Update(Values);
+    TBest low{CInfinity}, high{-CInfinity};
+    const auto take = [&](const TNode& Node, int Level, int At) {
+        if (Node.Low < low.Value || (low.At < 0 && Node.Low <= Node.High)) low = {Node.Low, Level, At};
+        if (Node.High > high.Value || (high.At < 0 && Node.Low <= Node.High)) high = {Node.High, Level, At};
+    };
+    for (int i = First; i < Last;) {
+        int level = -1, shift = 0;
+        const auto fits = [&](int Shift) {
+            const int mask = (1 << Shift) - 1;
+            return (i & mask) == 0 && (i + mask < Last || Last == FKnown);
+        };
+        while (level + 1 < int(FLevels.size()) && fits(shift + CShift)) {
+            ++level;
+            shift += CShift;
+        }
+        if (level >= 0) {
+            take(FLevels[std::size_t(level)].Nodes[std::size_t(i >> shift)], level, i >> shift);
+            i = Last - i > 1 << shift ? i + (1 << shift) : Last;
+            continue;
+        }
+        const int end = std::min(Last, (i | (CFan - 1)) + 1);
+        PointsTouched += std::uint64_t(end - i);
+        for (; i < end; ++i) take({Values[std::size_t(i)], Values[std::size_t(i)]}, -1, i);
+    }
+    if (low.At < 0) return {};
+    return {low.Value, high.Value, Find<false>(Values, low), Find<true>(Values, high)};
+}
+
+/// The first value of a block that is the best one.
+template <bool High>
+int TKxExtremes::Find(std::span<const double> Values, const TBest& Best) const {
+    std::size_t at = std::size_t(Best.At);
+    for (int level = Best.Level; level > 0; --level) {
+        at <<= CShift;
+        const auto& nodes = FLevels[std::size_t(level) - 1].Nodes;
+        while ((High ? nodes[at].High : nodes[at].Low) != Best.Value) ++at;
+    }
+    if (Best.Level < 0) return int(at);
+    at <<= CShift;
+    const std::size_t first = at;
+    while (Values[at] != Best.Value) ++at;
+    PointsTouched += at - first + 1;
+    return int(at);
+}
+
+std::uint8_t TKxExtremes::FlagsOf(std::span<const double> Values) {
+    Update(Values);
+    std::uint8_t flags = 0;
+    if (!FLevels.empty())
+        for (const std::uint8_t node : FLevels.back().Flags) flags |= node;
+    return flags;
+}
+
+bool TKxExtremes::AreNumbers(std::span<const double> Values, int First, int Last) {
+    Update(Values);
+    for (int leaf = First >> CShift; leaf < BlocksOf(Last); ++leaf)
+        if ((FLevels[0].Flags[std::size_t(leaf)] & CNotANumber) != 0) return false;
+    return true;
+}
+
+} // namespace kx

@@ -1,0 +1,68 @@
+#pragma once
+// The extremes of any stretch of many values, found without looking at all of them.
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace kx {
+
+/// How many values this thread has looked at so far to find extents, to place points and to draw them. What a
+/// frame has cost is the difference of two readings; for benches and tests.
+inline constinit thread_local std::uint64_t PointsTouched = 0;
+
+/// Least and greatest of blocks of 64 values, of blocks of 64 blocks and so on, with what else is asked of a
+/// whole stretch: whether it is sorted, whether all of it are numbers. Made when first asked for; later only
+/// what has changed or was appended is looked at. Needs a quarter of a byte a value. The values are not kept:
+/// they are given with every question, and whoever owns them tells of changes.
+class TKxExtremes {
+public:
+    /// Where a stretch ends; without a number in it LowAt and HighAt are -1.
+    struct TEnds {
+        double Low = 0, High = 0;
+        int LowAt = -1, HighAt = -1; ///< the first of equal ones
+        bool IsEmpty() const { return LowAt < 0; }
+    };
+
+    /// Value Index is another one.
+    void Change(int Index) noexcept;
+    /// From Count on all may be other ones.
+    void Cut(int Count) noexcept;
+
+    // All of Values are those that were given before but for what was told. Infinite values are numbers.
+    /// The extremes of the values First..Last - 1, which must exist.
+    TEnds Of(std::span<const double> Values, int First, int Last);
+    /// Whether none of Values is less than the one before (greater, for IsDescending) or not a number.
+    bool IsAscending(std::span<const double> Values) { return (FlagsOf(Values) & CFalls) == 0; }
+    bool IsDescending(std::span<const double> Values) { return (FlagsOf(Values) & CRises) == 0; }
+    /// Whether the blocks that hold First..Last - 1 are numbers.
+    bool AreNumbers(std::span<const double> Values, int First, int Last);
+
+private:
+    enum TFlag : std::uint8_t { CFalls = 1, CRises = 2, CNotANumber = 4, CStale = 128 };
+    struct TNode {
+        double Low, High;
+    };
+    struct TLevel {
+        std::vector<TNode> Nodes;
+        std::vector<std::uint8_t> Flags;
+        int StaleFirst = 0, StaleLast = -1; // all stale nodes lie between
+        void Mark(int Node);
+    };
+    struct TBest;
+
+    std::uint8_t FlagsOf(std::span<const double> Values);
+    void Update(std::span<const double> Values);
+    void MakeRoom(int Count);
+    void Renew(std::size_t Level, std::span<const double> Values);
+    void RenewLeaf(int Leaf, std::span<const double> Values);
+    void RenewNode(std::size_t Level, int Node);
+    template <bool High>
+    int Find(std::span<const double> Values, const TBest& Best) const;
+
+    std::vector<TLevel> FLevels;
+    int FKnown = 0;  // so many values are accounted for, but for those in stale blocks
+    int FSized = -1; // so many values have room
+};
+
+} // namespace kx

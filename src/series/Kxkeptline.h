@@ -1,0 +1,54 @@
+#pragma once
+// What a picture needs of a long line: a few points of every column of pixels.
+
+#include <kxgraph/series/Kxchannel.h>
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace kx {
+
+/// All that decides where the points of a series stand. Points that were placed for an equal one stay.
+struct TKxPlacing {
+    TKxAxisMap MapX, MapY;
+    std::uint64_t VersionX = 0, VersionY = 0; ///< of the vectors
+    int Count = -1;
+    bool BreaksAtGaps = false;
+    friend bool operator==(const TKxPlacing&, const TKxPlacing&) = default;
+};
+
+/// A stretch of pixels along X, both ends included.
+struct TKxStretch {
+    int Left = 0, Right = 0;
+    friend bool operator==(const TKxStretch&, const TKxStretch&) = default;
+};
+
+/// The points First..Last - 1.
+struct TKxSection {
+    int First = 0, Last = 0;
+};
+/// Those of the first Count points that may stand in Stretch: all of them unless the x values are sorted.
+TKxSection SectionIn(const TKxChannel& X, int Count, TKxStretch Stretch);
+
+/// The points that a solid line over sorted x values needs, so that every pixel of a stretch along X is the
+/// one that all points would make: of those in one column the first, the least, the greatest and the last
+/// one. Found by halving and by the extremes that vectors keep (Kxextremes.h): a new view costs its columns,
+/// not the points, and one that is as before costs nothing.
+class TKxKeptLine {
+public:
+    /// Finds the points, where they are not known. Placing is that of X and Y, which have an axis and a
+    /// vector each. Returns false where the line cannot be kept so: x values that are not sorted, or gaps
+    /// that interrupt it.
+    bool Keep(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing, TKxStretch Stretch);
+    /// Indices of the points, ascending. With values that are no numbers among them.
+    std::span<const int> Points() const { return FPoints; }
+
+private:
+    TKxPlacing FPlacing;
+    TKxStretch FStretch;
+    bool FIsKept = false;
+    std::vector<int> FPoints;
+};
+
+} // namespace kx
