@@ -30,7 +30,8 @@ void TKxFittedLine::SetOrder(int Order) {
 }
 
 void TKxFittedLine::SetFittingFunction(TKxFittingFkt Function) {
-    StoreFunction(Function, InBlocks(Function));
+    TKxFittingBlockFkt blocks = InBlocks(Function);
+    StoreFunction(std::move(Function), std::move(blocks));
 }
 
 void TKxFittedLine::StoreFunction(TKxFittingFkt Function, TKxFittingBlockFkt Blocks) {

@@ -14,7 +14,7 @@ constexpr int CMostDigits = 18;
 
 } // namespace
 
-TKxResultLabel::TKxResultLabel(TComponent* Owner) : TKxCustomLabel(Owner) { SetResult(); }
+TKxResultLabel::TKxResultLabel(TComponent* Owner) : TKxCustomLabel(Owner) { TKxResultLabel::SetResult(); }
 
 TKxResultLabel::~TKxResultLabel() {
     if (FSeries) FSeries->RemoveResultLabel(this);

@@ -39,7 +39,7 @@ TKx2DGraph::TKx2DGraph(TComponent* Owner)
         grid->SetVisible(false);
         grid->SetStyle(psDot);
     }
-    TKx2DGraph::SetBounds(0, 0, 600, 400);
+    TCustomPanel::SetBounds(0, 0, 600, 400);
     AllGraphs().push_back(this);
 }
 

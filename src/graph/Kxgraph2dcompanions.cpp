@@ -29,6 +29,7 @@ std::vector<TKxGraphCompanion*> TKx2DGraph::CompanionsInOrder() const {
         return A.Component->GetComponentIndex() < B.Component->GetComponentIndex();
     });
     std::vector<TKxGraphCompanion*> companions;
+    companions.reserve(sorted.size());
     for (const auto& [component, companion] : sorted) companions.push_back(companion);
     return companions;
 }

@@ -52,7 +52,7 @@ void TKxRangeUnion::Enter(const TRange* Range) {
 int TKxRangeUnion::Add(TRange* Range) {
     if (!IsComplete()) UpdateAll();
     if (FLeaves.contains(Range)) Remove(Range);
-    const int index = TList::Add(Range);
+    const int index = TRangeList::Add(Range);
     try {
         Enter(Range);
     } catch (...) {

@@ -34,7 +34,7 @@ std::string TakeNumber(std::string& S, T (*Read)(std::string_view, int&)) {
     Read(S, position);
     if (position == 0) return S;
     const auto length = static_cast<std::size_t>(position);
-    const std::string number = S.substr(0, length - 1);
+    std::string number = S.substr(0, length - 1);
     S.erase(0, length);
     return number;
 }

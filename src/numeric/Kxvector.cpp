@@ -33,8 +33,9 @@ int Saturated(std::int64_t Value) { return static_cast<int>(std::min<std::int64_
 } // namespace
 
 void TKxValueIChangedList::Add(const TKxValueIChangedEvent& Event) {
-    const TKxValueIChangedEvent added = Event; // may be one of ours
-    FItems.reserve(FItems.size() + 1);         // so that nothing is removed for nothing
+    // May be one of ours. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const TKxValueIChangedEvent added = Event;
+    FItems.reserve(FItems.size() + 1); // so that nothing is removed for nothing
     Remove(added);
     FItems.push_back(added);
 }

@@ -84,7 +84,7 @@ void TKxIniList::WriteComponentRef(std::string_view Section, std::string_view Id
     if (Component && !Component->GetName().empty()) {
         path = Component->GetName();
         for (const TComponent* owner = Component->GetOwner(); owner; owner = owner->GetOwner())
-            path = owner->GetName() + "." + path;
+            path.insert(0, ".").insert(0, owner->GetName());
         if (path.front() == '.') path.erase(0, 1); // left by the application, which has no name
     }
     WriteString(Section, Ident, path);

@@ -153,7 +153,8 @@ void Describe(TProperty& Property) {
     if constexpr (std::is_enum_v<V>) {
         if constexpr (!std::is_null_pointer_v<std::remove_cvref_t<decltype(CEnumNames<V>)>>)
             Property.ValueNames = CEnumNames<V>;
-    } else if constexpr (std::is_integral_v<V> && sizeof(V) < sizeof(std::int64_t)) {
+    } else if constexpr (std::is_integral_v<V> &&
+                         std::numeric_limits<V>::digits < std::numeric_limits<std::int64_t>::digits) {
         Property.Lowest = std::numeric_limits<V>::lowest();
         Property.Highest = std::numeric_limits<V>::max();
     } else if constexpr (std::is_pointer_v<V>) {
