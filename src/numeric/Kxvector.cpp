@@ -76,7 +76,7 @@ void TKxValueIChangedList::Call(int Index, bool WasDeleted) {
 TKxCustomRealVector::TKxCustomRealVector(TComponent* Owner) : TComponent(Owner) {
     static std::atomic<std::uint64_t> vectors = 0;
     constexpr int CChanges = 40; // bits; the rest tells vectors apart
-    FVersion = ++vectors << CChanges;
+    FVersion = FRewritten = ++vectors << CChanges;
     Resize(FIncrement);
 }
 

@@ -89,8 +89,13 @@ public:
 
     TKxValueIChangedList& Listeners() { return FListeners; }
 
-    /// Another number after every change of the values, and in every vector.
+    /// A greater number after every change of the values, and another one in every vector.
     std::uint64_t GetVersion() const { return FVersion; }
+    /// Whether nothing but appends has happened since GetVersion was Version. False for what was another
+    /// vector's.
+    bool HasOnlyGrownSince(std::uint64_t Version) const {
+        return FRewritten <= Version && Version <= FVersion;
+    }
     /// The extremes of the values First..Last - 1, which must exist; see Kxextremes.h. Costs about the blocks
     /// that have changed since it was last asked for.
     TKxExtremes::TEnds GetEnds(int First, int Last) const { return Extremes().Of(Values(), First, Last); }
@@ -109,11 +114,11 @@ protected:
     void CloseGap(int Index);
     /// To be called when the value Index, or all from First on, are other ones than before.
     void ValueTouched(int Index) noexcept {
-        ++FVersion;
+        NextVersion(Index);
         if (FExtremes) FExtremes->Change(Index);
     }
     void ValuesTouched(int First) noexcept {
-        ++FVersion;
+        NextVersion(First);
         if (FExtremes) FExtremes->Cut(First);
     }
     [[noreturn]] static void RaiseIndex(int Index);
@@ -125,10 +130,16 @@ protected:
 
 private:
     TKxExtremes& Extremes() const;
+    void NextVersion(int First) noexcept {
+        ++FVersion;
+        if (First < FOld) FRewritten = FVersion;
+        FOld = FCount;
+    }
 
     TKxValueIChangedList FListeners;
     mutable std::unique_ptr<TKxExtremes> FExtremes; // made when first asked for
-    std::uint64_t FVersion;
+    std::uint64_t FVersion, FRewritten;
+    int FOld = 0; // so many values were there at the last change
 };
 
 /// A vector that a program fills. It does not call its listeners by itself.

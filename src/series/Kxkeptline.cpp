@@ -51,39 +51,40 @@ TKxSection SortedIn(const TKxChannel& X, int Count, TKxStretch Stretch) {
 /// Gathers what is kept, column by column.
 class TColumns {
 public:
-    /// Of the points that stand in Stretch and one with a number on either side.
-    TColumns(const TKxChannel& X, const TKxChannel& Y, int Count, TKxStretch Stretch, std::vector<int>& Kept)
-        : FX(X), FY(Y), FKept(Kept) {
-        const auto [first, last] = SortedIn(X, Count, Stretch);
-        for (FFirst = first; FFirst > 0 && !IsNumber(--FFirst);) {
-        }
-        for (FEnd = last; FEnd < Count && !IsNumber(FEnd);) ++FEnd;
-        FEnd = std::min(FEnd + 1, Count);
-    }
-    int First() const { return FFirst; }
-    int End() const { return FEnd; }
+    TColumns(const TKxChannel& X, const TKxChannel& Y, std::vector<int>& Kept) : FX(X), FY(Y), FKept(Kept) {}
 
-    void Gather() {
-        for (int i = FFirst; i < FEnd;) {
-            const int end = EndOfColumn(i);
-            KeepColumn(i, end);
-            i = end;
+    /// The points that stand in Stretch and one with a number on either side.
+    TKxSection Section(int Count, TKxStretch Stretch) const {
+        auto [first, last] = SortedIn(FX, Count, Stretch);
+        while (first > 0 && !IsNumber(--first)) {
         }
+        while (last < Count && !IsNumber(last)) ++last;
+        return {first, std::min(last + 1, Count)};
+    }
+    /// Returns the first point of the last column.
+    int Gather(TKxSection Section) {
+        int column = Section.First;
+        for (int i = Section.First; i < Section.Last;) {
+            column = i;
+            i = EndOfColumn(i, Section.Last);
+            KeepColumn(column, i);
+        }
+        return column;
     }
 
 private:
     bool IsNumber(int Index) const { return !std::isnan(FY.GetValue(Index)); }
 
     /// In ever longer steps, then by halving: sparse points cost one step each, many in a column little more.
-    int EndOfColumn(int First) const {
+    int EndOfColumn(int First, int Last) const {
         const int pixel = PixelX(FX, First);
         const auto isBehind = [&](int i) { return PixelX(FX, i) != pixel; };
         int known = First;
-        for (int step = 1; known < FEnd; known += step, step *= 2) {
-            const int next = step < FEnd - known ? known + step : FEnd;
-            if (next == FEnd || isBehind(next)) return FirstBehind(known + 1, next, isBehind);
+        for (int step = 1; known < Last; known += step, step *= 2) {
+            const int next = step < Last - known ? known + step : Last;
+            if (next == Last || isBehind(next)) return FirstBehind(known + 1, next, isBehind);
         }
-        return FEnd;
+        return Last;
     }
 
     // The very last pixel of a line is left out unless it was passed before: what passes it must be there.
@@ -124,7 +125,6 @@ private:
     }
 
     const TKxChannel &FX, &FY;
-    int FFirst = 0, FEnd = 0;
     std::vector<int>& FKept;
 };
 
@@ -142,17 +142,32 @@ TKxSection SectionIn(const TKxChannel& X, int Count, TKxStretch Stretch) {
     return SortedIn(X, Count, Stretch);
 }
 
+// More of the same, under the same maps.
+bool TKxKeptLine::IsAppendedTo(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing) const {
+    TKxPlacing before = Placing;
+    before.VersionX = FPlacing.VersionX;
+    before.VersionY = FPlacing.VersionY;
+    before.Count = FPlacing.Count;
+    return FIsKept && before == FPlacing && Placing.Count >= FPlacing.Count &&
+           X.GetVector()->HasOnlyGrownSince(FPlacing.VersionX) &&
+           Y.GetVector()->HasOnlyGrownSince(FPlacing.VersionY);
+}
+
 bool TKxKeptLine::Keep(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing,
                        TKxStretch Stretch) {
     if (Placing == FPlacing && Stretch == FStretch) return FIsKept;
+    const bool appended = Stretch == FStretch && IsAppendedTo(X, Y, Placing);
     FPlacing = {};
-    FPoints.clear();
     FIsKept = Placing.Count > 0 && IsSorted(X, Placing.Count);
     if (FIsKept) {
-        TColumns columns(X, Y, Placing.Count, Stretch, FPoints);
-        const int first = columns.First(), end = columns.End();
-        FIsKept = !Placing.BreaksAtGaps || (!HasGaps(X, first, end) && !HasGaps(Y, first, end));
-        if (FIsKept) columns.Gather();
+        TColumns columns(X, Y, FPoints);
+        const TKxSection section = columns.Section(Placing.Count, Stretch);
+        const auto hasGaps = [&](const TKxChannel& C) { return HasGaps(C, section.First, section.Last); };
+        const int from = appended ? std::max(FLastColumn, section.First) : section.First;
+        if (!appended) FPoints.clear();
+        while (!FPoints.empty() && FPoints.back() >= from) FPoints.pop_back();
+        FIsKept = !Placing.BreaksAtGaps || (!hasGaps(X) && !hasGaps(Y));
+        if (FIsKept) FLastColumn = columns.Gather({from, section.Last});
     }
     FPlacing = Placing;
     FStretch = Stretch;

@@ -34,7 +34,7 @@ TKxSection SectionIn(const TKxChannel& X, int Count, TKxStretch Stretch);
 /// The points that a solid line over sorted x values needs, so that every pixel of a stretch along X is the
 /// one that all points would make: of those in one column the first, the least, the greatest and the last
 /// one. Found by halving and by the extremes that vectors keep (Kxextremes.h): a new view costs its columns,
-/// not the points, and one that is as before costs nothing.
+/// not the points, an append the last column, and what is as before costs nothing.
 class TKxKeptLine {
 public:
     /// Finds the points, where they are not known. Placing is that of X and Y, which have an axis and a
@@ -45,8 +45,11 @@ public:
     std::span<const int> Points() const { return FPoints; }
 
 private:
+    bool IsAppendedTo(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing) const;
+
     TKxPlacing FPlacing;
     TKxStretch FStretch;
+    int FLastColumn = 0; // the first point of it
     bool FIsKept = false;
     std::vector<int> FPoints;
 };

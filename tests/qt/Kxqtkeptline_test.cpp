@@ -45,6 +45,7 @@ double WithGaps(int Index, unsigned Random, double Before) {
 }
 double Positive(int Index, unsigned Random, double) { return std::exp(Index * 1e-3 + Random % 7); }
 double NearlyPositive(int, unsigned Random, double) { return int(Random % 1000) - 3; }
+double Alternating(int Index, unsigned, double) { return Index % 2 * (10 + Index * 1e-9); }
 double Level(int, unsigned, double) { return 42; }
 
 struct TScene {
@@ -66,6 +67,7 @@ const TScene CScenes[] = {
     {Rising, NearlyPositive, "YAxis1.Scaling=AxLog"},
     {Rising, NearlyPositive, "YAxis1.Scaling=AxLog; XAxis1.Scaling=AxLog; S.BreakAtGaps=1"},
     {Rising, Level, ""},
+    {Rising, Alternating, ""},
     {Level, Walk, ""},
     {Rising, Walk, "S.LineStyle.Style=psDash"},
     {Rising, Walk, "S.PointStyle.Visible=1; S.PointStyle.Style=SyCircle; S.LineStyle.Visible=0"},
@@ -174,6 +176,8 @@ TEST(QtKeptLine, AFrameTouchesWhatChanged) {
     EXPECT_LE(frame(), 150000u); // 64 blocks of 64 a column
     f.YV->SetValue(CCount, 0);   // the maximum has gone
     EXPECT_LE(frame(), 150000u);
+    f.Fill({{CCount + 0.5, 5}}); // the axes stay
+    EXPECT_LE(frame(), 1000u);
 }
 
 } // namespace
