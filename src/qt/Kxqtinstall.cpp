@@ -22,7 +22,7 @@ bool HasDisplay() {
 }
 
 /// While it lives, Qt's warnings go nowhere: without a session there are some about its missing directories,
-/// which a batch program's standard error should not show.
+/// which a batch program's standard error should not show. What Qt would abort for is raised.
 class TQuiet {
 public:
     TQuiet() : FBefore(qInstallMessageHandler(Drop)) {}
@@ -32,7 +32,8 @@ public:
 
 private:
     static void Drop(QtMsgType Type, const QMessageLogContext&, const QString& Message) {
-        if (Type == QtCriticalMsg || Type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(Message));
+        if (Type == QtFatalMsg) throw Exception(Message.simplified().toStdString());
+        if (Type == QtCriticalMsg) std::fprintf(stderr, "%s\n", qPrintable(Message));
     }
     QtMessageHandler FBefore;
 };

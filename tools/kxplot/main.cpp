@@ -7,6 +7,7 @@
 #include "kxplot/options/commandline.h"
 #include "kxplot/options/usageerror.h"
 #include "kxplot/plan/planner.h"
+#include "kxplot/shortmemory.h"
 #include "kxplot/write/framefaults.h"
 #include "kxplot/write/outputs.h"
 
@@ -15,8 +16,10 @@
 #include <kxgraph/qt/Kxqtinstall.h>
 #include <kxgraph/table/Kxtable.h>
 
+#include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -50,9 +53,10 @@ int Draw(const TOptions& Options) {
     picture.Apply();
     const TFindings found = Fit(picture.GetParts());
     picture.Finish(found.Labels);
-    WriteOutputs(picture, found.Results, Options.Outputs, faults);
+    const std::vector<std::string> notices = NoticesOf(picture.GetParts()); // nothing can fail any more after
+    WriteOutputs(picture, found.Results, Options.Outputs, faults);          // this but writing
     if (Options.Outputs.Results == "-") Print(found.Results);
-    TellAll(NoticesOf(picture.GetParts()));
+    TellAll(notices);
     TellAll(found.Failures);
     TellAll(found.Remarks);
     if (found.Interrupted) return CInterrupted;
@@ -64,9 +68,21 @@ int Complain(const std::exception& Error, int Status) {
     return Status;
 }
 
+/// For what is thrown where nothing may be, as libraries do when memory runs out.
+[[noreturn]] void EndThrown() {
+    try {
+        if (const auto thrown = std::current_exception()) std::rethrow_exception(thrown);
+    } catch (const std::bad_alloc&) {
+    } catch (const std::exception& error) {
+        std::_Exit(Complain(error, CFailure));
+    }
+    EndOutOfMemory();
+}
+
 } // namespace
 
 int main(int Count, char** Arguments) {
+    std::set_terminate(EndThrown);
     try {
         const auto options = ParseOptions(Count, Arguments);
         return options ? Draw(*options) : 0;

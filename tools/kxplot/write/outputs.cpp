@@ -1,6 +1,7 @@
 #include "kxplot/write/outputs.h"
 
 #include "kxplot/options/usageerror.h"
+#include "kxplot/shortmemory.h"
 #include "kxplot/write/signals.h"
 
 #include <kxgraph/platform/base/exceptions.h>
@@ -93,6 +94,7 @@ void WriteOutputs(TPicture& Picture, const std::string& Results, const TOutputRe
                                                           : Picture.GetOutfit());
     }
     Faults.Check();
+    LetAllocationsFail();
     std::optional<TSignalsHeld> held(std::in_place);
     kx::TFileGroup files;
     for (const auto& [name, text] : contents) {
