@@ -4,14 +4,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace kx {
 
 namespace {
 
 constexpr std::size_t CBlock = 128; // points; what is held of them stays in the first cache
-constexpr double CLargest = std::numeric_limits<double>::max();
 
 /// The points of a block that take part and have a weight, one behind the other, and zeros behind the last. A
 /// point without weight must not even be multiplied by it: its powers may overflow.

@@ -17,14 +17,14 @@ TEST(CaptionFit, FindsTheFewestStepsAndTheLongestBeginningWithFewTrials) {
     const std::pair<std::size_t, const char*> cases[] = {
         {9, "äbö"}, {5, "äbö"}, {4, "äb"}, {2, "ä"}, {1, ""}};
     for (const auto& [room, expected] : cases)
-        EXPECT_EQ(LongestFitting("äböx", [&](const auto& S) { return S.size() <= room; }), expected) << room;
+        EXPECT_EQ(LongestFitting("äböx", [most = room](const auto& S) { return S.size() <= most; }), expected) << room;
     EXPECT_EQ(LongestFitting("", [](const auto&) { return true; }), "");
     EXPECT_EQ(Shortened("a\\bc", ": d", [](const auto& S) { return S.size() <= 10; }), "a\\\\b…: d");
     int points = 12;
     const auto takeOff = [&](int Steps) { points = 12 - Steps; };
     for (const auto& [room, fitting] : {std::pair{20, 12}, {12, 12}, {10, 10}, {8, 8}, {1, 8}}) {
         points = 12;
-        ShrinkToFit(12, takeOff, [&] { return points <= room; });
+        ShrinkToFit(12, takeOff, [&, most = room] { return points <= most; });
         EXPECT_EQ(points, fitting) << room;
     }
 }
