@@ -12,6 +12,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace {
@@ -139,6 +140,44 @@ void FitLineByFormula(benchmark::State& State) {
     FitLine(State, [](TLine& Fit) { kx::SetFormula(Fit.Line, "a*exp(-b*x)+c"); });
 }
 
+/// A model of two exponentials at many points, for what one evaluation of one point costs.
+template <class F>
+void TwoDecays(benchmark::State& State, F Evaluate) {
+    const TFit fit(State.range(0));
+    std::vector<double> y(fit.X.size());
+    for (auto _ : State) {
+        Evaluate(std::span(fit.X), std::span(y));
+        benchmark::DoNotOptimize(y.data());
+        benchmark::ClobberMemory();
+    }
+    State.SetItemsProcessed(State.iterations() * State.range(0));
+}
+
+constexpr double CDecays[] = {2, 0.8, 1, 0.1};
+
+void TwoDecaysByFunction(benchmark::State& State) {
+    double (*volatile model)(double, const double*) = [](double x, const double* c) {
+        return c[0] * std::exp(-c[1] * x) + c[2] * std::exp(-c[3] * x);
+    };
+    TwoDecays(State, [&](std::span<const double> x, std::span<double> y) {
+        for (std::size_t i = 0; i < x.size(); ++i) y[i] = model(x[i], CDecays);
+    });
+}
+
+template <bool InBlocks>
+void TwoDecaysByFormula(benchmark::State& State) {
+    kx::TKxFormula formula("a*exp(-b*x)+c*exp(-d*x)");
+    TwoDecays(State, [&](std::span<const double> x, std::span<double> y) {
+        if (InBlocks)
+            formula.Evaluate(x, CDecays, y);
+        else
+            for (std::size_t i = 0; i < x.size(); ++i) y[i] = formula.Evaluate(x[i], CDecays);
+    });
+}
+
+BENCHMARK(TwoDecaysByFunction)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(TwoDecaysByFormula<true>)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(TwoDecaysByFormula<false>)->Arg(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(FitLineByFunction)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(FitLineByFormula)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(FitSimplex)->Arg(10)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond);

@@ -1,5 +1,6 @@
 #include <kxgraph/formula/Kxformula.h>
 
+#include <kxgraph/formula/Kxformulablocks.h>
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
@@ -96,6 +97,7 @@ int PlaceOf(const std::string& Name, const std::string& Text) {
 struct TKxFormula::TParser {
     mu::Parser Parser;
     std::vector<double> Values;
+    TKxFormulaBlocks Blocks;
 
     void Bind(const std::vector<std::string>& Names) {
         Parser.ClearVar();
@@ -146,17 +148,19 @@ void TKxFormula::SetCoefficientNames(const std::vector<std::string>& Names) {
         int results = 0;
         FParser->Parser.Eval(results); // makes the code: everything that is wrong shows now
         if (results != 1) RaiseAt(FText, "the formula gives several values", 0);
+        FParser->Blocks = {FParser->Parser.GetByteCode(), FParser->Values.data()};
     } catch (const mu::ParserError& error) {
         Raise(FText, error);
     }
     FCoefficientNames = Names;
 }
 
-// Point by point: what muParser evaluates as a block it parses anew each time.
+// muParser's own evaluation of many points parses anew each time.
 void TKxFormula::Evaluate(std::span<const double> X, std::span<const double> Coefficients,
                           std::span<double> Y) {
     auto& values = FParser->Values;
     std::copy_n(Coefficients.begin(), std::min(Coefficients.size(), values.size() - 1), values.begin() + 1);
+    if (X.size() > 1 && FParser->Blocks.IsComplete()) return FParser->Blocks.Evaluate(X, Y);
     for (std::size_t i = 0; i < X.size(); ++i) {
         values[0] = X[i];
         Y[i] = FParser->Parser.Eval();

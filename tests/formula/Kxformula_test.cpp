@@ -1,12 +1,18 @@
 #include <kxgraph/formula/Kxformula.h>
+#include <kxgraph/formula/Kxformulablocks.h>
 
 #include "support/graphfixture.h"
 
+#include <bit>
 #include <chrono>
 #include <clocale>
 #include <cmath>
+#include <cstdint>
 #include <locale>
 #include <numbers>
+#include <random>
+
+#include <muParser.h>
 
 namespace kx {
 namespace {
@@ -37,6 +43,61 @@ TEST(Formula, GivesTheValuesOfItsTextForAnyNumberOfPoints) {
         for (std::size_t i = 0; i < x.size(); ++i)
             ASSERT_NEAR(y[i], function(x[i], 1.7, -0.3), 1e-14) << text << " at " << x[i];
         EXPECT_NEAR(formula.Evaluate(0.4, coefficients), function(0.4, 1.7, -0.3), 1e-14);
+    }
+}
+
+/// A formula of all that users can type, as deep as it comes.
+class TRandomText {
+public:
+    std::string Next(int Depth) {
+        const auto part = [&] { return Next(Depth - 1); };
+        switch (FRandom() % (Depth > 0 ? 6 : 1)) {
+        case 0: return OneOf({"x", "x", "a", "b", "2", "0", "1.5e-1", "-1", "x^2", "x^3", "x^4", "2*x+1"});
+        case 1: return "(" + part() + OneOf({"?", ">1?"}) + part() + ":" + part() + ")";
+        case 2: return OneOf({"min(", "max(", "sum(", "avg("}) + part() + "," + part() + "," + part() + ")";
+        case 3: return "atan2(" + part() + "," + part() + ")";
+        case 4: return OneOf(CFunctions) + "(" + part() + ")";
+        default: return "(" + part() + ")" + OneOf(COperators) + OneOf({"", "-", "+"}) + "(" + part() + ")";
+        }
+    }
+    using TTexts = std::vector<std::string>;
+    const TTexts COperators = {"+", "-", "*", "/", "^", "<", ">", "<=", ">=", "==", "!=", "&&", "||"};
+    const TTexts CFunctions = {"sin",   "cos",  "tan",   "asin",  "acos",  "atan", "sinh",
+                               "cosh",  "tanh", "asinh", "acosh", "atanh", "log",  "log2",
+                               "log10", "ln",   "exp",   "sqrt",  "sign",  "rint", "abs"};
+
+private:
+    std::string OneOf(const TTexts& Texts) { return Texts[FRandom() % Texts.size()]; }
+    std::mt19937 FRandom{1};
+};
+
+TEST(Formula, GivesInBlocksBitForBitWhatItGivesPointByPoint) {
+    TRandomText random;
+    EXPECT_EQ(mu::Parser().GetFunDef().size(), random.CFunctions.size() + 5) << "functions are missing here";
+    std::vector<double> xs = {0, -0.0, 1, -1, 1e300, -1e-310, INFINITY, -INFINITY, NAN};
+    for (int i = 0; i < 700; ++i) xs.push_back(std::sinh(i * 0.05 - 17)); // more than two blocks
+    std::vector<double> block(xs.size());
+    double x = 0, a = 1.7, b = -0.3;
+    mu::Parser parser;
+    parser.DefineVar("x", &x);
+    parser.DefineVar("a", &a);
+    parser.DefineVar("b", &b);
+    for (int run = 0; run < 3000; ++run) {
+        const std::string text = random.Next(run % 6);
+        parser.SetExpr(text);
+        parser.Eval();
+        TKxFormulaBlocks blocks(parser.GetByteCode(), &x);
+        ASSERT_TRUE(blocks.IsComplete()) << text;
+        blocks.Evaluate(xs, block);
+        std::size_t differing = 0;
+        for (std::size_t i = 0; i < xs.size(); ++i) {
+            x = xs[i];
+            const double point = parser.Eval();
+            differing += std::isnan(point)
+                             ? !std::isnan(block[i])
+                             : std::bit_cast<std::uint64_t>(point) != std::bit_cast<std::uint64_t>(block[i]);
+        }
+        ASSERT_EQ(differing, 0) << text;
     }
 }
 
