@@ -20,6 +20,9 @@ public:
     static AnsiString CalculationID() { return "Approximative Spline Differentiation"; }
     AnsiString GetCalculationID() const override { return CalculationID(); }
     AnsiString GetFormula() const override { return "Differentiation"; }
+
+protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxASplineDifferential>(); }
 };
 
 } // namespace kx

@@ -13,6 +13,9 @@ public:
     static AnsiString CalculationID() { return "Approximative Spline Integral"; }
     AnsiString GetCalculationID() const override { return CalculationID(); }
     AnsiString GetFormula() const override { return "Integration"; }
+
+protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxASplineIntegral>(); }
 };
 
 } // namespace kx

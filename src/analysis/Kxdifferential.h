@@ -19,6 +19,9 @@ public:
     static AnsiString CalculationID() { return "Differentiation"; }
     AnsiString GetCalculationID() const override { return CalculationID(); }
     AnsiString GetFormula() const override { return CalculationID(); }
+
+protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxDifferential>(); }
 };
 
 } // namespace kx

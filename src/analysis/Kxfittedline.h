@@ -102,6 +102,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxFittedLine>(); }
     void CalculateFunction() override;
     /// Moves the coefficients to the smallest sum. Raises EMathError "Simplex Fit: no order set!", "Simplex
     /// Fit: no iterations set!", "Not enough data!" for fewer points than coefficients, "Reciprocal

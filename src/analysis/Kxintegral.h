@@ -13,6 +13,9 @@ public:
     static AnsiString CalculationID() { return "Integration"; }
     AnsiString GetCalculationID() const override { return CalculationID(); }
     AnsiString GetFormula() const override { return CalculationID(); }
+
+protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxIntegral>(); }
 };
 
 } // namespace kx

@@ -70,6 +70,9 @@ public:
     AnsiString GetCalculationID() const override { return CalculationID(); }
     AnsiString GetFormula() const override { return CalculationID(); }
     double GetY(double X) const override { return Polynom().Interpolate(X); }
+
+protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxInterpolatedLine>(); }
 };
 
 } // namespace kx

@@ -53,6 +53,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxLinearRegressionLine>(); }
     void CalculateFunction() override;
 
 private:

@@ -39,6 +39,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxPolynomLine>(); }
     void CalculateFunction() override;
 
 private:

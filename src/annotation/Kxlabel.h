@@ -66,6 +66,9 @@ public:
     explicit TKxLabel(TComponent* Owner) : TKxCustomLabel(Owner) {}
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
+
+protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxLabel>(); }
 };
 
 } // namespace kx

@@ -107,6 +107,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxLegend>(); }
     void Paint() override;
     void CMFontChanged() override;
     void CMTextChanged() override;

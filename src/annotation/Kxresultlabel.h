@@ -49,6 +49,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxResultLabel>(); }
     void Notification(TComponent* Component, TOperation Operation) override;
 
 private:

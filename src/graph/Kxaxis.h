@@ -254,6 +254,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxAxis>(); }
     void Paint() override;
     void CMFontChanged() override;
     void CMTextChanged() override;

@@ -45,6 +45,7 @@ public:
     void Invalidate() override;
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxDrawingWorld>(); }
     void Paint() override;
     void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
     void MouseMove(TShiftState Shift, int X, int Y) override;
@@ -164,6 +165,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKx2DGraph>(); }
     friend class TKxDrawingWorld;
     void Paint() override;
     bool PaintsChildren() const override { return NotUpdating(); }

@@ -6,6 +6,8 @@
 #include <kxgraph/platform/objects/guarded.h>
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace kx {
 
@@ -39,14 +41,14 @@ void TKxDrawingWorld::Invalidate() {
 }
 
 void TKxDrawingWorld::ReorderSeriesList() {
-    std::vector<TKxGraphSeries*> sorted(FSeriesList.begin(), FSeriesList.end());
-    const auto precedes = [](const TKxGraphSeries* A, const TKxGraphSeries* B) {
-        return A->GetComponentIndex() < B->GetComponentIndex();
-    };
+    std::vector<std::pair<int, TKxGraphSeries*>> sorted; // with their indices, which are asked for once
+    sorted.reserve(static_cast<std::size_t>(FSeriesList.GetCount()));
+    for (auto* series : FSeriesList) sorted.emplace_back(series->GetComponentIndex(), series);
+    const auto precedes = [](const auto& A, const auto& B) { return A.first < B.first; };
     if (std::is_sorted(sorted.begin(), sorted.end(), precedes)) return;
     std::stable_sort(sorted.begin(), sorted.end(), precedes);
     FSeriesList.Clear();
-    for (auto* series : sorted) FSeriesList.Add(series);
+    for (const auto& [index, series] : sorted) FSeriesList.Add(series);
 }
 
 void TKxDrawingWorld::Paint() {

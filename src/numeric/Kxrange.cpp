@@ -4,41 +4,6 @@
 
 namespace kx {
 
-void TRange::SetStart(double Start) {
-    FStart = Start;
-    DoOnChanged();
-}
-
-void TRange::SetStop(double Stop) {
-    FStop = Stop;
-    DoOnChanged();
-}
-
-void TRange::SetStartStop(double Start, double Stop) {
-    FStart = Start;
-    FStop = Stop;
-    DoOnChanged();
-}
-
-void TRange::Reset() {
-    FStart = CMaxReal;
-    FStop = -CMaxReal;
-}
-
-TRangeChangedResult TRange::IfRangeChanged(const double X) {
-    TRangeChangedResult result = rgNotChanged;
-    if (X < FStart) {
-        FStart = X;
-        result = rgMinChanged;
-    }
-    if (X > FStop) {
-        FStop = X;
-        result = result == rgMinChanged ? rgBothChanged : rgMaxChanged;
-    }
-    if (result != rgNotChanged) DoOnChanged();
-    return result;
-}
-
 void TRange::Assign(const TPersistent& Source) {
     const auto* range = dynamic_cast<const TRange*>(&Source);
     if (!range) throw EConvertError("Cannot be assigned to TRange");
@@ -59,8 +24,8 @@ int TRangeList::Add(TRange* Range) {
 }
 
 int TRangeList::Remove(TRange* Range) {
-    const int first = IndexOf(Range);
-    if (first >= 0) std::erase(FItems, Range);
+    const int first = TList::Remove(Range);
+    for (int next = first; next >= 0;) next = TList::Remove(Range);
     return first;
 }
 

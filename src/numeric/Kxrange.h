@@ -23,14 +23,28 @@ public:
     double GetStart() const { return FStart; }
     double GetStop() const { return FStop; }
     /// The setters call OnChanged every time, also for an equal value.
-    void SetStart(double Start);
-    void SetStop(double Stop);
-    void SetStartStop(double Start, double Stop);
+    void SetStart(double Start) { SetStartStop(Start, FStop); }
+    void SetStop(double Stop) { SetStartStop(FStart, Stop); }
+    void SetStartStop(double Start, double Stop) {
+        FStart = Start;
+        FStop = Stop;
+        DoOnChanged();
+    }
 
     /// Makes the range empty, without a call of OnChanged.
-    void Reset();
+    void Reset() {
+        FStart = CMaxReal;
+        FStop = -CMaxReal;
+    }
     /// Widens the range to include X; calls OnChanged once if an end moved. A NaN moves none.
-    TRangeChangedResult IfRangeChanged(const double X);
+    TRangeChangedResult IfRangeChanged(const double X) {
+        const bool lower = X < FStart;
+        if (lower) FStart = X;
+        const bool higher = X > FStop;
+        if (higher) FStop = X;
+        if (lower || higher) DoOnChanged();
+        return lower ? higher ? rgBothChanged : rgMinChanged : higher ? rgMaxChanged : rgNotChanged;
+    }
     void DoOnChanged() { OnChanged(this); }
 
     /// Takes the ends of another TRange, not its OnChanged, and calls OnChanged.

@@ -26,12 +26,12 @@ void TKxRangeUnion::Put(std::size_t Leaf, TEnds Ends) {
 }
 
 void TKxRangeUnion::UpdateAll() {
-    const std::size_t leaves = std::bit_ceil(FItems.size() + 1);
+    const std::size_t leaves = std::bit_ceil(static_cast<std::size_t>(GetCount()) + 1);
     std::vector<TEnds> nodes(2 * leaves);
     std::unordered_map<const TRange*, std::size_t> places;
     std::vector<std::size_t> free;
     free.reserve(leaves);
-    for (const TRange* range : FItems) {
+    for (const TRange* range : *this) {
         nodes[leaves + places.size()] = EndsOf(*range);
         places.emplace(range, leaves + places.size());
     }
@@ -56,7 +56,7 @@ int TKxRangeUnion::Add(TRange* Range) {
     try {
         Enter(Range);
     } catch (...) {
-        FItems.pop_back();
+        Delete(index);
         throw;
     }
     return index;

@@ -35,7 +35,7 @@ private:
     void Put(std::size_t Leaf, TEnds Ends);
     void Enter(const TRange* Range);
     /// The list has operations that tell nobody.
-    bool IsComplete() const { return FLeaves.size() == FItems.size(); }
+    bool IsComplete() const { return FLeaves.size() == static_cast<std::size_t>(GetCount()); }
 
     // Node k holds nodes 2k and 2k + 1, and node 1 all; the second half of them are the ranges.
     std::vector<TEnds> FNodes{2};

@@ -41,6 +41,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxArrowSeries>(); }
     void Notification(TComponent* Component, TOperation Operation) override;
     void GetIntervals(const TKxChannel& Channel, int First, std::span<TKxInterval> Intervals) const override;
     void CalculatePoint(int Index) override;

@@ -79,6 +79,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxBarSeries>(); }
     void DataChanged(const TKxCustomRealVector* Vector) override;
     /// The smaller of the number of bins and the number of values; there is one point more.
     void SetPointsCount() override;

@@ -26,6 +26,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxLineSeries>(); }
     bool BreaksAtGaps() const override { return FBreakAtGaps; }
 
 private:
@@ -44,6 +45,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxDataSeries>(); }
     void DrawMarks(TCanvas& Canvas) override { DrawPoints(Canvas); }
     void DrawSampleMark(TCanvas& Canvas, const TRect& Rect) override;
     /// Pen and brush of the symbols.
@@ -84,6 +86,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxDataWithErrorSeries>(); }
     void Notification(TComponent* Component, TOperation Operation) override;
     void GetIntervals(const TKxChannel& Channel, int First, std::span<TKxInterval> Intervals) const override;
     void CalculatePoint(int Index) override;

@@ -140,11 +140,66 @@ TEST(Component, LetsListenersDeleteOrMeetOthersWhileOneGoes) {
     all[3]->OnRemoved = [&] { delete all[2]; };
     outside.OnRemoved = [&] { outside.Watch(all[3]); };
     delete all[4];
-    EXPECT_EQ(owner->GetComponents(), (std::vector<TComponent*>{all[1], all[3]}));
+    const auto& left = owner->GetComponents();
+    EXPECT_EQ(std::vector(left.begin(), left.end()), (std::vector<TComponent*>{all[1], all[3]}));
     outside.OnRemoved = [&] { outside.Watch(owner); }; // which is going itself
     delete owner;
     EXPECT_EQ(outside.Removed, 3);
     EXPECT_EQ(outside.Partner, nullptr);
+}
+
+/// Counts what it is told; as a class of the library it wants to hear of partners alone.
+class TQuiet : public TComponent {
+public:
+    using TComponent::TComponent;
+    mutable int Asked = 0;
+    int Told = 0;
+
+protected:
+    bool HearsOfAll() const override {
+        ++Asked;
+        return IsBeyond<TQuiet>();
+    }
+    void Notification(TComponent* Component, TOperation Operation) override {
+        TComponent::Notification(Component, Operation);
+        Told += Operation == opRemove;
+    }
+};
+/// Is derived from it, so that its own Notification might care for anybody.
+class TCurious : public TQuiet {
+public:
+    using TQuiet::TQuiet;
+};
+
+TEST(Component, TellsThoseThatAskedForItAloneUnlessTheyHearOfAll) {
+    for (const bool moves : {false, true}) {
+        TWatcher owner(nullptr), other(nullptr);
+        TQuiet stranger(&owner), partner(&owner), parent(&owner), outside(&other);
+        TCurious curious(&owner), inner(&parent), known(&owner);
+        for (int round = 1; round <= 20; ++round) {
+            auto* guest = new TComponent(&owner);
+            for (TComponent* one : {(TComponent*)&partner, (TComponent*)&outside, (TComponent*)&known})
+                one->FreeNotification(guest);
+            if (moves) other.InsertComponent(guest);
+            EXPECT_EQ(partner.Told, round - 1) << "a partner keeps its reference in a move";
+            EXPECT_EQ(known.Told, round - 1);
+            delete guest;
+            EXPECT_EQ(partner.Told, round);
+            EXPECT_EQ(known.Told, round) << "once each";
+            EXPECT_EQ(outside.Told, round);
+            EXPECT_EQ(curious.Told, round);
+            EXPECT_EQ(inner.Told, round) << "through one that does not want to know";
+            EXPECT_EQ(parent.Told, 0);
+        }
+        EXPECT_EQ(stranger.Told, 0);
+        EXPECT_EQ(stranger.Asked, 1) << "costs nothing from then on";
+        owner.RemoveComponent(&stranger);
+        owner.InsertComponent(&stranger);
+        TCurious late(&stranger); // makes its owner pass on again what it does not want to know itself
+        delete new TComponent(&owner);
+        EXPECT_EQ(late.Told, 1);
+        EXPECT_EQ(stranger.Told, 0);
+    }
 }
 
 TEST(Component, HasAnIdentifierForANameThatIsUniqueWithinTheOwner) {

@@ -39,6 +39,7 @@ void TControl::SetBounds(int Left, int Top, int Width, int Height) {
     if (bounds == FBounds) return;
     Invalidate();
     FBounds = bounds;
+    EndRequests();
     Invalidate();
     if (FParent) FParent->ControlsChanged(this);
 }
@@ -49,6 +50,7 @@ void TControl::AddSettledState(std::vector<double>& State) const {
 
 void TControl::SetAlign(TAlign Align) {
     if (FAlign == Align) return;
+    if (FParent) FParent->FAligned += (Align != alNone) - (FAlign != alNone);
     FAlign = Align;
     if (FParent) FParent->ControlsChanged(this);
 }
@@ -57,6 +59,7 @@ void TControl::SetVisible(bool Visible) {
     if (FVisible == Visible) return;
     Invalidate();
     FVisible = Visible;
+    EndRequests();
     Invalidate();
     if (FParent && !Visible) FParent->ReleaseMouse(*this);
     CMVisibleChanged();
@@ -72,7 +75,10 @@ void TControl::SetEnabled(bool Enabled) {
 
 void TControl::Invalidate() {
     AssertOwnThread();
+    if (FRequested == FRequests) return;
+    const std::uint64_t round = FRequests; // a window that paints at once ends it
     InvalidateRect(GetClientRect());
+    FRequested = round;
 }
 
 void TControl::InvalidateRect(const TRect& Rect) {

@@ -7,6 +7,7 @@
 #include <kxgraph/platform/objects/component.h>
 #include <kxgraph/platform/objects/typenames.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -93,7 +94,7 @@ public:
     TCursor GetDragCursor() const { return FDragCursor; }
     void SetDragCursor(TCursor Cursor) { FDragCursor = Cursor; }
 
-    /// Asks for a paint by the next frame.
+    /// Asks for a paint by the next frame. Costs nothing where that was asked for already.
     virtual void Invalidate();
     /// Asks for a paint of a rectangle in this control's pixels.
     void InvalidateRect(const TRect& Rect);
@@ -159,6 +160,12 @@ protected:
     virtual void DblClick();
     /// Paints on Canvas, whose origin is this control's top left and whose clip is its visible part.
     virtual void PaintOn(TCanvas& Canvas);
+    /// Ends a round of requests for paints. A control that has asked for all of itself in the present round
+    /// asks no more in it, for its window is going to paint all that shows of it, or nothing does. So a round
+    /// ends wherever that may cease to be true: a window takes what it was asked for, or loses it, or comes
+    /// or goes; a control changes its place, its parent or its visibility. One round serves all windows: one
+    /// that ends too early costs a request, one that goes on too long a frame.
+    static void EndRequests() { ++FRequests; }
     /// The bounds that SetBounds makes of these numbers.
     static TRect LimitedBounds(int Left, int Top, int Width, int Height);
 
@@ -173,7 +180,10 @@ private:
     void PrepareDrag(TPoint Pos);
     void PopUpMenuAt(TPoint Pos);
 
+    static inline std::uint64_t FRequests = 1; // the number of the round
+    std::uint64_t FRequested = 0;              // that of the last request for all of the control
     TWinControl* FParent = nullptr;
+    TOrdered<TControl> FPlace{this}; // among the parent's controls
     TRect FBounds;
     TAlign FAlign = alNone;
     bool FVisible = true;
@@ -215,10 +225,10 @@ public:
     explicit TWinControl(TComponent* Owner);
     ~TWinControl() override;
 
-    int GetControlCount() const { return static_cast<int>(FControls.size()); }
+    int GetControlCount() const { return static_cast<int>(FControls.GetCount()); }
     TControl* GetControl(int Index) const;
     /// Children from the bottom to the top, windowed ones above all graphic ones.
-    const std::vector<TControl*>& GetControls() const { return FControls; }
+    const TOrder<TControl>& GetControls() const { return FControls; }
     /// Whether Control is this one or lies in its tree.
     bool ContainsControl(const TControl* Control) const;
     /// The topmost visible child at Pos (this control's pixels) that is enabled; null when there is none.
@@ -254,6 +264,8 @@ private:
     void InsertControl(TControl* Control);
     void RemoveControl(TControl* Control);
     void Restack(TControl* Control, bool ToFront);
+    void Stack(TControl* Control, bool ToFront);
+    void Unstack(TControl* Control);
     TControl* MouseTarget(TPoint& Pos);
     TControl* DeepestAt(TPoint& Pos);
     void ReleaseMouse(const TControl& Control);
@@ -267,7 +279,9 @@ private:
     void ForgetDrag(const TControl& Control);
 
     struct TDispatch;
-    std::vector<TControl*> FControls;
+    TOrder<TControl> FControls;
+    std::size_t FGraphics = 0; // come first among them
+    int FAligned = 0;          // of them are not alNone
     // In the topmost parent:
     TControl* FCaptured = nullptr;
     TControl* FPressed = nullptr;

@@ -53,8 +53,10 @@ TWinControl::~TWinControl() {
         dispatch->Root = nullptr;
         dispatch->Target = nullptr;
     }
-    for (TControl* control : FControls) {
+    while (!FControls.IsEmpty()) {
+        TControl* control = FControls.Last();
         ForgetMouse(*control);
+        FControls.Remove(control->FPlace);
         control->FParent = nullptr;
     }
 }
@@ -94,11 +96,11 @@ TControl* TWinControl::DeepestAt(TPoint& Pos) {
 }
 
 TControl* TWinControl::ControlAt(TPoint Pos) const {
-    const auto takes = [Pos](const TControl* C) {
-        return C->GetVisible() && C->GetEnabled() && C->GetBoundsRect().Contains(Pos);
-    };
-    const auto found = std::find_if(FControls.rbegin(), FControls.rend(), takes);
-    return found == FControls.rend() ? nullptr : *found;
+    TControl* topmost = nullptr;
+    for (TControl* control : FControls)
+        if (control->GetVisible() && control->GetEnabled() && control->GetBoundsRect().Contains(Pos))
+            topmost = control;
+    return topmost;
 }
 
 void TControl::SetMouseCapture(bool Capture) {

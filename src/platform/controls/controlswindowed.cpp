@@ -40,7 +40,7 @@ void PlaceAligned(TControl& Control, TRect& Free) {
 TWinControl::TWinControl(TComponent* Owner) : TControl(Owner) {}
 
 TControl* TWinControl::GetControl(int Index) const {
-    return FControls[CheckedIndex(Index, FControls.size())];
+    return FControls.At(CheckedIndex(Index, FControls.GetCount())).Item;
 }
 
 bool TWinControl::ContainsControl(const TControl* Control) const {
@@ -49,9 +49,10 @@ bool TWinControl::ContainsControl(const TControl* Control) const {
 }
 
 void TWinControl::InsertControl(TControl* Control) {
-    FControls.push_back(Control);
     Control->FParent = this;
-    Restack(Control, true);
+    if (Control->FAlign != alNone) ++FAligned;
+    EndRequests();
+    Stack(Control, true);
     if (Control->FParentFont) Control->TakeParentFont();
     if (Control->FParentColor) Control->TakeParentColor();
     if (Control->FParentShowHint) Control->TakeParentShowHint();
@@ -61,23 +62,35 @@ void TWinControl::InsertControl(TControl* Control) {
 void TWinControl::RemoveControl(TControl* Control) {
     ForgetMouse(*Control);
     if (Control->FVisible) InvalidateRect(Control->FBounds);
-    std::erase(FControls, Control);
+    Unstack(Control);
+    if (Control->FAlign != alNone) --FAligned;
     Control->FParent = nullptr;
+    EndRequests();
     ControlsChanged(Control);
 }
 
 void TWinControl::Restack(TControl* Control, bool ToFront) {
-    std::erase(FControls, Control);
-    const auto firstWindowed = std::ranges::find_if(FControls, IsWindowed);
-    if (IsWindowed(Control))
-        FControls.insert(ToFront ? FControls.end() : firstWindowed, Control);
-    else
-        FControls.insert(ToFront ? firstWindowed : FControls.begin(), Control);
+    Unstack(Control);
+    Stack(Control, ToFront);
+}
+
+void TWinControl::Stack(TControl* Control, bool ToFront) {
+    const bool isWindowed = IsWindowed(Control);
+    const std::size_t from = isWindowed ? FGraphics : 0, to = isWindowed ? FControls.GetCount() : FGraphics;
+    const std::size_t index = ToFront ? to : from;
+    FControls.Insert(index == FControls.GetCount() ? nullptr : &FControls.At(index), Control->FPlace);
+    if (!isWindowed) ++FGraphics;
     Control->InvalidateRect(Control->GetClientRect());
 }
 
+// Where it stands tells what it is, or was: it may be in its destructor.
+void TWinControl::Unstack(TControl* Control) {
+    if (Control->FPlace.Index() < FGraphics) --FGraphics;
+    FControls.Remove(Control->FPlace);
+}
+
 void TWinControl::AlignControls() {
-    if (FAligning) return;
+    if (FAligning || FAligned == 0) return;
     const TScopedValue aligning(FAligning, true);
     TRect free = GetClientRect();
     for (const TAlign align : {alTop, alBottom, alLeft, alRight, alClient})

@@ -9,7 +9,10 @@ namespace kx {
 
 TForm::TForm(TComponent* Owner) : TCustomControl(Owner) { TForm::SetBounds(0, 0, 640, 480); }
 
-TForm::~TForm() { FWindow.reset(); }
+TForm::~TForm() {
+    FWindow.reset();
+    EndRequests();
+}
 
 void TForm::Show() {
     if (!FWindow) {
@@ -30,6 +33,7 @@ void TForm::Hide() {
 
 void TForm::UpdateWindow() {
     if (FWindow) FWindow->SetVisible(FShown && GetVisible());
+    EndRequests();
 }
 
 void TForm::SetWindowState(TWindowState State) {
@@ -38,6 +42,7 @@ void TForm::SetWindowState(TWindowState State) {
     FState = State;
     if (!FWindow) return;
     FWindow->SetState(State);
+    EndRequests();
     if (State == wsNormal) SetBounds(normal.Left, normal.Top, normal.Width(), normal.Height());
 }
 
@@ -75,8 +80,10 @@ void TForm::CMVisibleChanged() {
 void TForm::HostSettle() { SettleTree(*this); }
 
 void TForm::HostPaint(TCanvasDevice& Device, const TRect& Dirty) {
+    EndRequests(); // what is asked for from here on is for the next frame
     SettleTree(*this);
     PaintTree(*this, Device, Dirty);
+    EndRequests(); // a window may count what was asked for meanwhile as painted
 }
 
 void TForm::HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) {
@@ -88,6 +95,7 @@ void TForm::HostKey(int KeyCode, std::string_view Text, TShiftState Shift, bool 
 }
 
 void TForm::HostResized(const TRect& Bounds) {
+    EndRequests();
     const TScopedValue taking(FTakingHostBounds, true);
     Guarded([&] { SetBounds(Bounds.Left, Bounds.Top, Bounds.Width(), Bounds.Height()); });
 }

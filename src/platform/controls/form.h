@@ -44,6 +44,7 @@ public:
     static const TPropertyTable& Properties();
 
 protected:
+    bool HearsOfAll() const override { return IsBeyond<TForm>(); }
     void Paint() override;
     void CMTextChanged() override;
     void CMVisibleChanged() override;
@@ -56,6 +57,7 @@ private:
     void HostKey(int KeyCode, std::string_view Text, TShiftState Shift, bool Down) override;
     void HostResized(const TRect& Bounds) override;
     void HostClosed() override;
+    void HostDropped() override { EndRequests(); }
 
     std::unique_ptr<THostWindow> FWindow;
     bool FShown = false;

@@ -20,6 +20,9 @@ public:
 
     const TPropertyTable& PublishedProperties() const override;
     static const TPropertyTable& Properties();
+
+protected:
+    bool HearsOfAll() const override { return IsBeyond<TPopupMenu>(); }
 };
 
 } // namespace kx

@@ -47,6 +47,9 @@ public:
     virtual void HostKey(int KeyCode, std::string_view Text, TShiftState Shift, bool Down) = 0;
     virtual void HostResized(const TRect& Bounds) = 0;
     virtual void HostClosed() = 0;
+    /// The window has lost what it was asked to paint. To be called where that happens without a HostPaint,
+    /// unless all of the window will be painted: who has asked does not ask again.
+    virtual void HostDropped() {}
 
 protected:
     ~THostClient() = default;
@@ -60,7 +63,7 @@ public:
     virtual void SetVisible(bool Visible) = 0;
     virtual void SetCaption(const std::string& Caption) = 0;
     virtual void SetState(TWindowState State) = 0;
-    /// Asks for a paint of Rect by the next frame.
+    /// Asks for a paint of Rect by the next frame. Until that is painted, nobody asks for it again.
     virtual void Invalidate(const TRect& Rect) = 0;
     virtual void SetCapture(bool Captured) = 0;
     virtual void SetCursor(TCursor Cursor) = 0;

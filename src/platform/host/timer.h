@@ -21,6 +21,9 @@ public:
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
 
+protected:
+    bool HearsOfAll() const override { return IsBeyond<TTimer>(); }
+
 private:
     void Restart();
     void Tick();

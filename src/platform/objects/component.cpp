@@ -27,13 +27,6 @@ char UpperLetter(char C) { return C >= 'a' && C <= 'z' ? static_cast<char>(C - '
     throw EComponentError("A component named " + Name + " already exists");
 }
 
-/// Looks from the end: what came last goes first as a rule, and lists may be long.
-template <class T>
-void EraseFrom(std::vector<T*>& List, T* Item) {
-    const auto found = std::find(List.rbegin(), List.rend(), Item);
-    if (found != List.rend()) List.erase(std::next(found).base());
-}
-
 } // namespace
 
 std::size_t TComponent::TNameHash::operator()(std::string_view Name) const {
@@ -49,6 +42,7 @@ bool TComponent::TSameName::operator()(std::string_view A, std::string_view B) c
 
 TComponent::TComponent(TComponent* Owner) {
     if (Owner) Owner->InsertComponent(this);
+    EnterHearers(); // once more, lest it was asked as what it is up to here
 }
 
 // What is owned goes last: those that hear of it must not refer to this component any more.
@@ -57,27 +51,33 @@ TComponent::~TComponent() {
     if (FLife) *FLife = false;
     TellPartners();
     if (FOwner) FOwner->RemoveComponent(this);
-    while (!FComponents.empty()) delete FComponents.back();
+    while (!FComponents.IsEmpty()) delete FComponents.Last();
     TellPartners(); // those that a handler has brought in meanwhile
 }
 
 void TComponent::TellPartners() {
-    while (!FFreeNotifies.empty()) {
-        TComponent* partner = FFreeNotifies.back();
-        Forget(partner);
-        partner->Forget(this);
-        // The owner and what it owns are told when this component leaves the owner, unless that is going,
-        // too.
-        const bool isNear = FOwner && (partner == FOwner || partner->FOwner == FOwner);
-        if (!isNear || (partner != FOwner && FOwner->IsIn(csDestroying))) partner->Tell(this, opRemove);
+    while (!FPartners.empty()) {
+        TComponent* partner = FPartners.back().Component;
+        Forget(std::prev(FPartners.end()));
+        if (IsToldAsPartner(*partner)) partner->Tell(this, opRemove);
     }
+}
+
+// The owner, and those of its components that hear of all, are told when this component leaves the owner,
+// unless that is going, too.
+bool TComponent::IsToldAsPartner(const TComponent& Partner) const {
+    if (!FOwner) return true;
+    if (&Partner == FOwner) return false;
+    const bool isHearer = Partner.FOwner == FOwner && Partner.FHearerPlace.IsLinked() && Partner.HearsOfAll();
+    return !isHearer || FOwner->IsIn(csDestroying);
 }
 
 /// Notification of one listener. A removal must reach the next one whatever this one does, and a component
 /// that enters may be in its constructor, which must not fail for it. No partner is told of the removal of a
 /// component that merely changes its owner: it keeps its reference.
 void TComponent::Tell(TComponent* Component, TOperation Operation) {
-    const bool keeps = Operation == opRemove && !Component->IsIn(csDestroying) && IsPartner(Component);
+    const bool keeps =
+        Operation == opRemove && !Component->IsIn(csDestroying) && FindPartner(Component) != FPartners.end();
     Guarded([&] {
         if (keeps)
             TComponent::Notification(Component, opRemove); // to those that it owns
@@ -92,23 +92,17 @@ std::shared_ptr<const bool> TComponent::GetLife() const {
 }
 
 TComponent* TComponent::GetComponent(int Index) const {
-    return FComponents[CheckedIndex(Index, FComponents.size())];
+    return FComponents.At(CheckedIndex(Index, FComponents.GetCount())).Item;
 }
 
-// Each remembers where it stood last; when one is found to have moved, all of them look anew.
-int TComponent::GetComponentIndex() const {
-    if (!FOwner) return -1;
-    const auto& all = FOwner->FComponents;
-    if (FIndex >= all.size() || all[FIndex] != this)
-        for (std::size_t i = 0; i < all.size(); ++i) all[i]->FIndex = i;
-    return static_cast<int>(FIndex);
-}
+int TComponent::GetComponentIndex() const { return FOwner ? static_cast<int>(FPlace.Index()) : -1; }
 
 void TComponent::SetComponentIndex(int Index) {
     if (!FOwner) return;
     auto& all = FOwner->FComponents;
-    EraseFrom(all, this);
-    all.insert(all.begin() + std::clamp(Index, 0, static_cast<int>(all.size())), this);
+    all.Remove(FPlace);
+    const bool isLast = Index >= static_cast<int>(all.GetCount());
+    all.Insert(isLast ? nullptr : &all.At(static_cast<std::size_t>(std::max(Index, 0))), FPlace);
 }
 
 TComponent* TComponent::FindComponent(std::string_view Name) const {
@@ -123,16 +117,11 @@ void TComponent::InsertComponent(TComponent* Component) {
     if (FindComponent(Component->FName)) RaiseTaken(Component->FName);
     TComponent* before = Component->FOwner;
     const TComponentRef<TComponent> self(before ? this : nullptr), moved(before ? Component : nullptr);
-    FComponents.push_back(Component);
-    try {
-        if (!Component->FName.empty()) FNames.emplace(Component->FName, Component);
-    } catch (...) {
-        FComponents.pop_back();
-        throw;
-    }
+    if (!Component->FName.empty()) FNames.emplace(Component->FName, Component);
     if (before) before->Drop(Component);
+    FComponents.Insert(nullptr, Component->FPlace);
     Component->FOwner = this;
-    Component->FIndex = FComponents.size() - 1;
+    Component->EnterHearers();
     if (before) {
         before->Tell(Component, opRemove);
         if (!self || !moved || Component->FOwner != this) return;
@@ -143,7 +132,8 @@ void TComponent::InsertComponent(TComponent* Component) {
 
 /// Takes it out of the lists, and tells nobody.
 void TComponent::Drop(TComponent* Component) {
-    FComponents.erase(FComponents.begin() + Component->GetComponentIndex());
+    FComponents.Remove(Component->FPlace);
+    if (Component->FHearerPlace.IsLinked()) FHearers.Remove(Component->FHearerPlace);
     if (!Component->FName.empty()) FNames.erase(Component->FName);
     Component->FOwner = nullptr;
 }
@@ -182,30 +172,36 @@ void TComponent::StoreName(std::string Name) {
 }
 
 void TComponent::FreeNotification(TComponent* Component) {
-    if (!Component || Component == this || IsPartner(Component)) return;
-    FFreeNotifies.push_back(Component);
+    if (!Component || Component == this || FindPartner(Component) != FPartners.end()) return;
+    FPartners.push_back({Component, {}});
     try {
-        Component->FFreeNotifies.push_back(this);
+        Component->FPartners.push_back({this, std::prev(FPartners.end())});
     } catch (...) {
-        FFreeNotifies.pop_back(); // both or none
+        FPartners.pop_back(); // both or none
         throw;
     }
+    FPartners.back().Other = std::prev(Component->FPartners.end());
 }
 
-bool TComponent::IsPartner(const TComponent* Component) const {
-    // Each stands in the other's list.
-    const bool few = FFreeNotifies.size() < Component->FFreeNotifies.size();
-    const auto& list = few ? FFreeNotifies : Component->FFreeNotifies;
-    return std::find(list.begin(), list.end(), few ? Component : this) != list.end();
+/// In this component's list, looked for in the shorter one: an axis has many series, a series few axes.
+TComponent::TPartners::iterator TComponent::FindPartner(TComponent* Component) {
+    const auto findIn = [](TPartners& List, const TComponent* Partner) {
+        return std::ranges::find(List, Partner, &TPartner::Component);
+    };
+    if (FPartners.size() <= Component->FPartners.size()) return findIn(FPartners, Component);
+    const auto self = findIn(Component->FPartners, this);
+    return self == Component->FPartners.end() ? FPartners.end() : self->Other;
 }
 
 void TComponent::RemoveFreeNotification(TComponent* Component) {
     if (!Component) return;
-    Forget(Component);
-    Component->Forget(this);
+    if (const auto partner = FindPartner(Component); partner != FPartners.end()) Forget(partner);
 }
 
-void TComponent::Forget(TComponent* Partner) { EraseFrom(FFreeNotifies, Partner); }
+void TComponent::Forget(TPartners::iterator Partner) {
+    Partner->Component->FPartners.erase(Partner->Other);
+    FPartners.erase(Partner);
+}
 
 void TComponent::SetDesigning(bool Designing) {
     FComponentState = Designing ? FComponentState | csDesigning : FComponentState & ~unsigned(csDesigning);
@@ -221,8 +217,25 @@ void TComponent::EndLoading() {
 void TComponent::Notification(TComponent* Component, TOperation Operation) {
     if (Operation == opInsert) return;
     // Backwards and by index: a listener may delete components, which moves only those already told.
-    for (std::size_t i = FComponents.size(); i-- > 0;)
-        if (i < FComponents.size()) FComponents[i]->Tell(Component, Operation);
+    for (std::size_t i = FHearers.GetCount(); i-- > 0;) {
+        if (i >= FHearers.GetCount()) continue;
+        TComponent& hearer = *FHearers.At(i).Item;
+        if (hearer.HearsOfAll())
+            hearer.Tell(Component, Operation);
+        else if (!hearer.FHearers.IsEmpty())
+            hearer.TComponent::Notification(Component, Operation);
+        else
+            FHearers.Remove(hearer.FHearerPlace);
+    }
+}
+
+bool TComponent::HearsOfAll() const { return IsBeyond<TComponent>(); }
+
+/// It is asked when next a component goes; and so are those that own it.
+void TComponent::EnterHearers() {
+    for (TComponent* hearer = this; hearer->FOwner && !hearer->FHearerPlace.IsLinked();
+         hearer = hearer->FOwner)
+        hearer->FOwner->FHearers.Insert(nullptr, hearer->FHearerPlace);
 }
 
 void TComponent::Loaded() {}

@@ -1,13 +1,15 @@
 #pragma once
 // Components: named objects that own one another, find one another, and are told when another one goes.
 
+#include <kxgraph/platform/objects/order.h>
 #include <kxgraph/platform/objects/persistent.h>
 
+#include <list>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <typeinfo>
 #include <unordered_map>
-#include <vector>
 
 namespace kx {
 
@@ -37,12 +39,11 @@ public:
 
     TComponent* GetOwner() const { return FOwner; }
     /// Owned components in order. The order is the order of insertion until SetComponentIndex moves one.
-    int GetComponentCount() const { return static_cast<int>(FComponents.size()); }
+    int GetComponentCount() const { return static_cast<int>(FComponents.GetCount()); }
     /// Raises ERangeError for an index outside 0..ComponentCount-1.
     TComponent* GetComponent(int Index) const;
-    const std::vector<TComponent*>& GetComponents() const { return FComponents; }
-    /// The place among the owner's components; -1 without owner. O(1), but for the first call after
-    /// components have left the owner or moved within it.
+    const TOrder<TComponent>& GetComponents() const { return FComponents; }
+    /// The place among the owner's components; -1 without owner. Found, as an index is, in logarithmic time.
     int GetComponentIndex() const;
     /// Moves within the owner's list; an index outside is clamped.
     void SetComponentIndex(int Index);
@@ -82,10 +83,22 @@ public:
 
 protected:
     /// Another component goes (opRemove): overrides call the inherited one first and clear the references
-    /// that point at Component. The owner is told, all that it owns and partners of FreeNotification; only
-    /// those while the owner is being destroyed. Or Component, which may be in its constructor, has entered
-    /// this one as its owner (opInsert): nobody else is told of that, or many would take quadratic time.
+    /// that point at Component. Partners of FreeNotification are told, the owner, and what it owns if it
+    /// HearsOfAll; partners alone while the owner is being destroyed. Or Component, which may be in its
+    /// constructor, has entered this one as its owner (opInsert): nobody else is told of that, or many would
+    /// take quadratic time.
     virtual void Notification(TComponent* Component, TOperation Operation);
+    /// Whether Notification is to tell of every component that the owner loses, not of partners alone. Asked
+    /// once or seldom, when this one is complete. A class asks for the FreeNotification of all that it refers
+    /// to, and answers for itself alone: IsBeyond<TThatClass>(). So a class derived from it
+    /// hears of all, as its Notification may expect, until it answers for itself; and a component that goes
+    /// costs nothing for the many that do not know it.
+    virtual bool HearsOfAll() const;
+    /// Whether this is of a class derived from T, not of T itself.
+    template <class T>
+    bool IsBeyond() const {
+        return typeid(*this) != typeid(T);
+    }
     /// All properties were read.
     virtual void Loaded();
 
@@ -99,19 +112,31 @@ private:
     /// The keys are the components' own texts.
     using TNameIndex = std::unordered_map<std::string_view, TComponent*, TNameHash, TSameName>;
 
-    void Forget(TComponent* Partner);
-    bool IsPartner(const TComponent* Component) const;
+    struct TPartner;
+    using TPartners = std::list<TPartner>;
+    /// Each of the two stands in the other's list.
+    struct TPartner {
+        TComponent* Component;
+        TPartners::iterator Other;
+    };
+
+    TPartners::iterator FindPartner(TComponent* Component);
+    void Forget(TPartners::iterator Partner);
     void TellPartners();
+    bool IsToldAsPartner(const TComponent& Partner) const;
     void Tell(TComponent* Component, TOperation Operation);
+    void EnterHearers();
     void Drop(TComponent* Component);
     void StoreName(std::string Name);
 
     TComponent* FOwner = nullptr;
     std::string FName;
-    std::vector<TComponent*> FComponents;
-    TNameIndex FNames;              // of FComponents, but those without a name
-    mutable std::size_t FIndex = 0; // among the owner's components, if it is this that stands there
-    std::vector<TComponent*> FFreeNotifies;
+    TOrder<TComponent> FComponents;
+    TNameIndex FNames; // of FComponents, but those without a name
+    // Those of FComponents that hear of all, or were not asked yet, or own one of these.
+    TOrder<TComponent> FHearers;
+    TOrdered<TComponent> FPlace{this}, FHearerPlace{this}; // in those lists of the owner
+    TPartners FPartners;
     mutable std::shared_ptr<bool> FLife; // made when it is asked for
     TComponentState FComponentState = 0;
 };

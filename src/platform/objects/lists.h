@@ -2,53 +2,81 @@
 // The two lists that components share: pointers in order, and lines of text.
 
 #include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/objects/order.h>
 #include <kxgraph/platform/objects/persistent.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
 namespace kx {
 
-/// Pointers in order, none of them owned. An index outside 0..Count-1 raises ERangeError.
+/// Pointers in order, none of them owned. An index outside 0..Count-1 raises ERangeError. Nothing looks at
+/// all of them: an item or an index is found in logarithmic time.
 template <class T>
 class TList {
 public:
+    TList() = default;
+    TList(const TList&) = delete;
+    TList& operator=(const TList&) = delete;
     virtual ~TList() = default;
-    int GetCount() const { return static_cast<int>(FItems.size()); }
-    T* GetItem(int Index) const { return FItems[CheckedIndex(Index, FItems.size())]; }
+    int GetCount() const { return static_cast<int>(FOrder.GetCount()); }
+    T* GetItem(int Index) const { return PlaceAt(Index).Item; }
     /// Appends Item; returns its index.
     virtual int Add(T* Item) {
-        FItems.push_back(Item);
+        Enter(nullptr, Item);
         return GetCount() - 1;
     }
     /// Removes the first occurrence; returns the index it had, -1 when it was not there.
     virtual int Remove(T* Item) {
-        const int index = IndexOf(Item);
-        if (index >= 0) Delete(index);
+        const auto [index, place] = First(Item);
+        if (index >= 0) Erase(place);
         return index;
     }
     /// Inserts before Index, which may be Count.
-    void Insert(int Index, T* Item) { FItems.insert(PlaceOf(Index, FItems.size() + 1), Item); }
-    void Delete(int Index) { FItems.erase(PlaceOf(Index, FItems.size())); }
-    void Clear() { FItems.clear(); }
-    int IndexOf(const T* Item) const {
-        for (int i = 0; i < GetCount(); ++i)
-            if (FItems[static_cast<std::size_t>(i)] == Item) return i;
-        return -1;
+    void Insert(int Index, T* Item) {
+        const std::size_t index = CheckedIndex(Index, FOrder.GetCount() + 1);
+        Enter(index == FOrder.GetCount() ? nullptr : &FOrder.At(index), Item);
     }
-    bool Contains(const T* Item) const { return IndexOf(Item) >= 0; }
-    auto begin() const { return FItems.begin(); }
-    auto end() const { return FItems.end(); }
-
-protected:
-    std::vector<T*> FItems;
+    void Delete(int Index) {
+        const TOrdered<T>& place = PlaceAt(Index);
+        const auto [first, last] = FPlaces.equal_range(place.Item);
+        Erase(std::find_if(first, last, [&](const auto& Entry) { return &Entry.second == &place; }));
+    }
+    void Clear() {
+        FOrder.Clear();
+        FPlaces.clear();
+    }
+    int IndexOf(const T* Item) const { return First(Item).first; }
+    bool Contains(const T* Item) const { return FPlaces.contains(Item); }
+    auto begin() const { return FOrder.begin(); }
+    auto end() const { return FOrder.end(); }
 
 private:
-    auto PlaceOf(int Index, std::size_t Count) {
-        return FItems.begin() + static_cast<std::ptrdiff_t>(CheckedIndex(Index, Count));
+    using TPlaces = std::unordered_multimap<const T*, TOrdered<T>>;
+
+    TOrdered<T>& PlaceAt(int Index) const { return FOrder.At(CheckedIndex(Index, FOrder.GetCount())); }
+    void Enter(TOrderLink* Before, T* Item) { FOrder.Insert(Before, FPlaces.emplace(Item, Item)->second); }
+    void Erase(typename TPlaces::const_iterator Place) {
+        FOrder.Remove(const_cast<TOrdered<T>&>(Place->second));
+        FPlaces.erase(Place);
     }
+    /// The first occurrence and its index; -1 for none.
+    std::pair<int, typename TPlaces::const_iterator> First(const T* Item) const {
+        const auto [first, last] = FPlaces.equal_range(Item);
+        std::pair<int, typename TPlaces::const_iterator> found{-1, last};
+        for (auto place = first; place != last; ++place)
+            if (const int index = static_cast<int>(place->second.Index());
+                found.first < 0 || index < found.first)
+                found = {index, place};
+        return found;
+    }
+
+    TOrder<T> FOrder;
+    TPlaces FPlaces;
 };
 
 /// Lines of text that can be read from and written to a file. Lines may hold any byte but CR and LF.
