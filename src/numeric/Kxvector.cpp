@@ -67,10 +67,8 @@ void TKxValueIChangedList::Erase(std::size_t Index) {
 void TKxValueIChangedList::Call(int Index, bool WasDeleted) {
     TRound round{0, FItems.size(), FRounds};
     const TScopedValue<TRound*> running(FRounds, &round);
-    while (round.Next < round.End) {
-        const TKxValueIChangedEvent event = FItems[round.Next++];
-        event(Index, WasDeleted);
-    }
+    while (round.Next < round.End)
+        FItems[round.Next++](Index, WasDeleted); // the event may leave while called
 }
 
 TKxCustomRealVector::TKxCustomRealVector(TComponent* Owner) : TComponent(Owner) {
@@ -90,14 +88,30 @@ void TKxCustomRealVector::RaiseIndex(int Index) {
 }
 
 void TKxCustomRealVector::Resize(int Capacity) {
-    FValues.SetLength(Capacity);
+    if (FFirst > FCount / 2) CloseFront();
+    FValues.SetLength(Saturated(std::int64_t{FFirst} + Capacity));
     FCapacity = Capacity;
+}
+
+void TKxCustomRealVector::CloseFront() {
+    std::copy(Data(), Data() + FCount, FValues.begin());
+    FFirst = 0;
+}
+
+// Where as many values come as leave, so many have left before all are moved that it costs two moves each.
+void TKxCustomRealVector::MakeRoom() {
+    const std::int64_t wanted = std::int64_t{FFirst} + FCapacity + FCount / 2;
+    if (FFirst > FCount / 2 || wanted > INT_MAX)
+        CloseFront();
+    else
+        FValues.SetLength(static_cast<int>(wanted));
 }
 
 void TKxCustomRealVector::CheckCount(int Wanted) {
     AssertOwnThread();
     // Kept: grows on equal; the capacity that a program sees counts on it.
     if (Wanted >= FCapacity) Resize(Saturated(std::int64_t{Wanted} + FIncrement));
+    if (FFirst > 0 && std::int64_t{FFirst} + Wanted >= FValues.Length()) MakeRoom();
     FCount = std::max(FCount, Wanted);
 }
 
@@ -105,14 +119,19 @@ void TKxCustomRealVector::SetValue(int Index, double Value) {
     if (Index < 0) return;
     if (Index == INT_MAX) RaiseIndex(Index);
     CheckCount(Index + 1);
-    FValues[Index] = Value;
+    FValues[FFirst + Index] = Value;
     ValueTouched(Index);
 }
 
 void TKxCustomRealVector::CloseGap(int Index) {
     AssertOwnThread();
-    if (Index + 1 < FCount)
-        std::copy(FValues.begin() + Index + 1, FValues.begin() + FCount, FValues.begin() + Index);
+    if (Index >= FCount / 2) {
+        if (Index + 1 < FCount) std::copy(Data() + Index + 1, Data() + FCount, Data() + Index);
+    } else {
+        std::copy_backward(Data(), Data() + Index, Data() + Index + 1);
+        ++FFirst;
+        Data()[FCount - 1] = Data()[FCount - 2]; // which listeners still see
+    }
     ValuesTouched(Index);
 }
 
@@ -130,14 +149,14 @@ void TKxRealVector::AddValues(std::span<const double> Values) {
     }
     const int first = FCount;
     CheckCount(FCount + static_cast<int>(Values.size()));
-    std::copy(Values.begin(), Values.end(), FValues.begin() + first);
+    std::copy(Values.begin(), Values.end(), Data() + first);
     ValuesTouched(first);
 }
 
 void TKxRealVector::Insert(int Index, double Value) {
     if (Index < 0 || Index >= FCount) return;
     CheckCount(FCount + 1);
-    std::copy_backward(FValues.begin() + Index, FValues.begin() + FCount - 1, FValues.begin() + FCount);
+    std::copy_backward(Data() + Index, Data() + FCount - 1, Data() + FCount);
     ValuesTouched(Index);
     SetValue(Index, Value);
 }
@@ -150,7 +169,7 @@ void TKxRealVector::Delete(int Index) {
 
 void TKxRealVector::Clear() {
     AssertOwnThread();
-    FCount = 0;
+    FCount = FFirst = 0;
     ValuesTouched(0);
 }
 

@@ -7,6 +7,7 @@
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/objects/component.h>
 
+#include <cassert>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -75,14 +76,15 @@ public:
 
     double GetValue(int Index) const {
         if (Index >= FCount) RaiseIndex(Index);
-        return FValues[Index];
+        assert(Index >= 0);
+        return FValues[FFirst + Index];
     }
     /// Writing at Count or above extends the vector to Index + 1; the elements between are what the storage
     /// holds: zero when new, older values after Clear or Delete.
     virtual void SetValue(int Index, double Value);
 
     /// The Count values, not copied. Valid until the vector changes.
-    std::span<const double> Values() const { return {FValues.Data(), static_cast<std::size_t>(FCount)}; }
+    std::span<const double> Values() const { return {Data(), static_cast<std::size_t>(FCount)}; }
     /// As a range: a vector may be given wherever a span of values is taken.
     const double* begin() const { return Values().data(); }
     const double* end() const { return begin() + FCount; }
@@ -110,7 +112,8 @@ protected:
     /// Makes room for, and extends the vector to, Wanted elements. Grows already when Wanted equals Capacity.
     void CheckCount(int Wanted);
     void Resize(int Capacity);
-    /// Moves the elements behind Index one place down; Count stays.
+    /// Moves the elements behind Index one place down, or those before it one up, whichever are fewer, so
+    /// that values can leave at either end for nothing; Count stays.
     void CloseGap(int Index);
     /// To be called when the value Index, or all from First on, are other ones than before.
     void ValueTouched(int Index) noexcept {
@@ -121,12 +124,15 @@ protected:
         NextVersion(First);
         if (FExtremes) FExtremes->Cut(First);
     }
+    /// Of the element 0.
+    double* Data() const { return FValues.Data() + FFirst; }
     [[noreturn]] static void RaiseIndex(int Index);
 
     int FCount = 0;
     int FCapacity = 0;
     int FIncrement = 50;
-    TKxRealArray FValues;
+    TKxRealArray FValues; // longer than FFirst + FCount
+    int FFirst = 0;       // where element 0 is
 
 private:
     TKxExtremes& Extremes() const;
@@ -135,6 +141,8 @@ private:
         if (First < FOld) FRewritten = FVersion;
         FOld = FCount;
     }
+    void MakeRoom();
+    void CloseFront();
 
     TKxValueIChangedList FListeners;
     mutable std::unique_ptr<TKxExtremes> FExtremes; // made when first asked for
@@ -169,6 +177,9 @@ public:
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
 
+protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxRealVector>(); }
+
 private:
     bool FPersistentValues = false;
 };
@@ -190,6 +201,9 @@ public:
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
+
+protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxLiveVector>(); }
 };
 
 /// Working array, no component: grows in steps of Increment, with amortised O(1) for an append.

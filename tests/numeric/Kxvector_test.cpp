@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <thread>
 #include <utility>
 
@@ -67,6 +68,42 @@ TEST(Vectors, ChangeAndTellAsTheyShould) {
             EXPECT_EQ(watcher.Heard, v == &live ? c.Heard : TCalls());
             EXPECT_EQ(Of(*v), v == &plain && c.OnlyLive ? (TReals{0, 1, 2}) : c.After);
         }
+    }
+}
+
+TEST(Vectors, HoldWhatAnArrayHoldsWhicheverEndValuesLeaveAt) {
+    std::mt19937 random(6);
+    const auto below = [&](int Count) { return int(random() % unsigned(Count)); };
+    for (const int window : {1, 3, 40, 400}) {
+        TKxLiveVector v(nullptr);
+        TReals expected;
+        int capacity = 50;
+        for (int step = 0; step < 6000; ++step) {
+            const int count = int(expected.size()), at = below(count + 1);
+            const bool grows = count < window + below(9);
+            if (step % 1000 == 999) {
+                v.Clear();
+                expected.clear();
+            } else if (grows && at < count && !below(4)) {
+                v.Insert(at, step);
+                expected.insert(expected.begin() + at, step);
+            } else if (grows) {
+                v.Add(step);
+                expected.push_back(step);
+            } else {
+                const int gone = below(3) ? 0 : below(count);
+                v.Delete(gone);
+                expected.erase(expected.begin() + gone);
+            }
+            if (int(expected.size()) >= capacity) capacity = int(expected.size()) + 50;
+            ASSERT_EQ(Of(v), expected) << step;
+            ASSERT_EQ(v.GetCapacity(), capacity) << step;
+            for (int i = 0; i < v.GetCount(); i += 7)
+                ASSERT_EQ(v.GetValue(i), expected[std::size_t(i)]) << step;
+        }
+        v.SetCapacity(v.GetCount() + 1);
+        for (int i = 0; i < 200; ++i) v.SetValue(v.GetCount(), i), expected.push_back(i);
+        EXPECT_EQ(Of(v), expected);
     }
 }
 
