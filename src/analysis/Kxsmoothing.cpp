@@ -188,6 +188,12 @@ TValues LogarithmsOf(std::span<const double> X) {
 /// For finite values.
 TValues SmoothFinite(double M, std::span<const double> X, std::span<const double> Y, bool Log) {
     if (X.size() < 3) RaiseNotEnoughData();
+    if (X.front() > X.back() && std::is_sorted(X.rbegin(), X.rend())) {
+        const TValues x(X.rbegin(), X.rend()), y(Y.rbegin(), Y.rend());
+        TValues result = SmoothFinite(M, x, y, Log);
+        std::reverse(result.begin(), result.end());
+        return result;
+    }
     const TValues logs = Log ? LogarithmsOf(X) : TValues();
     if (Log) X = logs;
     return std::is_sorted(X.begin(), X.end()) ? SmoothAscending(M, X, Y) : SmoothDirectly(M, X, Y);

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 
@@ -84,6 +85,26 @@ TEST(Smoothing, EndsTheWindowWhereXLeavesIt) {
     // The third point is nearer than 2 to the first, but behind one that is not.
     EXPECT_EQ(Smoothed(2, {0, 5, 1, 1}, {3, 6, 0, 12}), (TReals{3, 6, 6, 6}));
     EXPECT_EQ(Smoothed(2, {3, 2, 1}, {2, 4, 8}), (TReals{8.0 / 3, 4.5, 20.0 / 3}));
+}
+
+TEST(Smoothing, IsTheSameFromTheOtherEnd) {
+    std::mt19937 random(4);
+    std::normal_distribution<double> noise;
+    for (const double unevenness : {0.0, 1.0, 3.0}) {
+        TReals x = RandomAscending(random, 500, 1, unevenness), y;
+        for (int i = 0; i < 500; ++i) y.push_back(i % 50 == 7 ? CNaN : 1e5 + noise(random));
+        for (const bool log : {false, true}) {
+            TReals results[2];
+            for (TReals& result : results) {
+                TKxRealArray smoothed = ArrayOf(y);
+                (log ? SmoothVectorLog : SmoothVector)(log ? 0.1 : 20, ArrayOf(x), smoothed);
+                for (const double value : smoothed) result.push_back(std::isnan(value) ? -1 : value);
+                std::ranges::reverse(x), std::ranges::reverse(y);
+            }
+            std::ranges::reverse(results[1]);
+            EXPECT_EQ(results[0], results[1]);
+        }
+    }
 }
 
 TEST(Smoothing, LeavesOutPointsThatAreNotFinite) {
