@@ -4,10 +4,8 @@
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
-#include <functional>
-#include <iterator>
 #include <limits>
-#include <new>
+#include <utility>
 
 namespace kx {
 
@@ -19,215 +17,241 @@ namespace {
 constexpr std::uint64_t CAppendStep = std::uint64_t(1) << 32;
 constexpr std::uint64_t CInsertStep = std::uint64_t(1) << 14;
 
-std::string KeyKind(std::string_view Name) { return "=" + UpperCase(Name); }
+bool IsHeaderText(std::string_view Text) { return Text.starts_with('['); }
+/// Headers are found by their name. One that is "[" alone has none.
+bool IsNamed(std::string_view Header) { return Header.size() > 1 && Header.ends_with(']'); }
+std::string_view NameOf(std::string_view Header) { return Header.substr(1, Header.size() - 2); }
 
-bool IsInOrder(TKxIniLines::TPlace A, TKxIniLines::TPlace B) { return A->Number < B->Number; }
+/// What the lines of a section are found by: the text in front of their first "=".
+std::string_view KeyOf(std::string_view Line) { return Line.substr(0, Line.find('=')); }
+
+/// Of a key in a section.
+std::uint32_t HashOfKey(const void* Section, std::string_view Key) {
+    const auto address = reinterpret_cast<std::uintptr_t>(Section);
+    return HashOfName(Key, static_cast<std::uint32_t>((address >> 4) ^ (address >> 36)) * 0x9E3779B1);
+}
 
 } // namespace
 
-std::size_t TKxIniLines::THash::operator()(const TKind& Kind) const {
-    return std::hash<std::string>()(Kind.Name) + 31 * std::hash<const TLine*>()(Kind.Section);
+std::uint32_t HashOfName(std::string_view Name, std::uint32_t Seed) {
+    std::uint32_t hash = Seed;
+    for (const char c : Name) {
+        const bool isLower = c >= 'a' && c <= 'z';
+        hash = (hash ^ static_cast<unsigned char>(isLower ? c - 'a' + 'A' : c)) * 0x01000193;
+    }
+    return hash ^ (hash >> 15); // slots are told apart by the lower bits
 }
 
-template <class F>
-void TKxIniLines::ForEachKind(const TLine& Line, F Do) {
-    const std::string_view text = Line.Text;
-    if (text.empty()) return Do(TKind{Line.Section, ""});
-    if (text.front() == '[') Do(TKind{Line.Section, "["});
-    if (text.front() == '[' && text.back() == ']') Do(TKind{nullptr, UpperCase(text)});
-    if (const auto equals = text.find('='); equals != text.npos)
-        Do(TKind{Line.Section, KeyKind(text.substr(0, equals))});
+TKxIniLines::TLine::TLine(std::string Text) : Text(std::move(Text)) {}
+TKxIniLines::TLine::~TLine() = default;
+
+auto TKxIniLines::IsKey(const TLine* Section, std::string_view Key) {
+    return [=](const TLine& Line) { return Line.Section == Section && SameText(KeyOf(Line.Text), Key); };
 }
+
+// Positions
 
 TKxIniLines::TPlace TKxIniLines::PlaceAt(int Index) const {
-    const std::size_t index = CheckedIndex(Index, FLines.size());
-    if (!FPositionsHold) {
-        FPositions.clear();
-        for (auto place = begin(); place != end(); ++place) FPositions.push_back(place);
-        FPositionsHold = true;
+    const std::size_t index = CheckedIndex(Index, static_cast<std::size_t>(FCount));
+    if (Index == 0) {
+        FSeen = FFirst;
+    } else if (Index == FCount - 1) {
+        FSeen = FLast;
+    } else if (FSeen && Index == FSeenAt + 1) {
+        FSeen = FSeen->Next;
+    } else if (!FSeen || Index != FSeenAt) {
+        KeepPositions();
+        FSeen = FPositions.At(index).Item;
     }
-    return FPositions[index];
+    FSeenAt = Index;
+    return FSeen;
 }
 
-void TKxIniLines::InsertAt(int Index, std::string Text) {
-    if (Index == GetCount()) return Append(std::move(Text));
-    const TPlace before = PlaceAt(Index);
-    if (FPositions.size() == FPositions.capacity()) FPositions.reserve(2 * FPositions.size());
-    const TPlace place = Insert(before, std::move(Text));
-    FPositions.insert(FPositions.begin() + Index, place);
-    FPositionsHold = true;
+void TKxIniLines::KeepPositions() const {
+    if (!FPositions.IsEmpty()) return;
+    for (TLine* line = FFirst; line; line = line->Next) FPositions.Insert(nullptr, line->Position);
 }
 
 void TKxIniLines::DeleteAt(int Index) {
     const TPlace place = PlaceAt(Index);
     Delete(place, std::next(place));
-    FPositions.erase(FPositions.begin() + Index);
-    FPositionsHold = true;
 }
 
+// Changes. What may fail comes first.
+
 TKxIniLines::TPlace TKxIniLines::Insert(TPlace Before, std::string Text) {
-    const bool atEnd = Before == end();
-    const auto number = NumberBefore(Before);
-    const TPlace place = FLines.insert(Before, TLine{std::move(Text), SectionAt(Before), number});
-    try {
-        if (atEnd && FPositionsHold) FPositions.push_back(place);
-        if (FIndexHolds) {
-            Enter(place);
-            EnterSection(Before);
-        }
-    } catch (...) {
-        GiveUpIndex();
-        FPositionsHold = false;
-        FLines.erase(place);
-        throw;
+    auto line = std::make_unique<TLine>(std::move(Text));
+    if (IsHeaderText(line->Text)) line->Header = std::make_unique<THeader>(*line);
+    FKeys.Reserve();
+    FNames.Reserve();
+    line->Number = NumberBefore(Before.FLine);
+    Link(Before.FLine, *line);
+    line->Section = SectionAt(*line);
+    EnterKey(*line);
+    if (line->Header) {
+        EnterHeader(*line);
+        EnterSection(line->Next);
     }
-    if (!atEnd) FPositionsHold = false;
-    return place;
+    return line.release();
+}
+
+void TKxIniLines::Link(TLine* Before, TLine& Line) {
+    Line.Next = Before;
+    Line.Previous = std::exchange(Before ? Before->Previous : FLast, &Line);
+    (Line.Previous ? Line.Previous->Next : FFirst) = &Line;
+    if (!FPositions.IsEmpty()) FPositions.Insert(Before ? &Before->Position : nullptr, Line.Position);
+    FSeen = nullptr;
+    ++FCount;
 }
 
 void TKxIniLines::Replace(TPlace Place, std::string Text) {
-    const auto line = FLines.erase(Place, Place); // erases nothing: the place, for writing
-    const bool left = TryIndex([&] { Leave(Place); });
-    line->Text.swap(Text);
-    try {
-        if (left) {
-            Enter(Place);
-            EnterSection(std::next(Place));
-        }
-    } catch (...) {
-        GiveUpIndex();
-        line->Text.swap(Text);
-        throw;
-    }
+    TLine& line = *Place.FLine;
+    const bool was = IsHeaderText(line.Text), is = IsHeaderText(Text);
+    auto header = is && !was ? std::make_unique<THeader>(line) : nullptr;
+    FKeys.Reserve();
+    FNames.Reserve();
+    LeaveKey(line);
+    if (was) LeaveHeader(line);
+    line.Text.swap(Text);
+    if (header) line.Header = std::move(header);
+    if (is) EnterHeader(line);
+    EnterKey(line);
+    if (was == is) return;
+    EnterSection(line.Next);
+    if (was) line.Header = nullptr; // nothing lies in its section any more
 }
 
 void TKxIniLines::Delete(TPlace First, TPlace Last) noexcept {
-    TryIndex([&] {
-        for (TPlace place = First; place != Last; ++place) Leave(place);
-    });
-    std::list<TLine> deleted; // lines behind still refer to a header among them
-    deleted.splice(deleted.end(), FLines, First, Last);
-    TryIndex([&] { EnterSection(Last); });
-    FPositionsHold = false;
+    if (First == Last) return;
+    for (TLine* line = First.FLine; line != Last.FLine; line = line->Next) {
+        LeaveKey(*line);
+        if (line->Header) LeaveHeader(*line);
+        if (!FPositions.IsEmpty()) FPositions.Remove(line->Position);
+        --FCount;
+    }
+    TLine* before = First->Previous;
+    (before ? before->Next : FFirst) = Last.FLine;
+    (Last.FLine ? Last.FLine->Previous : FLast) = before;
+    FSeen = nullptr;
+    EnterSection(Last.FLine); // the lines behind still referred to a header among those deleted
+    for (TLine* line = First.FLine; line != Last.FLine;) delete std::exchange(line, line->Next);
 }
 
 void TKxIniLines::Clear() noexcept {
-    FIndex.clear();
-    FPositions.clear();
-    FIndexHolds = FPositionsHold = true;
-    FLines.clear();
+    for (TLine* line = FFirst; line;) delete std::exchange(line, line->Next);
+    FFirst = FLast = FFirstHeader = FSeen = nullptr;
+    FEmptiesOfNone.Clear();
+    FPositions.Clear();
+    FKeys.Clear();
+    FNames.Clear();
+    FCount = 0;
 }
 
 void TKxIniLines::Swap(TKxIniLines& Other) noexcept {
-    FLines.swap(Other.FLines);
-    FIndex.swap(Other.FIndex);
-    FPositions.swap(Other.FPositions);
-    std::swap(FIndexHolds, Other.FIndexHolds);
-    std::swap(FPositionsHold, Other.FPositionsHold);
+    std::swap(FFirst, Other.FFirst);
+    std::swap(FLast, Other.FLast);
+    std::swap(FFirstHeader, Other.FFirstHeader);
+    std::swap(FEmptiesOfNone, Other.FEmptiesOfNone);
+    std::swap(FPositions, Other.FPositions);
+    std::swap(FCount, Other.FCount);
+    FKeys.Swap(Other.FKeys);
+    FNames.Swap(Other.FNames);
+    FSeen = Other.FSeen = nullptr;
 }
 
-void TKxIniLines::GiveUpIndex() const noexcept {
-    FIndex.clear();
-    FIndexHolds = false;
-}
-
-/// Changes the index if there is one. Whether there is one afterwards: without memory for it there is none.
-template <class F>
-bool TKxIniLines::TryIndex(F Change) const {
-    try {
-        if (FIndexHolds) Change();
-    } catch (const std::bad_alloc&) {
-        GiveUpIndex();
-    }
-    return FIndexHolds;
-}
-
-const TKxIniLines::TIndex& TKxIniLines::Index() const {
-    if (FIndexHolds) return FIndex;
-    try {
-        for (TPlace place = begin(); place != end(); ++place) {
-            place->Section = SectionAt(place);
-            Enter(place);
-        }
-    } catch (...) {
-        GiveUpIndex();
-        throw;
-    }
-    FIndexHolds = true;
-    return FIndex;
-}
-
-const TKxIniLines::TSameKind* TKxIniLines::Find(const TKind& Kind) const {
-    const auto found = Index().find(Kind);
-    return found == FIndex.end() ? nullptr : &found->second;
-}
+// Searches
 
 TKxIniLines::TPlace TKxIniLines::FindHeader(std::string_view Section) const {
-    return First({nullptr, "[" + UpperCase(Section) + "]"});
+    const auto isNamed = [&](const TLine& Line) { return SameText(NameOf(Line.Text), Section); };
+    const TLines* lines = FNames.Find(HashOfName(Section), isNamed);
+    return lines ? lines->First() : nullptr;
+}
+
+TKxIniLines::TPlace TKxIniLines::NextHeader(TPlace Header) const { return Header.FLine->Header->Next; }
+
+TKxIniLines::TPlace TKxIniLines::FirstEmpty(TPlace Header) const {
+    const TLines& empties = Header.FLine->Header->Empties;
+    return empties.IsEmpty() ? nullptr : empties.First();
 }
 
 TKxIniLines::TPlace TKxIniLines::FindKey(TPlace Header, std::string_view Ident) const {
-    const TSameKind* lines = Find({&*Header, KeyKind(Ident.substr(0, Ident.find('=')))});
+    const std::string_view key = KeyOf(Ident); // all of it, but where there is a "=" in it
+    const TLines* lines = FKeys.Find(HashOfKey(Header.FLine, key), IsKey(Header.FLine, key));
     if (!lines) return end();
-    const std::string start = std::string(Ident) + "=";
-    const auto key =
-        std::ranges::find_if(*lines, [&](TPlace Place) { return StartsWithText(Place->Text, start); });
-    return key == lines->end() ? end() : *key;
+    for (TLine* line : *lines)
+        if (StartsWithText(line->Text, Ident) && line->Text[Ident.size()] == '=') return line;
+    return end();
 }
 
-TKxIniLines::TPlace TKxIniLines::First(const TKind& Kind) const {
-    const TSameKind* lines = Find(Kind);
-    return lines ? lines->front() : end();
-}
+// The index
 
-const TKxIniLines::TLine* TKxIniLines::SectionAt(TPlace Place) const {
-    if (Place == begin()) return nullptr;
-    const TLine& before = *std::prev(Place);
-    return before.Text.starts_with('[') ? &before : before.Section;
+TKxIniLines::TLine* TKxIniLines::SectionAt(const TLine& Line) {
+    TLine* before = Line.Previous;
+    return !before || IsHeaderText(before->Text) ? before : before->Section;
 }
 
 /// Puts the lines from First on into the section that they lie in now, up to the first that is in it already.
-void TKxIniLines::EnterSection(TPlace First) const {
-    for (TPlace line = First; line != end(); ++line) {
-        const TLine* section = SectionAt(line);
+void TKxIniLines::EnterSection(TLine* First) {
+    for (TLine* line = First; line; line = line->Next) {
+        TLine* section = SectionAt(*line);
         if (line->Section == section) return;
-        Leave(line);
+        LeaveKey(*line);
         line->Section = section;
-        Enter(line);
+        EnterKey(*line);
     }
 }
 
-std::uint64_t TKxIniLines::NumberBefore(TPlace Before) {
-    const bool atEnd = Before == end();
-    const auto below = [&] { return Before == begin() ? 0 : std::prev(Before)->Number; };
+void TKxIniLines::EnterKey(TLine& Line) {
+    const std::string_view text = Line.Text, key = KeyOf(text);
+    if (text.empty())
+        EmptiesOf(Line.Section).InsertSorted(Line.SameKey, Precedes);
+    else if (key.size() < text.size())
+        FKeys.Enter(HashOfKey(Line.Section, key), Line.SameKey, IsKey(Line.Section, key), Precedes);
+}
+
+void TKxIniLines::LeaveKey(TLine& Line) {
+    const std::string_view text = Line.Text, key = KeyOf(text);
+    if (text.empty())
+        EmptiesOf(Line.Section).Remove(Line.SameKey);
+    else if (key.size() < text.size())
+        FKeys.Leave(HashOfKey(Line.Section, key), Line.SameKey, IsKey(Line.Section, key));
+}
+
+/// Behind the header in front of it, and under its name.
+void TKxIniLines::EnterHeader(TLine& Line) {
+    TLine*& place = NextHeaderOf(Line.Section);
+    Line.Header->Previous = Line.Section;
+    Line.Header->Next = std::exchange(place, &Line);
+    if (TLine* next = Line.Header->Next) next->Header->Previous = &Line;
+    if (!IsNamed(Line.Text)) return;
+    const std::string_view name = NameOf(Line.Text);
+    FNames.Enter(
+        HashOfName(name), Line.Header->SameName,
+        [name](const TLine& Other) { return SameText(NameOf(Other.Text), name); }, Precedes);
+}
+
+void TKxIniLines::LeaveHeader(TLine& Line) {
+    NextHeaderOf(Line.Header->Previous) = Line.Header->Next;
+    if (TLine* next = Line.Header->Next) next->Header->Previous = Line.Header->Previous;
+    if (!IsNamed(Line.Text)) return;
+    const std::string_view name = NameOf(Line.Text);
+    FNames.Leave(HashOfName(name), Line.Header->SameName,
+                 [name](const TLine& Other) { return SameText(NameOf(Other.Text), name); });
+}
+
+std::uint64_t TKxIniLines::NumberBefore(const TLine* Before) {
+    const TLine* previous = Before ? Before->Previous : FLast;
+    const auto below = [&] { return previous ? previous->Number : 0; };
     const auto gap = [&] {
-        return (atEnd ? std::numeric_limits<std::uint64_t>::max() : Before->Number) - below();
+        return (Before ? Before->Number : std::numeric_limits<std::uint64_t>::max()) - below();
     };
     if (gap() < 2) Renumber();
-    return below() + std::min(gap() / 2, atEnd ? CAppendStep : CInsertStep);
+    return below() + std::min(gap() / 2, Before ? CInsertStep : CAppendStep);
 }
 
 void TKxIniLines::Renumber() {
     std::uint64_t number = 0;
-    for (TLine& line : FLines) line.Number = number += CAppendStep;
-}
-
-void TKxIniLines::Enter(TPlace Place) const {
-    ForEachKind(*Place, [&](TKind Kind) {
-        TSameKind& lines = FIndex[std::move(Kind)]; // empty for a moment: no search may see it so
-        const bool isLast = lines.empty() || IsInOrder(lines.back(), Place);
-        lines.insert(isLast ? lines.end() : std::upper_bound(lines.begin(), lines.end(), Place, IsInOrder),
-                     Place);
-    });
-}
-
-void TKxIniLines::Leave(TPlace Place) const {
-    ForEachKind(*Place, [&](const TKind& Kind) {
-        const auto found = FIndex.find(Kind);
-        TSameKind& lines = found->second;
-        lines.erase(std::lower_bound(lines.begin(), lines.end(), Place, IsInOrder));
-        if (lines.empty()) FIndex.erase(found);
-    });
+    for (TLine* line = FFirst; line; line = line->Next) line->Number = number += CAppendStep;
 }
 
 } // namespace kx

@@ -2,47 +2,94 @@
 // The lines of an INI store in their order, and an index that answers where a section begins and where in it
 // the lines of a key are. What follows from the answers is the store's business.
 
+#include <kxgraph/persist/Kxinitable.h>
+#include <kxgraph/platform/objects/order.h>
+
 #include <cstddef>
 #include <cstdint>
-#include <list>
+#include <iterator>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <utility>
-#include <vector>
 
 namespace kx {
 
-/// Lines of text. Changes at a place and all searches cost O(1), access by position likewise unless lines
-/// were inserted or deleted at places since the last one. What costs more: a line beginning with "[" that
-/// comes or goes (O(n) in the lines that change their section by it, none at the end of the list), and lines
-/// of one key in one section (O(k) for k of them). A place stays valid until its line is deleted.
+/// Lines of text. Changes at a place and all searches cost O(1), access by position O(1) at the ends and next
+/// to the one before, else logarithmic time. What costs more: a line beginning with "[" that comes or goes
+/// (in proportion to the lines that change their section by it, none at the end of the list). A place stays
+/// valid until its line is deleted.
 ///
 /// When memory runs out, an operation that adds or replaces lines raises and leaves the lines as they were;
-/// deleting never fails. The index is given up then and made anew by the next search.
+/// deleting never fails.
 class TKxIniLines {
+    struct THeader;
+
 public:
-    /// Section is the last line beginning with "[" in front of this one; null when there is none. A header is
-    /// thus the last line of the section in front of it, where readers stop. Right while the index holds.
-    struct TLine {
+    class TLine {
+    public:
+        explicit TLine(std::string Text);
+        ~TLine();
+        TLine(const TLine&) = delete;
+        TLine& operator=(const TLine&) = delete;
+
         std::string Text;
-        mutable const TLine* Section = nullptr;
-        std::uint64_t Number = 0; // grows in line order, with gaps
+
+    private:
+        friend class TKxIniLines;
+
+        TLine* Section = nullptr; // the last header in front of this line; null when there is none. A header
+                                  // is thus the last line of the section in front of it, where readers stop.
+        TOrdered<TLine> SameKey{this}; // among the lines of its key, or among the empty ones, of its section
+        TLine *Previous = nullptr, *Next = nullptr;
+        std::uint64_t Number = 0;        // grows in line order, with gaps
+        std::unique_ptr<THeader> Header; // of a line that begins with "["
+        TOrdered<TLine> Position{this};  // while positions are kept
     };
-    using TPlace = std::list<TLine>::const_iterator;
+
+    /// A line, or the end.
+    class TPlace {
+    public:
+        using iterator_category = std::forward_iterator_tag;
+        using value_type = TLine;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const TLine*;
+        using reference = const TLine&;
+
+        TPlace() = default;
+        const TLine& operator*() const { return *FLine; }
+        const TLine* operator->() const { return FLine; }
+        TPlace& operator++() {
+            FLine = FLine->Next;
+            return *this;
+        }
+        TPlace operator++(int) {
+            const TPlace before = *this;
+            ++*this;
+            return before;
+        }
+        friend bool operator==(const TPlace&, const TPlace&) = default;
+
+    private:
+        friend class TKxIniLines;
+        TPlace(TLine* Line) : FLine(Line) {}
+        TLine* FLine = nullptr;
+    };
 
     TKxIniLines() = default;
     TKxIniLines(const TKxIniLines&) = delete;
     TKxIniLines& operator=(const TKxIniLines&) = delete;
+    ~TKxIniLines() { Clear(); }
 
-    int GetCount() const { return static_cast<int>(FLines.size()); }
-    TPlace begin() const { return FLines.begin(); }
-    TPlace end() const { return FLines.end(); }
+    int GetCount() const { return FCount; }
+    TPlace begin() const { return FFirst; }
+    TPlace end() const { return {}; }
     /// Raises ERangeError "i=%d index out of range" for an index outside 0..Count-1; so do the next three.
     TPlace PlaceAt(int Index) const;
     void ReplaceAt(int Index, std::string Text) { Replace(PlaceAt(Index), std::move(Text)); }
     /// Index may be Count.
-    void InsertAt(int Index, std::string Text);
+    void InsertAt(int Index, std::string Text) {
+        Insert(Index == FCount ? end() : PlaceAt(Index), std::move(Text));
+    }
     void DeleteAt(int Index);
 
     void Append(std::string Text) { Insert(end(), std::move(Text)); }
@@ -60,47 +107,47 @@ public:
     /// The first line that is "[" + Section + "]".
     TPlace FindHeader(std::string_view Section) const;
     /// The next line that begins with "[".
-    TPlace NextHeader(TPlace Header) const { return First({&*Header, "["}); }
+    TPlace NextHeader(TPlace Header) const;
     /// The first empty line in front of the next header.
-    TPlace FirstEmpty(TPlace Header) const { return First({&*Header, ""}); }
+    TPlace FirstEmpty(TPlace Header) const;
     /// The first line that begins with Ident + "=", up to and including the next header.
     TPlace FindKey(TPlace Header, std::string_view Ident) const;
+    /// Whether A stands in front of B.
+    static bool IsInOrder(TPlace A, TPlace B) { return Precedes(A.FLine, B.FLine); }
 
 private:
-    /// What the index finds lines by: the section and "" for empty lines, "[" for the next header, "=NAME"
-    /// for lines with NAME in front of their first "="; no section and "[NAME]" for headers.
-    struct TKind {
-        const TLine* Section;
-        std::string Name;
-        friend bool operator==(const TKind&, const TKind&) = default;
+    using TLines = TOrder<TLine>;
+    /// What there is of a line that begins with "[".
+    struct THeader {
+        explicit THeader(TLine& Line) : SameName(&Line) {}
+        TOrdered<TLine> SameName; // among the headers "[NAME]"
+        TLines Empties;           // of the section that begins here
+        TLine *Previous = nullptr, *Next = nullptr;
     };
-    struct THash {
-        std::size_t operator()(const TKind& Kind) const;
-    };
-    using TSameKind = std::vector<TPlace>; // in line order
 
-    using TIndex = std::unordered_map<TKind, TSameKind, THash>;
-
-    template <class F>
-    static void ForEachKind(const TLine& Line, F Do);
-    const TIndex& Index() const;
-    const TSameKind* Find(const TKind& Kind) const;
-    TPlace First(const TKind& Kind) const;
-    const TLine* SectionAt(TPlace Place) const;
-    void EnterSection(TPlace First) const;
-    std::uint64_t NumberBefore(TPlace Before);
+    static bool Precedes(const TLine* A, const TLine* B) { return A->Number < B->Number; }
+    static auto IsKey(const TLine* Section, std::string_view Key);
+    static TLine* SectionAt(const TLine& Line);
+    TLines& EmptiesOf(const TLine* Section) { return Section ? Section->Header->Empties : FEmptiesOfNone; }
+    TLine*& NextHeaderOf(TLine* Section) { return Section ? Section->Header->Next : FFirstHeader; }
+    void Link(TLine* Before, TLine& Line);
+    void EnterKey(TLine& Line);
+    void LeaveKey(TLine& Line);
+    void EnterHeader(TLine& Line);
+    void LeaveHeader(TLine& Line);
+    void EnterSection(TLine* First);
+    std::uint64_t NumberBefore(const TLine* Before);
     void Renumber();
-    void Enter(TPlace Place) const;
-    void Leave(TPlace Place) const;
-    template <class F>
-    bool TryIndex(F Change) const;
-    void GiveUpIndex() const noexcept;
+    void KeepPositions() const;
 
-    std::list<TLine> FLines;
-    mutable TIndex FIndex;
-    mutable bool FIndexHolds = true;
-    mutable std::vector<TPlace> FPositions; // all places in order, if FPositionsHold
-    mutable bool FPositionsHold = true;
+    TLine *FFirst = nullptr, *FLast = nullptr;
+    TLine* FFirstHeader = nullptr;
+    TLines FEmptiesOfNone; // in front of all headers
+    TKxIniTable<TLine> FKeys, FNames;
+    int FCount = 0;
+    mutable TLines FPositions;      // of all lines, from the first search for one on, or empty
+    mutable TLine* FSeen = nullptr; // the line that was found by its position last,
+    mutable int FSeenAt = 0;        // and where, unless a change has followed
 };
 
 } // namespace kx

@@ -87,7 +87,7 @@ void TKxIniList::WriteString(std::string_view Section, std::string_view Ident, s
     for (auto section = header;; section = FStore.NextHeader(section)) {
         const auto key = FStore.FindKey(section, Ident);
         const auto empty = FStore.FirstEmpty(section);
-        if (key != FStore.end() && (empty == FStore.end() || key->Number < empty->Number))
+        if (key != FStore.end() && (empty == FStore.end() || TKxIniLines::IsInOrder(key, empty)))
             return FStore.Replace(key, std::move(line));
         if (empty != FStore.end() || FStore.NextHeader(section) == FStore.end()) {
             FStore.Insert(empty, std::move(line));

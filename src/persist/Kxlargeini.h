@@ -40,8 +40,8 @@ private:
 
 /// An INI store in memory, not bound to a file. Its lines can also be reached as those of any string list.
 ///
-/// Keyed operations do not scan the lines (a writer that looks past headers takes a step for each). Access by
-/// line number is O(1) as well, but the first one after a key was added in the middle costs O(n).
+/// Keyed operations do not scan the lines (a writer that looks past headers takes a step for each). Lines are
+/// found by their number at once when they are asked for one after the other, else in logarithmic time.
 ///
 /// A missing section or key leaves the target of a reader as it is, or gives its Default.
 /// Values must not hold CR or LF: they would come back from a file as lines of their own.

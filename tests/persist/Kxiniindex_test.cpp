@@ -77,6 +77,10 @@ TEST(IniIndex, AnswersLikeAScanAfterAnyChanges) {
         if (what == 5) ini.EraseSection(section), scanned.Erase(section);
         if (what > 5)
             ini.WriteInteger(section, ident, step), scanned.Write(section, ident, std::to_string(step));
+        for (int i = 0; i < 3 && ini.GetCount() > 0; ++i) { // before all lines are read in turn
+            const int at = below(ini.GetCount());
+            ASSERT_EQ(ini.GetLine(at), scanned.GetLine(at)) << "step " << step;
+        }
         ASSERT_EQ(ini.GetText(), scanned.GetText()) << "step " << step;
         for (const auto& name : CSections)
             ASSERT_EQ(ini.ReadString(name, ident, "(default)"), scanned.Read(name, ident))
