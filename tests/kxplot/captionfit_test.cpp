@@ -17,7 +17,8 @@ TEST(CaptionFit, FindsTheFewestStepsAndTheLongestBeginningWithFewTrials) {
     const std::pair<std::size_t, const char*> cases[] = {
         {9, "äbö"}, {5, "äbö"}, {4, "äb"}, {2, "ä"}, {1, ""}};
     for (const auto& [room, expected] : cases)
-        EXPECT_EQ(LongestFitting("äböx", [most = room](const auto& S) { return S.size() <= most; }), expected) << room;
+        EXPECT_EQ(LongestFitting("äböx", [most = room](const auto& S) { return S.size() <= most; }), expected)
+            << room;
     EXPECT_EQ(LongestFitting("", [](const auto&) { return true; }), "");
     EXPECT_EQ(Shortened("a\\bc", ": d", [](const auto& S) { return S.size() <= 10; }), "a\\\\b…: d");
     int points = 12;
