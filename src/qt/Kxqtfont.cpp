@@ -71,10 +71,10 @@ int EmOfCell(QFont Font, int Height) {
 } // namespace
 
 QString InstalledFamily(const std::string& Name, TFontPitch Pitch) {
-    const QString asked = QString::fromStdString(ToValidUtf8(Name));
+    QString asked = QString::fromStdString(ToValidUtf8(Name));
     if (QFontDatabase::hasFamily(asked)) return asked;
     for (const char* family : StandInsFor(Name, Pitch)) {
-        const QString name = QString::fromLatin1(family);
+        QString name = QString::fromLatin1(family);
         if (QFontDatabase::hasFamily(name)) return name;
     }
     return asked;

@@ -39,6 +39,7 @@ void TStrings::Assign(const TPersistent& Source) {
         return;
     }
     std::vector<std::string> copy;
+    copy.reserve(static_cast<std::size_t>(lines->GetCount()));
     for (int i = 0; i < lines->GetCount(); ++i) copy.push_back(lines->GetLine(i));
     SetLines(std::move(copy));
 }

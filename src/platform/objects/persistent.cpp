@@ -20,10 +20,10 @@ const TPropertyTable& TPersistent::PublishedProperties() const {
 std::string TPersistent::ClassName() const { return std::string(PublishedProperties().GetClassName()); }
 
 TPropertyTable::TPropertyTable(std::string_view ClassName, const TPropertyTable* Base,
-                               std::vector<TProperty> Properties, std::vector<TKept> Kept)
+                               std::vector<TProperty> Properties, const std::vector<TKept>& Kept)
     : FClassName(ClassName), FBase(Base), FOwn(std::move(Properties)) {
     FKept.reserve(Kept.size());
-    for (TKept& kept : Kept) {
+    for (const TKept& kept : Kept) {
         const TProperty* row = kept.Row.Get ? &kept.Row : Find(kept.Name);
         if (!row)
             throw EPropertyError(std::string(ClassName) + " keeps no property " + std::string(kept.Name));

@@ -119,7 +119,7 @@ class TPropertyTable {
 public:
     /// Raises EPropertyError when Kept names a property that there is not.
     TPropertyTable(std::string_view ClassName, const TPropertyTable* Base, std::vector<TProperty> Properties,
-                   std::vector<TKept> Kept = {});
+                   const std::vector<TKept>& Kept = {});
     std::string_view GetClassName() const { return FClassName; }
     const TPropertyTable* GetBase() const { return FBase; }
     std::span<const TProperty> GetOwn() const { return FOwn; }
