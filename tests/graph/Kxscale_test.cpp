@@ -86,6 +86,10 @@ TEST(Scale, ManyValuesGoToTheSamePixelsAsOneAndBack) {
     std::vector<double> values{CNaN, CInf, -CInf, 0, -0.0, 5e-324, 1e300, -1e300};
     for (int i = 0; i < 160; ++i) // the last ones on and midway between pixels
         values.insert(values.end(), {inside(random), std::pow(10, exponent(random)), i / 16.0 + 0.5});
+    for (int i = 0; i < 80; ++i) { // the same on a logarithmic axis
+        const double midway = 0.5 * std::pow(21, (i + 0.5) / 80);
+        values.insert(values.end(), {midway, std::nextafter(midway, 0), std::nextafter(midway, 99)});
+    }
     for (std::size_t i = 0; i < 24; ++i) {
         const bool linear = i & 1, horizontal = i & 2, twisted = i & 4;
         const TKxAxisMap map = TKxAxisMap::Make(linear ? AxNormal : AxLogEE, 0.5, 10.5, 80,
