@@ -81,9 +81,9 @@ private:
         }
     }
     void Grow() {
-        std::vector<TSlot> slots(FSlots.empty() ? 16 : 2 * FSlots.size());
-        slots.swap(FSlots);
-        for (TSlot& slot : slots)
+        std::vector<TSlot> before(FSlots.empty() ? 16 : 2 * FSlots.size());
+        before.swap(FSlots);
+        for (TSlot& slot : before)
             if (!slot.Lines.IsEmpty())
                 FSlots[PlaceOf(slot.Hash, [](const T&) { return false; })] = std::move(slot);
     }
