@@ -3,6 +3,8 @@
 #include <kxgraph/analysis/Kxakima.h>
 #include <kxgraph/analysis/Kxsmoothing.h>
 
+#include "support/reference.h"
+
 #include <benchmark/benchmark.h>
 #include <gsl/gsl_spline.h>
 
@@ -88,18 +90,23 @@ void AkimaEvaluate(benchmark::State& State) {
 BENCHMARK(AkimaEvaluate<TCurve>)->Arg(1000)->Arg(100000)->Arg(CPoints)->Unit(benchmark::kMillisecond);
 BENCHMARK(AkimaEvaluate<TGslCurve>)->Arg(1000)->Arg(100000)->Arg(CPoints)->Unit(benchmark::kMillisecond);
 
-/// Windows of one percent of the points, all in all.
+/// Windows of so many points on each side, and the largest error at some points beside the direct sum.
 void TriangularAverage(benchmark::State& State) {
     const TData data(CPoints);
     TKxRealArray x(CPoints), y(CPoints);
     std::copy(data.X.begin(), data.X.end(), x.begin());
+    const double m = data.X.back() / CPoints * double(State.range(0));
     for (auto _ : State) {
         std::copy(data.Y.begin(), data.Y.end(), y.begin());
-        SmoothVector(data.X.back() * 0.005, x, y);
+        SmoothVector(m, x, y);
     }
     State.SetItemsProcessed(State.iterations() * CPoints);
+    double error = 0;
+    for (std::size_t i = 0; i < CPoints; i += 99991)
+        error = std::max(error, std::abs(y[int(i)] - test::TriangularMean(m, data.X, data.Y, i)));
+    State.counters["error"] = error;
 }
-BENCHMARK(TriangularAverage)->Unit(benchmark::kMillisecond);
+BENCHMARK(TriangularAverage)->Arg(1)->Arg(5)->Arg(5000)->Arg(CPoints)->Unit(benchmark::kMillisecond);
 
 /// The same by the direct sum, for every thousandth point: to be multiplied by 1000.
 void TriangularAverageByDirectSum(benchmark::State& State) {

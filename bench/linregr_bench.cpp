@@ -2,9 +2,12 @@
 
 #include <kxgraph/analysis/Kxlinregr.h>
 
+#include "support/reference.h"
+
 #include <benchmark/benchmark.h>
 #include <gsl/gsl_fit.h>
 
+#include <cmath>
 #include <limits>
 #include <random>
 #include <vector>
@@ -36,10 +39,16 @@ void Run(benchmark::State& State, F Fit) {
     State.SetItemsProcessed(State.iterations() * State.range(0));
 }
 
+/// The error of the slope beside plain doubled arithmetic.
+void ReportError(benchmark::State& State, const TData& Data, const std::vector<double>& W, double Slope) {
+    State.counters["error"] = std::abs(Slope / test::FittedPolynomial(Data.X, Data.Y, W, 1)[1] - 1);
+}
+
 void LineByKx(benchmark::State& State) {
     const TData data = DataOf(State);
     TKxLinearRegessionResults results;
     Run(State, [&] { return LinReg(-CInf, CInf, data.X, data.Y, results), results.Slope; });
+    ReportError(State, data, {}, results.Slope);
 }
 void LineByGsl(benchmark::State& State) {
     const TData data = DataOf(State);
@@ -54,6 +63,7 @@ void WeightedLineByKx(benchmark::State& State) {
     const TData data = DataOf(State);
     TKxLinearRegessionResults results;
     Run(State, [&] { return LinRegWithWeight(-CInf, CInf, data.X, data.Y, data.W, results), results.Slope; });
+    ReportError(State, data, data.W, results.Slope);
 }
 void WeightedLineByGsl(benchmark::State& State) {
     const TData data = DataOf(State);

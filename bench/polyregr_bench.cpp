@@ -4,10 +4,13 @@
 
 #include <kxgraph/analysis/Kxpolyregr.h>
 
+#include "support/reference.h"
+
 #include <Eigen/Dense>
 #include <benchmark/benchmark.h>
 #include <gsl/gsl_multifit.h>
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
@@ -28,6 +31,17 @@ struct TCurve {
     }
 };
 
+/// The largest error of a coefficient beside plain doubled arithmetic, where that takes less than a second.
+void ReportError(benchmark::State& State, const TCurve& Curve, const std::vector<double>& W,
+                 const TKxPolynomRegessionResults& Results) {
+    if (State.range(0) > 100000) return;
+    double error = 0;
+    const auto expected = test::FittedPolynomial(Curve.X, Curve.Y, W, COrder);
+    for (int k = 0; k <= COrder; ++k)
+        error = std::max(error, std::abs(Results.Coefficients[k] / expected[std::size_t(k)] - 1));
+    State.counters["error"] = error;
+}
+
 void Report(benchmark::State& State) { State.SetItemsProcessed(State.iterations() * State.range(0)); }
 
 void PolynomialFit(benchmark::State& State) {
@@ -39,6 +53,7 @@ void PolynomialFit(benchmark::State& State) {
         benchmark::DoNotOptimize(results.ChiSquare);
     }
     Report(State);
+    ReportError(State, curve, {}, results);
 }
 BENCHMARK(PolynomialFit)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
@@ -51,6 +66,7 @@ void PolynomialFitWithWeight(benchmark::State& State) {
         benchmark::DoNotOptimize(results.ChiSquare);
     }
     Report(State);
+    ReportError(State, curve, curve.W, results);
 }
 BENCHMARK(PolynomialFitWithWeight)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 

@@ -79,7 +79,9 @@ void TKxApproxSpline::CalcCoeffs() {
         SmoothOrdinates();
     } else {
         const auto n = static_cast<std::size_t>(Count);
-        if (!SmoothSpline({X.Data(), n}, {W.Data(), n}, {A.Data(), n}, {C.Data(), n})) RaiseNotEnoughData();
+        if (!SmoothSpline({X.Data(), n}, {W.Data(), n}, {A.Data(), n}, {C.Data(), n}, {B.Data(), n},
+                          {D.Data(), n}))
+            RaiseNotEnoughData();
     }
     CompletePieces();
 }

@@ -47,6 +47,7 @@ TKxFitFrame FrameOf(const TKxFitExtent& Extent) {
     frame.ExponentY = ExponentOf(std::max(std::abs(Extent.LowY), std::abs(Extent.HighY)));
     frame.ExponentW = ExponentOf(Extent.LargestWeight);
     frame.ExponentW += frame.ExponentW & 1;
+    frame.Whole = Extent.Whole;
     return frame;
 }
 

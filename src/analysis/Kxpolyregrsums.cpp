@@ -1,211 +1,123 @@
 #include <kxgraph/analysis/Kxpolyregrsums.h>
 
-#include <kxgraph/numeric/Kxlanes.h>
+#include <kxgraph/analysis/Kxpolyregrblock.h>
 
 #include <algorithm>
 #include <cmath>
 
 namespace kx {
 
+using namespace polyregr;
+
 namespace {
 
-constexpr std::size_t CBlock = 128; // points; what is held of them stays in the first cache
+/// The points of a block that take part and have a weight, one behind the other. A point without weight must
+/// not even be multiplied by it: its powers may overflow.
+class TGathered {
+public:
+    TGathered() { std::ranges::fill(FOnes, 1.0); }
+    /// AreWhole is what is known already: that all take part.
+    void Gather(const TKxFitPoints& Points, std::size_t First, bool AreWhole = false);
 
-/// The points of a block that take part and have a weight, one behind the other, and zeros behind the last. A
-/// point without weight must not even be multiplied by it: its powers may overflow.
-struct TGathered {
+    const double* X = nullptr;
+    const double* Y = nullptr;
+    const double* W = nullptr;
     std::size_t Count = 0;
     std::size_t CountWithWeightless = 0;
-    double X[CBlock + CLanes];
-    double Y[CBlock + CLanes];
-    double W[CBlock + CLanes];
+    TScanned Scanned;
 
-    void Gather(const TKxFitPoints& Points, std::size_t First) {
-        const std::size_t stop = std::min(First + CBlock, Points.Count);
-        std::size_t n = 0;
-        std::size_t all = 0;
-        for (std::size_t i = First; i < stop; ++i) {
-            X[n] = Points.X[i];
-            Y[n] = Points.Y[i];
-            W[n] = Points.WeightAt(i);
-            const bool takesPart = TakesPart(X[n], Y[n], W[n], Points.Start, Points.Stop);
-            const bool counts = takesPart && W[n] != 0;
-            all += takesPart;
-            n += counts;
-        }
-        std::fill_n(X + n, CLanes, 0.0);
-        std::fill_n(Y + n, CLanes, 0.0);
-        std::fill_n(W + n, CLanes, 0.0);
-        Count = n;
-        CountWithWeightless = all;
-    }
+private:
+    void Copy(const TKxFitPoints& Points);
+
+    double FX[CBlock], FY[CBlock], FW[CBlock], FOnes[CBlock];
 };
 
+void TGathered::Gather(const TKxFitPoints& Points, std::size_t First, bool AreWhole) {
+    const TKxFitPoints part = Points.Part(First, CBlock);
+    if (part.Count == CBlock) {
+        X = part.X;
+        Y = part.Y;
+        W = part.W ? part.W : FOnes;
+        Count = CountWithWeightless = CBlock;
+        if (AreWhole) return;
+        RunKernel<TScan>(Scanned, X, Y, W, CBlock);
+        if (Scanned.AreFinite && Scanned.LeastWeight > 0 && Points.Start <= Scanned.LowX &&
+            Scanned.HighX <= Points.Stop)
+            return; // as a rule
+    }
+    Copy(part);
+    RunKernel<TScan>(Scanned, X, Y, W, Count);
+}
+
+void TGathered::Copy(const TKxFitPoints& Points) {
+    Count = CountWithWeightless = 0;
+    for (std::size_t i = 0; i < Points.Count; ++i) {
+        const double x = FX[Count] = Points.X[i], y = FY[Count] = Points.Y[i];
+        const double w = FW[Count] = Points.WeightAt(i);
+        const bool takesPart = TakesPart(x, y, w, Points.Start, Points.Stop);
+        CountWithWeightless += takesPart;
+        Count += takesPart & (w != 0);
+    }
+    X = FX;
+    Y = FY;
+    W = FW;
+}
+
 template <class F>
-void ForEachBlock(const TKxFitPoints& Points, F&& Use) {
+void ForEachBlock(const TKxFitPoints& Points, bool AreWhole, F&& Use) {
     TGathered block;
     for (std::size_t i = 0; i < Points.Count; i += CBlock) {
-        block.Gather(Points, i);
+        block.Gather(Points, i, AreWhole);
         Use(block);
     }
 }
 
-TKxDoubled SumOfLanes(TKxDoubledLanes Sums) {
-    double high[CLanes], low[CLanes];
-    std::memcpy(high, &Sums.Hi, sizeof high);
-    std::memcpy(low, &Sums.Lo, sizeof low);
-    TKxDoubled sum;
-    for (std::size_t i = 0; i < CLanes; ++i) sum += FastTwoSum(high[i], low[i]);
-    return sum;
-}
-
-/// A factor of many products: a pair whose higher double is split already.
-struct TFactor {
-    TKxLanes Hi, Lo;
-    TKxDoubledLanes Halves;
-    TFactor() = default;
-    explicit TFactor(TKxDoubledLanes Value) : Hi(Value.Hi), Lo(Value.Lo), Halves(SplitHalves(Value.Hi)) {}
-};
-
-/// A product whose lower double may overlap the higher one by a few bits: each factor adds about one unit.
-inline TKxDoubledLanes LooseProduct(TKxDoubledLanes A, TKxDoubledLanes HalvesA, const TFactor& B) {
-    const TKxDoubledLanes high = TwoProduct(A.Hi, HalvesA, B.Hi, B.Halves);
-    return {high.Hi, high.Lo + (A.Hi * B.Lo + A.Lo * B.Hi)};
-}
-
-inline void AddLoosely(TKxDoubledLanes& Sum, TKxDoubledLanes Term) {
-    const TKxDoubledLanes high = TwoSum(Sum.Hi, Term.Hi);
-    Sum = {high.Hi, Sum.Lo + (high.Lo + Term.Lo)};
-}
-
-/// The points of a block in inner coordinates, and a value P for each of them. Loops run over the points
-/// inside, so that the long chains of operations of neighbours overlap.
-class TFitBlock {
-public:
-    void Set(const TGathered& Points, const TKxFitFrame& Frame);
-    void SetPToWeights() {
-        for (std::size_t i = 0; i < FCount; ++i) FP[i] = {FW[i]};
-    }
-    void AddSquaresOfY(TKxDoubled& Sum) const;
-    /// Adds what the power k, now in P, contributes to Sums, and goes on to the next power.
-    void AddPower(TKxFitSums& Sums, std::size_t k) {
-        if (k < Sums.Products.size())
-            AddPower<true>(Sums.Powers[k], &Sums.Products[k]);
-        else
-            AddPower<false>(Sums.Powers[k], nullptr);
-    }
-    void SubtractFromY(std::span<const TKxDoubled> Coefficients) {
-        SetPToPolynomial(Coefficients);
-        for (std::size_t i = 0; i < FCount; ++i) FY[i] = TFactor(Difference(FY[i], FP[i]));
-    }
-    TKxDoubled SumOfSquaredResiduals(std::span<const TKxDoubled> Coefficients) {
-        SetPToPolynomial(Coefficients);
-        return SumOfSquaredDifferences();
-    }
-    TKxDoubled SumOfSquaredDeviations(TKxDoubled Average) {
-        std::fill_n(FP, FCount, AllLanes(Average));
-        return SumOfSquaredDifferences();
-    }
-
-private:
-    template <bool WithY>
-    void AddPower(TKxDoubled& Powers, TKxDoubled* Products);
-    static TKxDoubledLanes Difference(const TFactor& A, TKxDoubledLanes B) {
-        const TKxDoubledLanes high = TwoSum(A.Hi, -B.Hi);
-        return FastTwoSum<TKxLanes>(high.Hi, high.Lo + (A.Lo - B.Lo));
-    }
-    TKxDoubled SumOfSquaredDifferences() const;
-    void SetPToPolynomial(std::span<const TKxDoubled> Coefficients);
-
-    static constexpr std::size_t CGroups = CBlock / CLanes;
-    std::size_t FCount = 0; // of groups of lanes
-    TFactor FT[CGroups];
-    TFactor FY[CGroups];
-    TKxLanes FW[CGroups];
-    TKxDoubledLanes FP[CGroups];
-};
-
-void TFitBlock::Set(const TGathered& Points, const TKxFitFrame& Frame) {
+/// The same in inner coordinates.
+template <class F>
+void ForEachBlock(const TKxFitPoints& Points, const TKxFitFrame& Frame, F&& Use) {
+    TBlock block;
     const double scaleX = std::ldexp(1.0, -Frame.ExponentX);
-    const double scaleY = std::ldexp(1.0, -Frame.ExponentY);
-    const double scaleW = std::ldexp(1.0, -Frame.ExponentW);
-    const TKxLanes origin = AllLanes(-Frame.Origin * scaleX);
-    FCount = (Points.Count + CLanes - 1) / CLanes;
-    for (std::size_t i = 0; i < FCount; ++i) {
-        FT[i] = TFactor(TwoSum<TKxLanes>(LoadLanes(Points.X + i * CLanes) * scaleX, origin));
-        FY[i] = TFactor(TKxDoubledLanes(LoadLanes(Points.Y + i * CLanes) * scaleY));
-        FW[i] = LoadLanes(Points.W + i * CLanes) * scaleW;
-    }
+    const TScaling scaling{scaleX, Frame.Origin * scaleX, std::ldexp(1.0, -Frame.ExponentY),
+                           std::ldexp(1.0, -Frame.ExponentW)};
+    ForEachBlock(Points, Frame.Whole, [&](const TGathered& Gathered) {
+        block.Count = Gathered.Count;
+        RunKernel<TSetBlock>(block, Gathered.X, Gathered.Y, Gathered.W, scaling);
+        Use(block);
+    });
 }
 
-template <bool WithY>
-void TFitBlock::AddPower(TKxDoubled& Powers, TKxDoubled* Products) {
-    TKxDoubledLanes powers, products;
-    for (std::size_t i = 0; i < FCount; ++i) {
-        const TKxDoubledLanes p = FP[i];
-        const TKxDoubledLanes halves = SplitHalves(p.Hi);
-        AddLoosely(powers, p);
-        if constexpr (WithY) AddLoosely(products, LooseProduct(p, halves, FY[i]));
-        FP[i] = LooseProduct(p, halves, FT[i]);
+void Include(TKxFitExtent& Extent, const TScanned& Part) {
+    if (Extent.WithWeight == 0) {
+        Extent.LowX = Part.LowX;
+        Extent.HighX = Part.HighX;
+        Extent.LowY = Part.LowY;
+        Extent.HighY = Part.HighY;
     }
-    Powers += SumOfLanes(powers);
-    if constexpr (WithY) *Products += SumOfLanes(products);
+    Extent.LowX = std::min(Extent.LowX, Part.LowX);
+    Extent.HighX = std::max(Extent.HighX, Part.HighX);
+    Extent.LowY = std::min(Extent.LowY, Part.LowY);
+    Extent.HighY = std::max(Extent.HighY, Part.HighY);
+    Extent.LargestWeight = std::max(Extent.LargestWeight, Part.LargestWeight);
+    Extent.WeightSum += Part.WeightSum;
 }
 
-void TFitBlock::AddSquaresOfY(TKxDoubled& Sum) const {
-    TKxDoubledLanes sum;
-    for (std::size_t i = 0; i < FCount; ++i) {
-        const TKxDoubledLanes product = LooseProduct({FW[i]}, SplitHalves(FW[i]), FY[i]);
-        AddLoosely(sum, LooseProduct(product, SplitHalves(product.Hi), FY[i]));
-    }
-    Sum += SumOfLanes(sum);
-}
-
-/// In plain doubles but for the differences: a sum of squares does not cancel.
-TKxDoubled TFitBlock::SumOfSquaredDifferences() const {
-    TKxLanes sum{};
-    for (std::size_t i = 0; i < FCount; ++i) {
-        const TKxLanes difference = Difference(FY[i], FP[i]).Hi;
-        sum += FW[i] * (difference * difference);
-    }
-    return SumOfLanes({sum});
-}
-
-void TFitBlock::SetPToPolynomial(std::span<const TKxDoubled> Coefficients) {
-    std::fill_n(FP, FCount, AllLanes(Coefficients.back()));
-    for (std::size_t k = Coefficients.size() - 1; k-- > 0;) {
-        const TKxDoubledLanes coefficient = AllLanes(Coefficients[k]);
-        for (std::size_t i = 0; i < FCount; ++i) {
-            const TKxDoubledLanes product = LooseProduct(FP[i], SplitHalves(FP[i].Hi), FT[i]);
-            const TKxDoubledLanes high = TwoSum(product.Hi, coefficient.Hi);
-            FP[i] = FastTwoSum<TKxLanes>(high.Hi, high.Lo + (product.Lo + coefficient.Lo));
-        }
-    }
-}
-
-void Include(TKxFitExtent& Extent, double X, double Y, double W) {
-    if (Extent.WithWeight++ == 0) {
-        Extent.LowX = Extent.HighX = X;
-        Extent.LowY = Extent.HighY = Y;
-    }
-    Extent.LowX = std::min(Extent.LowX, X);
-    Extent.HighX = std::max(Extent.HighX, X);
-    Extent.LowY = std::min(Extent.LowY, Y);
-    Extent.HighY = std::max(Extent.HighY, Y);
-    Extent.LargestWeight = std::max(Extent.LargestWeight, std::abs(W));
-    Extent.WeightSum += W;
+std::vector<TKxDoubled> ValuesOf(const std::vector<TColumnSum>& Sums) {
+    std::vector<TKxDoubled> values;
+    for (const TColumnSum& sum : Sums) values.push_back(sum.Value());
+    return values;
 }
 
 } // namespace
 
 TKxFitExtent ExtentOf(const TKxFitPoints& Points) {
     TKxFitExtent extent;
-    ForEachBlock(Points, [&](const TGathered& Block) {
-        TKxFitExtent part = extent; // a local one stays in registers
-        for (std::size_t i = 0; i < Block.Count; ++i) Include(part, Block.X[i], Block.Y[i], Block.W[i]);
-        part.Count += Block.CountWithWeightless;
-        extent = part;
+    ForEachBlock(Points, false, [&](const TGathered& Block) {
+        extent.Count += Block.CountWithWeightless;
+        if (Block.Count == 0) return;
+        Include(extent, Block.Scanned);
+        extent.WithWeight += Block.Count;
     });
+    extent.Whole = extent.WithWeight == Points.Count;
     return extent;
 }
 
@@ -223,30 +135,32 @@ bool HasDistinctX(const TKxFitPoints& Points, std::size_t Wanted) {
 
 TKxFitSums SumsOfPowers(const TKxFitPoints& Points, const TKxFitFrame& Frame, int Order, int HighestPower,
                         std::span<const TKxDoubled> Coefficients) {
-    TKxFitSums sums;
-    sums.Powers.resize(static_cast<std::size_t>(HighestPower) + 1);
-    sums.Products.resize(static_cast<std::size_t>(Order) + 1);
-    TFitBlock block;
-    ForEachBlock(Points, [&](const TGathered& Gathered) {
-        block.Set(Gathered, Frame);
-        if (!Coefficients.empty()) block.SubtractFromY(Coefficients);
-        block.SetPToWeights();
-        block.AddSquaresOfY(sums.Squares);
-        for (std::size_t k = 0; k < sums.Powers.size(); ++k) block.AddPower(sums, k);
+    TColumnSum squares;
+    std::vector<TColumnSum> powers(static_cast<std::size_t>(HighestPower) + 1);
+    std::vector<TColumnSum> products(static_cast<std::size_t>(Order) + 1);
+    ForEachBlock(Points, Frame, [&](TBlock& Block) {
+        if (!Coefficients.empty()) {
+            RunKernel<TSetToPolynomial>(Block, Coefficients);
+            RunKernel<TSubtractFromY>(Block);
+        }
+        RunKernel<TAddSquares>(Block, squares);
+        for (std::size_t k = 0; k < products.size(); ++k)
+            RunKernel<TAddPowerAndProduct>(Block, powers[k], products[k]);
+        for (std::size_t k = products.size(); k < powers.size(); ++k) RunKernel<TAddPower>(Block, powers[k]);
     });
-    return sums;
+    return {ValuesOf(powers), ValuesOf(products), squares.Value()};
 }
 
 TKxFitSquares SumsOfSquares(const TKxFitPoints& Points, const TKxFitFrame& Frame,
                             std::span<const TKxDoubled> Coefficients, TKxDoubled Average) {
-    TKxFitSquares sums;
-    TFitBlock block;
-    ForEachBlock(Points, [&](const TGathered& Gathered) {
-        block.Set(Gathered, Frame);
-        sums.Residuals += block.SumOfSquaredResiduals(Coefficients);
-        sums.Deviations += block.SumOfSquaredDeviations(Average);
+    TColumnSum residuals, deviations;
+    ForEachBlock(Points, Frame, [&](TBlock& Block) {
+        RunKernel<TSetToPolynomial>(Block, Coefficients);
+        RunKernel<TAddSquaredDifferences>(Block, residuals);
+        RunKernel<TSetToPolynomial>(Block, std::span<const TKxDoubled>(&Average, 1));
+        RunKernel<TAddSquaredDifferences>(Block, deviations);
     });
-    return sums;
+    return {residuals.Value(), deviations.Value()};
 }
 
 } // namespace kx

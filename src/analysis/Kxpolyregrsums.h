@@ -20,6 +20,7 @@ struct TKxFitExtent {
     double LowY = 0, HighY = 0;
     double LargestWeight = 0; ///< in magnitude
     double WeightSum = 0;
+    bool Whole = false; ///< whether all points there are take part and have a weight
 };
 TKxFitExtent ExtentOf(const TKxFitPoints& Points);
 
@@ -32,7 +33,8 @@ struct TKxFitFrame {
     double Origin = 0;
     int ExponentX = 0;
     int ExponentY = 0;
-    int ExponentW = 0; ///< even
+    int ExponentW = 0;  ///< even
+    bool Whole = false; ///< as in the extent: no point needs to be looked at again
 };
 
 struct TKxFitSums {

@@ -14,9 +14,9 @@ namespace kx {
 /// Raises EMathError "Not enough data!" for fewer than three points (that take part, when M is positive).
 ///
 /// O(N) for ascending or descending X, whatever M. The weights are linear in x on each side, so sums of 1, x,
-/// y and xy serve; they are compensated, kept about a point in the window and only ever added to. So a result
-/// has the digits that its own window allows, wherever x is and whatever lies outside the window. O(N *
-/// window) otherwise.
+/// y and xy serve; they are kept about a point in the window and only ever added to, with hardly any
+/// rounding. So a result has the digits that its own window allows, wherever x is and whatever lies outside
+/// the window. O(N * window) otherwise.
 void SmoothVector(double M, const TKxRealArray& X, TKxRealArray& Y);
 
 /// The same with distances |log10 X[i] - log10 X[l]|, M in decades. Raises EInvalidOp, before any change, for

@@ -2,6 +2,7 @@
 
 #include "support/cases.h"
 #include "support/errors.h"
+#include "support/reference.h"
 
 #include <gtest/gtest.h>
 
@@ -118,6 +119,25 @@ TEST(ApproxSpline, LetsRootsOfWeightsVanish) {
                {5e-324, 1e-323, 1e290, 1e300, 1e300, 5e-324});
     f.Calculate();
     for (int i = 0; i < 6; ++i) EXPECT_NEAR(f.Spline.A[i], 1, 1e-9) << i;
+}
+
+TEST(ApproxSpline, KeepsTheDigitsOfTheBandSystemThatItCannotSolve) {
+    std::mt19937 random(9);
+    std::uniform_real_distribution<double> uniform(0.5, 1.5);
+    for (const double distance : {1e-3, 1e-5})
+        for (const int n : {6, 7, 1000, 5001}) {
+            TNumbers x, y, w;
+            for (int i = 0; i < n; ++i) {
+                x.push_back((i ? x.back() : 5) + distance * uniform(random));
+                y.push_back(std::sin(0.01 * i) + 0.1 * uniform(random));
+                w.push_back(uniform(random));
+            }
+            TFixture f(x, y, w);
+            f.Calculate();
+            const auto expected = test::SmoothedBySpline(x, y, w);
+            for (std::size_t i = 0; i < x.size(); ++i)
+                ASSERT_NEAR(f.Spline.A[int(i)], expected[i], 1e-14) << n << ", " << i;
+        }
 }
 
 // The minimum is where slopes are continuous and each point pulls as hard as g''' jumps.

@@ -1,7 +1,9 @@
 #include <kxgraph/analysis/Kxlinregr.h>
+#include <kxgraph/numeric/Kxwide.h>
 
 #include "support/errors.h"
 #include "support/nist.h"
+#include "support/reference.h"
 
 #include <gtest/gtest.h>
 
@@ -202,6 +204,32 @@ TEST(LinReg, AgreesWithAPlainReferenceOnRandomDataWithGapsAndRanges) {
                         << "field " << i << " in round " << round << ", count " << count;
                 }
             }
+    }
+}
+
+TEST(LinReg, GivesTheSameBitsInVectorsOfAnyWidth) {
+    std::mt19937 random(4);
+    std::normal_distribution<double> noise;
+    const bool wide = UsesWideVectors();
+    for (const std::size_t count : {3, 31, 33, 1023, 1025, 5000}) {
+        TReals x, y, w;
+        for (std::size_t i = 0; i < count; ++i) {
+            x.push_back(1e3 + 0.1 * double(i));
+            y.push_back(2 * x.back() + noise(random));
+            w.push_back(i % 7 == 3 ? 0 : std::exp(noise(random)));
+        }
+        for (const TReals& weights : {TReals{}, w}) {
+            UsesWideVectors() = false;
+            const auto narrow = FieldsOf(Fit(x, y, weights)),
+                       through = FieldsOf(FitThrough(1, x, y, weights));
+            UsesWideVectors() = wide;
+            EXPECT_EQ(FieldsOf(Fit(x, y, weights)), narrow) << count;
+            EXPECT_EQ(FieldsOf(FitThrough(1, x, y, weights)), through) << count;
+            const auto expected = test::FittedPolynomial(x, y, weights, 1);
+            const TResults found = Fit(x, y, weights);
+            EXPECT_NEAR(found.Offset, expected[0], 1e-13) << count;
+            EXPECT_DOUBLE_EQ(found.Slope, expected[1]) << count;
+        }
     }
 }
 

@@ -1,12 +1,15 @@
 #include <kxgraph/analysis/Kxpolyregr.h>
+#include <kxgraph/numeric/Kxwide.h>
 
 #include "support/errors.h"
 #include "support/nist.h"
+#include "support/reference.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <random>
 
 namespace kx {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "support/arrays.h"
 #include "support/errors.h"
+#include "support/reference.h"
 
 #include <gtest/gtest.h>
 
@@ -12,24 +13,12 @@
 namespace kx {
 namespace {
 
-using test::ArrayOf, test::CInf, test::CNaN, test::TReals;
+using test::ArrayOf, test::CInf, test::CNaN, test::TReals, test::TriangularMean;
 
 TReals Smoothed(double M, const TReals& X, const TReals& Y) {
     TKxRealArray y = ArrayOf(Y);
     SmoothVector(M, ArrayOf(X), y);
     return {y.begin(), y.end()};
-}
-
-/// Over all points; for points in ascending order.
-double DirectMean(double M, const TReals& X, const TReals& Y, std::size_t i) {
-    long double sum = 0, weights = 0;
-    for (std::size_t l = 0; l < X.size(); ++l) {
-        const long double w = 1 - std::abs((long double)(X[i]) - X[l]) / M;
-        if (w <= 0) continue;
-        sum += w * Y[l];
-        weights += w;
-    }
-    return double(sum / weights);
 }
 
 TReals RandomAscending(std::mt19937& Random, int n, double Offset, double Unevenness) {
@@ -54,7 +43,7 @@ TEST(Smoothing, AgreesWithTheDirectMeanWhateverTheWindow) {
         for (const double m : {range * 1e-4, range * 0.003, range * 0.07, range, range * 30, CInf}) {
             const TReals found = Smoothed(m, x, y);
             for (std::size_t i = 0; i < x.size(); ++i)
-                ASSERT_NEAR(found[i], DirectMean(m, x, y, i), 2e-15 * (std::abs(c.YOffset) + 3))
+                ASSERT_NEAR(found[i], TriangularMean(m, x, y, i), 2e-15 * (std::abs(c.YOffset) + 3))
                     << "M " << m << " at " << i << " of the case with x from " << c.XOffset;
         }
     }
@@ -67,9 +56,9 @@ TEST(Smoothing, KeepsItsDigitsBesideGreatValuesAndCrowdsAtTheRim) {
         y.push_back(i == 1600 ? 1e200 : std::sin(i));
     }
     const TReals found = Smoothed(1, x, y), wide = Smoothed(3, x, y);
-    EXPECT_NEAR(found[1500], DirectMean(1, x, y, 1500), 1e-15);
+    EXPECT_NEAR(found[1500], TriangularMean(1, x, y, 1500), 1e-15);
     for (const std::size_t i : {1502, 1597, 1604, 2999})
-        EXPECT_NEAR(wide[i], DirectMean(3, x, y, i), 1e-15) << i;
+        EXPECT_NEAR(wide[i], TriangularMean(3, x, y, i), 1e-15) << i;
     for (const double scale : {1e308, 1e-306}) {
         const TReals scaled = Smoothed(1.5 * scale, {0, scale / 2, scale}, {scale, scale, scale / 2});
         EXPECT_NEAR(scaled[1] / scale, (1 + 2.0 / 3 + 1.0 / 3) / (1 + 4.0 / 3), 1e-12) << scale;
@@ -123,7 +112,7 @@ TEST(Smoothing, CountsLogarithmicDistancesInDecades) {
     TKxRealArray found = ArrayOf(y);
     SmoothVectorLog(0.3, ArrayOf(x), found);
     for (std::size_t i = 0; i < x.size(); ++i)
-        EXPECT_NEAR(found[int(i)], DirectMean(0.3, logs, y, i), 1e-10) << x[i];
+        EXPECT_NEAR(found[int(i)], TriangularMean(0.3, logs, y, i), 1e-10) << x[i];
     x[499] = 0;
     EXPECT_EQ(test::MessageOf<EInvalidOp>([&] { SmoothVectorLog(0.3, ArrayOf(x), found); }),
               "Invalid floating point operation");
