@@ -40,6 +40,7 @@ void TKxCalculatedSeries::Notification(TComponent* Component, TOperation Operati
     TKxSeries::Notification(Component, Operation);
     if (Operation != opRemove || Component != FParentSeries) return;
     FParentSeries = nullptr;
+    FParentSection.Forget();
     LoseResults();
     TellResultLabels();
 }
@@ -76,7 +77,7 @@ void TKxCalculatedSeries::Join(TKxNotCalculatedSeries* Parent) {
 void TKxCalculatedSeries::Leave() {
     if (auto* parent = std::exchange(FParentSeries, nullptr)) {
         parent->RemoveChild(this);
-        parent->GetResults().EraseSection(FParentSection);
+        FParentSection.Erase(parent->GetResults());
         parent->ChildModified(); // the numbers in its siblings' sections may change
     }
     LoseResults();
@@ -88,12 +89,12 @@ void TKxCalculatedSeries::LoseResults() {
     SetCurve({}, {});
     FY.GetRange().SetStartStop(CMaxReal, -CMaxReal); // so that its axis may shrink
     FFound.Clear();
-    GetResults().EraseSection(FOwnSection);
+    FOwnSection.Erase(GetResults());
     Modified();
 }
 
 void TKxCalculatedSeries::LoseData() {
-    FParentSeries->GetResults().EraseSection(FParentSection);
+    FParentSection.Erase(FParentSeries->GetResults());
     LoseResults();
     TellResultLabels();
 }
@@ -270,33 +271,18 @@ void TKxCalculatedSeries::WriteResults(TKxIniList& List, const AnsiString& Secti
 }
 
 void TKxCalculatedSeries::StoreResults() {
-    FFound.Clear();
+    TKxResults found;
     if (FError.empty()) {
-        CollectResults(FFound);
+        CollectResults(found);
     } else {
-        TKxCalculatedSeries::CollectResults(FFound);
-        FFound.Set("Error", FError);
+        TKxCalculatedSeries::CollectResults(found);
+        found.Set("Error", FError);
     }
-    StoreResultsIn(FParentSeries->GetResults(), FParentSection,
-                   StripBlanks(GetCalculationID() + GetOwnIndex()));
-    StoreResultsIn(GetResults(), FOwnSection, GetName());
-}
-
-// Where the keys are those of the time before, the values are replaced in their place. Otherwise the section
-// is written anew: a key that has gone, such as the coefficient of a higher order, must not stay.
-void TKxCalculatedSeries::StoreResultsIn(TKxIniList& List, AnsiString& Last,
-                                         const AnsiString& Section) const {
-    TStringList keys, before;
-    for (const TKxResult& result : FFound.GetItems()) keys.Add(result.Key);
-    List.ReadSection(Section, before);
-    if (Last != Section) List.EraseSection(Last);
-    Last = Section;
-    if (keys.GetText() != before.GetText()) {
-        List.EraseSection(Section);
-        while (List.GetCount() > 0 && List.GetLine(List.GetCount() - 1).empty())
-            List.Delete(List.GetCount() - 1);
-    }
-    kx::WriteResults(FFound, List, Section);
+    const bool hasSameKeys = found.HasKeysOf(FFound);
+    FFound = std::move(found);
+    FParentSection.Store(FParentSeries->GetResults(), StripBlanks(GetCalculationID() + GetOwnIndex()),
+                         hasSameKeys);
+    FOwnSection.Store(GetResults(), GetName(), hasSameKeys);
 }
 
 void TKxCalculatedSeries::AddResultLabel(TKxResultListener* Label) {

@@ -3,6 +3,7 @@
 // write what they found into INI stores, where labels show it.
 
 #include <kxgraph/analysis/Kxfitpoints.h>
+#include <kxgraph/analysis/Kxresultsection.h>
 #include <kxgraph/persist/Kxresults.h>
 #include <kxgraph/series/Kxdataseries.h>
 
@@ -190,8 +191,6 @@ private:
     bool TakesError(Exception& Error);
     void SetDisplayLimits();
     void StoreResults();
-    /// Last is the section of the time before.
-    void StoreResultsIn(TKxIniList& List, AnsiString& Last, const AnsiString& Section) const;
     void UpdateAutoCaption();
     void TellResultLabels();
     bool AwaitsLayout() const;
@@ -216,9 +215,9 @@ private:
     std::vector<TKxResultListener*> FResultLabels;
     std::unique_ptr<TKxLiveVector> FDisplayX, FDisplayY;
     TKxNotCalculatedSeries* FParentSeries = nullptr;
-    AnsiString FParentSection, FOwnSection; // where the last results stand
     AnsiString FError;
     TKxResults FFound;
+    TKxResultSection FParentSection{FFound}, FOwnSection{FFound};
     unsigned FCalculation = 0; ///< changes when a calculation begins, or must not go on
 };
 

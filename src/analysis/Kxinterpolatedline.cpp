@@ -4,18 +4,6 @@
 
 namespace kx {
 
-namespace {
-
-void AddPoints(TKxResults& Results, const AnsiString& Kind, const TKxRealPosArray& Points) {
-    for (int k = 0; k < Points.Length(); ++k) {
-        const AnsiString number = "(" + std::to_string(k + 1) + ")";
-        Results.Set("X-" + Kind + number, Points[k].X);
-        Results.Set("Y-" + Kind + number, Points[k].Y);
-    }
-}
-
-} // namespace
-
 TKxInterpolatedFunction::TKxInterpolatedFunction(TComponent* Owner, std::unique_ptr<TKxIntPolynom> Polynom)
     : TKxCalculatedSeries(Owner), FPolynom(std::move(Polynom)) {}
 
@@ -30,8 +18,8 @@ void TKxInterpolatedFunction::CalculateFunction() {
 
 void TKxInterpolatedFunction::CollectResults(TKxResults& Results) const {
     TKxCalculatedSeries::CollectResults(Results);
-    AddPoints(Results, "Minima", GetMinima());
-    AddPoints(Results, "Maxima", GetMaxima());
+    Results.SetPoints("Minima", GetMinima());
+    Results.SetPoints("Maxima", GetMaxima());
 }
 
 TKxAkimaFunction::TKxAkimaFunction(TComponent* Owner)

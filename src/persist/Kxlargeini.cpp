@@ -37,8 +37,28 @@ std::string KeyLine(std::string_view Ident, std::string_view Value) {
 
 } // namespace
 
+void TKxIniList::WriteLater(TKxLateWriter& Writer) {
+    FLate.push_back(&Writer);
+    Modified = true;
+}
+
+void TKxIniList::WriteLate() const {
+    auto& self = const_cast<TKxIniList&>(*this);
+    const bool modified = Modified;       // it was told of this before
+    auto late = std::exchange(FLate, {}); // while they write, nobody waits
+    auto next = late.begin();
+    try {
+        for (; next != late.end(); ++next) (*next)->WriteLate(self);
+    } catch (...) {
+        late.erase(late.begin(), next);
+        FLate = std::move(late);
+        throw;
+    }
+    self.Modified = modified;
+}
+
 void TKxIniList::ReadSections(TStrings& Strings) const {
-    for (const auto& line : FStore) {
+    for (const auto& line : Lines()) {
         if (!line.Text.starts_with('[')) continue;
         const auto close = line.Text.find(']');
         Strings.Add(close == line.Text.npos ? std::string() : line.Text.substr(1, close - 1));
@@ -46,63 +66,63 @@ void TKxIniList::ReadSections(TStrings& Strings) const {
 }
 
 bool TKxIniList::SectionExists(std::string_view Section) const {
-    return FStore.FindHeader(Section) != FStore.end();
+    return Lines().FindHeader(Section) != Lines().end();
 }
 
 void TKxIniList::ReadSection(std::string_view Section, TStrings& Strings) const {
     Strings.Clear();
-    const auto header = FStore.FindHeader(Section);
-    if (header == FStore.end()) return;
-    ForEachLine(FStore, std::next(header), [&](const std::string& Line) { Strings.Add(NameOf(Line)); });
+    const auto header = Lines().FindHeader(Section);
+    if (header == Lines().end()) return;
+    ForEachLine(Lines(), std::next(header), [&](const std::string& Line) { Strings.Add(NameOf(Line)); });
 }
 
 void TKxIniList::ReadSectionValues(std::string_view Section, TStrings& Strings) const {
     Strings.Clear();
-    const auto header = FStore.FindHeader(Section);
-    if (header == FStore.end()) return;
-    ForEachLine(FStore, std::next(header), [&](const std::string& Line) { Strings.Add(Line); });
+    const auto header = Lines().FindHeader(Section);
+    if (header == Lines().end()) return;
+    ForEachLine(Lines(), std::next(header), [&](const std::string& Line) { Strings.Add(Line); });
 }
 
 void TKxIniList::EraseSection(std::string_view Section) {
-    const auto header = FStore.FindHeader(Section);
-    if (header == FStore.end()) return;
-    FStore.Delete(header, FStore.NextHeader(header));
+    const auto header = Lines().FindHeader(Section);
+    if (header == Lines().end()) return;
+    Lines().Delete(header, Lines().NextHeader(header));
     Modified = true;
 }
 
 std::string TKxIniList::ReadString(std::string_view Section, std::string_view Ident,
                                    std::string_view Default) const {
-    const auto header = FStore.FindHeader(Section);
-    if (header == FStore.end()) return std::string(Default);
-    const auto key = FStore.FindKey(header, Ident);
-    return key == FStore.end() ? std::string(Default) : key->Text.substr(Ident.size() + 1);
+    const auto header = Lines().FindHeader(Section);
+    if (header == Lines().end()) return std::string(Default);
+    const auto key = Lines().FindKey(header, Ident);
+    return key == Lines().end() ? std::string(Default) : key->Text.substr(Ident.size() + 1);
 }
 
 void TKxIniList::WriteString(std::string_view Section, std::string_view Ident, std::string_view Value) {
     std::string line = KeyLine(Ident, Value);
-    const auto header = FStore.FindHeader(Section);
+    const auto header = Lines().FindHeader(Section);
     Modified = true;
-    if (header == FStore.end()) return AppendSection(Section, std::move(line));
+    if (header == Lines().end()) return AppendSection(Section, std::move(line));
     // Kept: past headers, as long as no empty line comes.
-    for (auto section = header;; section = FStore.NextHeader(section)) {
-        const auto key = FStore.FindKey(section, Ident);
-        const auto empty = FStore.FirstEmpty(section);
-        if (key != FStore.end() && (empty == FStore.end() || TKxIniLines::IsInOrder(key, empty)))
-            return FStore.Replace(key, std::move(line));
-        if (empty != FStore.end() || FStore.NextHeader(section) == FStore.end()) {
-            FStore.Insert(empty, std::move(line));
+    for (auto section = header;; section = Lines().NextHeader(section)) {
+        const auto key = Lines().FindKey(section, Ident);
+        const auto empty = Lines().FirstEmpty(section);
+        if (key != Lines().end() && (empty == Lines().end() || TKxIniLines::IsInOrder(key, empty)))
+            return Lines().Replace(key, std::move(line));
+        if (empty != Lines().end() || Lines().NextHeader(section) == Lines().end()) {
+            Lines().Insert(empty, std::move(line));
             return;
         }
     }
 }
 
 void TKxIniList::AppendSection(std::string_view Section, std::string Line) {
-    const auto empty = FStore.Insert(FStore.end(), {});
+    const auto empty = Lines().Insert(Lines().end(), {});
     try {
-        FStore.Append(std::string("[").append(Section).append("]"));
-        FStore.Append(std::move(Line));
+        Lines().Append(std::string("[").append(Section).append("]"));
+        Lines().Append(std::move(Line));
     } catch (...) {
-        FStore.Delete(empty, FStore.end());
+        Lines().Delete(empty, Lines().end());
         throw;
     }
 }
@@ -110,16 +130,16 @@ void TKxIniList::AppendSection(std::string_view Section, std::string Line) {
 void TKxIniList::SetLines(std::vector<std::string> Lines) {
     TKxIniLines store;
     for (std::string& line : Lines) store.Append(std::move(line));
-    FStore.Swap(store);
+    this->Lines().Swap(store);
 }
 
 void TKxIniList::ReadXYVector(std::string_view Section, TKxRealVector& X, TKxRealVector& Y) const {
     X.Clear();
     Y.Clear();
-    const auto header = FStore.FindHeader(Section);
+    const auto header = Lines().FindHeader(Section);
     // Kept: a file of nothing but points has no header.
-    const auto first = header == FStore.end() ? FStore.begin() : std::next(header);
-    ForEachLine(FStore, first, [&](std::string Line) {
+    const auto first = header == Lines().end() ? Lines().begin() : std::next(header);
+    ForEachLine(Lines(), first, [&](std::string Line) {
         const double x = ExtractOneReal(Line);
         const double y = ExtractOneReal(Line);
         X.Add(x);
@@ -129,8 +149,8 @@ void TKxIniList::ReadXYVector(std::string_view Section, TKxRealVector& X, TKxRea
 
 void TKxIniList::DeleteLeadingEmptyLines() {
     const auto filled =
-        std::find_if(FStore.begin(), FStore.end(), [](auto& Line) { return !Line.Text.empty(); });
-    FStore.Delete(FStore.begin(), filled);
+        std::find_if(Lines().begin(), Lines().end(), [](auto& Line) { return !Line.Text.empty(); });
+    Lines().Delete(Lines().begin(), filled);
 }
 
 // A settings file that cannot be read must not keep the program from starting.

@@ -38,6 +38,15 @@ private:
     std::string FSection, FIdent;
 };
 
+class TKxIniList;
+
+/// Has something to write into a store that nobody may ever read, and so does it late.
+class TKxLateWriter {
+public:
+    virtual ~TKxLateWriter() = default;
+    virtual void WriteLate(TKxIniList& Ini) = 0;
+};
+
 /// An INI store in memory, not bound to a file. Its lines can also be reached as those of any string list.
 ///
 /// Keyed operations do not scan the lines (a writer that looks past headers takes a step for each). Lines are
@@ -51,6 +60,11 @@ public:
     /// Whether anything was written or erased. Set by every writer and by EraseSection, not by the operations
     /// of a string list; never reset by the list itself.
     bool Modified = false;
+
+    /// Writer writes before anybody reads or changes anything here, after those that wait already; it must
+    /// not go before. One that fails, for lack of memory, waits on.
+    void WriteLater(TKxLateWriter& Writer);
+    void DoNotWait(TKxLateWriter& Writer) { std::erase(FLate, &Writer); }
 
     // Sections.
 
@@ -137,12 +151,12 @@ public:
     /// The component that the path leads to; null when there is none.
     TComponent* FindComponentRef(std::string_view Section, std::string_view Ident) const;
 
-    int GetCount() const override { return FStore.GetCount(); }
-    const std::string& GetLine(int Index) const override { return FStore.PlaceAt(Index)->Text; }
-    void PutLine(int Index, std::string Line) override { FStore.ReplaceAt(Index, std::move(Line)); }
-    void Insert(int Index, std::string Line) override { FStore.InsertAt(Index, std::move(Line)); }
-    void Delete(int Index) override { FStore.DeleteAt(Index); }
-    void Clear() override { FStore.Clear(); }
+    int GetCount() const override { return Lines().GetCount(); }
+    const std::string& GetLine(int Index) const override { return Lines().PlaceAt(Index)->Text; }
+    void PutLine(int Index, std::string Line) override { Lines().ReplaceAt(Index, std::move(Line)); }
+    void Insert(int Index, std::string Line) override { Lines().InsertAt(Index, std::move(Line)); }
+    void Delete(int Index) override { Lines().DeleteAt(Index); }
+    void Clear() override { Lines().Clear(); }
 
 protected:
     void SetLines(std::vector<std::string> Lines) override;
@@ -151,7 +165,14 @@ protected:
 private:
     void AppendSection(std::string_view Section, std::string Line);
 
-    TKxIniLines FStore; // instead of the lines of the base class
+    TKxIniLines& Lines() const {
+        if (!FLate.empty()) WriteLate();
+        return FStore;
+    }
+    void WriteLate() const;
+
+    mutable TKxIniLines FStore; // instead of the lines of the base class
+    mutable std::vector<TKxLateWriter*> FLate;
 };
 
 /// A store bound to one file, read when it is made and written when it is destroyed; the file is never open

@@ -29,17 +29,50 @@ public:
     void Set(const AnsiString& Key, double Value) { Put({Key, Value}); }
     void Set(const AnsiString& Key, const AnsiString& Value) { Put({Key, Value}); }
     void Set(const AnsiString& Key, const char* Value) { Put({Key, AnsiString(Value)}); }
-    /// Null when there is none.
+    /// The results X-Kind(k) and Y-Kind(k) of each point, k from 1. The array is shared, and nothing is made
+    /// of a point before somebody asks for it.
+    void SetPoints(const AnsiString& Kind, const TKxRealPosArray& Points);
+    /// Null when there is none. Valid until the results change.
     const TKxResult* Find(std::string_view Key) const;
-    std::span<const TKxResult> GetItems() const { return FItems; }
+    /// All of them; those of points are made at the first call.
+    std::span<const TKxResult> GetItems() const;
+    /// Do(result) for all of them, of which none is kept.
+    template <class F>
+    void ForEach(F Do) const;
+    /// Whether the keys are the same, in the same order.
+    bool HasKeysOf(const TKxResults& Other) const;
     void Clear();
 
 private:
+    /// Results 2k and 2k + 1 are those of point k.
+    struct TPoints {
+        std::size_t Place; ///< how many other results stand in front
+        AnsiString Kind;
+        TKxRealPosArray Points;
+        TKxResult ResultAt(int Index) const;
+        /// -1 when the key, in upper case, is none of these.
+        int IndexOf(std::string_view Key) const;
+    };
     void Put(TKxResult Result);
+    bool AreAmongPoints(const std::string& Key) const;
+    void Spread();
 
     std::vector<TKxResult> FItems;
     std::unordered_map<std::string, std::size_t> FPlaces; // of the keys in upper case
+    std::vector<TPoints> FPoints;                         // their results stand in neither
+    mutable std::vector<TKxResult> FAll;
+    mutable std::unordered_map<std::string, TKxResult> FShown; // of points, asked for one by one
 };
+
+template <class F>
+void TKxResults::ForEach(F Do) const {
+    std::size_t next = 0;
+    for (const TPoints& points : FPoints) {
+        for (; next < points.Place; ++next) Do(FItems[next]);
+        for (int i = 0; i < 2 * points.Points.Length(); ++i) Do(points.ResultAt(i));
+    }
+    for (; next < FItems.size(); ++next) Do(FItems[next]);
+}
 
 /// Writes them all under Section.
 void WriteResults(const TKxResults& Results, TKxIniList& Ini, std::string_view Section);

@@ -8,6 +8,8 @@
 #include <kxgraph/analysis/Kxdifferential.h>
 #include <kxgraph/analysis/Kxintegral.h>
 
+#include <random>
+
 namespace kx {
 namespace {
 
@@ -73,6 +75,51 @@ TEST(InterpolatedSeries, FollowAFunctionItsSlopeAndItsIntegral) {
     EXPECT_NEAR(stored.ReadReal("Differentiation", "Y-Minima(1)", 0), -1, 1e-2);
 }
 
+double Wave(double X) { return std::sin(0.7 * X) + 0.1 * X; }
+
+/// A form whose curves come and go, change the number of their extrema and fail, as the steps have it.
+struct TChangingForm : TFixture {
+    void Step(unsigned Number) {
+        auto* curve = Curves[Number % Curves.size()];
+        switch (Number / 3 % 8) {
+        case 0: Fill({{double(XV->GetCount()), std::sin(Number)}}); break;
+        case 1: YV->SetValue(int(Number % unsigned(YV->GetCount())), std::cos(Number)); break;
+        case 2: curve->SetParentSeries(curve->GetParentSeries() ? nullptr : Series); break;
+        case 3: curve->SetName("Curve" + std::to_string(Number)); break;
+        case 4: curve->SetCaption("Caption" + std::to_string(Number)); break;
+        case 5: curve->SetCalculationStop(Number % 2 ? -1 : 7); break; // of no points, or of some
+        case 6: Series->GetResults().WriteString("Interpolation", "Y-Minima(1)", "changed"); break;
+        case 7: Series->GetResults().WriteString("Own" + std::to_string(Number), "Key", "1"); break;
+        }
+        test::MessageOf<EMathError>([&] { Draw(); });
+    }
+    std::string Stores() const {
+        std::string text = Series->GetResults().GetText();
+        for (auto* curve : Curves) text += "----\n" + curve->GetResults().GetText();
+        return text;
+    }
+    test::TFaults Faults;
+    std::vector<TKxCalculatedSeries*> Curves{AddCurve<TKxInterpolatedLine>("One"),
+                                             AddCurve<TKxDifferential>("Two"),
+                                             AddCurve<TKxInterpolatedLine>("Three")};
+};
+
+TEST(InterpolatedSeries, HoldInStoresThatAreLookedAtWhatTheyWouldHaveWrittenAtOnce) {
+    for (unsigned run = 0; run < 40; ++run) {
+        TChangingForm watched, unwatched;
+        for (auto* form : {&watched, &unwatched}) form->Sample(Wave, 12, 1);
+        std::mt19937 random(run);
+        for (int step = 0; step < 30; ++step) {
+            const unsigned number = random() % 1000;
+            watched.Step(number);
+            unwatched.Step(number);
+            const auto stores = watched.Stores(); // looks after every step
+            if (step % 10 != 9) continue;
+            ASSERT_EQ(unwatched.Stores(), stores) << run << ", " << step;
+        }
+    }
+}
+
 TEST(InterpolatedSeries, IntegrateRightlyWithMorePointsThanPixels) {
     TFixture f;
     f.Sample([](double) { return 1.0; }, 20, 0.01);
@@ -86,8 +133,6 @@ TEST(InterpolatedSeries, IntegrateRightlyWithMorePointsThanPixels) {
     EXPECT_GT(area->GetXData()->GetCount(), 2 * count);
     EXPECT_LT(WorstOf(*area, 20, [](double x) { return x; }), 1e-10);
 }
-
-double Wave(double X) { return std::sin(0.7 * X) + 0.1 * X; }
 
 TEST(InterpolatedSeries, HaveTheSameIntegralInEveryView) {
     TFixture f;
