@@ -11,10 +11,10 @@ namespace {
 
 constexpr double CInf = std::numeric_limits<double>::infinity();
 // x, y and weights of a block stay in the first-level cache for all passes over it, and a plain sum over a
-// block loses no more than the last bits: each of its parts adds up an eighth of the block.
+// block loses no more than the last bits: each of its parts adds up a quarter of the block.
 constexpr std::size_t CBlock = 1024;
 
-constexpr std::size_t CParts = 8;
+constexpr std::size_t CParts = 4;
 using TParts = TKxParts<CParts>;
 
 /// One point; without weights W is 1, which the compiler knows.
@@ -22,12 +22,13 @@ struct TPoint {
     double X, Y, W;
 };
 
-/// Add(point, part) for all points; neighbours go to parts that are neighbours.
-template <bool Weighted, class F>
-KX_INLINED void ForEachPoint(const TKxFitPoints& P, F Add) {
-    ForEachInParts<CParts, 4>(P.Count, [&](std::size_t i, std::size_t k) {
+/// Add(point, part) for all points; then the first one of each of Sums is that of its parts.
+template <bool Weighted, class F, class... TSums>
+KX_INLINED void ForEachPoint(const TKxFitPoints& P, F Add, TSums&... Sums) {
+    const auto use = [&](std::size_t i, std::size_t k) {
         Add(TPoint{P.X[i], P.Y[i], Weighted ? P.W[i] : 1}, k);
-    });
+    };
+    ForEachInParts<CParts, 8>(P.Count, use, [&] { (SumOfParts(Sums), ...); });
 }
 
 struct TExtentAndSums {
@@ -43,7 +44,7 @@ struct TSumUp {
         TParts low, high, sumX{}, sumY{}, sumW{}, weightless{}, leastW{};
         std::fill_n(low, CParts, CInf);
         std::fill_n(high, CParts, -CInf);
-        ForEachPoint<Weighted>(P, [&](const TPoint& At, std::size_t k) {
+        const auto add = [&](const TPoint& At, std::size_t k) {
             low[k] = At.X < low[k] ? At.X : low[k];
             high[k] = At.X > high[k] ? At.X : high[k];
             sumX[k] += At.W * (At.X - X0); // so equal values have a mean without rounding
@@ -53,13 +54,14 @@ struct TSumUp {
                 weightless[k] += At.W == 0 ? 1 : 0;
                 leastW[k] = At.W < leastW[k] ? At.W : leastW[k];
             }
-        });
+        };
+        ForEachPoint<Weighted>(P, add, sumX, sumY, sumW, weightless);
         Sums = {LeastPart(low),
                 LargestPart(high),
-                SumOfParts(sumX),
-                SumOfParts(sumY),
-                Weighted ? SumOfParts(sumW) : static_cast<double>(P.Count),
-                SumOfParts(weightless),
+                sumX[0],
+                sumY[0],
+                Weighted ? sumW[0] : static_cast<double>(P.Count),
+                weightless[0],
                 LeastPart(leastW)};
     }
 };
@@ -73,7 +75,7 @@ struct TAddMoments {
     template <bool>
     static KX_INLINED void Run(TMoments& Sums, const TKxFitPoints& P, double Cx, double Cy) {
         TParts px{}, py{}, qxx{}, qxy{}, qyy{};
-        ForEachPoint<Weighted>(P, [&](const TPoint& At, std::size_t k) {
+        const auto add = [&](const TPoint& At, std::size_t k) {
             const double dx = At.X - Cx, dy = At.Y - Cy;
             const double wdx = At.W * dx, wdy = At.W * dy;
             px[k] += wdx;
@@ -81,8 +83,9 @@ struct TAddMoments {
             qxx[k] += wdx * dx;
             qxy[k] += wdx * dy;
             qyy[k] += wdy * dy;
-        });
-        Sums = {SumOfParts(px), SumOfParts(py), SumOfParts(qxx), SumOfParts(qxy), SumOfParts(qyy)};
+        };
+        ForEachPoint<Weighted>(P, add, px, py, qxx, qxy, qyy);
+        Sums = {px[0], py[0], qxx[0], qxy[0], qyy[0]};
     }
 };
 
@@ -95,14 +98,15 @@ struct TAddResiduals {
     static KX_INLINED void Run(TResidualSums& Sums, const TKxFitPoints& P, double Cx, double Cy,
                                double Slope) {
         TParts rr{}, rx{};
-        ForEachPoint<Weighted>(P, [&](const TPoint& At, std::size_t k) {
+        const auto add = [&](const TPoint& At, std::size_t k) {
             const double dx = At.X - Cx;
             const double r = (At.Y - Cy) - dx * Slope;
             const double wr = At.W * r;
             rr[k] += wr * r;
             rx[k] += wr * dx;
-        });
-        Sums = {SumOfParts(rr), SumOfParts(rx)};
+        };
+        ForEachPoint<Weighted>(P, add, rr, rx);
+        Sums = {rr[0], rx[0]};
     }
 };
 

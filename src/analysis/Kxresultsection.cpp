@@ -30,7 +30,12 @@ void TKxResultSection::Store(TKxIniList& Ini, const AnsiString& Section, bool Ha
 // What waits is written as shortly as can be, for the empty lines that sections leave behind.
 void TKxResultSection::Erase(TKxIniList& Ini) {
     FIsGoing = true;
-    Ini.EraseSection(FSection);
+    try {
+        Ini.EraseSection(FSection);
+    } catch (...) {
+        FIsGoing = false;
+        throw;
+    }
     FIsGoing = FIsNew = false;
     FSection.clear();
 }

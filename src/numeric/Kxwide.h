@@ -23,19 +23,26 @@ namespace kx {
 template <std::size_t N>
 using TKxParts = double[N];
 
-/// Use(i, part) for i = 0 to Count - 1. Sums stay in registers for so many Turns; more than one are well for
-/// loops that store nothing else. Then eight parts are enough, else 16 are none too many, for a sum must not
-/// wait for itself.
-template <std::size_t N, std::size_t Turns, class F>
-KX_INLINED void ForEachInParts(std::size_t Count, F Use) {
+/// Use(i, part) for i = 0 to Count - 1; then for the last ones, fewer than N, which all go to part 0, after a
+/// call of Before. Sums stay in registers for so many Turns; more than one are well for loops that store
+/// nothing else. Then a few parts are enough, else 16 are none too many, for a sum must not wait for itself.
+template <std::size_t N, std::size_t Turns, class F, class G>
+KX_INLINED void ForEachInParts(std::size_t Count, F Use, G Before) {
     std::size_t i = 0;
     for (; i + Turns * N <= Count; i += Turns * N)
         for (std::size_t k = 0; k < N; ++k)
             for (std::size_t turn = 0; turn < Turns; ++turn) Use(i + turn * N + k, k);
-    for (std::size_t k = 0; i < Count; ++i, k = (k + 1) % N) Use(i, k);
+    for (; i + N <= Count; i += N)
+        for (std::size_t k = 0; k < N; ++k) Use(i + k, k);
+    Before();
+    for (; i < Count; ++i) Use(i, 0);
+}
+template <std::size_t N, std::size_t Turns, class F>
+KX_INLINED void ForEachInParts(std::size_t Count, F Use) {
+    ForEachInParts<N, Turns>(Count, Use, [] {});
 }
 
-// Of all parts, which are used up.
+// Of all parts; the first one becomes it, and the others are used up.
 template <std::size_t N, class F>
 KX_INLINED double CombinedParts(TKxParts<N>& Parts, F Combine) {
     for (std::size_t half = N / 2; half > 0; half /= 2)
