@@ -3,6 +3,7 @@
 #include <kxgraph/platform/drawing/reduction.h>
 #include <kxgraph/qt/Kxqtclip.h>
 #include <kxgraph/qt/Kxqtlines.h>
+#include <kxgraph/qt/Kxqtvectors.h>
 
 #include <QImage>
 #include <QPaintEngine>
@@ -80,10 +81,22 @@ std::span<const TPoint> WithoutColumnDetail(std::span<const TPoint> Points, std:
     return Kept;
 }
 
+/// The pixels inside a polygon of four corners with level and upright sides.
+std::optional<TRect> UprightRect(std::span<const TPoint> Points) {
+    if (Points.size() != 4) return std::nullopt;
+    const auto [a, b, c, d] = std::array{Points[0], Points[1], Points[2], Points[3]};
+    const bool levelFirst = a.Y == b.Y && b.X == c.X && c.Y == d.Y && d.X == a.X;
+    const bool uprightFirst = a.X == b.X && b.Y == c.Y && c.X == d.X && d.Y == a.Y;
+    if (!levelFirst && !uprightFirst) return std::nullopt;
+    const auto [left, right] = std::minmax(a.X, c.X);
+    const auto [top, bottom] = std::minmax(a.Y, c.Y);
+    return TRect{left, top, right, bottom};
+}
+
 } // namespace
 
 TPainterDevice::TPainterDevice(QPainter& Painter, TSize Extent, double Scale, bool Antialias)
-    : FPainter(Painter), FExtent(Extent), FScale(Scale), FAntialias(Antialias),
+    : FPainter(Painter), FAccess(Painter), FExtent(Extent), FScale(Scale), FAntialias(Antialias),
       FRaster(Painter.paintEngine()->type() == QPaintEngine::Raster) {
     SetClip({});
 }
@@ -162,10 +175,13 @@ void TPainterDevice::SetClip(const std::optional<TRect>& Clip) {
 }
 
 void TPainterDevice::Polygon(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill) {
+    const TVectorsCleared afterwards;
+    if (PaintRepeated(TRepeatedShape::Polygon, Points, Stroke, Fill)) return;
     PaintShape(Points, Stroke, Fill, Qt::RoundJoin);
 }
 
 void TPainterDevice::Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) {
+    const TVectorsCleared afterwards;
     const TRect frame = FramedInside(Rect, Stroke);
     if (frame.IsEmpty()) return;
     // An outline runs along the last pixels; an area alone ends behind them.
@@ -191,6 +207,8 @@ void TPainterDevice::PaintShape(std::span<const TPoint> Points, const TStroke& S
 
 void TPainterDevice::PaintArea(std::span<const TPoint> Points, const TFill& Fill, bool Antialias) {
     SetMode(Fill.Mode, Antialias);
+    if (const auto rect = UprightRect(Points); rect && !Antialias && FScale == 1 && WriteArea(*rect, Fill))
+        return;
     FCurve.clear();
     for (const TPoint p : WithoutColumnDetail(Points, FKept)) FCurve.push_back(DevicePoint(p.X, p.Y));
     if (!AllInside(FCurve, SafeArea())) CutPolygon(FCurve, FSpare, SafeArea());
@@ -200,16 +218,32 @@ void TPainterDevice::PaintArea(std::span<const TPoint> Points, const TFill& Fill
 }
 
 void TPainterDevice::FillRect(const TRect& Rect, const TFill& Fill) {
+    const TVectorsCleared afterwards;
     const TRect inside = FClip.Intersected(Rect);
     if (inside.IsEmpty() || !IsVisible(Fill)) return;
+    const QRectF area = DeviceRect(inside);
+    if (WriteArea({int(area.left()), int(area.top()), int(area.right()), int(area.bottom())}, Fill)) return;
     SetMode(Fill.Mode, false);
-    FPainter.fillRect(DeviceRect(inside), BrushOf(Fill));
+    FPainter.fillRect(area, BrushOf(Fill));
+}
+
+/// Fills whole device pixels past the painter; false if the painter has to.
+bool TPainterDevice::WriteArea(const TRect& Area, const TFill& Fill) {
+    const auto image = Fill.Style == bsSolid ? FAccess.Pixels(FWindow, Fill.Mode) : std::nullopt;
+    if (!image) return false;
+    const TRect part = Area.Intersected(FWindow);
+    const QRect inside(part.Left, part.Top, part.Width(), part.Height());
+    image->Fill(std::span(&inside, 1), ColorOf(Fill.Color, Fill.Mode).rgb(), Fill.Mode);
+    return true;
 }
 
 void TPainterDevice::Ellipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) {
+    const TVectorsCleared afterwards;
     const TRect frame = FramedInside(Rect, Stroke);
     if (frame.IsEmpty() || FClip.IsEmpty()) return;
     if (frame.Right == frame.Left + 1 || frame.Bottom == frame.Top + 1) return Rectangle(frame, Stroke, Fill);
+    const std::array box{frame.TopLeft(), TPoint{frame.Right, frame.Bottom}};
+    if (PaintRepeated(TRepeatedShape::Ellipse, box, Stroke, Fill)) return;
     const bool thin = IsThin(Stroke);
     SetMode(Stroke.Mode, FAntialias && !thin);
     const QRectF curve(DevicePoint(frame.Left, frame.Top), DevicePoint(frame.Right - 1, frame.Bottom - 1));

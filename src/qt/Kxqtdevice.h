@@ -3,6 +3,8 @@
 
 #include <kxgraph/platform/drawing/device.h>
 #include <kxgraph/qt/Kxqtfont.h>
+#include <kxgraph/qt/Kxqtraster.h>
+#include <kxgraph/qt/Kxqtstamp.h>
 
 #include <QPainter>
 #include <QPointF>
@@ -15,7 +17,8 @@ namespace kx::qt {
 /// painter's pixels in one of them. On a raster, pens of up to one device pixel follow the pixel rules
 /// exactly, unless antialiasing is asked for; nothing in XOR mode is antialiased. At
 /// other scales, and on vector devices, a line of width 0 or 1 is one logical pixel wide. Where there is no
-/// XOR (vector devices), what is called in XOR mode shows as on white paper.
+/// XOR (vector devices), what is called in XOR mode shows as on white paper. What painting leaves in the
+/// processor's vector registers is cleared when a call returns, so that numbers after it run as before.
 class TPainterDevice : public TCanvasDevice {
 public:
     TPainterDevice(QPainter& Painter, TSize Extent, double Scale = 1, bool Antialias = false);
@@ -40,6 +43,7 @@ public:
 
 private:
     bool IsThin(const TStroke& Stroke) const;
+    bool IsPlain() const;
     bool IsReduced(std::span<const TPoint> Points, const TStroke& Stroke) const;
     TPoint DevicePixel(TPoint P) const;
     QPointF DevicePoint(double X, double Y) const;
@@ -50,6 +54,10 @@ private:
     QColor ColorOf(TColor Color, TPenMode Mode) const;
     void SetMode(TPenMode Mode, bool Antialias);
     std::span<const TPoint> Reduced(std::span<const TPoint> Points, const TStroke& Stroke);
+    static void PaintStamp(QImage& Picture, const TRecording& One, TPoint Offset);
+    bool PaintRepeated(TRepeatedShape::TKind Kind, std::span<const TPoint> Corners, const TStroke& Stroke,
+                       const TFill& Fill);
+    bool WriteArea(const TRect& Area, const TFill& Fill);
     void PaintThin(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed);
     void PaintWide(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed, Qt::PenJoinStyle Join);
     void PaintStroke(std::span<const QPointF> Line, QPen Pen, double LengthBefore, bool InPieces);
@@ -63,12 +71,14 @@ private:
     QRectF SafeArea() const;
 
     QPainter& FPainter;
+    TRasterAccess FAccess;
     TSize FExtent;
     double FScale;
     bool FAntialias, FRaster, FReduction = true;
-    double FNudge = 0;                   // see SetMode
-    TRect FClip;                         // logical pixels, inside the extent
-    TRect FWindow;                       // the same in device pixels
+    double FNudge = 0; // see SetMode
+    TRect FClip;       // logical pixels, inside the extent
+    TRect FWindow;     // the same in device pixels
+    TRepeatedShape FShape{PaintStamp};
     std::vector<TPoint> FKept, FPixels;  // scratch, kept for their storage
     std::vector<QPointF> FCurve, FSpare; // likewise
     std::vector<QRect> FRuns;            // likewise

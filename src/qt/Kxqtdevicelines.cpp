@@ -2,6 +2,7 @@
 #include <kxgraph/qt/Kxqtclip.h>
 #include <kxgraph/qt/Kxqtdevice.h>
 #include <kxgraph/qt/Kxqtlines.h>
+#include <kxgraph/qt/Kxqtvectors.h>
 
 #include <QPen>
 
@@ -37,6 +38,7 @@ std::span<const TPoint> TPainterDevice::Reduced(std::span<const TPoint> Points, 
 }
 
 void TPainterDevice::Polyline(std::span<const TPoint> Points, const TStroke& Stroke) {
+    const TVectorsCleared afterwards;
     if (Stroke.Style == psClear || FClip.IsEmpty() || Points.size() < 2) return;
     const auto points = Reduced(Points, Stroke);
     if (IsThin(Stroke))
@@ -58,9 +60,12 @@ void TPainterDevice::PaintThin(std::span<const TPoint> Points, const TStroke& St
     else
         scanner.Polyline(Points);
     if (FRuns.empty()) return;
+    const QColor color = ColorOf(Stroke.Color, Stroke.Mode);
+    if (const auto image = FAccess.Pixels(FWindow, Stroke.Mode))
+        return image->Fill(FRuns, color.rgb(), Stroke.Mode);
     SetMode(Stroke.Mode, false);
     FPainter.setPen(Qt::NoPen);
-    FPainter.setBrush(ColorOf(Stroke.Color, Stroke.Mode));
+    FPainter.setBrush(color);
     FPainter.drawRects(FRuns.data(), int(FRuns.size()));
 }
 

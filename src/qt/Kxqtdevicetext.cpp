@@ -1,6 +1,7 @@
 #include <kxgraph/platform/text/text.h>
 #include <kxgraph/qt/Kxqtdevice.h>
 #include <kxgraph/qt/Kxqthost.h>
+#include <kxgraph/qt/Kxqtvectors.h>
 
 namespace kx::qt {
 
@@ -49,6 +50,7 @@ TSize TPainterDevice::MeasureText(const TFontFace& Face, std::string_view Text) 
 }
 
 void TPainterDevice::Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) {
+    const TVectorsCleared afterwards;
     DemandInstalled();
     TQtFont& font = TQtFont::Of(Face);
     const TSize size = font.Measure(Text);

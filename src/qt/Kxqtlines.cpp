@@ -48,16 +48,44 @@ struct TLineScanner::TSlope {
     TInterval Steps; // in the window along the longer direction, the end pixel left out
     TInterval Rises; // in the window along the other one
 
-    std::int64_t FirstStepOf(std::int64_t AtRise) const {
-        if (AtRise == 0) return 0;
-        if (AtRise > Rise) return Length + 1;
-        const std::uint64_t twice = 2 * std::uint64_t(Rise);
-        return std::int64_t((std::uint64_t(2 * AtRise - 1) * std::uint64_t(Length) + twice - 1) / twice);
-    }
     std::int64_t RiseAt(std::int64_t Step) const {
+        if (Step == 0) return 0;
         const auto length = std::uint64_t(Length);
         return std::int64_t((2 * std::uint64_t(Step) * std::uint64_t(Rise) + length) / (2 * length));
     }
+};
+
+/// The first step of one rise after another: (2 rise - 1) Length / (2 Rise), rounded up, without a division
+/// for each.
+class TLineScanner::TRises {
+public:
+    TRises(const TSlope& Line, std::int64_t From) : FLine(Line), FRise(From) {
+        if (Line.Rise == 0 || From > Line.Rise) return;
+        const auto length = std::uint64_t(Line.Length), twice = 2 * std::uint64_t(Line.Rise);
+        FSteps = Line.Rise == 1 ? Line.Length : Line.Length / Line.Rise;
+        FRest = 2 * (Line.Length - FSteps * Line.Rise);
+        const std::uint64_t exact = std::uint64_t(2 * std::max<std::int64_t>(From, 1) - 1) * length;
+        FNext = std::int64_t((exact + twice - 1) / twice);
+        FSlack = std::int64_t(std::uint64_t(FNext) * twice - exact);
+    }
+    std::int64_t Next() {
+        const std::int64_t rise = FRise++;
+        if (rise == 0) return 0;
+        if (rise > FLine.Rise) return FLine.Length + 1;
+        const std::int64_t first = FNext;
+        FNext += FSteps;
+        FSlack -= FRest;
+        if (FSlack < 0) {
+            ++FNext;
+            FSlack += 2 * FLine.Rise;
+        }
+        return first;
+    }
+
+private:
+    const TSlope& FLine;
+    std::int64_t FRise, FNext = 0, FSteps = 0; // steps from one rise to the next, and
+    std::int64_t FRest = 0, FSlack = 0;        // in parts of a step, 2 Rise of them
 };
 
 TLineScanner::TLineScanner(const TRect& Window, TPenStyle Style, bool Join, std::vector<QRect>& Runs)
@@ -110,10 +138,11 @@ void TLineScanner::Segment(TPoint From, TPoint To) {
 
 void TLineScanner::Scan(const TSlope& Line) {
     std::int64_t rise = std::max(Line.Rises.First, Line.RiseAt(Line.Steps.First));
-    std::int64_t next = Line.FirstStepOf(rise);
+    TRises rises(Line, rise);
+    std::int64_t next = rises.Next();
     for (; rise <= std::min(Line.Rises.Last, Line.Rise) && next <= Line.Steps.Last; ++rise) {
         const std::int64_t first = std::max(next, Line.Steps.First);
-        next = Line.FirstStepOf(rise + 1);
+        next = rises.Next();
         if (first < next) Run(Line, first, std::min(next - 1, Line.Steps.Last), rise);
     }
 }

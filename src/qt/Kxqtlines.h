@@ -29,6 +29,7 @@ public:
 
 private:
     struct TSlope;
+    class TRises;
     void Segment(TPoint From, TPoint To);
     void Scan(const TSlope& Line);
     void Run(const TSlope& Line, std::int64_t First, std::int64_t Last, std::int64_t Step);

@@ -5,6 +5,7 @@
 #include <kxgraph/platform/text/text.h>
 #include <kxgraph/qt/Kxqtdevice.h>
 #include <kxgraph/qt/Kxqthost.h>
+#include <kxgraph/qt/Kxqtvectors.h>
 
 #include <QBuffer>
 #include <QImage>
@@ -74,6 +75,7 @@ void WriteBytes(const std::string& FileName, F Bytes) {
 } // namespace
 
 std::string PngBytes(const TPictureOptions& Options, const TPaintPicture& Paint) {
+    const TVectorsCleared afterwards;
     QImage image = ImageFor(Options);
     image.fill(Qt::white);
     PaintPicture(image, Options, Options.Scale, Paint);
@@ -87,6 +89,7 @@ std::string PngBytes(const TPictureOptions& Options, const TPaintPicture& Paint)
 }
 
 std::string PdfBytes(const TPictureOptions& Options, const TPaintPicture& Paint) {
+    const TVectorsCleared afterwards;
     const TSize size = Options.Size;
     if (size.Width < 1 || size.Height < 1) RaiseSize(size.Width, size.Height, "empty");
     QBuffer buffer;

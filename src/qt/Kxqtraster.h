@@ -1,0 +1,43 @@
+#pragma once
+// Writing past a painter into the image that it stands on, where that comes to what the painter would do: one
+// of its calls costs as much as hundreds of pixels.
+
+#include <kxgraph/platform/drawing/geometry.h>
+#include <kxgraph/platform/drawing/graphics.h>
+
+#include <QImage>
+#include <QPainter>
+#include <QRect>
+
+#include <optional>
+#include <span>
+
+namespace kx::qt {
+
+/// The pixels of an image in memory.
+struct TPixels {
+    QRgb* First;
+    qsizetype Stride; // in pixels
+    QRgb* At(int X, int Y) const { return First + Y * Stride + X; }
+
+    /// Paints the rectangles, which lie inside the image, with an opaque colour.
+    void Fill(std::span<const QRect> Rects, QRgb Color, TPenMode Mode) const;
+};
+
+/// Knows whether a painter stands directly on an image with 32 bits a pixel.
+class TRasterAccess {
+public:
+    /// Refers to Painter, which is active and stays on its device.
+    explicit TRasterAccess(const QPainter& Painter);
+
+    /// The pixels, if one that is written inside Window is what the painter would paint there now; nothing
+    /// for another kind of device (a window), a painter that is moved, scaled or translucent, a window that
+    /// leaves the image, and where pmXor is more than inverting bits. Who writes keeps to the clip.
+    std::optional<TPixels> Pixels(const TRect& Window, TPenMode Mode) const;
+
+private:
+    const QPainter& FPainter;
+    QImage* FImage;
+};
+
+} // namespace kx::qt
