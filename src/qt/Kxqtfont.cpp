@@ -8,7 +8,9 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <map>
 #include <memory>
+#include <utility>
 
 namespace kx::qt {
 
@@ -16,6 +18,8 @@ namespace {
 
 using TFontCache = std::unordered_map<std::string, std::unique_ptr<TQtFont>>;
 std::unique_ptr<TFontCache> FontCache;
+using TFamilies = std::map<std::pair<std::string, TFontPitch>, QString>;
+TFamilies Families; // a look among the installed ones takes longer than the rest of a small picture
 TFontFace LastFace;
 TQtFont* LastFont = nullptr;
 
@@ -23,6 +27,7 @@ TQtFont* LastFont = nullptr;
 void DropFonts() {
     LastFont = nullptr;
     FontCache.reset();
+    Families.clear();
 }
 
 bool NameHas(const std::string& Name, std::initializer_list<const char*> Parts) {
@@ -44,8 +49,14 @@ std::initializer_list<const char*> StandInsFor(const std::string& Name, TFontPit
     return sans;
 }
 
+QString FamilyOf(const TFontFace& Face) {
+    const auto [entry, isNew] = Families.try_emplace({Face.Name, Face.Pitch});
+    if (isNew) entry->second = InstalledFamily(Face.Name, Face.Pitch);
+    return entry->second;
+}
+
 QFont FontOf(const TFontFace& Face) {
-    QFont font(InstalledFamily(Face.Name, Face.Pitch));
+    QFont font(FamilyOf(Face));
     font.setBold((Face.Style & fsBold) != 0);
     font.setItalic((Face.Style & fsItalic) != 0);
     font.setKerning(false);

@@ -5,6 +5,7 @@
 #include <kxgraph/platform/text/text.h>
 #include <kxgraph/qt/Kxqtdevice.h>
 #include <kxgraph/qt/Kxqthost.h>
+#include <kxgraph/qt/Kxqtpalette.h>
 #include <kxgraph/qt/Kxqtvectors.h>
 
 #include <QBuffer>
@@ -20,6 +21,7 @@ namespace {
 
 constexpr double CPointsPerPixel = 72.0 / TFont::CPixelsPerInch,
                  CPixelsPerMetre = TFont::CPixelsPerInch / 0.0254;
+constexpr int CPaletteQuality = 29;     // level 7 of 9: for files no larger than without a palette
 constexpr double CLargestImage = 32767; // the raster painter counts pixels in 16 bits
 
 class EPictureError : public Exception {
@@ -79,12 +81,15 @@ std::string PngBytes(const TPictureOptions& Options, const TPaintPicture& Paint)
     QImage image = ImageFor(Options);
     image.fill(Qt::white);
     PaintPicture(image, Options, Options.Scale, Paint);
+    const auto few = WithPalette(image); // written in a sixth of the time
+    if (few) image = *few;
     image.setDotsPerMeterX(int(std::lround(CPixelsPerMetre * Options.Scale)));
     image.setDotsPerMeterY(image.dotsPerMeterX());
     if (!Options.Title.empty()) image.setText("Title", Text(Options.Title));
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, "PNG")) throw EPictureError("the picture cannot be encoded");
+    if (!image.save(&buffer, "PNG", few ? CPaletteQuality : -1))
+        throw EPictureError("the picture cannot be encoded");
     return buffer.data().toStdString();
 }
 

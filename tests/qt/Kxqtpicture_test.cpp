@@ -34,6 +34,21 @@ TEST(QtPicture, HasItsSizeGroundAndTitleAsPng) {
     EXPECT_NEAR(image.dotsPerMeterX(), 2 * 96 / 0.0254, 1);
 }
 
+TEST(QtPicture, OfFewColorsHasAPaletteAndOfManyEveryColorAsPng) {
+    for (const int colors : {1, 255, 256, 257, 3000}) {
+        const QImage image = Decoded(qt::PngBytes({{60, 50}}, [colors](auto& Device) {
+            for (int i = 0; i < 3000; ++i)
+                Device.FillRect(TRect::Bounds(i % 60, i / 60, 1, 1), {TColor(i % colors * 5003)});
+        }));
+        EXPECT_EQ(image.depth() <= 8, colors <= 256) << colors;
+        for (int i = 0; i < 3000; ++i) {
+            const TColor c = TColor(i % colors * 5003);
+            ASSERT_EQ(image.pixel(i % 60, i / 60), qRgb(RedOf(c), GreenOf(c), BlueOf(c)))
+                << colors << ' ' << i;
+        }
+    }
+}
+
 TEST(QtPicture, IsOnePageOfItsSizeWithTextAndNoTimeAsPdf) {
     const std::string pdf = qt::PdfBytes({{400, 200}, 1, false, clWhite, "A title"}, [](auto& Device) {
         EXPECT_FALSE(Device.CanXor());

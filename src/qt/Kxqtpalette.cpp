@@ -1,0 +1,57 @@
+#include <kxgraph/qt/Kxqtpalette.h>
+
+#include <QList>
+
+#include <unordered_map>
+
+namespace kx::qt {
+
+namespace {
+
+constexpr std::size_t CMostColors = 256;
+
+/// Numbers colours as they come.
+class TPalette {
+public:
+    /// The number of Color, CMostColors when there is none left. Neighbours are mostly of one colour.
+    std::size_t Number(QRgb Color) {
+        if (!FNumbers.empty() && Color == FLast) return FLastNumber;
+        const auto found = FNumbers.find(Color);
+        if (found == FNumbers.end() && FNumbers.size() == CMostColors) return CMostColors;
+        FLast = Color;
+        FLastNumber = found != FNumbers.end() ? found->second : Added(Color);
+        return FLastNumber;
+    }
+    const QList<QRgb>& Colors() const { return FColors; }
+
+private:
+    std::size_t Added(QRgb Color) {
+        FColors.append(Color);
+        return FNumbers.emplace(Color, FNumbers.size()).first->second;
+    }
+    std::unordered_map<QRgb, std::size_t> FNumbers;
+    QList<QRgb> FColors;
+    QRgb FLast = 0;
+    std::size_t FLastNumber = 0;
+};
+
+} // namespace
+
+std::optional<QImage> WithPalette(const QImage& Picture) {
+    QImage result(Picture.size(), QImage::Format_Indexed8);
+    if (result.isNull()) return std::nullopt;
+    TPalette palette;
+    for (int y = 0; y < Picture.height(); ++y) {
+        const auto* from = reinterpret_cast<const QRgb*>(Picture.constScanLine(y));
+        uchar* to = result.scanLine(y);
+        for (int x = 0; x < Picture.width(); ++x) {
+            const std::size_t number = palette.Number(from[x] | ~RGB_MASK); // opaque, whatever the last byte
+            if (number == CMostColors) return std::nullopt;
+            to[x] = uchar(number);
+        }
+    }
+    result.setColorTable(palette.Colors());
+    return result;
+}
+
+} // namespace kx::qt
