@@ -55,6 +55,7 @@ private:
     void SetMode(TPenMode Mode, bool Antialias);
     std::span<const TPoint> Reduced(std::span<const TPoint> Points, const TStroke& Stroke);
     static void PaintStamp(QImage& Picture, const TRecording& One, TPoint Offset);
+    void PaintEach(std::span<const TPoint> Places, const TRecording& One);
     bool PaintRepeated(TRepeatedShape::TKind Kind, std::span<const TPoint> Corners, const TStroke& Stroke,
                        const TFill& Fill);
     bool WriteArea(const TRect& Area, const TFill& Fill);

@@ -1,7 +1,9 @@
 #include <kxgraph/platform/drawing/recording.h>
+#include <kxgraph/platform/drawing/visible.h>
 #include <kxgraph/qt/Kxqtdevice.h>
 #include <kxgraph/qt/Kxqtvectors.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace kx::qt {
@@ -23,6 +25,7 @@ void TPainterDevice::PaintStamp(QImage& Picture, const TRecording& One, TPoint O
 
 void TPainterDevice::Stamps(std::span<const TPoint> Places, const TRecording& One) {
     const TVectorsCleared afterwards;
+    if (!FRaster) return PaintEach(VisiblePlaces(Places, One, FExtent), One);
     const auto stamp = IsPlain() && Places.size() >= CFewPlaces ? TStamp::Of(One, PaintStamp) : std::nullopt;
     if (!stamp) return TCanvasDevice::Stamps(Places, One);
     const TRect bounds = stamp->Bounds();
@@ -47,6 +50,22 @@ void TPainterDevice::Stamps(std::span<const TPoint> Places, const TRecording& On
             stamp->Write(*image, FPixels[i], FWindow);
         else
             stamp->Paint(FPainter, FPixels[i]);
+    }
+}
+
+/// On a vector device: discs as dots of a thick pen, many in one path.
+void TPainterDevice::PaintEach(std::span<const TPoint> Places, const TRecording& One) {
+    const auto disc = DiscOf(One);
+    if (!disc) return TCanvasDevice::Stamps(Places, One);
+    if (FClip.IsEmpty()) return;
+    SetMode(pmCopy, FAntialias);
+    FPainter.setPen(QPen(ColorOf(disc->Color, pmCopy), disc->Diameter * FScale, Qt::SolidLine, Qt::RoundCap,
+                         Qt::RoundJoin));
+    for (; !Places.empty(); Places = Places.subspan(std::min(Places.size(), CDiscsTogether))) {
+        FCurve.clear();
+        for (const TPoint p : Places.first(std::min(Places.size(), CDiscsTogether)))
+            FCurve.emplace_back((p.X + disc->X) * FScale, (p.Y + disc->Y) * FScale);
+        FPainter.drawPoints(FCurve.data(), int(FCurve.size()));
     }
 }
 

@@ -2,6 +2,7 @@
 // A drawing device that builds an SVG document: clipped, searchable, the same bytes for the same drawing.
 
 #include <kxgraph/platform/drawing/device.h>
+#include <kxgraph/platform/drawing/visible.h>
 #include <kxgraph/svg/Kxsvgbody.h>
 #include <kxgraph/svg/Kxsvgclip.h>
 #include <kxgraph/svg/Kxsvgtext.h>
@@ -38,9 +39,12 @@ public:
     void Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) override;
     TSize MeasureText(const TFontFace& Face, std::string_view Text) const override;
     void SetClip(const std::optional<TRect>& Clip) override;
+    /// At those places where something of the picture is to be seen.
+    void Stamps(std::span<const TPoint> Places, const TRecording& One) override;
 
 private:
     void Add(std::string Head, const std::string& Style);
+    void AddDiscs(std::span<const TPoint> Places, const TDisc& Disc);
     std::span<const TPoint> Reduced(std::span<const TPoint> Points, const TStroke& Stroke);
     TStroke Plain(TStroke Stroke) const;
     TFill Plain(TFill Fill) const;

@@ -39,6 +39,8 @@ class TPathData {
 public:
     void MoveTo(TSvgPoint P);
     void LineTo(TSvgPoint P);
+    /// A line so short that only its ends show; some viewers leave out one without any length.
+    void Dot() { FData += "h.01"; }
     void Close() { FData += 'z'; }
     const std::string& Data() const { return FData; }
 

@@ -3,6 +3,7 @@
 #include "support/recording.h"
 
 #include <kxgraph/platform/drawing/recording.h>
+#include <kxgraph/platform/drawing/visible.h>
 
 #include <gtest/gtest.h>
 
@@ -190,6 +191,32 @@ TEST(QtRasterStamps, ShowWhatDrawingEachWouldShow) {
             };
             EXPECT_EQ(drawn(false), drawn(true));
         }
+    }
+}
+
+TEST(QtRasterStamps, ThatOthersHideAreLeftOutAndShowInNoDetail) {
+    std::mt19937 random(5);
+    TPoints places;
+    for (int i = 0; i < 2000; ++i) places.push_back({int(random() % 90) - 25, int(random() % 90) - 25});
+    const struct {
+        const char* Case;
+        TRecording::TCall Symbol;
+        std::size_t Most; // of 2000 places, that may stay
+    } cases[] = {{"circle", TRecording::TEllipse{{-5, -5, 6, 6}, {clBlue, 1}, {clYellow}}, 600},
+                 {"disc", TRecording::TEllipse{{-4, -2, 5, 3}, {clBlue, 1, psClear}, {clBlue}}, 1100},
+                 {"box", TRecording::TRectangle{{-4, -4, 5, 5}, {clBlue, 1, psDot}, {clYellow}}, 700},
+                 {"ring", TRecording::TEllipse{{-5, -5, 6, 6}, {clBlue, 3}, CNoFill}, 1500},
+                 {"xor", TRecording::TEllipse{{-5, -5, 6, 6}, {clBlue, 1, psSolid, pmXor}, {clYellow}}, 2000},
+                 {"triangle", TRecording::TPolygon{{{0, -4}, {4, 4}, {-4, 4}}, {clBlue}, {clYellow}}, 2000}};
+    for (const auto& c : cases) {
+        const TRecording one{{c.Symbol}};
+        const auto visible = VisiblePlaces(places, one, {40, 40});
+        EXPECT_LE(visible.size(), c.Most) << c.Case;
+        EXPECT_EQ(visible.size() == places.size(), c.Most == places.size()) << c.Case;
+        const auto drawn = [&one](const TPoints& Places) {
+            return Painted({{40, 40}, 4}, [&](auto& D) { D.TCanvasDevice::Stamps(Places, one); });
+        };
+        EXPECT_EQ(drawn(visible), drawn(places)) << c.Case;
     }
 }
 

@@ -20,6 +20,12 @@ std::string Drawn(const std::function<void(TCanvasDevice&)>& Draw) {
     return device.Document();
 }
 
+int Count(const std::string& Text, const std::string& Part) {
+    int count = 0;
+    for (auto at = Text.find(Part); at != std::string::npos; at = Text.find(Part, at + 1)) ++count;
+    return count;
+}
+
 /// Every kind of call in every style, without regard to how it looks.
 void DrawEverything(TCanvasDevice& Device) {
     const TPoint points[] = {{1, 1}, {50, 60}, {90, 20}, {1, 1}}, dot[] = {{5, 5}, {5, 5}};
@@ -89,6 +95,21 @@ TEST(SvgDevice, ReducesLongSolidLines) {
     const auto solid = Drawn([&](auto& D) { D.Polyline(points, {clBlack, 1}); });
     const auto dashed = Drawn([&](auto& D) { D.Polyline(points, {clBlack, 1, psDash}); });
     EXPECT_LT(solid.size(), dashed.size() / 3);
+}
+
+TEST(SvgDevice, ShowsManyDiscsInFewElements) {
+    std::vector<TPoint> places(20000);
+    for (int i = 0; i < 20000; ++i) places[std::size_t(i)] = {i * 37 % 211, i * 53 % 113};
+    TRecorder disc({}), ring({});
+    disc.Ellipse({-3, -3, 4, 4}, {clBlue, 1}, {clBlue});
+    ring.Ellipse({-3, -3, 4, 4}, {clBlue, 1}, {clWhite});
+    const auto discs = Drawn([&](auto& D) { D.Stamps(places, disc.Recording); });
+    EXPECT_NE(discs.find("stroke-width=\"7\""), std::string::npos);
+    EXPECT_LT(Count(discs, "<path"), 60);
+    EXPECT_EQ(Count(discs, "<ellipse"), 0);
+    const auto rings = Drawn([&](auto& D) { D.Stamps(places, ring.Recording); });
+    EXPECT_LT(Count(rings, "<ellipse"), 20000);
+    EXPECT_GT(Count(rings, "<ellipse"), 1000);
 }
 
 TEST(SvgDevice, CutsOffValuesOffTheScaleOutsideThePicture) {
