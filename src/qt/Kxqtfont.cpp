@@ -50,9 +50,9 @@ std::initializer_list<const char*> StandInsFor(const std::string& Name, TFontPit
 }
 
 QString FamilyOf(const TFontFace& Face) {
-    const auto [entry, isNew] = Families.try_emplace({Face.Name, Face.Pitch});
-    if (isNew) entry->second = InstalledFamily(Face.Name, Face.Pitch);
-    return entry->second;
+    const std::pair key(Face.Name, Face.Pitch);
+    if (const auto known = Families.find(key); known != Families.end()) return known->second;
+    return Families.emplace(key, InstalledFamily(Face.Name, Face.Pitch)).first->second;
 }
 
 QFont FontOf(const TFontFace& Face) {
