@@ -1,4 +1,5 @@
-// Appending to vectors: the cost of a value must not depend on how many there are.
+// Appending to vectors, and moving a window over values: the cost of a value must not depend on how many there
+// are.
 
 #include <kxgraph/numeric/Kxvector.h>
 
@@ -44,6 +45,21 @@ void AppendToLiveVectorWithListener(benchmark::State& State) {
     Report(State);
 }
 BENCHMARK(AppendToLiveVectorWithListener)->RangeMultiplier(10)->Range(100000, 10000000)->Complexity();
+
+/// One value leaves at the front for each that comes.
+void MoveWindowOverLiveValues(benchmark::State& State) {
+    TKxLiveVector vector(nullptr);
+    TSum sum{vector};
+    vector.Listeners().Add(TKxValueIChangedEvent::Of<&TSum::Changed>(&sum));
+    AppendAll(vector, State.range(0));
+    for (auto _ : State) {
+        vector.Delete(0);
+        vector.Add(1);
+    }
+    benchmark::DoNotOptimize(sum.Total);
+    State.SetItemsProcessed(State.iterations());
+}
+BENCHMARK(MoveWindowOverLiveValues)->RangeMultiplier(10)->Range(1000, 1000000);
 
 } // namespace
 } // namespace kx
