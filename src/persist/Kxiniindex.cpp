@@ -17,6 +17,9 @@ namespace {
 constexpr std::uint64_t CAppendStep = std::uint64_t(1) << 32;
 constexpr std::uint64_t CInsertStep = std::uint64_t(1) << 14;
 
+/// Spelt alike as a rule.
+bool SameName(std::string_view A, std::string_view B) { return A == B || SameText(A, B); }
+
 bool IsHeaderText(std::string_view Text) { return Text.starts_with('['); }
 /// Headers are found by their name. One that is "[" alone has none.
 bool IsNamed(std::string_view Header) { return Header.size() > 1 && Header.ends_with(']'); }
@@ -46,7 +49,7 @@ TKxIniLines::TLine::TLine(std::string Text) : Text(std::move(Text)) {}
 TKxIniLines::TLine::~TLine() = default;
 
 auto TKxIniLines::IsKey(const TLine* Section, std::string_view Key) {
-    return [=](const TLine& Line) { return Line.Section == Section && SameText(KeyOf(Line.Text), Key); };
+    return [=](const TLine& Line) { return Line.Section == Section && SameName(KeyOf(Line.Text), Key); };
 }
 
 // Positions
@@ -162,7 +165,7 @@ void TKxIniLines::Swap(TKxIniLines& Other) noexcept {
 // Searches
 
 TKxIniLines::TPlace TKxIniLines::FindHeader(std::string_view Section) const {
-    const auto isNamed = [&](const TLine& Line) { return SameText(NameOf(Line.Text), Section); };
+    const auto isNamed = [&](const TLine& Line) { return SameName(NameOf(Line.Text), Section); };
     const TLines* lines = FNames.Find(HashOfName(Section), isNamed);
     return lines ? lines->First() : nullptr;
 }
@@ -178,6 +181,7 @@ TKxIniLines::TPlace TKxIniLines::FindKey(TPlace Header, std::string_view Ident) 
     const std::string_view key = KeyOf(Ident); // all of it, but where there is a "=" in it
     const TLines* lines = FKeys.Find(HashOfKey(Header.FLine, key), IsKey(Header.FLine, key));
     if (!lines) return end();
+    if (key.size() == Ident.size()) return lines->First();
     for (TLine* line : *lines)
         if (StartsWithText(line->Text, Ident) && line->Text[Ident.size()] == '=') return line;
     return end();
@@ -227,7 +231,7 @@ void TKxIniLines::EnterHeader(TLine& Line) {
     const std::string_view name = NameOf(Line.Text);
     FNames.Enter(
         HashOfName(name), Line.Header->SameName,
-        [name](const TLine& Other) { return SameText(NameOf(Other.Text), name); }, Precedes);
+        [name](const TLine& Other) { return SameName(NameOf(Other.Text), name); }, Precedes);
 }
 
 void TKxIniLines::LeaveHeader(TLine& Line) {
@@ -236,7 +240,7 @@ void TKxIniLines::LeaveHeader(TLine& Line) {
     if (!IsNamed(Line.Text)) return;
     const std::string_view name = NameOf(Line.Text);
     FNames.Leave(HashOfName(name), Line.Header->SameName,
-                 [name](const TLine& Other) { return SameText(NameOf(Other.Text), name); });
+                 [name](const TLine& Other) { return SameName(NameOf(Other.Text), name); });
 }
 
 std::uint64_t TKxIniLines::NumberBefore(const TLine* Before) {

@@ -85,6 +85,14 @@ public:
         Wider,
         MovedInward ///< an end may have: all values must be looked at
     };
+    /// Whether the extent is sure to be what it was with value Index alone for an interval.
+    bool Holds(int Index) const {
+        const double value = GetValue(Index), start = FRange.GetStart(), stop = FRange.GetStop();
+        if (!(value >= start && value <= stop)) return false;
+        if (Index != FMinIndex && Index != FMaxIndex) return true;
+        return !IsLogarithmic() && (Index != FMinIndex || value == start) &&
+               (Index != FMaxIndex || value == stop);
+    }
     /// One changed interval.
     TTaken Take(int Index, TKxInterval Value);
 

@@ -46,6 +46,7 @@ void TKxSeries::ScanExtent(TKxChannel& Channel, int Count) {
 
 void TKxSeries::TakeValue(TKxChannel& Channel, int Index) {
     if (Index >= Channel.GetCount()) return;
+    if (GoesByValues() && Channel.Holds(Index)) return;
     TKxInterval value;
     GetIntervals(Channel, Index, {&value, 1});
     switch (Channel.Take(Index, value)) {

@@ -78,11 +78,14 @@ private:
     TOrderLink* FTop = nullptr;
 };
 
+template <class T>
+struct TOrderItem {
+    T* const Item;
+};
 /// A link that knows what stands at its place.
 template <class T>
-struct TOrdered : TOrderLink {
-    explicit TOrdered(T* Item) : Item(Item) {}
-    T* const Item;
+struct TOrdered : TOrderItem<T>, TOrderLink {
+    explicit TOrdered(T* Item) : TOrderItem<T>{Item} {}
 };
 
 /// Things of type T in order, none of them owned.
