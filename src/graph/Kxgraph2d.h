@@ -169,6 +169,7 @@ protected:
     friend class TKxDrawingWorld;
     void Paint() override;
     bool PaintsChildren() const override { return NotUpdating(); }
+    bool IsOpaque() const override { return !FWhiteBackground || GetColor() != clBtnFace; }
     void CMFontChanged() override;
     void CMTextChanged() override;
     void CMColorChanged() override;

@@ -56,7 +56,8 @@ constexpr std::array<TSymbol, CPointSymbolCount> CSymbols{{
 
 /// The pixel that lies Hundredths of Size away from Center, cut off towards the centre.
 int PixelAt(int Center, int Hundredths, int Size) {
-    return RoundToInt(double(Center) + double(std::int64_t(Hundredths) * Size / 100));
+    const std::int64_t away = std::int64_t(Hundredths) * Size / 100;
+    return RoundToInt(double(Center) + double(away));
 }
 
 void DrawRays(TPoint Center, int Size, std::span<const TPoint> Rays, TCanvas& Canvas) {

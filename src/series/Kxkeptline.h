@@ -38,20 +38,24 @@ TKxSection SectionIn(const TKxChannel& X, int Count, TKxStretch Stretch);
 class TKxKeptLine {
 public:
     /// Finds the points, where they are not known. Placing is that of X and Y, which have an axis and a
-    /// vector each. Returns false where the line cannot be kept so: x values that are not sorted, or gaps
-    /// that interrupt it.
+    /// vector each. Returns false where the line cannot be kept so: x values that are not sorted, or without
+    /// a place on their axis where that interrupts the line.
     bool Keep(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing, TKxStretch Stretch);
     /// Indices of the points, ascending. With values that are no numbers among them.
     std::span<const int> Points() const { return FPoints; }
+    /// Where the runs end among them that gaps part the line into; none for a line that is not interrupted.
+    std::span<const int> RunEnds() const { return FRuns; }
 
 private:
+    bool Gather(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing, TKxStretch Stretch,
+                bool Appended);
     bool IsAppendedTo(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing) const;
 
     TKxPlacing FPlacing;
     TKxStretch FStretch;
     int FLastColumn = 0; // the first point of it
     bool FIsKept = false;
-    std::vector<int> FPoints;
+    std::vector<int> FPoints, FRuns;
 };
 
 } // namespace kx

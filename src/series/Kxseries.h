@@ -280,6 +280,7 @@ private:
     void MarkGaps(int First, std::span<TPoint> Points) const;
     TKxStretch WorldStretch(int Reach) const;
     std::vector<std::span<const TPoint>> DrawableRuns();
+    std::vector<std::span<const TPoint>> KeptRuns();
     void DrawArea(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs);
     void DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs);
 

@@ -25,12 +25,7 @@ void TKxSeries::Draw(TCanvas& Canvas) {
 
 // The stretches of points that are joined to one another: all of them as a rule.
 std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
-    if (KeepsLine()) {
-        FScratch.clear();
-        for (const int i : FKept.Points())
-            if (const TPoint point{FX.PixelOf(i), FY.PixelOf(i)}; IsPlaced(point)) FScratch.push_back(point);
-        return {FScratch};
-    }
+    if (KeepsLine()) return KeptRuns();
     const auto points = FPoints.Values().first(std::size_t(FPointsCount));
     const auto gap = std::find_if_not(points.begin(), points.end(), IsPlaced);
     if (gap == points.end()) return {points};
@@ -44,6 +39,21 @@ std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
         const auto end = std::find_if_not(begin, points.end(), IsPlaced);
         if (begin != end) runs.push_back({begin, end});
         begin = std::find_if(end, points.end(), IsPlaced);
+    }
+    return runs;
+}
+
+std::vector<std::span<const TPoint>> TKxSeries::KeptRuns() {
+    FScratch.clear();
+    for (const int i : FKept.Points())
+        if (const TPoint point{FX.PixelOf(i), FY.PixelOf(i)}; IsPlaced(point)) FScratch.push_back(point);
+    if (FKept.RunEnds().empty()) return {FScratch};
+    std::vector<std::span<const TPoint>> runs;
+    runs.reserve(FKept.RunEnds().size());
+    std::size_t begin = 0;
+    for (const int end : FKept.RunEnds()) {
+        runs.push_back(std::span(FScratch).subspan(begin, std::size_t(end) - begin));
+        begin = std::size_t(end);
     }
     return runs;
 }

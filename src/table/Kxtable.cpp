@@ -230,6 +230,7 @@ std::vector<std::vector<double>> TKxTable::ReadColumns(const std::vector<int>& C
                                   " where the first row has " + std::to_string(read.size()));
     }
     std::vector<std::vector<double>> values;
+    values.reserve(Columns.size());
     for (const int column : Columns) values.push_back(std::move(read[std::size_t(column)]));
     return values;
 }

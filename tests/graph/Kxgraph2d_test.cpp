@@ -331,6 +331,20 @@ TEST(Graph, LaysOutWithoutPrimaryAxesAndAutomaticSize) {
     EXPECT_EQ(scene.X->GetAxisLength(), world.Width() - 1);
 }
 
+TEST(Graph, HidesTheGroundOfAFormThatItCovers) {
+    TGraphForm f;
+    const auto grounds = [&] {
+        const auto fills = CallsOf<TRecording::TFillRect>(f.Draw());
+        return std::ranges::count(fills, f.Form->GetBoundsRect().Size(),
+                                  [](const auto& Fill) { return Fill.Rect.Size(); });
+    };
+    EXPECT_EQ(grounds(), 1);
+    f.Graph->SetBounds(-1, 0, 421, 320);
+    EXPECT_EQ(grounds(), 0); // the graph's own is wider
+    f.Graph->SetVisible(false);
+    EXPECT_EQ(grounds(), 1);
+}
+
 TEST(Graph, TheMetafileHasAWhiteGroundInPlaceOfTheButtonFace) {
     TScene scene;
     const auto& picture = scene.Graph->GetMetafile();

@@ -43,6 +43,9 @@ double WithGaps(int Index, unsigned Random, double Before) {
            : Random % 701 == 0 ? CInf
                                : Walk(Index, Random, std::isfinite(Before) ? Before : 0);
 }
+double ManyGaps(int Index, unsigned Random, double) {
+    return Random % 9 == 0 ? CNaN : std::sin(Index * 1e-3) * 1e4 + Random % 3000;
+}
 double Positive(int Index, unsigned Random, double) { return std::exp(Index * 1e-3 + Random % 7); }
 double NearlyPositive(int, unsigned Random, double) { return int(Random % 1000) - 3; }
 double Alternating(int Index, unsigned, double) { return Index % 2 * (10 + Index * 1e-9); }
@@ -63,6 +66,8 @@ const TScene CScenes[] = {
     {Rising, WithGaps, ""},
     {Rising, WithGaps, "S.BreakAtGaps=1"},
     {WithGaps, Walk, ""},
+    {Rising, ManyGaps, "S.BreakAtGaps=1"},
+    {Falling, ManyGaps, "S.BreakAtGaps=1; S.LineStyle.Width=4; S.AreaStyle.Visible=1"},
     {Positive, Positive, "XAxis1.Scaling=AxLog; YAxis1.Scaling=AxLogEE"},
     {Rising, NearlyPositive, "YAxis1.Scaling=AxLog"},
     {Rising, NearlyPositive, "YAxis1.Scaling=AxLog; XAxis1.Scaling=AxLog; S.BreakAtGaps=1"},

@@ -158,6 +158,8 @@ protected:
     virtual void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y);
     virtual void Click();
     virtual void DblClick();
+    /// Whether a paint covers every pixel of the control, whatever was there before.
+    virtual bool IsOpaque() const { return false; }
     /// Paints on Canvas, whose origin is this control's top left and whose clip is its visible part.
     virtual void PaintOn(TCanvas& Canvas);
     /// Ends a round of requests for paints. A control that has asked for all of itself in the present round
@@ -231,6 +233,9 @@ public:
     const TOrder<TControl>& GetControls() const { return FControls; }
     /// Whether Control is this one or lies in its tree.
     bool ContainsControl(const TControl* Control) const;
+    /// Whether a visible child paints all of Rect (this control's pixels) over, so that nothing need be
+    /// painted there.
+    bool IsCovered(const TRect& Rect) const;
     /// The topmost visible child at Pos (this control's pixels) that is enabled; null when there is none.
     TControl* ControlAt(TPoint Pos) const;
 

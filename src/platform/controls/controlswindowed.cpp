@@ -48,6 +48,12 @@ bool TWinControl::ContainsControl(const TControl* Control) const {
     return Control != nullptr;
 }
 
+bool TWinControl::IsCovered(const TRect& Rect) const {
+    for (const TControl* child : FControls)
+        if (child->FVisible && child->IsOpaque() && child->FBounds.Intersected(Rect) == Rect) return true;
+    return false;
+}
+
 void TWinControl::InsertControl(TControl* Control) {
     Control->FParent = this;
     if (Control->FAlign != alNone) ++FAligned;

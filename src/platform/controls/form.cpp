@@ -63,6 +63,7 @@ void TForm::SetBounds(int Left, int Top, int Width, int Height) {
 }
 
 void TForm::Paint() {
+    if (IsCovered(GetCanvas().GetClipRect())) return;
     GetCanvas().Brush.SetColor(GetColor());
     GetCanvas().FillRect(GetClientRect());
 }
