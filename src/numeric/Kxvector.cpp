@@ -65,6 +65,8 @@ void TKxValueIChangedList::Erase(std::size_t Index) {
 }
 
 void TKxValueIChangedList::Call(int Index, bool WasDeleted) {
+    // One as a rule: whatever it does to the list is for the next time.
+    if (FItems.size() == 1) return FItems.front()(Index, WasDeleted);
     TRound round{0, FItems.size(), FRounds};
     const TScopedValue<TRound*> running(FRounds, &round);
     while (round.Next < round.End)

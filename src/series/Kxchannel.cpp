@@ -1,8 +1,6 @@
 #include <kxgraph/series/Kxchannel.h>
 
-#include <algorithm>
 #include <limits>
-#include <utility>
 
 namespace kx {
 
@@ -15,14 +13,6 @@ void TKxBoundVector::Bind(TKxCustomRealVector* Vector, bool Listens) {
     FVector = Vector;
     FKnownCount = GetCount();
     if (Vector && Listens) Vector->Listeners().Add(FListener);
-}
-
-// The notice names the one value alone; but the count has grown, and not at the end.
-bool TKxBoundVector::WasInserted(int Index, bool WasDeleted) {
-    const int count = GetCount();
-    const bool leaves = WasDeleted && Index >= 0; // is still counted
-    const int before = std::exchange(FKnownCount, leaves ? std::max(count - 1, 0) : count);
-    return !WasDeleted && before != count && Index < count - 1;
 }
 
 TKxInterval TKxInterval::None() {

@@ -31,7 +31,13 @@ public:
     void Forget() { FVector = nullptr; }
     /// Whether a notice tells of an insertion in front of the end, so that all values behind Index have
     /// moved. To be asked once for each notice.
-    bool WasInserted(int Index, bool WasDeleted);
+    bool WasInserted(int Index, bool WasDeleted) {
+        // The notice names the one value alone; but the count has grown, and not at the end.
+        const int count = GetCount(), before = FKnownCount;
+        const bool leaves = WasDeleted && Index >= 0; // is still counted
+        FKnownCount = leaves && count > 0 ? count - 1 : count;
+        return !WasDeleted && before != count && Index < count - 1;
+    }
 
 private:
     void StopListening();

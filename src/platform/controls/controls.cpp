@@ -75,7 +75,10 @@ void TControl::SetEnabled(bool Enabled) {
 
 void TControl::Invalidate() {
     AssertOwnThread();
-    if (FRequested == FRequests) return;
+    if (FRequested != FRequests) RequestPaint();
+}
+
+void TControl::RequestPaint() {
     const std::uint64_t round = FRequests; // a window that paints at once ends it
     InvalidateRect(GetClientRect());
     FRequested = round;

@@ -172,6 +172,7 @@ protected:
     static TRect LimitedBounds(int Left, int Top, int Width, int Height);
 
 private:
+    void RequestPaint();
     void FontChanged();
     void TakeParentFont();
     void TakeParentColor();
