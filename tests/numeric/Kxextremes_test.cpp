@@ -28,7 +28,7 @@ bool Sorted(std::span<const double> Values, bool (*InOrder)(double, double)) {
 }
 
 TEST(Extremes, AreThoseOfAllValuesWhateverAVectorGoesThrough) {
-    constexpr double CSpecial[] = {std::nan(""), HUGE_VAL, -HUGE_VAL, 0, -0.0};
+    const double CSpecial[] = {std::nan(""), HUGE_VAL, -HUGE_VAL, 0, -0.0};
     std::mt19937 random(7);
     const auto any = [&](int Low, int High) { return std::uniform_int_distribution(Low, High)(random); };
     for (const int size : {3, 64, 200, 5000, 300000}) {
