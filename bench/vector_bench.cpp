@@ -1,5 +1,5 @@
-// Appending to vectors, and moving a window over values: the cost of a value must not depend on how many there
-// are.
+// Appending to vectors, and moving a window over values: the cost of a value must not depend on how many
+// there are.
 
 #include <kxgraph/numeric/Kxvector.h>
 

@@ -98,7 +98,7 @@ std::optional<TRect> UprightRect(std::span<const TPoint> Points) {
 TPainterDevice::TPainterDevice(QPainter& Painter, TSize Extent, double Scale, bool Antialias)
     : FPainter(Painter), FAccess(Painter), FExtent(Extent), FScale(Scale), FAntialias(Antialias),
       FRaster(Painter.paintEngine()->type() == QPaintEngine::Raster) {
-    SetClip({});
+    TPainterDevice::SetClip({});
 }
 
 bool TPainterDevice::IsThin(const TStroke& Stroke) const {

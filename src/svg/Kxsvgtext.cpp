@@ -27,7 +27,7 @@ std::string GenericFamily(const TFontFace& Face) {
 }
 
 std::string FamilyList(const TFontFace& Face) {
-    const std::string generic = GenericFamily(Face);
+    std::string generic = GenericFamily(Face);
     // A symbol font has another encoding than the Unicode text that reaches a device.
     if (Face.Name.empty() || SameText(Face.Name, generic) || SameText(Face.Name, "Symbol")) return generic;
     std::string quoted = "'";

@@ -68,7 +68,6 @@ TEST(Extremes, AreThoseOfAllValuesWhateverAVectorGoesThrough) {
                 const auto stretch = values.subspan(std::size_t(first), std::size_t(last - first));
                 ASSERT_FALSE(vector->AreNumbers(first, last) &&
                              std::ranges::any_of(stretch, [](double V) { return std::isnan(V); }));
-                
             }
         }
     }
