@@ -42,15 +42,16 @@ private:
 void MakeApplication(bool Offscreen) {
     static char program[] = "kxgraph", option[] = "-platform", platform[] = "offscreen";
     static char* arguments[] = {program, option, platform, nullptr};
+    [[maybe_unused]] static QGuiApplication* application;
     static int count;
     count = Offscreen ? 3 : 1;
     if (!Offscreen) arguments[1] = nullptr;
     const std::string numbers = std::setlocale(LC_NUMERIC, nullptr);
     if (Offscreen) {
         const TQuiet quiet;
-        new QGuiApplication(count, arguments);
+        application = new QGuiApplication(count, arguments);
     } else {
-        new QGuiApplication(count, arguments);
+        application = new QGuiApplication(count, arguments);
     }
     std::setlocale(LC_NUMERIC, numbers.c_str()); // Qt sets the user's, and numbers would get decimal commas
 }
