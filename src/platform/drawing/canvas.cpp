@@ -3,6 +3,7 @@
 #include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/drawing/screentext.h>
 #include <kxgraph/platform/drawing/shifting.h>
+#include <kxgraph/platform/objects/guarded.h>
 #include <kxgraph/platform/text/text.h>
 
 #include <array>
@@ -150,7 +151,7 @@ TCanvas::TSaved::TSaved(TCanvas& Canvas)
 
 TCanvas::TSaved::~TSaved() {
     FCanvas.FOrigin = FOrigin;
-    FCanvas.ChangeClips(FBaseClip, FClip);
+    Guarded([this] { FCanvas.ChangeClips(FBaseClip, FClip); }); // a device that records may be out of memory
 }
 
 } // namespace kx
