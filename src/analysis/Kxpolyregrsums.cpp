@@ -103,6 +103,7 @@ void Include(TKxFitExtent& Extent, const TScanned& Part) {
 
 std::vector<TKxDoubled> ValuesOf(const std::vector<TColumnSum>& Sums) {
     std::vector<TKxDoubled> values;
+    values.reserve(Sums.size());
     for (const TColumnSum& sum : Sums) values.push_back(sum.Value());
     return values;
 }

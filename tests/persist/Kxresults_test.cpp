@@ -31,7 +31,8 @@ TEST(Results, HaveTheKeysAndValuesOfTheirPoints) {
             TKxRealPosArray points(int(random() % 4));
             for (int k = 0; k < points.Length(); ++k) {
                 points[k] = {value + k, -value * k};
-                const std::string number = "(" + std::to_string(k + 1) + ")";
+                std::string number = std::to_string(k + 1);
+                number.insert(0, 1, '(').append(1, ')');
                 plain.Set("X-" + kind + number, points[k].X);
                 plain.Set("Y-" + kind + number, points[k].Y);
             }
