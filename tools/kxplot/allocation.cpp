@@ -7,11 +7,13 @@
 
 #ifdef __GLIBC__
 
+// The C library's own names. NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 void* __libc_malloc(std::size_t Size);
 void* __libc_calloc(std::size_t Count, std::size_t Size);
 void* __libc_realloc(void* Block, std::size_t Size);
 }
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 
