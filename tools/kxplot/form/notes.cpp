@@ -152,6 +152,7 @@ TSize TNotes::SizeOf(const std::vector<TLine>& Lines) const {
 void TNotes::FitInto(TSize Room, const std::vector<TLine>& Lines) {
     ShortenFormulas(Room.Width / 2 - Indent());
     std::vector<int> sizes;
+    sizes.reserve(Lines.size());
     for (const auto& line : Lines) sizes.push_back(line.Label->GetFont().GetSize());
     const auto takeOff = [&](int Points) {
         for (std::size_t i = 0; i < Lines.size(); ++i)

@@ -18,6 +18,7 @@ bool Contains(const std::vector<int>& Columns, int Column) {
 
 std::vector<int> Found(const kx::TKxTable& Table, const std::vector<std::string>& Names) {
     std::vector<int> columns;
+    columns.reserve(Names.size());
     for (const auto& name : Names) columns.push_back(Table.FindNumericColumn(name));
     return columns;
 }
