@@ -1,11 +1,10 @@
 // Frames of a graph with one long line, into a raster: nothing changed, a new range, a thousandth of it, one
 // more point. Counts the values that a frame looks at.
 
-#include <kxgraph/graph/Kxgraph2d.h>
+#include "graphform.h"
+
 #include <kxgraph/numeric/Kxextremes.h>
-#include <kxgraph/platform/controls/form.h>
 #include <kxgraph/platform/controls/frame.h>
-#include <kxgraph/platform/host/application.h>
 #include <kxgraph/qt/Kxqtdevice.h>
 #include <kxgraph/qt/Kxqtinstall.h>
 #include <kxgraph/series/Kxdataseries.h>
@@ -26,10 +25,7 @@ constexpr TSize CSize{800, 600};
 
 enum TData { Walk, RandomX, Gaps };
 
-struct TFrames {
-    TForm Form{&TApplication::Instance()};
-    TKx2DGraph Graph{&Form};
-    TKxAxis XAxis{&Form}, YAxis{&Form};
+struct TFrames : TGraphForm {
     TKxLiveVector X{&Form}, Y{&Form};
     TKxDataWithErrorSeries Series{&Form};
     QImage Image{CSize.Width, CSize.Height, QImage::Format_RGB32};
@@ -39,12 +35,7 @@ struct TFrames {
     explicit TFrames(int Count, TData Data = Walk) {
         qt::Install(true);
         Form.SetBounds(0, 0, CSize.Width, CSize.Height);
-        Graph.SetParent(&Form);
         Graph.SetBounds(0, 0, CSize.Width, CSize.Height);
-        XAxis.SetParent(&Graph);
-        YAxis.SetParent(&Graph);
-        Graph.SetPrimaryXAxis(&XAxis);
-        Graph.SetPrimaryYAxis(&YAxis);
         Series.SetXAxis(&XAxis);
         Series.SetYAxis(&YAxis);
         Series.GetPointStyle().SetVisible(false);

@@ -1,10 +1,9 @@
 // Live data: what a point costs that is appended to a pair of vectors with a series on a graph.
 
-#include <kxgraph/graph/Kxgraph2d.h>
+#include "graphform.h"
+
 #include <kxgraph/numeric/Kxvector.h>
-#include <kxgraph/platform/controls/form.h>
 #include <kxgraph/platform/controls/frame.h>
-#include <kxgraph/platform/host/application.h>
 #include <kxgraph/series/Kxdataseries.h>
 
 #include <benchmark/benchmark.h>
@@ -16,19 +15,11 @@ using namespace kx;
 namespace {
 
 /// A form with a graph and a series that follows two live vectors.
-struct TLiveGraph {
-    TForm Form{&TApplication::Instance()};
-    TKx2DGraph Graph{&Form};
-    TKxAxis XAxis{&Form}, YAxis{&Form};
+struct TLiveGraph : TGraphForm {
     TKxLiveVector X{&Form}, Y{&Form};
     TKxLineSeries Series{&Form};
 
     TLiveGraph() {
-        Graph.SetParent(&Form);
-        XAxis.SetParent(&Graph);
-        YAxis.SetParent(&Graph);
-        Graph.SetPrimaryXAxis(&XAxis);
-        Graph.SetPrimaryYAxis(&YAxis);
         Series.SetXAxis(&XAxis);
         Series.SetYAxis(&YAxis);
         Series.SetXData(&X);
