@@ -82,6 +82,12 @@ void TKx2DGraph::SetPrimaryYAxis(TKxAxis* Axis) {
 
 void TKx2DGraph::SetDataColor(TColor Color) { FWorld->SetDataColor(Color); }
 
+void TKx2DGraph::SetTransparent(bool Transparent) {
+    if (FTransparent == Transparent) return;
+    FTransparent = Transparent;
+    Invalidate();
+}
+
 void TKx2DGraph::SetZeroOrigin(bool ZeroOrigin) {
     if (FZeroOrigin == ZeroOrigin) return;
     FZeroOrigin = ZeroOrigin;

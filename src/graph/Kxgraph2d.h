@@ -97,6 +97,9 @@ public:
     TKxLineStyle& GetMinorGridY() { return FMinorGridY; }
     bool GetZeroOrigin() const override { return FZeroOrigin; }
     void SetZeroOrigin(bool ZeroOrigin);
+    /// Whether what lies behind the graph shows through: neither it nor its drawing world paints a ground.
+    bool GetTransparent() const { return FTransparent; }
+    void SetTransparent(bool Transparent);
     bool GetShowTitle() const { return FShowTitle; }
     void SetShowTitle(bool Show);
     TKxCaption GetCaption() const { return GetText(); }
@@ -169,7 +172,8 @@ protected:
     friend class TKxDrawingWorld;
     void Paint() override;
     bool PaintsChildren() const override { return NotUpdating(); }
-    bool IsOpaque() const override { return !FWhiteBackground || GetColor() != clBtnFace; }
+    bool IsOpaque() const override { return PaintsGround(); }
+    bool PaintsGround() const { return !FTransparent && !(FWhiteBackground && GetColor() == clBtnFace); }
     void CMFontChanged() override;
     void CMTextChanged() override;
     void CMColorChanged() override;
@@ -220,8 +224,8 @@ private:
     TKxAxis* FPrimaryYAxis = nullptr;
     int FUpdateCount = 0, FMargin = 0;
     bool FLayingOut = false, FPainted = false, FPaintedXor = false, FKeeping = false, FRepeated = false;
-    bool FNeedsCalculate = true, FZeroOrigin = false, FShowTitle = false, FWhiteBackground = false,
-         FTitleFontOwn = false, FTakingTitleFont = false;
+    bool FNeedsCalculate = true, FZeroOrigin = false, FTransparent = false, FShowTitle = false,
+         FWhiteBackground = false, FTitleFontOwn = false, FTakingTitleFont = false;
 };
 
 } // namespace kx

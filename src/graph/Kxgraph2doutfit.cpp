@@ -64,6 +64,8 @@ const TPropertyTable& TKx2DGraph::Properties() {
             Published<&T::GetZeroOrigin, &T::SetZeroOrigin>("ZeroOrigin", false, "the axes cross at zero"),
             Published<&T::GetShowTitle, &T::SetShowTitle>("ShowTitle", false, "shows Caption as a title"),
             Published<&T::GetCaption, &T::SetCaption>("Caption", "", "rich title"),
+            Published<&T::GetTransparent, &T::SetTransparent>("Transparent", false,
+                                                              "what lies behind the graph shows through"),
             Published<&T::GetMargin, &T::SetMargin>("Margin", 0, "pixels kept free at each side"),
         },
         {"ShowTitle", "Caption", "Font", "Color", "DataColor", "ZeroOrigin", "FrameLine", "MajorGridX",

@@ -17,7 +17,7 @@ void TKx2DGraph::PaintGround() {
     TCanvas& canvas = GetCanvas();
     canvas.Brush.SetColor(GetColor());
     canvas.Brush.SetStyle(bsSolid);
-    if (!(FWhiteBackground && GetColor() == clBtnFace)) canvas.FillRect(GetClientRect());
+    if (PaintsGround()) canvas.FillRect(GetClientRect());
     if (FFrameLine.GetVisible()) {
         canvas.Pen.SetColor(FFrameLine.GetColor());
         canvas.Pen.SetStyle(FFrameLine.GetStyle());
@@ -25,7 +25,7 @@ void TKx2DGraph::PaintGround() {
         canvas.Pen.SetWidth(2 * FFrameLine.GetWidth());
         DrawFrame(0, 0, GetWidth(), GetHeight(), canvas);
     }
-    if (GetDataColor() != GetColor()) {
+    if (!FTransparent && GetDataColor() != GetColor()) {
         canvas.Brush.SetColor(GetDataColor());
         canvas.FillRect(FWorld->GetBoundsRect());
     }

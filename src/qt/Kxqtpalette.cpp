@@ -35,22 +35,28 @@ private:
     std::size_t FLastNumber = 0;
 };
 
+QList<QRgb> Unpremultiplied(QList<QRgb> Colors) {
+    for (QRgb& color : Colors) color = qUnpremultiply(color);
+    return Colors;
+}
+
 } // namespace
 
 std::optional<QImage> WithPalette(const QImage& Picture) {
     QImage result(Picture.size(), QImage::Format_Indexed8);
     if (result.isNull()) return std::nullopt;
     TPalette palette;
+    const QRgb ignored = Picture.hasAlphaChannel() ? 0 : ~RGB_MASK; // of an opaque picture the last byte
     for (int y = 0; y < Picture.height(); ++y) {
         const auto* from = reinterpret_cast<const QRgb*>(Picture.constScanLine(y));
         uchar* to = result.scanLine(y);
         for (int x = 0; x < Picture.width(); ++x) {
-            const std::size_t number = palette.Number(from[x] | ~RGB_MASK); // opaque, whatever the last byte
+            const std::size_t number = palette.Number(from[x] | ignored);
             if (number == CMostColors) return std::nullopt;
             to[x] = uchar(number);
         }
     }
-    result.setColorTable(palette.Colors());
+    result.setColorTable(Picture.hasAlphaChannel() ? Unpremultiplied(palette.Colors()) : palette.Colors());
     return result;
 }
 

@@ -36,12 +36,14 @@ class EPictureError : public Exception {
 QString Text(const std::string& Utf8) { return QString::fromStdString(ToValidUtf8(Utf8)); }
 
 QImage ImageFor(const TPictureOptions& Options) {
-    const double width = std::round(Options.Size.Width * Options.Scale),
-                 height = std::round(Options.Size.Height * Options.Scale);
+    const double width = std::round(Options.WholeWidth() * Options.Scale),
+                 height = std::round(Options.WholeHeight() * Options.Scale);
     if (!(width >= 1 && height >= 1)) RaiseSize(width, height, "empty");
     if (width > CLargestImage || height > CLargestImage) RaiseSize(width, height, "too large");
-    QImage image(int(width), int(height), QImage::Format_RGB32);
+    QImage image(int(width), int(height),
+                 Options.Ground ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
     if (image.isNull()) RaiseSize(width, height, "too large");
+    image.fill(Options.Ground ? QColor(Qt::white) : QColor(Qt::transparent));
     return image;
 }
 
@@ -50,9 +52,13 @@ void PaintPicture(QPaintDevice& Target, const TPictureOptions& Options, double S
     DemandInstalled();
     QPainter painter;
     if (!painter.begin(&Target)) throw EPictureError("the picture cannot be painted");
+    if (Options.Ground) {
+        const TColor ground = ColorToRGB(*Options.Ground);
+        painter.fillRect(
+            QRectF(0, 0, std::ceil(Options.WholeWidth() * Scale), std::ceil(Options.WholeHeight() * Scale)),
+            QColor(RedOf(ground), GreenOf(ground), BlueOf(ground)));
+    }
     TPainterDevice device(painter, Options.Size, Scale, Options.Antialias);
-    device.FillRect({0, 0, Options.Size.Width, Options.Size.Height},
-                    {ColorToRGB(Options.Ground), bsSolid, pmCopy});
     Paint(device);
 }
 
@@ -79,7 +85,6 @@ void WriteBytes(const std::string& FileName, F Bytes) {
 std::string PngBytes(const TPictureOptions& Options, const TPaintPicture& Paint) {
     const TVectorsCleared afterwards;
     QImage image = ImageFor(Options);
-    image.fill(Qt::white);
     PaintPicture(image, Options, Options.Scale, Paint);
     const auto few = WithPalette(image); // written in a sixth of the time
     if (few) image = *few;
@@ -102,8 +107,8 @@ std::string PdfBytes(const TPictureOptions& Options, const TPaintPicture& Paint)
     {
         QPdfWriter writer(&buffer);
         writer.setResolution(TFont::CPixelsPerInch);
-        writer.setPageSize(QPageSize(QSizeF(size.Width, size.Height) * CPointsPerPixel, QPageSize::Point, {},
-                                     QPageSize::ExactMatch));
+        writer.setPageSize(QPageSize(QSizeF(Options.WholeWidth(), Options.WholeHeight()) * CPointsPerPixel,
+                                     QPageSize::Point, {}, QPageSize::ExactMatch));
         writer.setPageMargins(QMarginsF());
         writer.setTitle(Text(Options.Title));
         writer.setCreator("kxgraph");

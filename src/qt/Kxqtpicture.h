@@ -3,17 +3,24 @@
 
 #include <kxgraph/platform/drawing/device.h>
 
+#include <algorithm>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace kx::qt {
 
 struct TPictureOptions {
-    TSize Size;             ///< logical pixels, 96 per inch
-    double Scale = 1;       ///< pixels of a PNG in one logical pixel
-    bool Antialias = false; ///< of a PNG; see TPainterDevice
-    TColor Ground = clWhite;
-    std::string Title = {}; ///< in the file's description, unless empty
+    TSize Size;                             ///< logical pixels, 96 per inch
+    double Scale = 1;                       ///< pixels of a PNG in one logical pixel
+    bool Antialias = false;                 ///< of a PNG; see TPainterDevice
+    std::optional<TColor> Ground = clWhite; ///< none: the picture is transparent
+    std::string Title = {};                 ///< in the file's description, unless empty
+    double Width = 0, Height = 0; ///< of the whole picture in logical pixels, where that is more than Size:
+                                  ///< of a page in millimetres the parts of a pixel that are over
+
+    double WholeWidth() const { return std::max<double>(Width, Size.Width); }
+    double WholeHeight() const { return std::max<double>(Height, Size.Height); }
 };
 
 using TPaintPicture = std::function<void(TCanvasDevice&)>;

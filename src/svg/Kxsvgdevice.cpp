@@ -104,8 +104,15 @@ TCoord Inset(const TStroke& Stroke) {
 
 } // namespace
 
-TSvgDevice::TSvgDevice(TSize Size, double Scale, TColor Ground)
-    : FSize(Size), FScale(Scale), FGround(ColorToRGB(Ground)) {}
+TSvgDevice::TSvgDevice(TSize Size, double Scale, std::optional<TColor> Ground)
+    : FSize(Size), FScale(Scale), FWidth(Size.Width), FHeight(Size.Height), FGround(Ground) {
+    if (FGround) FGround = ColorToRGB(*FGround);
+}
+
+void TSvgDevice::SetPage(double Width, double Height) {
+    FWidth = std::max<double>(Width, FSize.Width);
+    FHeight = std::max<double>(Height, FSize.Height);
+}
 
 int TSvgDevice::PixelsPerInch() const { return TApplication::Instance().GetHost().PixelsPerInch(); }
 
@@ -114,12 +121,12 @@ TSize TSvgDevice::MeasureText(const TFontFace& Face, std::string_view Text) cons
 }
 
 TStroke TSvgDevice::Plain(TStroke Stroke) const {
-    if (Stroke.Mode == pmXor) Stroke.Color = ColorToRGB(Stroke.Color) ^ FGround;
+    if (Stroke.Mode == pmXor) Stroke.Color = ColorToRGB(Stroke.Color) ^ FGround.value_or(clWhite);
     return Stroke;
 }
 
 TFill TSvgDevice::Plain(TFill Fill) const {
-    if (Fill.Mode == pmXor) Fill.Color = ColorToRGB(Fill.Color) ^ FGround;
+    if (Fill.Mode == pmXor) Fill.Color = ColorToRGB(Fill.Color) ^ FGround.value_or(clWhite);
     return Fill;
 }
 
@@ -248,18 +255,19 @@ void TSvgDevice::EndText(const TSvgText& Text, const TCanvasDevice& Device, TSvg
 std::string TSvgDevice::Document() const {
     TSvgBody body = FBody;
     EndText(FText, *this, body);
-    const std::string width = std::to_string(FSize.Width), height = std::to_string(FSize.Height);
+    const std::string width = Decimal(FWidth), height = Decimal(FHeight);
     std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg";
-    text += Attribute("xmlns", "http://www.w3.org/2000/svg") +
-            Attribute("width", Decimal(FSize.Width * FScale)) +
-            Attribute("height", Decimal(FSize.Height * FScale)) +
+    text += Attribute("xmlns", "http://www.w3.org/2000/svg") + Attribute("width", Decimal(FWidth * FScale)) +
+            Attribute("height", Decimal(FHeight * FScale)) +
             Attribute("viewBox", "0 0 " + width + " " + height);
-    text += ">\n" + body.Definitions() + "<rect" + Attribute("width", width) + Attribute("height", height) +
-            Attribute("fill", ColorToHtml(FGround)) + "/>\n";
+    text += ">\n" + body.Definitions();
+    if (FGround)
+        text += "<rect" + Attribute("width", width) + Attribute("height", height) +
+                Attribute("fill", ColorToHtml(*FGround)) + "/>\n";
     return text + body.Elements() + "</svg>\n";
 }
 
-void WriteSvg(const std::string& FileName, TSize Size, double Scale, TColor Ground,
+void WriteSvg(const std::string& FileName, TSize Size, double Scale, std::optional<TColor> Ground,
               const std::function<void(TCanvasDevice&)>& Paint) {
     TSvgDevice device(Size, Scale, Ground);
     Paint(device);

@@ -19,11 +19,15 @@ namespace kx {
 ///
 /// There is no XOR. A call in that mode (from a recording) is painted in the colour that it shows on the
 /// empty ground, a filling half transparent to spare what lies below; drawing it again does not remove it.
-/// What lies far outside the extent, where viewers overflow, is cut off.
+/// What lies far outside the extent, where viewers overflow, is cut off. Without a ground the document is
+/// transparent; XOR then takes white for it.
 class TSvgDevice : public TCanvasDevice {
 public:
     /// Size in logical pixels, shown Scale times as large on a ground of colour Ground.
-    explicit TSvgDevice(TSize Size, double Scale = 1, TColor Ground = clWhite);
+    explicit TSvgDevice(TSize Size, double Scale = 1, std::optional<TColor> Ground = clWhite);
+    /// Makes the document wider and higher than Size, in logical pixels: of a page in millimetres the parts
+    /// of a pixel that are over.
+    void SetPage(double Width, double Height);
 
     /// The document of all calls so far.
     std::string Document() const;
@@ -54,8 +58,8 @@ private:
     static void EndText(const svg::TSvgText& Text, const TCanvasDevice& Device, svg::TSvgBody& Body);
 
     TSize FSize;
-    double FScale;
-    TColor FGround;
+    double FScale, FWidth, FHeight;
+    std::optional<TColor> FGround;
     std::optional<TRect> FClip;
     svg::TSvgBody FBody;
     svg::TSvgText FText;
@@ -64,7 +68,7 @@ private:
 
 /// Writes the picture that Paint draws to FileName, which is replaced as a whole or not at all. Raises
 /// EFileError.
-void WriteSvg(const std::string& FileName, TSize Size, double Scale, TColor Ground,
+void WriteSvg(const std::string& FileName, TSize Size, double Scale, std::optional<TColor> Ground,
               const std::function<void(TCanvasDevice&)>& Paint);
 
 } // namespace kx

@@ -67,10 +67,13 @@ private:
 
 std::string MeaningOf(const TOptions& Options) {
     TMeaning meaning;
-    const auto& [data, columns, drawing, legend, analyses, fitting, labels, look, outputs] = Options;
+    const auto& [data, batch, properties, columns, drawing, legend, analyses, fitting, labels, look,
+                 outputs] = Options;
     meaning.Add(data.File != "d.csv", data.File);
     meaning.Add(data.Header != kx::TKxHeaderRow::Guess,
                 data.Header == kx::TKxHeaderRow::Present ? "header" : "no header");
+    meaning.Add("batch", batch);
+    meaning.Add("list", properties);
     meaning.Add("x", columns.X);
     meaning.Add("y", columns.Y);
     meaning.Add("dx", columns.DX);
@@ -100,13 +103,15 @@ std::string MeaningOf(const TOptions& Options) {
     meaning.Add("title", look.Title);
     meaning.Add("x is", look.XCaption);
     meaning.Add("y is", look.YCaption);
+    meaning.Add(!look.Theme.empty(), "theme " + look.Theme);
+    if (look.Ground) meaning.Add(true, "ground " + (*look.Ground ? kx::ColorToHtml(**look.Ground) : "none"));
     meaning.Add("set", look.Assignments);
     meaning.Add(!look.Outfit.empty(), "outfit " + look.Outfit);
     if (outputs.Pictures != test::TNames{"d.png"}) meaning.Add("write", outputs.Pictures);
     meaning.Add(!outputs.SaveOutfit.empty(), "save " + outputs.SaveOutfit);
     meaning.Add(!outputs.Results.empty(), "results " + outputs.Results);
-    meaning.Add(outputs.Size != kx::TSize{900, 600},
-                "size " + std::to_string(outputs.Size.Width) + " " + std::to_string(outputs.Size.Height));
+    meaning.Add(outputs.Size != TPictureSize(), "size " + Text(std::round(outputs.Size.Width * 100) / 100) +
+                                                    " " + Text(std::round(outputs.Size.Height * 100) / 100));
     meaning.Add(outputs.Scale != 1, "scale " + Text(outputs.Scale));
     meaning.Add(outputs.Antialias, "smooth");
     return meaning.Get();

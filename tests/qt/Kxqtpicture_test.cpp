@@ -34,6 +34,20 @@ TEST(QtPicture, HasItsSizeGroundAndTitleAsPng) {
     EXPECT_NEAR(image.dotsPerMeterX(), 2 * 96 / 0.0254, 1);
 }
 
+TEST(QtPicture, WithoutAGroundShowsWhatLiesBehindIt) {
+    for (const bool many : {false, true}) {
+        const QImage image =
+            Decoded(qt::PngBytes({{100, 60}, 2.5, true, {}, "", 100.3, 60.5}, [=](auto& Device) {
+                Device.FillRect({0, 0, 10, 10}, {clRed, bsSolid, pmCopy});
+                for (int i = 0; many && i < 300; ++i)
+                    Device.FillRect(TRect::Bounds(i % 60, 20 + i / 60, 1, 1), {TColor(i * 5003)});
+            }));
+        EXPECT_EQ(image.size(), QSize(251, 151));
+        EXPECT_EQ(image.pixelColor(3, 3), QColor(Qt::red));
+        EXPECT_EQ(image.pixelColor(200, 100).alpha(), 0);
+    }
+}
+
 TEST(QtPicture, OfFewColorsHasAPaletteAndOfManyEveryColorAsPng) {
     for (const int colors : {1, 255, 256, 257, 3000}) {
         const QImage image = Decoded(qt::PngBytes({{60, 50}}, [colors](auto& Device) {

@@ -1,10 +1,13 @@
 // kxplot: draws a data file. What it does is read, planned, made as a form, fitted and written.
 
+#include "kxplot/batch/batch.h"
 #include "kxplot/fit/fit.h"
 #include "kxplot/form/notices.h"
 #include "kxplot/form/picture.h"
+#include "kxplot/form/properties.h"
 #include "kxplot/messages.h"
 #include "kxplot/options/commandline.h"
+#include "kxplot/options/paragraph.h"
 #include "kxplot/options/usageerror.h"
 #include "kxplot/plan/planner.h"
 #include "kxplot/shortmemory.h"
@@ -28,10 +31,14 @@ namespace {
 
 using namespace kxplot;
 
+/// What the picture of --properties shows where there is no table.
+constexpr const char* CSample = "x,y\n1,1\n2,3\n3,2\n4,5\n5,4\n6,6\n7,8\n8,7\n";
+
 constexpr int CFailure = 1, CUsage = 2, CInterrupted = 130; // the last as shells have it
 
 /// Reads the table and plans the picture.
 TPlan Planned(const TOptions& Options) {
+    if (Options.Data.File.empty()) return MakePlan(kx::TKxTable(CSample, "sample"), Options);
     const std::string text = kx::ReadFile(Options.Data.File);
     const kx::TKxTable table(text, Options.Data.File == "-" ? "standard input" : Options.Data.File,
                              Options.Data.Header);
@@ -54,7 +61,7 @@ int Draw(const TOptions& Options) {
     const TFindings found = Fit(picture.GetParts());
     picture.Finish(found.Labels);
     const std::vector<std::string> notices = NoticesOf(picture.GetParts()); // nothing can fail any more after
-    WriteOutputs(picture, found.Results, Options.Outputs, faults);          // this but writing
+    WriteOutputs(picture, found, Options.Outputs, faults);                  // this but writing
     if (Options.Outputs.Results == "-") Print(found.Results);
     TellAll(notices);
     TellAll(found.Failures);
@@ -63,9 +70,37 @@ int Draw(const TOptions& Options) {
     return found.Failures.empty() ? 0 : CFailure;
 }
 
+int ListProperties(const TOptions& Options) {
+    TPlan plan = Planned(Options);
+    kx::qt::Install(true);
+    TPicture picture(std::move(plan));
+    if (!Options.Look.Outfit.empty()) picture.LoadOutfit(Options.Look.Outfit);
+    picture.Apply();
+    Print(PropertyList(*picture.GetParts().Form, *Options.Properties, WidthOfOutput()));
+    return 0;
+}
+
 int Complain(const std::exception& Error, int Status) {
     Tell(ReasonOf(Error));
     return Status;
+}
+
+/// The exit status of Action, which may throw.
+template <class F>
+int Guarded(F Action) {
+    try {
+        return Action();
+    } catch (const TUsageError& error) {
+        return Complain(error, CUsage);
+    } catch (const std::exception& error) {
+        return Complain(error, CFailure);
+    }
+}
+
+int Run(const TOptions& Options) {
+    if (Options.Properties) return ListProperties(Options);
+    if (Options.Batch.empty()) return Draw(Options);
+    return DrawBatch(Options, [](const TOptions& One) { return Guarded([&] { return Draw(One); }); });
 }
 
 /// For what is thrown where nothing may be, as libraries do when memory runs out.
@@ -83,12 +118,8 @@ int Complain(const std::exception& Error, int Status) {
 
 int main(int Count, char** Arguments) {
     std::set_terminate(EndThrown);
-    try {
+    return Guarded([&] {
         const auto options = ParseOptions(Count, Arguments);
-        return options ? Draw(*options) : 0;
-    } catch (const TUsageError& error) {
-        return Complain(error, CUsage);
-    } catch (const std::exception& error) {
-        return Complain(error, CFailure);
-    }
+        return options ? Run(*options) : 0;
+    });
 }

@@ -38,6 +38,13 @@ const TProperty* TPropertyTable::Find(std::string_view Name) const {
     return nullptr;
 }
 
+const TProperty* TPropertyTable::FindKey(std::string_view Key) const {
+    for (const TPropertyTable* table = this; table; table = table->FBase)
+        for (const TProperty& row : table->FKept)
+            if (row.Set && SameText(row.GetKey(), Key)) return &row;
+    return nullptr;
+}
+
 std::vector<const TProperty*> TPropertyTable::All() const {
     std::vector<const TProperty*> all;
     if (FBase) all = FBase->All();

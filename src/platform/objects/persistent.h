@@ -126,6 +126,8 @@ public:
     std::span<const TProperty> GetKept() const { return FKept; }
     /// By name, ignoring the case of ASCII letters; the derived class goes first; null when there is none.
     const TProperty* Find(std::string_view Name) const;
+    /// What outfits keep under Key, ignoring case; the derived class goes first; null when there is none.
+    const TProperty* FindKey(std::string_view Key) const;
     /// All properties, the base class's first; one that is declared again shows in its last form only.
     std::vector<const TProperty*> All() const;
     /// A copy of what this class keeps without publishing it, for a derived class that publishes it.

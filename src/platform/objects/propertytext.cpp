@@ -4,6 +4,7 @@
 #include <kxgraph/platform/objects/component.h>
 #include <kxgraph/platform/text/colors.h>
 #include <kxgraph/platform/text/numbertext.h>
+#include <kxgraph/platform/text/suggest.h>
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
@@ -188,24 +189,45 @@ struct TPlace {
 
 std::string Quoted(std::string_view Text) { return "'" + Abridged(Text) + "'"; }
 
+std::vector<std::string_view> NamesOf(const TPropertyTable& Table) {
+    std::vector<std::string_view> names;
+    for (const TProperty* property : Table.All()) names.push_back(property->Name);
+    return names;
+}
+
+/// A row, and how long the part of the path is that names it.
+struct TStep {
+    const TProperty* Property;
+    std::size_t Length;
+};
+
+/// The row that Path begins with: by its name or, as files have it, by its key, which may hold points.
+TStep StepAlong(std::string_view Path, const TPropertyTable& Table) {
+    const std::size_t end = std::min(Path.find('.'), Path.size());
+    if (const TProperty* property = Table.Find(Path.substr(0, end))) return {property, end};
+    for (const std::size_t length : {end, Path.size()})
+        if (const TProperty* property = Table.FindKey(Path.substr(0, length))) return {property, length};
+    return {nullptr, end};
+}
+
 /// Walks from Object to the last name of Path.
 TPlace PlaceAt(TPersistent& Object, std::string_view Path) {
     TPersistent* object = &Object;
     for (std::size_t begin = 0;;) {
-        const std::size_t end = std::min(Path.find('.', begin), Path.size());
-        const std::string_view name = Path.substr(begin, end - begin);
-        const TProperty* property = object->PublishedProperties().Find(name);
+        const auto [property, length] = StepAlong(Path.substr(begin), object->PublishedProperties());
+        const std::string_view name = Path.substr(begin, length);
         const std::string within = begin > 0 ? " (" + Abridged(Path) + ")" : "";
         if (!property)
-            throw EPropertyError(object->ClassName() + " has no property " + Quoted(name) + within);
-        if (end == Path.size()) return {object, property};
+            throw EPropertyError(object->ClassName() + " has no property " + Quoted(name) + within +
+                                 DidYouMean(name, NamesOf(object->PublishedProperties())));
+        if (begin + length == Path.size()) return {object, property};
         TPersistent* inner = nullptr;
         if (property->Kind == TPropertyKind::SubObject)
             inner = std::get<TPersistent*>(property->Get(*object));
         if (!inner)
             throw EPropertyError(Quoted(name) + " of " + object->ClassName() + " has no properties" + within);
         object = inner;
-        begin = end + 1;
+        begin += length + 1;
     }
 }
 

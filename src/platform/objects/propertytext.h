@@ -17,8 +17,9 @@ std::string PropertyToText(const TProperty& Property, const TPropertyValue& Valu
 /// Text as a value. Raises EPropertyError that says what was expected.
 TPropertyValue PropertyFromText(const TProperty& Property, std::string_view Text,
                                 const TComponentFinder& Find);
-/// Sets the property at Path ("Color", "MajorGridX.Visible") of Object from Text. Raises EPropertyError that
-/// names the path and the class, or says what was expected; the object is then unchanged.
+/// Sets the property at Path ("Color", "MajorGridX.Visible") of Object from Text; what outfits keep is also
+/// reached by its key ("Line.Color" of a series). Raises EPropertyError that names the path and the class,
+/// or says what was expected; the object is then unchanged.
 void SetPropertyText(TPersistent& Object, std::string_view Path, std::string_view Text,
                      const TComponentFinder& Find = {});
 /// The text of the property at Path; raises EPropertyError for an unknown one.

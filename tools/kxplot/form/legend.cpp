@@ -111,7 +111,8 @@ void MakeLegend(TParts& Parts) {
     TKxLegend& legend = *(Parts.Legend = new TKxLegend(Parts.Form.get()));
     legend.SetName("Legend1");
     legend.SetParent(Parts.Graph);
-    DressLegend(legend);
+    DressLegend(legend, Parts.Theme);
+    Parts.Theme.ApplyTo(legend);
     if (std::ranges::any_of(Parts.Analyses, [](const TAnalysis& Analysis) {
             return Analysis.Line->GetLineStyle().GetStyle() != psSolid;
         }))

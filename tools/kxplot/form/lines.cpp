@@ -54,7 +54,8 @@ void DressLines(TParts& Parts, std::size_t Series, std::size_t First) {
     for (std::size_t k = First; k < count; ++k) {
         const TAnalysis& analysis = Parts.Analyses[Series * count + k];
         DressAnalysis(*analysis.Line, analysis.Plan->Place,
-                      Parts.SideAxes.contains(analysis.Plan->Request.Quantity));
+                      Parts.SideAxes.contains(analysis.Plan->Request.Quantity), Parts.Theme);
+        Parts.Theme.ApplyTo(*analysis.Line);
     }
 }
 

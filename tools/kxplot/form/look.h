@@ -1,30 +1,18 @@
 #pragma once
-// kxplot's own look: what a picture is like when nothing is asked for.
+// What kxplot's look adds to the library's: what shows of a series, and which colour is whose.
 
 #include "kxplot/plan/plan.h"
 
-#include <kxgraph/annotation/Kxlegend.h>
-#include <kxgraph/graph/Kxgraph2d.h>
-#include <kxgraph/series/Kxarrowseries.h>
-#include <kxgraph/series/Kxbarseries.h>
-#include <kxgraph/series/Kxdataseries.h>
+#include <kxgraph/look/Kxlook.h>
 
 namespace kxplot {
 
-void DressGraph(kx::TKx2DGraph& Graph);
-void DressAxis(kx::TKxAxis& Axis);
-/// An axis of one curve's own takes the colour of that curve.
-void DressSideAxis(kx::TKxAxis& Axis, kx::TColor Color);
-/// Number counts from 0; HasErrors keeps the error bars shown in every style, SmallSymbols is for a cloud of
-/// points.
-void DressSeries(kx::TKxDataWithErrorSeries& Series, int Number, TStyle Style, bool HasErrors,
-                 bool SmallSymbols);
-/// Boxes are darker: the library makes their other faces of the colour of the front.
-void DressBars(kx::TKxBarSeries& Series, int Number, bool Boxes, double GapPercent);
-void DressArrows(kx::TKxArrowSeries& Series, int Number);
-void DressLegend(kx::TKxLegend& Legend);
-kx::TColor AnalysisColor(const TAnalysisPlace& Place);
+/// Number counts from 0.
+void DressSeries(kx::TKxDataWithErrorSeries& Series, int Number, const TPointsPlan& Plan,
+                 const kx::TKxTheme& Theme);
+kx::TColor AnalysisColor(const TAnalysisPlace& Place, const kx::TKxTheme& Theme);
 /// A curve on an axis of its own has no pattern unless it needs one.
-void DressAnalysis(kx::TKxSeries& Line, const TAnalysisPlace& Place, bool HasOwnAxis);
+void DressAnalysis(kx::TKxSeries& Line, const TAnalysisPlace& Place, bool HasOwnAxis,
+                   const kx::TKxTheme& Theme);
 
 } // namespace kxplot

@@ -6,6 +6,7 @@
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/look/Kxtheme.h>
 #include <kxgraph/platform/controls/form.h>
 #include <kxgraph/series/Kxbarseries.h>
 #include <kxgraph/series/Kxdataseries.h>
@@ -41,6 +42,7 @@ struct TAnalysis {
 /// The plan, whose values have gone into the vectors, and the components, which the form owns.
 struct TParts {
     TPlan Plan;
+    kx::TKxTheme Theme;
     std::unique_ptr<kx::TForm> Form; ///< never shown
     kx::TKx2DGraph* Graph = nullptr;
     kx::TKxAxis* XAxis = nullptr;

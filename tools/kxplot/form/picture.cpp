@@ -7,6 +7,7 @@
 #include "kxplot/form/look.h"
 #include "kxplot/form/outfit.h"
 #include "kxplot/form/series.h"
+#include "kxplot/form/theme.h"
 
 #include <kxgraph/platform/controls/frame.h>
 #include <kxgraph/platform/host/application.h>
@@ -21,6 +22,7 @@ using namespace kx;
 
 TPicture::TPicture(TPlan Plan) {
     FParts.Plan = std::move(Plan);
+    FParts.Theme = ThemeCalled(FParts.Plan.Look.Theme);
     FParts.Form = std::make_unique<TForm>(&TApplication::Instance());
     MakeGraph();
     MakeAxes();
@@ -38,14 +40,16 @@ void TPicture::MakeGraph() {
     graph.SetName("Graph1");
     graph.SetParent(&form);
     graph.SetBounds(0, 0, size.Width, size.Height);
-    DressGraph(graph);
+    DressGraph(graph, FParts.Theme);
+    FParts.Theme.ApplyTo(graph);
 }
 
 TKxAxis* TPicture::MakeAxis(const std::string& Name) {
     auto* axis = new TKxAxis(FParts.Form.get());
     axis->SetName(Name);
     axis->SetParent(FParts.Graph);
-    DressAxis(*axis);
+    DressAxis(*axis, FParts.Theme);
+    FParts.Theme.ApplyTo(*axis);
     return axis;
 }
 
@@ -55,7 +59,7 @@ void TPicture::MakeAxes() {
     for (const auto& plan : FParts.Plan.Axes.Side) {
         auto* axis = MakeAxis(plan.Name);
         axis->SetPosition(AxRightPos);
-        if (!FParts.Plan.SeveralSeries()) DressSideAxis(*axis, AnalysisColor(plan.Place));
+        if (!FParts.Plan.SeveralSeries()) DressSideAxis(*axis, AnalysisColor(plan.Place, FParts.Theme));
         FParts.SideAxes[plan.Quantity] = axis;
     }
 }
@@ -84,6 +88,7 @@ void TPicture::ApplyLook() {
     const TLookRequest& look = FParts.Plan.Look;
     if (look.LogX) FParts.XAxis->SetScaling(AxLogEE);
     if (look.LogY) FParts.YAxis->SetScaling(AxLogEE);
+    if (look.Ground) ApplyGround(*look.Ground);
     if (look.Title) {
         FParts.Graph->SetCaption(*look.Title);
         FParts.Graph->SetShowTitle(true);
@@ -96,6 +101,14 @@ void TPicture::ApplyLook() {
     };
     caption(*FParts.XAxis, look.XCaption);
     caption(*FParts.YAxis, look.YCaption);
+}
+
+void TPicture::ApplyGround(const TGround& Ground) {
+    FParts.Graph->SetTransparent(!Ground);
+    if (FParts.Legend && !Ground) FParts.Legend->SetTransparent(true);
+    if (!Ground) return;
+    FParts.Graph->SetColor(*Ground);
+    FParts.Graph->SetDataColor(*Ground);
 }
 
 void TPicture::Apply() {

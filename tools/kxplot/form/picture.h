@@ -35,6 +35,7 @@ private:
     void MakeGraph();
     void MakeAxes();
     void ApplyLook();
+    void ApplyGround(const TGround& Ground);
 
     TParts FParts;
     std::unique_ptr<TNotes> FNotes;

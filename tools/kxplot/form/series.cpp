@@ -49,7 +49,7 @@ private:
 
 TKxNotCalculatedSeries* TSeriesMaker::operator()(TPointsPlan& Points) {
     auto* series = new TKxDataWithErrorSeries(&FForm);
-    DressSeries(*series, Number(), Points.Style, Points.HasErrors(), Points.SmallSymbols);
+    DressSeries(*series, Number(), Points, FParts.Theme);
     auto* dx = MakeVector(Points.DXPlus, FForm);
     auto* dy = MakeVector(Points.DYPlus, FForm);
     auto* dxMinus = MakeVector(Points.DXMinus, FForm);
@@ -65,7 +65,8 @@ TKxNotCalculatedSeries* TSeriesMaker::operator()(TPointsPlan& Points) {
 
 TKxNotCalculatedSeries* TSeriesMaker::operator()(TBarsPlan& Bars) {
     auto* series = new TKxBarSeries(&FForm);
-    DressBars(*series, Number(), Bars.Boxes, Bars.GapPercent);
+    DressBars(*series, Number(), Bars.Boxes, FParts.Theme);
+    series->SetBarsGapPercent(Bars.GapPercent);
     series->SetShiftOverlays(FParts.Plan.SeveralSeries());
     series->SetStackSignsApart(true);
     auto* lengths = MakeVector(FPlan.Y, FForm);
@@ -76,7 +77,7 @@ TKxNotCalculatedSeries* TSeriesMaker::operator()(TBarsPlan& Bars) {
 
 TKxNotCalculatedSeries* TSeriesMaker::operator()(TArrowsPlan& Arrows) {
     auto* series = new TKxArrowSeries(&FForm);
-    DressArrows(*series, Number());
+    DressArrows(*series, Number(), FParts.Theme);
     series->SetDX(MakeVector(Arrows.DX, FForm));
     series->SetDY(MakeVector(Arrows.DY, FForm));
     series->SetXData(FX);
@@ -92,6 +93,7 @@ void MakeSeries(TParts& Parts) {
     for (TSeriesPlan& plan : Parts.Plan.Series) {
         auto* series = std::visit(TSeriesMaker(Parts, plan, x), plan.Kind);
         series->SetName(plan.Name);
+        Parts.Theme.ApplyTo(*series);
         series->SetWeight(plan.Weight ? MakeVector(*plan.Weight, *Parts.Form) : weight);
         series->SetAutoCaption(plan.Caption);
         Parts.Series.push_back(series);

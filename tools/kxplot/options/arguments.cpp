@@ -8,10 +8,15 @@ namespace {
 std::string RefuseEmpty(const std::string& Name) { return Name.empty() ? "a file name is expected" : ""; }
 
 void AddDataOptions(CLI::App& App, TArguments& Given) {
+    App.option_defaults()->group("Table");
     auto& o = Given.Options;
     App.add_option("DATA", o.Data.File, "text table with the data; - reads standard input")
-        ->required()
         ->check(RefuseEmpty);
+    App.add_option(
+           "--batch", o.Batch,
+           "draws a picture of each file that a pattern names, as many at once as there are cores; in "
+           "names of outputs {name} stands for the file's without folder and extension")
+        ->type_name("FILE...");
     App.add_flag("--header", Given.Header, "the first row is a header, whatever it looks like");
     App.add_flag("--no-header", Given.NoHeader,
                  "the first row is data (default: it is a header when any text in it stands over numbers)");
@@ -32,6 +37,7 @@ void AddDataOptions(CLI::App& App, TArguments& Given) {
 }
 
 void AddFitOptions(CLI::App& App, TArguments& Given) {
+    App.option_defaults()->group("Fits");
     const auto several = [&App](const char* Name, std::vector<std::string>& Target, const char* Type,
                                 const char* Help) {
         App.add_option(Name, Target, Help)->type_name(Type)->allow_extra_args(false);
@@ -59,6 +65,7 @@ void AddFitOptions(CLI::App& App, TArguments& Given) {
 }
 
 void AddCurveOptions(CLI::App& App, TArguments& Given) {
+    App.option_defaults()->group("Curves");
     App.add_option("--curve", Given.Curves,
                    "draws a curve through every series (several allowed): akima, akima:smooth=WIDTH after "
                    "averaging over WIDTH to both sides (decades on a logarithmic x axis), spline for a "
@@ -73,6 +80,7 @@ void AddCurveOptions(CLI::App& App, TArguments& Given) {
 }
 
 void AddAnalysisOptions(CLI::App& App, TArguments& Given) {
+    App.option_defaults()->group("Fits and curves");
     auto& o = Given.Options;
     App.add_option("--weight", o.Columns.Weight,
                    "column of the points' weights in fits and curves: 1/variance up to a factor, which "
@@ -85,8 +93,9 @@ void AddAnalysisOptions(CLI::App& App, TArguments& Given) {
         ->type_name("X");
     App.add_option("--to", Given.To, "fits and curves take the points up to this x, and end there")
         ->type_name("X");
-    App.add_option("--results", o.Outputs.Results,
-                   "writes what fits and curves found as INI text; - is standard output")
+    App.add_option(
+           "--results", o.Outputs.Results,
+           "writes what fits and curves found: as JSON for .json, else as INI text; - is standard output")
         ->type_name("FILE")
         ->check(RefuseEmpty);
     App.add_option("--label", Given.Labels,
@@ -101,12 +110,13 @@ void AddAnalysisOptions(CLI::App& App, TArguments& Given) {
 }
 
 void AddPictureOptions(CLI::App& App, TArguments& Given) {
+    App.option_defaults()->group("Picture");
     auto& o = Given.Options;
     App.add_option("--style", Given.Style,
-                   "line, points, both, bars, bars3d or arrows (default: points with --fit or --curve; else "
+                   "what series are drawn as (default: points with --fit or --curve; else "
                    "both up to 50 points, line above). Bars begin at x, and the last is as wide as the one "
                    "before it")
-        ->type_name("STYLE");
+        ->type_name("line|points|both|bars|bars3d|arrows");
     App.add_option("--hist", Given.Bins,
                    "draws how many values of the -y columns (default: the first column) lie in each of N "
                    "equal bins between the smallest and the largest")
@@ -118,9 +128,9 @@ void AddPictureOptions(CLI::App& App, TArguments& Given) {
     App.add_flag("--horizontal", o.Drawing.Horizontal, "bars lie; the axes change places");
     App.add_option(
            "--legend", Given.Legend,
-           "where the legend stands: top-left, top-right, bottom-left or bottom-right among the data, "
-           "right, left, top or bottom of them (default: right when it has more than one entry)")
-        ->type_name("PLACE");
+           "where the legend stands: in a corner among the data, or beside them (default: right when it "
+           "has more than one entry)")
+        ->type_name("top-left|top-right|bottom-left|bottom-right|right|left|top|bottom");
     App.add_flag("--no-legend", o.Legend.None, "no legend; fits and curves are named among the data");
     App.add_flag("--log-x", o.Look.LogX, "logarithmic x axis");
     App.add_flag("--log-y", o.Look.LogY, "logarithmic y axis");
@@ -133,21 +143,41 @@ void AddPictureOptions(CLI::App& App, TArguments& Given) {
     App.add_option("--y-caption", o.Look.YCaption,
                    "caption of the y axis (default: its header; of several series with a legend none)")
         ->type_name("TEXT");
-    App.add_option("--size", Given.Size, "size in pixels at 96 per inch (default: 900x600)")
+    App.add_option("--size", Given.Size,
+                   "size in pixels at 96 per inch, or in mm, cm or in, as in 85mmx60mm (default: 900x600)")
         ->type_name("WxH");
-    App.add_option("--scale", o.Outputs.Scale, "pixels of a PNG for one pixel of --size (default: 1)")
+    App.add_option("--dpi", Given.Dpi, "pixels of a PNG per inch of --size (default: 96)")->type_name("N");
+    App.add_option("--scale", Given.Scale, "pixels of a PNG for one pixel of --size (default: 1)")
         ->type_name("S");
+    App.add_option("--ground", Given.Ground, "colour behind everything, or none for a transparent picture")
+        ->type_name("COLOR");
     App.add_flag("--antialias", o.Outputs.Antialias, "smooth lines in a PNG (SVG and PDF are smooth)");
 }
 
 void AddOutfitOptions(CLI::App& App, TArguments& Given) {
+    App.option_defaults()->group("Look and files");
     auto& o = Given.Options;
+    App.add_option("--curve-data", o.Outputs.CurveData, "writes the sampled curves as columns of a CSV table")
+        ->type_name("FILE.csv")
+        ->check(RefuseEmpty);
     App.add_option("--set", Given.Assignments,
                    "sets a property, e.g. Graph1.MajorGridX.Visible=1; components: Graph1, XAxis, YAxis, "
                    "SecondaryAxis1, SecondaryAxis2, Series1, ..., Fit1, ..., Curve1, ..., Derivative1, ..., "
                    "Integral1, ..., Legend1, Label1, ...")
         ->type_name("NAME.PROPERTY=VALUE")
         ->allow_extra_args(false);
+    App.add_option(
+           "--theme", o.Look.Theme,
+           "look of the picture: print (a journal's column), dark, presentation, or a file of lines as "
+           "--set takes them, also for Series*, with Colors, Symbols and Dashes of the series")
+        ->type_name("print|dark|presentation|FILE")
+        ->check(RefuseEmpty);
+    App.add_option(
+           "--properties", o.Properties,
+           "lists what --set takes: the properties of a component, or of all, of the picture that the "
+           "other options describe (without DATA of a small one), and draws nothing")
+        ->type_name("[NAME]")
+        ->expected(0, 1);
     App.add_option("--outfit", o.Look.Outfit, "takes the appearance from a file")
         ->type_name("FILE.ini")
         ->check(RefuseEmpty);

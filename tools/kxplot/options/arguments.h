@@ -14,7 +14,8 @@ namespace kxplot {
 /// The options as CLI11 stores them, before they are checked.
 struct TArguments {
     TOptions Options;
-    std::optional<std::string> Size, Style;
+    std::optional<std::string> Size, Style, Ground;
+    std::optional<double> Scale, Dpi;
     std::optional<std::string> From, To, Iterations, Repeat, Bins, Legend;
     std::vector<std::string> Assignments, Fits, Starts, Curves, Labels;
     bool Header = false, NoHeader = false;

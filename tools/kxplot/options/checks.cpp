@@ -92,6 +92,7 @@ void CheckAnalyses(const TArguments& Given, const TOptions& Options) {
                 {"--from", fitting.From.has_value()},
                 {"--to", fitting.To.has_value()},
                 {"--results", !Options.Outputs.Results.empty()},
+                {"--curve-data", !Options.Outputs.CurveData.empty()},
                 {"--label", !Options.Labels.empty()}});
     RefuseAnalyses(Given, Options.Drawing);
 }

@@ -1,6 +1,7 @@
 #include "kxplot/options/commandline.h"
 
 #include "kxplot/messages.h"
+#include "kxplot/options/about.h"
 #include "kxplot/options/arguments.h"
 #include "kxplot/options/checks.h"
 #include "kxplot/options/number.h"
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iostream>
 #include <string_view>
 #include <utility>
 
@@ -20,16 +20,10 @@ namespace kxplot {
 
 namespace {
 
-kx::TSize ParseSize(const std::string& Text) {
-    constexpr int most = 20000;
-    const auto x = Text.find('x');
-    const std::string_view view(Text);
-    const auto side = [](std::string_view Part) { return ParseWhole(Part, 1, most); };
-    const auto width = x == Text.npos ? std::nullopt : side(view.substr(0, x));
-    const auto height = width ? side(view.substr(x + 1)) : std::nullopt;
-    if (!height)
-        FailUsage("--size", Text, "is not WIDTHxHEIGHT with sides from 1 to " + std::to_string(most));
-    return {*width, *height};
+TGround ParseGround(const std::string& Text) {
+    if (kx::SameText(Text, "none")) return std::nullopt;
+    if (const auto color = kx::ColorFromText(Text)) return color;
+    FailUsage("--ground", Text, "is not none or a colour, such as #f0f0f0 or clWhite");
 }
 
 TAssignment ParseAssignment(const std::string& Text) {
@@ -37,6 +31,17 @@ TAssignment ParseAssignment(const std::string& Text) {
     if (equals == std::string::npos || point == std::string::npos || point > equals || point == 0)
         FailUsage("--set", Text, "is not NAME.PROPERTY=VALUE");
     return {Text.substr(0, equals), Text.substr(equals + 1)};
+}
+
+void CheckData(const TOptions& Options) {
+    const bool isBatch = !Options.Batch.empty();
+    if (Options.Data.File.empty() && !isBatch && !Options.Properties)
+        throw TUsageError("DATA is required; kxplot --help tells more");
+    if (!isBatch) return;
+    if (!Options.Data.File.empty())
+        FailUsage("--batch", Options.Data.File, "does not go with it: tables are named by patterns alone");
+    if (Options.Properties) throw TUsageError("--properties: does not go with --batch");
+    if (Options.Outputs.Results == "-") throw TUsageError("--results: the results of a batch go to files");
 }
 
 std::string DefaultOutput(const std::string& Data) {
@@ -47,10 +52,6 @@ void CheckOutput(const std::string& FileName) {
     for (const char* known : {".png", ".svg", ".pdf"})
         if (kx::SameText(kx::ExtractFileExt(FileName), known)) return;
     FailUsage("-o", FileName, "does not end with .png, .svg or .pdf");
-}
-
-void CheckScale(double Scale) {
-    if (!(Scale >= 0.1 && Scale <= 20)) throw TUsageError("--scale: a number from 0.1 to 20 is expected");
 }
 
 std::optional<double> ParseLimit(const char* Option, const std::optional<std::string>& Text) {
@@ -141,10 +142,11 @@ void ReadDrawing(const TArguments& Given, TOptions& Options) {
 }
 
 void ReadOutputs(const TArguments& Given, TOptions& Options) {
-    if (Given.Size) Options.Outputs.Size = ParseSize(*Given.Size);
-    CheckScale(Options.Outputs.Scale);
+    if (Given.Size) Options.Outputs.Size = ParsePictureSize(*Given.Size);
+    Options.Outputs.Scale = ScaleOf(Given.Scale, Given.Dpi);
+    if (Given.Ground) Options.Look.Ground = ParseGround(*Given.Ground);
     for (const auto& text : Given.Assignments) Options.Look.Assignments.push_back(ParseAssignment(text));
-    if (Options.Outputs.Pictures.empty())
+    if (Options.Outputs.Pictures.empty() && Options.Batch.empty())
         Options.Outputs.Pictures = {DefaultOutput(Options.Data.File)};
     else
         for (const auto& output : Options.Outputs.Pictures) CheckOutput(output);
@@ -153,20 +155,22 @@ void ReadOutputs(const TArguments& Given, TOptions& Options) {
 } // namespace
 
 std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
-    CLI::App app{"Draws the columns of a text table as a picture.", "kxplot"};
+    CLI::App app("", "kxplot");
     TArguments given;
     AddOptions(app, given);
-    app.set_version_flag("--version", "kxplot 0.1.0");
+    AddOptionsAboutKxplot(app);
     try {
         app.parse(Count, Arguments);
-    } catch (const CLI::Success& asked) {
-        app.exit(asked, std::cout, std::cerr);
-        Print(""); // tells whether it could be written
+    } catch (const TAnswer& answer) {
+        Print(answer.Text);
         return std::nullopt;
+    } catch (const CLI::ExtrasError& error) {
+        throw TUsageError(WithoutLongWords(error.what()) + SuggestionFor(app.remaining(), app));
     } catch (const CLI::ParseError& error) {
         throw TUsageError(WithoutLongWords(error.what()));
     }
     TOptions& options = given.Options;
+    CheckData(options);
     ReadHeader(given, options);
     ReadDrawing(given, options);
     ReadAnalyses(given, options);

@@ -3,9 +3,10 @@
 
 #include "kxplot/options/analysisrequest.h"
 #include "kxplot/options/labelrequest.h"
+#include "kxplot/options/picturesize.h"
 
 #include <kxgraph/annotation/Kxlegend.h>
-#include <kxgraph/platform/drawing/geometry.h>
+#include <kxgraph/platform/text/colors.h>
 #include <kxgraph/table/Kxtable.h>
 
 #include <optional>
@@ -58,10 +59,15 @@ struct TAssignment {
     std::string Value;
 };
 
+/// What stands behind everything; nothing where it is to be transparent.
+using TGround = std::optional<kx::TColor>;
+
 /// What else the picture is like.
 struct TLookRequest {
     bool LogX = false, LogY = false;
     std::optional<std::string> Title, XCaption, YCaption;
+    std::string Theme;             ///< name or file; empty: the standard one
+    std::optional<TGround> Ground; ///< none asked for: that of the look
     std::vector<TAssignment> Assignments;
     std::string Outfit; ///< file; empty: none
 };
@@ -70,14 +76,17 @@ struct TLookRequest {
 struct TOutputRequest {
     std::vector<std::string> Pictures;
     std::string SaveOutfit; ///< file; empty: none
-    std::string Results;    ///< likewise; "-" is standard output
-    kx::TSize Size{900, 600};
-    double Scale = 1;
+    std::string Results;    ///< likewise; "-" is standard output, .json another form
+    std::string CurveData;  ///< likewise; CSV
+    TPictureSize Size;
+    double Scale = 1; ///< pixels of a PNG in a logical one
     bool Antialias = false;
 };
 
 struct TOptions {
     TDataRequest Data;
+    std::vector<std::string> Batch;        ///< patterns of names of tables, each for a picture of its own
+    std::optional<std::string> Properties; ///< of which component they are to be listed; empty: of all
     TColumnRequest Columns;
     TDrawingRequest Drawing;
     TLegendRequest Legend;

@@ -190,7 +190,7 @@ TPlan MakePlan(const TKxTable& Table, const TOptions& Options) {
     const TSeriesPlanner planner(Table, Options, columns);
     TPlan plan;
     plan.Table = Table.GetName();
-    plan.Size = Options.Outputs.Size;
+    plan.Size = Options.Outputs.Size.Whole();
     plan.X = planner.X();
     plan.Weight = planner.Weight();
     for (std::size_t k = 0; k < columns.Y.size(); ++k) plan.Series.push_back(planner.Series(k, plan.X));

@@ -1,5 +1,7 @@
 #include "kxplot/write/outputs.h"
 
+#include "kxplot/fit/curvedata.h"
+#include "kxplot/fit/resultsjson.h"
 #include "kxplot/options/usageerror.h"
 #include "kxplot/shortmemory.h"
 #include "kxplot/write/signals.h"
@@ -32,6 +34,7 @@ std::vector<TNamedFile> OutputsOf(const TOutputRequest& Outputs) {
     for (const auto& name : Outputs.Pictures) files.push_back({"-o", name});
     if (!Outputs.SaveOutfit.empty()) files.push_back({"--save-outfit", Outputs.SaveOutfit});
     if (!Outputs.Results.empty() && Outputs.Results != "-") files.push_back({"--results", Outputs.Results});
+    if (!Outputs.CurveData.empty()) files.push_back({"--curve-data", Outputs.CurveData});
     return files;
 }
 
@@ -42,15 +45,19 @@ void Refuse(const TNamedFile& File, const std::string& Other, const char* What) 
 
 std::string Painted(const TParts& Parts, const TOutputRequest& Outputs, const std::string& FileName) {
     const auto paint = [&Parts](kx::TCanvasDevice& Device) { Parts.Graph->PaintTo(Device); };
-    const kx::TColor ground = Parts.Graph->GetColor();
+    const bool isTransparent = Parts.Graph->GetTransparent();
+    const TGround ground = isTransparent ? TGround() : TGround(Parts.Graph->GetColor());
+    const TPictureSize& size = Outputs.Size;
     const std::string extension = kx::ExtractFileExt(FileName);
     if (kx::SameText(extension, ".svg")) {
-        kx::TSvgDevice device(Outputs.Size, 1, ground); // lines have no pixels to multiply
+        kx::TSvgDevice device(size.Whole(), 1, ground); // lines have no pixels to multiply
+        device.SetPage(size.Width, size.Height);
         paint(device);
         return device.Document();
     }
-    const kx::qt::TPictureOptions picture{Outputs.Size, Outputs.Scale, Outputs.Antialias, ground,
-                                          Parts.Graph->GetCaption()};
+    const kx::qt::TPictureOptions picture{
+        size.Whole(), Outputs.Scale, Outputs.Antialias, ground, Parts.Graph->GetCaption(),
+        size.Width,   size.Height};
     return kx::SameText(extension, ".pdf") ? kx::qt::PdfBytes(picture, paint)
                                            : kx::qt::PngBytes(picture, paint);
 }
@@ -70,6 +77,10 @@ std::string PictureBytes(const TParts& Parts, const TOutputRequest& Outputs, con
     }
 }
 
+std::string ResultsFor(const std::string& FileName, const TFindings& Found) {
+    return kx::SameText(kx::ExtractFileExt(FileName), ".json") ? ResultsAsJson(Found.Results) : Found.Results;
+}
+
 } // namespace
 
 void CheckOutputs(const TOutputRequest& Outputs, const std::string& Data, const std::string& Outfit) {
@@ -84,14 +95,15 @@ void CheckOutputs(const TOutputRequest& Outputs, const std::string& Data, const 
     for (const auto& file : files) kx::CheckWritable(file.Name);
 }
 
-void WriteOutputs(TPicture& Picture, const std::string& Results, const TOutputRequest& Outputs,
+void WriteOutputs(TPicture& Picture, const TFindings& Found, const TOutputRequest& Outputs,
                   const TFrameFaults& Faults) {
     std::vector<std::pair<std::string, std::string>> contents;
     for (const auto& [option, name] : OutputsOf(Outputs)) {
         const std::string_view kind(option);
         contents.emplace_back(name, kind == "-o" ? PictureBytes(Picture.GetParts(), Outputs, name, Faults)
-                                    : kind == "--results" ? Results
-                                                          : Picture.GetOutfit());
+                                    : kind == "--results"    ? ResultsFor(name, Found)
+                                    : kind == "--curve-data" ? CurveData(Picture.GetParts())
+                                                             : Picture.GetOutfit());
     }
     Faults.Check();
     LetAllocationsFail();

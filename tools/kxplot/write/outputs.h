@@ -1,6 +1,7 @@
 #pragma once
 // The files that a run writes.
 
+#include "kxplot/fit/fit.h"
 #include "kxplot/form/picture.h"
 #include "kxplot/options/options.h"
 #include "kxplot/write/framefaults.h"
@@ -17,7 +18,7 @@ void CheckOutputs(const TOutputRequest& Outputs, const std::string& Data, const 
 /// Writes pictures, outfit and results: all of them or, where one cannot be made or written, none. Raises
 /// kx::EFileError, and TFrameError for a picture that does not settle. Pictures that raise exceptions while
 /// they are painted do so to Faults.
-void WriteOutputs(TPicture& Picture, const std::string& Results, const TOutputRequest& Outputs,
+void WriteOutputs(TPicture& Picture, const TFindings& Found, const TOutputRequest& Outputs,
                   const TFrameFaults& Faults);
 
 } // namespace kxplot
