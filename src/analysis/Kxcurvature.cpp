@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cassert>
 #include <cmath>
-#include <limits>
+#include <utility>
 #include <vector>
 
 namespace kx {
@@ -12,92 +12,12 @@ namespace {
 
 using TColumn = std::vector<double>;
 
-constexpr double CInfinity = std::numeric_limits<double>::infinity();
-constexpr double CStep = 7e-4;          // the fifth root of a double's resolution suits a fourth order rule
-constexpr double CGoodAgreement = 1e-5; // of two differences; the improved one is then good to its square
-constexpr double CPoorAgreement = 0.1;
-constexpr double CStepRatio = 16;
-constexpr int CSteps = 16;            // upward and downward each
 constexpr double CIndependent = 1e-9; // of a column's length is left when it is no sum of others
-
-/// The length, without overflow; NaN if there is one.
-double Norm(const TColumn& Column) {
-    double largest = 0, sum = 0;
-    for (const double v : Column) {
-        if (std::isnan(v)) return v;
-        largest = std::max(largest, std::abs(v));
-    }
-    if (largest == 0) return 0;
-    for (const double v : Column) sum += v / largest * (v / largest);
-    return largest * std::sqrt(sum);
-}
 
 double Product(const TColumn& A, const TColumn& B) {
     double sum = 0;
     for (std::size_t i = 0; i < A.size(); ++i) sum += A[i] * B[i];
     return sum;
-}
-
-/// Derivatives of the model by one coefficient, times the roots of the weights.
-class TDerivatives {
-public:
-    TDerivatives(std::span<const double> Coefficients, const TKxModelValues& Model,
-                 const TColumn& RootWeights)
-        : FCoefficients(Coefficients.begin(), Coefficients.end()), FModel(Model), FRootWeights(RootWeights) {}
-
-    /// False when no step gives a derivative.
-    bool Find(std::size_t Index, TColumn& Column);
-
-private:
-    /// How much differences of one and two steps disagree, in proportion to Column, the improved derivative.
-    double Try(std::size_t Index, double Step, TColumn& Column);
-    TColumn Difference(std::size_t Index, double Step);
-
-    TColumn FCoefficients;
-    const TKxModelValues& FModel;
-    const TColumn& FRootWeights;
-};
-
-TColumn TDerivatives::Difference(std::size_t Index, double Step) {
-    TColumn below(FRootWeights.size()), above(FRootWeights.size());
-    const double value = FCoefficients[Index];
-    const double from = FCoefficients[Index] = value - Step;
-    FModel(FCoefficients, below);
-    const double to = FCoefficients[Index] = value + Step;
-    FModel(FCoefficients, above);
-    FCoefficients[Index] = value;
-    const double distance = to == from ? 1 : to - from; // no derivative, but no reason for NaN either
-    for (std::size_t i = 0; i < above.size(); ++i)
-        above[i] = FRootWeights[i] == 0 ? 0 : (above[i] - below[i]) / distance * FRootWeights[i];
-    return above;
-}
-
-double TDerivatives::Try(std::size_t Index, double Step, TColumn& Column) {
-    Column = Difference(Index, Step);
-    TColumn error = Difference(Index, 2 * Step);
-    for (std::size_t i = 0; i < Column.size(); ++i) {
-        error[i] = Column[i] - error[i];
-        Column[i] += error[i] / 3;
-    }
-    const double disagreement = Norm(error) / Norm(Column);
-    return std::isfinite(disagreement) ? disagreement : CInfinity;
-}
-
-bool TDerivatives::Find(std::size_t Index, TColumn& Column) {
-    const double value = FCoefficients[Index];
-    const double step = CStep * (value == 0 ? 1 : std::abs(value));
-    double best = Try(Index, step, Column);
-    bool constant = Norm(Column) == 0;
-    TColumn column;
-    for (int i = 1; i <= CSteps && best > CGoodAgreement; ++i)
-        for (const double factor : {std::pow(CStepRatio, -i), std::pow(CStepRatio, i)}) {
-            const double disagreement = Try(Index, step * factor, column);
-            constant = constant && Norm(column) == 0;
-            if (disagreement >= best) continue;
-            best = disagreement;
-            Column.swap(column);
-        }
-    return best < CPoorAgreement || constant;
 }
 
 /// The triangle of the orthogonal decomposition of unit columns (modified Gram-Schmidt), with what is known
@@ -107,8 +27,8 @@ public:
     explicit TDecomposition(std::vector<TColumn>& Columns);
 
     bool IsKnown(std::size_t Index) const { return FKnown[Index]; }
-    /// The root of element (Index, Index) of the inverse of the normal matrix.
-    double InverseRoot(std::size_t Index) const;
+    /// Row Index of the inverse of the triangle; zeros for a column that is a sum of earlier ones.
+    TColumn InverseRow(std::size_t Index) const;
 
 private:
     /// Column Until is a sum of earlier ones: it and those with a share in it cannot be told apart.
@@ -128,7 +48,7 @@ TDecomposition::TDecomposition(std::vector<TColumn>& Columns)
             const double part = FTriangle[k][j] = Product(Columns[j], Columns[k]);
             for (std::size_t i = 0; i < Columns[k].size(); ++i) Columns[k][i] -= part * Columns[j][i];
         }
-        const double left = FTriangle[k][k] = Norm(Columns[k]);
+        const double left = FTriangle[k][k] = LengthOf(Columns[k]);
         if (left < CIndependent)
             MarkDependence(k);
         else
@@ -147,7 +67,7 @@ void TDecomposition::MarkDependence(std::size_t Until) {
     }
 }
 
-double TDecomposition::InverseRoot(std::size_t Index) const {
+TColumn TDecomposition::InverseRow(std::size_t Index) const {
     TColumn row(FTriangle.size());
     for (std::size_t k = Index; k < row.size(); ++k) {
         if (!FUsed[k]) continue;
@@ -155,7 +75,7 @@ double TDecomposition::InverseRoot(std::size_t Index) const {
         for (std::size_t j = Index; j < k; ++j) sum -= row[j] * FTriangle[k][j];
         row[k] = sum / FTriangle[k][k];
     }
-    return Norm(row);
+    return row;
 }
 
 TColumn RootsOf(std::span<const double> Weights, int Points) {
@@ -165,32 +85,95 @@ TColumn RootsOf(std::span<const double> Weights, int Points) {
     return roots;
 }
 
+/// The derivatives by all coefficients where they are given, else by those of Indices. Empty when one cannot
+/// be had.
+std::vector<TColumn> ColumnsOf(const TKxFitAtRest& Fit, const TColumn& Roots,
+                               const std::vector<std::size_t>& Indices) {
+    std::vector<TColumn> columns(Fit.Coefficients.size(), TColumn(Roots.size()));
+    if (Fit.Derivatives) {
+        Fit.Derivatives(Fit.Coefficients, std::vector<std::span<double>>(columns.begin(), columns.end()));
+        for (TColumn& column : columns) Weigh(column, Roots);
+    } else {
+        TKxDifferences differences(Fit.Model, Roots, Fit.Limits);
+        for (const std::size_t k : Indices)
+            if (!differences.Find(Fit.Coefficients, k, columns[k])) return {};
+    }
+    const bool finite =
+        std::ranges::all_of(columns, [](const TColumn& C) { return std::isfinite(LengthOf(C)); });
+    return finite ? columns : std::vector<TColumn>();
+}
+
 } // namespace
+
+TKxCovariance::TKxCovariance(const TKxFitAtRest& Fit)
+    : FRoots(Fit.Coefficients.size()), FKnown(Fit.Coefficients.size()) {
+    const TColumn roots = RootsOf(Fit.Weights, Fit.Points);
+    std::vector<std::size_t> moving;
+    std::ptrdiff_t fixed = 0;
+    std::vector<bool> known(FKnown.size());
+    for (std::size_t k = 0; k < known.size(); ++k) {
+        const TKxCoefficientLimits limits = Fit.Limits.empty() ? TKxCoefficientLimits() : Fit.Limits[k];
+        if (limits.IsFixed())
+            ++fixed, known[k] = true;
+        else if (limits.Low < Fit.Coefficients[k] && Fit.Coefficients[k] < limits.High)
+            moving.push_back(k);
+    }
+    const auto freedom = Fit.Points - std::ranges::count(roots, 0.0) - std::ptrdiff_t(known.size()) + fixed;
+    if (freedom <= 0 || !(Fit.SumOfSquares >= 0 && std::isfinite(Fit.SumOfSquares))) return;
+    std::vector<TColumn> columns = ColumnsOf(Fit, roots, moving);
+    if (columns.empty()) return;
+    FFreedom = int(freedom);
+    FDeviation = std::sqrt(Fit.SumOfSquares / double(freedom));
+    FKnown = std::move(known);
+    Decompose(columns, moving);
+}
+
+void TKxCovariance::Decompose(std::vector<TColumn>& Columns, const std::vector<std::size_t>& Indices) {
+    std::vector<TColumn> moving;
+    TColumn lengths;
+    for (const std::size_t k : Indices) {
+        const double length = LengthOf(Columns[k]);
+        if (length > 0)
+            for (double& v : Columns[k]) v /= length;
+        lengths.push_back(length);
+        moving.push_back(std::move(Columns[k]));
+    }
+    const TDecomposition decomposition(moving);
+    for (std::size_t j = 0; j < Indices.size(); ++j) {
+        TColumn row = decomposition.InverseRow(j);
+        for (double& v : row) v *= lengths[j] > 0 ? FDeviation / lengths[j] : 0;
+        if (!std::isfinite(LengthOf(row))) continue;
+        FKnown[Indices[j]] = decomposition.IsKnown(j);
+        FRoots[Indices[j]] = std::move(row);
+    }
+}
+
+double TKxCovariance::ErrorOf(std::size_t Index) const {
+    return FKnown[Index] ? LengthOf(FRoots[Index]) : CMaxReal;
+}
+
+double TKxCovariance::Between(std::size_t I, std::size_t J) const {
+    if (!FKnown[I] || !FKnown[J]) return CMaxReal;
+    const std::size_t count = std::min(FRoots[I].size(), FRoots[J].size());
+    double sum = 0;
+    for (std::size_t i = 0; i < count; ++i) sum += FRoots[I][i] * FRoots[J][i];
+    return sum;
+}
+
+double TKxCovariance::ErrorAlong(std::span<const double> Factors) const {
+    if (FFreedom <= 0) return CMaxReal;
+    TColumn sum(FRoots.size());
+    for (std::size_t k = 0; k < FRoots.size(); ++k)
+        for (std::size_t i = 0; i < FRoots[k].size(); ++i) sum[i] += Factors[k] * FRoots[k][i];
+    return LengthOf(sum);
+}
 
 TKxRealArray StandardErrors(std::span<const double> Coefficients, const TKxModelValues& Model, int Points,
                             std::span<const double> Weights, double SumOfSquares) {
-    const std::size_t n = Coefficients.size();
-    TKxRealArray errors(static_cast<int>(n));
-    std::fill(errors.begin(), errors.end(), CMaxReal);
-    const TColumn roots = RootsOf(Weights, Points);
-    const auto freedom = Points - std::ranges::count(roots, 0.0) - std::ptrdiff_t(n);
-    if (freedom <= 0 || !(SumOfSquares >= 0 && std::isfinite(SumOfSquares))) return errors;
-
-    TDerivatives derivatives(Coefficients, Model, roots);
-    std::vector<TColumn> columns(n);
-    TColumn lengths(n);
-    for (std::size_t k = 0; k < n; ++k) {
-        if (!derivatives.Find(k, columns[k])) return errors;
-        lengths[k] = Norm(columns[k]);
-        if (lengths[k] > 0)
-            for (double& v : columns[k]) v /= lengths[k];
-    }
-    const TDecomposition decomposition(columns);
-    const double deviation = std::sqrt(SumOfSquares / static_cast<double>(freedom));
-    for (std::size_t k = 0; k < n; ++k) {
-        const double error = deviation * decomposition.InverseRoot(k) / lengths[k];
-        if (decomposition.IsKnown(k) && std::isfinite(error)) errors[static_cast<int>(k)] = error;
-    }
+    const TKxCovariance covariance(
+        {Model, {}, {Coefficients.begin(), Coefficients.end()}, Points, Weights, SumOfSquares, {}});
+    TKxRealArray errors(int(covariance.Count()));
+    for (std::size_t k = 0; k < covariance.Count(); ++k) errors[int(k)] = covariance.ErrorOf(k);
     return errors;
 }
 

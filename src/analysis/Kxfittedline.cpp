@@ -1,8 +1,6 @@
 #include <kxgraph/analysis/Kxfittedline.h>
 
 #include <kxgraph/analysis/Kxakima.h>
-#include <kxgraph/analysis/Kxcurvature.h>
-#include <kxgraph/analysis/Kxsimplex.h>
 
 #include <algorithm>
 #include <cmath>
@@ -13,12 +11,6 @@ namespace {
 
 /// Points that are evaluated at once: their columns stay in the cache.
 constexpr std::size_t CBlock = 1000;
-
-TKxRealArray ArrayOf(std::span<const double> Values) {
-    TKxRealArray array(int(Values.size()));
-    std::copy(Values.begin(), Values.end(), array.begin());
-    return array;
-}
 
 } // namespace
 
@@ -45,6 +37,11 @@ void TKxFittedLine::SetFittingBlockFunction(TKxFittingBlockFkt Function) {
     ParentModified();
 }
 
+void TKxFittedLine::SetFittingDerivatives(TKxFittingDerivativesFkt Function) {
+    FFittingDerivatives = std::move(Function);
+    ParentModified();
+}
+
 void TKxFittedLine::SetExpression(const AnsiString& Expression) { FExpression = Expression; }
 
 void TKxFittedLine::CheckIndex(int I) const {
@@ -66,7 +63,7 @@ void TKxFittedLine::SetCoefficient(int I, double Value) {
 
 double TKxFittedLine::GetDeltaCoefficient(int I) const {
     CheckIndex(I);
-    return I < FDeltas.Length() ? FDeltas[I] : CMaxReal;
+    return std::size_t(I) < FCovariance.Count() ? FCovariance.ErrorOf(std::size_t(I)) : CMaxReal;
 }
 
 double TKxFittedLine::GetY(double X) const {
@@ -74,7 +71,8 @@ double TKxFittedLine::GetY(double X) const {
 }
 
 void TKxFittedLine::CalculateFunction() {
-    FDeltas = {};
+    FCovariance = {};
+    FLimits.clear();
     FConverged.reset();
     if (!FFittingFunction) throw EMathError("Fitted Line: no FittingFunction defined");
     if (GetOrder() <= 0) throw EMathError("Fitted Line: Order <=0");
@@ -84,57 +82,12 @@ void TKxFittedLine::CalculateFunction() {
     GetContinousLine();
 }
 
-void TKxFittedLine::DoFit() {
-    TKxSimplex::CheckSettings(GetOrder(), FIterations);
-    CollectPoints();
-    if (FDoCovariance) FindDeviations();
-    FStopped = FChecking = false;
-    FIterationsDone = 0;
-    const TKxRealArray start = FCoefficients.Clone();
-    RunSimplex([this](const TKxSimplex& Simplex) {
-        ++FIterationsDone;
-        FCoefficients = ArrayOf(Simplex.Best());
-        FChiSquare = Simplex.BestValue();
-        CallHandler(OnIteration);
-        return !FStopped;
-    });
-    if (!std::isfinite(FChiSquare)) {
-        FCoefficients = start;
-        throw EMathError("Fitted Line: the function has no finite value at the start");
-    }
-}
-
-/// From the present coefficients, which Progress may change.
-void TKxFittedLine::RunSimplex(const std::function<bool(const TKxSimplex&)>& Progress) const {
-    TKxRealArray trial(GetOrder()); // one array for all evaluations
-    TKxSimplex simplex([&](std::span<const double> Coefficients) {
-        std::copy(Coefficients.begin(), Coefficients.end(), trial.begin());
-        return Goodness(trial);
-    });
-    const TKxRealArray start = FCoefficients.Clone();
-    simplex.Run({start.begin(), start.end()}, FIterations, Progress);
-}
-
-std::optional<bool> TKxFittedLine::TestConvergence() {
-    if (!FCheckConvergence) return std::nullopt;
-    FChecking = true; // without a guard to reset it: a handler may destroy the series
-    bool improved = false;
-    RunSimplex([&](const TKxSimplex& Simplex) {
-        improved = IsImproved(Simplex.BestValue(), FChiSquare);
-        CallHandler(OnIteration);
-        return !improved && !FStopped;
-    });
-    FChecking = false;
-    if (FStopped && !improved) return std::nullopt;
-    return !improved;
-}
-
 void TKxFittedLine::CollectPoints() {
     FDeviations.clear();
     const TKxFitPoints points = GetFitPoints();
     FTaken = TKxFitCopies(points);
     for (double& weight : FTaken.W) weight = std::abs(weight);
-    if (FTaken.X.empty() || int(FTaken.X.size()) < GetOrder()) RaiseNotEnoughData();
+    if (FTaken.X.empty() || int(FTaken.X.size()) < FreeCount()) RaiseNotEnoughData();
     if (points.W && std::ranges::all_of(FTaken.W, [](double W) { return W == 0; }))
         throw EMathError("Reciprocal indefinite!");
 }
@@ -201,20 +154,20 @@ double TKxFittedLine::SumOfDeviations() const {
 }
 
 int TKxFittedLine::Freedom() const {
-    return int(FTaken.X.size()) - int(std::ranges::count(FTaken.W, 0.0)) - GetOrder();
+    return int(FTaken.X.size()) - int(std::ranges::count(FTaken.W, 0.0)) - FreeCount();
 }
 
 void TKxFittedLine::FindStatistics() {
     FSumOfSquares =
         SumOverPoints(FCoefficients, [&](std::size_t i, double r) { return WeightOf(i) * r * r; });
     FDetermination = 1 - FSumOfSquares / SumOfDeviations();
-    TKxRealArray trial(GetOrder());
-    const auto model = [&](std::span<const double> Coefficients, std::span<double> Values) {
-        std::copy(Coefficients.begin(), Coefficients.end(), trial.begin());
-        EvaluateModel(FTaken.X, trial, Values);
-    };
-    FDeltas = StandardErrors({FCoefficients.begin(), FCoefficients.end()}, model, int(FTaken.X.size()),
-                             FTaken.W, FSumOfSquares);
+    FCovariance = TKxCovariance({ModelOverPoints(),
+                                 DerivativesOverPoints(),
+                                 {FCoefficients.begin(), FCoefficients.end()},
+                                 int(FTaken.X.size()),
+                                 FTaken.W,
+                                 FSumOfSquares,
+                                 FLimits});
 }
 
 } // namespace kx

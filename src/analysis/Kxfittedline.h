@@ -1,12 +1,16 @@
 #pragma once
-// Any model fitted to the points of a series by the downhill simplex.
+// Any model fitted to the points of a series, by the downhill simplex or by damped least squares.
 
 #include <kxgraph/analysis/Kxcalculatedseries.h>
+#include <kxgraph/analysis/Kxcurvature.h>
 
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
@@ -14,16 +18,29 @@ namespace kx {
 
 class TKxSimplex;
 
+enum TKxFittingMethod {
+    fmSimplex, ///< the downhill simplex (Kxsimplex.h): asks for nothing but values and does all its
+               ///< iterations
+    fmDamped   ///< damped least squares (Kxdamped.h): goes by derivatives and stops at the minimum
+};
+
+template <>
+inline constexpr auto CEnumNames<TKxFittingMethod> = std::to_array<std::string_view>({"fmSimplex",
+                                                                                      "fmDamped"});
+
 /// The model: y at X for the given coefficients.
 using TKxFittingFkt = std::function<double(double X, const TKxRealArray& Coefficients)>;
 /// The model at many places: Y[i] at X[i]. For models that are faster in blocks.
 using TKxFittingBlockFkt =
     std::function<void(std::span<const double> X, const TKxRealArray& Coefficients, std::span<double> Y)>;
+/// Fills Derivatives, which has an element for each coefficient, with the model's derivatives by them at X.
+using TKxFittingDerivativesFkt =
+    std::function<void(double X, const TKxRealArray& Coefficients, TKxRealArray& Derivatives)>;
 
-/// A curve with Order free coefficients, which start from values that the program gives (none of them 0: a
-/// coefficient of 0 never moves) and are moved until the sum over the points is smallest: of |w| r^2, or with
-/// DoCovariance of |w d r|, r being a point's distance from the model and d its distance from the Akima
-/// interpolant of the points (so only points of equal x have any).
+/// A curve with Order coefficients, which start from values that the program gives (for the simplex none of
+/// them 0: there a coefficient of 0 never moves) and are moved until the sum over the points is smallest: of
+/// |w| r^2, or with DoCovariance of |w d r|, r being a point's distance from the model and d its distance
+/// from the Akima interpolant of the points (so only points of equal x have any).
 ///
 /// Each calculation starts from the coefficients that the one before has left. So live data keep the fit
 /// near, and repeating a calculation opens a simplex that has frozen.
@@ -33,7 +50,12 @@ public:
 
     bool GetDoCovariance() const { return FDoCovariance; }
     void SetDoCovariance(bool DoCovariance) { ChangeSetting(FDoCovariance, DoCovariance); }
-    /// The budget of the simplex: at most Iterations + 1 are done. 1000 at first.
+    /// How the smallest sum is looked for; by the simplex at first, and always with DoCovariance, whose sum
+    /// is none of squares.
+    TKxFittingMethod GetMethod() const { return FMethod; }
+    void SetMethod(TKxFittingMethod Method) { ChangeSetting(FMethod, Method); }
+    /// The budget: at most Iterations + 1 of the simplex are done, at most Iterations of damped least
+    /// squares. 1000 at first.
     int GetIterations() const { return FIterations; }
     void SetIterations(int Iterations) { ChangeSetting(FIterations, Iterations); }
     /// The number of coefficients; those that are gained are 0 and have to be set.
@@ -50,6 +72,10 @@ public:
     }
     /// Beside FittingFunction, and used in its place by the fit; empty for none.
     void SetFittingBlockFunction(TKxFittingBlockFkt Function);
+    /// Beside FittingFunction, and used by damped least squares and for standard errors in place of
+    /// differences of the model; empty for none.
+    const TKxFittingDerivativesFkt& GetFittingDerivatives() const { return FFittingDerivatives; }
+    void SetFittingDerivatives(TKxFittingDerivativesFkt Function);
     /// The formula as text, for results and legends.
     const AnsiString& GetExpression() const { return FExpression; }
     void SetExpression(const AnsiString& Expression);
@@ -61,21 +87,32 @@ public:
     /// their names, too.
     const std::vector<AnsiString>& GetCoefficientNames() const { return FNames; }
     void SetCoefficientNames(const std::vector<AnsiString>& Names) { FNames = Names; }
+    /// The coefficients that keep their values, as a list of names, or of numbers from 1: "b, c".
+    const AnsiString& GetFixedCoefficients() const { return FFixed; }
+    void SetFixedCoefficients(const AnsiString& List) { ChangeSetting(FFixed, List); }
+    /// Where others are held, both ends included: "a=0..1, c=..5". A start outside is moved to the nearer
+    /// end.
+    const AnsiString& GetBounds() const { return FBounds; }
+    void SetBounds(const AnsiString& List) { ChangeSetting(FBounds, List); }
     /// Whether it is found out after each fit if it has come to rest: a simplex that has frozen looks like
     /// one that has arrived. The fit is done once more from its coefficients, on a copy: they, the results
-    /// and the curve stay. Off at first, for that may take as long as the fit.
+    /// and the curve stay. Off at first, for that may take as long as the fit. Damped least squares know it
+    /// anyway.
     bool GetCheckConvergence() const { return FCheckConvergence; }
     void SetCheckConvergence(bool Check) { ChangeSetting(FCheckConvergence, Check); }
-    /// False when that has made the best sum smaller by more than 1e-8 of itself; nothing without a check.
+    /// Of the simplex false when that has made the best sum smaller by more than 1e-8 of itself; nothing
+    /// without a check. Of damped least squares whether they have ended at a minimum.
     std::optional<bool> GetConverged() const { return FConverged; }
     /// Whether the iterations of OnIteration are those of the check.
     bool IsChecking() const { return FChecking; }
     /// The best sum of the last fit.
     double GetChiSquare() const { return FChiSquare; }
-    /// Standard error of a coefficient, from the curvature of the sum of squares at the minimum
-    /// (Kxcurvature.h), scaled by the reduced chi-square; CMaxReal where it cannot be told. Raises as
+    /// Standard error of a coefficient (0 of a fixed one), from the curvature of the sum of squares at the
+    /// minimum (Kxcurvature.h), scaled by the reduced chi-square; CMaxReal where it cannot be told. Raises as
     /// GetCoefficient does.
     double GetDeltaCoefficient(int I) const;
+    /// Of all coefficients, those of the last fit; of nothing after a failure.
+    const TKxCovariance& GetCovariance() const { return FCovariance; }
     /// Iterations that the last fit has done.
     int GetIterationsDone() const { return FIterationsDone; }
 
@@ -83,7 +120,7 @@ public:
     /// result, and nothing is known of convergence. For handlers of OnIteration, and safe in a signal
     /// handler.
     void Stop() { FStopped = true; }
-    TKxAnyEvent OnIteration; ///< after every iteration of the simplex
+    TKxAnyEvent OnIteration; ///< after every iteration
 
     static AnsiString CalculationID() { return "Nonlinear Regression"; }
     AnsiString GetCalculationID() const override { return CalculationID(); }
@@ -91,11 +128,12 @@ public:
     double GetY(double X) const override;
     /// Keys after those of the base: VarianceCoVariance ("Covariance" or "Variance"), ChiSquare, Order,
     /// Iterations, CoeffName(i) and Coeff(i) of each coefficient from i = 1; then Points, the number N of
-    /// points that took part; ResidualVariance = sum of |w| r^2 / (N - Order) where N > Order, N without
-    /// points of weight 0; Converged, where it is known; DeltaCoeff(i), see GetDeltaCoefficient, where it can
-    /// be told; all again under the coefficients' names, where they have any that is no other key: a,
-    /// Delta(a), ...; and R2 = 1 - sum of |w| r^2 / Syy, unless y are all equal or a coefficient has that
-    /// name.
+    /// points that took part; ResidualVariance = sum of |w| r^2 / (N - n), n the number of coefficients that
+    /// are not fixed, where N > n, N without points of weight 0; Converged, where it is known; DeltaCoeff(i),
+    /// see GetDeltaCoefficient, where it can be told; all again under the coefficients' names, where they
+    /// have any that is no other key: a, Delta(a), ...; R2 = 1 - sum of |w| r^2 / Syy, unless y are all equal
+    /// or a coefficient has that name; and of damped least squares Covariance(i,k) for i < k, where it can be
+    /// told.
     void CollectResults(TKxResults& Results) const override;
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
@@ -125,7 +163,16 @@ private:
         };
     }
     void StoreFunction(TKxFittingFkt Function, TKxFittingBlockFkt Blocks);
+    bool IsDamped() const { return FMethod == fmDamped && !FDoCovariance; }
+    void FindLimits();
+    int FreeCount() const;
+    TKxRealArray Spread(std::span<const double> Free) const;
+    bool Follow(const TKxRealArray& Best, double Value);
     void RunSimplex(const std::function<bool(const TKxSimplex&)>& Progress) const;
+    void DoSimplex();
+    void DoDamped();
+    TKxModelValues ModelOverPoints() const;
+    TKxModelDerivatives DerivativesOverPoints() const;
     void CollectPoints();
     void FindDeviations();
     void EvaluateModel(std::span<const double> X, const TKxRealArray& Coefficients,
@@ -138,17 +185,22 @@ private:
     int Freedom() const;
     void FindStatistics();
     void AddNamed(TKxResults& Results) const;
+    void AddCovariances(TKxResults& Results) const;
     void CheckIndex(int I) const;
 
-    bool FDoCovariance = false, FCheckConvergence = false, FChecking = false;
+    TKxFittingMethod FMethod = fmSimplex;
+    bool FDoCovariance = false, FCheckConvergence = false, FChecking = false, FAtMinimum = false;
     std::optional<bool> FConverged;
     int FIterations = 1000, FIterationsDone = 0;
     TKxFittingFkt FFittingFunction;
     TKxFittingBlockFkt FFunctionInBlocks; ///< the same
     TKxFittingBlockFkt FFittingBlockFunction;
-    AnsiString FExpression;
+    TKxFittingDerivativesFkt FFittingDerivatives;
+    AnsiString FExpression, FFixed, FBounds;
     std::vector<AnsiString> FNames;
-    TKxRealArray FCoefficients, FDeltas;
+    TKxRealArray FCoefficients;
+    std::vector<TKxCoefficientLimits> FLimits; // of the fit, one a coefficient
+    TKxCovariance FCovariance;
     double FChiSquare = 0, FSumOfSquares = 0, FDetermination = NAN;
     TKxFitCopies FTaken;             // by the fit; weights without sign
     std::vector<double> FDeviations; // of these points, where they weigh

@@ -29,9 +29,20 @@ void TKxFittedLine::CollectResults(TKxResults& Results) const {
     Results.Set("Points", int(FTaken.X.size()));
     if (Freedom() > 0) Results.Set("ResidualVariance", FSumOfSquares / Freedom());
     if (FConverged) Results.Set("Converged", *FConverged);
-    for (int i = 0; i < FDeltas.Length(); ++i)
-        if (FDeltas[i] != CMaxReal) Results.Set(Numbered("DeltaCoeff", i), FDeltas[i]);
+    for (int i = 0; i < int(FCovariance.Count()); ++i)
+        if (GetDeltaCoefficient(i) != CMaxReal)
+            Results.Set(Numbered("DeltaCoeff", i), GetDeltaCoefficient(i));
     AddNamed(Results);
+    if (IsDamped()) AddCovariances(Results);
+}
+
+void TKxFittedLine::AddCovariances(TKxResults& Results) const {
+    for (std::size_t k = 1; k < FCovariance.Count(); ++k)
+        for (std::size_t i = 0; i < k; ++i) {
+            const AnsiString key = "Covariance(" + std::to_string(i + 1) + "," + std::to_string(k + 1) + ")";
+            const double value = FCovariance.Between(i, k);
+            if (value != CMaxReal) Results.Set(key, value);
+        }
 }
 
 // Names of keys ignore case: of a and A the first one stands under its name.
@@ -40,7 +51,7 @@ void TKxFittedLine::AddNamed(TKxResults& Results) const {
         const AnsiString& name = FNames[std::size_t(i)];
         if (Results.Find(name)) continue;
         Results.Set(name, FCoefficients[i]);
-        if (i < FDeltas.Length() && FDeltas[i] != CMaxReal) Results.Set("Delta(" + name + ")", FDeltas[i]);
+        if (GetDeltaCoefficient(i) != CMaxReal) Results.Set("Delta(" + name + ")", GetDeltaCoefficient(i));
     }
     if (std::isfinite(FDetermination) && !Results.Find("R2")) Results.Set("R2", FDetermination);
 }
@@ -60,7 +71,7 @@ const TPropertyTable& TKxFittedLine::Properties() {
         {
             Published<&T::GetDoCovariance, &T::SetDoCovariance>("DoCovariance", false,
                                                                 "the covariance form of the goodness"),
-            Published<&T::GetIterations, &T::SetIterations>("Iterations", 1000, "budget of the simplex")
+            Published<&T::GetIterations, &T::SetIterations>("Iterations", 1000, "budget of iterations")
                 .LoadedBy(Into<&T::FIterations>()),
             Published<&T::GetOrder, &T::SetOrder>("Order", 0, "number of coefficients"),
             Published<&T::GetCheckConvergence, &T::SetCheckConvergence>(
@@ -71,11 +82,22 @@ const TPropertyTable& TKxFittedLine::Properties() {
                 "FittingFunction", "the model that is fitted"),
             Published<&T::GetExpression, &T::SetExpression>("Expression", "", "the formula as text")
                 .WithKey("Formula"),
-            PublishedEvent<&T::OnIteration>("OnIteration", "an iteration of the simplex is done"),
+            PublishedEvent<&T::OnIteration>("OnIteration", "an iteration is done"),
+            Published<&T::GetMethod, &T::SetMethod>("Method", fmSimplex, "how the smallest sum is looked for")
+                .LoadedBy(Into<&T::FMethod>()),
+            Published<&T::GetFixedCoefficients, &T::SetFixedCoefficients>(
+                "FixedCoefficients", "", "list of coefficients that keep their values: b, c")
+                .LoadedBy(Into<&T::FFixed>()),
+            Published<&T::GetBounds, &T::SetBounds>("Bounds", "",
+                                                    "where coefficients are held: a=0..1, c=..5")
+                .LoadedBy(Into<&T::FBounds>()),
+            PublishedEvent<&T::GetFittingDerivatives, &T::SetFittingDerivatives>(
+                "FittingDerivatives", "derivatives of the model by the coefficients"),
         },
         // Coefficients that were saved with another number of them are of no use.
         {"Expression", ReadOnly<&T::GetOrder>("Order"), "Iterations", ReadOnly<&T::GetChiSquare>("ChiSquare"),
-         "CheckConvergence", Kept<&T::KeptCoefficients, &T::LoadCoefficients>("Coefs")});
+         "CheckConvergence", Kept<&T::KeptCoefficients, &T::LoadCoefficients>("Coefs"), "Method",
+         "FixedCoefficients", "Bounds"});
     return table;
 }
 

@@ -4,6 +4,9 @@
 
 #include <kxgraph/annotation/Kxresultlabel.h>
 
+#include <array>
+#include <utility>
+
 namespace kx {
 namespace {
 
@@ -250,6 +253,69 @@ TEST(FittedLine, SaysWhatIsMissing) {
         EXPECT_EQ(f.Fit->GetError(), message);
     }
     EXPECT_THROW(f.Fit->SetCoefficient(0, 1), ERangeError);
+}
+
+TEST(FittedLine, FitsByDampedLeastSquaresAndStopsByItself) {
+    TFixture f;
+    for (int i = 0; i < f.YV->GetCount(); ++i) f.YV->SetValue(i, f.YV->GetValue(i) + (i % 3 ? 0.01 : -0.02));
+    f.Fit->SetMethod(fmDamped);
+    f.Fit->SetCoefficientNames({"a", "b", "c"});
+    f.Restart({0, 0, 0});
+    int seen = 0, derivatives = 0;
+    f.Fit->OnIteration = [&](TComponent*) { ++seen; };
+    f.Join();
+    EXPECT_EQ(seen, f.Fit->GetIterationsDone());
+    EXPECT_LT(seen, 60);
+    EXPECT_EQ(f.ResultText("Converged"), "1");
+    const double chiSquare = f.Fit->GetChiSquare(), error = f.Result("Delta(b)"),
+                 covariance = f.Result("Covariance(1,2)");
+    EXPECT_NEAR(covariance, f.Fit->GetCovariance().Between(0, 1), 1e-13 * std::abs(covariance));
+    EXPECT_LT(std::abs(covariance), error * f.Result("Delta(a)"));
+
+    f.Fit->SetFittingDerivatives([&](double X, const TKxRealArray& C, TKxRealArray& D) {
+        ++derivatives;
+        D[0] = std::exp(-C[1] * X);
+        D[1] = -X * C[0] * D[0];
+        D[2] = 1;
+    });
+    f.Restart({1, 1, 1});
+    f.Draw();
+    EXPECT_GT(derivatives, 40);
+    EXPECT_NEAR(f.Fit->GetChiSquare() / chiSquare, 1, 1e-12);
+    EXPECT_NEAR(f.Result("Delta(b)") / error, 1, 1e-9);
+    for (const auto method : {fmSimplex, fmDamped}) {
+        f.Fit->SetMethod(method);
+        f.Fit->SetFixedCoefficients("c");
+        f.Fit->SetBounds("2 = 0.9.., a=..9");
+        f.Restart({1, 0.5, 1.25});
+        f.Draw();
+        EXPECT_EQ(std::pair(f.Fit->GetCoefficient(1), f.Fit->GetCoefficient(2)), std::pair(0.9, 1.25));
+        double products = 0, squares = 0; // of a line through 0 in exp(-0.9 x)
+        for (int i = 0; i < f.YV->GetCount(); ++i) {
+            const double t = std::exp(-0.9 * f.XV->GetValue(i));
+            products += t * (f.YV->GetValue(i) - 1.25);
+            squares += t * t;
+        }
+        EXPECT_NEAR(f.Fit->GetCoefficient(0), products / squares, 1e-6);
+        EXPECT_NEAR(f.Result("ResidualVariance") * 38, f.Result("ChiSquare"), 1e-12) << "of two coefficients";
+        EXPECT_EQ(f.ResultText("Delta(b)"), "none") << "held at its bound";
+        EXPECT_EQ(f.Result("Delta(c)"), 0);
+    }
+    f.Fit->OnError = [](TComponent*, const Exception&) {};
+    const std::array<const char*, 3> wrong[] = {
+        {"q", "", "'q' is no coefficient to fix or to bound"},
+        {"a,b,c", "", "all coefficients are fixed"},
+        {"a", "a=1..2", "'a' is fixed or bounded twice"},
+        {"", "a=2..1", "'a=2..1' leaves no room"},
+        {"", "a:1..2", "'a:1..2' is not NAME=LOW..HIGH"},
+        {"", "a=1..x", "'a=1..x' is not NAME=LOW..HIGH with numbers"},
+    };
+    for (const auto& [fixed, bounds, message] : wrong) {
+        f.Fit->SetFixedCoefficients(fixed);
+        f.Fit->SetBounds(bounds);
+        f.Fit->Calculate();
+        EXPECT_EQ(f.Fit->GetError(), std::string("decay: Fitted Line: ") + message);
+    }
 }
 
 TEST(FittedLine, OutfitsKeepTheFitAndNaNIsNoResult) {

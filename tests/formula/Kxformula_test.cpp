@@ -1,8 +1,10 @@
 #include <kxgraph/formula/Kxformula.h>
 #include <kxgraph/formula/Kxformulablocks.h>
 
+#include "support/cases.h"
 #include "support/graphfixture.h"
 
+#include <algorithm>
 #include <bit>
 #include <chrono>
 #include <clocale>
@@ -186,6 +188,31 @@ TEST(Formula, BecomesTheModelOfAFittedLine) {
     EXPECT_EQ(fit.GetFormula(), "A0*exp(-k*x)+c");
     EXPECT_THROW(SetFormula(fit, "A0*"), EFormulaError);
     EXPECT_EQ(fit.GetExpression(), "A0*exp(-k*x)+c") << "an error leaves the line as it was";
+}
+
+TEST(Formula, FitsWhatIsKnownToBeHardByDampedLeastSquares) {
+    using test::TReals;
+    const auto cases =
+        test::Cases<std::string, TReals, TReals, TReals, TReals, TReals>("hardfits", "least squares");
+    for (const auto& [text, first, second, expected, xs, ys] : cases)
+        for (const TReals& start : {first, second}) {
+            TKxLiveVector x(nullptr), y(nullptr);
+            x.AddValues(xs);
+            y.AddValues(ys);
+            TKxLineSeries series(nullptr);
+            series.SetXData(&x);
+            series.SetYData(&y);
+            TKxFittedLine line(nullptr);
+            line.SetMethod(fmDamped);
+            auto names = TKxFormula(text).GetNames();
+            std::sort(names.begin(), names.end());
+            SetFormula(line, text, names);
+            for (std::size_t k = 0; k < start.size(); ++k) line.SetCoefficient(int(k), start[k]);
+            line.SetParentSeries(&series);
+            EXPECT_EQ(line.GetConverged(), true) << text;
+            for (std::size_t k = 0; k < start.size(); ++k)
+                EXPECT_NEAR(line.GetCoefficient(int(k)) / expected[k], 1, 2e-9) << text << ", " << names[k];
+        }
 }
 
 } // namespace
