@@ -152,6 +152,8 @@ public:
     int GetTickCount() const { return FTicks.Positions.Length(); }
     /// Pixel offsets from the axis start (left; bottom of a vertical axis).
     const TKxIntegerArray& GetTickPositions() const { return FTicks.Positions; }
+    /// The same before they are rounded.
+    const TKxRealArray& GetTickPlaces() const { return FTicks.Places; }
     const TKxBooleanArray& GetTickIsMajor() const { return FTicks.IsMajor; }
     /// Texts, fonts and places of all labels, the exponent label last.
     const std::vector<TKxCaptionRec>& GetLabelRecs() const { return FLabels.Recs(); }

@@ -17,6 +17,10 @@ struct TKxAxisLine {
     TPoint PointAt(int Offset, int Distance) const {
         return Origin + Side.Point(Side.FromStart(Length, Offset), Side.Outward() * Distance);
     }
+    TRealPoint PlaceAt(double Offset, double Distance) const {
+        return TRealPoint(Origin) +
+               Side.Place(Side.FromStart<double>(Length, Offset), Side.Outward() * Distance);
+    }
     /// The top left of what begins at Along, wherever the line is, and reaches outwards from Distance.
     TPoint PlaceOutwards(int Along, int Distance, TSize Size) const {
         const int from = Side.Across(Origin) + Side.Outward() * Distance;

@@ -257,9 +257,11 @@ void TKx2DGraph::PaintTo(TCanvasDevice& Device) {
 }
 
 void TKx2DGraph::PaintToMetafile() {
-    TRecorder recorder(GetBoundsRect().Size());
-    PaintTo(recorder);
-    FMetafile.SetPicture(recorder.Extent(), std::move(recorder.Recording));
+    const TSize size = GetBoundsRect().Size();
+    TRecorder whole(size), smooth(size, TFont::CPixelsPerInch, false, true);
+    PaintTo(whole);
+    PaintTo(smooth);
+    FMetafile.SetPicture(size, std::move(whole.Recording), std::move(smooth.Recording));
 }
 
 void TKx2DGraph::CopyToClipboard() {

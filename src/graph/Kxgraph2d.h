@@ -146,7 +146,7 @@ public:
     /// What hides the picture under unfilled symbols.
     TColor GetSymbolGround() const;
 
-    /// Draws a settled frame into the graph's metafile.
+    /// Draws a settled frame into the graph's metafile, twice: in whole pixels and as on a smooth device.
     void PaintToMetafile();
     void CopyToClipboard();
     const TMetafile& GetMetafile() const { return FMetafile; }
@@ -223,7 +223,8 @@ private:
     TKxAxis* FPrimaryXAxis = nullptr;
     TKxAxis* FPrimaryYAxis = nullptr;
     int FUpdateCount = 0, FMargin = 0;
-    bool FLayingOut = false, FPainted = false, FPaintedXor = false, FKeeping = false, FRepeated = false;
+    bool FLayingOut = false, FPainted = false, FPaintedXor = false, FPaintedSmooth = false, FKeeping = false,
+         FRepeated = false;
     bool FNeedsCalculate = true, FZeroOrigin = false, FTransparent = false, FShowTitle = false,
          FWhiteBackground = false, FTitleFontOwn = false, FTakingTitleFont = false;
 };

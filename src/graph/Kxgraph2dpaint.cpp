@@ -57,6 +57,7 @@ void TKx2DGraph::Paint() {
     TCanvas& canvas = GetCanvas();
     FPainted = true;
     FPaintedXor = canvas.CanXor();
+    FPaintedSmooth = canvas.IsSmooth();
     FKeptPicture = {};
     PaintGround();
     const TRect world = FWorld->GetBoundsRect();

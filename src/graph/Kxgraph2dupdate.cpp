@@ -27,7 +27,7 @@ void TKx2DGraph::EndUpdate() {
 void TKx2DGraph::KeepPicture() {
     const TScopedValue keeping(FKeeping, true);
     SettleTree(*this);
-    TRecorder recorder(GetBoundsRect().Size(), Screen.GetPixelsPerInch(), FPaintedXor);
+    TRecorder recorder(GetBoundsRect().Size(), Screen.GetPixelsPerInch(), FPaintedXor, FPaintedSmooth);
     PaintTree(*this, recorder, GetClientRect());
     FKeptPicture = std::move(recorder.Recording);
     FPainted = false;

@@ -206,9 +206,17 @@ struct TPixelLine {
     }
     double BitsAt(double Value) const { return PixelBits(Base + Sign * ((Value - Start) / Scale)); }
     int At(double Value) const { return PixelOf(BitsAt(Value)); }
+    double PlaceAt(double Value) const {
+        const double place = Base + Sign * ((Value - Start) / Scale);
+        const double low = place < -CMaxPixel ? -CMaxPixel : place; // a NaN stays one
+        return low > CMaxPixel ? CMaxPixel : low;
+    }
 };
 
 int LogPixelAt(const TPixelLine& Line, double Value) { return Value <= 0 ? -1 : Line.At(std::log10(Value)); }
+double LogPlaceAt(const TPixelLine& Line, double Value) {
+    return Value <= 0 ? -1 : Line.PlaceAt(std::log10(Value));
+}
 
 constexpr std::size_t CBlock = 64;
 
@@ -325,6 +333,26 @@ void TKxAxisMap::RealToIntPositions(std::span<const double> Values, int* First,
     const auto block = IsLogarithmic() ? LogBlock : LinearBlock;
     for (; Values.size() - i >= CBlock; i += CBlock) block(line, &Values[i], &at(i), StrideInInts);
     for (; i < Values.size(); ++i) at(i) = IsLogarithmic() ? LogPixelAt(line, Values[i]) : line.At(Values[i]);
+}
+
+double TKxAxisMap::RealToPlace(double Value) const {
+    CheckScaling(Scaling);
+    if (IsLogarithmic()) return LogPlaceAt(TPixelLine(*this, LogStart), Value);
+    return TPixelLine(*this, Start).PlaceAt(Value);
+}
+
+void TKxAxisMap::RealToPlaces(std::span<const double> Values, double* First,
+                              std::ptrdiff_t StrideInDoubles) const {
+    CheckScaling(Scaling);
+    const TPixelLine line(*this, IsLogarithmic() ? LogStart : Start);
+    const auto place = [&](auto At) {
+        for (std::size_t i = 0; i < Values.size(); ++i)
+            First[static_cast<std::ptrdiff_t>(i) * StrideInDoubles] = At(Values[i]);
+    };
+    if (IsLogarithmic())
+        place([&line](double Value) { return LogPlaceAt(line, Value); });
+    else
+        place([&line](double Value) { return line.PlaceAt(Value); });
 }
 
 double TKxAxisMap::IntToRealPosition(int Position) const {

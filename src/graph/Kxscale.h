@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 #include <span>
 #include <string_view>
 
@@ -141,6 +142,14 @@ struct TKxAxisMap {
     }
     /// The same for many: the pixel of Values[i] goes to First[i * StrideInInts].
     void RealToIntPositions(std::span<const double> Values, int* First, std::ptrdiff_t StrideInInts) const;
+    /// The same without rounding: RoundToInt makes RealToIntPosition of it. A NaN for a NaN.
+    double RealToPlace(double Value) const;
+    double EndPlace(double Value) const {
+        if (!std::isfinite(Value)) return std::numeric_limits<double>::quiet_NaN();
+        return RealToPlace(HasPlace(Value) ? Value : Start);
+    }
+    /// The place of Values[i] goes to First[i * StrideInDoubles].
+    void RealToPlaces(std::span<const double> Values, double* First, std::ptrdiff_t StrideInDoubles) const;
     /// The value at pixel Position, at most 1.7e308 in magnitude. Raises as RealToIntPosition does.
     double IntToRealPosition(int Position) const;
 

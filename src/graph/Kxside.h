@@ -59,6 +59,9 @@ public:
     constexpr TPoint Point(int Along, int Across) const {
         return IsHorizontal() ? TPoint{Along, Across} : TPoint{Across, Along};
     }
+    constexpr TRealPoint Place(double Along, double Across) const {
+        return IsHorizontal() ? TRealPoint{Along, Across} : TRealPoint{Across, Along};
+    }
     constexpr TSize Size(int Along, int Across) const {
         return IsHorizontal() ? TSize{Along, Across} : TSize{Across, Along};
     }

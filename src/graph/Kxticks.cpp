@@ -144,6 +144,10 @@ int OffsetOf(double Value, const TKxAxisMap& Map, TKxSide Side) {
     return static_cast<int>(std::clamp<std::int64_t>(offset, -CMaxPixel, CMaxPixel));
 }
 
+double PlaceOf(double Value, const TKxAxisMap& Map, TKxSide Side) {
+    return Side.FromStart<double>(Map.AxisLength, Map.RealToPlace(Value));
+}
+
 /// Puts ticks and labels where the map has their values.
 class TTickPlacer {
 public:
@@ -154,13 +158,17 @@ public:
     TKxTicks Place(TTickList Ticks, const F& Text) const {
         if (FOptions.Side.IsHorizontal() != FMap.Forward) std::reverse(Ticks.begin(), Ticks.end());
         const int count = static_cast<int>(Ticks.size());
-        TKxTicks result{TKxRealArray(count), TKxIntegerArray(count), TKxBooleanArray(count), {}, {}};
+        TKxTicks result{TKxRealArray(count), TKxIntegerArray(count), TKxBooleanArray(count), {}, {},
+                        TKxRealArray(count)};
         for (int i = 0; i < count; ++i) {
             const TTick& tick = Ticks[static_cast<std::size_t>(i)];
             result.Values[i] = tick.Value;
             result.Positions[i] = OffsetOf(tick.Value, FMap, FOptions.Side);
+            result.Places[i] = PlaceOf(tick.Value, FMap, FOptions.Side);
             result.IsMajor[i] = tick.IsMajor;
-            if (IsShown(tick)) result.Labels.push_back({tick.Value, result.Positions[i], Text(tick.Value)});
+            if (IsShown(tick))
+                result.Labels.push_back(
+                    {tick.Value, result.Positions[i], Text(tick.Value), result.Places[i]});
         }
         return result;
     }
@@ -204,9 +212,14 @@ TKxTicks CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const T
 }
 
 void MoveTicks(TKxTicks& Ticks, const TKxAxisMap& Map, TKxSide Side) {
-    for (int i = 0; i < Ticks.Positions.Length(); ++i)
+    for (int i = 0; i < Ticks.Positions.Length(); ++i) {
         Ticks.Positions[i] = OffsetOf(Ticks.Values[i], Map, Side);
-    for (TKxTickLabel& label : Ticks.Labels) label.Position = OffsetOf(label.Value, Map, Side);
+        Ticks.Places[i] = PlaceOf(Ticks.Values[i], Map, Side);
+    }
+    for (TKxTickLabel& label : Ticks.Labels) {
+        label.Position = OffsetOf(label.Value, Map, Side);
+        label.Place = PlaceOf(label.Value, Map, Side);
+    }
 }
 
 int AnchorLabel(std::span<const TKxTickLabel> Labels) {

@@ -19,6 +19,7 @@ struct TKxTickLabel {
     double Value;
     int Position; ///< that of its tick
     std::string Text;
+    double Place = 0; ///< that of its tick, not rounded
 };
 
 /// Ticks in order of their offset.
@@ -28,6 +29,7 @@ struct TKxTicks {
     TKxBooleanArray IsMajor;
     std::vector<TKxTickLabel> Labels;
     std::string ExponentLabel; ///< caption markup; empty unless labels are factored
+    TKxRealArray Places;       ///< Positions before they are rounded
 };
 
 struct TKxTickOptions {

@@ -62,7 +62,7 @@ QImage HatchTile(TBrushStyle Style, const QColor& Color, double Scale) {
 }
 
 /// The rectangle on whose sides the pen's middle runs when the whole line is to lie inside Rect.
-TRect FramedInside(const TRect& Rect, const TStroke& Stroke) {
+TRealRect FramedInside(const TRealRect& Rect, const TStroke& Stroke) {
     if (Stroke.Style != psInsideFrame || Stroke.Width < 2) return Rect;
     const int before = Stroke.Width / 2, behind = (Stroke.Width - 1) / 2;
     return {Rect.Left + before, Rect.Top + before, Rect.Right - behind, Rect.Bottom - behind};
@@ -70,7 +70,8 @@ TRect FramedInside(const TRect& Rect, const TStroke& Stroke) {
 
 /// Of each run of points in one column the first and the last: what lies between crosses every line of pixels
 /// as often as they do, or an even number of times more.
-std::span<const TPoint> WithoutColumnDetail(std::span<const TPoint> Points, std::vector<TPoint>& Kept) {
+std::span<const TRealPoint> WithoutColumnDetail(std::span<const TRealPoint> Points,
+                                                std::vector<TRealPoint>& Kept) {
     if (Points.size() < std::size_t(CReductionThreshold)) return Points;
     Kept.clear();
     for (std::size_t i = 0; i < Points.size(); ++i) {
@@ -82,7 +83,7 @@ std::span<const TPoint> WithoutColumnDetail(std::span<const TPoint> Points, std:
 }
 
 /// The pixels inside a polygon of four corners with level and upright sides.
-std::optional<TRect> UprightRect(std::span<const TPoint> Points) {
+std::optional<TRect> UprightRect(std::span<const TRealPoint> Points) {
     if (Points.size() != 4) return std::nullopt;
     const auto [a, b, c, d] = std::array{Points[0], Points[1], Points[2], Points[3]};
     const bool levelFirst = a.Y == b.Y && b.X == c.X && c.Y == d.Y && d.X == a.X;
@@ -90,7 +91,7 @@ std::optional<TRect> UprightRect(std::span<const TPoint> Points) {
     if (!levelFirst && !uprightFirst) return std::nullopt;
     const auto [left, right] = std::minmax(a.X, c.X);
     const auto [top, bottom] = std::minmax(a.Y, c.Y);
-    return TRect{left, top, right, bottom};
+    return RoundToPixels({left, top, right, bottom});
 }
 
 } // namespace
@@ -106,8 +107,8 @@ bool TPainterDevice::IsThin(const TStroke& Stroke) const {
     return FRaster && !smooth && std::max(Stroke.Width, 1) * FScale < 1.5;
 }
 
-TPoint TPainterDevice::DevicePixel(TPoint P) const {
-    const auto mapped = [this](int V) { return RoundToInt(std::floor((V + 0.5) * FScale)); };
+TPoint TPainterDevice::DevicePixel(TRealPoint P) const {
+    const auto mapped = [this](double V) { return RoundToInt(std::floor((V + 0.5) * FScale)); };
     return {mapped(P.X), mapped(P.Y)};
 }
 
@@ -115,7 +116,16 @@ QPointF TPainterDevice::DevicePoint(double X, double Y) const {
     return {(X + 0.5) * FScale - FNudge, (Y + 0.5) * FScale - FNudge};
 }
 
-QRectF TPainterDevice::DeviceRect(const TRect& Rect) const {
+TRealRect TPainterDevice::Placed(const TRealRect& Rect) const {
+    return IsSmooth() ? Rect : TRealRect(RoundToPixels(Rect));
+}
+
+std::span<const TRealPoint> TPainterDevice::Placed(TPointSpan Points) {
+    if (IsSmooth() || !Points.IsExact()) return Points.Exact(FExact);
+    return TPointSpan(Points.Whole(FPixels)).Exact(FExact);
+}
+
+QRectF TPainterDevice::DeviceRect(const TRealRect& Rect) const {
     const QRectF rect(QPointF(Rect.Left * FScale, Rect.Top * FScale),
                       QPointF(Rect.Right * FScale, Rect.Bottom * FScale));
     if (!FRaster) return rect;
@@ -174,52 +184,48 @@ void TPainterDevice::SetClip(const std::optional<TRect>& Clip) {
     FWindow = {int(rect.left()), int(rect.top()), int(rect.right()), int(rect.bottom())};
 }
 
-void TPainterDevice::Polygon(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill) {
+void TPainterDevice::Polygon(TPointSpan Points, const TStroke& Stroke, const TFill& Fill) {
     const TVectorsCleared afterwards;
-    if (PaintRepeated(TRepeatedShape::Polygon, Points, Stroke, Fill)) return;
+    if (!IsSmooth() && PaintRepeated(TRepeatedShape::Polygon, Points.Whole(FPixels), Stroke, Fill)) return;
     PaintShape(Points, Stroke, Fill, Qt::RoundJoin);
 }
 
-void TPainterDevice::Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) {
+void TPainterDevice::Rectangle(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill) {
     const TVectorsCleared afterwards;
-    const TRect frame = FramedInside(Rect, Stroke);
+    const TRealRect frame = FramedInside(Placed(Rect), Stroke);
     if (frame.IsEmpty()) return;
     // An outline runs along the last pixels; an area alone ends behind them.
     const int outline = IsVisible(Stroke) ? 1 : 0;
-    const int right = frame.Right - outline, bottom = frame.Bottom - outline;
-    const std::array<TPoint, 4> corners{
+    const double right = frame.Right - outline, bottom = frame.Bottom - outline;
+    const std::array<TRealPoint, 4> corners{
         {frame.TopLeft(), {right, frame.Top}, {right, bottom}, {frame.Left, bottom}}};
     PaintShape(corners, Stroke, Fill, Qt::MiterJoin);
 }
 
-void TPainterDevice::PaintShape(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill,
+void TPainterDevice::PaintShape(TPointSpan Points, const TStroke& Stroke, const TFill& Fill,
                                 Qt::PenJoinStyle Join) {
-    if (FClip.IsEmpty() || Points.empty()) return;
+    if (FClip.IsEmpty() || Points.IsEmpty()) return;
     const bool thin = IsVisible(Stroke) && IsThin(Stroke);
     if (IsVisible(Fill)) PaintArea(Points, Fill, FAntialias && !thin);
-    if (!IsVisible(Stroke)) return;
-    const auto points = Reduced(Points, Stroke);
-    if (thin)
-        PaintThin(points, Stroke, true);
-    else
-        PaintWide(points, Stroke, true, Join);
+    if (IsVisible(Stroke)) PaintOutline(Points, Stroke, true, Join);
 }
 
-void TPainterDevice::PaintArea(std::span<const TPoint> Points, const TFill& Fill, bool Antialias) {
+void TPainterDevice::PaintArea(TPointSpan Points, const TFill& Fill, bool Antialias) {
     SetMode(Fill.Mode, Antialias);
-    if (const auto rect = UprightRect(Points); rect && !Antialias && FScale == 1 && WriteArea(*rect, Fill))
-        return;
+    const auto points = Placed(Points);
+    if (const auto rect = UprightRect(points); rect && !IsSmooth() && WriteArea(*rect, Fill)) return;
     FCurve.clear();
-    for (const TPoint p : WithoutColumnDetail(Points, FKept)) FCurve.push_back(DevicePoint(p.X, p.Y));
+    for (const TRealPoint p : WithoutColumnDetail(points, FExactKept))
+        FCurve.push_back(DevicePoint(p.X, p.Y));
     if (!AllInside(FCurve, SafeArea())) CutPolygon(FCurve, FSpare, SafeArea());
     FPainter.setPen(Qt::NoPen);
     FPainter.setBrush(BrushOf(Fill));
     FPainter.drawPolygon(FCurve.data(), int(FCurve.size()), Qt::OddEvenFill);
 }
 
-void TPainterDevice::FillRect(const TRect& Rect, const TFill& Fill) {
+void TPainterDevice::FillRect(const TRealRect& Rect, const TFill& Fill) {
     const TVectorsCleared afterwards;
-    const TRect inside = FClip.Intersected(Rect);
+    const TRealRect inside = Placed(Rect).Intersected(FClip);
     if (inside.IsEmpty() || !IsVisible(Fill)) return;
     const QRectF area = DeviceRect(inside);
     if (WriteArea({int(area.left()), int(area.top()), int(area.right()), int(area.bottom())}, Fill)) return;
@@ -237,13 +243,16 @@ bool TPainterDevice::WriteArea(const TRect& Area, const TFill& Fill) {
     return true;
 }
 
-void TPainterDevice::Ellipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) {
+void TPainterDevice::Ellipse(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill) {
     const TVectorsCleared afterwards;
-    const TRect frame = FramedInside(Rect, Stroke);
+    const TRealRect frame = FramedInside(Placed(Rect), Stroke);
     if (frame.IsEmpty() || FClip.IsEmpty()) return;
-    if (frame.Right == frame.Left + 1 || frame.Bottom == frame.Top + 1) return Rectangle(frame, Stroke, Fill);
-    const std::array box{frame.TopLeft(), TPoint{frame.Right, frame.Bottom}};
-    if (PaintRepeated(TRepeatedShape::Ellipse, box, Stroke, Fill)) return;
+    if (frame.Right <= frame.Left + 1 || frame.Bottom <= frame.Top + 1) return Rectangle(frame, Stroke, Fill);
+    if (!IsSmooth()) {
+        const TRect whole = RoundToPixels(frame);
+        const std::array box{whole.TopLeft(), TPoint{whole.Right, whole.Bottom}};
+        if (PaintRepeated(TRepeatedShape::Ellipse, box, Stroke, Fill)) return;
+    }
     const bool thin = IsThin(Stroke);
     SetMode(Stroke.Mode, FAntialias && !thin);
     const QRectF curve(DevicePoint(frame.Left, frame.Top), DevicePoint(frame.Right - 1, frame.Bottom - 1));
@@ -261,11 +270,12 @@ void TPainterDevice::Ellipse(const TRect& Rect, const TStroke& Stroke, const TFi
 }
 
 /// Of an ellipse that reaches far outside, a polygon with a point in every column of the picture.
-void TPainterDevice::PaintHugeEllipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) {
+void TPainterDevice::PaintHugeEllipse(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill) {
     const double midX = (Rect.Left + (Rect.Right - 1.0)) / 2, midY = (Rect.Top + (Rect.Bottom - 1.0)) / 2;
     const double halfX = Rect.Right - 1 - midX, halfY = Rect.Bottom - 1 - midY;
     const int margin = Stroke.Width + 8;
-    const int left = std::max(Rect.Left, -margin), right = std::min(Rect.Right - 1, FExtent.Width + margin);
+    const int left = std::max(RoundToInt(Rect.Left), -margin),
+              right = std::min(RoundToInt(Rect.Right) - 1, FExtent.Width + margin);
     std::vector<TPoint> points;
     const auto add = [&](int X, double Side) {
         const double along = (X - midX) / halfX;

@@ -17,7 +17,8 @@ namespace kx::qt {
 /// painter's pixels in one of them. On a raster, pens of up to one device pixel follow the pixel rules
 /// exactly, unless antialiasing is asked for; nothing in XOR mode is antialiased. At
 /// other scales, and on vector devices, a line of width 0 or 1 is one logical pixel wide. Where there is no
-/// XOR (vector devices), what is called in XOR mode shows as on white paper. What painting leaves in the
+/// XOR (vector devices), what is called in XOR mode shows as on white paper. Only a raster of scale 1 without
+/// antialiasing is not smooth; it rounds exact places. What painting leaves in the
 /// processor's vector registers is cleared when a call returns, so that numbers after it run as before.
 class TPainterDevice : public TCanvasDevice {
 public:
@@ -25,17 +26,18 @@ public:
 
     TSize Extent() const override { return FExtent; }
     int PixelsPerInch() const override { return 96; }
-    void Polyline(std::span<const TPoint> Points, const TStroke& Stroke) override;
-    void Polygon(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill) override;
-    void Ellipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
-    void Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
-    void FillRect(const TRect& Rect, const TFill& Fill) override;
-    void Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) override;
+    bool IsSmooth() const override { return !FRaster || FAntialias || FScale != 1; }
+    void Polyline(TPointSpan Points, const TStroke& Stroke) override;
+    void Polygon(TPointSpan Points, const TStroke& Stroke, const TFill& Fill) override;
+    void Ellipse(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
+    void Rectangle(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
+    void FillRect(const TRealRect& Rect, const TFill& Fill) override;
+    void Text(TRealPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) override;
     TSize MeasureText(const TFontFace& Face, std::string_view Text) const override;
     void SetClip(const std::optional<TRect>& Clip) override;
     bool CanXor() const override { return FRaster; }
     /// On a raster, a plain picture is painted once and put to each place; of several at one place, the last.
-    void Stamps(std::span<const TPoint> Places, const TRecording& One) override;
+    void Stamps(TPointSpan Places, const TRecording& One) override;
 
     /// Whether long solid lines are reduced before painting. Default true; the picture is the same either
     /// way.
@@ -43,31 +45,33 @@ public:
 
 private:
     bool IsThin(const TStroke& Stroke) const;
-    bool IsPlain() const;
-    bool IsReduced(std::span<const TPoint> Points, const TStroke& Stroke) const;
-    TPoint DevicePixel(TPoint P) const;
+    bool IsReduced(std::size_t Count, const TStroke& Stroke) const;
+    TRealRect Placed(const TRealRect& Rect) const;
+    std::span<const TRealPoint> Placed(TPointSpan Points);
+    TPoint DevicePixel(TRealPoint P) const;
     QPointF DevicePoint(double X, double Y) const;
-    QRectF DeviceRect(const TRect& Rect) const;
+    QRectF DeviceRect(const TRealRect& Rect) const;
     double PenWidth(const TStroke& Stroke) const;
     QPen PenOf(const TStroke& Stroke, Qt::PenJoinStyle Join) const;
     QBrush BrushOf(const TFill& Fill) const;
     QColor ColorOf(TColor Color, TPenMode Mode) const;
     void SetMode(TPenMode Mode, bool Antialias);
-    std::span<const TPoint> Reduced(std::span<const TPoint> Points, const TStroke& Stroke);
+    std::span<const TRealPoint> Reduced(TPointSpan Points, const TStroke& Stroke);
+    std::span<const TPoint> DevicePixels(TPointSpan Points, const TStroke& Stroke);
     static void PaintStamp(QImage& Picture, const TRecording& One, TPoint Offset);
-    void PaintEach(std::span<const TPoint> Places, const TRecording& One);
+    void PaintEach(TPointSpan Places, const TRecording& One);
     bool PaintRepeated(TRepeatedShape::TKind Kind, std::span<const TPoint> Corners, const TStroke& Stroke,
                        const TFill& Fill);
     bool WriteArea(const TRect& Area, const TFill& Fill);
-    void PaintThin(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed);
-    void PaintWide(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed, Qt::PenJoinStyle Join);
+    void PaintOutline(TPointSpan Points, const TStroke& Stroke, bool Closed, Qt::PenJoinStyle Join);
+    void PaintThin(std::span<const TPoint> Pixels, const TStroke& Stroke, bool Closed);
+    void PaintWide(TPointSpan Points, const TStroke& Stroke, bool Closed, Qt::PenJoinStyle Join);
     void PaintStroke(std::span<const QPointF> Line, QPen Pen, double LengthBefore, bool InPieces);
     void PaintBars(std::span<const QPointF> Line, const QPen& Pen, bool RoundEnds);
     void PaintDisc(const QPointF& Middle, double Radius);
-    void PaintArea(std::span<const TPoint> Points, const TFill& Fill, bool Antialias);
-    void PaintShape(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill,
-                    Qt::PenJoinStyle Join);
-    void PaintHugeEllipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill);
+    void PaintArea(TPointSpan Points, const TFill& Fill, bool Antialias);
+    void PaintShape(TPointSpan Points, const TStroke& Stroke, const TFill& Fill, Qt::PenJoinStyle Join);
+    void PaintHugeEllipse(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill);
     void TrimEnds();
     QRectF SafeArea() const;
 
@@ -80,9 +84,10 @@ private:
     TRect FClip;       // logical pixels, inside the extent
     TRect FWindow;     // the same in device pixels
     TRepeatedShape FShape{PaintStamp};
-    std::vector<TPoint> FKept, FPixels;  // scratch, kept for their storage
-    std::vector<QPointF> FCurve, FSpare; // likewise
-    std::vector<QRect> FRuns;            // likewise
+    std::vector<TPoint> FKept, FPixels;         // scratch, kept for their storage
+    std::vector<TRealPoint> FExact, FExactKept; // likewise
+    std::vector<QPointF> FCurve, FSpare;        // likewise
+    std::vector<QRect> FRuns;                   // likewise
 };
 
 } // namespace kx::qt

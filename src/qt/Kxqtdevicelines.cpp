@@ -25,40 +25,54 @@ QPointF Direction(double Angle) { return {std::cos(Angle), std::sin(Angle)}; }
 
 // Antialiased wide lines are always reduced: painted over each other, the rims of lines that coincide would
 // add up to jagged ones.
-bool TPainterDevice::IsReduced(std::span<const TPoint> Points, const TStroke& Stroke) const {
+bool TPainterDevice::IsReduced(std::size_t Count, const TStroke& Stroke) const {
     const bool smooth = FRaster && FAntialias && !IsThin(Stroke);
-    return (FReduction || smooth) && Points.size() >= std::size_t(CReductionThreshold) &&
-           Stroke.Mode == pmCopy && DashesOf(Stroke.Style).empty();
+    return (FReduction || smooth) && Count >= std::size_t(CReductionThreshold) && Stroke.Mode == pmCopy &&
+           DashesOf(Stroke.Style).empty();
 }
 
-std::span<const TPoint> TPainterDevice::Reduced(std::span<const TPoint> Points, const TStroke& Stroke) {
-    if (!IsReduced(Points, Stroke)) return Points;
-    ReducePolyline(Points, FKept);
+std::span<const TRealPoint> TPainterDevice::Reduced(TPointSpan Points, const TStroke& Stroke) {
+    const auto points = Placed(Points);
+    if (!IsReduced(points.size(), Stroke)) return points;
+    ReducePolyline(points, FExactKept);
+    return FExactKept;
+}
+
+/// The pixels that a thin line runs through.
+std::span<const TPoint> TPainterDevice::DevicePixels(TPointSpan Points, const TStroke& Stroke) {
+    if (IsSmooth()) {
+        const auto points = Reduced(Points, Stroke);
+        FPixels.resize(points.size());
+        std::ranges::transform(points, FPixels.begin(), [this](TRealPoint P) { return DevicePixel(P); });
+        return FPixels;
+    }
+    const auto pixels = Points.Whole(FPixels);
+    if (!IsReduced(pixels.size(), Stroke)) return pixels;
+    ReducePolyline(pixels, FKept);
     return FKept;
 }
 
-void TPainterDevice::Polyline(std::span<const TPoint> Points, const TStroke& Stroke) {
+void TPainterDevice::Polyline(TPointSpan Points, const TStroke& Stroke) {
     const TVectorsCleared afterwards;
-    if (Stroke.Style == psClear || FClip.IsEmpty() || Points.size() < 2) return;
-    const auto points = Reduced(Points, Stroke);
-    if (IsThin(Stroke))
-        PaintThin(points, Stroke, false);
-    else
-        PaintWide(points, Stroke, false, Qt::RoundJoin);
+    if (Stroke.Style == psClear || FClip.IsEmpty() || Points.Size() < 2) return;
+    PaintOutline(Points, Stroke, false, Qt::RoundJoin);
 }
 
-void TPainterDevice::PaintThin(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed) {
-    if (FScale != 1) {
-        FPixels.resize(Points.size());
-        std::ranges::transform(Points, FPixels.begin(), [this](TPoint P) { return DevicePixel(P); });
-        Points = FPixels;
-    }
+void TPainterDevice::PaintOutline(TPointSpan Points, const TStroke& Stroke, bool Closed,
+                                  Qt::PenJoinStyle Join) {
+    if (IsThin(Stroke))
+        PaintThin(DevicePixels(Points, Stroke), Stroke, Closed);
+    else
+        PaintWide(Points, Stroke, Closed, Join);
+}
+
+void TPainterDevice::PaintThin(std::span<const TPoint> Pixels, const TStroke& Stroke, bool Closed) {
     FRuns.clear();
     TLineScanner scanner(FWindow, Stroke.Style, FReduction && Stroke.Mode == pmCopy, FRuns);
     if (Closed)
-        scanner.Polygon(Points);
+        scanner.Polygon(Pixels);
     else
-        scanner.Polyline(Points);
+        scanner.Polyline(Pixels);
     if (FRuns.empty()) return;
     const QColor color = ColorOf(Stroke.Color, Stroke.Mode);
     if (const auto image = FAccess.Pixels(FWindow, Stroke.Mode))
@@ -69,21 +83,21 @@ void TPainterDevice::PaintThin(std::span<const TPoint> Points, const TStroke& St
     FPainter.drawRects(FRuns.data(), int(FRuns.size()));
 }
 
-void TPainterDevice::PaintWide(std::span<const TPoint> Points, const TStroke& Stroke, bool Closed,
-                               Qt::PenJoinStyle Join) {
+void TPainterDevice::PaintWide(TPointSpan Points, const TStroke& Stroke, bool Closed, Qt::PenJoinStyle Join) {
     SetMode(Stroke.Mode, FAntialias);
     FCurve.clear();
-    for (const TPoint p : Points) FCurve.push_back(DevicePoint(p.X, p.Y));
+    for (const TRealPoint p : Reduced(Points, Stroke)) FCurve.push_back(DevicePoint(p.X, p.Y));
     const QPen pen = PenOf(Stroke, Join);
     FPainter.setBrush(Qt::NoBrush);
-    if (Closed && Points.size() < std::size_t(CReductionThreshold) && AllInside(FCurve, SafeArea())) {
+    if (Closed && FCurve.size() < std::size_t(CReductionThreshold) && AllInside(FCurve, SafeArea())) {
         FPainter.setPen(pen);
         FPainter.drawPolygon(FCurve.data(), int(FCurve.size()));
         return;
     }
+    const bool isExact = IsSmooth() && Points.IsExact();
     if (Closed)
         FCurve.push_back(FCurve.front());
-    else if (Stroke.Width < 2)
+    else if (Stroke.Width < 2 && !isExact)
         TrimEnds();
     ForPiecesInside(FCurve, SafeArea(), FSpare, [&](std::span<const QPointF> Piece, double LengthBefore) {
         const bool whole = !FRaster || Stroke.Mode == pmXor; // no pixel twice, no path more than needed

@@ -14,20 +14,20 @@ constexpr std::size_t CFewPlaces = 8; // not worth a picture
 
 } // namespace
 
-/// Whether what is drawn shows the same pixels wherever it is drawn.
-bool TPainterDevice::IsPlain() const { return FRaster && !FAntialias && FScale == 1; }
-
 void TPainterDevice::PaintStamp(QImage& Picture, const TRecording& One, TPoint Offset) {
     QPainter painter(&Picture);
     TPainterDevice device(painter, {Picture.width(), Picture.height()});
     One.Replay(device, Offset);
 }
 
-void TPainterDevice::Stamps(std::span<const TPoint> Places, const TRecording& One) {
+void TPainterDevice::Stamps(TPointSpan Points, const TRecording& One) {
     const TVectorsCleared afterwards;
-    if (!FRaster) return PaintEach(VisiblePlaces(Places, One, FExtent), One);
-    const auto stamp = IsPlain() && Places.size() >= CFewPlaces ? TStamp::Of(One, PaintStamp) : std::nullopt;
-    if (!stamp) return TCanvasDevice::Stamps(Places, One);
+    if (!FRaster) return PaintEach(VisiblePlaces(Points, One, FExtent), One);
+    if (IsSmooth()) return TCanvasDevice::Stamps(Points, One);
+    std::vector<TPoint> rounded;
+    const auto places = Points.Whole(rounded);
+    const auto stamp = places.size() >= CFewPlaces ? TStamp::Of(One, PaintStamp) : std::nullopt;
+    if (!stamp) return TCanvasDevice::Stamps(places, One);
     const TRect bounds = stamp->Bounds();
     if (bounds.IsEmpty() || FClip.IsEmpty()) return;
     // From the last place to the first, so that the first one met at a pixel is the one to be seen.
@@ -35,13 +35,13 @@ void TPainterDevice::Stamps(std::span<const TPoint> Places, const TRecording& On
                       FClip.Bottom - bounds.Top};
     std::vector<bool> taken(std::size_t(reach.Width()) * std::size_t(reach.Height()));
     FPixels.clear();
-    for (std::size_t i = Places.size(); i-- > 0;) {
-        if (!reach.Contains(Places[i])) continue;
-        const auto index = std::size_t(Places[i].Y - reach.Top) * std::size_t(reach.Width()) +
-                           std::size_t(Places[i].X - reach.Left);
+    for (std::size_t i = places.size(); i-- > 0;) {
+        if (!reach.Contains(places[i])) continue;
+        const auto index = std::size_t(places[i].Y - reach.Top) * std::size_t(reach.Width()) +
+                           std::size_t(places[i].X - reach.Left);
         if (taken[index]) continue;
         taken[index] = true;
-        FPixels.push_back(Places[i]);
+        FPixels.push_back(places[i]);
     }
     const auto image = FAccess.Pixels(FWindow, pmCopy);
     if (!image) SetMode(pmCopy, false);
@@ -54,16 +54,17 @@ void TPainterDevice::Stamps(std::span<const TPoint> Places, const TRecording& On
 }
 
 /// On a vector device: discs as dots of a thick pen, many in one path.
-void TPainterDevice::PaintEach(std::span<const TPoint> Places, const TRecording& One) {
+void TPainterDevice::PaintEach(TPointSpan Points, const TRecording& One) {
     const auto disc = DiscOf(One);
-    if (!disc) return TCanvasDevice::Stamps(Places, One);
+    if (!disc) return TCanvasDevice::Stamps(Points, One);
     if (FClip.IsEmpty()) return;
     SetMode(pmCopy, FAntialias);
     FPainter.setPen(QPen(ColorOf(disc->Color, pmCopy), disc->Diameter * FScale, Qt::SolidLine, Qt::RoundCap,
                          Qt::RoundJoin));
-    for (; !Places.empty(); Places = Places.subspan(std::min(Places.size(), CDiscsTogether))) {
+    auto places = Points.Exact(FExact);
+    for (; !places.empty(); places = places.subspan(std::min(places.size(), CDiscsTogether))) {
         FCurve.clear();
-        for (const TPoint p : Places.first(std::min(Places.size(), CDiscsTogether)))
+        for (const TRealPoint p : places.first(std::min(places.size(), CDiscsTogether)))
             FCurve.emplace_back((p.X + disc->X) * FScale, (p.Y + disc->Y) * FScale);
         FPainter.drawPoints(FCurve.data(), int(FCurve.size()));
     }
@@ -72,7 +73,6 @@ void TPainterDevice::PaintEach(std::span<const TPoint> Places, const TRecording&
 /// Paints a symbol that was just drawn before, in the same way elsewhere; false if it is something else.
 bool TPainterDevice::PaintRepeated(TRepeatedShape::TKind Kind, std::span<const TPoint> Corners,
                                    const TStroke& Stroke, const TFill& Fill) {
-    if (!IsPlain()) return false;
     const auto image = FAccess.Pixels(FWindow, pmCopy);
     const TStamp* stamp = image ? FShape.Stamp(Kind, Corners, Stroke, Fill) : nullptr;
     if (!stamp) return false;

@@ -49,14 +49,15 @@ TSize TPainterDevice::MeasureText(const TFontFace& Face, std::string_view Text) 
     return TQtFont::Of(Face).Measure(Text);
 }
 
-void TPainterDevice::Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) {
+void TPainterDevice::Text(TRealPoint Place, const TFontFace& Face, TColor Color, std::string_view Text) {
     const TVectorsCleared afterwards;
+    const TRealPoint pos = IsSmooth() ? Place : TRealPoint(RoundToPixel(Place));
     DemandInstalled();
     TQtFont& font = TQtFont::Of(Face);
     const TSize size = font.Measure(Text);
     const double reach = 2.0 * (size.Width + size.Height) + 16; // slanted glyphs leave their cells
-    if (Pos.X < FClip.Left - reach || Pos.X > FClip.Right + reach || Pos.Y < FClip.Top - reach ||
-        Pos.Y > FClip.Bottom + reach)
+    if (pos.X < FClip.Left - reach || pos.X > FClip.Right + reach || pos.Y < FClip.Top - reach ||
+        pos.Y > FClip.Bottom + reach)
         return;
     SetMode(pmCopy, Face.Angle != 0);
     const QFont& scaled = font.At(FScale);
@@ -64,7 +65,7 @@ void TPainterDevice::Text(TPoint Pos, const TFontFace& Face, TColor Color, std::
     FPainter.save();
     FPainter.setFont(scaled);
     FPainter.setPen(color);
-    FPainter.translate(Pos.X * FScale, Pos.Y * FScale);
+    FPainter.translate(pos.X * FScale, pos.Y * FScale);
     FPainter.rotate(-Face.Angle / 10.0);
     TTextLine line(FPainter, font, FScale);
     line.Draw(Text);

@@ -10,28 +10,24 @@ namespace kx::svg {
 
 namespace {
 
-struct TReal {
-    double X = 0, Y = 0;
-};
+TSvgPoint Centre(TRealPoint P) { return {CentreOf(P.X), CentreOf(P.Y)}; }
 
-TReal RealOf(TPoint P) { return {double(P.X), double(P.Y)}; }
-TSvgPoint Centre(TPoint P) { return {CentreOf(P.X), CentreOf(P.Y)}; }
-TSvgPoint Centre(TReal P) { return {std::llround(P.X * 100) + 50, std::llround(P.Y * 100) + 50}; }
-
-bool AllInside(std::span<const TPoint> Points, const TRect& Window) {
-    return std::all_of(Points.begin(), Points.end(), [&Window](TPoint P) { return Window.Contains(P); });
+bool AllInside(std::span<const TRealPoint> Points, const TRect& W) {
+    return std::all_of(Points.begin(), Points.end(), [&W](TRealPoint P) {
+        return P.X >= W.Left && P.X < W.Right && P.Y >= W.Top && P.Y < W.Bottom;
+    });
 }
 
-TSvgLine Centres(std::span<const TPoint> Points) {
+TSvgLine Centres(std::span<const TRealPoint> Points) {
     TSvgLine line(Points.size());
-    std::transform(Points.begin(), Points.end(), line.begin(), [](TPoint P) { return Centre(P); });
+    std::transform(Points.begin(), Points.end(), line.begin(), Centre);
     return line;
 }
 
 /// One side of the window: how far inside a point lies (negative: outside).
 struct TSide {
     double A, B, C;
-    double Depth(TReal P) const { return A * P.X + B * P.Y + C; }
+    double Depth(TRealPoint P) const { return A * P.X + B * P.Y + C; }
 };
 
 std::array<TSide, 4> SidesOf(const TRect& W) {
@@ -39,10 +35,13 @@ std::array<TSide, 4> SidesOf(const TRect& W) {
             TSide{0, -1, double(W.Bottom)}};
 }
 
-TReal Between(TReal P, TReal Q, double T) { return {P.X + T * (Q.X - P.X), P.Y + T * (Q.Y - P.Y)}; }
+TRealPoint Between(TRealPoint P, TRealPoint Q, double T) {
+    return {P.X + T * (Q.X - P.X), P.Y + T * (Q.Y - P.Y)};
+}
 
 /// The part of a segment that is inside, as parameters in 0..1 (Liang and Barsky).
-std::optional<std::pair<double, double>> RangeInside(TReal P, TReal Q, std::span<const TSide> Sides) {
+std::optional<std::pair<double, double>> RangeInside(TRealPoint P, TRealPoint Q,
+                                                     std::span<const TSide> Sides) {
     double from = 0, to = 1;
     for (const TSide& side : Sides) {
         const double p = side.Depth(P), q = side.Depth(Q);
@@ -55,10 +54,10 @@ std::optional<std::pair<double, double>> RangeInside(TReal P, TReal Q, std::span
 }
 
 /// One side's cut of a polygon (Sutherland and Hodgman).
-std::vector<TReal> CutBy(const TSide& Side, const std::vector<TReal>& Polygon) {
-    std::vector<TReal> cut;
+std::vector<TRealPoint> CutBy(const TSide& Side, const std::vector<TRealPoint>& Polygon) {
+    std::vector<TRealPoint> cut;
     for (std::size_t i = 0; i < Polygon.size(); ++i) {
-        const TReal p = Polygon[i], q = Polygon[(i + 1) % Polygon.size()];
+        const TRealPoint p = Polygon[i], q = Polygon[(i + 1) % Polygon.size()];
         const double depthP = Side.Depth(p), depthQ = Side.Depth(q);
         if (depthP >= 0) cut.push_back(p);
         if ((depthP < 0) != (depthQ < 0)) cut.push_back(Between(p, q, depthP / (depthP - depthQ)));
@@ -68,14 +67,14 @@ std::vector<TReal> CutBy(const TSide& Side, const std::vector<TReal>& Polygon) {
 
 } // namespace
 
-std::vector<TSvgLine> LinesInside(std::span<const TPoint> Points, const TRect& Window) {
+std::vector<TSvgLine> LinesInside(std::span<const TRealPoint> Points, const TRect& Window) {
     if (Points.empty()) return {};
     if (AllInside(Points, Window)) return {Centres(Points)};
     const auto sides = SidesOf(Window);
     std::vector<TSvgLine> lines;
     bool joins = false; // the last line ends at the point that comes next
     for (std::size_t i = 0; i + 1 < Points.size(); ++i) {
-        const TReal p = RealOf(Points[i]), q = RealOf(Points[i + 1]);
+        const TRealPoint p = Points[i], q = Points[i + 1];
         const auto range = RangeInside(p, q, sides);
         if (!range) {
             joins = false;
@@ -88,13 +87,12 @@ std::vector<TSvgLine> LinesInside(std::span<const TPoint> Points, const TRect& W
     return lines;
 }
 
-TSvgLine PolygonInside(std::span<const TPoint> Points, const TRect& Window) {
+TSvgLine PolygonInside(std::span<const TRealPoint> Points, const TRect& Window) {
     if (AllInside(Points, Window)) return Centres(Points);
-    std::vector<TReal> polygon(Points.size());
-    std::transform(Points.begin(), Points.end(), polygon.begin(), RealOf);
+    std::vector<TRealPoint> polygon(Points.begin(), Points.end());
     for (const TSide& side : SidesOf(Window)) polygon = CutBy(side, polygon);
     TSvgLine line(polygon.size());
-    std::transform(polygon.begin(), polygon.end(), line.begin(), [](TReal P) { return Centre(P); });
+    std::transform(polygon.begin(), polygon.end(), line.begin(), Centre);
     return line;
 }
 

@@ -13,11 +13,11 @@ namespace kx::svg {
 using TSvgLine = std::vector<TSvgPoint>;
 
 /// The parts of a polyline inside Window, through pixel centres. A line wholly inside is one part.
-std::vector<TSvgLine> LinesInside(std::span<const TPoint> Points, const TRect& Window);
+std::vector<TSvgLine> LinesInside(std::span<const TRealPoint> Points, const TRect& Window);
 
 /// The part of a closed polygon inside Window; sides along the window join where it was cut. Empty when
 /// nothing is inside.
-TSvgLine PolygonInside(std::span<const TPoint> Points, const TRect& Window);
+TSvgLine PolygonInside(std::span<const TRealPoint> Points, const TRect& Window);
 
 /// The ellipse in the pixels of Rect as a polygon with two points in every column of Window.
 std::vector<TPoint> EllipseInside(const TRect& Rect, const TRect& Window);

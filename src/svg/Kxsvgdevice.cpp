@@ -79,7 +79,7 @@ std::string PathHead(const TPathData& Path) { return "<path" + Attribute("d", Pa
 struct TBox {
     TCoord Left, Top, Right, Bottom;
 
-    static TBox Area(const TRect& R) {
+    static TBox Area(const TRealRect& R) {
         return {EdgeOf(R.Left), EdgeOf(R.Top), EdgeOf(R.Right), EdgeOf(R.Bottom)};
     }
     TBox Shrunk(TCoord By) const { return {Left + By, Top + By, Right - By, Bottom - By}; }
@@ -148,8 +148,8 @@ void TSvgDevice::SetClip(const std::optional<TRect>& Clip) {
     if (inside != all) FClip = inside;
 }
 
-void TSvgDevice::Stamps(std::span<const TPoint> Places, const TRecording& One) {
-    const std::vector<TPoint> visible = VisiblePlaces(Places, One, FSize);
+void TSvgDevice::Stamps(TPointSpan Places, const TRecording& One) {
+    const std::vector<TRealPoint> visible = VisiblePlaces(Places, One, FSize);
     if (const auto disc = DiscOf(One))
         AddDiscs(visible, *disc);
     else
@@ -157,14 +157,14 @@ void TSvgDevice::Stamps(std::span<const TPoint> Places, const TRecording& One) {
 }
 
 /// Paths of dots: a third of what as many circles would take.
-void TSvgDevice::AddDiscs(std::span<const TPoint> Places, const TDisc& Disc) {
+void TSvgDevice::AddDiscs(std::span<const TRealPoint> Places, const TDisc& Disc) {
     if (IsHidden()) return;
     const std::string style = Attribute("fill", "none") + Attribute("stroke", ColorToHtml(Disc.Color)) +
-                              Attribute("stroke-width", std::to_string(Disc.Diameter)) +
+                              Attribute("stroke-width", Decimal(Disc.Diameter)) +
                               Attribute("stroke-linecap", "round");
     for (; !Places.empty(); Places = Places.subspan(std::min(Places.size(), CDiscsTogether))) {
         TPathData path;
-        for (const TPoint p : Places.first(std::min(Places.size(), CDiscsTogether))) {
+        for (const TRealPoint p : Places.first(std::min(Places.size(), CDiscsTogether))) {
             path.MoveTo({EdgeOf(p.X) + std::llround(Disc.X * 100), EdgeOf(p.Y) + std::llround(Disc.Y * 100)});
             path.Dot();
         }
@@ -179,24 +179,25 @@ void TSvgDevice::Add(std::string Head, const std::string& Style) {
     FBody.Add(std::move(Head), Style);
 }
 
-std::span<const TPoint> TSvgDevice::Reduced(std::span<const TPoint> Points, const TStroke& Stroke) {
-    if (Points.size() < std::size_t(CReductionThreshold) || !Dashes(Stroke.Style).empty()) return Points;
-    ReducePolyline(Points, FKept);
+std::span<const TRealPoint> TSvgDevice::Reduced(TPointSpan Points, const TStroke& Stroke) {
+    const auto points = Points.Exact(FExact);
+    if (points.size() < std::size_t(CReductionThreshold) || !Dashes(Stroke.Style).empty()) return points;
+    ReducePolyline(points, FKept);
     return FKept;
 }
 
-void TSvgDevice::Polyline(std::span<const TPoint> Points, const TStroke& Stroke) {
-    if (IsHidden() || Stroke.Style == psClear || Points.size() < 2) return;
+void TSvgDevice::Polyline(TPointSpan Points, const TStroke& Stroke) {
+    if (IsHidden() || Stroke.Style == psClear || Points.Size() < 2) return;
     const std::string style = Attribute("fill", "none") + JointedStyle(Plain(Stroke), !IsHairline(Stroke));
     for (TSvgLine& line : LinesInside(Reduced(Points, Stroke), WindowFor(Stroke))) {
-        if (IsHairline(Stroke)) LeaveOutLastPixel(line);
+        if (IsHairline(Stroke) && !Points.IsExact()) LeaveOutLastPixel(line);
         if (!line.empty()) Add(PathHead(PathOf(line)), style);
     }
 }
 
 // A polygon may be reduced like a line: what lies between the first and the last point of a column bounds no
 // area.
-void TSvgDevice::Polygon(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill) {
+void TSvgDevice::Polygon(TPointSpan Points, const TStroke& Stroke, const TFill& Fill) {
     if (IsHidden() || (Stroke.Style == psClear && Fill.Style == bsClear)) return;
     const TSvgLine line = PolygonInside(Reduced(Points, Stroke), WindowFor(Stroke));
     if (line.empty()) return;
@@ -211,8 +212,8 @@ void TSvgDevice::Polygon(std::span<const TPoint> Points, const TStroke& Stroke, 
     Add(PathHead(path), style);
 }
 
-void TSvgDevice::Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) {
-    const TRect inside = Rect.Intersected(WindowFor(Stroke));
+void TSvgDevice::Rectangle(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill) {
+    const TRealRect inside = Rect.Intersected(WindowFor(Stroke));
     if (IsHidden() || inside.IsEmpty() || (Stroke.Style == psClear && Fill.Style == bsClear)) return;
     const TBox box = TBox::Area(inside).Shrunk(Inset(Stroke));
     if (!box.IsFlat()) return Add(box.RectHead(), FillStyle(Fill) + StrokeStyle(Plain(Stroke)));
@@ -222,23 +223,23 @@ void TSvgDevice::Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill
     Add(TBox::Area(inside).Shrunk((1 - width) * 50).RectHead(), FillStyle(line));
 }
 
-void TSvgDevice::Ellipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) {
+void TSvgDevice::Ellipse(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill) {
     const TBox box = TBox::Area(Rect).Shrunk(Inset(Stroke));
     if (box.IsFlat()) return Rectangle(Rect, Stroke, Fill);
     if (IsHidden() || (Stroke.Style == psClear && Fill.Style == bsClear)) return;
     if (Rect.Intersected(WindowFor(Stroke)) != Rect) {
-        return Polygon(EllipseInside(Rect, WindowFor(Stroke, 8)), Stroke, Fill);
+        return Polygon(EllipseInside(RoundToPixels(Rect), WindowFor(Stroke, 8)), Stroke, Fill);
     }
     Add(box.EllipseHead(), FillStyle(Fill) + StrokeStyle(Plain(Stroke)));
 }
 
-void TSvgDevice::FillRect(const TRect& Rect, const TFill& Fill) {
+void TSvgDevice::FillRect(const TRealRect& Rect, const TFill& Fill) {
     Rectangle(Rect, {clBlack, 0, psClear, pmCopy}, Fill);
 }
 
-void TSvgDevice::Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) {
+void TSvgDevice::Text(TRealPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) {
     const std::string shown = ShownText(Text);
-    if (IsHidden() || shown.empty() || !WindowFor({}).Contains(Pos)) return;
+    if (IsHidden() || shown.empty() || !WindowFor({}).Contains(RoundToPixel(Pos))) return;
     if (!FText.ContinuesAt(Pos, Face, Color, FClip)) {
         EndText(FText, *this, FBody);
         FText.Begin(Pos, Face, Color, FClip);

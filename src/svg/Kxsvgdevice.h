@@ -34,22 +34,23 @@ public:
 
     TSize Extent() const override { return FSize; }
     int PixelsPerInch() const override;
-    void Polyline(std::span<const TPoint> Points, const TStroke& Stroke) override;
-    void Polygon(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill) override;
-    void Ellipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
-    void Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
-    void FillRect(const TRect& Rect, const TFill& Fill) override;
+    bool IsSmooth() const override { return true; }
+    void Polyline(TPointSpan Points, const TStroke& Stroke) override;
+    void Polygon(TPointSpan Points, const TStroke& Stroke, const TFill& Fill) override;
+    void Ellipse(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
+    void Rectangle(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill) override;
+    void FillRect(const TRealRect& Rect, const TFill& Fill) override;
     /// A run of calls in one style along one line, with nothing drawn in between, becomes one element.
-    void Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) override;
+    void Text(TRealPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) override;
     TSize MeasureText(const TFontFace& Face, std::string_view Text) const override;
     void SetClip(const std::optional<TRect>& Clip) override;
     /// At those places where something of the picture is to be seen.
-    void Stamps(std::span<const TPoint> Places, const TRecording& One) override;
+    void Stamps(TPointSpan Places, const TRecording& One) override;
 
 private:
     void Add(std::string Head, const std::string& Style);
-    void AddDiscs(std::span<const TPoint> Places, const TDisc& Disc);
-    std::span<const TPoint> Reduced(std::span<const TPoint> Points, const TStroke& Stroke);
+    void AddDiscs(std::span<const TRealPoint> Places, const TDisc& Disc);
+    std::span<const TRealPoint> Reduced(TPointSpan Points, const TStroke& Stroke);
     TStroke Plain(TStroke Stroke) const;
     TFill Plain(TFill Fill) const;
     std::string FillStyle(const TFill& Fill);
@@ -63,7 +64,7 @@ private:
     std::optional<TRect> FClip;
     svg::TSvgBody FBody;
     svg::TSvgText FText;
-    std::vector<TPoint> FKept;
+    std::vector<TRealPoint> FExact, FKept;
 };
 
 /// Writes the picture that Paint draws to FileName, which is replaced as a whole or not at all. Raises

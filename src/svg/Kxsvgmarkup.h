@@ -3,6 +3,7 @@
 
 #include <kxgraph/platform/drawing/geometry.h>
 
+#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -12,8 +13,9 @@ namespace kx::svg {
 /// A coordinate in hundredths of a logical pixel. Whole numbers keep relative path data free of drift.
 using TCoord = std::int64_t;
 
-constexpr TCoord EdgeOf(int Pixel) { return TCoord{Pixel} * 100; }
-constexpr TCoord CentreOf(int Pixel) { return TCoord{Pixel} * 100 + 50; }
+/// Of a place among edges, and of one that counts from the middle of pixels.
+inline TCoord EdgeOf(double Place) { return std::llround(Place * 100); }
+inline TCoord CentreOf(double Place) { return EdgeOf(Place) + 50; }
 
 struct TSvgPoint {
     TCoord X = 0;

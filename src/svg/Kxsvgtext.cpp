@@ -40,7 +40,7 @@ std::string FamilyList(const TFontFace& Face) {
 
 } // namespace
 
-void TSvgText::Begin(TPoint Pos, const TFontFace& Face, TColor Color, const std::optional<TRect>& Clip) {
+void TSvgText::Begin(TRealPoint Pos, const TFontFace& Face, TColor Color, const std::optional<TRect>& Clip) {
     FPieces.clear();
     FStart = Pos;
     FFace = Face;
@@ -49,13 +49,13 @@ void TSvgText::Begin(TPoint Pos, const TFontFace& Face, TColor Color, const std:
     FEnd = 0;
 }
 
-TSvgText::TOffset TSvgText::OffsetOf(TPoint Pos) const {
+TSvgText::TOffset TSvgText::OffsetOf(TRealPoint Pos) const {
     const double angle = FFace.Angle * std::numbers::pi / 1800, c = std::cos(angle), s = std::sin(angle);
-    const double dx = double(Pos.X) - FStart.X, dy = double(Pos.Y) - FStart.Y;
+    const double dx = Pos.X - FStart.X, dy = Pos.Y - FStart.Y;
     return {dx * c - dy * s, dx * s + dy * c};
 }
 
-bool TSvgText::ContinuesAt(TPoint Pos, const TFontFace& Face, TColor Color,
+bool TSvgText::ContinuesAt(TRealPoint Pos, const TFontFace& Face, TColor Color,
                            const std::optional<TRect>& Clip) const {
     if (IsEmpty() || Face != FFace || Color != FColor || Clip != FClip) return false;
     const TOffset offset = OffsetOf(Pos);
@@ -63,7 +63,7 @@ bool TSvgText::ContinuesAt(TPoint Pos, const TFontFace& Face, TColor Color,
     return std::abs(offset.Across) <= tolerance && std::abs(offset.Along - FEnd) <= EmSquare() / 4;
 }
 
-void TSvgText::Append(TPoint Pos, std::string_view Text, int Width) {
+void TSvgText::Append(TRealPoint Pos, std::string_view Text, int Width) {
     const double along = OffsetOf(Pos).Along;
     FPieces.push_back({along, std::string(Text)});
     FEnd = along + Width;

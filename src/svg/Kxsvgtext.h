@@ -22,13 +22,14 @@ public:
     const std::optional<TRect>& GetClip() const { return FClip; }
 
     /// Begins a line with its first piece; the direction of the line follows from Face.
-    void Begin(TPoint Pos, const TFontFace& Face, TColor Color, const std::optional<TRect>& Clip);
+    void Begin(TRealPoint Pos, const TFontFace& Face, TColor Color, const std::optional<TRect>& Clip);
     /// Whether a piece at Pos goes on with this line: the same style and clip, on the same baseline (within a
     /// pixel and a half along slanted lines, where positions are rounded), where the last piece ended or up
     /// to a quarter of the em square beside that.
-    bool ContinuesAt(TPoint Pos, const TFontFace& Face, TColor Color, const std::optional<TRect>& Clip) const;
+    bool ContinuesAt(TRealPoint Pos, const TFontFace& Face, TColor Color,
+                     const std::optional<TRect>& Clip) const;
     /// Appends a piece drawn at Pos, whose advance width is Width.
-    void Append(TPoint Pos, std::string_view Text, int Width);
+    void Append(TRealPoint Pos, std::string_view Text, int Width);
 
     /// The parts of the element for a body; Device measures.
     std::string Head(const TCanvasDevice& Device) const;
@@ -43,11 +44,11 @@ private:
     struct TOffset {
         double Along, Across;
     };
-    TOffset OffsetOf(TPoint Pos) const;
+    TOffset OffsetOf(TRealPoint Pos) const;
     double EmSquare() const;
     std::string Positions(const TCanvasDevice& Device) const;
 
-    TPoint FStart;
+    TRealPoint FStart;
     TFontFace FFace;
     TColor FColor = clBlack;
     std::optional<TRect> FClip;

@@ -213,7 +213,7 @@ TEST(QtRasterStamps, ThatOthersHideAreLeftOutAndShowInNoDetail) {
         const auto visible = VisiblePlaces(places, one, {40, 40});
         EXPECT_LE(visible.size(), c.Most) << c.Case;
         EXPECT_EQ(visible.size() == places.size(), c.Most == places.size()) << c.Case;
-        const auto drawn = [&one](const TPoints& Places) {
+        const auto drawn = [&one](TPointSpan Places) {
             return Painted({{40, 40}, 4}, [&](auto& D) { D.TCanvasDevice::Stamps(Places, one); });
         };
         EXPECT_EQ(drawn(visible), drawn(places)) << c.Case;

@@ -55,7 +55,7 @@ TEST(SvgDevice, CoversThePixelsOfARasterWithShapes) {
     const TFill green{clLime}, none{clWhite, bsClear};
     test::ExpectRecording("svgshapes", Drawn([&](TCanvasDevice& D) {
                               for (const auto& line : {right, left, slanted, nowhere})
-                                  D.Polyline({line, 2}, thin);
+                                  D.Polyline(std::span(line, 2), thin);
                               D.Polyline(bent, {});
                               D.Polyline(right, wide);
                               D.Rectangle(box, thin, green);
@@ -77,7 +77,8 @@ TEST(SvgDevice, SharesGroupsAndDefinesHatchesAndClipsOnce) {
                               int x = 0;
                               const auto fill = [&](std::optional<TRect> Clip, TBrushStyle Style) {
                                   D.SetClip(Clip);
-                                  D.FillRect({++x, 0, x + 9, 9}, {clRed, Style});
+                                  ++x;
+                                  D.FillRect({x, 0, x + 9, 9}, {clRed, Style});
                               };
                               fill(inner, bsCross);
                               D.SetClip({});

@@ -14,8 +14,9 @@ namespace {
 
 bool IsSymbolFont(const TFont& Font) { return SameText(Font.GetName(), "Symbol"); }
 
-TRect Ordered(int Left, int Top, int Right, int Bottom) {
-    return {std::min(Left, Right), std::min(Top, Bottom), std::max(Left, Right), std::max(Top, Bottom)};
+TRealRect Ordered(const TRealRect& R) {
+    return {std::min(R.Left, R.Right), std::min(R.Top, R.Bottom), std::max(R.Left, R.Right),
+            std::max(R.Top, R.Bottom)};
 }
 
 bool SetsClips(const TRecording& Recording) {
@@ -35,7 +36,7 @@ void TCanvas::SetDevice(TCanvasDevice* Device) {
 }
 
 TStroke TCanvas::Stroke() const {
-    return {ColorToRGB(Pen.GetColor()), Pen.GetWidth(), Pen.GetStyle(), Pen.GetMode()};
+    return {ColorToRGB(Pen.GetColor()), Pen.GetWidth(), Pen.GetStyle(), Pen.GetMode(), Crisp};
 }
 
 TFill TCanvas::Fill() const { return {ColorToRGB(Brush.GetColor()), Brush.GetStyle(), Pen.GetMode()}; }
@@ -45,41 +46,33 @@ TFontFace TCanvas::Face() const {
             Font.GetPitch(), Font.GetOrientation()};
 }
 
-template <class F>
-void TCanvas::WithMovedPoints(std::span<const TPoint> Points, F Draw) {
-    if (FOrigin == TPoint{}) return Draw(Points);
-    FMoved.resize(Points.size());
-    std::ranges::transform(Points, FMoved.begin(), [this](TPoint P) { return Shifted(P, FOrigin); });
-    Draw(FMoved);
-}
-
 void TCanvas::LineTo(int X, int Y) {
     const std::array<TPoint, 2> ends{FPosition, TPoint{X, Y}};
     FPosition = ends[1];
     if (ends[0] != ends[1]) Polyline(ends);
 }
 
-void TCanvas::Polyline(std::span<const TPoint> Points) {
-    if (!FDevice || Points.size() < 2 || Pen.GetStyle() == psClear) return;
-    WithMovedPoints(Points, [this](std::span<const TPoint> P) { FDevice->Polyline(P, Stroke()); });
+void TCanvas::Polyline(TPointSpan Points) {
+    if (!FDevice || Points.Size() < 2 || Pen.GetStyle() == psClear) return;
+    FDevice->Polyline(FMover.Moved(Points, FOrigin), Stroke());
 }
 
-void TCanvas::Polygon(std::span<const TPoint> Points) {
-    if (!FDevice || Points.size() < 2) return;
-    WithMovedPoints(Points, [this](std::span<const TPoint> P) { FDevice->Polygon(P, Stroke(), Fill()); });
+void TCanvas::Polygon(TPointSpan Points) {
+    if (!FDevice || Points.Size() < 2) return;
+    FDevice->Polygon(FMover.Moved(Points, FOrigin), Stroke(), Fill());
 }
 
-void TCanvas::Rectangle(int Left, int Top, int Right, int Bottom) {
-    const TRect rect = Ordered(Left, Top, Right, Bottom);
+void TCanvas::Rectangle(const TRealRect& Rect) {
+    const TRealRect rect = Ordered(Rect);
     if (FDevice && !rect.IsEmpty()) FDevice->Rectangle(Shifted(rect, FOrigin), Stroke(), Fill());
 }
 
-void TCanvas::Ellipse(int Left, int Top, int Right, int Bottom) {
-    const TRect rect = Ordered(Left, Top, Right, Bottom);
+void TCanvas::Ellipse(const TRealRect& Rect) {
+    const TRealRect rect = Ordered(Rect);
     if (FDevice && !rect.IsEmpty()) FDevice->Ellipse(Shifted(rect, FOrigin), Stroke(), Fill());
 }
 
-void TCanvas::FillRect(const TRect& Rect) {
+void TCanvas::FillRect(const TRealRect& Rect) {
     if (!FDevice || Rect.IsEmpty() || Brush.GetStyle() == bsClear) return;
     TFill fill = Fill();
     fill.Mode = pmCopy; // a background is a background, whatever the pen was last used for
@@ -93,9 +86,9 @@ void TCanvas::DrawFocusRect(const TRect& Rect) {
     FDevice->Rectangle(Shifted(Rect, FOrigin), dots, {clWhite, bsClear, pmCopy});
 }
 
-void TCanvas::TextOut(int X, int Y, std::string_view Text) {
+void TCanvas::TextOut(TRealPoint Pos, std::string_view Text) {
     if (!FDevice || Text.empty()) return;
-    const TPoint pos = Shifted(TPoint{X, Y}, FOrigin);
+    const TRealPoint pos = Shifted(Pos, FOrigin);
     const TColor color = ColorToRGB(Font.GetColor());
     if (IsSymbolFont(Font))
         FDevice->Text(pos, Face(), color, SymbolText(Text));
@@ -109,9 +102,9 @@ TSize TCanvas::TextExtent(std::string_view Text) const {
     return FDevice ? FDevice->MeasureText(Face(), shown) : MeasureScreenText(Face(), shown);
 }
 
-void TCanvas::Stamps(std::span<const TPoint> Places, const TRecording& One) {
-    if (!FDevice || Places.empty()) return;
-    WithMovedPoints(Places, [&](std::span<const TPoint> P) { FDevice->Stamps(P, One); });
+void TCanvas::Stamps(TPointSpan Places, const TRecording& One) {
+    if (!FDevice || Places.IsEmpty()) return;
+    FDevice->Stamps(FMover.Moved(Places, FOrigin), One);
     if (EffectiveClip() && SetsClips(One)) FDevice->SetClip(EffectiveClip());
 }
 

@@ -6,9 +6,7 @@
 #include <kxgraph/platform/drawing/graphics.h>
 
 #include <optional>
-#include <span>
 #include <string_view>
-#include <vector>
 
 namespace kx {
 
@@ -16,7 +14,8 @@ namespace kx {
 /// drawing does nothing and text is measured on the screen.
 ///
 /// Pixel rules: LineTo and Polyline leave out their last pixel. Rectangle and Ellipse cover l..r-1 and
-/// t..b-1, FillRect likewise. A pen of width 0 is one device pixel wide. pmXor exists on raster devices only
+/// t..b-1, FillRect likewise. On a smooth device all of them take exact places, too, where a line ends in its
+/// last point. A pen of width 0 is one device pixel wide. pmXor exists on raster devices only
 /// (CanXor).
 class TCanvas {
 public:
@@ -25,6 +24,7 @@ public:
     TPen Pen;
     TBrush Brush;
     TFont Font;
+    bool Crisp = false; ///< of lines and outlines, see TStroke
 
     TCanvasDevice* GetDevice() const { return FDevice; }
     /// Draws on another device from now on; null detaches. Origin becomes (0, 0), the base clip is none.
@@ -33,26 +33,31 @@ public:
     void MoveTo(int X, int Y) { FPosition = {X, Y}; }
     void LineTo(int X, int Y);
     TPoint GetPenPos() const { return FPosition; }
-    void Polyline(std::span<const TPoint> Points);
-    void Polygon(std::span<const TPoint> Points);
+    void Polyline(TPointSpan Points);
+    void Polygon(TPointSpan Points);
     /// Rectangle and Ellipse take their edges in either order.
-    void Rectangle(int Left, int Top, int Right, int Bottom);
-    void Ellipse(int Left, int Top, int Right, int Bottom);
+    void Rectangle(int Left, int Top, int Right, int Bottom) { Rectangle({Left, Top, Right, Bottom}); }
+    void Rectangle(const TRealRect& Rect);
+    void Ellipse(int Left, int Top, int Right, int Bottom) { Ellipse({Left, Top, Right, Bottom}); }
+    void Ellipse(const TRealRect& Rect);
     /// Fills with the brush, without outline and always in copy mode.
-    void FillRect(const TRect& Rect);
+    void FillRect(const TRealRect& Rect);
     /// A dotted frame of one pixel inside Rect, in XOR mode where the device can: drawing it again removes
     /// it.
     void DrawFocusRect(const TRect& Rect);
     /// Text with its first cell's top left at (X, Y), in the font and its orientation. Under the font named
     /// "Symbol" each character shows the Unicode character that the symbol encoding has in its place.
-    void TextOut(int X, int Y, std::string_view Text);
+    void TextOut(int X, int Y, std::string_view Text) { TextOut(TRealPoint(X, Y), Text); }
+    void TextOut(TRealPoint Pos, std::string_view Text);
     int TextWidth(std::string_view Text) const { return TextExtent(Text).Width; }
     int TextHeight(std::string_view Text) const { return TextExtent(Text).Height; }
     /// Measured with the screen's metrics when the canvas has no device.
     TSize TextExtent(std::string_view Text) const;
     bool CanXor() const { return FDevice && FDevice->CanXor(); }
+    /// Whether exact places show as such; without a device they do not.
+    bool IsSmooth() const { return FDevice && FDevice->IsSmooth(); }
     /// Draws One with its origin at each place (canvas coordinates), in order.
-    void Stamps(std::span<const TPoint> Places, const TRecording& One);
+    void Stamps(TPointSpan Places, const TRecording& One);
     /// Repeats a recording with its origin at the canvas's and inside the clip.
     void Replay(const TRecording& Picture);
 
@@ -86,13 +91,11 @@ private:
     TFontFace Face() const;
     std::optional<TRect> EffectiveClip() const;
     void ChangeClips(const std::optional<TRect>& BaseClip, const std::optional<TRect>& Clip);
-    template <class F>
-    void WithMovedPoints(std::span<const TPoint> Points, F Draw);
 
     TCanvasDevice* FDevice = nullptr;
     TPoint FPosition, FOrigin;
     std::optional<TRect> FBaseClip, FClip; // device coordinates
-    std::vector<TPoint> FMoved;            // reused for calls under an origin
+    TPointMover FMover;                    // for calls under an origin
 };
 
 /// The Unicode text of Text under the symbol encoding: a -> alpha, D -> capital delta, ... Characters without

@@ -1,9 +1,11 @@
 #pragma once
 // The seam to whatever is drawn on: raster image, PDF page, SVG file, window, recording. A device is
-// stateless but for its clip; all values come with the call. Coordinates are logical pixels.
+// stateless but for its clip; all values come with the call. Coordinates are logical pixels. A smooth device
+// shows fractions of them, any other one rounds what it is given.
 
 #include <kxgraph/platform/drawing/geometry.h>
 #include <kxgraph/platform/drawing/graphics.h>
+#include <kxgraph/platform/drawing/pointspan.h>
 #include <kxgraph/platform/text/colors.h>
 
 #include <optional>
@@ -16,11 +18,14 @@ namespace kx {
 class TRecording;
 
 /// An outline. Style psClear draws none. Width 0 is one device pixel. Color is resolved (no system colour).
+/// Crisp lines, of axes and their like, are moved to whole device pixels by a raster where they are level or
+/// upright.
 struct TStroke {
     TColor Color = clBlack;
     int Width = 0;
     TPenStyle Style = psSolid;
     TPenMode Mode = pmCopy;
+    bool Crisp = false;
     friend bool operator==(const TStroke&, const TStroke&) = default;
 };
 
@@ -48,18 +53,21 @@ public:
     virtual ~TCanvasDevice() = default;
     virtual TSize Extent() const = 0;
     virtual int PixelsPerInch() const = 0;
+    /// Whether exact places show as such. Who has them hands them over to smooth devices only.
+    virtual bool IsSmooth() const { return false; }
 
-    /// Joined lines through the points. The last point's pixel is left out (of a thin line, on a raster).
-    virtual void Polyline(std::span<const TPoint> Points, const TStroke& Stroke) = 0;
+    /// Joined lines through the points. Through whole pixels a thin line begins with all of the first one and
+    /// leaves out the last one; through exact places it ends where its points are.
+    virtual void Polyline(TPointSpan Points, const TStroke& Stroke) = 0;
     /// The closed polygon, filled by the even-odd rule and outlined, both with the end points included.
-    virtual void Polygon(std::span<const TPoint> Points, const TStroke& Stroke, const TFill& Fill) = 0;
+    virtual void Polygon(TPointSpan Points, const TStroke& Stroke, const TFill& Fill) = 0;
     /// The ellipse that covers Left..Right-1 and Top..Bottom-1, outline included.
-    virtual void Ellipse(const TRect& Rect, const TStroke& Stroke, const TFill& Fill) = 0;
+    virtual void Ellipse(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill) = 0;
     /// All pixels Left..Right-1, Top..Bottom-1.
-    virtual void FillRect(const TRect& Rect, const TFill& Fill) = 0;
+    virtual void FillRect(const TRealRect& Rect, const TFill& Fill) = 0;
     /// Text in one line, UTF-8; Pos is the top left of the first character's cell, turned with the text about
     /// that point by Face.Angle.
-    virtual void Text(TPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) = 0;
+    virtual void Text(TRealPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) = 0;
     /// Advance width and cell height of Text, the angle left out of account.
     virtual TSize MeasureText(const TFontFace& Face, std::string_view Text) const = 0;
     /// Nothing is drawn outside Clip from now on; no value lifts the clip.
@@ -68,9 +76,9 @@ public:
     virtual bool CanXor() const { return false; }
     /// One recorded picture, drawn with its origin at each of the places in order. By default replayed at
     /// each.
-    virtual void Stamps(std::span<const TPoint> Places, const TRecording& One);
+    virtual void Stamps(TPointSpan Places, const TRecording& One);
     /// The rectangle that covers Left..Right-1 and Top..Bottom-1, outline included. By default a Polygon.
-    virtual void Rectangle(const TRect& Rect, const TStroke& Stroke, const TFill& Fill);
+    virtual void Rectangle(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill);
 };
 
 } // namespace kx

@@ -1,9 +1,11 @@
 #pragma once
-// Points, sizes and rectangles in whole pixels, and the one rule that turns a value into a pixel.
+// Points, sizes and rectangles in whole pixels and with fractions, and the one rule that turns a value into a
+// pixel.
 
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <type_traits>
 
 namespace kx {
 
@@ -71,6 +73,55 @@ inline int LimitedLength(int Pixels) { return std::clamp(Pixels, -CMostLength, C
 inline int RoundToInt(double Value) {
     if (std::isnan(Value)) return CNoPixel;
     return static_cast<int>(std::nearbyint(std::clamp(Value, -double(CMaxPixel), double(CMaxPixel))));
+}
+
+/// A place with fractions of a pixel. As a point of a line v.0 is the middle of pixel v, as an edge or a
+/// corner of an area its left or upper edge: what is whole is where whole pixels are.
+struct TRealPoint {
+    double X = 0;
+    double Y = 0;
+
+    constexpr TRealPoint() = default;
+    constexpr TRealPoint(TPoint P) : X(P.X), Y(P.Y) {}
+    template <class A, class B>
+    requires(std::is_arithmetic_v<A>&& std::is_arithmetic_v<B>) constexpr TRealPoint(A X, B Y)
+        : X(static_cast<double>(X)), Y(static_cast<double>(Y)) {}
+
+    friend bool operator==(const TRealPoint&, const TRealPoint&) = default;
+    friend TRealPoint operator+(TRealPoint A, TRealPoint B) { return {A.X + B.X, A.Y + B.Y}; }
+    friend TRealPoint operator-(TRealPoint A, TRealPoint B) { return {A.X - B.X, A.Y - B.Y}; }
+};
+inline bool IsPlace(TRealPoint P) { return !std::isnan(P.X) && !std::isnan(P.Y); }
+inline TPoint RoundToPixel(TRealPoint P) { return {RoundToInt(P.X), RoundToInt(P.Y)}; }
+
+/// A rectangle between edges with fractions.
+struct TRealRect {
+    double Left = 0;
+    double Top = 0;
+    double Right = 0;
+    double Bottom = 0;
+
+    constexpr TRealRect() = default;
+    constexpr TRealRect(const TRect& R) : Left(R.Left), Top(R.Top), Right(R.Right), Bottom(R.Bottom) {}
+    template <class A, class B, class C, class D>
+    requires(std::is_arithmetic_v<A>&& std::is_arithmetic_v<B>&& std::is_arithmetic_v<C>&&
+                 std::is_arithmetic_v<D>) constexpr TRealRect(A Left, B Top, C Right, D Bottom)
+        : Left(static_cast<double>(Left)), Top(static_cast<double>(Top)), Right(static_cast<double>(Right)),
+          Bottom(static_cast<double>(Bottom)) {}
+
+    double Width() const { return Right - Left; }
+    double Height() const { return Bottom - Top; }
+    TRealPoint TopLeft() const { return {Left, Top}; }
+    bool IsEmpty() const { return !(Right > Left && Bottom > Top); }
+    TRealRect Intersected(const TRealRect& O) const {
+        const TRealRect r{std::max(Left, O.Left), std::max(Top, O.Top), std::min(Right, O.Right),
+                          std::min(Bottom, O.Bottom)};
+        return r.IsEmpty() ? TRealRect{} : r;
+    }
+    friend bool operator==(const TRealRect&, const TRealRect&) = default;
+};
+inline TRect RoundToPixels(const TRealRect& R) {
+    return {RoundToInt(R.Left), RoundToInt(R.Top), RoundToInt(R.Right), RoundToInt(R.Bottom)};
 }
 
 } // namespace kx

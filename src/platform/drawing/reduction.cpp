@@ -7,9 +7,10 @@ namespace kx {
 namespace {
 
 /// Gathers the indexes to keep, which come in ascending order, as ranges and copies each range at once.
+template <class P>
 class TKeeper {
 public:
-    TKeeper(std::span<const TPoint> Points, std::vector<TPoint>& Kept) : FPoints(Points), FKept(Kept) {}
+    TKeeper(std::span<const P> Points, std::vector<P>& Kept) : FPoints(Points), FKept(Kept) {}
 
     /// Keeps First..Last and the neighbours of both.
     void Keep(std::size_t First, std::size_t Last) {
@@ -23,24 +24,23 @@ public:
     void Flush() { FKept.insert(FKept.end(), FPoints.begin() + FBegin, FPoints.begin() + FEnd); }
 
 private:
-    std::span<const TPoint> FPoints;
-    std::vector<TPoint>& FKept;
+    std::span<const P> FPoints;
+    std::vector<P>& FKept;
     std::size_t FBegin = 0, FEnd = 0;
 };
 
-} // namespace
-
-void ReducePolyline(std::span<const TPoint> Points, std::vector<TPoint>& Kept) {
+template <class P>
+void Reduce(std::span<const P> Points, std::vector<P>& Kept) {
     Kept.clear();
     TKeeper keeper(Points, Kept);
     const std::size_t count = Points.size();
     for (std::size_t next = 0; next < count;) {
         const std::size_t first = next;
-        const int x = Points[first].X;
+        const auto x = Points[first].X;
         std::size_t highest = first, lowest = first;
-        int top = Points[first].Y, bottom = top;
+        auto top = Points[first].Y, bottom = top;
         while (++next < count && Points[next].X == x) {
-            const int y = Points[next].Y;
+            const auto y = Points[next].Y;
             if (y < top) {
                 top = y;
                 highest = next;
@@ -58,6 +58,14 @@ void ReducePolyline(std::span<const TPoint> Points, std::vector<TPoint>& Kept) {
         for (std::size_t index : {first, early, late, last}) keeper.Keep(index, index);
     }
     keeper.Flush();
+}
+
+} // namespace
+
+void ReducePolyline(std::span<const TPoint> Points, std::vector<TPoint>& Kept) { Reduce(Points, Kept); }
+
+void ReducePolyline(std::span<const TRealPoint> Points, std::vector<TRealPoint>& Kept) {
+    Reduce(Points, Kept);
 }
 
 } // namespace kx

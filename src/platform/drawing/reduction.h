@@ -16,5 +16,6 @@ inline constexpr int CReductionThreshold = 512;
 /// last, and the neighbours of each kept point (a joint looks back at the line before). The first and the
 /// last of Points are kept. One pass, no allocation but in Kept, which is reused.
 void ReducePolyline(std::span<const TPoint> Points, std::vector<TPoint>& Kept);
+void ReducePolyline(std::span<const TRealPoint> Points, std::vector<TRealPoint>& Kept);
 
 } // namespace kx

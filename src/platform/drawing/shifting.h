@@ -14,5 +14,15 @@ inline TRect Shifted(const TRect& Rect, TPoint By) {
     return {Shifted(Rect.Left, By.X), Shifted(Rect.Top, By.Y), Shifted(Rect.Right, By.X),
             Shifted(Rect.Bottom, By.Y)};
 }
+inline double Shifted(double Place, double By) {
+    return std::clamp(Place + By, -double(CMaxPixel), double(CMaxPixel));
+}
+inline TRealPoint Shifted(TRealPoint Point, TRealPoint By) {
+    return {Shifted(Point.X, By.X), Shifted(Point.Y, By.Y)};
+}
+inline TRealRect Shifted(const TRealRect& Rect, TRealPoint By) {
+    return {Shifted(Rect.Left, By.X), Shifted(Rect.Top, By.Y), Shifted(Rect.Right, By.X),
+            Shifted(Rect.Bottom, By.Y)};
+}
 
 } // namespace kx

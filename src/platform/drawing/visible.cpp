@@ -115,17 +115,21 @@ private:
 
 } // namespace
 
-std::vector<TPoint> VisiblePlaces(std::span<const TPoint> Places, const TRecording& One, TSize Extent) {
+std::vector<TRealPoint> VisiblePlaces(TPointSpan Places, const TRecording& One, TSize Extent) {
+    std::vector<TRealPoint> visible;
+    const auto all = Places.Exact(visible);
     std::optional<TCoverage> coverage;
-    if (One.Calls.size() == 1 && double(Extent.Width) * Extent.Height <= CLargestExtent)
+    if (!Places.IsExact() && One.Calls.size() == 1 && double(Extent.Width) * Extent.Height <= CLargestExtent)
         coverage = std::visit(TCoverageOfCall(), One.Calls[0]);
-    if (!coverage || Extent.Width < 1 || Extent.Height < 1) return {Places.begin(), Places.end()};
+    if (!coverage || Extent.Width < 1 || Extent.Height < 1) return {all.begin(), all.end()};
+    std::vector<TPoint> none;
+    const auto places = Places.Whole(none);
     const TRect near{-2 * CLargestShape, -2 * CLargestShape, Extent.Width + 2 * CLargestShape,
                      Extent.Height + 2 * CLargestShape};
-    std::vector<TPoint> visible;
+    visible.clear();
     TCover cover(Extent, *coverage);
-    for (std::size_t i = Places.size(); i-- > 0;)
-        if (near.Contains(Places[i]) && cover.Shows(Places[i])) visible.push_back(Places[i]);
+    for (std::size_t i = places.size(); i-- > 0;)
+        if (near.Contains(places[i]) && cover.Shows(places[i])) visible.push_back(places[i]);
     std::ranges::reverse(visible);
     return visible;
 }
@@ -133,12 +137,13 @@ std::vector<TPoint> VisiblePlaces(std::span<const TPoint> Places, const TRecordi
 std::optional<TDisc> DiscOf(const TRecording& One) {
     const auto* circle = One.Calls.size() == 1 ? std::get_if<TRecording::TEllipse>(&One.Calls[0]) : nullptr;
     if (!circle) return std::nullopt;
-    const auto& [rect, stroke, fill] = *circle;
+    const TStroke& stroke = circle->Stroke;
+    const TFill& fill = circle->Fill;
+    const TRealRect rect = circle->Exact.value_or(circle->Rect);
     const bool isOneColor = fill.Style == bsSolid && stroke.Style == psSolid && stroke.Width <= 1 &&
                             fill.Color == stroke.Color && Copies(stroke) && Copies(fill);
     if (!isOneColor || rect.Width() != rect.Height() || rect.Width() < 2) return std::nullopt;
-    return TDisc{(rect.Left + double(rect.Right)) / 2, (rect.Top + double(rect.Bottom)) / 2, rect.Width(),
-                 fill.Color};
+    return TDisc{(rect.Left + rect.Right) / 2, (rect.Top + rect.Bottom) / 2, rect.Width(), fill.Color};
 }
 
 } // namespace kx

@@ -1,11 +1,10 @@
 #pragma once
 // Of one picture at many places, those places where something of it is to be seen.
 
-#include <kxgraph/platform/drawing/geometry.h>
+#include <kxgraph/platform/drawing/pointspan.h>
 #include <kxgraph/platform/text/colors.h>
 
 #include <optional>
-#include <span>
 #include <vector>
 
 namespace kx {
@@ -16,12 +15,12 @@ class TRecording;
 /// later ones cover. What counts as covered has no gap at any scale: every pixel that is touched lies wholly
 /// in a solid ellipse or rectangle of one later picture. Places far outside are left out. Every place of a
 /// picture that does more than to draw one shape in copy mode stays.
-std::vector<TPoint> VisiblePlaces(std::span<const TPoint> Places, const TRecording& One, TSize Extent);
+std::vector<TRealPoint> VisiblePlaces(TPointSpan Places, const TRecording& One, TSize Extent);
 
 /// A disc of one colour: what a thick line without length and with round ends shows.
 struct TDisc {
     double X, Y; ///< of the middle, in pixels with fractions: 0.5 is the middle of pixel 0
-    int Diameter;
+    double Diameter;
     TColor Color;
 };
 
