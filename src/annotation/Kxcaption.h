@@ -69,10 +69,19 @@ TKxParsedCaption ParseCaption(std::string_view Text);
 
 /// The advance width in the canvas's font.
 int MeasureCaption(const TKxParsedCaption& Caption, TCanvas& Canvas);
-/// Paints with the first character cell's top left at (X, Y), in the canvas's font, one character at a time.
-/// Angle is the writing direction in tenths of a degree, counter-clockwise. The canvas's font is restored,
-/// also when a device raises.
-void PaintCaption(const TKxParsedCaption& Caption, TCanvas& Canvas, int X, int Y, int Angle);
+/// What of a caption stays where it was laid out where letters are set as the font's design has them, and the
+/// text has another width than on the screen.
+struct TKxCaptionAnchor {
+    double Along = 0;   ///< 0 the left, 0.5 the middle, 1 the right of the text
+    TRealPoint Apart{}; ///< from the whole pixels of the layout to where it ought to be
+};
+
+/// Paints with the first character cell's top left at (X, Y), in the canvas's font: on whole pixels one
+/// character at a time, on a smooth device run by run with fractional advances, Anchor kept. Angle is the
+/// writing direction in tenths of a degree, counter-clockwise. The canvas's font is restored, also when a
+/// device raises.
+void PaintCaption(const TKxParsedCaption& Caption, TCanvas& Canvas, int X, int Y, int Angle,
+                  const TKxCaptionAnchor& Anchor = {});
 
 /// What RichPaintTo is given and gives back.
 struct TKxCaptionRec {
@@ -85,6 +94,7 @@ struct TKxCaptionRec {
     std::int32_t SelStart = -1; ///< first highlighted shown character, 0-based; -1 for none
     std::int32_t SelEnd = -1;   ///< one past the last highlighted one; -1 for none
     bool Paint = false;         ///< false only measures
+    TKxCaptionAnchor Anchor{};  ///< kept on smooth devices, which show no selection
     bool ShowSelection = false; ///< the highlighted characters take the highlight text colour
     std::string Stripped;       ///< out: the shown text without the backslashes that "\\" shows
 

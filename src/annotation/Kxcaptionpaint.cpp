@@ -77,6 +77,40 @@ private:
     TPoint FRaised, FLowered;
 };
 
+/// The width of a caption as smooth devices show it, or the runs themselves with Put called for each.
+template <class F>
+double WalkExactly(const TKxParsedCaption& Caption, TCanvas& Canvas, const TFont& Base, int Angle, F Put) {
+    double along = 0;
+    for (const TKxCaptionRun& run : Caption.Runs) {
+        TakeLooks(run.Looks, Base, Angle, Canvas.Font);
+        Put(run, along);
+        along += Canvas.ExactTextWidth(run.Text);
+    }
+    return along;
+}
+
+/// Where the caption begins whose anchor is to stay.
+TRealPoint ExactStart(const TKxCaptionAnchor& Anchor, TPoint Start, const TKxDirection& Direction,
+                      double WidthOnScreen, double Width) {
+    const double back = Anchor.Along * (WidthOnScreen - Width);
+    return {Start.X + Anchor.Apart.X + back * double(Direction.Cos),
+            Start.Y + Anchor.Apart.Y - back * double(Direction.Sin)};
+}
+
+void PaintExactly(const TKxParsedCaption& Caption, TCanvas& Canvas, const TFont& Base, TPoint Start,
+                  int Angle, const TKxCaptionAnchor& Anchor, int WidthOnScreen) {
+    const TKxDirection direction = DirectionOf(Angle);
+    const double width = WalkExactly(Caption, Canvas, Base, Angle, [](auto&, double) {});
+    const TRealPoint start = ExactStart(Anchor, Start, direction, WidthOnScreen, width);
+    const TCaptionPen levels({}, Angle, Base);
+    WalkExactly(Caption, Canvas, Base, Angle, [&](const TKxCaptionRun& Run, double Along) {
+        const TPoint level = levels.PlaceOf(Run.Looks);
+        Canvas.TextOut(TRealPoint{start.X + level.X + Along * double(direction.Cos),
+                                  start.Y + level.Y - Along * double(direction.Sin)},
+                       Run.Text);
+    });
+}
+
 void ClearArrays(TKxCaptionRec& Rec, int Length) {
     Rec.CharPos = TDynArray<std::int32_t>(Length);
     Rec.CharIndex = TDynArray<std::int32_t>(Length);
@@ -118,8 +152,14 @@ int MeasureCaption(const TKxParsedCaption& Caption, TCanvas& Canvas) {
     return width;
 }
 
-void PaintCaption(const TKxParsedCaption& Caption, TCanvas& Canvas, int X, int Y, int Angle) {
+void PaintCaption(const TKxParsedCaption& Caption, TCanvas& Canvas, int X, int Y, int Angle,
+                  const TKxCaptionAnchor& Anchor) {
     const TFontKeeper font(Canvas.Font);
+    if (Canvas.IsSmooth()) {
+        int width = 0;
+        ForEachCharacter(Caption, Canvas, font.Base, 0, [&](auto, int Width, auto&, int) { width += Width; });
+        return PaintExactly(Caption, Canvas, font.Base, {X, Y}, Angle, Anchor, width);
+    }
     TCaptionPen pen({X, Y}, Angle, font.Base);
     ForEachCharacter(Caption, Canvas, font.Base, Angle,
                      [&](std::string_view Character, int Width, const TKxCaptionRun& Run, int) {
@@ -140,8 +180,9 @@ void RichPaintTo(TKxCaptionRec& Rec) {
     const TFontKeeper font(canvas.Font);
     TCaptionPen pen({Rec.X, Rec.Y}, Rec.Angle, font.Base);
     int shown = 0;
+    const bool exactly = Rec.Paint && canvas.IsSmooth(), paints = Rec.Paint && !exactly;
     const auto show = [&](std::string_view Character, int Width, const TKxCaptionRun& Run, int Index) {
-        if (Rec.Paint) {
+        if (paints) {
             const bool selected = Rec.ShowSelection && Rec.SelStart <= shown && shown < Rec.SelEnd;
             canvas.Font.SetColor(selected ? clHighlightText : font.Base.GetColor());
             const TPoint place = pen.PlaceOf(Run.Looks);
@@ -154,6 +195,7 @@ void RichPaintTo(TKxCaptionRec& Rec) {
         ++shown;
     };
     ForEachCharacter(caption, canvas, font.Base, Rec.Angle, show);
+    if (exactly) PaintExactly(caption, canvas, font.Base, {Rec.X, Rec.Y}, Rec.Angle, Rec.Anchor, Rec.Width);
 }
 
 } // namespace kx

@@ -6,6 +6,14 @@
 
 namespace kx {
 
+namespace {
+
+double AnchorOf(TAlignment Alignment) {
+    return Alignment == taCenter ? 0.5 : Alignment == taRightJustify ? 1 : 0;
+}
+
+} // namespace
+
 /// Where the caption begins in the label, and the label's size.
 struct TKxCustomLabel::TExtent {
     TPoint Start;
@@ -114,7 +122,7 @@ void TKxCustomLabel::Paint() {
     canvas.Font.Assign(GetFont());
     // A slanted last letter reaches over the cell that it is measured by, and so does a viewer's other font.
     if (GetAutoSize()) canvas.SetClip(std::nullopt);
-    PaintCaption(FParsed, canvas, FPaintX, FPaintY, TurnedBy());
+    PaintCaption(FParsed, canvas, FPaintX, FPaintY, TurnedBy(), {AnchorOf(GetAlignment())});
 }
 
 } // namespace kx

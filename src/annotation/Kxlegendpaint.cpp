@@ -52,7 +52,8 @@ void TKxLegend::PaintTexts() {
     canvas.Brush.SetStyle(bsClear);
     canvas.Font.Assign(GetFont());
     if (FShowTitle)
-        PaintCaption(FTitle, canvas, std::max(Padding(), (GetWidth() - FTitleWidth) / 2), Padding(), 0);
+        PaintCaption(FTitle, canvas, std::max(Padding(), (GetWidth() - FTitleWidth) / 2), Padding(), 0,
+                     {0.5});
     for (const TEntry& entry : FEntries)
         if (!entry.Rect.Intersected(inside).IsEmpty())
             PaintCaption(entry.Caption, canvas, entry.Rect.Left + FSampleWidth + FGap, entry.Rect.Top, 0);

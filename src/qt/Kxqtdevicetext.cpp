@@ -7,7 +7,8 @@ namespace kx::qt {
 
 namespace {
 
-/// Draws characters at their measured places. The painter's origin is the top left of the first cell.
+/// Draws characters at their places on the screen, whole pixels. The painter's origin is the top left of the
+/// first cell.
 class TTextLine {
 public:
     TTextLine(QPainter& Painter, TQtFont& Font, double Scale)
@@ -15,6 +16,7 @@ public:
 
     /// A combining mark is drawn together with the character that it stands on.
     void Draw(std::string_view Text) {
+        FPainter.setFont(FFont.At(FScale));
         int x = 0;
         for (std::size_t i = 0; i < Text.size();) {
             const int begin = x;
@@ -29,6 +31,12 @@ public:
         }
         FWidth = x;
     }
+    /// As the font's design has them.
+    void DrawExactly(std::string_view Text) {
+        FPainter.setFont(FFont.Exact());
+        FPainter.drawText(QPointF(0, FBaseline), QString::fromStdString(ToValidUtf8(Text)));
+        FWidth = FFont.ExactWidth(Text);
+    }
     void Rule(const TQtFont::TRule& Rule, const QColor& Color) {
         FPainter.fillRect(
             QRectF(0, (Rule.Middle - Rule.Thickness / 2) * FScale, FWidth * FScale, Rule.Thickness * FScale),
@@ -39,7 +47,7 @@ private:
     QPainter& FPainter;
     TQtFont& FFont;
     double FScale, FBaseline;
-    int FWidth = 0;
+    double FWidth = 0;
 };
 
 } // namespace
@@ -60,15 +68,17 @@ void TPainterDevice::Text(TRealPoint Place, const TFontFace& Face, TColor Color,
         pos.Y > FClip.Bottom + reach)
         return;
     SetMode(pmCopy, Face.Angle != 0);
-    const QFont& scaled = font.At(FScale);
     const QColor color = ColorOf(Color, pmCopy);
     FPainter.save();
-    FPainter.setFont(scaled);
     FPainter.setPen(color);
     FPainter.translate(pos.X * FScale, pos.Y * FScale);
     FPainter.rotate(-Face.Angle / 10.0);
-    TTextLine line(FPainter, font, FScale);
-    line.Draw(Text);
+    if (IsSmooth()) FPainter.scale(FScale, FScale);
+    TTextLine line(FPainter, font, IsSmooth() ? 1 : FScale);
+    if (IsSmooth())
+        line.DrawExactly(Text);
+    else
+        line.Draw(Text);
     if (Face.Style & fsUnderline) line.Rule(font.Underline(), color);
     if (Face.Style & fsStrikeOut) line.Rule(font.StrikeOut(), color);
     FPainter.restore();

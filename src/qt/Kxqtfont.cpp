@@ -113,7 +113,8 @@ TQtFont::TQtFont(const TFontFace& Face) : FFont(FontOf(Face)) {
     constexpr int largest = 2000;
     const int height = std::clamp(Face.Height, -largest, largest);
     FFont.setPixelSize(std::max(1, height > 0 ? EmOfCell(FFont, height) : -height));
-    FScaled = FFont;
+    FScaled = FExact = FFont;
+    FExact.setHintingPreference(QFont::PreferNoHinting);
     const QFontMetricsF metrics(FFont);
     FAscent = AscentOf(metrics);
     FCellHeight = CellHeightOf(metrics);
@@ -143,6 +144,10 @@ TSize TQtFont::Measure(std::string_view Text) {
         i += std::size_t(character.Length);
     }
     return size;
+}
+
+double TQtFont::ExactWidth(std::string_view Text) const {
+    return QFontMetricsF(FExact).horizontalAdvance(QString::fromStdString(ToValidUtf8(Text)));
 }
 
 const QFont& TQtFont::At(double Scale) {

@@ -32,6 +32,10 @@ public:
     int Advance(char32_t Character);
     /// Advances summed character by character: no kerning, so that captions measured in pieces fit.
     TSize Measure(std::string_view Text);
+    /// The same as the font's design has it, with fractions of a pixel.
+    double ExactWidth(std::string_view Text) const;
+    /// The font without hinting: its letters stand where ExactWidth has them, at every scale.
+    const QFont& Exact() const { return FExact; }
     /// The font for a device of that many pixels per logical pixel.
     const QFont& At(double Scale);
     /// Distance of the line's middle from the top of the cell and its thickness, in logical pixels.
@@ -42,7 +46,7 @@ public:
     TRule StrikeOut() const { return FStrikeOut; }
 
 private:
-    QFont FFont, FScaled;
+    QFont FFont, FScaled, FExact;
     double FScale = 1;
     int FAscent = 0, FCellHeight = 0;
     TRule FUnderline{}, FStrikeOut{};

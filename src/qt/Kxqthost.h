@@ -10,6 +10,7 @@ namespace kx::qt {
 class TQtHost : public THeadlessHost {
 public:
     TSize MeasureText(const TFontFace& Face, std::string_view Text) const override;
+    double ExactTextWidth(const TFontFace& Face, std::string_view Text) const override;
 };
 
 /// Raises Exception "... call kx::qt::Install() first" while the application is on another host: Qt's fonts

@@ -173,7 +173,7 @@ void TSvgDevice::AddDiscs(std::span<const TRealPoint> Places, const TDisc& Disc)
 }
 
 void TSvgDevice::Add(std::string Head, const std::string& Style) {
-    EndText(FText, *this, FBody);
+    EndText(FText, FBody);
     FText.Clear();
     FBody.SetClip(FClip);
     FBody.Add(std::move(Head), Style);
@@ -241,21 +241,21 @@ void TSvgDevice::Text(TRealPoint Pos, const TFontFace& Face, TColor Color, std::
     const std::string shown = ShownText(Text);
     if (IsHidden() || shown.empty() || !WindowFor({}).Contains(RoundToPixel(Pos))) return;
     if (!FText.ContinuesAt(Pos, Face, Color, FClip)) {
-        EndText(FText, *this, FBody);
+        EndText(FText, FBody);
         FText.Begin(Pos, Face, Color, FClip);
     }
     FText.Append(Pos, shown, MeasureText(Face, shown).Width);
 }
 
-void TSvgDevice::EndText(const TSvgText& Text, const TCanvasDevice& Device, TSvgBody& Body) {
+void TSvgDevice::EndText(const TSvgText& Text, TSvgBody& Body) {
     if (Text.IsEmpty()) return;
     Body.SetClip(Text.GetClip());
-    Body.Add(Text.Head(Device), Text.Style(), Text.Tail());
+    Body.Add(Text.Head(), Text.Style(), Text.Tail());
 }
 
 std::string TSvgDevice::Document() const {
     TSvgBody body = FBody;
-    EndText(FText, *this, body);
+    EndText(FText, body);
     const std::string width = Decimal(FWidth), height = Decimal(FHeight);
     std::string text = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg";
     text += Attribute("xmlns", "http://www.w3.org/2000/svg") + Attribute("width", Decimal(FWidth * FScale)) +

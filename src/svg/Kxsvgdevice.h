@@ -56,7 +56,7 @@ private:
     std::string FillStyle(const TFill& Fill);
     TRect WindowFor(const TStroke& Stroke, int Margin = 4096) const;
     bool IsHidden() const { return FClip && FClip->IsEmpty(); }
-    static void EndText(const svg::TSvgText& Text, const TCanvasDevice& Device, svg::TSvgBody& Body);
+    static void EndText(const svg::TSvgText& Text, svg::TSvgBody& Body);
 
     TSize FSize;
     double FScale, FWidth, FHeight;

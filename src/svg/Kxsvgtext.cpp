@@ -58,6 +58,7 @@ TSvgText::TOffset TSvgText::OffsetOf(TRealPoint Pos) const {
 bool TSvgText::ContinuesAt(TRealPoint Pos, const TFontFace& Face, TColor Color,
                            const std::optional<TRect>& Clip) const {
     if (IsEmpty() || Face != FFace || Color != FColor || Clip != FClip) return false;
+    if (FIsRun) return false;
     const TOffset offset = OffsetOf(Pos);
     const double tolerance = FFace.Angle % 900 == 0 ? 0.5 : 1.5;
     return std::abs(offset.Across) <= tolerance && std::abs(offset.Along - FEnd) <= EmSquare() / 4;
@@ -65,6 +66,7 @@ bool TSvgText::ContinuesAt(TRealPoint Pos, const TFontFace& Face, TColor Color,
 
 void TSvgText::Append(TRealPoint Pos, std::string_view Text, int Width) {
     const double along = OffsetOf(Pos).Along;
+    FIsRun = CharacterCount(Text) > 1;
     FPieces.push_back({along, std::string(Text)});
     FEnd = along + Width;
 }
@@ -73,24 +75,14 @@ double TSvgText::EmSquare() const {
     return std::max(1.0, FFace.Height > 0 ? FFace.Height / CCell : -double(FFace.Height));
 }
 
-std::string TSvgText::Positions(const TCanvasDevice& Device) const {
+std::string TSvgText::Positions() const {
     std::string list;
-    const auto append = [&](double Along) {
-        if (!list.empty()) list += ' ';
-        list += Decimal(FStart.X + Along);
-    };
-    for (const TPiece& piece : FPieces) {
-        append(piece.Along);
-        if (&piece == &FPieces.back()) break; // its other letters follow by themselves
-        const std::string_view text = piece.Text;
-        for (std::size_t i = DecodeAt(text, 0).Length; i < text.size(); i += DecodeAt(text, i).Length)
-            append(piece.Along + Device.MeasureText(FFace, text.substr(0, i)).Width);
-    }
+    for (const TPiece& piece : FPieces) (list += list.empty() ? "" : " ") += Decimal(FStart.X + piece.Along);
     return list;
 }
 
-std::string TSvgText::Head(const TCanvasDevice& Device) const {
-    std::string head = "<text" + Attribute("x", Positions(Device)) +
+std::string TSvgText::Head() const {
+    std::string head = "<text" + Attribute("x", Positions()) +
                        Attribute("y", Decimal(FStart.Y + std::round(EmSquare() * CAscent)));
     if (FFace.Angle % 3600 != 0)
         head += Attribute("transform", "rotate(" + Decimal(-(FFace.Angle % 3600) / 10.0) + " " +

@@ -10,8 +10,9 @@
 
 namespace kx::svg {
 
-/// Text in one style on one line, gathered from calls in writing order. Positions are kept, so that the
-/// letters stand where they were drawn whatever font the viewer has.
+/// A run of text, or letters in one style on one line, gathered from calls in writing order. Where letters
+/// came one by one, their positions are kept, so that they stand where they were drawn whatever font the
+/// viewer has.
 ///
 /// The baseline lies 0.905 of the em square below the top of the cell, to the nearest pixel, as in Arial and
 /// the fonts made to its measures; a positive font height (a cell) counts as 1.117 em squares.
@@ -25,14 +26,15 @@ public:
     void Begin(TRealPoint Pos, const TFontFace& Face, TColor Color, const std::optional<TRect>& Clip);
     /// Whether a piece at Pos goes on with this line: the same style and clip, on the same baseline (within a
     /// pixel and a half along slanted lines, where positions are rounded), where the last piece ended or up
-    /// to a quarter of the em square beside that.
+    /// to a quarter of the em square beside that. Nothing goes on with a run of letters: they are set as the
+    /// viewer's font has them.
     bool ContinuesAt(TRealPoint Pos, const TFontFace& Face, TColor Color,
                      const std::optional<TRect>& Clip) const;
     /// Appends a piece drawn at Pos, whose advance width is Width.
     void Append(TRealPoint Pos, std::string_view Text, int Width);
 
-    /// The parts of the element for a body; Device measures.
-    std::string Head(const TCanvasDevice& Device) const;
+    /// The parts of the element for a body.
+    std::string Head() const;
     std::string Style() const;
     std::string Tail() const;
 
@@ -46,7 +48,7 @@ private:
     };
     TOffset OffsetOf(TRealPoint Pos) const;
     double EmSquare() const;
-    std::string Positions(const TCanvasDevice& Device) const;
+    std::string Positions() const;
 
     TRealPoint FStart;
     TFontFace FFace;
@@ -54,6 +56,7 @@ private:
     std::optional<TRect> FClip;
     std::vector<TPiece> FPieces;
     double FEnd = 0;
+    bool FIsRun = false; // the last piece is more than a letter
 };
 
 } // namespace kx::svg

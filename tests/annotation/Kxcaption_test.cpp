@@ -4,6 +4,8 @@
 #include "support/recording.h"
 
 #include <kxgraph/platform/drawing/recording.h>
+#include <kxgraph/platform/drawing/screentext.h>
+#include <kxgraph/platform/host/application.h>
 
 #include <gtest/gtest.h>
 
@@ -65,6 +67,43 @@ TEST(Captions, EscapesAreTakenOutAndSwallowOneBlank) {
     }
     for (const char* text : {"a b", "\\", "\\ x", "\\  \\b\\\\ ", "C:\\sub dir\\x", "\xC3\xA4\\ \xC3\xA4"})
         EXPECT_EQ(Shown(EscapeCaption(text)), text) << "plain text shows literally";
+}
+
+/// A screen whose letters are 6.5 pixels wide by design and 6 as shown.
+struct TFineScreen : TScreenText {
+    TFineScreen() { SetScreenText(this); }
+    ~TFineScreen() { SetScreenText(&TApplication::Instance().GetHost()); }
+    TSize MeasureText(const TFontFace& Face, std::string_view Text) const override {
+        return FixedTextSize(Face, Text);
+    }
+    double ExactTextWidth(const TFontFace&, std::string_view Text) const override {
+        return 6.5 * CharacterCount(Text);
+    }
+};
+
+TEST(Captions, OnSmoothDevicesRunsFollowEachOtherAndTheAnchorStays) {
+    const TFineScreen screen;
+    const struct {
+        double Along;
+        int Angle;
+        TRealPoint First, Second; // of eight letters two, then six
+    } cases[] = {{0, 0, {100.25, 200}, {113.25, 200}},
+                 {0.5, 0, {98.25, 200}, {111.25, 200}},
+                 {1, 0, {96.25, 200}, {109.25, 200}},
+                 {1, 900, {100.25, 204}, {100.25, 191}}};
+    for (const auto& c : cases) {
+        TSheet sheet("ab\\b cdefgh");
+        sheet.Device = TRecorder({400, 400}, 96, false, true);
+        sheet.Rec.Angle = c.Angle;
+        sheet.Rec.Anchor = {c.Along, {0.25, 0}};
+        const auto texts = sheet.Run();
+        ASSERT_EQ(texts.size(), 2u);
+        EXPECT_EQ(texts[0].Text + "|" + texts[1].Text, "ab|cdefgh");
+        EXPECT_EQ(texts[0].Exact.value_or(texts[0].Pos), c.First);
+        EXPECT_EQ(texts[1].Exact.value_or(texts[1].Pos), c.Second);
+        EXPECT_EQ(sheet.Rec.Width, 48);
+        EXPECT_EQ(sheet.Rec.CharPos[7], 48);
+    }
 }
 
 TEST(Captions, EveryEscapeTogglesItsOwnLookAndTheFontComesBack) {

@@ -86,7 +86,7 @@ TEST(SvgText, WritesFacesDirectionsAndPositions) {
     for (unsigned style = 0; style < 16; style += 5)
         device.Text({1, 1}, {"Own", -12, style, fpFixed, 0}, clNavy, "a");
     Write(device, {20, 200}, {"Arial", -10, 0, fpDefault, 900}, "a b");
-    // Longer pieces: a position for every letter but the last piece's.
+    // Nothing goes on with a run of letters.
     device.Text({10, 10}, CFace, clBlack, "abc");
     device.Text({29, 10}, CFace, clBlack, "\xCE\xA9x");
     device.Text({40, 10}, CFace, clBlack, "de");

@@ -102,6 +102,10 @@ TSize TCanvas::TextExtent(std::string_view Text) const {
     return FDevice ? FDevice->MeasureText(Face(), shown) : MeasureScreenText(Face(), shown);
 }
 
+double TCanvas::ExactTextWidth(std::string_view Text) const {
+    return kx::ExactTextWidth(Face(), IsSymbolFont(Font) ? SymbolText(Text) : std::string(Text));
+}
+
 void TCanvas::Stamps(TPointSpan Places, const TRecording& One) {
     if (!FDevice || Places.IsEmpty()) return;
     FDevice->Stamps(FMover.Moved(Places, FOrigin), One);

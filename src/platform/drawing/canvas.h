@@ -53,6 +53,8 @@ public:
     int TextHeight(std::string_view Text) const { return TextExtent(Text).Height; }
     /// Measured with the screen's metrics when the canvas has no device.
     TSize TextExtent(std::string_view Text) const;
+    /// The advance width with fractions of a pixel, as smooth devices show it.
+    double ExactTextWidth(std::string_view Text) const;
     bool CanXor() const { return FDevice && FDevice->CanXor(); }
     /// Whether exact places show as such; without a device they do not.
     bool IsSmooth() const { return FDevice && FDevice->IsSmooth(); }
