@@ -2,8 +2,11 @@
 // A text table as measuring programs write it: finds out by looking how it is built, and reads the columns
 // that are asked for.
 
-#include <kxgraph/platform/base/exceptions.h>
-#include <kxgraph/table/Kxtablerows.h>
+#include <kxgraph/table/Kxtablebody.h>
+#include <kxgraph/table/Kxtablecolumn.h>
+#include <kxgraph/table/Kxtableerror.h>
+#include <kxgraph/table/Kxtableformat.h>
+#include <kxgraph/table/Kxtabletext.h>
 
 #include <cstddef>
 #include <string>
@@ -12,17 +15,12 @@
 
 namespace kx {
 
-/// A table cannot be read; the message begins with the file's name, and the line where there is one.
-class ETableError : public Exception {
-    using Exception::Exception;
-};
-
-/// Whether the first row is a header. Guess: it is one when any of its cells is a text that stands over
-/// numbers or over nothing; a row whose texts stand in columns of texts is data.
-enum class TKxHeaderRow { Guess, Present, Absent };
-
-/// One table in memory. Lines that begin with '#' and empty lines count for nothing; a byte-order mark, CR LF
-/// and quoted cells ("" for a quote in one) are understood; with semicolons or tabs also a decimal comma.
+/// One table in memory. It is read as a person would: lines that begin with '#', '%', '!', '@' or ';' (where
+/// that is no separator) and empty lines count for nothing; a header is found above the numbers, in the last
+/// comment, one cell short, or below a preamble, with a row of units under it; quoted cells ("" for a quote
+/// in one), CR LF, a byte-order mark, UTF-16 and Latin-1 are understood; with semicolons or tabs also a
+/// decimal comma. Cells may be numbers (TKxCells, grouped thousands where the column proves them), dates
+/// (TKxDateCell) or texts. What cannot be decided is refused rather than guessed; TKxTableFormat decides it.
 /// The text is not copied and no cell is kept: of the whole table the object holds what it found out about
 /// its columns, and each ReadColumns goes through the rows again.
 ///
@@ -33,56 +31,64 @@ class TKxTable {
 public:
     /// Looks at the head of Text, which must outlive the table. Name stands in messages. Raises ETableError
     /// for a table without rows.
+    TKxTable(std::string_view Text, std::string Name, TKxTableFormat Format);
     TKxTable(std::string_view Text, std::string Name, TKxHeaderRow Header = TKxHeaderRow::Guess);
 
     const std::string& GetName() const { return FName; }
-    TKxSeparator GetSeparator() const { return FSeparator; }
-    int GetColumnCount() const { return static_cast<int>(FKinds.size()); }
-    bool HasHeader() const { return !FHeaders.empty(); }
+    /// What was found out by looking.
+    const TKxTableShape& GetShape() const { return FShape; }
+    TKxSeparator GetSeparator() const { return FShape.Separator; }
+    int GetColumnCount() const { return static_cast<int>(FShape.Kinds.size()); }
+    bool HasHeader() const { return !FShape.Headers.empty(); }
     /// Header text of a column, zero-based; empty without header.
     std::string GetHeader(int Column) const;
-    /// Whether the first cell below the header that is not empty is a number, or most of the next ones are: a
-    /// text before numbers is no reason to leave a column out, it is told when the column is read.
-    bool IsNumeric(int Column) const { return KindOf(Column) == TKind::Numbers; }
+    /// What stands below the header in a row of units; empty without one.
+    std::string GetUnit(int Column) const;
+    /// What the cells of a column are, judged by the first ones.
+    TKxColumnKind GetKind(int Column) const { return FShape.Kinds[static_cast<std::size_t>(Column)]; }
+    bool IsNumeric(int Column) const { return GetKind(Column) == TKxColumnKind::Numbers; }
+    bool IsDate(int Column) const { return GetKind(Column) == TKxColumnKind::Dates; }
     /// Whether a column has a header text and no cell that is not empty.
     bool IsWithoutValues(int Column) const {
-        return KindOf(Column) == TKind::Empty && !GetHeader(Column).empty();
+        return GetKind(Column) == TKxColumnKind::Empty && !GetHeader(Column).empty();
     }
     /// Header text, or the number of a column without one, in characters that can be shown.
     std::string ColumnName(int Column) const;
     /// The same for messages: no longer than 60 characters.
     std::string ShownName(int Column) const;
     /// Zero-based column for a header text or a 1-based number; a header text goes first. Raises ETableError
-    /// for a column that the table lacks, or one that is not numeric.
+    /// for a column that the table lacks.
+    int FindColumn(const std::string& Column) const;
+    /// The same; raises ETableError for one of neither numbers nor dates too.
     int FindNumericColumn(const std::string& Column) const;
 
-    /// The values of some columns, each named once, row by row; an empty cell is a NaN. Raises ETableError
-    /// for a cell that is no number, or a row with more or fewer cells than the first, naming its line.
+    /// The values of some columns of numbers or dates, each named once, row by row; dates are seconds since
+    /// 1970-01-01 00:00 UTC. A cell that is empty or stands for no value is a NaN, and so is every cell of
+    /// the row between two blocks. Raises ETableError for any other cell, for dates of which nothing tells
+    /// whether the day or the month stands first, and for a row with more or fewer cells than the first,
+    /// naming its line.
     std::vector<std::vector<double>> ReadColumns(const std::vector<int>& Columns) const;
+    /// The cells of a column as UTF-8, without blanks around them; those between blocks are empty. Raises
+    /// ETableError for rows as ReadColumns does.
+    std::vector<std::string> ReadTexts(int Column) const;
 
     /// Raises ETableError about a row that ReadColumns has read, zero-based, naming its line.
     [[noreturn]] void FailInRow(std::size_t Row, const std::string& What) const;
 
 private:
-    enum class TKind { Empty, Numbers, Texts };
-    class TColumnLook;
-    TKind KindOf(int Column) const { return FKinds[static_cast<std::size_t>(Column)]; }
-    void FindSeparator();
-    void ReadHead(TKxHeaderRow Header);
-    bool LooksLikeHeader(const std::vector<std::string>& Row) const;
-    bool LookAtColumns(std::size_t Count);
-    double Value(std::string_view Cell, std::size_t Column, long Line) const;
+    class TReading;
+    TKxTableBody Body() const { return TKxTableBody(FText.Get(), FShape, FFormat); }
+    void CheckRow(const TKxTableBody& Rows, std::size_t Cells) const;
+    void CheckBlock(const TKxTableBody& Rows) const;
+    TKxColumnWay LearnWay(int Column) const;
     std::size_t ExpectedRows() const;
-    [[noreturn]] void Fail(long Line, const std::string& What) const;
+    [[noreturn]] void Fail(long Line, const std::string& What,
+                           TKxTableRemedy Remedy = TKxTableRemedy::None) const;
 
-    std::string_view FText;
+    TKxTableText FText;
     std::string FName;
-    TKxSeparator FSeparator = TKxSeparator::Blanks;
-    bool FDecimalComma = false;
-    std::vector<std::string> FHeaders;
-    std::vector<TKind> FKinds;
-    std::size_t FBodyAt = 0; // where the first row below the header begins
-    long FBodyLine = 1;      // its number in the file
+    TKxTableFormat FFormat;
+    TKxTableShape FShape;
 };
 
 } // namespace kx

@@ -11,14 +11,16 @@ namespace kx {
 /// What stands between the cells of a row.
 enum class TKxSeparator { Comma, Semicolon, Tab, Blanks };
 
-/// Reads rows of cells, skipping comments (lines that begin with '#') and empty lines. Cells are views into
-/// the text, which must outlive the reader, or into a buffer of the reader where quotes had to be taken away;
-/// they are valid until the next cell. Raises nothing: what a cell holds, and whether rows are equally long,
-/// is for the caller to judge.
+/// Reads rows of cells, skipping comments (lines that begin with a comment sign), empty lines and lines of a
+/// lone '&'. Cells are views into the text, which must outlive the reader, or into a buffer of the reader
+/// where quotes had to be taken away; they are valid until the next cell. Raises nothing: what a cell holds,
+/// and whether rows are equally long, is for the caller to judge.
 class TKxRowReader {
 public:
-    /// At is where the first row begins, Line the number of that line, from 1.
-    TKxRowReader(std::string_view Text, std::size_t At, long Line, TKxSeparator Separator);
+    /// At is where the first row begins, Line the number of that line, from 1; Comments are the comment
+    /// signs.
+    TKxRowReader(std::string_view Text, std::size_t At, long Line, TKxSeparator Separator,
+                 std::string_view Comments = "#");
 
     /// Goes to the next row; false at the end of the text.
     bool NextRow();
@@ -26,10 +28,16 @@ public:
     bool NextCell(std::string_view& Cell);
     /// The next cell if it is a plain number, in point form and without quotes; false leaves it to NextCell.
     bool NextNumber(double& Value);
+    /// Whether the cell that NextCell has read was quoted.
+    bool WasQuoted() const { return FWasQuoted; }
+    /// Whether an empty line or a lone '&' stands between this row and the one before.
+    bool IsAfterGap() const { return FAfterGap; }
     /// Whether the text ended inside of quotes.
     bool HasOpenQuote() const { return FOpenQuote; }
     /// Line of the present row, 1-based.
     long Line() const { return FRowLine; }
+    /// Where the present row begins.
+    std::size_t RowPosition() const { return static_cast<std::size_t>(FRowBegin - FBegin); }
     /// Where the next row would begin, and its line.
     std::size_t Position() const { return static_cast<std::size_t>(FPos - FBegin); }
     long NextLine() const { return FLine; }
@@ -41,6 +49,7 @@ private:
     TKind KindAt(const char* Pos) const { return FKinds[static_cast<unsigned char>(*Pos)]; }
     bool AtLineEnd() const { return FPos == FEnd || KindAt(FPos) == EndsLine; }
     bool SkipEmptyAndComments();
+    bool IsCommentOrGap();
     void EndCell();
     void EndLine();
     void EndRow();
@@ -52,12 +61,16 @@ private:
     const char* FPos;
     const char* FEnd;
     const char* FBegin;
+    const char* FRowBegin;
     long FLine;
     long FRowLine = 0;
     bool FByBlanks;
     bool FRowEnded = true;
     bool FOpenQuote = false;
+    bool FWasQuoted = false;
+    bool FAfterGap = false;
     std::array<TKind, 256> FKinds{};
+    std::array<bool, 256> FBeginsNoRow{}; ///< where it is the first character of a line, perhaps
     std::string FBuffer;
 };
 
@@ -84,7 +97,8 @@ inline std::string_view TKxRowReader::PlainCell() {
 inline bool TKxRowReader::NextCell(std::string_view& Cell) {
     if (FRowEnded) return false;
     SkipBlanks();
-    Cell = FPos != FEnd && *FPos == '"' ? QuotedCell() : PlainCell();
+    FWasQuoted = FPos != FEnd && *FPos == '"';
+    Cell = FWasQuoted ? QuotedCell() : PlainCell();
     EndCell();
     return true;
 }
