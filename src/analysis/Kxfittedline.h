@@ -19,14 +19,15 @@ namespace kx {
 class TKxSimplex;
 
 enum TKxFittingMethod {
-    fmSimplex, ///< the downhill simplex (Kxsimplex.h): asks for nothing but values and does all its
-               ///< iterations
-    fmDamped   ///< damped least squares (Kxdamped.h): goes by derivatives and stops at the minimum
+    fmSimplex,    ///< the downhill simplex (Kxsimplex.h): asks for nothing but values and does all its
+                  ///< iterations
+    fmDamped,     ///< damped least squares (Kxdamped.h): goes by derivatives and stops at the minimum
+    fmDampedFirst ///< the same; where that ends at no minimum, once more from what the simplex finds
 };
 
 template <>
-inline constexpr auto CEnumNames<TKxFittingMethod> = std::to_array<std::string_view>({"fmSimplex",
-                                                                                      "fmDamped"});
+inline constexpr auto CEnumNames<TKxFittingMethod> = std::to_array<std::string_view>({"fmSimplex", "fmDamped",
+                                                                                      "fmDampedFirst"});
 
 /// The model: y at X for the given coefficients.
 using TKxFittingFkt = std::function<double(double X, const TKxRealArray& Coefficients)>;
@@ -146,6 +147,8 @@ protected:
     /// Fit: no iterations set!", "Not enough data!" for fewer points than coefficients, "Reciprocal
     /// indefinite!" when all weights are 0.
     void DoFit();
+    /// Whether it is done by damped least squares.
+    bool IsDamped() const { return FMethod != fmSimplex && !FDoCovariance; }
     /// Whether the fit that has just been done is at rest. With CheckConvergence does it again.
     virtual std::optional<bool> TestConvergence();
     /// Whether a sum is smaller than the one Before by more than 1e-8 of that.
@@ -163,7 +166,6 @@ private:
         };
     }
     void StoreFunction(TKxFittingFkt Function, TKxFittingBlockFkt Blocks);
-    bool IsDamped() const { return FMethod == fmDamped && !FDoCovariance; }
     void FindLimits();
     int FreeCount() const;
     TKxRealArray Spread(std::span<const double> Free) const;
@@ -171,6 +173,7 @@ private:
     void RunSimplex(const std::function<bool(const TKxSimplex&)>& Progress) const;
     void DoSimplex();
     void DoDamped();
+    void DoDampedAgain(const TKxRealArray& Start);
     TKxModelValues ModelOverPoints() const;
     TKxModelDerivatives DerivativesOverPoints() const;
     void CollectPoints();

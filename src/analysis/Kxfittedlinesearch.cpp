@@ -41,6 +41,8 @@ void TKxFittedLine::DoFit() {
         DoDamped();
     else
         DoSimplex();
+    if (IsDamped() && FMethod == fmDampedFirst && !FAtMinimum && !FStopped && std::isfinite(FChiSquare))
+        DoDampedAgain(start);
     if (!std::isfinite(FChiSquare)) {
         FCoefficients = start;
         throw EMathError("Fitted Line: the function has no finite value at the start");
@@ -97,6 +99,19 @@ void TKxFittedLine::DoDamped() {
     FCoefficients = ArrayOf(damped.Best());
     FChiSquare = damped.BestValue();
     FAtMinimum = damped.HasConverged();
+}
+
+/// Keeps what it has where that is better.
+void TKxFittedLine::DoDampedAgain(const TKxRealArray& Start) {
+    const TKxRealArray coefficients = FCoefficients;
+    const double chiSquare = FChiSquare;
+    FCoefficients = Start;
+    DoSimplex();
+    if (!FStopped) DoDamped();
+    if (FChiSquare <= chiSquare) return;
+    FCoefficients = coefficients;
+    FChiSquare = chiSquare;
+    FAtMinimum = false;
 }
 
 std::optional<bool> TKxFittedLine::TestConvergence() {

@@ -61,7 +61,7 @@ private:
 /// Makes the formula in Expression the model of Line: Line's Order is the number of coefficients, its
 /// functions evaluate the formula (in blocks, too). Names gives the coefficients' order; without it they are
 /// taken in the order of their first place in the formula. The names are those of the results. Raises
-/// EFormulaError; Line is then unchanged. The coefficients have to be set afterwards, none of them to 0.
+/// EFormulaError; Line is then unchanged. The coefficients have to be set afterwards.
 void SetFormula(TKxFittedLine& Line, const std::string& Expression,
                 const std::vector<std::string>& Names = {});
 

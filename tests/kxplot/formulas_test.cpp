@@ -43,7 +43,8 @@ protected:
 TEST_F(Formulas, RunExactlyAsOftenAsAskedWhateverElseIsDrawn) {
     for (const int times : {1, 3}) {
         const std::string fit =
-            "-y u --fit a*exp(-b*x) --start a=1,b=1 --iterations 4 --repeat " + std::to_string(times);
+            "-y u --fit a*exp(-b*x) --start a=1,b=1 --method simplex --iterations 4 --repeat " +
+            std::to_string(times);
         for (const char* more :
              {"", " --log-y --log-x", " --curve akima --derivative --title T -o p.svg -o p.png",
               " --outfit o.ini --fit a+x --start a=9 --label 1.a --save-outfit o.ini"}) {
@@ -84,7 +85,7 @@ TEST_F(Formulas, CtrlCEndsThemAndKeepsTheBestSoFar) {
     const TTerminal terminal;
     if (!terminal.IsReady()) GTEST_SKIP() << "there are no pseudo-terminals here";
     const pid_t child = Start(Words("d.csv -y u --fit a*exp(-b*x) --start a=1,b=1 --fit a+x --start a=1 "
-                                    "--iterations 1000000000 --results r.ini -o p.svg"),
+                                    "--method simplex --iterations 1000000000 --results r.ini -o p.svg"),
                               "/dev/null", "/dev/null", terminal.Name());
     std::string shown;
     bool interrupted = false;

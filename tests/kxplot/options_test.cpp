@@ -95,6 +95,10 @@ std::string MeaningOf(const TOptions& Options) {
     meaning.Add(fitting.Iterations != 1000, "iterations " + std::to_string(fitting.Iterations));
     meaning.Add(fitting.Repeat != 1, "repeat " + (fitting.Repeat ? std::to_string(*fitting.Repeat) : "auto"));
     meaning.Add(fitting.Covariance, "covariance");
+    meaning.Add(fitting.How.Method != kx::fmDampedFirst,
+                "method " + std::string(kx::CEnumNames<kx::TKxFittingMethod>[fitting.How.Method]));
+    for (const auto& name : fitting.How.Fixed) meaning.Add(true, "fix " + name);
+    for (const auto& bounds : fitting.How.Bounds) meaning.Add(true, "bound " + bounds);
     meaning.Add("from", fitting.From);
     meaning.Add("to", fitting.To);
     meaning.Add("label", labels);

@@ -29,6 +29,13 @@ bool IsUnfinished(const TAnalysis& Analysis) {
     return line && !Analysis.HasFailed() && !line->GetConverged().value_or(true);
 }
 
+const char* WhyUnfinished(const TFitRequest& Fitting) {
+    if (Fitting.How.Method != fmSimplex && !Fitting.Covariance)
+        return "it has ended at no minimum (other values of --start, or more --iterations, may help)";
+    return Fitting.Repeat ? "one more run lowers the sum of squares (--repeat auto goes on)"
+                          : "the last run still lowered the sum of squares";
+}
+
 } // namespace
 
 std::vector<std::string> FailuresOf(const TParts& Parts) {
@@ -45,10 +52,7 @@ std::vector<std::string> RemarksOf(const TParts& Parts) {
     for (const auto& analysis : Parts.Analyses)
         if (IsUnfinished(analysis))
             remarks.push_back(SeriesOf(analysis) + PlainText(analysis.Line->GetCaption()) +
-                              ": the fit has not converged: " +
-                              (Parts.Plan.Fitting.Repeat
-                                   ? "one more run lowers the sum of squares (--repeat auto goes on)"
-                                   : "the last run still lowered the sum of squares"));
+                              ": the fit has not converged: " + WhyUnfinished(Parts.Plan.Fitting));
     return remarks;
 }
 

@@ -28,6 +28,7 @@ void TFormulaLine::Run(std::optional<int> Times, TFitWatch& Watch, const std::st
 
 // A run of several is a test of the one before.
 std::optional<bool> TFormulaLine::TestConvergence() {
+    if (IsDamped()) return TKxFittedLine::TestConvergence();
     if (FTimes) return FRun == *FTimes ? TKxFittedLine::TestConvergence() : std::nullopt;
     return FRun == 1 ? std::nullopt : std::optional(!IsImproved(GetChiSquare(), FBefore));
 }

@@ -38,6 +38,9 @@ void Configure(TKxFittedLine& Line, const TAnalysisRequest& Request, const TFitR
     for (std::size_t i = 0; i < names.size(); ++i) Line.SetCoefficient(int(i), Request.Start[i].Value);
     Line.SetIterations(Fitting.Iterations);
     Line.SetDoCovariance(Fitting.Covariance);
+    Line.SetMethod(Fitting.How.Method);
+    Line.SetFixedCoefficients(Fitting.How.FixedOf(Request));
+    Line.SetBounds(Fitting.How.BoundsOf(Request));
     Line.SetCheckConvergence(true);
 }
 

@@ -52,8 +52,9 @@ void TFitWatch::AfterIteration(kx::TKxFittedLine& Line, const std::string& Title
     if (!FTerminal || TClock::now() - FShown < pause) return;
     FShown = TClock::now();
     if (Line.IsChecking()) return Show(Title + ": one more run as a test");
-    Show(Title + ": iteration " + std::to_string(Line.GetIterationsDone()) + " of " +
-         std::to_string(Line.GetIterations()) + ", chi-square " + Rounded(Line.GetChiSquare()));
+    const int done = Line.GetIterationsDone(), most = Line.GetIterations(); // of each of several searches
+    const std::string of = done > most ? "" : " of " + std::to_string(most);
+    Show(Title + ": iteration " + std::to_string(done) + of + ", chi-square " + Rounded(Line.GetChiSquare()));
 }
 
 void TFitWatch::Calculate(kx::TKxFittedLine& Line, const std::string& Title) {

@@ -25,7 +25,7 @@ struct TAnalysisRequest {
     int Degree = 1;                ///< of a polynomial
     std::optional<double> Setting; ///< a line's offset, Akima's smoothing width, a spline's weight factor
     std::string Formula;
-    std::vector<TStartValue> Start; ///< of the formula's coefficients, in their order; none of them 0
+    std::vector<TStartValue> Start; ///< of the formula's coefficients, in their order
 
     bool IsFit() const { return Method < TMethod::Akima; }
     friend bool operator==(const TAnalysisRequest&, const TAnalysisRequest&) = default;

@@ -49,16 +49,17 @@ void AddFitOptions(CLI::App& App, TArguments& Given) {
             "values as they are. Formulas have the point as decimal separator; x, pi and e are known, every "
             "other name is a coefficient; one that begins with - needs --fit=");
     several("--start", Given.Starts, "a=1,b=0.5,...",
-            "where the coefficients of a formula start from, none of them at 0; the k-th belongs to the k-th "
-            "formula. Ctrl+C ends a fit that takes too long; the best so far is kept");
-    App.add_option("--iterations", Given.Iterations, "steps of a formula fit (default: 1000)")
+            "where the coefficients of a formula start from; the k-th belongs to the k-th formula. Ctrl+C "
+            "ends a fit that takes too long; the best so far is kept");
+    AddMethodOptions(App, Given.Method);
+    App.add_option("--iterations", Given.Iterations, "most steps of a formula fit (default: 1000)")
         ->type_name("N");
     App.add_option(
            "--repeat", Given.Repeat,
            "how many times a formula is fitted, each time from the coefficients before; opens a fit "
            "that got stuck (default: 1). auto goes on until the sum of squares falls by no more than "
-           "1e-8 of itself, at most 100 times. A fit that one more run would improve is told, and has "
-           "Converged=0 in --results")
+           "1e-8 of itself, at most 100 times. A fit that has not arrived is told, and has Converged=0 in "
+           "--results")
         ->type_name("N|auto");
     App.add_flag("--covariance", Given.Options.Fitting.Covariance,
                  "formula fits heed the points by their scatter about others of the same x");

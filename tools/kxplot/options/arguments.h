@@ -18,6 +18,7 @@ struct TArguments {
     std::optional<double> Scale, Dpi;
     std::optional<std::string> From, To, Iterations, Repeat, Bins, Legend;
     std::vector<std::string> Assignments, Fits, Starts, Curves, Labels;
+    TMethodArguments Method;
     bool Header = false, NoHeader = false;
     bool Derivative = false, Integral = false;
 };

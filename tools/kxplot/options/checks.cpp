@@ -78,7 +78,10 @@ void CheckFormulaOptions(const TArguments& Given, bool HasFormula) {
     CheckNeeds(HasFormula, "--fit with a formula",
                {{"--iterations", Given.Iterations.has_value()},
                 {"--repeat", Given.Repeat.has_value()},
-                {"--covariance", Given.Options.Fitting.Covariance}});
+                {"--covariance", Given.Options.Fitting.Covariance},
+                {"--method", Given.Method.Method.has_value()},
+                {"--fix", !Given.Method.Fixed.empty()},
+                {"--bounds", !Given.Method.Bounds.empty()}});
 }
 
 void CheckAnalyses(const TArguments& Given, const TOptions& Options) {

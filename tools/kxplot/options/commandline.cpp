@@ -104,6 +104,7 @@ void ReadFits(const TArguments& Given, TOptions& Options) {
     Options.Fitting.Iterations = ParseCount("--iterations", Given.Iterations, Options.Fitting.Iterations);
     Options.Fitting.Repeat = ParseRepeat(Given.Repeat);
     CheckFormulaOptions(Given, formulas > 0);
+    Options.Fitting.How = ParseMethod(Given.Method, Options.Analyses, Options.Fitting.Covariance);
 }
 
 void ReadCurves(const TArguments& Given, TOptions& Options) {

@@ -23,9 +23,6 @@ TStartValue ParseStartValue(std::string_view Text) {
     const auto value = equals == Text.npos ? std::nullopt : ParseFinite(Text.substr(equals + 1));
     if (!value || name.empty())
         throw TUsageError("--start: " + Quoted(Text) + " is not NAME=NUMBER (several are a=1,b=0.5)");
-    if (*value == 0)
-        throw TUsageError("--start: " + Quoted(Text) + ": " + Quoted(name) +
-                          " would stay 0 for ever; another start value is needed");
     return {name, *value};
 }
 

@@ -3,6 +3,7 @@
 
 #include "kxplot/options/analysisrequest.h"
 #include "kxplot/options/labelrequest.h"
+#include "kxplot/options/methodrequest.h"
 #include "kxplot/options/picturesize.h"
 
 #include <kxgraph/annotation/Kxlegend.h>
@@ -51,6 +52,7 @@ struct TFitRequest {
     int Iterations = 1000;         ///< of formula fits
     std::optional<int> Repeat = 1; ///< likewise; nothing: until nothing is gained
     bool Covariance = false;
+    TMethodRequest How; ///< of formula fits
     std::optional<double> From, To;
 };
 
