@@ -1,6 +1,7 @@
 #include <kxgraph/graph/Kxaxis.h>
 
 #include <kxgraph/numeric/Kxconsts.h>
+#include <kxgraph/platform/base/exceptions.h>
 
 namespace kx {
 
@@ -49,6 +50,7 @@ void TKxAxis::SetParent(TWinControl* Parent) {
 void TKxAxis::Notification(TComponent* Component, TOperation Operation) {
     TGraphicControl::Notification(Component, Operation);
     if (Operation == opRemove && Component == FMasterAxis) FMasterAxis = nullptr;
+    if (Operation == opRemove && Component == FMirrorOf) FMirrorOf = nullptr;
 }
 
 void TKxAxis::SetIsSlave(bool IsSlave) {
@@ -62,6 +64,16 @@ void TKxAxis::SetMasterAxis(TKxAxis* Master) {
     if (FMasterAxis == Master || Master == this) return;
     FMasterAxis = Master;
     if (Master) Master->FreeNotification(this);
+    MarkChanged();
+    if (auto* host = GetAxisHost()) host->Modified();
+}
+
+void TKxAxis::SetMirrorOf(TKxAxis* Axis) {
+    if (FMirrorOf == Axis) return;
+    for (const TKxAxis* other = Axis; other; other = other->FMirrorOf)
+        if (other == this) throw EPropertyError("An axis cannot mirror one that mirrors it");
+    FMirrorOf = Axis;
+    if (Axis) Axis->FreeNotification(this);
     MarkChanged();
     if (auto* host = GetAxisHost()) host->Modified();
 }

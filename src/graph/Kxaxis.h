@@ -9,6 +9,7 @@
 #include <kxgraph/graph/Kxaxislook.h>
 #include <kxgraph/graph/Kxaxisrange.h>
 #include <kxgraph/graph/Kxgraphlayout.h>
+#include <kxgraph/graph/Kxlabelling.h>
 #include <kxgraph/graph/Kxscale.h>
 #include <kxgraph/graph/Kxside.h>
 #include <kxgraph/graph/Kxticks.h>
@@ -70,7 +71,24 @@ public:
     TKxAxScaling GetScaling() const { return FRange.Rules.Scaling; }
     /// Under the scaling that is set, which GetMap() has after the next layout.
     bool HasPlace(double Value) const { return kx::HasPlace(GetScaling(), Value); }
-    void SetScaling(TKxAxScaling Scaling) { MarkChangedIf(FRange.SetScaling(Scaling)); }
+    /// Raises EPropertyError for a logarithmic one of dates or categories.
+    void SetScaling(TKxAxScaling Scaling);
+    const TKxLabelling& GetLabelling() const { return FRange.Labelling(); }
+    TKxLabelKind GetLabelKind() const { return FRange.Labelling().Kind; }
+    /// Raises EPropertyError for dates and categories on a logarithmic axis.
+    void SetLabelKind(TKxLabelKind Kind);
+    /// Rich captions of 1, 2, 3, ..., shown by labels of categories. Those that would touch are turned, or
+    /// thinned out where that is not enough; one that would take more than a third of the graph is cut off.
+    const TKxCategories& GetCategories() const { return FRange.Labelling().Categories; }
+    void SetCategories(const TKxCategories& Categories);
+    /// In a line, see JoinCategories.
+    AnsiString GetCategoriesText() const { return JoinCategories(GetCategories()); }
+    void SetCategoriesText(const AnsiString& Line) { SetCategories(SplitCategories(Line)); }
+    /// Dates are those of UTC without it. Asked for many moments in each layout.
+    const TKxZoneOffset& GetOnZoneOffset() const { return FRange.Labelling().ZoneOffset; }
+    void SetOnZoneOffset(const TKxZoneOffset& Offset);
+    /// A value as the axis shows it, with what a pixel tells: a number, a date, a category.
+    AnsiString GetValueText(double Value) const;
     bool GetTwisted() const { return FTwisted; }
     void SetTwisted(bool Twisted) { Change(FTwisted, Twisted); }
     TKxAxEnd GetStartEnd() const { return FRange.Rules.StartEnd; }
@@ -96,6 +114,15 @@ public:
     void SetIsSlave(bool IsSlave);
     TKxAxis* GetMasterAxis() const { return FMasterAxis; }
     void SetMasterAxis(TKxAxis* Master);
+    /// The axis of which this one shows range, direction and ticks, without labels, such as at the other side
+    /// of the drawing world; it is zoomed with that axis alone. Null for an axis of its own. Series do not
+    /// stand on mirrors. Raises EPropertyError for an axis that mirrors this one.
+    TKxAxis* GetMirrorOf() const { return FMirrorOf; }
+    void SetMirrorOf(TKxAxis* Axis);
+    /// The axis itself, or that at the end of a chain of mirrors.
+    const TKxAxis& GetOriginal() const { return FMirrorOf ? FMirrorOf->GetOriginal() : *this; }
+    /// The axis whose range this one takes in a layout: the mirrored one, or a slave's master; else null.
+    TKxAxis* GetFollowed() const { return FMirrorOf ? FMirrorOf : FIsSlaveAxis ? FMasterAxis : nullptr; }
 
     /// The visible ends, owned. SetRange and SetValuesRange copy the ends of another range.
     const TRange* GetRange() const { return &FRange.Shown(); }
@@ -114,7 +141,7 @@ public:
     // Zoom stack.
     void ZoomIn(double Start, double Stop);
     /// Shows the view before; from the unzoomed one it goes round to the newest.
-    void ZoomBack() { MarkChangedIf(FRange.ZoomBack()); }
+    void ZoomBack() { MarkChangedIf(!FMirrorOf && FRange.ZoomBack()); }
     bool CanZoomBack() const { return FRange.CanZoomBack(); }
     /// Counted from 1, the unzoomed view; 0 as long as nothing was zoomed.
     int GetZoomIndex() const { return FRange.GetZoomIndex(); }
@@ -122,7 +149,8 @@ public:
     // Computation.
     /// Makes Range presentable: automatic ends, tick steps, exponents.
     void CalculateEnds();
-    /// The same for a slave: ends, scaling and automatic caption are its master's, whatever its own ends are.
+    /// The same for one that follows another: ends, scaling, labels and automatic caption are its master's,
+    /// whatever its own ends are; of a mirror all that ends are made of.
     void CalculateEndsOfMaster();
     /// Ticks and labels for the current range and AxisLength; places labels and caption.
     void CalculateTicks();
@@ -155,7 +183,9 @@ public:
     /// The same before they are rounded.
     const TKxRealArray& GetTickPlaces() const { return FTicks.Places; }
     const TKxBooleanArray& GetTickIsMajor() const { return FTicks.IsMajor; }
-    /// Texts, fonts and places of all labels, the exponent label last.
+    /// The labels that are shown.
+    const std::vector<TKxTickLabel>& GetTickLabels() const { return FTicks.Labels; }
+    /// Texts, fonts and places of all their lines, the exponent label last.
     const std::vector<TKxCaptionRec>& GetLabelRecs() const { return FLabels.Recs(); }
     int GetSpanExponent() const { return FRange.Ends().SpanExponent; }
     int GetScaleExponent() const { return FRange.Ends().ScaleExponent; }
@@ -277,6 +307,11 @@ private:
     TKxAxisHost* GetAxisHost() const { return GetParent() ? FHost : nullptr; }
     void LayOutAlone();
     void MakeMap();
+    void MakeTicks();
+    void ArrangeLabels();
+    void MirrorTicks();
+    void SetLabelling(TKxLabelling Labelling);
+    void LoadScaling(TKxAxScaling Scaling) { MarkChangedIf(FRange.SetScaling(Scaling)); }
     void PlaceLabels();
     int CaptionExtentAcross() const;
     void UpdateCaptionLabel();
@@ -288,6 +323,7 @@ private:
     TKxAxisHost* FHost =
         nullptr; // the parent, if it is one; looked up once, for every live value asks for it
     TKxAxis* FMasterAxis = nullptr;
+    TKxAxis* FMirrorOf = nullptr;
     TKxAxisRange FRange;
     TKxAxisLook FLook;
     TKxAxisLine FLine;

@@ -1,13 +1,39 @@
 #include <kxgraph/graph/Kxaxislabels.h>
 
 #include <algorithm>
-#include <cstddef>
+#include <iterator>
 
 namespace kx {
 
+namespace {
+
+int LinesOf(const TKxTickLabel& Label) { return 1 + static_cast<int>(Label.More.size()); }
+
+int RecsOf(const TKxTicks& Ticks) {
+    int count = 0;
+    for (const auto& label : Ticks.Labels) count += LinesOf(label);
+    return count;
+}
+
+/// The longest beginning of a caption that is no wider, in plain text and with an ellipsis.
+TKxCaption CutCaption(const TKxCaption& Caption, int Width, TCanvas& Canvas) {
+    const std::string plain = GetStrippedString(Caption);
+    const auto cut = [&](std::size_t Length) { return EscapeCaption(plain.substr(0, Length) + "\u2026"); };
+    std::size_t fitting = 0, tooLong = plain.size();
+    while (tooLong - fitting > 1) {
+        const std::size_t middle = (fitting + tooLong) / 2;
+        (MeasureCaption(ParseCaption(cut(middle)), Canvas) <= Width ? fitting : tooLong) = middle;
+    }
+    while (fitting > 0 && (plain[fitting] & 0xC0) == 0x80) --fitting; // not inside of a character
+    return cut(fitting);
+}
+
+} // namespace
+
 void TKxAxisLabels::Clear() {
     FRecs.clear();
-    FWidest = FHeight = 0;
+    FWidest = FHeight = FMostLines = 0;
+    FIsTurned = false;
 }
 
 // A layout measures the same labels several times, and so does the next one as a rule.
@@ -27,34 +53,109 @@ void TKxAxisLabels::Add(const std::string& Text, TCanvas& Canvas) {
 void TKxAxisLabels::Measure(const TKxTicks& Ticks, TCanvas& Canvas) {
     Clear();
     FHeight = Canvas.TextHeight("10");
-    FRecs.reserve(Ticks.Labels.size() + 1);
-    for (const auto& label : Ticks.Labels) Add(label.Text, Canvas);
+    FMostLines = 1;
+    FRecs.reserve(static_cast<std::size_t>(RecsOf(Ticks)) + 1);
+    for (const auto& label : Ticks.Labels) {
+        Add(label.Text, Canvas);
+        for (const auto& line : label.More) Add(line, Canvas);
+        FMostLines = std::max(FMostLines, LinesOf(label));
+    }
     if (!Ticks.ExponentLabel.empty()) Add(Ticks.ExponentLabel, Canvas);
 }
 
+void TKxAxisLabels::CutOff(TKxSide Side, int MostAcross, TCanvas& Canvas) {
+    if (ExtentAcross(Side) <= MostAcross) return;
+    FWidest = 0;
+    for (auto& rec : FRecs) {
+        if (Side.Across(SizeOf(rec)) > MostAcross) {
+            rec.Text = CutCaption(rec.Text, MostAcross, Canvas);
+            rec.Width = MeasureCaption(ParseCaption(rec.Text), Canvas);
+        }
+        FWidest = std::max(FWidest, rec.Width);
+    }
+}
+
+TRect TKxAxisLabels::RectOf(const TKxCaptionRec& Rec) const {
+    const TSize size = SizeOf(Rec);
+    return TRect::Bounds(Rec.X, Rec.Y - (FIsTurned ? size.Height : 0), size.Width, size.Height);
+}
+
+void TKxAxisLabels::Put(TKxCaptionRec& Rec, TPoint TopLeft) const {
+    Rec.X = TopLeft.X;
+    Rec.Y = TopLeft.Y + (FIsTurned ? Rec.Width : 0); // where the first letter begins
+    Rec.Angle = FIsTurned ? 900 : 0;
+}
+
+// Lines are counted from the tick, beside which the first one stands in any case.
+TKxLabelExtent TKxAxisLabels::ExtentAlong(const TKxTickLabel& Label, std::size_t FirstRec,
+                                          TKxSide Side) const {
+    const int lines = LinesOf(Label);
+    int widest = 0;
+    for (int k = 0; k < lines; ++k)
+        widest = std::max(widest, FRecs[FirstRec + static_cast<std::size_t>(k)].Width);
+    return {Side.FromStart(0, Label.Position) + Side.Along(TSize{0, (lines - 1) * FHeight}) / 2,
+            Side.Along(Turned({widest, lines * FHeight}))};
+}
+
 void TKxAxisLabels::ThinOut(TKxTicks& Ticks, TKxSide Side) {
+    if (FMostLines > 1 && !Touch(Ticks, Side)) return; // a long line may stand beside a free one
     std::vector<TKxLabelExtent> extents;
-    for (std::size_t i = 0; i < Ticks.Labels.size(); ++i)
-        extents.push_back({Ticks.Labels[i].Position, Side.Along(SizeOf(FRecs[i]))});
+    std::vector<std::size_t> firsts;
+    std::size_t rec = 0;
+    for (const auto& label : Ticks.Labels) {
+        extents.push_back(ExtentAlong(label, rec, Side));
+        firsts.push_back(rec);
+        rec += static_cast<std::size_t>(LinesOf(label));
+    }
+    firsts.push_back(rec);
     const int anchor = AnchorLabel(Ticks.Labels);
-    const int stride = LabelStride(extents, Side.IsHorizontal() ? FHeight / 2 : 1, anchor);
+    const int stride = LabelStride(extents, MinGap(Side), anchor);
     std::vector<TKxTickLabel> labels;
     std::vector<TKxCaptionRec> recs;
-    for (std::size_t i = 0; i < FRecs.size(); ++i) {
-        const bool isTick = i < Ticks.Labels.size();
-        if (isTick && !IsKeptLabel(static_cast<int>(i), anchor, stride)) continue;
-        if (isTick) labels.push_back(std::move(Ticks.Labels[i]));
-        recs.push_back(std::move(FRecs[i]));
+    const auto take = [&](std::size_t From, std::size_t To) {
+        std::move(FRecs.begin() + std::ptrdiff_t(From), FRecs.begin() + std::ptrdiff_t(To),
+                  std::back_inserter(recs));
+    };
+    for (std::size_t i = 0; i < Ticks.Labels.size(); ++i) {
+        if (!IsKeptLabel(static_cast<int>(i), anchor, stride)) continue;
+        labels.push_back(std::move(Ticks.Labels[i]));
+        take(firsts[i], firsts[i + 1]);
     }
+    take(rec, FRecs.size()); // the exponent
     Ticks.Labels = std::move(labels);
     FRecs = std::move(recs);
+}
+
+bool TKxAxisLabels::Touch(const TKxTicks& Ticks, TKxSide Side) const {
+    struct TLine {
+        TRect Rect; ///< with the gap behind it
+        std::size_t Label;
+    };
+    std::vector<TLine> lines;
+    const TSize gap = Side.Size(MinGap(Side), 0);
+    for (std::size_t label = 0; label < Ticks.Labels.size(); ++label)
+        for (int k = 0; k < LinesOf(Ticks.Labels[label]); ++k) {
+            const TRect rect = RectOf(FRecs[lines.size()]);
+            const TSize size = rect.Size();
+            lines.push_back(
+                {TRect::Bounds(rect.Left, rect.Top, size.Width + gap.Width, size.Height + gap.Height),
+                 label});
+        }
+    const auto begin = [&](const TLine& Line) { return Side.Along(Line.Rect.TopLeft()); };
+    const auto end = [&](const TLine& Line) { return begin(Line) + Side.Along(Line.Rect.Size()); };
+    std::ranges::sort(lines, {}, begin);
+    for (auto line = lines.begin(); line != lines.end(); ++line)
+        for (auto other = line + 1; other != lines.end() && begin(*other) < end(*line); ++other)
+            if (other->Label != line->Label && !other->Rect.Intersected(line->Rect).IsEmpty()) return true;
+    return false;
 }
 
 void TKxAxisLabels::MeasureReach(const TKxAxisLine& Line) {
     FStartReach = FStopReach = 0;
     const int begin = Line.Side.Along(Line.Origin), end = begin + Line.Length;
     for (const auto& rec : FRecs) {
-        const int from = Line.Side.Along(TPoint{rec.X, rec.Y}), to = from + Line.Side.Along(SizeOf(rec));
+        const TRect rect = RectOf(rec);
+        const int from = Line.Side.Along(rect.TopLeft()), to = from + Line.Side.Along(rect.Size());
         const int over[] = {begin - from + 1, to - end}; // at the left or upper end, and at the other one
         FStartReach = std::max(FStartReach, over[Line.Side.IsHorizontal() ? 0 : 1]);
         FStopReach = std::max(FStopReach, over[Line.Side.IsHorizontal() ? 1 : 0]);
@@ -62,13 +163,16 @@ void TKxAxisLabels::MeasureReach(const TKxAxisLine& Line) {
 }
 
 void TKxAxisLabels::Place(const TKxTicks& Ticks, const TKxAxisLine& Line, const TKxAxisLook& Look) {
-    const auto put = [](TKxCaptionRec& Rec, TPoint At) { Rec.X = At.X, Rec.Y = At.Y; };
-    for (std::size_t i = 0; i < Ticks.Labels.size(); ++i) {
-        const TSize size = SizeOf(FRecs[i]);
-        const int middle = Line.Side.Along(Line.PointAt(Ticks.Labels[i].Position, 0));
-        put(FRecs[i], Line.PlaceOutwards(middle - Line.Side.Along(size) / 2, Look.LabelDistance(), size));
+    std::size_t i = 0;
+    for (const auto& label : Ticks.Labels) {
+        const int tick = Line.Side.Along(Line.PointAt(label.Position, 0));
+        for (int k = 0; k < LinesOf(label); ++k, ++i) {
+            const TSize size = SizeOf(FRecs[i]), shift = Turned({0, k * FHeight});
+            const int along = tick - Line.Side.Along(size) / 2 + Line.Side.Along(shift);
+            Put(FRecs[i], Line.PlaceOutwards(along, Look.LabelDistance() + Line.Side.Across(shift), size));
+        }
     }
-    if (FRecs.size() > Ticks.Labels.size()) put(FRecs.back(), PlaceOfExponent(Line, Look));
+    if (i < FRecs.size()) Put(FRecs.back(), PlaceOfExponent(Line, Look));
 }
 
 // Beyond the last label along the axis, and ExponentScalingsGap further out than the labels; beside a

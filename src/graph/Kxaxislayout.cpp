@@ -14,8 +14,9 @@ void TKxAxis::CalculateTicks() {
 
 void TKxAxis::FinishTicks() {
     FitTicks();
+    if (FMirrorOf) MirrorTicks(); // which may be later ones
     if (!GetVisible()) return;
-    if (FLook.ThinLabels) {
+    if (FLook.ThinLabels || FTicks.MustThin) {
         FLabels.ThinOut(FTicks, FLine.Side);
         FLabels.Place(FTicks, FLine, FLook);
     }
@@ -23,31 +24,60 @@ void TKxAxis::FinishTicks() {
 }
 
 void TKxAxis::MakeMap() {
-    FMap = TKxAxisMap::Make(GetScaling(), FRange.Ends(), FLine.Length, GetOrientation(), FTwisted);
+    FMap =
+        TKxAxisMap::Make(GetScaling(), FRange.Ends(), FLine.Length, GetOrientation(), GetOriginal().FTwisted);
     FNeedsTicks = false;
 }
 
 void TKxAxis::MeasureTicks() {
     MakeMap();
-    const auto* host = GetAxisHost();
-    FTicks = kx::CalculateTicks(FRange.Ends(), FMap,
-                                {.Side = FLine.Side,
-                                 .ShowScaleLabels = FLook.ShowScaleLabels,
-                                 .ZeroOrigin = host && host->GetZeroOrigin()});
     DressCaptionLabel();
-    if (!GetVisible()) return; // the ticks still serve the grid
+    MakeTicks();
+}
+
+// Steps that have a ladder are made coarser until their labels are apart.
+void TKxAxis::MakeTicks() {
+    if (FMirrorOf) return MirrorTicks();
+    const auto* host = GetAxisHost();
+    TKxTickOptions options{.Side = FLine.Side,
+                           .ShowScaleLabels = FLook.ShowScaleLabels,
+                           .ZeroOrigin = host && host->GetZeroOrigin()};
+    do {
+        FTicks = FRange.Labelling().CalculateTicks(FRange.Ends(), FMap, options);
+        if (!GetVisible()) return; // the ticks still serve the grid
+        ArrangeLabels();
+        ++options.Coarseness;
+    } while (FTicks.CanBeCoarser && FLabels.Touch(FTicks, FLine.Side));
+}
+
+void TKxAxis::MirrorTicks() {
+    FTicks = GetOriginal().FTicks;
+    FTicks.Labels.clear();
+    FTicks.ExponentLabel.clear();
+    MoveTicks(FTicks, FMap, FLine.Side);
+    FLabels.Clear();
+    PlaceLabels();
+}
+
+void TKxAxis::ArrangeLabels() {
     FLabels.Clear();
     if (FLook.ShowScaleLabels) {
         GetCanvas().Font.Assign(GetFont());
         FLabels.Measure(FTicks, GetCanvas());
     }
     PlaceLabels();
+    if (!FTicks.MayTurn) return;
+    constexpr int CMostOfGraph = 3;
+    const TSize graph = GetParent() ? GetParent()->GetBoundsRect().Size() : GetBoundsRect().Size();
+    if (FLine.Side.IsHorizontal() && FLabels.Touch(FTicks, FLine.Side)) FLabels.Turn();
+    FLabels.CutOff(FLine.Side, FLine.Side.Across(graph) / CMostOfGraph, GetCanvas());
+    PlaceLabels();
 }
 
-// How many decades have a label depends on the length; all other labels only move.
+// How many decades, dates or categories have a label depends on the length; all other labels only move.
 void TKxAxis::FitTicks() {
     if (!FNeedsTicks) return;
-    if (GetScaling() != AxNormal) return MeasureTicks();
+    if (FMirrorOf || FRange.Labelling().GoesByLength(GetScaling())) return MeasureTicks();
     MakeMap();
     MoveTicks(FTicks, FMap, FLine.Side);
     if (GetVisible()) PlaceLabels();

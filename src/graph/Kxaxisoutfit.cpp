@@ -30,7 +30,17 @@ const TPropertyTable& TKxAxis::Properties() {
             Published<&TKxAxis::GetPosition, &TKxAxis::SetPosition>(
                 "Position", AxLeftPos, "side of the drawing world; bottom and top are horizontal"),
             Published<&TKxAxis::GetScaling, &TKxAxis::SetScaling>(
-                "Scaling", AxNormal, "linear, logarithmic, or logarithmic with labels as powers of ten"),
+                "Scaling", AxNormal, "linear, logarithmic, or logarithmic with labels as powers of ten")
+                .LoadedBy(Into<&TKxAxis::LoadScaling>()), // LabelKind, which follows, may be another one
+            Published<&TKxAxis::GetLabelKind, &TKxAxis::SetLabelKind>(
+                "LabelKind", lkNumbers,
+                "labels are numbers, dates (values are seconds since 1970, UTC) or Categories; on linear "
+                "axes"),
+            Published<&TKxAxis::GetCategoriesText, &TKxAxis::SetCategoriesText>(
+                "Categories", "",
+                "texts at 1, 2, 3, ..., joined by semicolons; within \" where they have one"),
+            PublishedEvent<&TKxAxis::GetOnZoneOffset, &TKxAxis::SetOnZoneOffset>(
+                "OnZoneOffset", "Asked for the seconds that local time is ahead of UTC at a moment"),
             Published<&TKxAxis::GetTwisted, &TKxAxis::SetTwisted>("Twisted", false, "runs in reverse"),
             Published<&TKxAxis::GetAutoTicks, &TKxAxis::SetAutoTicks>("AutoTicks", true,
                                                                       "steps are chosen automatically"),
@@ -55,6 +65,9 @@ const TPropertyTable& TKxAxis::Properties() {
                 "IsSlaveAxis", false, "copies ends and scaling of MasterAxis"),
             Published<&TKxAxis::GetMasterAxis, &TKxAxis::SetMasterAxis>("MasterAxis", nullptr,
                                                                         "the axis followed by a slave"),
+            Published<&TKxAxis::GetMirrorOf, &TKxAxis::SetMirrorOf>(
+                "MirrorOf", nullptr,
+                "the axis whose range and ticks are shown here once more, without labels"),
             Published<&TKxAxis::GetShowCaption, &TKxAxis::SetShowCaption>("ShowCaption", false,
                                                                           "shows Caption beside the labels"),
             Published<&TKxAxis::GetShowScaleLabels, &TKxAxis::SetShowScaleLabels>("ShowScaleLabels", true,
@@ -122,7 +135,9 @@ const TPropertyTable& TKxAxis::Properties() {
          "TickPart",
          "MajorTickPart",
          "LabelPart",
-         "Scaling"});
+         "Scaling",
+         "LabelKind",
+         "Categories"});
     return table;
 }
 

@@ -1,5 +1,7 @@
 #include <kxgraph/graph/Kxaxisrange.h>
 
+#include <utility>
+
 namespace kx {
 
 // A zoomed view takes the end as well: what is set is seen at once.
@@ -24,10 +26,19 @@ bool TKxAxisRange::SetKind(TKxAxEnd& Kind, TKxAxEnd Value, double TView::*End, d
 
 bool TKxAxisRange::SetScaling(TKxAxScaling Scaling) {
     if (Rules.Scaling == Scaling) return false;
-    FUnzoomed.IsRound = false;
-    for (TView& view : FZooms) view.IsRound = false;
+    ForgetRounding();
     Rules.Scaling = Scaling;
     return true;
+}
+
+void TKxAxisRange::SetLabelling(TKxLabelling Labelling) {
+    ForgetRounding();
+    FLabelling = std::move(Labelling);
+}
+
+void TKxAxisRange::ForgetRounding() {
+    FUnzoomed.IsRound = false;
+    for (TView& view : FZooms) view.IsRound = false;
 }
 
 TKxScaleInput TKxAxisRange::InputOf(const TView& View) const {
@@ -41,12 +52,12 @@ TKxScaleInput TKxAxisRange::InputOf(const TView& View) const {
 
 TKxAxisRange::TView TKxAxisRange::ShownUnzoomed() const {
     if (!IsZoomed()) return {FShown.GetStart(), FShown.GetStop()};
-    const TKxScaleEnds ends = CalculateEnds(InputOf(FUnzoomed));
+    const TKxScaleEnds ends = FLabelling.CalculateEnds(InputOf(FUnzoomed));
     return {ends.Start, ends.Stop};
 }
 
 void TKxAxisRange::TakeEnds(const TKxScaleInput& Input) {
-    FEnds = CalculateEnds(Input);
+    FEnds = FLabelling.CalculateEnds(Input);
     if (FEnds.Start != FShown.GetStart() || FEnds.Stop != FShown.GetStop()) KeepShown();
     Rules.TickPart = FEnds.TickPart;
     Rules.MajorTickPart = FEnds.MajorTickPart;
@@ -66,6 +77,13 @@ void TKxAxisRange::CalculateAs(double Start, double Stop) {
     TKxScaleInput input = InputOf(FUnzoomed);
     input.KeepStart = input.KeepStop = true;
     TakeEnds(input);
+}
+
+void TKxAxisRange::Mirror(const TKxAxisRange& Other) {
+    Rules.Scaling = Other.Rules.Scaling;
+    FEnds = Other.FEnds;
+    FUnzoomed = {FEnds.Start, FEnds.Stop, true};
+    KeepShown();
 }
 
 /// Moves the ends of View that follow the data; returns whether one moved. An end that only grows grows from
@@ -127,7 +145,7 @@ bool TKxAxisRange::ZoomBack() {
     if (IsZoomed()) {
         Show(ZoomedView());
     } else {
-        const TKxScaleEnds ends = CalculateEnds(InputOf(FUnzoomed));
+        const TKxScaleEnds ends = FLabelling.CalculateEnds(InputOf(FUnzoomed));
         Show({ends.Start, ends.Stop});
     }
     return true;

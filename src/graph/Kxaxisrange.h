@@ -2,6 +2,7 @@
 // What an axis shows: the ends that were set or that the data made, how they follow the data, the views that
 // were zoomed to, and the round ends that are made of the one in force.
 
+#include <kxgraph/graph/Kxlabelling.h>
 #include <kxgraph/graph/Kxscale.h>
 #include <kxgraph/numeric/Kxrange.h>
 #include <kxgraph/numeric/Kxrangeunion.h>
@@ -18,7 +19,6 @@ class TKxAxisRange {
 public:
     /// What is as it is set, whichever view is shown; of it Start, Stop and Keep... are not used.
     TKxScaleInput Rules;
-
     TKxAxisRange() { FShown.SetStartStop(0, 100); }
 
     /// The ends that are shown; until they are calculated those that were set.
@@ -40,6 +40,8 @@ public:
     }
     bool SetStopEnd(TKxAxEnd Kind) { return SetKind(Rules.StopEnd, Kind, &TView::Stop, FShown.GetStop()); }
     bool SetScaling(TKxAxScaling Scaling);
+    const TKxLabelling& Labelling() const { return FLabelling; }
+    void SetLabelling(TKxLabelling Labelling);
     /// The unzoomed view is shown as it is, but for fixed ends.
     void KeepUnzoomed() { FUnzoomed.IsRound = true; }
 
@@ -64,6 +66,8 @@ public:
     void Calculate();
     /// The same for ends that are another axis's and round already.
     void CalculateAs(double Start, double Stop);
+    /// Shows what Other does, on such a scale.
+    void Mirror(const TKxAxisRange& Other);
     /// Shows what was calculated last, whatever has moved the ends since.
     void KeepShown() { FShown.SetStartStop(FEnds.Start, FEnds.Stop); }
 
@@ -77,12 +81,14 @@ private:
     bool SetKind(TKxAxEnd& Kind, TKxAxEnd Value, double TView::*End, double Shown);
     bool IsZoomed() const { return FZoomIndex > 1; }
     TView& ZoomedView() { return FZooms[static_cast<std::size_t>(FZoomIndex - 2)]; }
+    void ForgetRounding();
     void Show(const TView& View) { FShown.SetStartStop(View.Start, View.Stop); }
     TView ShownUnzoomed() const;
     bool FollowValues(TView& View) const;
     TKxScaleInput InputOf(const TView& View) const;
     void TakeEnds(const TKxScaleInput& Input);
 
+    TKxLabelling FLabelling;
     TRange FShown, FValues;
     TKxRangeUnion FExtents;
     TView FUnzoomed;

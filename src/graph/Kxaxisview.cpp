@@ -2,6 +2,9 @@
 
 #include <kxgraph/graph/Kxaxis.h>
 
+#include <cmath>
+#include <utility>
+
 namespace kx {
 
 void TKxAxis::SetRange(const TRange* Range) {
@@ -15,12 +18,54 @@ void TKxAxis::SetValuesRange(const TRange* Range) {
     MarkChanged();
 }
 
+void TKxAxis::SetScaling(TKxAxScaling Scaling) {
+    FRange.Labelling().DemandScaling(Scaling);
+    MarkChangedIf(FRange.SetScaling(Scaling));
+}
+
+void TKxAxis::SetLabelling(TKxLabelling Labelling) {
+    Labelling.DemandScaling(GetScaling());
+    FRange.SetLabelling(std::move(Labelling));
+    MarkChanged();
+}
+
+void TKxAxis::SetLabelKind(TKxLabelKind Kind) {
+    if (Kind == GetLabelKind()) return;
+    TKxLabelling labelling = FRange.Labelling();
+    labelling.Kind = Kind;
+    SetLabelling(std::move(labelling));
+}
+
+void TKxAxis::SetCategories(const TKxCategories& Categories) {
+    if (Categories == GetCategories()) return;
+    TKxLabelling labelling = FRange.Labelling();
+    labelling.Categories = Categories;
+    SetLabelling(std::move(labelling));
+}
+
+void TKxAxis::SetOnZoneOffset(const TKxZoneOffset& Offset) {
+    TKxLabelling labelling = FRange.Labelling();
+    labelling.ZoneOffset = Offset;
+    SetLabelling(std::move(labelling));
+}
+
+AnsiString TKxAxis::GetValueText(double Value) const {
+    constexpr double ln10 = 2.302585092994046;
+    const double pixel = std::abs(FMap.Scale) * (FMap.IsLogarithmic() ? std::abs(Value) * ln10 : 1);
+    return FRange.Labelling().TextOf(Value, pixel);
+}
+
 void TKxAxis::CalculateEnds() {
     FNeedsTicks = true;
     FRange.Calculate();
 }
 
 void TKxAxis::CalculateEndsOfMaster() {
+    if (FMirrorOf) {
+        FNeedsTicks = true;
+        return FRange.Mirror(FMirrorOf->FRange);
+    }
+    FRange.SetLabelling(FMasterAxis->FRange.Labelling());
     SetScaling(FMasterAxis->GetScaling());
     SetAutoCaption(FMasterAxis->GetCaption());
     FNeedsTicks = true;
@@ -39,6 +84,7 @@ void TKxAxis::RedoRanges() {
 }
 
 void TKxAxis::ZoomIn(double Start, double Stop) {
+    if (FMirrorOf) return; // zoomed as well
     FRange.ZoomIn(Start, Stop);
     MarkChanged();
 }

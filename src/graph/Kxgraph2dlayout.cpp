@@ -21,9 +21,7 @@ std::vector<TKxAxis*> TKx2DGraph::GetAxes() const {
 
 namespace {
 
-bool Follows(const TKxAxis* Axis) {
-    return Axis->GetVisible() && Axis->GetIsSlaveAxis() && Axis->GetMasterAxis() != nullptr;
-}
+bool Follows(const TKxAxis* Axis) { return Axis->GetVisible() && Axis->GetFollowed() != nullptr; }
 
 } // namespace
 
@@ -38,7 +36,7 @@ void TKx2DGraph::PrepareAxes(const std::vector<TKxAxis*>& Axes) {
     while (!followers.empty()) {
         // A master that is itself a slave goes first; in a circle of slaves any.
         auto next = std::find_if(followers.begin(), followers.end(), [&](const TKxAxis* A) {
-            return std::find(followers.begin(), followers.end(), A->GetMasterAxis()) == followers.end();
+            return std::find(followers.begin(), followers.end(), A->GetFollowed()) == followers.end();
         });
         if (next == followers.end()) next = followers.begin();
         (*next)->CalculateEndsOfMaster();
@@ -148,7 +146,10 @@ void TKx2DGraph::LayOutAxes() {
     for (TKxAxis* axis : axes)
         if (!axis->GetVisible())
             axis->SetPlace({}, axis->GetSide().Along(FWorld->GetBoundsRect().Size()) - 1);
-    for (TKxAxis* axis : axes) axis->GetVisible() ? axis->FinishTicks() : axis->CalculateTicks();
+    for (const bool mirrors : {false, true}) // these show ticks of others
+        for (TKxAxis* axis : axes)
+            if ((axis->GetMirrorOf() != nullptr) == mirrors)
+                axis->GetVisible() ? axis->FinishTicks() : axis->CalculateTicks();
     UpdateEndTicks(axes);
     for (TKxAxis* axis : axes) axis->SetChanged(false);
 }

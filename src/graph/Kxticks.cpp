@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <functional>
 #include <utility>
 
 namespace kx {
@@ -148,40 +149,17 @@ double PlaceOf(double Value, const TKxAxisMap& Map, TKxSide Side) {
     return Side.FromStart<double>(Map.AxisLength, Map.RealToPlace(Value));
 }
 
-/// Puts ticks and labels where the map has their values.
-class TTickPlacer {
-public:
-    TTickPlacer(const TKxAxisMap& Map, const TKxTickOptions& Options, bool OmitsZero)
-        : FMap(Map), FOptions(Options), FOmitsZero(OmitsZero) {}
-
-    template <class F>
-    TKxTicks Place(TTickList Ticks, const F& Text) const {
-        if (FOptions.Side.IsHorizontal() != FMap.Forward) std::reverse(Ticks.begin(), Ticks.end());
-        const int count = static_cast<int>(Ticks.size());
-        TKxTicks result{TKxRealArray(count), TKxIntegerArray(count), TKxBooleanArray(count), {}, {},
-                        TKxRealArray(count)};
-        for (int i = 0; i < count; ++i) {
-            const TTick& tick = Ticks[static_cast<std::size_t>(i)];
-            result.Values[i] = tick.Value;
-            result.Positions[i] = OffsetOf(tick.Value, FMap, FOptions.Side);
-            result.Places[i] = PlaceOf(tick.Value, FMap, FOptions.Side);
-            result.IsMajor[i] = tick.IsMajor;
-            if (IsShown(tick))
-                result.Labels.push_back(
-                    {tick.Value, result.Positions[i], Text(tick.Value), result.Places[i]});
-        }
-        return result;
+TKxTicks PlacedTicks(const TTickList& Ticks, const TKxAxisMap& Map, const TKxTickOptions& Options,
+                     const std::function<std::string(double)>& Text, bool OmitsZero = false) {
+    std::vector<TKxTick> places;
+    std::vector<TKxTickLabel> labels;
+    for (const TTick& tick : Ticks) {
+        places.push_back({tick.Value, tick.IsMajor});
+        const bool isShown = Options.ShowScaleLabels && tick.IsLabelled && !(OmitsZero && tick.Value == 0);
+        if (isShown) labels.push_back({tick.Value, 0, Text(tick.Value)});
     }
-
-private:
-    bool IsShown(const TTick& Tick) const {
-        return FOptions.ShowScaleLabels && Tick.IsLabelled && !(FOmitsZero && Tick.Value == 0);
-    }
-
-    const TKxAxisMap& FMap;
-    const TKxTickOptions& FOptions;
-    bool FOmitsZero;
-};
+    return TicksAt(places, std::move(labels), Map, Options.Side);
+}
 
 TTickList OrEnds(TTickList Ticks, const TKxScaleEnds& Ends) {
     if (Ticks.size() < 2) Ticks = {{Ends.Start, true, false}, {Ends.Stop, true, false}};
@@ -195,17 +173,32 @@ bool AreApart(const TKxLabelExtent& A, const TKxLabelExtent& B, int MinGap) {
 
 } // namespace
 
+TKxTicks TicksAt(const std::vector<TKxTick>& Ticks, std::vector<TKxTickLabel> Labels, const TKxAxisMap& Map,
+                 TKxSide Side) {
+    const int count = static_cast<int>(Ticks.size());
+    const bool runsBackwards = Side.IsHorizontal() != Map.Forward; // larger values have smaller offsets
+    TKxTicks result{TKxRealArray(count), TKxIntegerArray(count), TKxBooleanArray(count), {}, {},
+                    TKxRealArray(count)};
+    for (int i = 0; i < count; ++i) {
+        const TKxTick& tick = Ticks[static_cast<std::size_t>(runsBackwards ? count - 1 - i : i)];
+        result.Values[i] = tick.Value;
+        result.IsMajor[i] = tick.IsMajor;
+    }
+    if (runsBackwards) std::reverse(Labels.begin(), Labels.end());
+    result.Labels = std::move(Labels);
+    MoveTicks(result, Map, Side);
+    return result;
+}
+
 TKxTicks CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const TKxTickOptions& Options) {
     if (Map.IsLogarithmic())
-        return TTickPlacer(Map, Options, false)
-            .Place(OrEnds(LogarithmicTicks(Ends, Map.AxisLength), Ends),
-                   [&](double Value) { return DecadeText(Value, Map.Scaling); });
+        return PlacedTicks(OrEnds(LogarithmicTicks(Ends, Map.AxisLength), Ends), Map, Options,
+                           [&](double Value) { return DecadeText(Value, Map.Scaling); });
     const bool omitsZero = Options.ZeroOrigin && Ends.Start <= 0 && Ends.Stop > 0;
     const TLinearScale scale = MakeLinearScale(Ends);
-    TKxTicks ticks =
-        TTickPlacer(Map, Options, omitsZero).Place(OrEnds(TicksOfGrid(scale.Grid), Ends), [&](double Value) {
-            return scale.LabelText(Value);
-        });
+    TKxTicks ticks = PlacedTicks(
+        OrEnds(TicksOfGrid(scale.Grid), Ends), Map, Options,
+        [&](double Value) { return scale.LabelText(Value); }, omitsZero);
     if (Options.ShowScaleLabels && scale.IsFactored)
         ticks.ExponentLabel = "\u00B710\\+" + std::to_string(scale.Factor);
     return ticks;

@@ -20,6 +20,7 @@ struct TKxTickLabel {
     int Position; ///< that of its tick
     std::string Text;
     double Place = 0; ///< that of its tick, not rounded
+    std::vector<std::string> More{}; ///< further lines, under it or further outwards
 };
 
 /// Ticks in order of their offset.
@@ -30,12 +31,18 @@ struct TKxTicks {
     std::vector<TKxTickLabel> Labels;
     std::string ExponentLabel; ///< caption markup; empty unless labels are factored
     TKxRealArray Places;       ///< Positions before they are rounded
+
+    // What is to be done about labels that touch.
+    bool CanBeCoarser = false; ///< the same ticks with more Coarseness
+    bool MayTurn = false;      ///< written upwards where that makes them shorter along the axis
+    bool MustThin = false;     ///< thinned out after that, whether the axis is told to or not
 };
 
 struct TKxTickOptions {
     TKxSide Side;                ///< of the direction that the map was made with
     bool ShowScaleLabels = true; ///< without, there are ticks only
     bool ZeroOrigin = false;     ///< the axes cross at 0: a linear scale through 0 leaves its label 0 out
+    int Coarseness = 0;          ///< how many steps coarser than the finest ones, where steps have a ladder
 };
 
 /// The ticks of the scale Ends under Map. A tick stands where the map puts its value and a label tells the
@@ -44,6 +51,13 @@ struct TKxTickOptions {
 /// least, at the ends where no step fits. Raises EConvertError as Map does.
 TKxTicks CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const TKxTickOptions& Options);
 
+struct TKxTick {
+    double Value;
+    bool IsMajor;
+};
+/// Ticks and labels, both sorted by value, where Map has them; positions in Labels are not used.
+TKxTicks TicksAt(const std::vector<TKxTick>& Ticks, std::vector<TKxTickLabel> Labels, const TKxAxisMap& Map,
+                 TKxSide Side);
 /// Moves the ticks of a linear scale to where another map of the same scale has them.
 void MoveTicks(TKxTicks& Ticks, const TKxAxisMap& Map, TKxSide Side);
 

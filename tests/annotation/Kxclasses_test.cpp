@@ -125,7 +125,7 @@ void ChangeRows(const TAll& All, TPersistent& Object, const TPropertyTable& Tabl
             TPersistent& inner = *std::get<TPersistent*>(row.Get(Object));
             ChangeRows(All, inner, inner.PublishedProperties());
         } else if (row.Set) {
-            row.Set(Object, Other(All, row, Object));
+            test::MessageOf([&] { row.Set(Object, Other(All, row, Object)); }); // some exclude one another
         }
     }
 }

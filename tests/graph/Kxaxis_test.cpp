@@ -196,6 +196,44 @@ TEST(Axis, ASlaveShowsEndsScalingAndCaptionOfItsMasterWhateverItsOwnAre) {
     }
 }
 
+TEST(Axis, MirrorsShowTicksAndZoomOfAnotherWithoutLabels) {
+    const auto ticks = [](const TKxAxis& Axis) {
+        const auto& places = Axis.GetTickPositions();
+        std::vector<int> all(places.begin(), places.end());
+        all.insert(all.end(), Axis.GetTickIsMajor().begin(), Axis.GetTickIsMajor().end());
+        return all;
+    };
+    TGraphForm f;
+    TKxAxis mirror(f.Form), second(f.Form);
+    for (TKxAxis* axis : {&mirror, &second}) {
+        axis->SetParent(f.Graph);
+        axis->SetPosition(AxTopPos);
+    }
+    second.SetMirrorOf(&mirror); // comes first in the layout, and its own original behind it
+    mirror.SetMirrorOf(f.X);
+    f.X->SetComponentIndex(f.Form->GetComponentCount() - 1);
+    EXPECT_THROW(f.X->SetMirrorOf(&second), EPropertyError);
+    f.AddSeries();
+    f.Fill({{3, 1}, {700, 2}});
+    for (const char* change :
+         {"", "XAxis1.Twisted=1", "XAxis1.Scaling=AxLog", "XAxis1.Scaling=AxNormal",
+          "XAxis1.LabelKind=lkDates", "XAxis1.AutoTicks=0; XAxis1.LabelKind=0; XAxis1.TickPart=0.5", "zoom",
+          "back", "XAxis1.Visible=0"}) {
+        if (std::string(change) == "zoom")
+            f.Graph->ZoomTo({20, 20, 150, 90});
+        else if (std::string(change) == "back")
+            f.X->ZoomBack();
+        else
+            f.Set(change);
+        f.Draw();
+        for (const TKxAxis* axis : {&mirror, &second}) {
+            EXPECT_EQ(ticks(*axis), ticks(*f.X)) << change;
+            EXPECT_EQ(axis->RealToIntPosition(99.5), f.X->RealToIntPosition(99.5)) << change;
+            EXPECT_TRUE(axis->GetLabelRecs().empty() && !axis->CanZoomBack()) << change;
+        }
+    }
+}
+
 TEST(Axis, ThinnedLabelsKeepZeroAndDoNotTouchAtAnyWidth) {
     TGraphForm f;
     f.Fix(-1000, 1000, 0, 1);
