@@ -5,6 +5,7 @@
 #include <kxgraph/platform/objects/guarded.h>
 
 #include <algorithm>
+#include <cmath>
 #include <new>
 #include <typeinfo>
 #include <utility>
@@ -254,14 +255,28 @@ AnsiString TKxCalculatedSeries::GetOwnIndex() const {
     return before == 0 ? "" : " (" + std::to_string(before + 1) + ")";
 }
 
+namespace {
+
+/// Positions along an axis of dates read as dates, within a millionth of the span.
+void ShowDates(TKxResults& Results, const TKxAxis& Axis, double Span) {
+    constexpr double exact = 1e-6;
+    if (Axis.GetLabelKind() != lkDates) return;
+    Results.ShowPositionsAs([labelling = Axis.GetLabelling(), resolution = std::abs(Span) * exact](double X) {
+        return labelling.TextOf(X, resolution);
+    });
+}
+
+} // namespace
+
 void TKxCalculatedSeries::CollectResults(TKxResults& Results) const {
     Results.Set("Calculation", GetCalculationID());
     Results.Set("Caption", GetCaption());
     Results.Set("Formula", GetFormula());
-    Results.Set("CalcStart", FCalculationStart);
-    Results.Set("CalcStop", FCalculationStop);
-    Results.Set("DisplayStart", FDisplayStart);
-    Results.Set("DisplayStop", FDisplayStop);
+    if (GetXAxis()) ShowDates(Results, *GetXAxis(), FCalculationStop - FCalculationStart);
+    Results.SetPosition("CalcStart", FCalculationStart);
+    Results.SetPosition("CalcStop", FCalculationStop);
+    Results.SetPosition("DisplayStart", FDisplayStart);
+    Results.SetPosition("DisplayStop", FDisplayStop);
 }
 
 void TKxCalculatedSeries::WriteResults(TKxIniList& List, const AnsiString& Section) const {

@@ -1,17 +1,29 @@
 #include <kxgraph/analysis/Kxsecondaryaxis.h>
 
+#include <algorithm>
+
 namespace kx {
 
 namespace {
 
+/// Whether a measured series stands on the axis.
+bool IsTaken(TKx2DGraph& Graph, const TKxAxis* Axis) {
+    return std::ranges::any_of(Graph.GetSeriesList(), [Axis](const TKxGraphSeries* Series) {
+        const auto* series = dynamic_cast<const TKxSeries*>(Series);
+        return series && (series->GetXAxis() == Axis || series->GetYAxis() == Axis);
+    });
+}
+
 TKxAxis* FindAxis(const TKxNotCalculatedSeries& Parent) {
     TKxAxis& xAxis = *Parent.GetXAxis();
+    auto* graph = dynamic_cast<TKx2DGraph*>(xAxis.GetParent());
     TKxAxis* found = nullptr;
     if (!xAxis.GetOwner()) return nullptr;
     for (TComponent* component : xAxis.GetOwner()->GetComponents()) {
         auto* axis = dynamic_cast<TKxAxis*>(component);
         if (!axis || axis->GetParent() != xAxis.GetParent() || axis->IsHorizontal()) continue;
-        if (axis == Parent.GetYAxis()) continue;
+        if (axis == Parent.GetYAxis() || axis->GetMirrorOf()) continue;
+        if (graph && IsTaken(*graph, axis)) continue;
         axis->SetVisible(true);
         found = axis;
     }

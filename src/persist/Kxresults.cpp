@@ -9,6 +9,7 @@
 namespace kx {
 
 AnsiString TKxResult::GetText() const {
+    if (!Shown.empty()) return Shown;
     const double* number = std::get_if<double>(&Value);
     return number ? RealToAmericanStr(*number) : std::get<AnsiString>(Value);
 }
@@ -16,7 +17,10 @@ AnsiString TKxResult::GetText() const {
 TKxResult TKxResults::TPoints::ResultAt(int Index) const {
     const bool isX = Index % 2 == 0;
     const TKxRealPos& point = Points[Index / 2];
-    return {(isX ? "X-" : "Y-") + Kind + "(" + std::to_string(Index / 2 + 1) + ")", isX ? point.X : point.Y};
+    TKxResult result{(isX ? "X-" : "Y-") + Kind + "(" + std::to_string(Index / 2 + 1) + ")",
+                     isX ? point.X : point.Y};
+    if (isX && PositionText) result.Shown = PositionText(point.X);
+    return result;
 }
 
 int TKxResults::TPoints::IndexOf(std::string_view Key) const {
@@ -40,17 +44,16 @@ void TKxResults::Put(TKxResult Result) {
     if (AreAmongPoints(key)) Spread();
     FAll.clear();
     const auto [place, isNew] = FPlaces.emplace(std::move(key), FItems.size());
-    if (isNew)
-        FItems.push_back(std::move(Result));
-    else
-        FItems[place->second].Value = std::move(Result.Value);
+    if (isNew) return FItems.push_back(std::move(Result));
+    FItems[place->second].Value = std::move(Result.Value);
+    FItems[place->second].Shown = std::move(Result.Shown);
 }
 
 void TKxResults::SetPoints(const AnsiString& Kind, const TKxRealPosArray& Points) {
     if (Points.IsEmpty()) return;
     FAll.clear();
     FShown.clear();
-    FPoints.push_back({FItems.size(), Kind, Points});
+    FPoints.push_back({FItems.size(), Kind, Points, FPositionText});
     const TPoints& added = FPoints.back();
     const auto isTaken = [&](const auto& Place) { return added.IndexOf(Place.first) >= 0; };
     const bool isNew = std::none_of(FPoints.begin(), FPoints.end() - 1,

@@ -6,9 +6,11 @@
 #include <kxgraph/platform/text/text.h>
 
 #include <cstddef>
+#include <functional>
 #include <span>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -17,8 +19,9 @@ namespace kx {
 struct TKxResult {
     AnsiString Key;
     std::variant<double, AnsiString> Value;
+    AnsiString Shown{}; ///< how a number reads that is shown as something else: a date
 
-    /// A number as stores hold it, with 14 digits and a point.
+    /// Shown, or a number as stores hold it, with 14 digits and a point.
     AnsiString GetText() const;
 };
 
@@ -29,6 +32,11 @@ public:
     void Set(const AnsiString& Key, double Value) { Put({Key, Value}); }
     void Set(const AnsiString& Key, const AnsiString& Value) { Put({Key, Value}); }
     void Set(const AnsiString& Key, const char* Value) { Put({Key, AnsiString(Value)}); }
+    /// How positions along x read that are set from now on: SetPosition and the X of SetPoints.
+    void ShowPositionsAs(std::function<AnsiString(double)> Text) { FPositionText = std::move(Text); }
+    void SetPosition(const AnsiString& Key, double X) {
+        Put({Key, X, FPositionText ? FPositionText(X) : AnsiString()});
+    }
     /// The results X-Kind(k) and Y-Kind(k) of each point, k from 1. The array is shared, and nothing is made
     /// of a point before somebody asks for it.
     void SetPoints(const AnsiString& Kind, const TKxRealPosArray& Points);
@@ -49,6 +57,7 @@ private:
         std::size_t Place; ///< how many other results stand in front
         AnsiString Kind;
         TKxRealPosArray Points;
+        std::function<AnsiString(double)> PositionText;
         TKxResult ResultAt(int Index) const;
         /// -1 when the key, in upper case, is none of these.
         int IndexOf(std::string_view Key) const;
@@ -57,6 +66,7 @@ private:
     bool AreAmongPoints(const std::string& Key) const;
     void Spread();
 
+    std::function<AnsiString(double)> FPositionText;
     std::vector<TKxResult> FItems;
     std::unordered_map<std::string, std::size_t> FPlaces; // of the keys in upper case
     std::vector<TPoints> FPoints;                         // their results stand in neither

@@ -209,6 +209,10 @@ TEST(InterpolatedSeries, HaveResultsForTheExtremaThatAreThere) {
 TEST(SecondaryAxis, IsMadeSharedAndNumbered) {
     TFixture f;
     f.Sample(std::cos, 3, 0.5);
+    TKxAxis mirror(f.Form), taken(f.Form);
+    for (TKxAxis* axis : {&mirror, &taken}) axis->SetParent(f.Graph);
+    mirror.SetMirrorOf(f.Y);
+    f.AddSeries()->SetYAxis(&taken);
     f.Draw();
     auto* first = f.AddCurve<TKxDifferential>("First");
     TKxAxis* axis = first->GetYAxis();
