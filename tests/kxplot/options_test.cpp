@@ -67,7 +67,7 @@ private:
 
 std::string MeaningOf(const TOptions& Options) {
     TMeaning meaning;
-    const auto& [data, batch, properties, columns, drawing, legend, analyses, fitting, labels, look,
+    const auto& [data, batch, properties, columns, axes, drawing, legend, analyses, fitting, labels, look,
                  outputs] = Options;
     meaning.Add(data.File != "d.csv", data.File);
     meaning.Add(data.Header != kx::TKxHeaderRow::Guess,
@@ -76,6 +76,9 @@ std::string MeaningOf(const TOptions& Options) {
     meaning.Add("list", properties);
     meaning.Add("x", columns.X);
     meaning.Add("y", columns.Y);
+    meaning.Add("y2", axes.Y2);
+    meaning.Add(axes.Box, "box");
+    meaning.Add("zone", axes.Zone);
     meaning.Add("dx", columns.DX);
     meaning.Add("dy", columns.DY);
     meaning.Add("dx-", columns.DXMinus);

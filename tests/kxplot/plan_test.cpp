@@ -4,6 +4,7 @@
 #include "kxplot/options/usageerror.h"
 #include "kxplot/plan/bins.h"
 #include "kxplot/plan/planner.h"
+#include "kxplot/plan/y2.h"
 
 #include <kxgraph/table/Kxtable.h>
 
@@ -38,6 +39,7 @@ TEST(Plan, TakesTheColumnsThatAreAskedFor) {
         {"-y 2 -x v", {3, 5, 1}, {{2, 4, 3}}},
         {"", {1, 2, 4}, {{2, 4, 3}, {3, 5, 1}, {0.1, 0.2, 0.1}}},
         {"--fit line --weight e", {1, 2, 4}, {{2, 4, 3}, {3, 5, 1}}},
+        {"--y2 u --dy e", {1, 2, 4}, {{3, 5, 1}, {0.1, 0.2, 0.1}, {2, 4, 3}}},
         {"-x e -y t -y t", {0.1, 0.2, 0.1}, {{1, 2, 4}, {1, 2, 4}}},
         {"-y v --style bars", {1, 2, 4, 6}, {{3, 5, 1}}},
         {"-y v --style bars --horizontal", {1, 2, 4, 6}, {{3, 5, 1}}},
@@ -52,8 +54,16 @@ TEST(Plan, TakesTheColumnsThatAreAskedFor) {
         EXPECT_EQ(plan.X.Values, x) << arguments;
         EXPECT_EQ(found, y) << arguments;
     }
+    const TPlan two = Planned("-y u --y2 v --y2 e");
+    EXPECT_TRUE(!two.Series[0].OnY2 && two.Series[1].OnY2 && two.Series[2].OnY2);
+    EXPECT_EQ(two.Axes.Y + "|" + two.Axes.Y2.value_or("none"), "u|v, e");
     EXPECT_EQ(Planned("", "5\n6\n").X.Values, (TList{1, 2})) << "a single column";
     EXPECT_EQ(Planned("--fit line --weight e").Weight.value().Values, (TList{0.1, 0.2, 0.1}));
+}
+
+TEST(Plan, SeriesMoreThanTwoDecadesOffTheFirstAreForASecondAxis) {
+    const std::vector<TList> series = {{0, 0}, {1, -3, NAN}, {300}, {-301, 1}, {0.03}, {0.02, INFINITY}, {}};
+    EXPECT_EQ(SeriesForY2(series), (std::vector<std::size_t>{3, 5}));
 }
 
 TEST(Plan, GivesSeriesTheirErrorsComponentsAndWeights) {

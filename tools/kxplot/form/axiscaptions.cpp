@@ -58,6 +58,7 @@ void TCaptionFitter::Shorten(TKxAxis& Axis) {
 void CaptionAxes(TParts& Parts) {
     Parts.XAxis->SetAutoCaption(Parts.Plan.Axes.X);
     Parts.YAxis->SetAutoCaption(Parts.Plan.Axes.Y);
+    if (Parts.Y2Axis) Parts.Y2Axis->SetAutoCaption(*Parts.Plan.Axes.Y2);
 }
 
 void CaptionSideAxes(TParts& Parts) {

@@ -129,8 +129,8 @@ void ConfigureLegend(TParts& Parts) {
         legend.SetVisible(true);
     }
     if (request.None) legend.SetVisible(false);
-    // Headers of several series stand in the legend.
-    if (IsShown(legend) && Parts.Plan.SeveralSeries())
+    // Headers of several series stand in the legend, but of two axes each says which are its own.
+    if (IsShown(legend) && Parts.Plan.SeveralSeries() && !Parts.Y2Axis)
         (Parts.Plan.Axes.SeriesOnX ? Parts.XAxis : Parts.YAxis)->SetAutoCaption("");
 }
 

@@ -47,6 +47,7 @@ struct TParts {
     kx::TKx2DGraph* Graph = nullptr;
     kx::TKxAxis* XAxis = nullptr;
     kx::TKxAxis* YAxis = nullptr;
+    kx::TKxAxis* Y2Axis = nullptr;              ///< of --y2
     std::map<TQuantity, kx::TKxAxis*> SideAxes; ///< of derivatives and integrals
     std::vector<kx::TKxNotCalculatedSeries*> Series;
     std::vector<TBars> Bars;

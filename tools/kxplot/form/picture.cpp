@@ -1,6 +1,7 @@
 #include "kxplot/form/picture.h"
 
 #include "kxplot/form/assignments.h"
+#include "kxplot/form/axes.h"
 #include "kxplot/form/axiscaptions.h"
 #include "kxplot/form/legend.h"
 #include "kxplot/form/lines.h"
@@ -25,8 +26,9 @@ TPicture::TPicture(TPlan Plan) {
     FParts.Theme = ThemeCalled(FParts.Plan.Look.Theme);
     FParts.Form = std::make_unique<TForm>(&TApplication::Instance());
     MakeGraph();
-    MakeAxes();
+    MakeAxes(FParts);
     MakeSeries(FParts);
+    ColourDataAxes(FParts);
     MakeLegend(FParts);
     CaptionAxes(FParts);
 }
@@ -42,26 +44,6 @@ void TPicture::MakeGraph() {
     graph.SetBounds(0, 0, size.Width, size.Height);
     DressGraph(graph, FParts.Theme);
     FParts.Theme.ApplyTo(graph);
-}
-
-TKxAxis* TPicture::MakeAxis(const std::string& Name) {
-    auto* axis = new TKxAxis(FParts.Form.get());
-    axis->SetName(Name);
-    axis->SetParent(FParts.Graph);
-    DressAxis(*axis, FParts.Theme);
-    FParts.Theme.ApplyTo(*axis);
-    return axis;
-}
-
-void TPicture::MakeAxes() {
-    FParts.Graph->SetPrimaryXAxis(FParts.XAxis = MakeAxis("XAxis"));
-    FParts.Graph->SetPrimaryYAxis(FParts.YAxis = MakeAxis("YAxis"));
-    for (const auto& plan : FParts.Plan.Axes.Side) {
-        auto* axis = MakeAxis(plan.Name);
-        axis->SetPosition(AxRightPos);
-        if (!FParts.Plan.SeveralSeries()) DressSideAxis(*axis, AnalysisColor(plan.Place, FParts.Theme));
-        FParts.SideAxes[plan.Quantity] = axis;
-    }
 }
 
 void TPicture::LoadOutfit(const std::string& FileName) {
@@ -112,6 +94,8 @@ void TPicture::ApplyGround(const TGround& Ground) {
 }
 
 void TPicture::Apply() {
+    PutOnAxes(FParts);
+    ConfigureLabels(FParts);
     ApplyLook();
     ConfigureLines(FParts);
     ConfigureBars(FParts);

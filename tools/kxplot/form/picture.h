@@ -31,9 +31,7 @@ public:
     void Finish(const std::vector<TLabelSource>& Labels);
 
 private:
-    kx::TKxAxis* MakeAxis(const std::string& Name);
     void MakeGraph();
-    void MakeAxes();
     void ApplyLook();
     void ApplyGround(const TGround& Ground);
 

@@ -96,6 +96,7 @@ void MakeSeries(TParts& Parts) {
         Parts.Theme.ApplyTo(*series);
         series->SetWeight(plan.Weight ? MakeVector(*plan.Weight, *Parts.Form) : weight);
         series->SetAutoCaption(plan.Caption);
+        if (plan.OnY2) series->SetYAxis(Parts.Y2Axis);
         Parts.Series.push_back(series);
         AddLines(Parts, *series);
     }

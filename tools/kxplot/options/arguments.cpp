@@ -198,6 +198,7 @@ void AddOptions(CLI::App& App, TArguments& Given) {
     AddCurveOptions(App, Given);
     AddAnalysisOptions(App, Given);
     AddPictureOptions(App, Given);
+    AddAxesOptions(App, Given.Options.Axes);
     AddOutfitOptions(App, Given);
 }
 

@@ -140,6 +140,7 @@ void ReadDrawing(const TArguments& Given, TOptions& Options) {
     if (Given.Legend) Options.Legend.Place = ParseLegendPlace(*Given.Legend);
     if (Given.Bins) Options.Drawing.Bins = ParseCount("--hist", Given.Bins, 0, mostBins);
     CheckDrawing(Options);
+    CheckAxes(Options.Axes, Options.Drawing.HasBars());
 }
 
 void ReadOutputs(const TArguments& Given, TOptions& Options) {

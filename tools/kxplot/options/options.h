@@ -2,6 +2,7 @@
 // What the command line asks of kxplot, by the step that needs it.
 
 #include "kxplot/options/analysisrequest.h"
+#include "kxplot/options/axesrequest.h"
 #include "kxplot/options/labelrequest.h"
 #include "kxplot/options/methodrequest.h"
 #include "kxplot/options/picturesize.h"
@@ -90,6 +91,7 @@ struct TOptions {
     std::vector<std::string> Batch;        ///< patterns of names of tables, each for a picture of its own
     std::optional<std::string> Properties; ///< of which component they are to be listed; empty: of all
     TColumnRequest Columns;
+    TAxesRequest Axes;
     TDrawingRequest Drawing;
     TLegendRequest Legend;
     std::vector<TAnalysisRequest> Analyses; ///< fits, then curves, the derivative and the integral

@@ -2,6 +2,7 @@
 
 #include "kxplot/plan/captiontext.h"
 
+#include <span>
 #include <utility>
 
 namespace kxplot {
@@ -10,9 +11,9 @@ using namespace kx;
 
 namespace {
 
-std::string SeriesHeaders(const TKxTable& Table, const TColumns& Columns) {
+std::string SeriesHeaders(const TKxTable& Table, std::span<const int> Columns) {
     std::string headers;
-    for (const int column : Columns.Y) {
+    for (const int column : Columns) {
         const std::string header = Table.GetHeader(column);
         headers += (headers.empty() || header.empty() ? "" : ", ") + header;
     }
@@ -28,12 +29,17 @@ TKxCaption SideCaption(TQuantity Quantity, const TKxCaption& X, const TKxCaption
 
 // Series would find or make an axis at the right by themselves, but derivative and integral the same one.
 TAxesPlan PlanAxes(const TKxTable& Table, const TColumns& Columns, const TOptions& Options) {
-    const std::string headers = SeriesHeaders(Table, Columns);
+    const auto series = std::span(Columns.Y);
+    const std::string headers = SeriesHeaders(Table, series.first(Columns.FirstOnY2));
     const bool bins = Options.Drawing.Bins.has_value();
     TAxesPlan axes;
     axes.X = EscapeCaption(bins ? headers : Columns.X >= 0 ? Table.GetHeader(Columns.X) : "");
     axes.Y = EscapeCaption(bins ? "count" : headers);
     axes.SeriesOnX = bins != Options.Drawing.Horizontal;
+    if (const auto y2 = series.subspan(Columns.FirstOnY2); !y2.empty())
+        axes.Y2 = EscapeCaption(SeriesHeaders(Table, y2));
+    axes.Zone = Options.Axes.Zone;
+    axes.Box = Options.Axes.Box;
     if (Options.Drawing.Horizontal) std::swap(axes.X, axes.Y);
     const auto shown = [](const std::optional<std::string>& Given, const TKxCaption& Header) {
         return Given ? Closed(*Given) : Header;

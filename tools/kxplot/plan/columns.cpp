@@ -29,11 +29,12 @@ int ColumnOfX(const kx::TKxTable& Table, const std::optional<std::string>& Name)
 }
 
 /// Every numeric column that is nothing else.
-std::vector<int> OtherColumns(const kx::TKxTable& Table, const TColumns& Columns) {
+std::vector<int> OtherColumns(const kx::TKxTable& Table, const TColumns& Columns,
+                              const std::vector<int>& Y2) {
     std::vector<int> others;
     const std::vector<int> taken = Columns.All();
     for (int i = 0; i < Table.GetColumnCount(); ++i)
-        if (!Contains(taken, i) && Table.IsNumeric(i)) others.push_back(i);
+        if (!Contains(taken, i) && !Contains(Y2, i) && Table.IsNumeric(i)) others.push_back(i);
     if (others.empty())
         throw kx::ETableError(kx::Escaped(Table.GetName()) + ": has no numeric column for a series");
     return others;
@@ -75,32 +76,37 @@ std::vector<int> TColumns::All() const {
     return all;
 }
 
-TColumns ChooseColumns(const kx::TKxTable& Table, const TColumnRequest& Request,
-                       const TDrawingRequest& Drawing) {
+TColumns ChooseColumns(const kx::TKxTable& Table, const TOptions& Options) {
+    const TColumnRequest& request = Options.Columns;
+    const TDrawingRequest& drawing = Options.Drawing;
     TColumns columns;
-    columns.Y = Found(Table, Request.Y);
-    if (Drawing.Bins) {
+    columns.Y = Found(Table, request.Y);
+    if (drawing.Bins) {
         if (columns.Y.empty()) columns.Y = Found(Table, {"1"});
+        columns.FirstOnY2 = columns.Y.size();
         return columns;
     }
-    columns.X = ColumnOfX(Table, Request.X);
-    columns.VX = Found(Table, Request.VX);
-    columns.VY = Found(Table, Request.VY);
-    if (!Request.X && columns.X == 0 && !Table.IsNumeric(0)) Table.FindNumericColumn("1");
-    if (Request.Weight) columns.Weight = Table.FindNumericColumn(*Request.Weight);
+    columns.X = ColumnOfX(Table, request.X);
+    const std::vector<int> y2 = Found(Table, Options.Axes.Y2);
+    columns.VX = Found(Table, request.VX);
+    columns.VY = Found(Table, request.VY);
+    if (!request.X && columns.X == 0 && !Table.IsNumeric(0)) Table.FindNumericColumn("1");
+    if (request.Weight) columns.Weight = Table.FindNumericColumn(*request.Weight);
     if (columns.Y.empty()) {
-        columns.Y = OtherColumns(Table, columns);
+        columns.Y = OtherColumns(Table, columns, y2);
         columns.LeftOut = ColumnsWithoutValues(Table);
     }
+    columns.FirstOnY2 = columns.Y.size();
+    columns.Y.insert(columns.Y.end(), y2.begin(), y2.end());
     const std::size_t count = columns.Y.size();
-    if (Drawing.HasArrows()) {
+    if (drawing.HasArrows()) {
         CheckComponents(columns.VX, count, "--vx");
         CheckComponents(columns.VY, count, "--vy");
     }
-    columns.DXPlus = ErrorColumns(Table, Request.DX, count, "--dx");
-    columns.DYPlus = ErrorColumns(Table, Request.DY, count, "--dy");
-    columns.DXMinus = ErrorColumns(Table, Request.DXMinus, count, "--dx-minus");
-    columns.DYMinus = ErrorColumns(Table, Request.DYMinus, count, "--dy-minus");
+    columns.DXPlus = ErrorColumns(Table, request.DX, count, "--dx");
+    columns.DYPlus = ErrorColumns(Table, request.DY, count, "--dy");
+    columns.DXMinus = ErrorColumns(Table, request.DXMinus, count, "--dx-minus");
+    columns.DYMinus = ErrorColumns(Table, request.DYMinus, count, "--dy-minus");
     return columns;
 }
 

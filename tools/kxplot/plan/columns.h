@@ -5,6 +5,7 @@
 
 #include <kxgraph/table/Kxtable.h>
 
+#include <cstddef>
 #include <vector>
 
 namespace kxplot {
@@ -14,7 +15,8 @@ struct TColumns {
     int X = -1;      ///< -1: 1, 2, 3, ...
     int Weight = -1; ///< -1: none
     std::vector<int> Y;
-    std::vector<int> LeftOut;                          ///< because they have no values, where Y is all others
+    std::size_t FirstOnY2 = 0; ///< of Y: that one and those that follow it stand on the second y axis
+    std::vector<int> LeftOut;  ///< because they have no values, where Y is all others
     std::vector<int> DXPlus, DYPlus, DXMinus, DYMinus; ///< one a series, -1: none; empty with --hist
     std::vector<int> VX, VY;                           ///< one a series of arrows
 
@@ -23,7 +25,6 @@ struct TColumns {
 
 /// Raises kx::ETableError for columns that the table has not or that are not numeric, and TUsageError for
 /// more error columns than series or another number of arrow components.
-TColumns ChooseColumns(const kx::TKxTable& Table, const TColumnRequest& Request,
-                       const TDrawingRequest& Drawing);
+TColumns ChooseColumns(const kx::TKxTable& Table, const TOptions& Options);
 
 } // namespace kxplot

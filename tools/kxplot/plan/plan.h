@@ -5,6 +5,7 @@
 #include "kxplot/options/options.h"
 
 #include <kxgraph/annotation/Kxcaption.h>
+#include <kxgraph/graph/Kxlabelling.h>
 
 #include <cstddef>
 #include <optional>
@@ -45,6 +46,7 @@ struct TSeriesPlan {
     TVectorPlan Y;           ///< values, or the lengths of bars
     std::optional<TVectorPlan> Weight;
     std::variant<TPointsPlan, TBarsPlan, TArrowsPlan> Kind;
+    bool OnY2 = false; ///< stands on the second y axis
 };
 
 /// How an analysis is told from others. Of several series each lends its colour, and patterns tell its
@@ -72,9 +74,19 @@ struct TSideAxisPlan {
     TAnalysisPlace Place; ///< of its only curve, where there is one series
 };
 
+/// What the labels of an axis tell.
+struct TLabelPlan {
+    kx::TKxLabelKind Kind = kx::lkNumbers;
+    kx::TKxCategories Categories; ///< with lkCategories
+};
+
 struct TAxesPlan {
-    kx::TKxCaption X, Y;    ///< captions of the headers
-    bool SeriesOnX = false; ///< which of the two is called like the series
+    kx::TKxCaption X, Y;              ///< captions of the headers
+    bool SeriesOnX = false;           ///< which of the two is called like the series
+    std::optional<kx::TKxCaption> Y2; ///< caption of the second y axis, where there is one
+    TLabelPlan XLabels, YLabels;
+    std::optional<std::string> Zone; ///< of dates
+    bool Box = false;
     std::vector<TSideAxisPlan> Side;
 };
 

@@ -161,6 +161,7 @@ TSeriesPlan TSeriesPlanner::Series(std::size_t Index, const TVectorPlan& X) cons
     series.Y = Vector("YData", Index, column);
     if (FOptions.Drawing.Bins) series.Y.Values = CountInBins(X.Values, series.Y.Values);
     series.Kind = Kind(Index);
+    series.OnY2 = Index >= FColumns.FirstOnY2;
     if (FOptions.Columns.WeightByErrors) series.Weight = ErrorWeight(Index, X);
     return series;
 }
@@ -186,7 +187,7 @@ std::vector<TAnalysisPlan> PlanAnalyses(const std::vector<TAnalysisRequest>& Req
 } // namespace
 
 TPlan MakePlan(const TKxTable& Table, const TOptions& Options) {
-    const TColumns columns = ChooseColumns(Table, Options.Columns, Options.Drawing);
+    const TColumns columns = ChooseColumns(Table, Options);
     const TSeriesPlanner planner(Table, Options, columns);
     TPlan plan;
     plan.Table = Table.GetName();
