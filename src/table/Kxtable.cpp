@@ -77,8 +77,16 @@ int TKxTable::FindColumn(const std::string& Column) const {
 
 int TKxTable::FindNumericColumn(const std::string& Column) const {
     const int index = FindColumn(Column);
-    if (!IsNumeric(index) && !IsDate(index)) Fail(0, "column " + ShownName(index) + " is not numeric");
-    return index;
+    if (IsNumeric(index) || IsDate(index)) return index;
+    TKxTableBody rows = Body();
+    while (rows.NextRow()) {
+        std::string_view cell;
+        for (int i = 0; i <= index && rows.Cells().NextCell(cell);) ++i;
+        if (!Trimmed(cell).empty())
+            Fail(rows.Cells().Line(), "column " + ShownName(index) + " is not numeric: " + QuotedCell(cell),
+                 TKxTableRemedy::Column);
+    }
+    Fail(0, "column " + ShownName(index) + " is not numeric", TKxTableRemedy::Column);
 }
 
 void TKxTable::CheckRow(const TKxTableBody& Rows, std::size_t Cells) const {

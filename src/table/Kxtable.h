@@ -67,10 +67,15 @@ public:
     /// the row between two blocks. Raises ETableError for any other cell, for dates of which nothing tells
     /// whether the day or the month stands first, and for a row with more or fewer cells than the first,
     /// naming its line.
-    std::vector<std::vector<double>> ReadColumns(const std::vector<int>& Columns) const;
+    /// Gaps gets the rows between blocks.
+    std::vector<std::vector<double>> ReadColumns(const std::vector<int>& Columns,
+                                                 std::vector<std::size_t>* Gaps = nullptr) const;
     /// The cells of a column as UTF-8, without blanks around them; those between blocks are empty. Raises
     /// ETableError for rows as ReadColumns does.
     std::vector<std::string> ReadTexts(int Column) const;
+
+    /// How the table is read, every guess, in sentences without an end: "line 1 is the header".
+    std::vector<std::string> Explain() const;
 
     /// Raises ETableError about a row that ReadColumns has read, zero-based, naming its line.
     [[noreturn]] void FailInRow(std::size_t Row, const std::string& What) const;
@@ -81,6 +86,7 @@ private:
     void CheckRow(const TKxTableBody& Rows, std::size_t Cells) const;
     void CheckBlock(const TKxTableBody& Rows) const;
     TKxColumnWay LearnWay(int Column) const;
+    void ExplainHead(std::vector<std::string>& Sentences) const;
     std::size_t ExpectedRows() const;
     [[noreturn]] void Fail(long Line, const std::string& What,
                            TKxTableRemedy Remedy = TKxTableRemedy::None) const;

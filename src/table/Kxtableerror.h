@@ -9,7 +9,7 @@
 namespace kx {
 
 /// What a caller may say (TKxTableFormat) that would help.
-enum class TKxTableRemedy { None, Skip, Block, DateOrder, DecimalSign, Missing, SkipOrMissing };
+enum class TKxTableRemedy { None, Skip, Block, DateOrder, DecimalSign, Missing, SkipOrMissing, Column };
 
 /// A table cannot be read; the message begins with the file's name, and the line where there is one.
 class ETableError : public Exception {

@@ -43,6 +43,7 @@ struct TKxTableShape {
     std::vector<std::string> Headers, Units;
     std::vector<TKxColumnKind> Kinds; ///< one a column
     long FirstLine = 1;               ///< what stands above is a preamble
+    bool HasPreamble = false;
     long HeaderLine = 0, UnitsLine = 0;
     bool IsHeaderComment = false; ///< it stands in a comment
     bool IsHeaderShort = false;   ///< it has no cell for the first column, which holds names of the rows

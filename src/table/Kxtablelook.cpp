@@ -190,6 +190,7 @@ bool TLook::CanBeRead() const {
 }
 
 void TLook::TakeFound(TKxTableShape Found) {
+    Found.HasPreamble = Found.FirstLine > FShape.FirstLine;
     FShape = std::move(Found);
     FShape.Comments = FLines.CommentsBeside(FShape.Separator);
     LookAtColumns(FShape.Kinds.size());

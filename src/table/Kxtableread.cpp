@@ -21,6 +21,7 @@ public:
 
     /// All rows; false when the cells behind have told how those in front are to be read, from the beginning.
     bool Read();
+    std::vector<std::size_t> TakeGaps() { return std::move(FGaps); }
     std::vector<double> Take(int Column) { return std::move(FColumns[std::size_t(Column)].Values); }
 
 private:
@@ -31,7 +32,7 @@ private:
         TKxColumnWay Way;
     };
     std::size_t ReadRow(TKxTableBody& Rows);
-    void AddGaps();
+    void AddGaps(std::size_t Row);
     double Value(std::string_view Cell, bool Quoted, std::size_t Column, long Line);
     double Number(std::string_view Cell, bool Quoted, std::size_t Column, long Line);
     double Date(std::string_view Cell, bool Quoted, std::size_t Column, long Line);
@@ -43,6 +44,7 @@ private:
     const TKxCells FCells;
     const bool FHidesNumbers;
     bool FBeginsAnew = false;
+    std::vector<std::size_t> FGaps;
     std::vector<TColumn> FColumns;
 };
 
@@ -82,10 +84,11 @@ inline std::size_t TKxTable::TReading::ReadRow(TKxTableBody& Rows) {
 
 bool TKxTable::TReading::Read() {
     FBeginsAnew = false;
+    FGaps.clear();
     for (TColumn& column : FColumns) column.Values.clear();
     TKxTableBody rows = FTable.Body();
-    while (rows.NextRow()) {
-        if (rows.BeginsBlock()) AddGaps();
+    for (std::size_t row = 0; rows.NextRow(); ++row) {
+        if (rows.BeginsBlock()) AddGaps(row++);
         const std::size_t count = ReadRow(rows);
         if (FBeginsAnew) return false;
         if (count != FColumns.size() || rows.Cells().HasOpenQuote()) FTable.CheckRow(rows, count);
@@ -94,7 +97,8 @@ bool TKxTable::TReading::Read() {
     return true;
 }
 
-void TKxTable::TReading::AddGaps() {
+void TKxTable::TReading::AddGaps(std::size_t Row) {
+    FGaps.push_back(Row);
     for (TColumn& column : FColumns)
         if (column.Wanted) column.Values.push_back(CNoValue);
 }
@@ -150,13 +154,15 @@ void TKxTable::TReading::Fail(std::size_t Column, long Line, const std::string& 
     FTable.Fail(Line, "column " + FTable.ShownName(int(Column)) + ": " + What, Remedy);
 }
 
-std::vector<std::vector<double>> TKxTable::ReadColumns(const std::vector<int>& Columns) const {
+std::vector<std::vector<double>> TKxTable::ReadColumns(const std::vector<int>& Columns,
+                                                       std::vector<std::size_t>* Gaps) const {
     TReading reading(*this, Columns);
     while (!reading.Read()) {
     }
     std::vector<std::vector<double>> values;
     values.reserve(Columns.size());
     for (const int column : Columns) values.push_back(reading.Take(column));
+    if (Gaps) *Gaps = reading.TakeGaps();
     return values;
 }
 

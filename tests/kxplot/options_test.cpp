@@ -74,6 +74,14 @@ std::string MeaningOf(const TOptions& Options) {
                 data.Header == kx::TKxHeaderRow::Present ? "header" : "no header");
     meaning.Add("batch", batch);
     meaning.Add("list", properties);
+    const kx::TKxTableFormat& format = data.Table.Format;
+    meaning.Add("skip", format.Skip);
+    meaning.Add("block", format.Block);
+    if (format.DateOrder) meaning.Add("order", std::optional<int>(int(*format.DateOrder)));
+    if (format.DecimalSign) meaning.Add(true, std::string("decimal ") + *format.DecimalSign);
+    meaning.Add("missing", format.Missing);
+    meaning.Add(data.Table.Time.has_value(), "seconds");
+    meaning.Add(data.Table.Explain, "explain");
     meaning.Add("x", columns.X);
     meaning.Add("y", columns.Y);
     meaning.Add("y2", axes.Y2);

@@ -4,6 +4,7 @@
 #include "kxplot/options/usageerror.h"
 #include "kxplot/plan/bins.h"
 #include "kxplot/plan/planner.h"
+#include "kxplot/plan/remedies.h"
 #include "kxplot/plan/y2.h"
 
 #include <kxgraph/table/Kxtable.h>
@@ -96,7 +97,7 @@ TEST(Plan, SaysWhatIsWrongWithTheTableOrTheOptions) {
         {"-y u --style arrows --vx t --vx u --vy t", CTable, "--vx: 2 for a number of series of 1"},
         {"-y u -y v --style arrows --vx t --vx u --vy t", CTable, "--vy: 1 for a number of series of 2"},
         {"", "t,u\n1,y\n", "d.csv: has no numeric column for a series"},
-        {"", "t,u\nx,1\n", "d.csv: column t is not numeric"},
+        {"", "t,u\n,1\n", "d.csv: column t is not numeric"},
         {"", "t,u\n1,2\n2,\x01\xE9\n", "d.csv:3: column u: '\\x01\\xE9' is not a number"},
         {"-y u --hist 5", "t,u\n1,nan\n2,\n", "d.csv: column u has no finite value"},
         {weighed + "-y u --dy s", gaps, "d.csv:5: the error of u is 0; --weight-by-errors needs one above 0"},
@@ -130,6 +131,7 @@ TEST(Plan, CaptionsAreHeadersAsTheyStand) {
         {"--hist 2 -y u --horizontal", CTable, {"count", "u"}},
         {"", "a\\bc,b & d\n1,2\n2,3\n", {"a\\\\bc", "b & d"}},
         {"", "1,2\n3,4\n", {"", ""}},
+        {"", "t,u\ns,(V)\n1,2\n2,3\n", {"t / s", "u (V)"}},
         {"-y u --derivative --integral", CTable, {"t", "u", "d(u) / d(t)", "integral of u"}},
         {"--derivative --integral", "1,2\n3,4\n", {"", "", "dy / dx", "integral of y"}},
         {"-y u --derivative --x-caption T --y-caption \\iU", CTable, {"t", "u", "d(\\iU\\i) / d(T)"}},
@@ -167,6 +169,48 @@ TEST(Plan, ShowsFewPointsAndManyAndThoseOfAFitAsSuitsThem) {
         const TPlan plan = Planned(arguments);
         EXPECT_EQ(std::pair(Kind<TBarsPlan>(plan).Boxes, Kind<TBarsPlan>(plan).GapPercent),
                   std::pair(boxes, gap));
+    }
+}
+
+TEST(Plan, PutsTextsAndDatesOverX) {
+    struct TCase {
+        const char *Arguments, *Text;
+        TList X;
+        const char* Scales; ///< "x" and "y" for dates, or the texts
+        TStyle Style;
+    };
+    constexpr double day = 86400;
+    const TCase cases[] = {
+        {"", "c,u\na,1\nb,2\n", {0.5, 1.5, 2.5}, "a b ", TStyle::Bars},
+        {"--style points", "c,u\na,1\nb,2\n", {1, 2}, "a b ", TStyle::Points},
+        {"", "c,u\na,1\nb,2\na,3\n", {1, 2, 1}, "a b ", TStyle::Points},
+        {"--style bars", "c,u\na,1\nb,2\na,3\n", {0.5, 1.5, 2.5, 3.5}, "a b a ", TStyle::Bars},
+        {"--dy v -y u", "c,u,v\na,1,1\nb,2,1\n", {1, 2}, "a b ", TStyle::Points},
+        {"", "u,v\na 5 1\nb 6 2\n", {5, 6}, "", TStyle::Both},
+        {"", "c,u,v\na,5,1\na,6,2\n", {5, 6}, "", TStyle::Both},
+        {"", "c,d,u\na,1970-01-02,1\nb,1970-01-03,2\n", {day, 2 * day}, "x", TStyle::Both},
+        {"-x 1 -y u", "c,d,u\na,1970-01-02,1\nb,1970-01-03,2\n", {0.5, 1.5, 2.5}, "a b ", TStyle::Bars},
+        {"-x u -y d", "u,d\n1,1970-01-02\n2,1970-01-03\n", {1, 2}, "y", TStyle::Both},
+        {"--time 2 -y 1", "5,100\n6,200\n", {100, 200}, "x", TStyle::Both},
+        {"", "19700102,1\n19700103,2\n", {day, 2 * day}, "x", TStyle::Both},
+        {"", "19700103,1\n19700102,2\n", {19700103, 19700102}, "", TStyle::Both},
+        {"", "1\n2\n\n3\n4\n", {1, 2, NAN, 3, 4}, "", TStyle::Both},
+        {"", "0 1\n1 1\n1 2\n0 2\n0 1\n", {0, 1, 1, 0, 0}, "", TStyle::Both}, // a closed curve
+        {"", "3 1\n1 2\n2 5\n0 1\n", {3, 1, 2, 0}, "", TStyle::Points},
+        {"--style line", "3 1\n1 2\n2 5\n0 1\n", {3, 1, 2, 0}, "", TStyle::Line},
+    };
+    for (const auto& c : cases) {
+        const TOptions options = Parsed(std::string("d.csv ") + c.Arguments);
+        const TPlan plan = MakePlan(kx::TKxTable(c.Text, "d.csv", FormatOf(options)), options);
+        std::string scales = plan.Scales.XIsDate ? "x" : "";
+        if (plan.Scales.YIsDate) scales += "y";
+        for (const auto& text : plan.Scales.Categories) scales += text + " ";
+        EXPECT_EQ(scales, c.Scales) << c.Text;
+        ASSERT_EQ(plan.X.Values.size(), c.X.size()) << c.Text;
+        for (std::size_t i = 0; i < c.X.size(); ++i)
+            EXPECT_TRUE(plan.X.Values[i] == c.X[i] || std::isnan(c.X[i])) << c.Text << i;
+        const auto* points = std::get_if<TPointsPlan>(&plan.Series[0].Kind);
+        EXPECT_EQ(points ? points->Style : TStyle::Bars, c.Style) << c.Text;
     }
 }
 

@@ -166,7 +166,7 @@ TEST_F(Program, KeepsErrorLinesShort) {
 
 TEST_F(Program, TellsWhatIsWrongInOneLineAndLeavesNoFile) {
     const std::tuple<int, const char*, const char*> cases[] = {
-        {1, "- --header", "standard input:2: column 2: 'n/a' is not a number"},
+        {1, "- --header", "standard input:2: column 2: 'n/a' is not a number; --missing TEXT .*"},
         {1, "missing.csv", "missing\\.csv: .+"},
         {1, ".", "\\.: is a directory"},
         {1, "d.csv -o none/p.svg", "none/p\\.svg: .+"},

@@ -129,7 +129,7 @@ TEST(Table, TellsWhatIsWrongAndWhere) {
         {"1,\"2\n3,4\n", "1", "f.csv:1: a quote is not closed"},
         {"a,b\n1,2\n", "c", "f.csv: has no column 'c'; it has 2 columns"},
         {"5\n", "0", "f.csv: has no column '0'; it has 1 column"},
-        {"a,b\n1,x\n", "b", "f.csv: column b is not numeric"},
+        {"a,b\n1,x\n", "b", "f.csv:2: column b is not numeric: 'x'"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Text);

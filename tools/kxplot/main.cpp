@@ -10,6 +10,7 @@
 #include "kxplot/options/paragraph.h"
 #include "kxplot/options/usageerror.h"
 #include "kxplot/plan/planner.h"
+#include "kxplot/plan/remedies.h"
 #include "kxplot/shortmemory.h"
 #include "kxplot/write/framefaults.h"
 #include "kxplot/write/outputs.h"
@@ -36,13 +37,36 @@ constexpr const char* CSample = "x,y\n1,1\n2,3\n3,2\n4,5\n5,4\n6,6\n7,8\n8,7\n";
 
 constexpr int CFailure = 1, CUsage = 2, CInterrupted = 130; // the last as shells have it
 
+/// What Use makes of the table; what is wrong with it is told with the option that helps.
+template <class F>
+auto WithTable(const TOptions& Options, F Use) {
+    const std::string& file = Options.Data.File;
+    const std::string text = file.empty() ? CSample : kx::ReadFile(file);
+    try {
+        return Use(kx::TKxTable(text,
+                                file.empty()  ? "sample"
+                                : file == "-" ? "standard input"
+                                              : file,
+                                FormatOf(Options)));
+    } catch (const kx::ETableError& error) {
+        throw WithRemedy(error);
+    }
+}
+
 /// Reads the table and plans the picture.
 TPlan Planned(const TOptions& Options) {
-    if (Options.Data.File.empty()) return MakePlan(kx::TKxTable(CSample, "sample"), Options);
-    const std::string text = kx::ReadFile(Options.Data.File);
-    const kx::TKxTable table(text, Options.Data.File == "-" ? "standard input" : Options.Data.File,
-                             Options.Data.Header);
-    return MakePlan(table, Options);
+    return WithTable(Options, [&](const kx::TKxTable& Table) { return MakePlan(Table, Options); });
+}
+
+/// Tells how the table is read, also one that then cannot be drawn.
+int Explain(const TOptions& Options) {
+    return WithTable(Options, [&](const kx::TKxTable& Table) {
+        for (const auto& line : Table.Explain()) Print(line + "\n");
+        std::vector<std::string> told;
+        MakePlan(Table, Options, &told);
+        for (const auto& line : told) Print(line + "\n");
+        return 0;
+    });
 }
 
 void TellAll(const std::vector<std::string>& Lines) {
@@ -99,6 +123,7 @@ int Guarded(F Action) {
 
 int Run(const TOptions& Options) {
     if (Options.Properties) return ListProperties(Options);
+    if (Options.Data.Table.Explain) return Explain(Options);
     if (Options.Batch.empty()) return Draw(Options);
     return DrawBatch(Options, [](const TOptions& One) { return Guarded([&] { return Draw(One); }); });
 }

@@ -2,6 +2,7 @@
 // The command line as it is written down for the parser and for --help.
 
 #include "kxplot/options/options.h"
+#include "kxplot/options/tablearguments.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,6 +15,7 @@ namespace kxplot {
 /// The options as CLI11 stores them, before they are checked.
 struct TArguments {
     TOptions Options;
+    TTableArguments Table;
     std::optional<std::string> Size, Style, Ground;
     std::optional<double> Scale, Dpi;
     std::optional<std::string> From, To, Iterations, Repeat, Bins, Legend;

@@ -175,6 +175,7 @@ std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
     CheckData(options);
     ReadHeader(given, options);
     ReadDrawing(given, options);
+    ReadTableOptions(given.Table, options);
     ReadAnalyses(given, options);
     ReadOutputs(given, options);
     return std::move(options);

@@ -6,6 +6,7 @@
 #include "kxplot/options/labelrequest.h"
 #include "kxplot/options/methodrequest.h"
 #include "kxplot/options/picturesize.h"
+#include "kxplot/options/tablerequest.h"
 
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/platform/text/colors.h>
@@ -21,6 +22,7 @@ namespace kxplot {
 struct TDataRequest {
     std::string File; ///< "-" is standard input
     kx::TKxHeaderRow Header = kx::TKxHeaderRow::Guess;
+    TTableRequest Table;
 };
 
 /// Which columns are what: header texts, or numbers from 1.

@@ -2,6 +2,7 @@
 
 #include "kxplot/options/usageerror.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <utility>
@@ -38,6 +39,12 @@ auto Find(const char* Option, const std::string& Text, const T& Words) {
 }
 
 } // namespace
+
+std::string WordOf(TStyle Style) {
+    const auto found =
+        std::find_if(CStyles.begin(), CStyles.end(), [&](const auto& Word) { return Word.second == Style; });
+    return found->first;
+}
 
 TStyle ParseStyle(const std::string& Text) { return Find("--style", Text, CStyles); }
 

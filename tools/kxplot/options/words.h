@@ -9,6 +9,8 @@ namespace kxplot {
 
 /// Raises TUsageError that lists the styles.
 TStyle ParseStyle(const std::string& Text);
+/// The word for a style.
+std::string WordOf(TStyle Style);
 /// Raises TUsageError that lists the places.
 kx::TKxLegendPlacement ParseLegendPlace(const std::string& Text);
 

@@ -1,6 +1,7 @@
 #include "kxplot/plan/columns.h"
 
 #include "kxplot/options/usageerror.h"
+#include "kxplot/plan/categories.h"
 
 #include <kxgraph/platform/text/text.h>
 
@@ -23,9 +24,45 @@ std::vector<int> Found(const kx::TKxTable& Table, const std::vector<std::string>
     return columns;
 }
 
-int ColumnOfX(const kx::TKxTable& Table, const std::optional<std::string>& Name) {
-    if (Name) return Table.FindNumericColumn(*Name);
-    return Table.GetColumnCount() > 1 ? 0 : -1;
+bool HasTexts(const kx::TKxTable& Table, int Column) {
+    return Table.GetKind(Column) == kx::TKxColumnKind::Texts;
+}
+
+/// The columns of a kind.
+std::vector<int> ColumnsOf(const kx::TKxTable& Table, kx::TKxColumnKind Kind) {
+    std::vector<int> columns;
+    for (int i = 0; i < Table.GetColumnCount(); ++i)
+        if (Table.GetKind(i) == Kind) columns.push_back(i);
+    return columns;
+}
+
+/// Where texts stand in the first column.
+void ChooseXBesideTexts(const kx::TKxTable& Table, const TDrawingRequest& Drawing, TColumns& Columns) {
+    const auto dates = ColumnsOf(Table, kx::TKxColumnKind::Dates);
+    const auto numbers = ColumnsOf(Table, kx::TKxColumnKind::Numbers);
+    const bool mayName =
+        numbers.size() > 1 && (Table.GetHeader(0).empty() || !CategoriesOf(Table.ReadTexts(0)).AreDistinct());
+    if (!dates.empty())
+        Columns.X = dates.front();
+    else if (!numbers.empty() && (mayName || Drawing.HasArrows()))
+        Columns.X = numbers.front();
+    (Columns.X >= 0 ? Columns.Names : Columns.Texts) = 0;
+}
+
+void ChooseX(const kx::TKxTable& Table, const TColumnRequest& Request, const TDrawingRequest& Drawing,
+             TColumns& Columns) {
+    if (Request.X) {
+        const int column = Table.FindColumn(*Request.X);
+        if (HasTexts(Table, column) && !Drawing.HasArrows())
+            Columns.Texts = column;
+        else
+            Columns.X = Table.FindNumericColumn(*Request.X);
+    } else if (Table.GetColumnCount() > 1) {
+        if (HasTexts(Table, 0))
+            ChooseXBesideTexts(Table, Drawing, Columns);
+        else
+            Columns.X = 0;
+    }
 }
 
 /// Every numeric column that is nothing else.
@@ -36,7 +73,8 @@ std::vector<int> OtherColumns(const kx::TKxTable& Table, const TColumns& Columns
     for (int i = 0; i < Table.GetColumnCount(); ++i)
         if (!Contains(taken, i) && !Contains(Y2, i) && Table.IsNumeric(i)) others.push_back(i);
     if (others.empty())
-        throw kx::ETableError(kx::Escaped(Table.GetName()) + ": has no numeric column for a series");
+        throw kx::ETableError(kx::Escaped(Table.GetName()) + ": has no numeric column for a series",
+                              kx::TKxTableRemedy::Skip);
     return others;
 }
 
@@ -45,6 +83,11 @@ std::vector<int> ColumnsWithoutValues(const kx::TKxTable& Table) {
     for (int i = 0; i < Table.GetColumnCount(); ++i)
         if (Table.IsWithoutValues(i)) columns.push_back(i);
     return columns;
+}
+
+int FirstForBins(const kx::TKxTable& Table) {
+    const auto numbers = ColumnsOf(Table, kx::TKxColumnKind::Numbers);
+    return HasTexts(Table, 0) && !numbers.empty() ? numbers.front() : Table.FindNumericColumn("1");
 }
 
 void CheckComponents(const std::vector<int>& Columns, std::size_t Count, const char* Option) {
@@ -82,15 +125,15 @@ TColumns ChooseColumns(const kx::TKxTable& Table, const TOptions& Options) {
     TColumns columns;
     columns.Y = Found(Table, request.Y);
     if (drawing.Bins) {
-        if (columns.Y.empty()) columns.Y = Found(Table, {"1"});
+        if (columns.Y.empty()) columns.Y = {FirstForBins(Table)};
         columns.FirstOnY2 = columns.Y.size();
         return columns;
     }
-    columns.X = ColumnOfX(Table, request.X);
+    ChooseX(Table, request, drawing, columns);
     const std::vector<int> y2 = Found(Table, Options.Axes.Y2);
     columns.VX = Found(Table, request.VX);
     columns.VY = Found(Table, request.VY);
-    if (!request.X && columns.X == 0 && !Table.IsNumeric(0)) Table.FindNumericColumn("1");
+    if (!request.X && columns.X == 0) Table.FindNumericColumn("1"); // raises what is wrong with it
     if (request.Weight) columns.Weight = Table.FindNumericColumn(*request.Weight);
     if (columns.Y.empty()) {
         columns.Y = OtherColumns(Table, columns, y2);

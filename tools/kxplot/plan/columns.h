@@ -12,7 +12,9 @@ namespace kxplot {
 
 /// Columns of a table, zero-based.
 struct TColumns {
-    int X = -1;      ///< -1: 1, 2, 3, ...
+    int X = -1;      ///< -1: 1, 2, 3, ..., or texts
+    int Texts = -1;  ///< that stand over x; -1: none
+    int Names = -1;  ///< of the rows, which are left out; -1: none
     int Weight = -1; ///< -1: none
     std::vector<int> Y;
     std::size_t FirstOnY2 = 0; ///< of Y: that one and those that follow it stand on the second y axis
@@ -23,6 +25,8 @@ struct TColumns {
     std::vector<int> All() const; ///< each once, ascending
 };
 
+/// Texts in the first column stand over x, unless they rather name rows beside two columns of numbers: they
+/// have no header, or the same one stands in several rows. Dates go before them.
 /// Raises kx::ETableError for columns that the table has not or that are not numeric, and TUsageError for
 /// more error columns than series or another number of arrow components.
 TColumns ChooseColumns(const kx::TKxTable& Table, const TOptions& Options);

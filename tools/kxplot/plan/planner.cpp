@@ -5,7 +5,10 @@
 #include "kxplot/plan/bins.h"
 #include "kxplot/plan/captions.h"
 #include "kxplot/plan/columns.h"
+#include "kxplot/plan/explain.h"
+#include "kxplot/plan/style.h"
 #include "kxplot/plan/weights.h"
+#include "kxplot/plan/xvalues.h"
 
 #include <kxgraph/platform/text/text.h>
 
@@ -22,8 +25,12 @@ namespace {
 
 /// The values of some columns.
 struct TValues {
-    std::vector<int> Columns; ///< ascending
+    std::vector<int> Columns;      ///< ascending
+    std::vector<std::size_t> Gaps; ///< rows between blocks
     std::vector<std::vector<double>> Values;
+
+    TValues(const TKxTable& Table, std::vector<int> Wanted)
+        : Columns(std::move(Wanted)), Values(Table.ReadColumns(Columns, &Gaps)) {}
 
     std::size_t Rows() const { return Values.front().size(); }
     const std::vector<double>& Of(int Column) const {
@@ -37,7 +44,11 @@ class TSeriesPlanner {
 public:
     TSeriesPlanner(const TKxTable& Table, const TOptions& Options, const TColumns& Columns);
 
+    /// What is drawn, where the style was not asked for.
+    const TDrawingRequest& Drawing() const { return FDrawing; }
     TVectorPlan X() const;
+    TScalesPlan Scales() const;
+    const TStyleChoice& Style() const { return FStyle; }
     std::optional<TVectorPlan> Weight() const;
     TSeriesPlan Series(std::size_t Index, const TVectorPlan& X) const;
 
@@ -50,19 +61,34 @@ private:
     TVectorPlan ErrorWeight(std::size_t Index, const TVectorPlan& X) const;
     TKind Kind(std::size_t Index) const;
     TPointsPlan Points(std::size_t Index) const;
-    bool ShowsValues() const;
-    TStyle PointStyle() const;
+    TXValues RowsOfX() const;
+    TStyleChoice Chosen() const;
+    bool AreDates(const std::vector<int>& Columns) const;
 
     const TKxTable& FTable;
     const TOptions& FOptions;
     const TColumns& FColumns;
+    TDrawingRequest FDrawing;
     TValues FValues;
+    TXValues FX;
+    TStyleChoice FStyle;
 };
 
 // One pass over the table reads every column once.
 TSeriesPlanner::TSeriesPlanner(const TKxTable& Table, const TOptions& Options, const TColumns& Columns)
-    : FTable(Table), FOptions(Options),
-      FColumns(Columns), FValues{Columns.All(), Table.ReadColumns(Columns.All())} {}
+    : FTable(Table), FOptions(Options), FColumns(Columns), FDrawing(Options.Drawing),
+      FValues(Table, Columns.All()), FX(RowsOfX()), FStyle(Chosen()) {
+    if (FStyle.Style != TStyle::Bars || FDrawing.Style) return;
+    FDrawing.Style = FStyle.Style;
+    FX = RowsOfX();
+}
+
+TXValues TSeriesPlanner::RowsOfX() const {
+    if (FDrawing.Bins) return {};
+    if (FColumns.Texts >= 0) return XOfTexts(FTable, FColumns.Texts, FDrawing.HasBars());
+    if (FColumns.X < 0) return XOfRows(FValues.Rows(), FValues.Gaps);
+    return XOfColumn(FTable, FColumns.X, FValues.Of(FColumns.X), FOptions.Data.Table.Time.has_value());
+}
 
 TVectorPlan TSeriesPlanner::Vector(const char* Name, std::size_t Index, int Column) const {
     return {Name + std::to_string(Index + 1), FValues.Of(Column)};
@@ -87,16 +113,28 @@ std::vector<double> TSeriesPlanner::BinEdges() const {
     return EqualBins(range, *FOptions.Drawing.Bins);
 }
 
+// A bar of a text stands around its place.
 TVectorPlan TSeriesPlanner::X() const {
-    TVectorPlan x{"XData", {}};
-    if (FOptions.Drawing.Bins)
-        x.Values = BinEdges();
-    else if (FColumns.X >= 0)
-        x.Values = FValues.Of(FColumns.X);
-    else
-        for (std::size_t i = 0; i < FValues.Rows(); ++i) x.Values.push_back(double(i + 1));
-    if (FOptions.Drawing.HasBars() && !FOptions.Drawing.Bins) x.Values = WithLastEdge(x.Values);
-    return x;
+    if (FDrawing.Bins) return {"XData", BinEdges()};
+    if (!FDrawing.HasBars()) return {"XData", FX.Values};
+    std::vector<double> edges = WithLastEdge(FX.Values);
+    if (FColumns.Texts >= 0)
+        for (double& edge : edges) edge -= 0.5;
+    return {"XData", std::move(edges)};
+}
+
+bool TSeriesPlanner::AreDates(const std::vector<int>& Columns) const {
+    return std::ranges::all_of(Columns, [&](int Column) { return FTable.IsDate(Column); });
+}
+
+TScalesPlan TSeriesPlanner::Scales() const {
+    TScalesPlan scales;
+    const bool dates = AreDates(FColumns.Y);
+    scales.XIsDate = FDrawing.Bins ? dates : FX.IsDate;
+    scales.YIsDate = !FDrawing.Bins && dates;
+    scales.Categories = FX.Texts;
+    if (FDrawing.Horizontal) std::swap(scales.XIsDate, scales.YIsDate);
+    return scales;
 }
 
 std::optional<TVectorPlan> TSeriesPlanner::Weight() const {
@@ -116,25 +154,28 @@ TVectorPlan TSeriesPlanner::ErrorWeight(std::size_t Index, const TVectorPlan& X)
     return {"Weight" + number, WeightsByErrors(FTable, all)};
 }
 
-/// Whether there is a fit or a curve among the points.
-bool TSeriesPlanner::ShowsValues() const {
-    return std::ranges::any_of(FOptions.Analyses, [](const TAnalysisRequest& Request) {
+TStyleChoice TSeriesPlanner::Chosen() const {
+    const TColumnRequest& columns = FOptions.Columns;
+    TStyleQuestion question;
+    question.Rows = FValues.Rows();
+    question.X = FX.Turns;
+    question.HasAnalysis = std::ranges::any_of(FOptions.Analyses, [](const TAnalysisRequest& Request) {
         return Request.Quantity == TQuantity::Value;
     });
-}
-
-// A line of one point would be nothing.
-TStyle TSeriesPlanner::PointStyle() const {
-    constexpr std::size_t few = 50;
-    const TStyle byCount = FValues.Rows() <= few ? TStyle::Both : TStyle::Line;
-    const TStyle style = FOptions.Drawing.Style.value_or(ShowsValues() ? TStyle::Points : byCount);
-    return FValues.Rows() == 1 && style == TStyle::Line ? TStyle::Both : style;
+    question.HasCategories = FColumns.Texts >= 0;
+    question.AreDistinct = FX.AreDistinct;
+    question.MayHaveBars = FOptions.Analyses.empty() && columns.DX.empty() && columns.DY.empty() &&
+                           columns.DXMinus.empty() && columns.DYMinus.empty() && !FOptions.Look.LogY;
+    TStyleChoice choice = ChooseStyle(question);
+    if (FDrawing.Style) choice = {*FDrawing.Style, false, "--style says so"};
+    // A line of one point would be nothing.
+    if (FValues.Rows() == 1 && choice.Style == TStyle::Line) choice.Style = TStyle::Both;
+    return choice;
 }
 
 TPointsPlan TSeriesPlanner::Points(std::size_t Index) const {
-    constexpr std::size_t many = 500;
-    return {PointStyle(),
-            ShowsValues() && !FOptions.Drawing.Style && FValues.Rows() > many,
+    return {FStyle.Style,
+            FStyle.SmallSymbols,
             Errors("dX", Index, FColumns.DXPlus),
             Errors("dXMinus", Index, FColumns.DXMinus),
             Errors("dY", Index, FColumns.DYPlus),
@@ -144,7 +185,7 @@ TPointsPlan TSeriesPlanner::Points(std::size_t Index) const {
 // Bars of several series that are beside or upon one another belong together.
 TSeriesPlanner::TKind TSeriesPlanner::Kind(std::size_t Index) const {
     constexpr double gap = 10;
-    const TDrawingRequest& drawing = FOptions.Drawing;
+    const TDrawingRequest& drawing = FDrawing;
     if (drawing.HasBars())
         return TBarsPlan{drawing.Style == TStyle::Bars3D, FColumns.Y.size() > 1 && !drawing.Bins ? gap : 0};
     if (drawing.HasArrows())
@@ -156,7 +197,9 @@ TSeriesPlan TSeriesPlanner::Series(std::size_t Index, const TVectorPlan& X) cons
     const int column = FColumns.Y[Index];
     TSeriesPlan series;
     series.Name = "Series" + std::to_string(Index + 1);
-    series.Caption = EscapeCaption(FTable.ColumnName(column));
+    series.Caption =
+        EscapeCaption(FTable.GetHeader(column).empty() ? FTable.ColumnName(column)
+                                                       : Escaped(HeaderWithUnit(FTable, column)));
     series.ShownColumn = FTable.ShownName(column);
     series.Y = Vector("YData", Index, column);
     if (FOptions.Drawing.Bins) series.Y.Values = CountInBins(X.Values, series.Y.Values);
@@ -186,7 +229,7 @@ std::vector<TAnalysisPlan> PlanAnalyses(const std::vector<TAnalysisRequest>& Req
 
 } // namespace
 
-TPlan MakePlan(const TKxTable& Table, const TOptions& Options) {
+TPlan MakePlan(const TKxTable& Table, const TOptions& Options, std::vector<std::string>* Told) {
     const TColumns columns = ChooseColumns(Table, Options);
     const TSeriesPlanner planner(Table, Options, columns);
     TPlan plan;
@@ -201,11 +244,13 @@ TPlan MakePlan(const TKxTable& Table, const TOptions& Options) {
     plan.HasLegend =
         plan.Series.size() + plan.Analyses.size() > 1 || Options.Legend.Place || Options.Legend.None;
     plan.WeighLogarithms = Options.Columns.WeightByErrors;
-    plan.Drawing = Options.Drawing;
+    plan.Scales = planner.Scales();
+    plan.Drawing = planner.Drawing();
     plan.Legend = Options.Legend;
     plan.Fitting = Options.Fitting;
     plan.Labels = Options.Labels;
     plan.Look = Options.Look;
+    if (Told) *Told = ExplainColumns(Table, columns, plan, planner.Style());
     return plan;
 }
 

@@ -1,0 +1,26 @@
+#include "kxplot/plan/direction.h"
+
+#include <cmath>
+#include <cstddef>
+
+namespace kxplot {
+
+TTurns TurnsOf(std::span<const double> Values) {
+    TTurns found;
+    bool wentUp = false, wentDown = false; // neither behind a gap
+    for (std::size_t i = 1; i < Values.size(); ++i) {
+        const double before = Values[i - 1], value = Values[i];
+        if (std::isnan(before) || std::isnan(value)) {
+            wentUp = wentDown = false;
+            continue;
+        }
+        ++found.Steps;
+        if (value == before) continue;
+        found.Turns += value > before ? wentDown : wentUp;
+        wentUp = value > before;
+        wentDown = !wentUp;
+    }
+    return found;
+}
+
+} // namespace kxplot
