@@ -162,6 +162,18 @@ void TKxAxisLabels::MeasureReach(const TKxAxisLine& Line) {
     }
 }
 
+// The middle of a text along the axis stays, of any other one the edge towards the axis: at the exact place
+// of the tick.
+static TKxCaptionAnchor AnchorOf(const TKxTickLabel& Label, const TKxAxisLine& Line, int Width,
+                                 bool IsTurned) {
+    const TKxSide side = Line.Side;
+    const TRealPoint apart = Line.PlaceAt(Label.Place, 0) - TRealPoint(Line.PointAt(Label.Position, 0));
+    const double along = side.IsHorizontal() ? apart.X : apart.Y;
+    if (side.IsHorizontal() == IsTurned)
+        return {(side.Outward() > 0) == IsTurned ? 1.0 : 0.0, side.Place(along, 0)};
+    return {0.5, side.Place(along + (Width % 2 == 0 ? 0.5 : 0), 0)}; // the middle of the tick's pixel
+}
+
 void TKxAxisLabels::Place(const TKxTicks& Ticks, const TKxAxisLine& Line, const TKxAxisLook& Look) {
     std::size_t i = 0;
     for (const auto& label : Ticks.Labels) {
@@ -170,6 +182,7 @@ void TKxAxisLabels::Place(const TKxTicks& Ticks, const TKxAxisLine& Line, const 
             const TSize size = SizeOf(FRecs[i]), shift = Turned({0, k * FHeight});
             const int along = tick - Line.Side.Along(size) / 2 + Line.Side.Along(shift);
             Put(FRecs[i], Line.PlaceOutwards(along, Look.LabelDistance() + Line.Side.Across(shift), size));
+            FRecs[i].Anchor = AnchorOf(label, Line, FRecs[i].Width, FIsTurned);
         }
     }
     if (i < FRecs.size()) Put(FRecs.back(), PlaceOfExponent(Line, Look));

@@ -2,11 +2,11 @@
 #include <kxgraph/formula/Kxformulablocks.h>
 
 #include "support/cases.h"
+#include "support/cputime.h"
 #include "support/graphfixture.h"
 
 #include <algorithm>
 #include <bit>
-#include <chrono>
 #include <clocale>
 #include <cmath>
 #include <cstdint>
@@ -119,13 +119,8 @@ TEST(Formula, IsParsedOnceHoweverFewPointsAreEvaluated) {
     TKxFormula formula(text);
     const double coefficients[] = {1.7, 0.3};
     std::vector<double> x(2000, 0.5), y(x.size());
-    const auto timeOf = [](auto Action) {
-        const auto start = std::chrono::steady_clock::now();
-        Action();
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    };
-    const double together = timeOf([&] { formula.Evaluate(x, coefficients, y); });
-    const double oneByOne = timeOf([&] {
+    const double together = test::CpuSeconds([&] { formula.Evaluate(x, coefficients, y); });
+    const double oneByOne = test::CpuSeconds([&] {
         for (const double at : x) EXPECT_EQ(formula.Evaluate(at, coefficients), y[0]);
     });
     EXPECT_LT(oneByOne, 20 * together);

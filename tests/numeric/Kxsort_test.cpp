@@ -1,9 +1,10 @@
 #include <kxgraph/numeric/Kxsort.h>
 
+#include "support/cputime.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <random>
 #include <vector>
@@ -53,11 +54,9 @@ TEST(Sort, TakesNoLongerForSweepsThereAndBack) {
     const auto timeOf = [](auto ValueAt) {
         TKxRealArray x(CCount), y(CCount), w(CCount);
         for (int i = 0; i < CCount; ++i) x[i] = y[i] = w[i] = ValueAt(i);
-        const auto start = std::chrono::steady_clock::now();
-        QuickSortYWtoX(0, CCount - 1, x, y, w);
-        const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+        const double time = test::CpuSeconds([&] { QuickSortYWtoX(0, CCount - 1, x, y, w); });
         for (const auto& sorted : {x, y, w}) EXPECT_TRUE(std::is_sorted(sorted.begin(), sorted.end()));
-        return time.count();
+        return time;
     };
     std::mt19937 random(7);
     const double anyOrder = timeOf([&](int) { return double(random()); });
