@@ -21,9 +21,16 @@ void TKxAxis::DrawTicks(bool Major, TColor Color, int Width, int Length) {
     canvas.Pen.SetWidth(Width);
     const TTickRun run = GetTickRun();
     if (run.Last == 0) return;
+    // The line begins with the whole of its first pixel and leaves out the last one, wherever it stands.
+    const double half = Length > 0 ? 0.5 : -0.5;
     for (int i = run.First; i <= run.Last; ++i) {
         if (FTicks.IsMajor[i] != Major) continue;
-        DrawLine(FLine.PointAt(FTicks.Positions[i], 0), FLine.PointAt(FTicks.Positions[i], Length), canvas);
+        if (canvas.IsSmooth())
+            DrawLine(FLine.PlaceAt(FTicks.Places[i], -half), FLine.PlaceAt(FTicks.Places[i], Length - half),
+                     canvas);
+        else
+            DrawLine(FLine.PointAt(FTicks.Positions[i], 0), FLine.PointAt(FTicks.Positions[i], Length),
+                     canvas);
     }
 }
 
@@ -43,6 +50,7 @@ void TKxAxis::Paint() {
     if (FNeedsTicks) CalculateTicks();
 
     TCanvas& canvas = GetCanvas();
+    canvas.Crisp = true;
     if (!FLook.Transparent) {
         canvas.Brush.SetColor(GetColor());
         canvas.Brush.SetStyle(bsSolid);

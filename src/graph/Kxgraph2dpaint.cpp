@@ -42,8 +42,13 @@ void TKx2DGraph::PaintGridLines(const TKxAxis& Axis, const TKxLineStyle& Style, 
     const auto run = Axis.GetTickRun();
     for (int i = run.First; i <= run.Last; ++i) {
         if (Axis.GetTickIsMajor()[i] != Major) continue;
-        const int at = side.FromStart(Axis.GetAxisLength(), Axis.GetTickPositions()[i]);
-        DrawLine(side.Point(at, 0), side.Point(at, end), canvas);
+        const int length = Axis.GetAxisLength();
+        const int at = side.FromStart(length, Axis.GetTickPositions()[i]);
+        const double place = side.FromStart<double>(length, Axis.GetTickPlaces()[i]);
+        if (canvas.IsSmooth())
+            DrawLine(side.Place(place, -0.5), side.Place(place, end - 0.5), canvas);
+        else
+            DrawLine(side.Point(at, 0), side.Point(at, end), canvas);
     }
 }
 
@@ -55,6 +60,7 @@ void TKx2DGraph::PaintGrid(const TKxAxis& Axis, const TKxLineStyle& Major, const
 void TKx2DGraph::Paint() {
     if (!NotUpdating()) return PaintKeptPicture();
     TCanvas& canvas = GetCanvas();
+    canvas.Crisp = true;
     FPainted = true;
     FPaintedXor = canvas.CanXor();
     FPaintedSmooth = canvas.IsSmooth();

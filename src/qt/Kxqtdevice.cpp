@@ -1,6 +1,7 @@
 #include <kxgraph/qt/Kxqtdevice.h>
 
 #include <kxgraph/platform/drawing/reduction.h>
+#include <kxgraph/platform/drawing/simplification.h>
 #include <kxgraph/qt/Kxqtclip.h>
 #include <kxgraph/qt/Kxqtlines.h>
 #include <kxgraph/qt/Kxqtvectors.h>
@@ -72,7 +73,6 @@ TRealRect FramedInside(const TRealRect& Rect, const TStroke& Stroke) {
 /// as often as they do, or an even number of times more.
 std::span<const TRealPoint> WithoutColumnDetail(std::span<const TRealPoint> Points,
                                                 std::vector<TRealPoint>& Kept) {
-    if (Points.size() < std::size_t(CReductionThreshold)) return Points;
     Kept.clear();
     for (std::size_t i = 0; i < Points.size(); ++i) {
         const bool inside = i > 0 && i + 1 < Points.size() && Points[i - 1].X == Points[i].X &&
@@ -103,8 +103,7 @@ TPainterDevice::TPainterDevice(QPainter& Painter, TSize Extent, double Scale, bo
 }
 
 bool TPainterDevice::IsThin(const TStroke& Stroke) const {
-    const bool smooth = FAntialias && Stroke.Mode == pmCopy;
-    return FRaster && !smooth && std::max(Stroke.Width, 1) * FScale < 1.5;
+    return FRaster && !FAntialias && std::max(Stroke.Width, 1) * FScale < 1.5;
 }
 
 TPoint TPainterDevice::DevicePixel(TRealPoint P) const {
@@ -143,7 +142,7 @@ double TPainterDevice::PenWidth(const TStroke& Stroke) const {
 }
 
 QColor TPainterDevice::ColorOf(TColor Color, TPenMode Mode) const {
-    if (Mode == pmXor && !FRaster) Color ^= clWhite;
+    if (Mode == pmXor && !CanXor()) Color ^= clWhite;
     return QColor(RedOf(Color), GreenOf(Color), BlueOf(Color));
 }
 
@@ -168,8 +167,7 @@ QBrush TPainterDevice::BrushOf(const TFill& Fill) const {
 }
 
 void TPainterDevice::SetMode(TPenMode Mode, bool Antialias) {
-    const bool invert = Mode == pmXor && FRaster;
-    const bool smooth = Antialias && !invert;
+    const bool invert = Mode == pmXor && CanXor(), smooth = Antialias && !invert;
     FPainter.setCompositionMode(invert ? QPainter::RasterOp_SourceXorDestination
                                        : QPainter::CompositionMode_SourceOver);
     FPainter.setRenderHint(QPainter::Antialiasing, smooth);
@@ -215,12 +213,18 @@ void TPainterDevice::PaintArea(TPointSpan Points, const TFill& Fill, bool Antial
     const auto points = Placed(Points);
     if (const auto rect = UprightRect(points); rect && !IsSmooth() && WriteArea(*rect, Fill)) return;
     FCurve.clear();
-    for (const TRealPoint p : WithoutColumnDetail(points, FExactKept))
-        FCurve.push_back(DevicePoint(p.X, p.Y));
+    for (const TRealPoint p : WithoutDetail(points)) FCurve.push_back(DevicePoint(p.X, p.Y));
     if (!AllInside(FCurve, SafeArea())) CutPolygon(FCurve, FSpare, SafeArea());
     FPainter.setPen(Qt::NoPen);
     FPainter.setBrush(BrushOf(Fill));
     FPainter.drawPolygon(FCurve.data(), int(FCurve.size()), Qt::OddEvenFill);
+}
+
+std::span<const TRealPoint> TPainterDevice::WithoutDetail(std::span<const TRealPoint> Points) {
+    if (Points.size() < std::size_t(CReductionThreshold)) return Points;
+    if (!IsSmooth()) return WithoutColumnDetail(Points, FExactKept);
+    SimplifyLine(Points, true, FExactKept);
+    return FExactKept;
 }
 
 void TPainterDevice::FillRect(const TRealRect& Rect, const TFill& Fill) {

@@ -2,6 +2,7 @@
 // The device that paints through a QPainter: raster image, PDF page, later window and printer.
 
 #include <kxgraph/platform/drawing/device.h>
+#include <kxgraph/qt/Kxqtcoverage.h>
 #include <kxgraph/qt/Kxqtfont.h>
 #include <kxgraph/qt/Kxqtraster.h>
 #include <kxgraph/qt/Kxqtstamp.h>
@@ -15,10 +16,10 @@ namespace kx::qt {
 
 /// Paints on a painter that it does not own. Extent is in logical pixels; Scale is the number of the
 /// painter's pixels in one of them. On a raster, pens of up to one device pixel follow the pixel rules
-/// exactly, unless antialiasing is asked for; nothing in XOR mode is antialiased. At
+/// exactly, unless antialiasing is asked for. At
 /// other scales, and on vector devices, a line of width 0 or 1 is one logical pixel wide. Where there is no
-/// XOR (vector devices), what is called in XOR mode shows as on white paper. Only a raster of scale 1 without
-/// antialiasing is not smooth; it rounds exact places. What painting leaves in the
+/// XOR (vector devices, antialiased ones), what is called in XOR mode shows as on white paper. Only a raster
+/// of scale 1 without antialiasing is not smooth; it rounds exact places. What painting leaves in the
 /// processor's vector registers is cleared when a call returns, so that numbers after it run as before.
 class TPainterDevice : public TCanvasDevice {
 public:
@@ -35,7 +36,7 @@ public:
     void Text(TRealPoint Pos, const TFontFace& Face, TColor Color, std::string_view Text) override;
     TSize MeasureText(const TFontFace& Face, std::string_view Text) const override;
     void SetClip(const std::optional<TRect>& Clip) override;
-    bool CanXor() const override { return FRaster; }
+    bool CanXor() const override { return FRaster && !FAntialias; }
     /// On a raster, a plain picture is painted once and put to each place; of several at one place, the last.
     void Stamps(TPointSpan Places, const TRecording& One) override;
 
@@ -57,6 +58,7 @@ private:
     QColor ColorOf(TColor Color, TPenMode Mode) const;
     void SetMode(TPenMode Mode, bool Antialias);
     std::span<const TRealPoint> Reduced(TPointSpan Points, const TStroke& Stroke);
+    std::span<const TRealPoint> WithoutDetail(std::span<const TRealPoint> Points);
     std::span<const TPoint> DevicePixels(TPointSpan Points, const TStroke& Stroke);
     static void PaintStamp(QImage& Picture, const TRecording& One, TPoint Offset);
     void PaintEach(TPointSpan Places, const TRecording& One);
@@ -72,6 +74,9 @@ private:
     void PaintArea(TPointSpan Points, const TFill& Fill, bool Antialias);
     void PaintShape(TPointSpan Points, const TStroke& Stroke, const TFill& Fill, Qt::PenJoinStyle Join);
     void PaintHugeEllipse(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill);
+    bool WriteCoverage(const QPen& Pen, TPenMode Mode);
+    void MakeCrisp(QPen& Pen);
+    void RoundEnds();
     void TrimEnds();
     QRectF SafeArea() const;
 
@@ -84,6 +89,7 @@ private:
     TRect FClip;       // logical pixels, inside the extent
     TRect FWindow;     // the same in device pixels
     TRepeatedShape FShape{PaintStamp};
+    TLineCoverage FCoverage;
     std::vector<TPoint> FKept, FPixels;         // scratch, kept for their storage
     std::vector<TRealPoint> FExact, FExactKept; // likewise
     std::vector<QPointF> FCurve, FSpare;        // likewise

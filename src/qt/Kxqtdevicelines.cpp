@@ -1,4 +1,5 @@
 #include <kxgraph/platform/drawing/reduction.h>
+#include <kxgraph/platform/drawing/simplification.h>
 #include <kxgraph/qt/Kxqtclip.h>
 #include <kxgraph/qt/Kxqtdevice.h>
 #include <kxgraph/qt/Kxqtlines.h>
@@ -17,6 +18,7 @@ namespace {
 // The painter's time for one path grows much faster than the path; so long ones are painted in pieces.
 constexpr std::size_t CPiecePoints = 32;
 constexpr double CPieceLength = 256;
+constexpr std::size_t CPathPoints = 2000; // of a page; viewers take long for longer ones
 
 double Distance(const QPointF& A, const QPointF& B) { return std::hypot(B.x() - A.x(), B.y() - A.y()); }
 QPointF Direction(double Angle) { return {std::cos(Angle), std::sin(Angle)}; }
@@ -27,26 +29,30 @@ QPointF Direction(double Angle) { return {std::cos(Angle), std::sin(Angle)}; }
 // add up to jagged ones.
 bool TPainterDevice::IsReduced(std::size_t Count, const TStroke& Stroke) const {
     const bool smooth = FRaster && FAntialias && !IsThin(Stroke);
+    const bool dashed = !DashesOf(Stroke.Style).empty();
     return (FReduction || smooth) && Count >= std::size_t(CReductionThreshold) && Stroke.Mode == pmCopy &&
-           DashesOf(Stroke.Style).empty();
+           (!dashed || (IsSmooth() && !IsThin(Stroke)));
 }
 
 std::span<const TRealPoint> TPainterDevice::Reduced(TPointSpan Points, const TStroke& Stroke) {
     const auto points = Placed(Points);
     if (!IsReduced(points.size(), Stroke)) return points;
-    ReducePolyline(points, FExactKept);
+    if (IsSmooth() && !IsThin(Stroke))
+        SimplifyLine(points, DashesOf(Stroke.Style).empty(), FExactKept);
+    else
+        ReducePolyline(points, FExactKept);
     return FExactKept;
 }
 
 /// The pixels that a thin line runs through.
 std::span<const TPoint> TPainterDevice::DevicePixels(TPointSpan Points, const TStroke& Stroke) {
+    auto pixels = Points.Whole(FPixels);
     if (IsSmooth()) {
-        const auto points = Reduced(Points, Stroke);
-        FPixels.resize(points.size());
-        std::ranges::transform(points, FPixels.begin(), [this](TRealPoint P) { return DevicePixel(P); });
-        return FPixels;
+        const auto places = Points.Exact(FExact);
+        FPixels.resize(places.size());
+        std::ranges::transform(places, FPixels.begin(), [this](TRealPoint P) { return DevicePixel(P); });
+        pixels = FPixels;
     }
-    const auto pixels = Points.Whole(FPixels);
     if (!IsReduced(pixels.size(), Stroke)) return pixels;
     ReducePolyline(pixels, FKept);
     return FKept;
@@ -87,18 +93,23 @@ void TPainterDevice::PaintWide(TPointSpan Points, const TStroke& Stroke, bool Cl
     SetMode(Stroke.Mode, FAntialias);
     FCurve.clear();
     for (const TRealPoint p : Reduced(Points, Stroke)) FCurve.push_back(DevicePoint(p.X, p.Y));
-    const QPen pen = PenOf(Stroke, Join);
+    const bool isExact = IsSmooth() && Points.IsExact();
+    QPen pen = PenOf(Stroke, Join);
+    // A line through exact places is one of several that follow one another, as a rule: round ends join them.
+    if (isExact && Points.Size() > 2 && pen.style() != Qt::CustomDashLine) pen.setCapStyle(Qt::RoundCap);
+    if (Stroke.Crisp && FRaster) MakeCrisp(pen);
     FPainter.setBrush(Qt::NoBrush);
     if (Closed && FCurve.size() < std::size_t(CReductionThreshold) && AllInside(FCurve, SafeArea())) {
         FPainter.setPen(pen);
         FPainter.drawPolygon(FCurve.data(), int(FCurve.size()));
         return;
     }
-    const bool isExact = IsSmooth() && Points.IsExact();
     if (Closed)
         FCurve.push_back(FCurve.front());
     else if (Stroke.Width < 2 && !isExact)
         TrimEnds();
+    if (Stroke.Crisp && FRaster && FCurve.size() == 2) RoundEnds();
+    if (isExact && !Closed && WriteCoverage(pen, Stroke.Mode)) return;
     ForPiecesInside(FCurve, SafeArea(), FSpare, [&](std::span<const QPointF> Piece, double LengthBefore) {
         const bool whole = !FRaster || Stroke.Mode == pmXor; // no pixel twice, no path more than needed
         if (whole || FAntialias || pen.style() == Qt::CustomDashLine)
@@ -106,6 +117,40 @@ void TPainterDevice::PaintWide(TPointSpan Points, const TStroke& Stroke, bool Cl
         else
             PaintBars(Piece, pen, Closed || Stroke.Width > 1);
     });
+}
+
+/// Writes a smooth line that runs from left to right past the painter; false if the painter has to.
+bool TPainterDevice::WriteCoverage(const QPen& Pen, TPenMode Mode) {
+    const bool isSolid = Pen.capStyle() == Qt::RoundCap && Mode == pmCopy;
+    if (!FRaster || !FAntialias || !isSolid || !TLineCoverage::IsFor(FCurve)) return false;
+    const auto image = FAccess.MixedPixels(FWindow);
+    if (image) FCoverage.Paint(*image, FWindow, FCurve, Pen.widthF(), Pen.color().rgb());
+    return image.has_value();
+}
+
+/// A pen of whole pixels, and the line where its edges are whole ones, if it is level and upright throughout.
+void TPainterDevice::MakeCrisp(QPen& Pen) {
+    const auto isSlanted = [](const QPointF& A, const QPointF& B) {
+        return std::abs(A.x() - B.x()) > 1e-6 && std::abs(A.y() - B.y()) > 1e-6;
+    };
+    if (std::ranges::adjacent_find(FCurve, isSlanted) != FCurve.end()) return;
+    const double half = std::round(Pen.widthF()) / 2;
+    Pen.setWidthF(2 * half);
+    const auto middle = [half](double Place) { return std::round(Place - half) + half; };
+    const bool isUpright = FCurve.front().x() == FCurve.back().x();
+    for (QPointF& p : FCurve) {
+        if (FCurve.size() > 2 || isUpright) p.setX(middle(p.x()));
+        if (FCurve.size() > 2 || !isUpright) p.setY(middle(p.y()));
+    }
+}
+
+/// The ends of a crisp line, along it.
+void TPainterDevice::RoundEnds() {
+    const bool isUpright = FCurve[0].x() == FCurve[1].x(), isLevel = FCurve[0].y() == FCurve[1].y();
+    for (QPointF& p : FCurve) {
+        if (isUpright) p.setY(std::round(p.y()));
+        if (isLevel) p.setX(std::round(p.x()));
+    }
 }
 
 /// Moves both ends half a pixel against the line's direction, so that the line begins with the whole of its
@@ -130,7 +175,9 @@ void TPainterDevice::PaintStroke(std::span<const QPointF> Line, QPen Pen, double
     const bool dashed = Pen.style() == Qt::CustomDashLine;
     for (std::size_t begin = 0, end = 1; end < Line.size(); begin = end - 1) {
         double length = 0;
-        const std::size_t most = InPieces ? begin + CPiecePoints : Line.size();
+        const std::size_t most = begin + (InPieces                                    ? CPiecePoints
+                                          : !dashed && Pen.capStyle() == Qt::RoundCap ? CPathPoints
+                                                                                      : Line.size());
         for (end = begin + 1; end < Line.size() && end < most && (!InPieces || length < CPieceLength); ++end)
             length += Distance(Line[end - 1], Line[end]);
         if (dashed) Pen.setDashOffset(LengthBefore / Pen.widthF());

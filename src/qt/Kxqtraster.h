@@ -35,6 +35,9 @@ public:
     /// leaves the image, and where pmXor is more than inverting bits. Who writes keeps to the clip.
     std::optional<TPixels> Pixels(const TRect& Window, TPenMode Mode) const;
 
+    /// The same for who mixes with what is there: all four channels of it alike.
+    std::optional<TPixels> MixedPixels(const TRect& Window) const { return Pixels(Window, pmXor); }
+
 private:
     const QPainter& FPainter;
     QImage* FImage;

@@ -100,21 +100,46 @@ void TKxArrowSeries::CalculateAllPoints() {
     for (int i = 0; i < FPointsCount; ++i) CalculateEnd(i);
 }
 
-void TKxArrowSeries::DrawOne(TCanvas& Canvas, TPoint From, TPoint To, int TipLength, int TipWidth) const {
+TRealPoint TKxArrowSeries::TipAt(int Index) const {
+    const auto end = [Index](const TKxChannel& Channel, double Component) {
+        const double value = Channel.GetValue(Index);
+        return Channel.HasPlace(value) ? Channel.GetAxis()->GetMap().EndPlace(value + Component) : CNoPlace.X;
+    };
+    return {end(FX, GetDX(Index)), end(FY, GetDY(Index))};
+}
+
+namespace {
+
+void DrawArrowOf(TCanvas& Canvas, TPoint From, TPoint To, int TipLength, int TipWidth) {
+    DrawArrow(From.X, From.Y, To.X, To.Y, TipLength, TipWidth, Canvas);
+}
+void DrawArrowOf(TCanvas& Canvas, TRealPoint From, TRealPoint To, int TipLength, int TipWidth) {
+    DrawArrow(From, To, TipLength, TipWidth, Canvas);
+}
+
+} // namespace
+
+template <class P>
+void TKxArrowSeries::DrawOne(TCanvas& Canvas, P From, P To, int TipLength, int TipWidth) const {
     if (TipLength > 0 || From == To)
-        DrawArrow(From.X, From.Y, To.X, To.Y, TipLength, TipWidth, Canvas);
+        DrawArrowOf(Canvas, From, To, std::max(1, TipLength), TipWidth);
     else
-        kx::DrawLine(From.X, From.Y, To.X, To.Y, Canvas);
+        kx::DrawLine(From, To, Canvas);
 }
 
 void TKxArrowSeries::DrawLine(TCanvas& Canvas) {
     if (!PrepareDrawing() || !LineStyle().GetVisible()) return;
     UseLinePen(Canvas, LineStyle());
+    if (Canvas.IsSmooth())
+        return ForPlaces(Canvas, CMaxPixel, [&](int Index, TRealPoint At) {
+            if (const TRealPoint tip = TipAt(Index); IsPlace(tip))
+                DrawOne(Canvas, At, tip, FTipLength, FTipWidth);
+        });
     const auto xs = FEndXs.Values(), ys = FEndYs.Values();
     ForPlacedPoints(Canvas, CMaxPixel, [&](int Index, TPoint At) {
         const auto i = std::size_t(Index);
         if (i >= xs.size() || i >= ys.size() || !IsPlaced({xs[i], ys[i]})) return;
-        DrawOne(Canvas, At, {xs[i], ys[i]}, FTipLength, FTipWidth);
+        DrawOne(Canvas, At, TPoint{xs[i], ys[i]}, FTipLength, FTipWidth);
     });
 }
 
@@ -122,8 +147,8 @@ void TKxArrowSeries::DrawSample(TCanvas& Canvas, const TRect& Rect) {
     if (!LineStyle().GetVisible()) return;
     UseLinePen(Canvas, LineStyle());
     const int middle = (Rect.Top + Rect.Bottom) / 2, room = std::max(0, Rect.Height() / 2 - 1);
-    DrawOne(Canvas, {Rect.Left, middle}, {Rect.Right - 1, middle}, std::min(FTipLength, Rect.Width() / 2),
-            std::min(FTipWidth, room));
+    DrawOne(Canvas, TPoint{Rect.Left, middle}, TPoint{Rect.Right - 1, middle},
+            std::min(FTipLength, Rect.Width() / 2), std::min(FTipWidth, room));
 }
 
 const TPropertyTable& TKxArrowSeries::Properties() {

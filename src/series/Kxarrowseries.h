@@ -56,7 +56,9 @@ private:
     double ComponentAt(const TKxBoundVector& Vector, int Index) const;
     static TKxInterval ArrowInterval(double Value, double Component);
     void CalculateEnd(int Index);
-    void DrawOne(TCanvas& Canvas, TPoint From, TPoint To, int TipLength, int TipWidth) const;
+    TRealPoint TipAt(int Index) const;
+    template <class P>
+    void DrawOne(TCanvas& Canvas, P From, P To, int TipLength, int TipWidth) const;
 
     TKxBoundVector FDX{TKxValueIChangedEvent::Of<&TKxArrowSeries::DXChanged>(this)};
     TKxBoundVector FDY{TKxValueIChangedEvent::Of<&TKxArrowSeries::DYChanged>(this)};

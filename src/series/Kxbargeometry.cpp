@@ -1,5 +1,7 @@
 #include <kxgraph/series/Kxbargeometry.h>
 
+#include <kxgraph/platform/drawing/simplification.h>
+
 #include <cmath>
 
 namespace kx {
@@ -34,6 +36,13 @@ TKxBarSlot SlotInBin(int Edge, int NextEdge, const TKxBarLayout& Layout) {
     };
     const double depth = std::abs(rest) * FiniteOr0(Layout.DepthPercent);
     return {border(Layout.Place - 1), border(Layout.Place), RoundToInt(depth / 240), RoundToInt(depth / 400)};
+}
+
+TKxBarSpan SpanInBin(double Edge, double NextEdge, const TKxBarLayout& Layout) {
+    const double width = NextEdge - Edge;
+    const double gap = std::min(FiniteOr0(Layout.GapPercent), 100.0) / 200;
+    const double from = Edge + width * gap, slot = width * (1 - 2 * gap) / Layout.Count;
+    return {from + slot * (Layout.Place - 1), from + slot * Layout.Place};
 }
 
 void BarPixels(const TKxAxisMap& Map, std::span<const double> Values, int* First, std::ptrdiff_t Stride) {
@@ -72,11 +81,24 @@ TRect BarOutline(const TKxBarSlot& Slot, int Start, int End, bool Horizontal) {
     return Horizontal ? TRect{v0, a0, v1 + 1, a1 + 1} : TRect{a0, v0, a1 + 1, v1 + 1};
 }
 
+TRealRect BarOutline(const TKxBarSpan& Span, double Start, double End, bool Horizontal) {
+    const auto [a0, a1] = std::minmax(Span.Near, Span.Far);
+    const auto [v0, v1] = std::minmax(Start, End);
+    return Horizontal ? TRealRect{v0, a0, v1 + 1, a1 + 1} : TRealRect{a0, v0, a1 + 1, v1 + 1};
+}
+
 TRect BarArea(const TRect& Outline, bool Horizontal) {
     TRect area = Outline;
     if (Horizontal || area.Width() > 1) --area.Right;
     if (!Horizontal || area.Height() > 1) --area.Bottom;
     return area;
+}
+
+TRealRect BarArea(const TRealRect& Outline, bool Horizontal) {
+    const double across = (Horizontal ? Outline.Height() : Outline.Width()) - 1;
+    const double thin = std::max(0.0, 1 - across) / 2; // at least a pixel across
+    const double x = Horizontal ? 0.5 : 0.5 - thin, y = Horizontal ? 0.5 - thin : 0.5;
+    return {Outline.Left + x, Outline.Top + y, Outline.Right - x, Outline.Bottom - y};
 }
 
 bool IsBarInside(const TRect& Outline, TSize World) {
@@ -88,6 +110,15 @@ bool AreOneLine(const TRect& A, const TRect& B, bool Horizontal) {
     if (Horizontal)
         return A.Top == B.Top && A.Height() == 1 && B.Height() == 1 && A.Left <= B.Right && B.Left <= A.Right;
     return A.Left == B.Left && A.Width() == 1 && B.Width() == 1 && A.Top <= B.Bottom && B.Top <= A.Bottom;
+}
+
+bool AreOneLine(const TRealRect& A, const TRealRect& B, bool Horizontal) {
+    const auto isNarrow = [](double From, double To) { return To - From <= 1 + 1 / CColumnsPerPixel; };
+    if (Horizontal)
+        return isNarrow(std::min(A.Top, B.Top), std::max(A.Bottom, B.Bottom)) && A.Left <= B.Right &&
+               B.Left <= A.Right;
+    return isNarrow(std::min(A.Left, B.Left), std::max(A.Right, B.Right)) && A.Top <= B.Bottom &&
+           B.Top <= A.Bottom;
 }
 
 bool PaintsInEdgeOrder(int FirstEdge, int LastEdge, bool Horizontal) {

@@ -29,11 +29,19 @@ struct TKxBarSlot {
     friend bool operator==(const TKxBarSlot&, const TKxBarSlot&) = default;
 };
 
+/// The same before anything is rounded; without a depth.
+struct TKxBarSpan {
+    double Near = 0;
+    double Far = 0;
+};
+
 /// The slot between two edges, in whichever direction they follow one another. With w pixels between them the
 /// gap is Round(w GapPercent / 200) at each side, and of the rest w' slot k ends at Round(w' k / Count)
 /// behind the first gap; the depth is Round(w' DepthPercent / 240) to the right and / 400 upwards. Gaps that
 /// meet leave a bar without width in the middle. A percentage that is not finite counts as 0.
 TKxBarSlot SlotInBin(int Edge, int NextEdge, const TKxBarLayout& Layout);
+
+TKxBarSpan SpanInBin(double Edge, double NextEdge, const TKxBarLayout& Layout);
 
 /// The pixels of edges or ends (TKxAxisMap::EndPosition): that of Values[i] goes to First[i * Stride].
 void BarPixels(const TKxAxisMap& Map, std::span<const double> Values, int* First, std::ptrdiff_t Stride);
@@ -49,14 +57,19 @@ double StackBeside(std::span<const TKxBarValues> Below, std::size_t Index, doubl
 /// The pixels of a bar with its outline: across from slot side to slot side, along from Start to End, all of
 /// them included.
 TRect BarOutline(const TKxBarSlot& Slot, int Start, int End, bool Horizontal);
+TRealRect BarOutline(const TKxBarSpan& Span, double Start, double End, bool Horizontal);
 /// What is filled of a bar that has no outline: without the border pixels that it shares with its right and
 /// lower neighbour, yet at least one pixel across.
 TRect BarArea(const TRect& Outline, bool Horizontal);
+/// The same of an exact one: between the lines that an outline would be.
+TRealRect BarArea(const TRealRect& Outline, bool Horizontal);
 /// Whether more of a bar than its border lies in a world of that size.
 bool IsBarInside(const TRect& Outline, TSize World);
 /// Whether two bars, both one pixel across, share that pixel and meet along it: their union is drawn as they
 /// both are. Bars without depth only.
 bool AreOneLine(const TRect& A, const TRect& B, bool Horizontal);
+/// The same of exact ones, as good as both being one column (ColumnOf) across.
+bool AreOneLine(const TRealRect& A, const TRealRect& B, bool Horizontal);
 /// Whether bars are to be painted in the order of their edges, so that each covers the depth of the one
 /// before.
 bool PaintsInEdgeOrder(int FirstEdge, int LastEdge, bool Horizontal);

@@ -5,6 +5,7 @@
 #include <kxgraph/series/Kxbargeometry.h>
 #include <kxgraph/series/Kxdataseries.h>
 
+#include <optional>
 #include <vector>
 
 namespace kx {
@@ -133,6 +134,10 @@ private:
     TBar BarAt(const TPlan& Plan, int Index) const;
     template <class F>
     void ForBars(bool AreaOnly, F Draw) const;
+    double PlaceAt(const TKxChannel& Channel, double Value) const;
+    std::optional<TRealRect> ExactOutline(const TPlan& Plan, int Index) const;
+    template <class F>
+    void ForExactBars(bool AreaOnly, F Draw) const;
     template <class E>
     void DrawFlat(TCanvas& Canvas, E ForEach) const;
     std::vector<TKxBarSeries*> BoxGroup();
@@ -140,7 +145,7 @@ private:
     void DrawBoxesTogether(TCanvas& Canvas, const std::vector<TKxBarSeries*>& Group) const;
     void DrawBox(TCanvas& Canvas, const TRect& Outline, const TKxBarSlot& Slot) const;
     bool IsShown() const { return LineStyle().GetVisible() || AreaStyle().GetVisible(); }
-    void FillBar(TCanvas& Canvas, const TRect& Area, bool Xored) const;
+    void FillBar(TCanvas& Canvas, const TRealRect& Area, bool Xored) const;
 
     std::vector<TKxBarSeries*> FStack; // below this one
     std::vector<TKxBarSeries*> FAbove; // those that have this one in their stack

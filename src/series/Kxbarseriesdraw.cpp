@@ -77,14 +77,54 @@ void TKxBarSeries::ForBars(bool AreaOnly, F Draw) const {
     if (!pending.Outline.IsEmpty()) Draw(pending.Outline, pending.Slot);
 }
 
+double TKxBarSeries::PlaceAt(const TKxChannel& Channel, double Value) const {
+    return Channel.GetAxis()->GetMap().EndPlace(Value);
+}
+
+// What is to be drawn is decided by pixels, as everywhere.
+std::optional<TRealRect> TKxBarSeries::ExactOutline(const TPlan& Plan, int Index) const {
+    if (BarAt(Plan, Index).Outline.IsEmpty()) return std::nullopt;
+    const double start = StackStart(Plan.Below, Index);
+    const TKxBarSpan span = SpanInBin(PlaceAt(Edges(), Edges().GetValue(Index)),
+                                      PlaceAt(Edges(), Edges().GetValue(Index + 1)), Plan.Layout);
+    const TRealRect outline =
+        BarOutline(span, PlaceAt(Lengths(), start), PlaceAt(Lengths(), Lengths().GetValue(Index) + start),
+                   FBarHorizontal);
+    return Plan.Cut ? outline.Intersected(TRect{0, 0, Plan.World.Width, Plan.World.Height}) : outline;
+}
+
+template <class F>
+void TKxBarSeries::ForExactBars(bool AreaOnly, F Draw) const {
+    const TPlan plan = MakePlan();
+    TRealRect pending;
+    const auto draw = [&] {
+        if (!pending.IsEmpty()) Draw(AreaOnly ? BarArea(pending, FBarHorizontal) : pending);
+    };
+    for (int n = 0; n < FPointsCount; ++n) {
+        const auto outline = ExactOutline(plan, plan.InOrder ? n : FPointsCount - 1 - n);
+        if (!outline || outline->IsEmpty()) continue;
+        if (!pending.IsEmpty() && AreOneLine(pending, *outline, FBarHorizontal)) {
+            pending = pending.United(*outline);
+            continue;
+        }
+        draw();
+        pending = *outline;
+    }
+    draw();
+}
+
 void TKxBarSeries::DrawLine(TCanvas& Canvas) {
     if (!PrepareDrawing() || FPointsCount < 1 || !IsShown()) return;
     const TCanvas::TSaved saved(Canvas);
     if (!IsZoomed()) Canvas.SetClip(std::nullopt);
     if (FShow3DBars)
         DrawBoxes(Canvas);
+    else if (Canvas.IsSmooth())
+        DrawFlat(Canvas, [this](bool AreaOnly, auto Draw) { ForExactBars(AreaOnly, Draw); });
     else
-        DrawFlat(Canvas, [this](bool AreaOnly, auto Draw) { ForBars(AreaOnly, Draw); });
+        DrawFlat(Canvas, [this](bool AreaOnly, auto Draw) {
+            ForBars(AreaOnly, [&Draw](const TRect& Bar, const TKxBarSlot&) { Draw(Bar); });
+        });
 }
 
 template <class E>
@@ -93,14 +133,12 @@ void TKxBarSeries::DrawFlat(TCanvas& Canvas, E ForEach) const {
     const bool outlined = LineStyle().GetVisible(), xored = area.GetDrawXOred() && Canvas.CanXor();
     const bool filledApart = xored || !outlined;
     if (area.GetVisible() && filledApart)
-        ForEach(true, [&](const TRect& Area, const TKxBarSlot&) { FillBar(Canvas, Area, xored); });
+        ForEach(true, [&](const TRealRect& Area) { FillBar(Canvas, Area, xored); });
     UseLinePen(Canvas, LineStyle());
     if (!outlined) return;
     Canvas.Brush.SetColor(area.GetColor());
     Canvas.Brush.SetStyle(area.GetVisible() && !filledApart ? area.GetStyle() : bsClear);
-    ForEach(false, [&](const TRect& Outline, const TKxBarSlot&) {
-        Canvas.Rectangle(Outline.Left, Outline.Top, Outline.Right, Outline.Bottom);
-    });
+    ForEach(false, [&](const TRealRect& Outline) { Canvas.Rectangle(Outline); });
 }
 
 // Those that stand among this one's boxes, in painting order.
@@ -152,7 +190,7 @@ void TKxBarSeries::DrawBox(TCanvas& Canvas, const TRect& Outline, const TKxBarSl
               BarSideColor(front), Canvas);
 }
 
-void TKxBarSeries::FillBar(TCanvas& Canvas, const TRect& Area, bool Xored) const {
+void TKxBarSeries::FillBar(TCanvas& Canvas, const TRealRect& Area, bool Xored) const {
     Canvas.Brush.SetColor(AreaStyle().GetColor());
     Canvas.Brush.SetStyle(AreaStyle().GetStyle());
     if (!Xored) return Canvas.FillRect(Area);
@@ -161,7 +199,7 @@ void TKxBarSeries::FillBar(TCanvas& Canvas, const TRect& Area, bool Xored) const
     Canvas.Brush.SetStyle(AreaStyle().GetStyle());
     Canvas.Pen.SetMode(pmXor);
     Canvas.Pen.SetStyle(psClear);
-    const TPoint corners[] = {
+    const TRealPoint corners[] = {
         {Area.Left, Area.Top}, {Area.Right, Area.Top}, {Area.Right, Area.Bottom}, {Area.Left, Area.Bottom}};
     Canvas.Polygon(corners); // without an outline its right and lower border stay out
 }
@@ -169,9 +207,8 @@ void TKxBarSeries::FillBar(TCanvas& Canvas, const TRect& Area, bool Xored) const
 void TKxBarSeries::DrawSample(TCanvas& Canvas, const TRect& Rect) {
     if (!IsShown()) return;
     if (!FShow3DBars)
-        return DrawFlat(Canvas, [&](bool AreaOnly, auto Draw) {
-            Draw(AreaOnly ? BarArea(Rect, FBarHorizontal) : Rect, TKxBarSlot{});
-        });
+        return DrawFlat(
+            Canvas, [&](bool AreaOnly, auto Draw) { Draw(AreaOnly ? BarArea(Rect, FBarHorizontal) : Rect); });
     TKxBarSlot slot = SlotInBin(0, Rect.Width(), {1, 1, 0, FDepthPercent});
     slot.DepthX = std::min(std::abs(slot.DepthX), Rect.Width() / 2);
     slot.DepthY = std::min(std::abs(slot.DepthY), Rect.Height() / 2);

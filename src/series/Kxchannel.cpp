@@ -67,6 +67,12 @@ void TKxChannel::Place(int First, std::span<TPoint> Points) const {
     PointsTouched += Points.size();
 }
 
+void TKxChannel::Place(int First, std::span<TRealPoint> Points) const {
+    const auto values = GetVector()->Values().subspan(std::size_t(First), Points.size());
+    FAxis->GetMap().RealToPlaces(values, &In(Points.front()), 2);
+    PointsTouched += Points.size();
+}
+
 bool TKxExtentScan::TakeEnds(const TKxChannel& Channel, int Count, TKxAxScaling Scaling) {
     if (Count <= 0) return true;
     const auto ends = Channel.GetVector()->GetEnds(0, Count);

@@ -106,8 +106,12 @@ public:
     int PixelOf(int Index) const { return FAxis->RealToIntPosition(GetValue(Index)); }
     /// The pixels of the values First, First + 1, ..., as many as there are points.
     void Place(int First, std::span<TPoint> Points) const;
+    /// The same before they are rounded.
+    double PlaceOf(int Index) const { return FAxis->GetMap().RealToPlace(GetValue(Index)); }
+    void Place(int First, std::span<TRealPoint> Points) const;
     int& In(TPoint& Point) const { return Point.*FCoordinate; }
     int In(const TPoint& Point) const { return Point.*FCoordinate; }
+    double& In(TRealPoint& Point) const { return FCoordinate == &TPoint::X ? Point.X : Point.Y; }
 
 private:
     int TPoint::*FCoordinate;

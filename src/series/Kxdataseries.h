@@ -3,6 +3,8 @@
 
 #include <kxgraph/series/Kxseries.h>
 
+#include <vector>
+
 namespace kx {
 
 /// A series whose data come from vectors, not from a computation.
@@ -52,8 +54,16 @@ protected:
     void UseSymbolPen(TCanvas& Canvas) const;
     /// ForPlacedPoints with brush and pen set for symbols.
     void ForMarkedPoints(TCanvas& Canvas, const TDrawPoint& Draw);
+    /// ForPlaces likewise.
+    void ForMarkedPlaces(TCanvas& Canvas, const TDrawPlace& Draw);
 
     TKxPointStyle FPointStyle;
+
+private:
+    bool PrepareMarks(TCanvas& Canvas);
+    int MarkReach() const { return FPointStyle.GetSize() + FPointStyle.GetWidth() + 1; }
+    template <class P>
+    void DrawSymbols(TCanvas& Canvas, const std::vector<P>& Places);
 };
 
 /// Adds error bars from four vectors, each of which may be null or shorter than the data. Not owned.
@@ -117,9 +127,13 @@ private:
     bool HasErrors() const;
     double ErrorAt(TKind Kind, int Index) const;
     int PixelLength(TKind Kind, int Index) const;
+    double LengthOf(TKind Kind, int Index) const;
     void CalculateErrors(int Index);
     TKxInterval IntervalOf(const TKxChannel& Channel, int Index) const;
     void DrawBars(TCanvas& Canvas, int Index, TPoint P);
+    void DrawBars(TCanvas& Canvas, int Index, TRealPoint P) const;
+    template <class P>
+    void DrawMarked(TCanvas& Canvas, int Index, P At);
 
     TErrors FErrors[4]{TErrors(Listener<XPlus>()), TErrors(Listener<XMinus>()), TErrors(Listener<YPlus>()),
                        TErrors(Listener<YMinus>())};

@@ -8,32 +8,51 @@
 
 namespace kx {
 
-void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, const TDrawPoint& Draw) {
-    if (!FPointStyle.GetVisible() || !PrepareDrawing()) return;
+bool TKxDataSeries::PrepareMarks(TCanvas& Canvas) {
+    if (!FPointStyle.GetVisible() || !PrepareDrawing()) return false;
     UseSymbolPen(Canvas);
-    ForPlacedPoints(Canvas, FPointStyle.GetSize() + FPointStyle.GetWidth() + 1, Draw);
+    return true;
+}
+
+void TKxDataSeries::ForMarkedPoints(TCanvas& Canvas, const TDrawPoint& Draw) {
+    if (PrepareMarks(Canvas)) ForPlacedPoints(Canvas, MarkReach(), Draw);
+}
+
+void TKxDataSeries::ForMarkedPlaces(TCanvas& Canvas, const TDrawPlace& Draw) {
+    if (PrepareMarks(Canvas)) ForPlaces(Canvas, MarkReach(), Draw);
+}
+
+void TKxDataSeries::DrawPoints(TCanvas& Canvas) {
+    if (Canvas.IsSmooth()) {
+        std::vector<TRealPoint> places;
+        ForMarkedPlaces(Canvas, [&](int, TRealPoint At) { places.push_back(At); });
+        DrawSymbols(Canvas, places);
+    } else {
+        std::vector<TPoint> places;
+        ForMarkedPoints(Canvas, [&](int, TPoint At) { places.push_back(At); });
+        DrawSymbols(Canvas, places);
+    }
 }
 
 // Many symbols are one picture at many places: a raster paints it once and leaves out what is covered.
-void TKxDataSeries::DrawPoints(TCanvas& Canvas) {
+template <class P>
+void TKxDataSeries::DrawSymbols(TCanvas& Canvas, const std::vector<P>& Places) {
     constexpr std::size_t CMany = 100;
-    std::vector<TPoint> places;
-    ForMarkedPoints(Canvas, [&](int, TPoint At) { places.push_back(At); });
-    if (places.empty()) return;
-    const auto draw = [this](TPoint At, TCanvas& On) {
-        DrawPointSymbol(At.X, At.Y, FPointStyle.GetSize(), FPointStyle.GetStyle(), On);
+    if (Places.empty()) return;
+    const auto draw = [this](P At, TCanvas& On) {
+        DrawPointSymbol(At, FPointStyle.GetSize(), FPointStyle.GetStyle(), On);
     };
     const TCanvas::TSaved saved(Canvas);
     if (!IsZoomed()) Canvas.SetClip(std::nullopt);
-    if (places.size() < CMany) {
-        for (const TPoint p : places) draw(p, Canvas);
+    if (Places.size() < CMany) {
+        for (const P p : Places) draw(p, Canvas);
         return;
     }
-    TRecorder symbol({});
+    TRecorder symbol({}, Canvas.GetDevice()->PixelsPerInch(), false, Canvas.IsSmooth());
     TCanvas one(&symbol);
     UseSymbolPen(one);
     draw({}, one);
-    Canvas.Stamps(places, symbol.Recording);
+    Canvas.Stamps(Places, symbol.Recording);
 }
 
 void TKxDataSeries::UseSymbolPen(TCanvas& Canvas) const {

@@ -80,6 +80,21 @@ int TKxDataWithErrorSeries::PixelLength(TKind Kind, int Index) const {
     return axis.RealToIntPosition(end > 0 ? end : axis.GetStart()) - axis.RealToIntPosition(value);
 }
 
+// The same with fractions.
+double TKxDataWithErrorSeries::LengthOf(TKind Kind, int Index) const {
+    const TKxChannel& channel = ChannelOf(Kind);
+    const TKxAxisMap& map = channel.GetAxis()->GetMap();
+    const double error = std::abs(FErrors[Kind].Vector.GetValue(Index));
+    if (std::isnan(error)) return 0;
+    const double sign = Kind == XPlus || Kind == YPlus ? 1 : -1;
+    if (!channel.IsLogarithmic())
+        return std::clamp((map.Forward ? sign : -sign) * error / map.Scale, -double(CMaxPixel),
+                          double(CMaxPixel));
+    const double value = channel.GetValue(Index), end = value + sign * error;
+    if (!(value > 0)) return 0;
+    return map.RealToPlace(end > 0 ? end : map.Start) - map.RealToPlace(value);
+}
+
 void TKxDataWithErrorSeries::CalculateErrors(int Index) {
     for (const TKind kind : {XPlus, XMinus, YPlus, YMinus})
         if (FErrors[kind].Has(Index)) FErrors[kind].Pixels.SetValue(Index, PixelLength(kind, Index));
@@ -113,19 +128,41 @@ void TKxDataWithErrorSeries::DrawBars(TCanvas& Canvas, int Index, TPoint P) {
     }
 }
 
+void TKxDataWithErrorSeries::DrawBars(TCanvas& Canvas, int Index, TRealPoint P) const {
+    const int s = FPointStyle.GetSize();
+    for (const TKind kind : {XPlus, XMinus, YPlus, YMinus}) {
+        if (!FErrors[kind].Has(Index)) continue;
+        const double length = LengthOf(kind, Index);
+        const bool alongX = IsAlongX(kind);
+        const TRealPoint end = alongX ? Shifted(P, {length, 0}) : Shifted(P, {0, length});
+        const TRealPoint half = alongX ? TRealPoint{0, s} : TRealPoint{s, 0};
+        kx::DrawLine(P, end, Canvas);
+        kx::DrawLine(end - half, end + half, Canvas);
+    }
+}
+
+template <class P>
+void TKxDataWithErrorSeries::DrawMarked(TCanvas& Canvas, int Index, P At) {
+    Canvas.Pen.SetWidth(1);
+    Canvas.Pen.SetColor(FErrorColor);
+    DrawBars(Canvas, Index, At);
+    Canvas.Pen.SetWidth(FPointStyle.GetWidth());
+    Canvas.Pen.SetColor(FPointStyle.GetColor());
+    DrawPointSymbol(At, FPointStyle.GetSize(), FPointStyle.GetStyle(), Canvas);
+}
+
 void TKxDataWithErrorSeries::DrawPoints(TCanvas& Canvas) {
     if (!HasErrors()) return TKxDataSeries::DrawPoints(Canvas);
     const TRect world{0, 0, GetDrawingWorld() ? GetDrawingWorld()->GetWidth() : 0,
                       GetDrawingWorld() ? GetDrawingWorld()->GetHeight() : 0};
-    ForMarkedPoints(Canvas, [&](int Index, TPoint P) {
-        if (!world.Contains(P)) return;
-        Canvas.Pen.SetWidth(1);
-        Canvas.Pen.SetColor(FErrorColor);
-        DrawBars(Canvas, Index, P);
-        Canvas.Pen.SetWidth(FPointStyle.GetWidth());
-        Canvas.Pen.SetColor(FPointStyle.GetColor());
-        DrawPointSymbol(P.X, P.Y, FPointStyle.GetSize(), FPointStyle.GetStyle(), Canvas);
-    });
+    if (Canvas.IsSmooth())
+        ForMarkedPlaces(Canvas, [&](int Index, TRealPoint At) {
+            if (world.Contains(RoundToPixel(At))) DrawMarked(Canvas, Index, At);
+        });
+    else
+        ForMarkedPoints(Canvas, [&](int Index, TPoint At) {
+            if (world.Contains(At)) DrawMarked(Canvas, Index, At);
+        });
 }
 
 void TKxDataWithErrorSeries::DrawSampleMark(TCanvas& Canvas, const TRect& Rect) {

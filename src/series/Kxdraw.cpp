@@ -4,6 +4,7 @@
 #include <kxgraph/platform/controls/controls.h>
 #include <kxgraph/platform/objects/published.h>
 
+#include <array>
 #include <cmath>
 
 namespace kx {
@@ -99,6 +100,11 @@ void DrawLine(int X1, int Y1, int X2, int Y2, TCanvas& Canvas) {
     MakeThinPenCosmetic(Canvas.Pen);
     Canvas.MoveTo(X1, Y1);
     Canvas.LineTo(X2, Y2);
+}
+
+void DrawLine(TRealPoint From, TRealPoint To, TCanvas& Canvas) {
+    MakeThinPenCosmetic(Canvas.Pen);
+    Canvas.Polyline(std::array{From, To});
 }
 
 void DrawFrame(int X1, int Y1, int X2, int Y2, TCanvas& Canvas) {

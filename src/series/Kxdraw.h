@@ -176,17 +176,27 @@ inline void DrawLine(TPoint From, TPoint To, TCanvas& Canvas) {
     DrawLine(From.X, From.Y, To.X, To.Y, Canvas);
 }
 
+/// On a smooth canvas: the line from end to end, cut off there.
+void DrawLine(TRealPoint From, TRealPoint To, TCanvas& Canvas);
+
 /// The outline of the rectangle, corners included, not filled. The pen as with DrawLine.
 void DrawFrame(int X1, int Y1, int X2, int Y2, TCanvas& Canvas);
 
 /// One symbol, centred at (X, Y) and reaching Size pixels from there, in the canvas's pen. Sets pen and brush
 /// style to solid, and the brush to the pen's colour for a filled symbol.
 void DrawPointSymbol(int X, int Y, int Size, TKxPointSymbol Symbol, TCanvas& Canvas);
+inline void DrawPointSymbol(TPoint At, int Size, TKxPointSymbol Symbol, TCanvas& Canvas) {
+    DrawPointSymbol(At.X, At.Y, Size, Symbol, Canvas);
+}
+/// On a smooth canvas: the same about an exact place, with corners where they belong.
+void DrawPointSymbol(TRealPoint At, int Size, TKxPointSymbol Symbol, TCanvas& Canvas);
 
 /// A line from (X1, Y1) to the tip (X2, Y2) with a filled head there, TipLength long and twice TipWidth wide.
 /// An arrow of no length is one pixel. Sets the brush: clear for that pixel, else solid in the pen's colour.
 /// Raises EZeroDivide "Floating point division by zero" for a TipLength of 0, after the line is drawn.
 void DrawArrow(int X1, int Y1, int X2, int Y2, int TipLength, int TipWidth, TCanvas& Canvas);
+/// On a smooth canvas; the shaft ends where the head begins.
+void DrawArrow(TRealPoint From, TRealPoint To, int TipLength, int TipWidth, TCanvas& Canvas);
 
 /// A box with a front face between the two corners, a top face and a right side face. The depth, |DX| and
 /// |DY| pixels, goes up and to the right. Sets pen and brush to solid; leaves FrameColor and SideColor in

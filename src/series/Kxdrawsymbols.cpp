@@ -78,21 +78,50 @@ TRect SquareAround(TPoint Center, int Size) {
             PixelAt(Center.Y, 100, Size) + 1};
 }
 
-} // namespace
+void DrawRays(TRealPoint Center, int Size, std::span<const TPoint> Rays, TCanvas& Canvas) {
+    for (const TPoint& ray : Rays)
+        DrawLine(Center, {Center.X + ray.X * Size / 100.0, Center.Y + ray.Y * Size / 100.0}, Canvas);
+}
 
-void DrawPointSymbol(int X, int Y, int Size, TKxPointSymbol Symbol, TCanvas& Canvas) {
+void DrawPolygon(TRealPoint Center, int Size, std::span<const TPoint> Corners, TCanvas& Canvas) {
+    std::array<TRealPoint, CMaxPolygon> points;
+    for (std::size_t i = 0; i < Corners.size(); ++i)
+        points[i] = {Center.X + Corners[i].X * Size / 100.0, Center.Y + Corners[i].Y * Size / 100.0};
+    Canvas.Polygon(std::span(points.data(), Corners.size()));
+}
+
+void DrawDot(TPoint At, TCanvas& Canvas) { DrawLine(At.X, At.Y, At.X, At.Y + 1, Canvas); }
+void DrawDot(TRealPoint At, TCanvas& Canvas) {
+    DrawLine(TRealPoint{At.X, At.Y - 0.5}, {At.X, At.Y + 0.5}, Canvas);
+}
+
+TRealRect SquareAround(TRealPoint Center, int Size) {
+    return {Center.X - Size, Center.Y - Size, Center.X + Size + 1, Center.Y + Size + 1};
+}
+
+template <class P>
+void DrawSymbol(P At, int Size, TKxPointSymbol Symbol, TCanvas& Canvas) {
     const TSymbol& symbol = CSymbols.at(Symbol);
     Canvas.Brush.SetStyle(bsSolid);
     Canvas.Pen.SetStyle(psSolid);
     if (symbol.Filled) Canvas.Brush.SetColor(Canvas.Pen.GetColor());
-    const TRect square = SquareAround({X, Y}, Size);
     switch (symbol.Shape) {
-    case TShape::Dot: DrawLine(X, Y, X, Y + 1, Canvas); break;
-    case TShape::Rays: DrawRays({X, Y}, Size, symbol.Points, Canvas); break;
-    case TShape::Polygon: DrawPolygon({X, Y}, Size, symbol.Points, Canvas); break;
-    case TShape::Ellipse: Canvas.Ellipse(square.Left, square.Top, square.Right, square.Bottom); break;
-    case TShape::Rectangle: Canvas.Rectangle(square.Left, square.Top, square.Right, square.Bottom); break;
+    case TShape::Dot: DrawDot(At, Canvas); break;
+    case TShape::Rays: DrawRays(At, Size, symbol.Points, Canvas); break;
+    case TShape::Polygon: DrawPolygon(At, Size, symbol.Points, Canvas); break;
+    case TShape::Ellipse: Canvas.Ellipse(SquareAround(At, Size)); break;
+    case TShape::Rectangle: Canvas.Rectangle(SquareAround(At, Size)); break;
     }
+}
+
+} // namespace
+
+void DrawPointSymbol(int X, int Y, int Size, TKxPointSymbol Symbol, TCanvas& Canvas) {
+    DrawSymbol(TPoint{X, Y}, Size, Symbol, Canvas);
+}
+
+void DrawPointSymbol(TRealPoint At, int Size, TKxPointSymbol Symbol, TCanvas& Canvas) {
+    DrawSymbol(At, Size, Symbol, Canvas);
 }
 
 } // namespace kx

@@ -1,5 +1,7 @@
 #include <kxgraph/series/Kxkeptline.h>
 
+#include <kxgraph/platform/drawing/simplification.h>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -59,8 +61,9 @@ bool HasGaps(const TKxChannel& Channel, int First, int End) {
 class TColumns {
 public:
     /// Runs gets where the runs of a line that gaps interrupt end among the kept points.
-    TColumns(const TKxChannel& X, const TKxChannel& Y, std::vector<int>& Kept, std::vector<int>& Runs)
-        : FX(X), FY(Y), FKept(Kept), FRuns(Runs) {}
+    TColumns(TKxColumns Columns, const TKxChannel& X, const TKxChannel& Y, std::vector<int>& Kept,
+             std::vector<int>& Runs)
+        : FX(X), FY(Y), FKept(Kept), FRuns(Runs), FAreParts(Columns == TKxColumns::Parts) {}
 
     /// The points that stand in Stretch and one with a number on either side; a number is the last.
     TKxSection Section(int Count, TKxStretch Stretch) const {
@@ -79,7 +82,7 @@ public:
             column = i;
             i = EndOfColumn(i, Section.Last);
             FLength = i - column;
-            i == Section.Last ? KeepEnd(column, i) : KeepColumn(column, i);
+            KeepColumn(column, i, i == Section.Last);
         }
         return column;
     }
@@ -92,7 +95,7 @@ public:
             if (HasGaps(FY, i, end)) {
                 KeepPieces(i, end, ends);
             } else {
-                ends ? KeepEnd(i, end) : KeepColumn(i, end);
+                KeepColumn(i, end, ends);
                 FIsOpen = true;
             }
             i = end;
@@ -135,7 +138,7 @@ private:
             const bool ends = end < End || EndsThere, isWithin = !FIsOpen && ends && end > i + 1;
             const auto [low, high] = FewEnds(i, end);
             if (!isWithin || !painted.Holds(FY.GetValue(low), FY.GetValue(high))) {
-                ends ? KeepEnd(i, end) : KeepColumn(i, end);
+                KeepColumn(i, end, ends);
                 FIsOpen = true;
                 if (isWithin) AddPainted(painted, i, StartOfEnd(i, end));
             }
@@ -161,6 +164,7 @@ private:
     /// The point that the last part of a line leads to: it and those behind it stand in one pixel, which is
     /// left out unless the line was there before.
     int StartOfEnd(int First, int End) const {
+        if (FAreParts) return End; // nothing is left out
         int start = End - 1;
         const int pixel = FY.PixelOf(start);
         for (int i = start; i-- > First;) {
@@ -184,14 +188,22 @@ private:
         Keep(End - 1); // with one point alone it would be a dot
     }
 
+    /// What tells the columns along X apart, and where a point stands across them.
+    double Column(int Index) const {
+        if (!FAreParts) return PixelX(FX, Index);
+        ++PointsTouched;
+        return ColumnOf(FX.PlaceOf(Index));
+    }
+    double Across(int Index) const { return FAreParts ? FY.PlaceOf(Index) : FY.PixelOf(Index); }
+
     bool IsNumber(int Index) const { return !std::isnan(FY.GetValue(Index)); }
 
     /// In ever longer steps, then by halving: sparse points cost one step each, many in a column little more.
     /// Steps begin where a column as long as the one before would nearly end.
     int EndOfColumn(int First, int Last) const {
         constexpr int CMany = 16, CAlmost = 2;
-        const int pixel = PixelX(FX, First);
-        const auto isBehind = [&](int i) { return PixelX(FX, i) != pixel; };
+        const double column = Column(First);
+        const auto isBehind = [&](int i) { return Column(i) != column; };
         int known = First;
         if (FLength >= CMany && FLength < Last - First) {
             const int near = First + FLength - CAlmost;
@@ -205,7 +217,8 @@ private:
         return Last;
     }
 
-    void KeepColumn(int First, int End) {
+    void KeepColumn(int First, int End, bool EndsThere) {
+        if (EndsThere && !FAreParts) return KeepEnd(First, End);
         if (!Trim(First, End)) return;
         const int last = End - 1;
         const auto [a, b] = EndsOf(First, last);
@@ -233,8 +246,8 @@ private:
         int low = First, high = First;
         for (int i = First; i < Last; ++i) {
             if (!IsNumber(i)) continue;
-            if (FY.PixelOf(i) < FY.PixelOf(low)) low = i;
-            if (FY.PixelOf(i) > FY.PixelOf(high)) high = i;
+            if (Across(i) < Across(low)) low = i;
+            if (Across(i) > Across(high)) high = i;
         }
         PointsTouched += std::uint64_t(Last - First);
         return std::minmax({low, high});
@@ -246,6 +259,7 @@ private:
 
     const TKxChannel &FX, &FY;
     std::vector<int>&FKept, &FRuns;
+    bool FAreParts;
     int FLength = 0;      // of the last column
     bool FIsOpen = false; // the run goes on in the next column
 };
@@ -281,7 +295,7 @@ bool TKxKeptLine::Keep(const TKxChannel& X, const TKxChannel& Y, const TKxPlacin
 
 bool TKxKeptLine::Gather(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing,
                          TKxStretch Stretch, bool Appended) {
-    TColumns columns(X, Y, FPoints, FRuns);
+    TColumns columns(FColumns, X, Y, FPoints, FRuns);
     const TKxSection section = columns.Section(Placing.Count, Stretch);
     const bool breaks = Placing.BreaksAtGaps;
     if (breaks && HasGaps(X, section.First, section.Last)) return false;

@@ -1,5 +1,5 @@
 #pragma once
-// What a picture needs of a long line: a few points of every column of pixels.
+// What a picture needs of a long line: a few points of every column.
 
 #include <kxgraph/series/Kxchannel.h>
 
@@ -31,12 +31,20 @@ struct TKxSection {
 /// Those of the first Count points that may stand in Stretch: all of them unless the x values are sorted.
 TKxSection SectionIn(const TKxChannel& X, int Count, TKxStretch Stretch);
 
-/// The points that a solid line over sorted x values needs, so that every pixel of a stretch along X is the
-/// one that all points would make: of those in one column the first, the least, the greatest and the last
-/// one. Found by halving and by the extremes that vectors keep (Kxextremes.h): a new view costs its columns,
-/// not the points, an append the last column, and what is as before costs nothing.
+/// What counts as a column along X.
+enum class TKxColumns {
+    Pixels, ///< the line shows the very pixels of all points
+    Parts   ///< parts of a pixel (ColumnOf), for smooth devices: no point is farther than one from the line
+};
+
+/// The points that a solid line over sorted x values needs, so that a stretch along X looks as all points
+/// would make it: of those in one column the first, the least, the greatest and the last one. Found by
+/// halving and by the extremes that vectors keep (Kxextremes.h): a new view costs its columns, not the
+/// points, an append the last column, and what is as before costs nothing.
 class TKxKeptLine {
 public:
+    explicit TKxKeptLine(TKxColumns Columns = TKxColumns::Pixels) : FColumns(Columns) {}
+
     /// Finds the points, where they are not known. Placing is that of X and Y, which have an axis and a
     /// vector each. Returns false where the line cannot be kept so: x values that are not sorted, or without
     /// a place on their axis where that interrupts the line.
@@ -51,6 +59,7 @@ private:
                 bool Appended);
     bool IsAppendedTo(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing) const;
 
+    TKxColumns FColumns;
     TKxPlacing FPlacing;
     TKxStretch FStretch;
     int FLastColumn = 0; // the first point of it

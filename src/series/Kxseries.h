@@ -85,6 +85,8 @@ public:
     const TKxPointVector& GetPoints() const;
     /// The screen points of First, First + 1, ..., which must exist, as many as Points has room for.
     void PointsFrom(int First, std::span<TPoint> Points) const;
+    /// The same before they are rounded; of a class that places its points itself those that it has.
+    void PlacesFrom(int First, std::span<TRealPoint> Places) const;
     TRange& GetXRange() { return FX.GetRange(); }
     TRange& GetYRange() { return FY.GetRange(); }
     /// Indices of the points that hold the extents; -1 when unknown.
@@ -211,6 +213,9 @@ protected:
     /// no further than Reach pixels from points out of sight may be left out. Otherwise the clip is lifted,
     /// so that what stands on the border is whole, and points beyond it are left out.
     void ForPlacedPoints(TCanvas& Canvas, int Reach, const TDrawPoint& Draw) const;
+    /// The same for a smooth canvas.
+    using TDrawPlace = std::function<void(int Index, TRealPoint At)>;
+    void ForPlaces(TCanvas& Canvas, int Reach, const TDrawPlace& Draw) const;
     /// The axes of the last graph among the components of Owner, and its drawing world.
     void TakeAxes(const TComponent* Owner);
     /// Whether the extents will be found anew anyway.
@@ -274,15 +279,25 @@ private:
     bool KeepsPoints() const { return !GoesByValues() || FPlacing.Count >= 0; }
     bool IsBound() const;
     bool KeepsLine();
+    bool KeepsFineLine();
+    bool MayKeepLine() const;
     void UpdateChildren(bool PassOn);
     void ShowCaption(const AnsiString& Caption);
     void OrderChanged();
-    void MarkGaps(int First, std::span<TPoint> Points) const;
+    template <class P>
+    void MarkGaps(int First, std::span<P> Points) const;
     TKxStretch WorldStretch(int Reach) const;
     std::vector<std::span<const TPoint>> DrawableRuns();
     std::vector<std::span<const TPoint>> KeptRuns();
-    void DrawArea(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs);
-    void DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs);
+    std::vector<std::span<const TRealPoint>> ExactRuns(std::vector<TRealPoint>& Points);
+    template <class P>
+    void DrawRuns(TCanvas& Canvas, const std::vector<std::span<const P>>& Runs) const;
+    template <class P>
+    void DrawArea(TCanvas& Canvas, const std::vector<std::span<const P>>& Runs) const;
+    template <class P>
+    void DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const P>>& Runs) const;
+    template <class P, class F>
+    void ForAllPlaced(TCanvas& Canvas, int Reach, F Draw) const;
 
     TKxBoundVector FWeight{TKxValueIChangedEvent::Of<&TKxSeries::CallWeightChanged>(this)};
     TKxDrawingWorld* FDrawingWorld = nullptr;
@@ -293,6 +308,7 @@ private:
     std::vector<TPoint> FScratch;
     mutable TKxPlacing FPlacing; // of FPoints
     TKxKeptLine FKept;
+    std::unique_ptr<TKxKeptLine> FFineKept;     // since a smooth device first asked for it
     std::unique_ptr<TKxOrderWatch> FOrderWatch; // in the form designer
     TKxSeriesCaption FCaption;
     int FScannedCount = -1;    // points of the last full scan

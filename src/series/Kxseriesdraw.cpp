@@ -7,12 +7,15 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <type_traits>
+#include <utility>
 
 namespace kx {
 
 namespace {
 
-/// Longer lines are handed over in runs, each beginning at the last point of the one before.
+/// Longer lines in whole pixels are handed over in runs, each beginning at the last point of the one before.
 constexpr std::size_t CRunLength = 2000;
 
 } // namespace
@@ -23,39 +26,71 @@ void TKxSeries::Draw(TCanvas& Canvas) {
     ForChildren([&](TKxSeries* Child) { Guarded([&] { Child->Draw(Canvas); }); });
 }
 
-// The stretches of points that are joined to one another: all of them as a rule.
-std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
-    if (KeepsLine()) return KeptRuns();
-    const auto points = FPoints.Values().first(std::size_t(FPointsCount));
-    const auto gap = std::find_if_not(points.begin(), points.end(), IsPlaced);
-    if (gap == points.end()) return {points};
-    if (!BreaksAtGaps()) {
-        FScratch.clear();
-        std::copy_if(points.begin(), points.end(), std::back_inserter(FScratch), IsPlaced);
-        return {FScratch};
+namespace {
+
+bool IsThere(TPoint P) { return IsPlaced(P); }
+bool IsThere(TRealPoint P) { return IsPlace(P); }
+
+/// The stretches of points that are joined to one another: all of them as a rule.
+template <class P>
+std::vector<std::span<const P>> RunsOf(std::span<const P> Points, bool BreaksAtGaps,
+                                       std::vector<P>& Scratch) {
+    const auto isThere = [](P Point) { return IsThere(Point); };
+    const auto gap = std::find_if_not(Points.begin(), Points.end(), isThere);
+    if (gap == Points.end()) return {Points};
+    if (!BreaksAtGaps) {
+        std::vector<P> placed;
+        std::copy_if(Points.begin(), Points.end(), std::back_inserter(placed), isThere);
+        Scratch = std::move(placed);
+        return {Scratch};
     }
-    std::vector<std::span<const TPoint>> runs;
-    for (auto begin = points.begin(); begin != points.end();) {
-        const auto end = std::find_if_not(begin, points.end(), IsPlaced);
+    std::vector<std::span<const P>> runs;
+    for (auto begin = Points.begin(); begin != Points.end();) {
+        const auto end = std::find_if_not(begin, Points.end(), isThere);
         if (begin != end) runs.push_back({begin, end});
-        begin = std::find_if(end, points.end(), IsPlaced);
+        begin = std::find_if(end, Points.end(), isThere);
     }
     return runs;
+}
+
+template <class P>
+std::vector<std::span<const P>> RunsUpTo(std::span<const int> Ends, const std::vector<P>& Points) {
+    if (Ends.empty()) return {Points};
+    std::vector<std::span<const P>> runs;
+    runs.reserve(Ends.size());
+    std::size_t begin = 0;
+    for (const int end : Ends) {
+        runs.push_back(std::span(Points).subspan(begin, std::size_t(end) - begin));
+        begin = std::size_t(end);
+    }
+    return runs;
+}
+
+} // namespace
+
+std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
+    if (KeepsLine()) return KeptRuns();
+    return RunsOf(FPoints.Values().first(std::size_t(FPointsCount)), BreaksAtGaps(), FScratch);
+}
+
+// The places are made for every painting: a smooth device is painted once, as a rule.
+std::vector<std::span<const TRealPoint>> TKxSeries::ExactRuns(std::vector<TRealPoint>& Points) {
+    Points.clear();
+    if (KeepsFineLine()) {
+        for (const int i : FFineKept->Points())
+            if (const TRealPoint place{FX.PlaceOf(i), FY.PlaceOf(i)}; IsPlace(place)) Points.push_back(place);
+        return RunsUpTo(FFineKept->RunEnds(), Points);
+    }
+    Points.resize(std::size_t(FPointsCount));
+    if (FPointsCount > 0) PlacesFrom(0, Points);
+    return RunsOf(std::span<const TRealPoint>(Points), BreaksAtGaps(), Points);
 }
 
 std::vector<std::span<const TPoint>> TKxSeries::KeptRuns() {
     FScratch.clear();
     for (const int i : FKept.Points())
         if (const TPoint point{FX.PixelOf(i), FY.PixelOf(i)}; IsPlaced(point)) FScratch.push_back(point);
-    if (FKept.RunEnds().empty()) return {FScratch};
-    std::vector<std::span<const TPoint>> runs;
-    runs.reserve(FKept.RunEnds().size());
-    std::size_t begin = 0;
-    for (const int end : FKept.RunEnds()) {
-        runs.push_back(std::span(FScratch).subspan(begin, std::size_t(end) - begin));
-        begin = std::size_t(end);
-    }
-    return runs;
+    return RunsUpTo(FKept.RunEnds(), FScratch);
 }
 
 bool TKxSeries::PrepareDrawing() {
@@ -71,15 +106,34 @@ bool TKxSeries::IsZoomed() const { return GetXAxis()->CanZoomBack() && GetYAxis(
 void TKxSeries::DrawLine(TCanvas& Canvas) {
     if (!PrepareDrawing()) return;
     if (!DrawsLine() || FPointsCount < 2) return;
-    const auto runs = DrawableRuns();
-    if (FAreaStyle.GetVisible()) DrawArea(Canvas, runs);
-    if (FLineStyle.GetVisible()) DrawPolylines(Canvas, runs);
+    if (!Canvas.IsSmooth()) return DrawRuns(Canvas, DrawableRuns());
+    std::vector<TRealPoint> points;
+    DrawRuns(Canvas, ExactRuns(points));
 }
 
-void TKxSeries::DrawArea(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs) {
+template <class P>
+void TKxSeries::DrawRuns(TCanvas& Canvas, const std::vector<std::span<const P>>& Runs) const {
+    if (FAreaStyle.GetVisible()) DrawArea(Canvas, Runs);
+    if (FLineStyle.GetVisible()) DrawPolylines(Canvas, Runs);
+}
+
+namespace {
+
+/// What a point between two gaps shows, or it would not show at all.
+std::array<TPoint, 2> DotAt(TPoint P) { return {P, TPoint{P.X + 1, P.Y}}; }
+std::array<TRealPoint, 2> DotAt(TRealPoint P) {
+    return {TRealPoint{P.X - 0.5, P.Y}, TRealPoint{P.X + 0.5, P.Y}};
+}
+
+} // namespace
+
+template <class P>
+void TKxSeries::DrawArea(TCanvas& Canvas, const std::vector<std::span<const P>>& Runs) const {
     // A logarithmic axis has no zero; its lower end stands in for it.
     const double base = GetYAxis()->GetScaling() == AxNormal ? 0 : GetYAxis()->GetStart();
-    const int y0 = GetYAxis()->RealToIntPosition(base);
+    P foot{};
+    foot.Y = std::is_same_v<P, TPoint> ? GetYAxis()->RealToIntPosition(base)
+                                       : GetYAxis()->GetMap().RealToPlace(base);
     Canvas.Pen.SetWidth(0);
     Canvas.Pen.SetStyle(psClear);
     TColor color = FAreaStyle.GetColor();
@@ -89,30 +143,46 @@ void TKxSeries::DrawArea(TCanvas& Canvas, const std::vector<std::span<const TPoi
     }
     Canvas.Brush.SetColor(color);
     Canvas.Brush.SetStyle(FAreaStyle.GetStyle());
-    std::vector<TPoint> closed;
+    std::vector<P> closed;
     for (const auto& run : Runs) {
         if (run.size() < 2) continue;
         closed.assign(run.begin(), run.end());
-        closed.push_back({run.back().X, y0});
-        closed.push_back({run.front().X, y0});
+        for (const P end : {run.back(), run.front()}) {
+            foot.X = end.X;
+            closed.push_back(foot);
+        }
         Canvas.Polygon(closed);
     }
     Canvas.Pen.SetMode(pmCopy);
 }
 
-void TKxSeries::DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const TPoint>>& Runs) {
+template <class P>
+void TKxSeries::DrawPolylines(TCanvas& Canvas, const std::vector<std::span<const P>>& Runs) const {
     UseLinePen(Canvas, FLineStyle);
     for (const auto& run : Runs) {
-        if (run.size() == 1) {
-            const TPoint p = run.front(); // between two gaps: a dot, or it would not show at all
-            Canvas.Polyline(std::vector<TPoint>{p, {p.X + 1, p.Y}});
-        }
-        for (std::size_t start = 0; start + 1 < run.size(); start += CRunLength - 1)
-            Canvas.Polyline(run.subspan(start, std::min(CRunLength, run.size() - start)));
+        if (run.size() == 1) Canvas.Polyline(DotAt(run.front()));
+        const std::size_t most =
+            std::is_same_v<P, TPoint> ? CRunLength : std::max<std::size_t>(2, run.size());
+        for (std::size_t start = 0; start + 1 < run.size(); start += most - 1)
+            Canvas.Polyline(run.subspan(start, std::min(most, run.size() - start)));
     }
 }
 
-void TKxSeries::ForPlacedPoints(TCanvas& Canvas, int Reach, const TDrawPoint& Draw) const {
+namespace {
+
+void PlacesOf(const TKxSeries& Series, int First, std::span<TPoint> Points) {
+    Series.PointsFrom(First, Points);
+}
+void PlacesOf(const TKxSeries& Series, int First, std::span<TRealPoint> Places) {
+    Series.PlacesFrom(First, Places);
+}
+TPoint PixelAt(TPoint P) { return P; }
+TPoint PixelAt(TRealPoint P) { return RoundToPixel(P); }
+
+} // namespace
+
+template <class P, class F>
+void TKxSeries::ForAllPlaced(TCanvas& Canvas, int Reach, F Draw) const {
     const bool zoomed = IsZoomed();
     const TRect world{0, 0, GetDrawingWorld()->GetWidth(), GetDrawingWorld()->GetHeight()};
     const TCanvas::TSaved saved(Canvas);
@@ -120,16 +190,24 @@ void TKxSeries::ForPlacedPoints(TCanvas& Canvas, int Reach, const TDrawPoint& Dr
     TKxSection shown{0, FPointsCount};
     if (GoesByValues() && FPointsCount >= CReductionThreshold)
         shown = SectionIn(FX, FPointsCount, WorldStretch(zoomed ? Reach : 0));
-    std::array<TPoint, CPointsAtOnce> block;
+    std::array<P, CPointsAtOnce> block;
     for (int first = shown.First; first < shown.Last; first += CPointsAtOnce) {
         const auto points = std::span(block).first(std::size_t(std::min(CPointsAtOnce, shown.Last - first)));
-        PointsFrom(first, points);
+        PlacesOf(*this, first, points);
         int index = first;
-        for (const TPoint p : points) {
-            if (IsPlaced(p) && (zoomed || world.Contains(p))) Draw(index, p);
+        for (const P p : points) {
+            if (IsThere(p) && (zoomed || world.Contains(PixelAt(p)))) Draw(index, p);
             ++index;
         }
     }
+}
+
+void TKxSeries::ForPlacedPoints(TCanvas& Canvas, int Reach, const TDrawPoint& Draw) const {
+    ForAllPlaced<TPoint>(Canvas, Reach, Draw);
+}
+
+void TKxSeries::ForPlaces(TCanvas& Canvas, int Reach, const TDrawPlace& Draw) const {
+    ForAllPlaced<TRealPoint>(Canvas, Reach, Draw);
 }
 
 void TKxSeries::DrawSample(TCanvas& Canvas, const TRect& Rect) {

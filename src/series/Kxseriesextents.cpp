@@ -152,11 +152,25 @@ void TKxSeries::PlacePoints() {
         ForgetPoints();
 }
 
-bool TKxSeries::KeepsLine() {
+bool TKxSeries::MayKeepLine() const {
     const bool isSolid = !FLineStyle.GetVisible() || FLineStyle.GetStyle() == psSolid;
-    if (!GoesByValues() || !isSolid || FPointsCount < CReductionThreshold) return false;
-    constexpr int CAir = 4;
-    return FKept.Keep(FX, FY, PresentPlacing(), WorldStretch(FLineStyle.GetWidth() + CAir));
+    return GoesByValues() && isSolid && FPointsCount >= CReductionThreshold;
+}
+
+namespace {
+
+constexpr int CAir = 4; // around what is kept
+
+} // namespace
+
+bool TKxSeries::KeepsLine() {
+    return MayKeepLine() && FKept.Keep(FX, FY, PresentPlacing(), WorldStretch(FLineStyle.GetWidth() + CAir));
+}
+
+bool TKxSeries::KeepsFineLine() {
+    if (!MayKeepLine()) return false;
+    if (!FFineKept) FFineKept = std::make_unique<TKxKeptLine>(TKxColumns::Parts);
+    return FFineKept->Keep(FX, FY, PresentPlacing(), WorldStretch(FLineStyle.GetWidth() + CAir));
 }
 
 TKxStretch TKxSeries::WorldStretch(int Reach) const {
@@ -190,6 +204,24 @@ void TKxSeries::PointsFrom(int First, std::span<TPoint> Points) const {
         PlaceBlock(First, Points);
     else
         std::ranges::fill(Points, TPoint{CNoPixel, CNoPixel});
+}
+
+void TKxSeries::PlacesFrom(int First, std::span<TRealPoint> Places) const {
+    const bool areThere = IsBound() && std::size_t(First) + Places.size() <=
+                                           std::size_t(std::min(FX.GetCount(), FY.GetCount()));
+    if (areThere) {
+        FX.Place(First, Places);
+        FY.Place(First, Places);
+        if (BreaksAtGaps()) MarkGaps(First, Places);
+    } else {
+        std::ranges::fill(Places, CNoPlace);
+    }
+    if (GoesByValues()) return;
+    const TPoint* known = FPoints.Values().data() + First;
+    for (TRealPoint& place : Places) {
+        if (RoundToPixel(place) != *known) place = IsPlaced(*known) ? TRealPoint(*known) : CNoPlace;
+        ++known;
+    }
 }
 
 // Calls no child's calculation and thus no handler, which could change the data again.
@@ -236,11 +268,19 @@ void TKxSeries::PlaceBlock(int First, std::span<TPoint> Points) const {
     if (BreaksAtGaps()) MarkGaps(First, Points);
 }
 
-void TKxSeries::MarkGaps(int First, std::span<TPoint> Points) const {
+namespace {
+
+void TakeAway(TPoint& Point) { Point.X = CNoPixel; }
+void TakeAway(TRealPoint& Point) { Point = CNoPlace; }
+
+} // namespace
+
+template <class P>
+void TKxSeries::MarkGaps(int First, std::span<P> Points) const {
     const double *x = GetXData()->Values().data() + First, *y = GetYData()->Values().data() + First;
     const TKxAxScaling scalingX = FX.GetScaling(), scalingY = FY.GetScaling();
     for (std::size_t i = 0; i < Points.size(); ++i)
-        if (!kx::HasPlace(scalingX, x[i]) || !kx::HasPlace(scalingY, y[i])) Points[i].X = CNoPixel;
+        if (!kx::HasPlace(scalingX, x[i]) || !kx::HasPlace(scalingY, y[i])) TakeAway(Points[i]);
 }
 
 } // namespace kx

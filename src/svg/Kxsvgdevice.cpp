@@ -1,6 +1,7 @@
 #include <kxgraph/svg/Kxsvgdevice.h>
 
 #include <kxgraph/platform/drawing/reduction.h>
+#include <kxgraph/platform/drawing/simplification.h>
 #include <kxgraph/platform/drawing/visible.h>
 #include <kxgraph/platform/host/application.h>
 #include <kxgraph/platform/text/files.h>
@@ -66,7 +67,10 @@ void LeaveOutLastPixel(TSvgLine& Line) {
     Line.back() = {Line.back().X + last.X, Line.back().Y + last.Y};
 }
 
-TPathData PathOf(const TSvgLine& Line) {
+/// Viewers take long for longer paths.
+constexpr std::size_t CPathPoints = 2000;
+
+TPathData PathOf(std::span<const TSvgPoint> Line) {
     TPathData path;
     path.MoveTo(Line.front());
     for (std::size_t i = 1; i < Line.size(); ++i) path.LineTo(Line[i]);
@@ -181,17 +185,25 @@ void TSvgDevice::Add(std::string Head, const std::string& Style) {
 
 std::span<const TRealPoint> TSvgDevice::Reduced(TPointSpan Points, const TStroke& Stroke) {
     const auto points = Points.Exact(FExact);
-    if (points.size() < std::size_t(CReductionThreshold) || !Dashes(Stroke.Style).empty()) return points;
-    ReducePolyline(points, FKept);
+    if (points.size() < std::size_t(CReductionThreshold)) return points;
+    SimplifyLine(points, Dashes(Stroke.Style).empty(), FKept);
     return FKept;
 }
 
 void TSvgDevice::Polyline(TPointSpan Points, const TStroke& Stroke) {
     if (IsHidden() || Stroke.Style == psClear || Points.Size() < 2) return;
-    const std::string style = Attribute("fill", "none") + JointedStyle(Plain(Stroke), !IsHairline(Stroke));
+    // A line through exact places is one of several that follow one another, as a rule: round ends join them.
+    const bool joins = !IsHairline(Stroke) || (Points.IsExact() && Points.Size() > 2);
+    std::string style = Attribute("fill", "none") + JointedStyle(Plain(Stroke), joins);
+    if (Stroke.Crisp && Points.IsExact()) style += Attribute("shape-rendering", "crispEdges");
     for (TSvgLine& line : LinesInside(Reduced(Points, Stroke), WindowFor(Stroke))) {
         if (IsHairline(Stroke) && !Points.IsExact()) LeaveOutLastPixel(line);
-        if (!line.empty()) Add(PathHead(PathOf(line)), style);
+        const bool cuts = Points.IsExact() && Dashes(Stroke.Style).empty();
+        const std::size_t most = cuts ? CPathPoints : std::max<std::size_t>(2, line.size());
+        for (std::size_t start = 0; start < line.size(); start += most - 1) {
+            const auto part = std::span(line).subspan(start, std::min(most, line.size() - start));
+            if (part.size() > 1 || start == 0) Add(PathHead(PathOf(part)), style);
+        }
     }
 }
 

@@ -96,6 +96,8 @@ TEST(Scale, ManyValuesGoToTheSamePixelsAsOneAndBack) {
                                                 horizontal ? AxHorizontal : AxVertical, twisted);
         const std::size_t stride = i / 8 + 1;
         std::vector<int> pixels(values.size() * stride, 4711);
+        std::vector<double> places(values.size() * stride, 4711);
+        map.RealToPlaces(values, places.data(), static_cast<std::ptrdiff_t>(stride));
         map.RealToIntPositions(values, pixels.data(), static_cast<std::ptrdiff_t>(stride));
         for (std::size_t k = 0; k < pixels.size(); ++k) {
             const double value = values[k / stride];
@@ -105,6 +107,8 @@ TEST(Scale, ManyValuesGoToTheSamePixelsAsOneAndBack) {
             if (!linear && value <= 0) expected = -1;
             ASSERT_EQ(map.RealToIntPosition(value), expected) << value;
             ASSERT_EQ(pixels[k], k % stride == 0 ? expected : 4711) << value;
+            ASSERT_EQ(RoundToInt(map.RealToPlace(value)), expected) << value;
+            ASSERT_EQ(RoundToInt(places[k]), pixels[k]) << value;
         }
         for (int p = 0; p <= 80; ++p) EXPECT_EQ(map.RealToIntPosition(map.IntToRealPosition(p)), p);
     }

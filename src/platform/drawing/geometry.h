@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <limits>
 #include <type_traits>
 
 namespace kx {
@@ -91,6 +92,9 @@ struct TRealPoint {
     friend TRealPoint operator+(TRealPoint A, TRealPoint B) { return {A.X + B.X, A.Y + B.Y}; }
     friend TRealPoint operator-(TRealPoint A, TRealPoint B) { return {A.X - B.X, A.Y - B.Y}; }
 };
+/// What a point has that stands nowhere.
+inline constexpr TRealPoint CNoPlace{std::numeric_limits<double>::quiet_NaN(),
+                                     std::numeric_limits<double>::quiet_NaN()};
 inline bool IsPlace(TRealPoint P) { return !std::isnan(P.X) && !std::isnan(P.Y); }
 inline TPoint RoundToPixel(TRealPoint P) { return {RoundToInt(P.X), RoundToInt(P.Y)}; }
 
@@ -117,6 +121,12 @@ struct TRealRect {
         const TRealRect r{std::max(Left, O.Left), std::max(Top, O.Top), std::min(Right, O.Right),
                           std::min(Bottom, O.Bottom)};
         return r.IsEmpty() ? TRealRect{} : r;
+    }
+    TRealRect United(const TRealRect& O) const {
+        if (IsEmpty()) return O;
+        if (O.IsEmpty()) return *this;
+        return {std::min(Left, O.Left), std::min(Top, O.Top), std::max(Right, O.Right),
+                std::max(Bottom, O.Bottom)};
     }
     friend bool operator==(const TRealRect&, const TRealRect&) = default;
 };

@@ -3,8 +3,11 @@
 #include <kxgraph/platform/drawing/recording.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdint>
 #include <optional>
+#include <unordered_set>
 #include <variant>
 
 namespace kx {
@@ -29,17 +32,19 @@ double Inset(const TStroke& Stroke) {
     return Stroke.Style == psSolid || Stroke.Style == psInsideFrame ? 0.01 : 0.5;
 }
 
+TRect PixelsAround(const TRealRect& Rect, double By) {
+    return {int(std::floor(Rect.Left - By)), int(std::floor(Rect.Top - By)), int(std::ceil(Rect.Right + By)),
+            int(std::ceil(Rect.Bottom + By))};
+}
+
 template <class FTouches, class FCovers>
-std::optional<TCoverage> CoverageOf(const TRect& Rect, const TStroke& Stroke, const TFill& Fill,
+std::optional<TCoverage> CoverageOf(const TRect& All, const TStroke& Stroke, const TFill& Fill,
                                     FTouches Touches, FCovers Covers) {
     const TRect limit{-CLargestShape, -CLargestShape, CLargestShape, CLargestShape};
-    const int beyond = Stroke.Width > CLargestShape ? CLargestShape : Beyond(Stroke);
-    const TRect all{Rect.Left - beyond, Rect.Top - beyond, Rect.Right + beyond, Rect.Bottom + beyond};
-    if (Rect.Intersected(limit) != Rect || all.Intersected(limit) != all || !Copies(Stroke) || !Copies(Fill))
-        return std::nullopt;
+    if (All.Intersected(limit) != All || !Copies(Stroke) || !Copies(Fill)) return std::nullopt;
     TCoverage coverage;
-    for (int y = all.Top; y < all.Bottom; ++y) {
-        for (int x = all.Left; x < all.Right; ++x) {
+    for (int y = All.Top; y < All.Bottom; ++y) {
+        for (int x = All.Left; x < All.Right; ++x) {
             if (Touches(x, y)) coverage.Touched.push_back({x, y});
             if (Fill.Style == bsSolid && Covers(x, y)) coverage.Covered.push_back({x, y});
         }
@@ -49,22 +54,36 @@ std::optional<TCoverage> CoverageOf(const TRect& Rect, const TStroke& Stroke, co
 
 /// What a single call touches and covers; nothing for calls that are not looked into.
 struct TCoverageOfCall {
+    TRealPoint Place; ///< within a pixel,
+    double Doubt;     ///< or so far beside it in either direction
+
+    TRealRect At(const TRealRect& Rect) const {
+        const double limit = 2 * CLargestShape;
+        const auto limited = [limit](double V) { return std::clamp(V, -limit, limit); };
+        return {limited(Rect.Left) + Place.X, limited(Rect.Top) + Place.Y, limited(Rect.Right) + Place.X,
+                limited(Rect.Bottom) + Place.Y};
+    }
+    double Reach(const TStroke& Stroke) const { return std::min(Beyond(Stroke), CLargestShape) + Doubt; }
+
     std::optional<TCoverage> operator()(const TRecording::TRectangle& C) const {
-        const int inset = int(std::lround(Inset(C.Stroke)));
-        const TRect inner{C.Rect.Left + inset, C.Rect.Top + inset, C.Rect.Right - inset,
-                          C.Rect.Bottom - inset};
+        const TRealRect rect = At(C.Exact.value_or(C.Rect));
+        const double inset = std::round(Inset(C.Stroke)) + Doubt;
+        const TRect inner{int(std::ceil(rect.Left + inset)), int(std::ceil(rect.Top + inset)),
+                          int(std::floor(rect.Right - inset)), int(std::floor(rect.Bottom - inset))};
         return CoverageOf(
-            C.Rect, C.Stroke, C.Fill, [](int, int) { return true; },
+            PixelsAround(rect, Reach(C.Stroke)), C.Stroke, C.Fill, [](int, int) { return true; },
             [&inner](int X, int Y) {
                 return inner.Contains({X, Y});
             });
     }
     std::optional<TCoverage> operator()(const TRecording::TEllipse& C) const {
-        const double midX = (C.Rect.Left + double(C.Rect.Right)) / 2,
-                     midY = (C.Rect.Top + double(C.Rect.Bottom)) / 2;
-        const double halfX = (C.Rect.Right - double(C.Rect.Left)) / 2,
-                     halfY = (C.Rect.Bottom - double(C.Rect.Top)) / 2;
-        const double beyond = Beyond(C.Stroke), inset = Inset(C.Stroke);
+        const TRealRect rect = At(C.Exact.value_or(C.Rect));
+        const double midX = (rect.Left + rect.Right) / 2, midY = (rect.Top + rect.Bottom) / 2;
+        const double halfX = rect.Width() / 2, halfY = rect.Height() / 2;
+        if (Doubt > 0 && halfX != halfY)
+            return std::nullopt;          // by how much it would have to grow is no number
+        const double doubt = Doubt * 1.5; // aslant
+        const double beyond = Beyond(C.Stroke) + doubt, inset = Inset(C.Stroke) + doubt;
         // Distances of the farther and the nearer side of a pixel from the middle.
         const auto far = [](int At, double Mid) { return std::abs(At + 0.5 - Mid) + 0.5; };
         const auto near = [](int At, double Mid) { return std::max(0.0, std::abs(At + 0.5 - Mid) - 0.5); };
@@ -72,7 +91,7 @@ struct TCoverageOfCall {
             return A > 0 && B > 0 && X * X / (A * A) + Y * Y / (B * B) <= 1;
         };
         return CoverageOf(
-            C.Rect, C.Stroke, C.Fill,
+            PixelsAround(rect, Reach(C.Stroke)), C.Stroke, C.Fill,
             [&](int X, int Y) {
                 return isInside(near(X, midX), near(Y, midY), halfX + beyond, halfY + beyond);
             },
@@ -87,17 +106,14 @@ struct TCoverageOfCall {
 /// Goes from the last picture to the first. Outside the extent nothing shows.
 class TCover {
 public:
-    TCover(TSize Extent, const TCoverage& Shape)
-        : FShape(Shape), FExtent(Extent), FCovered(std::size_t(Extent.Width) * std::size_t(Extent.Height)),
-          FTaken(FCovered.size()) {}
+    explicit TCover(TSize Extent)
+        : FExtent(Extent), FCovered(std::size_t(Extent.Width) * std::size_t(Extent.Height)) {}
     /// Whether something of the next picture is to be seen.
-    bool Shows(TPoint At) {
-        if (Contains(At) && FTaken[Index(At)]) return false;
+    bool Shows(TPoint At, const TCoverage& Shape) {
         const auto isOpen = [&](TPoint P) { return Contains(P + At) && !FCovered[Index(P + At)]; };
-        if (std::ranges::none_of(FShape.Touched, isOpen)) return false;
-        for (const TPoint p : FShape.Covered)
+        if (std::ranges::none_of(Shape.Touched, isOpen)) return false;
+        for (const TPoint p : Shape.Covered)
             if (Contains(p + At)) FCovered[Index(p + At)] = 1;
-        if (Contains(At)) FTaken[Index(At)] = 1;
         return true;
     }
 
@@ -108,28 +124,65 @@ private:
     std::size_t Index(TPoint P) const {
         return std::size_t(P.Y) * std::size_t(FExtent.Width) + std::size_t(P.X);
     }
-    const TCoverage& FShape;
     TSize FExtent;
-    std::vector<char> FCovered, FTaken;
+    std::vector<char> FCovered;
 };
+
+/// What one shape touches and covers at any place, in parts of a pixel.
+class TShapes {
+public:
+    explicit TShapes(const TRecording::TCall& Call) : FCall(Call) {}
+
+    bool AreKnown() { return bool(At({0, 0})); }
+    /// At a place within a pixel.
+    const std::optional<TCoverage>& At(TRealPoint Place) {
+        constexpr int CParts = 8;
+        const bool isWhole = Place == TRealPoint();
+        const int x = int(Place.X * CParts), y = int(Place.Y * CParts);
+        auto& shape = isWhole ? FWhole : FParts[std::size_t(y * CParts + x) % FParts.size()];
+        if (!shape) {
+            constexpr double CHalf = 0.5 / CParts;
+            const TCoverageOfCall part{{double(x) / CParts + CHalf, double(y) / CParts + CHalf}, CHalf};
+            shape = std::visit(isWhole ? TCoverageOfCall{{}, 0} : part, FCall);
+        }
+        return shape;
+    }
+
+private:
+    const TRecording::TCall& FCall;
+    std::optional<TCoverage> FWhole;
+    std::array<std::optional<TCoverage>, 64> FParts;
+};
+
+/// Places so near to one another that a picture hides the one below it but for less than a twentieth of a
+/// pixel.
+std::uint64_t CellOf(TRealPoint Place) {
+    constexpr double CCells = 32;
+    return std::uint64_t(std::floor(Place.X * CCells) + CLargestExtent) << 32 |
+           std::uint64_t(std::floor(Place.Y * CCells) + CLargestExtent);
+}
 
 } // namespace
 
 std::vector<TRealPoint> VisiblePlaces(TPointSpan Places, const TRecording& One, TSize Extent) {
-    std::vector<TRealPoint> visible;
-    const auto all = Places.Exact(visible);
-    std::optional<TCoverage> coverage;
-    if (!Places.IsExact() && One.Calls.size() == 1 && double(Extent.Width) * Extent.Height <= CLargestExtent)
-        coverage = std::visit(TCoverageOfCall(), One.Calls[0]);
-    if (!coverage || Extent.Width < 1 || Extent.Height < 1) return {all.begin(), all.end()};
-    std::vector<TPoint> none;
-    const auto places = Places.Whole(none);
+    std::vector<TRealPoint> storage, visible;
+    const auto places = Places.Exact(storage);
+    const bool isUsual = One.Calls.size() == 1 && Extent.Width > 0 && Extent.Height > 0 &&
+                         double(Extent.Width) * Extent.Height <= CLargestExtent;
+    std::optional<TShapes> shapes;
+    if (isUsual) shapes.emplace(One.Calls[0]);
+    if (!shapes || !shapes->AreKnown()) return {places.begin(), places.end()};
     const TRect near{-2 * CLargestShape, -2 * CLargestShape, Extent.Width + 2 * CLargestShape,
                      Extent.Height + 2 * CLargestShape};
-    visible.clear();
-    TCover cover(Extent, *coverage);
-    for (std::size_t i = places.size(); i-- > 0;)
-        if (near.Contains(places[i]) && cover.Shows(places[i])) visible.push_back(places[i]);
+    TCover cover(Extent);
+    std::unordered_set<std::uint64_t> taken;
+    for (std::size_t i = places.size(); i-- > 0;) {
+        const TRealPoint corner{std::floor(places[i].X), std::floor(places[i].Y)};
+        if (!near.Contains(RoundToPixel(corner))) continue;
+        const auto& shape = shapes->At(places[i] - corner);
+        if (shape && !cover.Shows(RoundToPixel(corner), *shape)) continue;
+        if (taken.insert(CellOf(places[i])).second) visible.push_back(places[i]);
+    }
     std::ranges::reverse(visible);
     return visible;
 }

@@ -1,0 +1,122 @@
+#include <kxgraph/qt/Kxqtcoverage.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace kx::qt {
+
+namespace {
+
+constexpr double CNowhere = std::numeric_limits<double>::infinity();
+constexpr int CFinest = 32, CCoarsest = 8; // bars a pixel; wide pens need fewer
+constexpr double CBarsAPen = 64;
+
+/// From Ground to Color by Part of 256, all four channels alike: transparent colours are premultiplied.
+QRgb Mixed(QRgb Ground, QRgb Color, int Part) {
+    const auto mixed = [Part](int From, int To) { return (From * (256 - Part) + To * Part + 128) / 256; };
+    return qRgba(mixed(qRed(Ground), qRed(Color)), mixed(qGreen(Ground), qGreen(Color)),
+                 mixed(qBlue(Ground), qBlue(Color)), mixed(qAlpha(Ground), qAlpha(Color)));
+}
+
+} // namespace
+
+bool TLineCoverage::IsFor(std::span<const QPointF> Line) {
+    const auto byX = [](const QPointF& A, const QPointF& B) { return A.x() < B.x(); };
+    return std::is_sorted(Line.begin(), Line.end(), byX) || std::is_sorted(Line.rbegin(), Line.rend(), byX);
+}
+
+void TLineCoverage::Paint(const TPixels& Image, const TRect& Window, std::span<const QPointF> Line,
+                          double Width, QRgb Color) {
+    FParts = std::clamp(int(CBarsAPen / Width), CCoarsest, CFinest);
+    const double radius = Width / 2;
+    const int around = int(std::ceil(radius)) + 1;
+    const auto [low, high] = std::minmax(Line.front().x(), Line.back().x());
+    if (high < Window.Left - around || low > Window.Right + around) return;
+    const double first = Window.Left, last = Window.Right;
+    const int left = int(std::floor(std::clamp(low, first, last))) - around,
+              right = int(std::ceil(std::clamp(high, first, last))) + around;
+    FFirst = left;
+    FBars.assign(std::size_t(right - left) * std::size_t(FParts), TBar{CNowhere, -CNowhere});
+    Gather(Line);
+    Widen(radius);
+    for (int x = std::max(left, Window.Left); x < std::min(right, Window.Right); ++x) {
+        FSteps.assign(std::size_t(Window.Height()) + 2, 0);
+        const auto bars = std::span(FWide).subspan(std::size_t(x - left) * std::size_t(FParts));
+        for (const TBar& bar : bars.first(std::size_t(FParts))) AddBar(bar, Window);
+        Blend(Image, Window, x, Color);
+    }
+}
+
+void TLineCoverage::Gather(std::span<const QPointF> Line) {
+    AddSegment(Line[0], Line[0]);
+    for (std::size_t i = 1; i < Line.size(); ++i)
+        Line[i - 1].x() <= Line[i].x() ? AddSegment(Line[i - 1], Line[i]) : AddSegment(Line[i], Line[i - 1]);
+}
+
+/// From has the smaller x.
+void TLineCoverage::AddSegment(QPointF From, QPointF To) {
+    const double begin = (From.x() - FFirst) * FParts, end = (To.x() - FFirst) * FParts;
+    const double last = double(FBars.size()) - 1;
+    if (end < 0 || begin > last + 1) return;
+    const int first = int(std::clamp(std::floor(begin), 0.0, last)),
+              behind = int(std::clamp(std::floor(end), 0.0, last));
+    const double slope = end > begin ? (To.y() - From.y()) / (end - begin) : 0;
+    for (int i = first; i <= behind; ++i) {
+        const double a = i <= begin ? From.y() : From.y() + slope * (i - begin);
+        const double b = i + 1 >= end ? To.y() : From.y() + slope * (i + 1 - begin);
+        TBar& bar = FBars[std::size_t(i)];
+        bar.Top = std::min({bar.Top, a, b});
+        bar.Bottom = std::max({bar.Bottom, a, b});
+    }
+}
+
+/// From the middle of the line to what a round pen covers.
+void TLineCoverage::Widen(double Radius) {
+    FReach.clear();
+    for (int i = 0; i < Radius * FParts; ++i) {
+        const double aside = double(i) / FParts;
+        FReach.push_back(std::sqrt(Radius * Radius - aside * aside));
+    }
+    FWide.assign(FBars.size(), TBar{CNowhere, -CNowhere});
+    const auto count = std::ptrdiff_t(FBars.size()), reach = std::ptrdiff_t(FReach.size()) - 1;
+    for (std::ptrdiff_t at = 0; at < count; ++at) {
+        TBar wide{CNowhere, -CNowhere};
+        for (auto i = std::max<std::ptrdiff_t>(0, at - reach); i <= std::min(count - 1, at + reach); ++i) {
+            const TBar& bar = FBars[std::size_t(i)];
+            const double pen = FReach[std::size_t(std::abs(i - at))];
+            wide.Top = std::min(wide.Top, bar.Top - pen);
+            wide.Bottom = std::max(wide.Bottom, bar.Bottom + pen);
+        }
+        FWide[std::size_t(at)] = wide;
+    }
+}
+
+/// Row y of the bar is covered by what lies behind Top less what lies behind Bottom; either grows from row to
+/// row by two steps.
+void TLineCoverage::AddBar(TBar Bar, const TRect& Window) {
+    const double top = std::clamp(Bar.Top - Window.Top, 0.0, double(Window.Height())),
+                 bottom = std::clamp(Bar.Bottom - Window.Top, 0.0, double(Window.Height()));
+    if (!(top < bottom)) return;
+    const auto add = [this](double Edge, double Sign) {
+        const auto row = std::size_t(Edge);
+        const double part = Edge - double(row);
+        FSteps[row] += float(Sign * (1 - part));
+        FSteps[row + 1] += float(Sign * part);
+    };
+    add(top, 1);
+    add(bottom, -1);
+}
+
+void TLineCoverage::Blend(const TPixels& Image, const TRect& Window, int X, QRgb Color) {
+    float covered = 0;
+    const float toParts = 256.0f / float(FParts);
+    QRgb* pixel = Image.At(X, Window.Top);
+    for (int y = 0; y < Window.Height(); ++y, pixel += Image.Stride) {
+        covered += FSteps[std::size_t(y)];
+        const int part = int(covered * toParts + 0.5f);
+        if (part > 0) *pixel = part >= 256 ? Color : Mixed(*pixel, Color, part);
+    }
+}
+
+} // namespace kx::qt

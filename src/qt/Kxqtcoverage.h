@@ -1,0 +1,43 @@
+#pragma once
+// Antialiased lines that run from left to right, written into an image: the painter takes a time for each
+// point of a dense line, this one for each column.
+
+#include <kxgraph/qt/Kxqtraster.h>
+
+#include <QPointF>
+
+#include <span>
+#include <vector>
+
+namespace kx::qt {
+
+/// What a solid line with round joints and ends covers. Between two places along x it covers all from the
+/// highest to the lowest one, whatever it does between them; so a column of pixels is as many narrow bars.
+class TLineCoverage {
+public:
+    /// Whether x goes one way all along the line.
+    static bool IsFor(std::span<const QPointF> Line);
+
+    /// Paints Line, Width pixels wide, inside Window, which lies in the image. Places are device pixels; the
+    /// middle of the first one is 0.5.
+    void Paint(const TPixels& Image, const TRect& Window, std::span<const QPointF> Line, double Width,
+               QRgb Color);
+
+private:
+    struct TBar {
+        double Top, Bottom; ///< none where Top is greater
+    };
+    void Gather(std::span<const QPointF> Line);
+    void AddSegment(QPointF From, QPointF To);
+    void Widen(double Radius);
+    void AddBar(TBar Bar, const TRect& Window);
+    void Blend(const TPixels& Image, const TRect& Window, int X, QRgb Color);
+
+    int FParts = 1;    // bars a pixel
+    double FFirst = 0; // where the first bar begins
+    std::vector<TBar> FBars, FWide;
+    std::vector<double> FReach; // of the pen, at the bars beside its middle
+    std::vector<float> FSteps;  // of coverage, from row to row
+};
+
+} // namespace kx::qt
