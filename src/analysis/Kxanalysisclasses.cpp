@@ -4,6 +4,7 @@
 #include <kxgraph/analysis/Kxasplinedifferential.h>
 #include <kxgraph/analysis/Kxasplineintegral.h>
 #include <kxgraph/analysis/Kxdifferential.h>
+#include <kxgraph/analysis/Kxfitband.h>
 #include <kxgraph/analysis/Kxfittedline.h>
 #include <kxgraph/analysis/Kxintegral.h>
 #include <kxgraph/analysis/Kxinterpolatedline.h>
@@ -23,6 +24,7 @@ void RegisterAnalysisClasses() {
     RegisterClass<TKxASplineDifferential>("TKxASplineDifferential");
     RegisterClass<TKxASplineIntegral>("TKxASplineIntegral");
     RegisterClass<TKxFittedLine>("TKxFittedLine");
+    RegisterClass<TKxFitBand>("TKxFitBand");
 }
 
 } // namespace kx

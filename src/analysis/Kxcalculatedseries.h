@@ -137,6 +137,8 @@ protected:
     /// GetXSpacings and GetY at each; while the axis waits for its layout not before that. (The spelling is
     /// part of the interface.)
     void GetContinousLine();
+    /// Fills Y with the curve at each X: GetY, where it is not overridden for more at once.
+    virtual void EvaluateAt(const std::vector<double>& X, std::vector<double>& Y);
     /// Where an automatic display start lies: at that of the X axis.
     virtual double AutomaticDisplayStart() const { return GetXAxis()->GetStart(); }
     /// Takes the Y axis to draw against when the series gets a parent: the parent's.

@@ -113,9 +113,13 @@ void TKxCalculatedSeries::GetContinousLine() {
     EvaluateCurve({x.begin(), x.end()});
 }
 
+void TKxCalculatedSeries::EvaluateAt(const std::vector<double>& X, std::vector<double>& Y) {
+    std::transform(X.begin(), X.end(), Y.begin(), [this](double Value) { return GetY(Value); });
+}
+
 void TKxCalculatedSeries::EvaluateCurve(const std::vector<double>& X) {
     std::vector<double> y(X.size());
-    std::transform(X.begin(), X.end(), y.begin(), [this](double Value) { return GetY(Value); });
+    EvaluateAt(X, y);
     SetCurve(X, y);
     FSampling = TSampling::Done;
 }

@@ -161,8 +161,8 @@ void TKxFittedLine::FindStatistics() {
     FSumOfSquares =
         SumOverPoints(FCoefficients, [&](std::size_t i, double r) { return WeightOf(i) * r * r; });
     FDetermination = 1 - FSumOfSquares / SumOfDeviations();
-    FCovariance = TKxCovariance({ModelOverPoints(),
-                                 DerivativesOverPoints(),
+    FCovariance = TKxCovariance({ModelAt(FTaken.X),
+                                 DerivativesAt(FTaken.X),
                                  {FCoefficients.begin(), FCoefficients.end()},
                                  int(FTaken.X.size()),
                                  FTaken.W,

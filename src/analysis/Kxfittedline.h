@@ -1,6 +1,7 @@
 #pragma once
 // Any model fitted to the points of a series, by the downhill simplex or by damped least squares.
 
+#include <kxgraph/analysis/Kxbands.h>
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 #include <kxgraph/analysis/Kxcurvature.h>
 
@@ -45,7 +46,7 @@ using TKxFittingDerivativesFkt =
 ///
 /// Each calculation starts from the coefficients that the one before has left. So live data keep the fit
 /// near, and repeating a calculation opens a simplex that has frozen.
-class TKxFittedLine : public TKxCalculatedSeries {
+class TKxFittedLine : public TKxCalculatedSeries, public TKxBandedFit {
 public:
     using TKxCalculatedSeries::TKxCalculatedSeries;
 
@@ -127,6 +128,9 @@ public:
     AnsiString GetCalculationID() const override { return CalculationID(); }
     AnsiString GetFormula() const override { return FExpression; }
     double GetY(double X) const override;
+    /// From the covariance of the coefficients and the derivatives of the model at X.
+    std::vector<TKxBandValue> GetBands(std::span<const double> X, double Level,
+                                       TKxBandKind Kind) const override;
     /// Keys after those of the base: VarianceCoVariance ("Covariance" or "Variance"), ChiSquare, Order,
     /// Iterations, CoeffName(i) and Coeff(i) of each coefficient from i = 1; then Points, the number N of
     /// points that took part; ResidualVariance = sum of |w| r^2 / (N - n), n the number of coefficients that
@@ -174,8 +178,10 @@ private:
     void DoSimplex();
     void DoDamped();
     void DoDampedAgain(const TKxRealArray& Start);
-    TKxModelValues ModelOverPoints() const;
-    TKxModelDerivatives DerivativesOverPoints() const;
+    TKxModelValues ModelAt(std::span<const double> X) const;
+    TKxModelDerivatives DerivativesAt(std::span<const double> X) const;
+    double DeviationOfPoint() const;
+    std::vector<std::vector<double>> ColumnsAt(std::span<const double> X, const std::vector<double>& Y) const;
     void CollectPoints();
     void FindDeviations();
     void EvaluateModel(std::span<const double> X, const TKxRealArray& Coefficients,

@@ -92,7 +92,7 @@ void TKxFittedLine::DoSimplex() {
 }
 
 void TKxFittedLine::DoDamped() {
-    TKxDamped damped({ModelOverPoints(), DerivativesOverPoints(), FTaken.Y, FTaken.W, FLimits});
+    TKxDamped damped({ModelAt(FTaken.X), DerivativesAt(FTaken.X), FTaken.Y, FTaken.W, FLimits});
     damped.Run({FCoefficients.begin(), FCoefficients.end()}, FIterations, [this](const TKxDamped& Damped) {
         return Follow(ArrayOf(Damped.Best()), Damped.BestValue());
     });
@@ -127,28 +127,6 @@ std::optional<bool> TKxFittedLine::TestConvergence() {
     FChecking = false;
     if (FStopped && !improved) return std::nullopt;
     return !improved;
-}
-
-TKxModelValues TKxFittedLine::ModelOverPoints() const {
-    return [this, trial = TKxRealArray(GetOrder())](std::span<const double> Coefficients,
-                                                    std::span<double> Values) {
-        std::copy(Coefficients.begin(), Coefficients.end(), trial.begin());
-        EvaluateModel(FTaken.X, trial, Values);
-    };
-}
-
-/// Empty when no derivatives are given.
-TKxModelDerivatives TKxFittedLine::DerivativesOverPoints() const {
-    if (!FFittingDerivatives) return {};
-    return [this, trial = TKxRealArray(GetOrder()), found = TKxRealArray(GetOrder())](
-               std::span<const double> Coefficients, std::span<const std::span<double>> Columns) {
-        std::copy(Coefficients.begin(), Coefficients.end(), trial.begin());
-        for (std::size_t i = 0; i < FTaken.X.size(); ++i) {
-            auto derivatives = found;
-            FFittingDerivatives(FTaken.X[i], trial, derivatives);
-            for (std::size_t k = 0; k < Columns.size(); ++k) Columns[k][i] = derivatives[int(k)];
-        }
-    };
 }
 
 } // namespace kx

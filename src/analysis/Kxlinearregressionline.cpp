@@ -81,6 +81,18 @@ double TKxLinearRegressionLine::GetY(double X) const {
     return IsLogY() ? Exp10(y) : y;
 }
 
+std::vector<TKxBandValue> TKxLinearRegressionLine::GetBands(std::span<const double> X, double Level,
+                                                            TKxBandKind Kind) const {
+    std::vector<TKxBandValue> bands;
+    bands.reserve(X.size());
+    for (const double x : X) {
+        TKxBandValue band = BandOf(ValueAt(FFit, IsLogX() ? std::log10(x) : x, FDoFixedOffset), Level, Kind);
+        if (IsLogY()) band = {Exp10(band.Low), Exp10(band.High)};
+        bands.push_back(band);
+    }
+    return bands;
+}
+
 void TKxLinearRegressionLine::PlaceEnds() {
     if (!HasLine()) return SetCurve({}, {});
     const double x[] = {GetDisplayStart(), GetDisplayStop()};

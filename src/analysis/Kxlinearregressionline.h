@@ -4,13 +4,14 @@
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 #include <kxgraph/analysis/Kxlinregr.h>
 
+#include <span>
 #include <vector>
 
 namespace kx {
 
 /// Y = a + b X by least squares. On a logarithmic axis the decimal logarithms of that coordinate are fitted:
 /// lg Y = a + b X, Y = a + b lg X or lg Y = a + b lg X. The line is drawn between two points.
-class TKxLinearRegressionLine : public TKxCalculatedSeries {
+class TKxLinearRegressionLine : public TKxCalculatedSeries, public TKxBandedFit {
 public:
     using TKxCalculatedSeries::TKxCalculatedSeries;
 
@@ -37,6 +38,9 @@ public:
     AnsiString GetFormula() const override;
     /// The line at X; NaN where there is none.
     double GetY(double X) const override;
+    /// On a logarithmic Y axis ten to the power of the ends of the logarithm's band.
+    std::vector<TKxBandValue> GetBands(std::span<const double> X, double Level,
+                                       TKxBandKind Kind) const override;
     /// The two end points stay where they are, unless the axis has outgrown an automatic end.
     void CalculateLine() override;
     /// Keys after those of the base: DoFixedOffset; AverageX, VarianceX, AverageY, VarianceY (on a

@@ -143,6 +143,8 @@ struct TFit {
         Results.Points = static_cast<int>(count);
         W = SumOver(Blocks, [](const TBlock& B) { return B.Centre.W; });
         Counted = Rules.Weights == wmCounts ? W : withWeight;
+        Results.Counted = Counted;
+        Results.SumOfWeights = W;
         Means.X = Mean(Blocks, W, &TCentre::X, &TBlock::Px);
         Means.Y = Mean(Blocks, W, &TCentre::Y, &TBlock::Py);
         Results.AverageX = FiniteOrMark(Means.X.High);
@@ -244,6 +246,17 @@ void LinReg(const TKxFitPoints& Points, TKxLinearRegessionResults& Results, cons
 void OfsReg(const TKxFitPoints& Points, TKxLinearRegessionResults& Results, const TKxLinRegRules& Rules) {
     ClearForOffset(Results);
     FitThroughOffset({BlocksOf(Points), Results, Rules});
+}
+
+// About the mean, where slope and height do not depend on one another.
+TKxCurveValue ValueAt(const TKxLinearRegessionResults& Results, double X, bool FixedOffset) {
+    const TKxLinearRegessionResults& r = Results;
+    const bool known = r.Slope != CMaxReal && r.Offset != CMaxReal && r.Freedom > 0 && r.SumOfWeights > 0;
+    if (!known) return {r.Offset + r.Slope * X, 0, 0, 0};
+    const double square = r.ChiSquare / r.Freedom;
+    const double height = FixedOffset ? 0 : std::sqrt(square / r.SumOfWeights);
+    const double error = std::hypot(r.DeltaSlope * (FixedOffset ? X : X - r.AverageX), height);
+    return {r.Offset + r.Slope * X, error, std::sqrt(square * (r.Counted / r.SumOfWeights)), r.Freedom};
 }
 
 } // namespace kx

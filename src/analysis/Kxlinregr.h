@@ -11,6 +11,7 @@
 // put together for the whole by the shift rules of moments (Chan, Golub, LeVeque, The American Statistician
 // 37 (1983) 242, taken on to residuals), with compensated sums. The slope is corrected once by the residuals.
 
+#include <kxgraph/analysis/Kxbands.h>
 #include <kxgraph/analysis/Kxfitpoints.h>
 #include <kxgraph/analysis/Kxweightmeaning.h>
 #include <kxgraph/numeric/Kxvector.h>
@@ -35,6 +36,8 @@ struct TKxLinearRegessionResults { // the spelling is part of the interface
 
     int Points = 0;                ///< how many points took part
     double Freedom = 0;            ///< degrees of freedom; up to 0 there are no standard errors
+    double Counted = 0;            ///< what degrees of freedom are counted from: the sum of weights, or N
+    double SumOfWeights = 0;       ///< of the points that took part
     bool HasDetermination = false; ///< whether Determination, with a free offset also R, is no marker
 };
 
@@ -81,5 +84,9 @@ inline void OfsRegWithWeight(double Start, double Stop, std::span<const double> 
                              const TKxLinRegRules& Rules = {}) {
     OfsReg(TKxFitPoints::Of(X, Y, W).Within(Start, Stop), Results, Rules);
 }
+
+/// What is known of the line at X; a further point has the weight 1, or the mean one where weights are
+/// precisions. Freedom is 0 where nothing is known.
+TKxCurveValue ValueAt(const TKxLinearRegessionResults& Results, double X, bool FixedOffset);
 
 } // namespace kx

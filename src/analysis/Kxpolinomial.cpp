@@ -52,6 +52,14 @@ void TKxPolynomLine::CalculateFunction() {
     GetContinousLine();
 }
 
+std::vector<TKxBandValue> TKxPolynomLine::GetBands(std::span<const double> X, double Level,
+                                                   TKxBandKind Kind) const {
+    std::vector<TKxBandValue> bands;
+    bands.reserve(X.size());
+    for (const double x : X) bands.push_back(BandOf(ValueAt(FFit, x), Level, Kind));
+    return bands;
+}
+
 AnsiString TKxPolynomLine::GetFormula() const {
     AnsiString formula = "Y=a+bX";
     for (int i = 2; i <= FFit.Order; ++i)

@@ -4,10 +4,13 @@
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 #include <kxgraph/analysis/Kxpolyregr.h>
 
+#include <span>
+#include <vector>
+
 namespace kx {
 
 /// Y = a + b X + c X^2 + ... of a given order by least squares, in data units whatever the axes' scaling.
-class TKxPolynomLine : public TKxCalculatedSeries {
+class TKxPolynomLine : public TKxCalculatedSeries, public TKxBandedFit {
 public:
     explicit TKxPolynomLine(TComponent* Owner);
 
@@ -27,6 +30,8 @@ public:
     AnsiString GetCalculationID() const override { return CalculationID(); }
     AnsiString GetFormula() const override;
     double GetY(double X) const override { return EvaluateFit(FFit, X); }
+    std::vector<TKxBandValue> GetBands(std::span<const double> X, double Level,
+                                       TKxBandKind Kind) const override;
     /// Keys after those of the base: Order, AverageX, VarianceX, AverageY, VarianceY, r2, ChiSquare, QRel%
     /// (100 QRel), CoeffName(i) and Coeff(i) of each coefficient from i = 1; then Points, the number N of
     /// points that took part; AdjR2 = 1 - (1 - r2) (N - 1) / (N - Order - 1); DeltaCoeff(i), the

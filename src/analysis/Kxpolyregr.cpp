@@ -76,6 +76,7 @@ private:
     TPolynom InX(TPolynom Polynom) const;
     TKxRealArray InUnits(const TPolynom& Polynom, int Exponent) const;
     TKxRealArray StandardErrors(double ReducedChiSquare) const;
+    void SetErrorPolynomials(TKxPolynomRegessionResults& Results, double ReducedChiSquare) const;
     TKxFitSquares Squares(TKxDoubled AverageY) const;
     void SetCoefficients(TKxPolynomRegessionResults& Results) const;
     void SetStatistics(TKxPolynomRegessionResults& Results) const;
@@ -151,6 +152,25 @@ TKxRealArray TFit::StandardErrors(double ReducedChiSquare) const {
     return errors;
 }
 
+/// The columns of the inverse of U are polynomials that are orthogonal over the points.
+void TFit::SetErrorPolynomials(TKxPolynomRegessionResults& Results, double ReducedChiSquare) const {
+    const TKxDoubled deviation = std::ldexp(std::sqrt(ReducedChiSquare), FFrame.ExponentY);
+    for (std::size_t j = 0; j < Size(); ++j) {
+        TPolynom column(Size());
+        column[j] = 1;
+        CholeskySolveUpper(FUpper, column);
+        column.resize(j + 1);
+        for (TKxDoubled& c : column) c = c * deviation;
+        Results.ErrorPolynomials.push_back(std::move(column));
+    }
+    Results.ErrorExponent = FFrame.ExponentX;
+    // The first one is the constant deviation / sqrt(sum of weights).
+    const double weights = FMeaning == wmCounts ? FSums.Powers[0].Hi : double(FExtent.WithWeight);
+    Results.Deviation = FMeaning == wmCounts
+                            ? std::ldexp(std::sqrt(ReducedChiSquare), FFrame.ExponentY + FFrame.ExponentW / 2)
+                            : Results.ErrorPolynomials[0][0].Hi * std::sqrt(weights);
+}
+
 /// The coefficients of Polynom, given in units of 2^ExponentX, for t in units of 2^(ExponentX - Exponent).
 TKxRealArray TFit::InUnits(const TPolynom& Polynom, int Exponent) const {
     TKxRealArray values(FOrder + 1);
@@ -219,6 +239,8 @@ void TFit::SetStatistics(TKxPolynomRegessionResults& Results) const {
     Results.AdjR2 = freedom > 0 ? 1 - (1 - Results.R2) * (points - 1) / freedom : Results.R2;
     Results.DeltaCoefficients = StandardErrors(freedom > 0 ? std::max(chiSquare, 0.0) / freedom : 0);
 
+    if (freedom > 0) SetErrorPolynomials(Results, std::max(chiSquare, 0.0) / freedom);
+
     // In units of 2^ExponentW with precisions, which may be as small as they like.
     const double divisor =
         counts ? (Scaled(sumOfWeights, FFrame.ExponentW) - 1).Hi : sumOfWeights.Hi * ((points - 1) / points);
@@ -254,6 +276,18 @@ double EvaluateFit(const TKxPolynomRegessionResults& Results, double X) {
     double y = coefficients[coefficients.High()];
     for (int k = coefficients.High() - 1; k >= 0; --k) y = y * t + coefficients[k];
     return y;
+}
+
+TKxCurveValue ValueAt(const TKxPolynomRegessionResults& Results, double X) {
+    TKxCurveValue value{EvaluateFit(Results, X), 0, Results.Deviation, double(Results.Freedom)};
+    if (Results.ErrorPolynomials.empty()) return {value.Value, 0, 0, 0};
+    const TKxDoubled t = Scaled(TwoSum(X, -Results.Origin), -Results.ErrorExponent);
+    for (const auto& polynomial : Results.ErrorPolynomials) {
+        TKxDoubled y;
+        for (std::size_t k = polynomial.size(); k-- > 0;) y = y * t + polynomial[k];
+        value.Error = std::hypot(value.Error, y.Hi);
+    }
+    return value;
 }
 
 void PolynomRegression(const TKxFitPoints& Points, TKxPolynomRegessionResults& Results,

@@ -10,11 +10,14 @@
 // coefficients in x follow from there and are rounded last. What is still too near to singular for that
 // raises rather than giving a polynomial through rounding noise.
 
+#include <kxgraph/analysis/Kxbands.h>
 #include <kxgraph/analysis/Kxfitpoints.h>
 #include <kxgraph/analysis/Kxweightmeaning.h>
+#include <kxgraph/numeric/Kxdoubled.h>
 #include <kxgraph/numeric/Kxvector.h>
 
 #include <span>
+#include <vector>
 
 namespace kx {
 
@@ -38,12 +41,20 @@ struct TKxPolynomRegessionResults { // the spelling is part of the interface
     double AdjR2 = 0;               ///< 1 - (1 - R2) (N - 1) / (N - Order - 1); R2 for N = Order + 1
     double Origin = 0;              ///< the x about which the system was solved; exactly representable
     TKxRealArray InnerCoefficients; ///< Order + 1: y = d0 + d1 t + d2 t^2 + ... with t = (x - Origin) / Scale
-    double Scale = 1; ///< 1, or a power of two where d of x - Origin would not be normal numbers
+    /// Polynomials of t = (x - Origin) / 2^ErrorExponent, the lowest coefficient first: their squares add up
+    /// to the variance of the curve. Empty for N = Order + 1.
+    std::vector<std::vector<TKxDoubled>> ErrorPolynomials;
+    int ErrorExponent = 0;
+    double Deviation = 0; ///< standard deviation of a point of weight 1, or of the mean one with precisions
+    double Scale = 1;     ///< 1, or a power of two where d of x - Origin would not be normal numbers
 };
 
 /// The fitted polynomial at X, by Horner's rule about the inner origin: Coefficients about a far zero would
 /// cancel. 0 before the first fit.
 double EvaluateFit(const TKxPolynomRegessionResults& Results, double X);
+
+/// What is known of the polynomial at X, without the loss that the coefficients' covariances would have.
+TKxCurveValue ValueAt(const TKxPolynomRegessionResults& Results, double X);
 
 /// Fits the polynomial of degree Results.Order. N counts all points that take part, as a rule also those of
 /// weight 0. A coefficient too small for a double is 0. All else raises, and Results stays as it was:

@@ -55,6 +55,8 @@ void TKxDrawingWorld::Paint() {
     // A handler that runs meanwhile may destroy a series.
     const std::vector<TComponentRef<TKxGraphSeries>> list(FSeriesList.begin(), FSeriesList.end());
     for (const auto& series : list)
+        if (series) Guarded([&] { series->DrawBeneath(GetCanvas()); });
+    for (const auto& series : list)
         if (series) Guarded([&] { series->Draw(GetCanvas()); });
     if (FDragging) GetCanvas().DrawFocusRect(DragRect());
 }

@@ -28,6 +28,9 @@ public:
     virtual void CalculateChildPoints() = 0;
     /// Draws the data as they are now, and what was computed from them last, until something changes again.
     virtual void KeepShown() = 0;
+    /// Paints what lies beneath all series of the graph, such as bands about what is computed from this one.
+    /// On the same canvas, before any of them draws itself.
+    virtual void DrawBeneath(TCanvas&) {}
     /// Paints line, points, and then the series that are computed from this one. The canvas has the drawing
     /// world's origin and clip.
     virtual void Draw(TCanvas& Canvas) = 0;

@@ -44,8 +44,13 @@ void DressAny(TKxGraphSeries& Series, int Number, const TKxTheme& Theme) {
 void DressChildren(TKxGraphSeries& Series, int Number, bool IsAlone, const TKxTheme& Theme) {
     int place = 0;
     for (TKxGraphSeries* child : Series.GetChildSeries()) {
-        if (auto* curve = dynamic_cast<TKxSeries*>(child))
-            DressCurve(*curve, Theme.GetColor(IsAlone ? 1 + place : Number), place);
+        const TColor color = Theme.GetColor(IsAlone ? 1 + place : Number);
+        if (auto* band = dynamic_cast<TKxFitBand*>(child)) {
+            DressBand(*band, band->GetFit() ? band->GetFit()->GetLineStyle().GetColor() : color, Theme);
+            Theme.ApplyTo(*child);
+            continue;
+        }
+        if (auto* curve = dynamic_cast<TKxSeries*>(child)) DressCurve(*curve, color, place);
         Theme.ApplyTo(*child);
         ++place;
     }
@@ -123,6 +128,17 @@ void DressCurve(TKxSeries& Curve, TColor Color, int Pattern) {
     Curve.GetLineStyle().SetColor(Color);
     Curve.GetLineStyle().SetStyle(CPatterns[std::size_t(Pattern) % CPatterns.size()]);
     Curve.GetLineStyle().SetWidth(2);
+}
+
+void DressBand(TKxFitBand& Band, TColor Color, const TKxTheme& Theme) {
+    const bool wide = Band.GetKind() == bkPrediction;
+    const TColor light = Theme.Tinted(Color, 3);
+    Band.GetAreaStyle().SetVisible(true);
+    Band.GetAreaStyle().SetDrawXOred(false);
+    Band.GetAreaStyle().SetColor(wide ? Theme.Tinted(light, 2) : light);
+    Band.GetLineStyle().SetColor(Theme.Tinted(Color, 2));
+    Band.GetLineStyle().SetWidth(1);
+    Band.GetLineStyle().SetStyle(wide ? psDash : psSolid);
 }
 
 void DressLegend(TKxLegend& Legend, const TKxTheme& Theme) {

@@ -1,6 +1,7 @@
 #pragma once
 // The good look: pictures that are fit to be shown as they are. kxplot has it, and programs call it.
 
+#include <kxgraph/analysis/Kxfitband.h>
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/graph/Kxgraph2d.h>
 #include <kxgraph/look/Kxtheme.h>
@@ -30,6 +31,8 @@ void DressBars(TKxBarSeries& Series, int Number, bool Boxes, const TKxTheme& The
 void DressArrows(TKxArrowSeries& Series, int Number, const TKxTheme& Theme);
 /// A curve that was computed: twice as wide as the line of a series, in Color, the Pattern-th dash.
 void DressCurve(TKxSeries& Curve, TColor Color, int Pattern);
+/// The band about a curve: a light area with thin edges, those of a prediction dashed.
+void DressBand(TKxFitBand& Band, TColor Color, const TKxTheme& Theme);
 void DressLegend(TKxLegend& Legend, const TKxTheme& Theme);
 
 } // namespace kx

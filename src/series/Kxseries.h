@@ -128,6 +128,7 @@ public:
     /// Raises std::bad_alloc once all had their turn: they are calculated again in the next frame.
     void RecalculateChilds();
 
+    void DrawBeneath(TCanvas& Canvas) override;
     void Draw(TCanvas& Canvas) override;
     /// Area and line.
     virtual void DrawLine(TCanvas& Canvas);

@@ -20,6 +20,10 @@ constexpr std::size_t CRunLength = 2000;
 
 } // namespace
 
+void TKxSeries::DrawBeneath(TCanvas& Canvas) {
+    ForChildren([&](TKxSeries* Child) { Guarded([&] { Child->DrawBeneath(Canvas); }); });
+}
+
 void TKxSeries::Draw(TCanvas& Canvas) {
     DrawLine(Canvas);
     DrawMarks(Canvas);

@@ -67,7 +67,7 @@ private:
 
 std::string MeaningOf(const TOptions& Options) {
     TMeaning meaning;
-    const auto& [data, batch, properties, columns, axes, drawing, legend, analyses, fitting, labels, look,
+    const auto& [data, batch, properties, columns, axes, drawing, legend, analyses, fitting, bands, labels, look,
                  outputs] = Options;
     meaning.Add(data.File != "d.csv", data.File);
     meaning.Add(data.Header != kx::TKxHeaderRow::Guess,
@@ -110,6 +110,9 @@ std::string MeaningOf(const TOptions& Options) {
                 "method " + std::string(kx::CEnumNames<kx::TKxFittingMethod>[fitting.How.Method]));
     for (const auto& name : fitting.How.Fixed) meaning.Add(true, "fix " + name);
     for (const auto& bounds : fitting.How.Bounds) meaning.Add(true, "bound " + bounds);
+    for (const auto kind : bands.Kinds)
+        meaning.Add(true, kind == kx::bkConfidence ? "band confidence" : "band prediction");
+    meaning.Add(bands.Level != 0.95, "level " + Text(bands.Level));
     meaning.Add("from", fitting.From);
     meaning.Add("to", fitting.To);
     meaning.Add("label", labels);

@@ -43,23 +43,36 @@ std::string Cell(double Value) {
 /// Columns over the same x values, which are the first one.
 using TGroup = std::vector<TColumn>;
 
-void Add(std::vector<TGroup>& Groups, const TAnalysis& Analysis, const std::string& XHeader) {
-    const TKxCalculatedSeries& line = *Analysis.Line;
-    const int count = line.GetPointsCount();
-    TValues x = ValuesOf(line.GetXData(), count);
+/// The group of the curve's x values.
+TGroup& GroupOf(std::vector<TGroup>& Groups, const TKxCalculatedSeries& Line, const std::string& XHeader) {
+    TValues x = ValuesOf(Line.GetXData(), Line.GetPointsCount());
     auto group = std::find_if(Groups.begin(), Groups.end(),
                               [&](const TGroup& Group) { return Group.front().Values == x; });
     if (group == Groups.end()) group = Groups.insert(group, {{XHeader, std::move(x)}});
-    group->push_back({PlainText(line.GetCaption()), ValuesOf(line.GetYData(), count)});
+    return *group;
+}
+
+void Add(std::vector<TGroup>& Groups, const TKxCalculatedSeries& Line, const std::string& XHeader) {
+    GroupOf(Groups, Line, XHeader)
+        .push_back({PlainText(Line.GetCaption()), ValuesOf(Line.GetYData(), Line.GetPointsCount())});
+}
+
+void AddBand(std::vector<TGroup>& Groups, const TKxFitBand& Band, const std::string& XHeader) {
+    TGroup& group = GroupOf(Groups, Band, XHeader);
+    const std::string caption = PlainText(Band.GetCaption());
+    group.push_back({caption + ", lower edge", Band.GetLowerEdge()});
+    group.push_back({caption + ", upper edge", ValuesOf(Band.GetYData(), Band.GetPointsCount())});
 }
 
 } // namespace
 
 std::string CurveData(const TParts& Parts) {
     std::vector<TGroup> groups;
-    const std::string header = PlainText(Parts.Plan.Axes.X);
+    const std::string caption = PlainText(Parts.Plan.Axes.X), header = caption.empty() ? "x" : caption;
     for (const TAnalysis& analysis : Parts.Analyses)
-        if (analysis.HasCurve()) Add(groups, analysis, header.empty() ? "x" : header);
+        if (analysis.HasCurve()) Add(groups, *analysis.Line, header);
+    for (const TBand& band : Parts.Bands)
+        if (band.Line->GetPointsCount() > 0) AddBand(groups, *band.Line, header);
     std::vector<TColumn> columns;
     for (TGroup& group : groups) std::ranges::move(group, std::back_inserter(columns));
     std::size_t rows = 0;

@@ -31,6 +31,7 @@ TFindings Fit(TParts& Parts) {
     if (Parts.Plan.WeighLogarithms) WeighLogarithms(Parts);
     SettleTree(*Parts.Form);
     found.Interrupted = !RunFormulas(Parts);
+    for (const TBand& band : Parts.Bands) band.Line->Calculate(); // of what formulas have found now
     Parts.Graph->Modified(); // curves that are calculated outside of a frame ask for none
     SettleTree(*Parts.Form);
     found.Labels = FindLabels(Parts);

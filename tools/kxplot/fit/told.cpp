@@ -44,6 +44,11 @@ std::vector<std::string> FailuresOf(const TParts& Parts) {
         const std::string failure = FailureOf(analysis);
         if (!failure.empty()) failures.push_back(SeriesOf(analysis) + failure);
     }
+    for (const TBand& band : Parts.Bands) {
+        const TAnalysis& analysis = Parts.Analyses[band.Analysis];
+        if (analysis.HasCurve() && !band.Line->GetError().empty())
+            failures.push_back(SeriesOf(analysis) + PlainText(band.Line->GetError()));
+    }
     return failures;
 }
 

@@ -1,5 +1,6 @@
 #include "kxplot/form/lines.h"
 
+#include "kxplot/form/bands.h"
 #include "kxplot/form/look.h"
 #include "kxplot/methods/methods.h"
 
@@ -47,6 +48,7 @@ void AddLines(TParts& Parts, TKxNotCalculatedSeries& Series) {
         analysis.Line->SetParentSeries(&Series);
     }
     if (count > 0) DressLines(Parts, first / count, 0);
+    AddBands(Parts, first);
 }
 
 void DressLines(TParts& Parts, std::size_t Series, std::size_t First) {
@@ -61,6 +63,7 @@ void DressLines(TParts& Parts, std::size_t Series, std::size_t First) {
 
 void ConfigureLines(TParts& Parts) {
     for (const auto& analysis : Parts.Analyses) Configure(Parts, analysis);
+    ConfigureBands(Parts);
 }
 
 } // namespace kxplot

@@ -4,6 +4,7 @@
 #include "kxplot/plan/plan.h"
 
 #include <kxgraph/analysis/Kxcalculatedseries.h>
+#include <kxgraph/analysis/Kxfitband.h>
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/graph/Kxgraph2d.h>
 #include <kxgraph/look/Kxtheme.h>
@@ -11,6 +12,7 @@
 #include <kxgraph/series/Kxbarseries.h>
 #include <kxgraph/series/Kxdataseries.h>
 
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <string>
@@ -39,6 +41,13 @@ struct TAnalysis {
     bool IsDrawn() const { return HasCurve() && Line->GetLineStyle().GetVisible(); }
 };
 
+/// A band about a fit.
+struct TBand {
+    kx::TKxFitBand* Line;
+    std::size_t Analysis; ///< its place among all
+    kx::TKxBandKind Kind;
+};
+
 /// The plan, whose values have gone into the vectors, and the components, which the form owns.
 struct TParts {
     TPlan Plan;
@@ -52,6 +61,7 @@ struct TParts {
     std::vector<kx::TKxNotCalculatedSeries*> Series;
     std::vector<TBars> Bars;
     std::vector<TAnalysis> Analyses; ///< as the plan has them
+    std::vector<TBand> Bands;        ///< series by series
     kx::TKxLegend* Legend = nullptr;
     std::vector<kx::TKxSeries*> LeftOut; ///< of the legend, because they are not drawn
 };

@@ -118,15 +118,19 @@ TKxCalculatedSeries* MakeLine(const TAnalysisRequest& Request, TComponent* Form)
 
 // Outside of a range that is given a fit would claim what was not asked, and a curve outside of the data what
 // nobody measured; an integral would begin somewhere else.
-void ConfigureLine(TKxCalculatedSeries& Line, const TAnalysisRequest& Request, const TFitRequest& Fitting) {
-    EntryOf(Request).Configure(Line, Request, Fitting);
-    Line.SetParentWeight(true); // an outfit may come from a line with weights of its own
-    Line.SetDisplayAutoStart(Request.IsFit() && !Fitting.From);
-    Line.SetDisplayAutoStop(Request.IsFit() && !Fitting.To);
+void ConfigureRange(TKxCalculatedSeries& Line, const TFitRequest& Fitting, bool IsFit) {
+    Line.SetDisplayAutoStart(IsFit && !Fitting.From);
+    Line.SetDisplayAutoStop(IsFit && !Fitting.To);
     Line.SetAutoStart(!Fitting.From);
     Line.SetAutoStop(!Fitting.To);
     if (Fitting.From) Line.SetCalculationStart(*Fitting.From);
     if (Fitting.To) Line.SetCalculationStop(*Fitting.To);
+}
+
+void ConfigureLine(TKxCalculatedSeries& Line, const TAnalysisRequest& Request, const TFitRequest& Fitting) {
+    EntryOf(Request).Configure(Line, Request, Fitting);
+    Line.SetParentWeight(true); // an outfit may come from a line with weights of its own
+    ConfigureRange(Line, Fitting, Request.IsFit());
 }
 
 std::string NameOf(const TAnalysisRequest& Request) {

@@ -15,6 +15,8 @@ kx::TKxCalculatedSeries* MakeLine(const TAnalysisRequest& Request, kx::TComponen
 /// made of it.
 void ConfigureLine(kx::TKxCalculatedSeries& Line, const TAnalysisRequest& Request,
                    const TFitRequest& Fitting);
+/// Which points take part, and where the curve is shown, of a fit or what belongs to one.
+void ConfigureRange(kx::TKxCalculatedSeries& Line, const TFitRequest& Fitting, bool IsFit = true);
 /// What it is called in the picture, plain.
 std::string NameOf(const TAnalysisRequest& Request);
 /// What components of its kind are called: Fit, Curve, Derivative, Integral.

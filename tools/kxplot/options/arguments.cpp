@@ -64,6 +64,7 @@ void AddFitOptions(CLI::App& App, TArguments& Given) {
         ->type_name("N|auto");
     App.add_flag("--covariance", Given.Options.Fitting.Covariance,
                  "formula fits heed the points by their scatter about others of the same x");
+    AddBandOptions(App, Given.Band);
 }
 
 void AddCurveOptions(CLI::App& App, TArguments& Given) {

@@ -21,6 +21,7 @@ struct TArguments {
     std::optional<std::string> From, To, Iterations, Repeat, Bins, Legend;
     std::vector<std::string> Assignments, Fits, Starts, Curves, Labels;
     TMethodArguments Method;
+    TBandArguments Band;
     bool Header = false, NoHeader = false;
     bool Derivative = false, Integral = false;
 };

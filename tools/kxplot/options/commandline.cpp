@@ -123,6 +123,7 @@ void ReadAnalyses(const TArguments& Given, TOptions& Options) {
     for (const auto& text : Given.Labels) Options.Labels.push_back(ParseLabel(text));
     if (Options.Columns.Weight && Options.Columns.WeightByErrors)
         throw TUsageError("--weight-by-errors: does not go with --weight");
+    Options.Bands = ParseBands(Given.Band, Options.Analyses);
     Options.Fitting.From = ParseLimit("--from", Given.From);
     Options.Fitting.To = ParseLimit("--to", Given.To);
     CheckAnalyses(Given, Options);

@@ -3,6 +3,7 @@
 
 #include "kxplot/options/analysisrequest.h"
 #include "kxplot/options/axesrequest.h"
+#include "kxplot/options/bandrequest.h"
 #include "kxplot/options/labelrequest.h"
 #include "kxplot/options/methodrequest.h"
 #include "kxplot/options/picturesize.h"
@@ -98,6 +99,7 @@ struct TOptions {
     TLegendRequest Legend;
     std::vector<TAnalysisRequest> Analyses; ///< fits, then curves, the derivative and the integral
     TFitRequest Fitting;
+    TBandRequest Bands;
     std::vector<TLabelRequest> Labels;
     TLookRequest Look;
     TOutputRequest Outputs;

@@ -108,6 +108,7 @@ struct TPlan {
     TDrawingRequest Drawing;
     TLegendRequest Legend;
     TFitRequest Fitting;
+    TBandRequest Bands;
     std::vector<TLabelRequest> Labels;
     TLookRequest Look;
 
