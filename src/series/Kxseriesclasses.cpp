@@ -4,6 +4,7 @@
 #include <kxgraph/series/Kxarrowseries.h>
 #include <kxgraph/series/Kxbarseries.h>
 #include <kxgraph/series/Kxdataseries.h>
+#include <kxgraph/series/Kxruleseries.h>
 
 namespace kx {
 
@@ -13,6 +14,7 @@ void RegisterSeriesClasses() {
     RegisterClass<TKxDataWithErrorSeries>("TKxDataWithErrorSeries");
     RegisterClass<TKxBarSeries>("TKxBarSeries");
     RegisterClass<TKxArrowSeries>("TKxArrowSeries");
+    RegisterClass<TKxRuleSeries>("TKxRuleSeries");
 }
 
 } // namespace kx

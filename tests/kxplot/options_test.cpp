@@ -67,8 +67,8 @@ private:
 
 std::string MeaningOf(const TOptions& Options) {
     TMeaning meaning;
-    const auto& [data, batch, properties, columns, axes, drawing, legend, analyses, fitting, bands, labels, look,
-                 outputs] = Options;
+    const auto& [data, batch, properties, columns, axes, drawing, legend, analyses, fitting, bands, marks,
+                 labels, look, outputs] = Options;
     meaning.Add(data.File != "d.csv", data.File);
     meaning.Add(data.Header != kx::TKxHeaderRow::Guess,
                 data.Header == kx::TKxHeaderRow::Present ? "header" : "no header");
@@ -112,6 +112,11 @@ std::string MeaningOf(const TOptions& Options) {
     for (const auto& bounds : fitting.How.Bounds) meaning.Add(true, "bound " + bounds);
     for (const auto kind : bands.Kinds)
         meaning.Add(true, kind == kx::bkConfidence ? "band confidence" : "band prediction");
+    for (const double x : marks.Vertical) meaning.Add(true, "vertical " + Text(x));
+    for (const double y : marks.Horizontal) meaning.Add(true, "horizontal " + Text(y));
+    for (const auto& t : marks.Texts) meaning.Add(true, t.Caption + " at " + Text(t.X) + " " + Text(t.Y));
+    for (const auto& a : marks.Arrows)
+        meaning.Add(true, "arrow " + Text(a.X1) + " " + Text(a.Y1) + " " + Text(a.X2) + " " + Text(a.Y2));
     meaning.Add(bands.Level != 0.95, "level " + Text(bands.Level));
     meaning.Add("from", fitting.From);
     meaning.Add("to", fitting.To);

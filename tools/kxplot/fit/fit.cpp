@@ -35,8 +35,7 @@ TFindings Fit(TParts& Parts) {
     Parts.Graph->Modified(); // curves that are calculated outside of a frame ask for none
     SettleTree(*Parts.Form);
     found.Labels = FindLabels(Parts);
-    found.Results =
-        ResultsText(Parts.Series); // with the captions as they are, before the legend shortens them
+    found.Results = ResultsText(Parts); // with the captions as they are, before the legend shortens them
     found.Failures = FailuresOf(Parts);
     found.Remarks = RemarksOf(Parts);
     return found;

@@ -1,17 +1,19 @@
 #include "kxplot/fit/results.h"
 
+#include <cstddef>
+
 namespace kxplot {
 
-std::string ResultsText(const std::vector<kx::TKxNotCalculatedSeries*>& Series) {
+std::string ResultsText(const TParts& Parts) {
     std::string text;
-    for (auto* series : Series) {
-        const auto& results = series->GetResults();
+    for (std::size_t k = 0; k < Parts.Analysed.size(); ++k) {
+        const auto& results = Parts.Analysed[k]->GetResults();
         for (int i = 0; i < results.GetCount(); ++i) {
             std::string line = results.GetLine(i);
             // Sections that were erased leave their empty lines.
             if (line.empty() && (text.empty() || text.ends_with("\n\n"))) continue;
-            if (Series.size() > 1 && !line.empty() && line.front() == '[')
-                line.insert(1, series->GetName() + ".");
+            if (Parts.Series.size() > 1 && !line.empty() && line.front() == '[')
+                line.insert(1, Parts.Series[k]->GetName() + ".");
             text += line + "\n";
         }
     }

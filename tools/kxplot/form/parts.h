@@ -5,6 +5,7 @@
 
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 #include <kxgraph/analysis/Kxfitband.h>
+#include <kxgraph/annotation/Kxlabel.h>
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/graph/Kxgraph2d.h>
 #include <kxgraph/look/Kxtheme.h>
@@ -59,9 +60,11 @@ struct TParts {
     kx::TKxAxis* Y2Axis = nullptr;              ///< of --y2
     std::map<TQuantity, kx::TKxAxis*> SideAxes; ///< of derivatives and integrals
     std::vector<kx::TKxNotCalculatedSeries*> Series;
+    std::vector<kx::TKxNotCalculatedSeries*> Analysed; ///< of each series: itself, or the middles of its bins
     std::vector<TBars> Bars;
-    std::vector<TAnalysis> Analyses; ///< as the plan has them
-    std::vector<TBand> Bands;        ///< series by series
+    std::vector<TAnalysis> Analyses;  ///< as the plan has them
+    std::vector<TBand> Bands;         ///< series by series
+    std::vector<kx::TKxLabel*> Texts; ///< as the plan has them
     kx::TKxLegend* Legend = nullptr;
     std::vector<kx::TKxSeries*> LeftOut; ///< of the legend, because they are not drawn
 };

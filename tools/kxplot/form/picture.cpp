@@ -6,6 +6,7 @@
 #include "kxplot/form/legend.h"
 #include "kxplot/form/lines.h"
 #include "kxplot/form/look.h"
+#include "kxplot/form/marks.h"
 #include "kxplot/form/outfit.h"
 #include "kxplot/form/series.h"
 #include "kxplot/form/theme.h"
@@ -29,6 +30,7 @@ TPicture::TPicture(TPlan Plan) {
     MakeAxes(FParts);
     MakeSeries(FParts);
     ColourDataAxes(FParts);
+    MakeMarks(FParts);
     MakeLegend(FParts);
     CaptionAxes(FParts);
 }
@@ -111,6 +113,7 @@ void TPicture::Apply() {
 void TPicture::Finish(const std::vector<TLabelSource>& Labels) {
     FNotes->Bind(Labels);
     FinishLegend(FParts);
+    PlaceTexts(FParts);
     FNotes->Place();
 }
 

@@ -6,7 +6,9 @@
 #include <kxgraph/numeric/Kxvector.h>
 #include <kxgraph/series/Kxarrowseries.h>
 
+#include <cstddef>
 #include <optional>
+#include <string>
 #include <utility>
 
 namespace kxplot {
@@ -85,6 +87,24 @@ TKxNotCalculatedSeries* TSeriesMaker::operator()(TArrowsPlan& Arrows) {
     return series;
 }
 
+/// The counts of a histogram over the middles of its bins, for fits; nothing of it shows.
+TKxNotCalculatedSeries* MakeMiddles(TParts& Parts, const TKxSeries& Bars, std::size_t Number) {
+    TForm& form = *Parts.Form;
+    const auto edges = Bars.GetXData()->Values(), counts = Bars.GetYData()->Values();
+    TVectorPlan middles{"Middles" + std::to_string(Number), {}};
+    for (std::size_t i = 0; i + 1 < edges.size(); ++i)
+        middles.Values.push_back(edges[i] + (edges[i + 1] - edges[i]) / 2);
+    TVectorPlan heights{"Counts" + std::to_string(Number), {counts.begin(), counts.end()}};
+    auto* series = new TKxLineSeries(&form);
+    series->SetName("Bins" + std::to_string(Number));
+    series->SetXData(MakeVector(middles, form));
+    series->SetYData(MakeVector(heights, form));
+    series->GetLineStyle().SetVisible(false);
+    series->SetIncludeInLegend(false);
+    series->SetAutoCaption(Bars.GetCaption());
+    return series;
+}
+
 } // namespace
 
 void MakeSeries(TParts& Parts) {
@@ -98,8 +118,11 @@ void MakeSeries(TParts& Parts) {
         series->SetAutoCaption(plan.Caption);
         if (plan.OnY2) series->SetYAxis(Parts.Y2Axis);
         Parts.Series.push_back(series);
-        AddLines(Parts, *series);
+        if (!Parts.Plan.Drawing.Bins) AddLines(Parts, *Parts.Analysed.emplace_back(series));
     }
+    if (Parts.Plan.Drawing.Bins && !Parts.Plan.Analyses.empty())
+        for (std::size_t k = 0; k < Parts.Series.size(); ++k)
+            AddLines(Parts, *Parts.Analysed.emplace_back(MakeMiddles(Parts, *Parts.Series[k], k + 1)));
     ConfigureBars(Parts);
 }
 

@@ -120,9 +120,11 @@ void AddPictureOptions(CLI::App& App, TArguments& Given) {
                    "both up to 50 points, line above). Bars begin at x, and the last is as wide as the one "
                    "before it")
         ->type_name("line|points|both|bars|bars3d|arrows");
-    App.add_option("--hist", Given.Bins,
-                   "draws how many values of the -y columns (default: the first column) lie in each of N "
-                   "equal bins between the smallest and the largest")
+    App.add_option(
+           "--hist", Given.Bins,
+           "draws how many values of the -y columns (default: the first column) lie in each of N "
+           "equal bins between the smallest and the largest; --fit fits the counts at the middles of the "
+           "bins")
         ->type_name("N");
     App.add_flag("--shift", o.Drawing.Shift, "the bars of several series stand side by side (default)");
     App.add_flag("--stack", o.Drawing.Stack,
@@ -137,6 +139,7 @@ void AddPictureOptions(CLI::App& App, TArguments& Given) {
     App.add_flag("--no-legend", o.Legend.None, "no legend; fits and curves are named among the data");
     App.add_flag("--log-x", o.Look.LogX, "logarithmic x axis");
     App.add_flag("--log-y", o.Look.LogY, "logarithmic y axis");
+    AddMarkOptions(App, Given.Mark);
     App.add_option("--title", o.Look.Title,
                    "title; captions take markup: \\b bold, \\i italic, \\+ superscript, "
                    "\\- subscript, \\s Greek; each swallows one blank behind it")

@@ -22,6 +22,7 @@ struct TArguments {
     std::vector<std::string> Assignments, Fits, Starts, Curves, Labels;
     TMethodArguments Method;
     TBandArguments Band;
+    TMarkArguments Mark;
     bool Header = false, NoHeader = false;
     bool Derivative = false, Integral = false;
 };

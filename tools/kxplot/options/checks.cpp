@@ -50,9 +50,15 @@ void RefuseErrorBars(const TOptions& Options) {
                           (Options.Drawing.HasBars() ? "bars" : "arrows"));
 }
 
+void RefuseWeightsOfBins(const TOptions& Options) {
+    Refuse(Options.Drawing.Bins && Options.Columns.Weight, "--weight: a histogram has no weights");
+}
+
 void RefuseAnalyses(const TArguments& Given, const TDrawingRequest& Drawing) {
     if (!Drawing.HasBars() && !Drawing.HasArrows()) return;
-    for (const auto& [option, given] : {TGiven{"--fit", !Given.Fits.empty()},
+    const bool upright =
+        Drawing.Bins && !Drawing.Horizontal; // a histogram is fitted at the middles of its bins
+    for (const auto& [option, given] : {TGiven{"--fit", !Given.Fits.empty() && !upright},
                                         {"--curve", !Given.Curves.empty()},
                                         {"--derivative", Given.Derivative},
                                         {"--integral", Given.Integral}})
@@ -98,6 +104,7 @@ void CheckAnalyses(const TArguments& Given, const TOptions& Options) {
                 {"--curve-data", !Options.Outputs.CurveData.empty()},
                 {"--label", !Options.Labels.empty()}});
     RefuseAnalyses(Given, Options.Drawing);
+    RefuseWeightsOfBins(Options);
 }
 
 } // namespace kxplot

@@ -147,6 +147,7 @@ void ReadDrawing(const TArguments& Given, TOptions& Options) {
 void ReadOutputs(const TArguments& Given, TOptions& Options) {
     if (Given.Size) Options.Outputs.Size = ParsePictureSize(*Given.Size);
     Options.Outputs.Scale = ScaleOf(Given.Scale, Given.Dpi);
+    Options.Marks = ParseMarks(Given.Mark);
     if (Given.Ground) Options.Look.Ground = ParseGround(*Given.Ground);
     for (const auto& text : Given.Assignments) Options.Look.Assignments.push_back(ParseAssignment(text));
     if (Options.Outputs.Pictures.empty() && Options.Batch.empty())

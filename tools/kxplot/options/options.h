@@ -5,6 +5,7 @@
 #include "kxplot/options/axesrequest.h"
 #include "kxplot/options/bandrequest.h"
 #include "kxplot/options/labelrequest.h"
+#include "kxplot/options/markrequest.h"
 #include "kxplot/options/methodrequest.h"
 #include "kxplot/options/picturesize.h"
 #include "kxplot/options/tablerequest.h"
@@ -100,6 +101,7 @@ struct TOptions {
     std::vector<TAnalysisRequest> Analyses; ///< fits, then curves, the derivative and the integral
     TFitRequest Fitting;
     TBandRequest Bands;
+    TMarkRequest Marks;
     std::vector<TLabelRequest> Labels;
     TLookRequest Look;
     TOutputRequest Outputs;

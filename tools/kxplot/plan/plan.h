@@ -109,6 +109,7 @@ struct TPlan {
     TLegendRequest Legend;
     TFitRequest Fitting;
     TBandRequest Bands;
+    TMarkRequest Marks;
     std::vector<TLabelRequest> Labels;
     TLookRequest Look;
 

@@ -249,6 +249,7 @@ TPlan MakePlan(const TKxTable& Table, const TOptions& Options, std::vector<std::
     plan.Legend = Options.Legend;
     plan.Fitting = Options.Fitting;
     plan.Bands = Options.Bands;
+    plan.Marks = Options.Marks;
     plan.Labels = Options.Labels;
     plan.Look = Options.Look;
     if (Told) *Told = ExplainColumns(Table, columns, plan, planner.Style());
