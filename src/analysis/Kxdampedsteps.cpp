@@ -64,7 +64,7 @@ void TKxDampedSteps::Place(TKxDampedPoint& Point, const TColumn& Coefficients) c
 }
 
 /// Of all coefficients where derivatives are given, else of the free ones.
-void TKxDampedSteps::FillColumns(const TKxDampedPoint& Point, bool Finely, TKxColumns& Columns) {
+void TKxDampedSteps::FillColumns(const TKxDampedPoint& Point, bool Finely, TKxMatrixColumns& Columns) {
     if (FProblem.Derivatives) {
         for (TColumn& column : Columns) column.resize(FRoots.size());
         const std::vector<std::span<double>> spans(Columns.begin(), Columns.end());
@@ -80,7 +80,7 @@ void TKxDampedSteps::FillColumns(const TKxDampedPoint& Point, bool Finely, TKxCo
 }
 
 void TKxDampedSteps::FindDerivatives(TKxDampedPoint& Point, bool Finely) {
-    TKxColumns columns(Point.Coefficients.size());
+    TKxMatrixColumns columns(Point.Coefficients.size());
     FillColumns(Point, Finely, columns);
     const std::size_t rows = std::max(FRoots.size(), FFree.size());
     Point.Columns.resize(FFree.size());

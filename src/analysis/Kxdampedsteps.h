@@ -25,8 +25,8 @@ struct TKxDampedPoint {
     std::vector<double> Coefficients, Residuals;
     double Sum = std::numeric_limits<double>::infinity();
     std::vector<double> Lengths; ///< of the columns of derivatives
-    TKxColumns Columns;          ///< each divided by its scale
-    TKxColumns Upper;            ///< their triangle
+    TKxMatrixColumns Columns;    ///< each divided by its scale
+    TKxMatrixColumns Upper;      ///< their triangle
     std::vector<double> Right;   ///< what the triangle is to take away of the residuals
 };
 
@@ -65,7 +65,7 @@ private:
     /// A step in units of the scales, and the triangle of the coefficients that it moves.
     struct TSolution {
         TColumn Step; ///< of all that are free
-        TKxColumns Upper;
+        TKxMatrixColumns Upper;
         std::vector<std::size_t> Moved;
     };
 
@@ -75,7 +75,7 @@ private:
     void SetTarget(const TKxDampedPoint& Point, const TColumn& Step, TKxDampedStep& Result) const;
     TColumn Curvature(const TKxDampedPoint& Point, const TColumn& Step) const;
     bool LosesCoefficient(const TKxDampedPoint& Point) const;
-    void FillColumns(const TKxDampedPoint& Point, bool Finely, TKxColumns& Columns);
+    void FillColumns(const TKxDampedPoint& Point, bool Finely, TKxMatrixColumns& Columns);
 
     TKxDampedProblem FProblem;
     TColumn FRoots; ///< of the weights

@@ -19,7 +19,7 @@ void Reflect(std::span<const double> Axis, double Square, std::span<double> Colu
 
 } // namespace
 
-void Triangulate(TKxColumns& Columns, std::vector<double>& Right) {
+void Triangulate(TKxMatrixColumns& Columns, std::vector<double>& Right) {
     std::vector<double> axis;
     for (std::size_t k = 0; k < Columns.size(); ++k) {
         const auto below = std::span(Columns[k]).subspan(k);
@@ -38,7 +38,7 @@ void Triangulate(TKxColumns& Columns, std::vector<double>& Right) {
     }
 }
 
-std::vector<double> SolveTriangle(const TKxColumns& Triangle, std::span<const double> Right) {
+std::vector<double> SolveTriangle(const TKxMatrixColumns& Triangle, std::span<const double> Right) {
     std::vector<double> solution(Right.begin(), Right.begin() + std::ptrdiff_t(Triangle.size()));
     for (std::size_t k = Triangle.size(); k-- > 0;) {
         const double pivot = Triangle[k][k];
@@ -48,7 +48,7 @@ std::vector<double> SolveTriangle(const TKxColumns& Triangle, std::span<const do
     return solution;
 }
 
-std::vector<double> SolveTransposed(const TKxColumns& Triangle, std::span<const double> Right) {
+std::vector<double> SolveTransposed(const TKxMatrixColumns& Triangle, std::span<const double> Right) {
     std::vector<double> solution(Right.begin(), Right.begin() + std::ptrdiff_t(Triangle.size()));
     for (std::size_t k = 0; k < Triangle.size(); ++k) {
         for (std::size_t i = 0; i < k; ++i) solution[k] -= Triangle[k][i] * solution[i];
