@@ -217,7 +217,23 @@ void TPainterDevice::PaintArea(TPointSpan Points, const TFill& Fill, bool Antial
     if (!AllInside(FCurve, SafeArea())) CutPolygon(FCurve, FSpare, SafeArea());
     FPainter.setPen(Qt::NoPen);
     FPainter.setBrush(BrushOf(Fill));
-    FPainter.drawPolygon(FCurve.data(), int(FCurve.size()), Qt::OddEvenFill);
+    FillCurve();
+}
+
+/// Fills the area in FCurve. On a raster, what the painter does for one of its rows grows with the square of
+/// the points there: an area of many is filled in bands of whole columns.
+void TPainterDevice::FillCurve() {
+    constexpr int CBand = 16;
+    const auto fill = [this](const std::vector<QPointF>& Corners) {
+        FPainter.drawPolygon(Corners.data(), int(Corners.size()), Qt::OddEvenFill);
+    };
+    if (!FRaster || !IsSmooth() || FCurve.size() < std::size_t(CReductionThreshold)) return fill(FCurve);
+    for (int left = FWindow.Left; left < FWindow.Right; left += CBand) {
+        FBand = FCurve;
+        CutPolygon(FBand, FSpare,
+                   QRectF(left, FWindow.Top, std::min(CBand, FWindow.Right - left), FWindow.Height()));
+        fill(FBand);
+    }
 }
 
 std::span<const TRealPoint> TPainterDevice::WithoutDetail(std::span<const TRealPoint> Points) {

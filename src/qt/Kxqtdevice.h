@@ -72,6 +72,7 @@ private:
     void PaintBars(std::span<const QPointF> Line, const QPen& Pen, bool RoundEnds);
     void PaintDisc(const QPointF& Middle, double Radius);
     void PaintArea(TPointSpan Points, const TFill& Fill, bool Antialias);
+    void FillCurve();
     void PaintShape(TPointSpan Points, const TStroke& Stroke, const TFill& Fill, Qt::PenJoinStyle Join);
     void PaintHugeEllipse(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill);
     bool WriteCoverage(const QPen& Pen, TPenMode Mode);
@@ -92,7 +93,7 @@ private:
     TLineCoverage FCoverage;
     std::vector<TPoint> FKept, FPixels;         // scratch, kept for their storage
     std::vector<TRealPoint> FExact, FExactKept; // likewise
-    std::vector<QPointF> FCurve, FSpare;        // likewise
+    std::vector<QPointF> FCurve, FSpare, FBand; // likewise
     std::vector<QRect> FRuns;                   // likewise
 };
 
