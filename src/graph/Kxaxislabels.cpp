@@ -86,14 +86,15 @@ void TKxAxisLabels::Put(TKxCaptionRec& Rec, TPoint TopLeft) const {
     Rec.Angle = FIsTurned ? 900 : 0;
 }
 
-// Lines are counted from the tick, beside which the first one stands in any case.
+// The first line stands beside the tick, whatever follows it: outwards, or above where that leads along the
+// axis. Below, those of the lowest tick would stand among the labels of another axis.
 TKxLabelExtent TKxAxisLabels::ExtentAlong(const TKxTickLabel& Label, std::size_t FirstRec,
                                           TKxSide Side) const {
     const int lines = LinesOf(Label);
     int widest = 0;
     for (int k = 0; k < lines; ++k)
         widest = std::max(widest, FRecs[FirstRec + static_cast<std::size_t>(k)].Width);
-    return {Side.FromStart(0, Label.Position) + Side.Along(TSize{0, (lines - 1) * FHeight}) / 2,
+    return {Side.FromStart(0, Label.Position) - Side.Along(TSize{0, (lines - 1) * FHeight}) / 2,
             Side.Along(Turned({widest, lines * FHeight}))};
 }
 
@@ -180,7 +181,7 @@ void TKxAxisLabels::Place(const TKxTicks& Ticks, const TKxAxisLine& Line, const 
         const int tick = Line.Side.Along(Line.PointAt(label.Position, 0));
         for (int k = 0; k < LinesOf(label); ++k, ++i) {
             const TSize size = SizeOf(FRecs[i]), shift = Turned({0, k * FHeight});
-            const int along = tick - Line.Side.Along(size) / 2 + Line.Side.Along(shift);
+            const int along = tick - Line.Side.Along(size) / 2 - Line.Side.Along(shift);
             Put(FRecs[i], Line.PlaceOutwards(along, Look.LabelDistance() + Line.Side.Across(shift), size));
             FRecs[i].Anchor = AnchorOf(label, Line, FRecs[i].Width, FIsTurned);
         }

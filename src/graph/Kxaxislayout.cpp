@@ -66,7 +66,7 @@ void TKxAxis::ArrangeLabels() {
         FLabels.Measure(FTicks, GetCanvas());
     }
     PlaceLabels();
-    if (!FTicks.MayTurn) return;
+    if (!FTicks.MayTurn || FTicks.CanBeCoarser) return;
     constexpr int CMostOfGraph = 3;
     const TSize graph = GetParent() ? GetParent()->GetBoundsRect().Size() : GetBoundsRect().Size();
     if (FLine.Side.IsHorizontal() && FLabels.Touch(FTicks, FLine.Side)) FLabels.Turn();

@@ -216,8 +216,13 @@ std::vector<double> TKxCalendar::MomentsBetween(double Start, double Stop, const
 
 std::vector<std::string> TKxCalendar::LabelAt(double Moment, const TKxDateStep& Step,
                                               std::optional<double> Before) const {
-    const TLabelParts parts = PartsAt(LocalOf(Moment), Step);
-    const TLabelParts before = Before ? PartsAt(LocalOf(*Before), Step) : TLabelParts();
+    // Far from 1970 a double holds no microsecond: it is the nearest step that is told.
+    const auto partsOf = [&](double At) {
+        const TKxLocalTime local = LocalOf(At), count = Step.Count;
+        const bool isTime = Step.Unit == TKxDateStep::Microseconds;
+        return PartsAt(isTime ? FloorDiv(local + count / 2, count) * count : local, Step);
+    };
+    const TLabelParts parts = partsOf(Moment), before = Before ? partsOf(*Before) : TLabelParts();
     std::vector<std::string> lines = {parts.Text};
     if (parts.Time != before.Time) lines.push_back(parts.Time);
     if (parts.Year != before.Year)
@@ -228,17 +233,18 @@ std::vector<std::string> TKxCalendar::LabelAt(double Moment, const TKxDateStep& 
 }
 
 std::string TKxCalendar::TextOf(double Moment, double Resolution) const {
-    const TKxLocalTime local = LocalOf(Moment);
+    TKxLocalTime local = LocalOf(Moment);
+    std::int64_t unit = Resolution < 60 ? CSecond : CMinute;
+    if (Resolution < 1)
+        while (unit > 1 && (Resolution > 0 ? double(unit) > Resolution * CSecond : local % unit != 0))
+            unit /= 10;
+    const bool isDay = Resolution >= CDaySeconds || (Resolution <= 0 && local % CDay == 0);
+    if (!isDay) local = FloorDiv(local + unit / 2, unit) * unit;
     const auto date = DateOf(local);
-    std::string text =
+    const std::string day =
         Formatted("%04d-%02u-%02u", int(date.year()), unsigned(date.month()), unsigned(date.day()));
-    if (Resolution >= CDaySeconds || (Resolution <= 0 && local % CDay == 0)) return text;
-    std::int64_t unit = CMinute;
-    if (Resolution < 60) unit = CSecond;
-    text += " " + ClockText(local, unit);
-    if (Resolution >= 1 || (Resolution <= 0 && local % CSecond == 0)) return text;
-    while (unit > 1 && (Resolution > 0 ? double(unit) > Resolution * CSecond : local % unit != 0)) unit /= 10;
-    return text + FractionText(local, unit);
+    if (isDay) return day;
+    return day + " " + ClockText(local, unit) + (unit < CSecond ? FractionText(local, unit) : "");
 }
 
 } // namespace kx

@@ -59,8 +59,9 @@ public:
     /// there is no Before: "Feb" but "Jan", "2004"; "06:00" but "00:00", "20 Sep".
     std::vector<std::string> LabelAt(double Moment, const TKxDateStep& Step,
                                      std::optional<double> Before) const;
-    /// "2003-09-19 06:00:00.125" with what is smaller than Resolution (in seconds) left out; with 0 all
-    /// digits down to microseconds that tell something, and the date alone at midnight.
+    /// "2003-09-19 06:00:00.125" rounded to units of no more than Resolution (in seconds; the day that it
+    /// lies in from a day on, minutes from a minute on); with 0 all digits down to microseconds that tell
+    /// something, and the date alone at midnight.
     std::string TextOf(double Moment, double Resolution) const;
 
 private:

@@ -47,6 +47,39 @@ std::string TakeText(std::string_view& Line) {
     return text;
 }
 
+constexpr int CMostLines = 3;
+
+/// The words of a text in lines of no more than Width bytes, but for longer words.
+std::vector<std::string> Broken(const std::string& Text, std::size_t Width) {
+    std::vector<std::string> lines;
+    for (std::size_t begin = 0; begin <= Text.size();) {
+        const std::size_t end = std::min(Text.find(' ', begin), Text.size());
+        const std::string word = Text.substr(begin, end - begin);
+        if (lines.empty() || lines.back().size() + 1 + word.size() > Width)
+            lines.push_back(word);
+        else
+            lines.back() += " " + word;
+        begin = end + 1;
+    }
+    return lines;
+}
+
+/// Up to so many lines, the longest as short as can be. Markup must not end with its line.
+std::vector<std::string> InLines(const std::string& Text, int Lines) {
+    const auto most = static_cast<std::size_t>(Lines);
+    if (most == 1 || Text.find('\\') != Text.npos) return {Text};
+    for (std::size_t width = Text.size() / most; width < Text.size(); ++width)
+        if (auto lines = Broken(Text, width); lines.size() <= most) return lines;
+    return {Text};
+}
+
+TKxTickLabel LabelOf(int Number, const std::string& Text, int Lines) {
+    auto lines = InLines(Text, Lines);
+    TKxTickLabel label{double(Number), 0, lines.front()};
+    label.More.assign(lines.begin() + 1, lines.end());
+    return label;
+}
+
 double EndWithin(double End) { return std::clamp(End, -CFurthest, CFurthest); }
 
 } // namespace
@@ -93,14 +126,17 @@ TKxTicks CategoryTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const TK
     const int first = static_cast<int>(std::clamp(std::ceil(Ends.Start), 1.0, most + 1));
     const int last = static_cast<int>(std::clamp(std::floor(Ends.Stop), 0.0, most));
     const int stride = std::max(1, RoundToInt(std::ceil(CLeastDistance * std::abs(Map.Scale))));
+    const bool mayBreak = Options.Side.IsHorizontal() && Options.Coarseness < CMostLines;
+    const int lines = mayBreak ? Options.Coarseness + 1 : 1;
     std::vector<TKxTick> ticks;
     std::vector<TKxTickLabel> labels;
     for (int number = first; number <= last; number += stride) {
         ticks.push_back({double(number), true});
         if (Options.ShowScaleLabels)
-            labels.push_back({double(number), 0, Categories[static_cast<std::size_t>(number - 1)]});
+            labels.push_back(LabelOf(number, Categories[static_cast<std::size_t>(number - 1)], lines));
     }
     TKxTicks result = TicksAt(ticks, std::move(labels), Map, Options.Side);
+    result.CanBeCoarser = mayBreak;
     result.MayTurn = result.MustThin = true;
     return result;
 }

@@ -22,6 +22,8 @@ TKxCategories SplitCategories(std::string_view Line);
 /// Ends that follow the data show whole categories: they lie between two.
 TKxScaleEnds CategoryEnds(const TKxScaleInput& Input);
 /// A tick and a label each, no minor ones; every second, third, ... where they would run together to a bar.
+/// Beside a horizontal axis texts of several words are broken into two or three lines by Options.Coarseness;
+/// one more, and they have one line that may turn.
 TKxTicks CategoryTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const TKxTickOptions& Options,
                        const TKxCategories& Categories);
 /// The text of the category that Value lies in, without markup; empty outside.

@@ -11,8 +11,8 @@ namespace kx {
 /// are not used.
 TKxScaleEnds DateEnds(const TKxScaleInput& Input, const TKxCalendar& Calendar);
 
-/// Ticks on calendar steps: twelve labels or hardly more, or fewer by Options.Coarseness. Which of the
-/// coarseness fits, whoever draws the labels knows.
+/// Ticks on calendar steps: twelve labels or hardly more, or fewer by Options.Coarseness. Which fits,
+/// whoever draws the labels knows.
 TKxTicks DateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map, const TKxTickOptions& Options,
                    const TKxCalendar& Calendar);
 

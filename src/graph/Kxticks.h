@@ -19,8 +19,8 @@ struct TKxTickLabel {
     double Value;
     int Position; ///< that of its tick
     std::string Text;
-    double Place = 0; ///< that of its tick, not rounded
-    std::vector<std::string> More{}; ///< further lines, under it or further outwards
+    double Place = 0;                ///< that of its tick, not rounded
+    std::vector<std::string> More{}; ///< further lines, outwards, or above beside a vertical axis
 };
 
 /// Ticks in order of their offset.
@@ -33,7 +33,7 @@ struct TKxTicks {
     TKxRealArray Places;       ///< Positions before they are rounded
 
     // What is to be done about labels that touch.
-    bool CanBeCoarser = false; ///< the same ticks with more Coarseness
+    bool CanBeCoarser = false; ///< more Coarseness gives others
     bool MayTurn = false;      ///< written upwards where that makes them shorter along the axis
     bool MustThin = false;     ///< thinned out after that, whether the axis is told to or not
 };
@@ -42,7 +42,7 @@ struct TKxTickOptions {
     TKxSide Side;                ///< of the direction that the map was made with
     bool ShowScaleLabels = true; ///< without, there are ticks only
     bool ZeroOrigin = false;     ///< the axes cross at 0: a linear scale through 0 leaves its label 0 out
-    int Coarseness = 0;          ///< how many steps coarser than the finest ones, where steps have a ladder
+    int Coarseness = 0;          ///< how many attempts gave labels that touch
 };
 
 /// The ticks of the scale Ends under Map. A tick stands where the map puts its value and a label tells the

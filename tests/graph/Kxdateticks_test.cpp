@@ -154,28 +154,35 @@ TEST(LabelKinds, AreKeptAndRefusedByLogarithmicAxes) {
     EXPECT_EQ(log.GetLabelKind(), lkNumbers);
 }
 
-TEST(LabelKinds, CategoriesStandInTheMiddleOfUnitsAndTurnBeforeTheyTouch) {
+TEST(LabelKinds, CategoriesStandInTheMiddleOfUnitsAndBreakOrTurnBeforeTheyTouch) {
     const struct {
         double From, To;
         int Pixels;
-        const char* Ends;
-        const char* Texts;
+        const char *Second, *Ends, *Texts;
         int Angle;
     } cases[] = {
-        {1, 3, 300, "0.5 3.5", "iron, copper, tin", 0},  {0.5, 3.5, 300, "0.5 3.5", "iron, copper, tin", 0},
-        {1.2, 2.1, 300, "0.5 2.5", "iron, copper", 0},   {2, 2, 300, "1.5 2.5", "copper", 0},
-        {1, 3, 90, "0.5 3.5", "iron, copper, tin", 900}, {1, 3, 50, "0.5 3.5", "iron, tin", 900},
-        {-3, 9, 900, "-3.5 9.5", "iron, copper, tin", 0}};
+        {1, 3, 300, "copper", "0.5 3.5", "iron, copper, tin", 0},
+        {0.5, 3.5, 300, "copper", "0.5 3.5", "iron, copper, tin", 0}, // the edges of bars
+        {1.2, 2.1, 300, "copper", "0.5 2.5", "iron, copper", 0},
+        {2, 2, 300, "copper", "1.5 2.5", "copper", 0},
+        {-3, 9, 900, "copper", "-3.5 9.5", "iron, copper, tin", 0},
+        {1, 3, 90, "copper", "0.5 3.5", "iron, copper, tin", 900},
+        {1, 3, 50, "copper", "0.5 3.5", "iron, tin", 900},
+        {1, 3, 190, "copper in solution", "0.5 3.5", "iron, copper in/solution, tin", 0},
+        {1, 3, 165, "copper in solution", "0.5 3.5", "iron, copper/in/solution, tin", 0},
+        {1, 3, 90, "copper in solution", "0.5 3.5", "iron, copper in\u2026, tin", 900},
+        {1, 3, 190, "\\b copper in solution", "0.5 3.5", "iron, copper in\u2026, tin", 900},
+    };
     for (const auto& c : cases) {
         TKxAxis axis(nullptr);
         axis.SetPosition(AxBottomPos);
-        axis.SetCategories({"iron", "copper", "tin"});
+        axis.SetCategories({"iron", c.Second, "tin"});
         Show(axis, c.From, c.To, c.Pixels, lkCategories);
         EXPECT_EQ(TextsOf(axis), c.Texts) << c.Pixels;
         EXPECT_EQ(FloatToStr(axis.GetStart()) + " " + FloatToStr(axis.GetStop()), c.Ends);
         EXPECT_EQ(axis.GetLabelRecs()[0].Angle, c.Angle) << c.Pixels;
         for (int i = 0; i < axis.GetTickCount(); ++i) EXPECT_TRUE(axis.GetTickIsMajor()[i]);
-        EXPECT_EQ(axis.GetValueText(1.6), "copper");
+        EXPECT_EQ(axis.GetValueText(1.6), GetStrippedString(c.Second));
     }
 }
 

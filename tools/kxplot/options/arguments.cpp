@@ -168,7 +168,8 @@ void AddOutfitOptions(CLI::App& App, TArguments& Given) {
         ->check(RefuseEmpty);
     App.add_option("--set", Given.Assignments,
                    "sets a property, e.g. Graph1.MajorGridX.Visible=1; components: Graph1, XAxis, YAxis, "
-                   "SecondaryAxis1, SecondaryAxis2, Series1, ..., Fit1, ..., Curve1, ..., Derivative1, ..., "
+                   "Y2Axis, SecondaryAxis1, SecondaryAxis2, XMirror, YMirror, Series1, ..., Fit1, ..., "
+                   "Curve1, ..., Derivative1, ..., "
                    "Integral1, ..., Legend1, Label1, ...")
         ->type_name("NAME.PROPERTY=VALUE")
         ->allow_extra_args(false);

@@ -227,6 +227,12 @@ std::vector<TAnalysisPlan> PlanAnalyses(const std::vector<TAnalysisRequest>& Req
     return analyses;
 }
 
+/// One series a y axis is told by the caption of that.
+bool NeedsLegend(const TPlan& Plan, const TColumns& Columns) {
+    const bool isOneEach = Columns.FirstOnY2 == 1 && Columns.Y.size() == 2;
+    return Plan.Series.size() + Plan.Analyses.size() > (isOneEach ? 2 : 1);
+}
+
 } // namespace
 
 TPlan MakePlan(const TKxTable& Table, const TOptions& Options, std::vector<std::string>* Told) {
@@ -241,8 +247,7 @@ TPlan MakePlan(const TKxTable& Table, const TOptions& Options, std::vector<std::
     for (const int column : columns.LeftOut) plan.LeftOut.push_back(Table.ShownName(column));
     plan.Analyses = PlanAnalyses(Options.Analyses, columns.Y.size());
     plan.Axes = PlanAxes(Table, columns, Options);
-    plan.HasLegend =
-        plan.Series.size() + plan.Analyses.size() > 1 || Options.Legend.Place || Options.Legend.None;
+    plan.HasLegend = NeedsLegend(plan, columns) || Options.Legend.Place || Options.Legend.None;
     plan.WeighLogarithms = Options.Columns.WeightByErrors;
     plan.Scales = planner.Scales();
     plan.Drawing = planner.Drawing();
