@@ -61,9 +61,9 @@ bool HasGaps(const TKxChannel& Channel, int First, int End) {
 class TColumns {
 public:
     /// Runs gets where the runs of a line that gaps interrupt end among the kept points.
-    TColumns(TKxColumns Columns, const TKxChannel& X, const TKxChannel& Y, std::vector<int>& Kept,
+    TColumns(TKxLineColumns Columns, const TKxChannel& X, const TKxChannel& Y, std::vector<int>& Kept,
              std::vector<int>& Runs)
-        : FX(X), FY(Y), FKept(Kept), FRuns(Runs), FAreParts(Columns == TKxColumns::Parts) {}
+        : FX(X), FY(Y), FKept(Kept), FRuns(Runs), FAreParts(Columns == TKxLineColumns::Parts) {}
 
     /// The points that stand in Stretch and one with a number on either side; a number is the last.
     TKxSection Section(int Count, TKxStretch Stretch) const {

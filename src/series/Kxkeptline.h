@@ -32,7 +32,7 @@ struct TKxSection {
 TKxSection SectionIn(const TKxChannel& X, int Count, TKxStretch Stretch);
 
 /// What counts as a column along X.
-enum class TKxColumns {
+enum class TKxLineColumns {
     Pixels, ///< the line shows the very pixels of all points
     Parts   ///< parts of a pixel (ColumnOf), for smooth devices: no point is farther than one from the line
 };
@@ -43,7 +43,7 @@ enum class TKxColumns {
 /// points, an append the last column, and what is as before costs nothing.
 class TKxKeptLine {
 public:
-    explicit TKxKeptLine(TKxColumns Columns = TKxColumns::Pixels) : FColumns(Columns) {}
+    explicit TKxKeptLine(TKxLineColumns Columns = TKxLineColumns::Pixels) : FColumns(Columns) {}
 
     /// Finds the points, where they are not known. Placing is that of X and Y, which have an axis and a
     /// vector each. Returns false where the line cannot be kept so: x values that are not sorted, or without
@@ -59,7 +59,7 @@ private:
                 bool Appended);
     bool IsAppendedTo(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing) const;
 
-    TKxColumns FColumns;
+    TKxLineColumns FColumns;
     TKxPlacing FPlacing;
     TKxStretch FStretch;
     int FLastColumn = 0; // the first point of it

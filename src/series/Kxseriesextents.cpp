@@ -169,7 +169,7 @@ bool TKxSeries::KeepsLine() {
 
 bool TKxSeries::KeepsFineLine() {
     if (!MayKeepLine()) return false;
-    if (!FFineKept) FFineKept = std::make_unique<TKxKeptLine>(TKxColumns::Parts);
+    if (!FFineKept) FFineKept = std::make_unique<TKxKeptLine>(TKxLineColumns::Parts);
     return FFineKept->Keep(FX, FY, PresentPlacing(), WorldStretch(FLineStyle.GetWidth() + CAir));
 }
 
