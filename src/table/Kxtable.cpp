@@ -2,6 +2,7 @@
 
 #include <kxgraph/platform/text/text.h>
 #include <kxgraph/table/Kxtablelook.h>
+#include <kxgraph/table/Kxtablewords.h>
 
 #include <algorithm>
 #include <charconv>
@@ -49,7 +50,9 @@ std::string TKxTable::GetHeader(int Column) const {
 }
 
 std::string TKxTable::GetUnit(int Column) const {
-    return FShape.Units.empty() ? std::string() : FShape.Units[static_cast<std::size_t>(Column)];
+    if (FShape.Units.empty()) return {};
+    const std::string& unit = FShape.Units[static_cast<std::size_t>(Column)];
+    return StandsForNoUnit(unit) ? std::string() : unit;
 }
 
 std::string TKxTable::ColumnName(int Column) const {

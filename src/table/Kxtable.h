@@ -42,7 +42,7 @@ public:
     bool HasHeader() const { return !FShape.Headers.empty(); }
     /// Header text of a column, zero-based; empty without header.
     std::string GetHeader(int Column) const;
-    /// What stands below the header in a row of units; empty without one.
+    /// What stands below the header in a row of units; empty where there is none, a dash or 1.
     std::string GetUnit(int Column) const;
     /// What the cells of a column are, judged by the first ones.
     TKxColumnKind GetKind(int Column) const { return FShape.Kinds[static_cast<std::size_t>(Column)]; }

@@ -1,11 +1,11 @@
 #include <kxgraph/table/Kxtabledates.h>
 
 #include <kxgraph/platform/text/text.h>
+#include <kxgraph/table/Kxtableclock.h>
+#include <kxgraph/table/Kxtablescanner.h>
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
-#include <string>
 
 namespace kx {
 
@@ -16,23 +16,15 @@ constexpr std::string_view CMonths[] = {"january",   "february", "march",    "ap
                                         "september", "october",  "november", "december"};
 constexpr std::string_view CWeekdays[] = {"monday", "tuesday",  "wednesday", "thursday",
                                           "friday", "saturday", "sunday"};
-constexpr double CMinute = 60, CHour = 3600, CDay = 86400;
-
-bool IsDigit(char C) { return C >= '0' && C <= '9'; }
-bool IsLetter(char C) { return (C >= 'a' && C <= 'z') || (C >= 'A' && C <= 'Z'); }
-
-/// A number of so many digits.
-struct TDigits {
-    int Value = 0;
-    std::size_t Count = 0;
-};
 
 /// Nothing for a number that is written like no year.
-std::optional<int> YearOf(const TDigits& Digits) {
+std::optional<int> YearOf(const TKxDigits& Digits) {
     if (Digits.Count == 4) return Digits.Value;
     if (Digits.Count == 2) return Digits.Value + (Digits.Value < 69 ? 2000 : 1900);
     return std::nullopt;
 }
+
+bool HasOneOrTwo(const TKxDigits& Digits) { return Digits.Count == 1 || Digits.Count == 2; }
 
 /// The place, from 1, of a name that is written out or by three letters at least; 0 for none.
 int PlaceAmong(std::span<const std::string_view> Names, std::string_view Word) {
@@ -42,281 +34,167 @@ int PlaceAmong(std::span<const std::string_view> Names, std::string_view Word) {
     return found == Names.end() ? 0 : int(found - Names.begin()) + 1;
 }
 
+std::optional<int> DayOfQuarter(int Year, const TKxDigits& Quarter) {
+    if (Quarter.Count != 1 || Quarter.Value > 4) return std::nullopt;
+    return DayOfDate(Year, 3 * Quarter.Value - 2, 1);
+}
+
 } // namespace
 
-/// Reads a cell from left to right. Each step takes its piece away, or leaves all as it was and says no.
+/// Reads a cell. Each step says whether it has found what it is for.
 class TKxDateCell::TReader {
 public:
-    explicit TReader(std::string_view Text) : FRest(Text) {}
+    explicit TReader(std::string_view Text) : FText(Text) {}
 
     std::optional<TKxDateCell> Read();
 
 private:
-    char Next() const { return FRest.empty() ? '\0' : FRest.front(); }
-    bool Take(char C);
-    bool TakeAnyOf(std::string_view Chars, char& Taken);
-    TDigits TakeDigits();
-    std::string_view TakeWord();
-    void TakeWeekday();
-
+    std::optional<TKxDateCell> ReadTimeAlone() const;
+    void SkipWeekday();
     bool ReadDate();
-    bool ReadYearFirst(const TDigits& Year);
-    bool ReadDayFirst(const TDigits& First);
-    bool ReadNumbers(const TDigits& First, char Sign);
+    bool ReadYearFirst(const TKxDigits& Year);
+    bool ReadMonthOfYear(int Year, char Sign);
+    bool ReadDayFirst(const TKxDigits& First);
+    bool ReadNumbers(const TKxDigits& First, char Sign);
     bool ReadWordFirst();
-    bool ReadQuarter(int Year);
-    bool ReadCompact(const TDigits& Date);
+    bool ReadQuarterFirst();
+    bool ReadCompact(const TKxDigits& Date);
     bool ReadTime();
-    bool ReadClock();
-    bool ReadCompactClock();
-    bool ReadSeconds();
-    bool ReadHalfDay(int& Hour);
-    bool ReadZone();
     bool Know(std::optional<int> Day);
 
-    std::string_view FRest;
+    TKxCellScanner FText;
     TKxDateCell FCell;
-    bool FIsCompact = false; ///< 20030919: digits alone
+    bool FIsCompact = false; ///< digits alone, which are a number without a time behind them
 };
 
-bool TKxDateCell::TReader::Take(char C) {
-    if (Next() != C || FRest.empty()) return false;
-    FRest.remove_prefix(1);
-    return true;
-}
-
-bool TKxDateCell::TReader::TakeAnyOf(std::string_view Chars, char& Taken) {
-    Taken = Next();
-    return Chars.find(Taken) != std::string_view::npos && Take(Taken);
-}
-
-TDigits TKxDateCell::TReader::TakeDigits() {
-    TDigits digits;
-    digits.Count = std::size_t(std::find_if_not(FRest.begin(), FRest.end(), IsDigit) - FRest.begin());
-    if (digits.Count > 9) digits.Count = 0;
-    std::from_chars(FRest.data(), FRest.data() + digits.Count, digits.Value);
-    FRest.remove_prefix(digits.Count);
-    return digits;
-}
-
-std::string_view TKxDateCell::TReader::TakeWord() {
-    const auto count = std::size_t(std::find_if_not(FRest.begin(), FRest.end(), IsLetter) - FRest.begin());
-    const std::string_view word = FRest.substr(0, count);
-    FRest.remove_prefix(count);
-    return word;
-}
-
-void TKxDateCell::TReader::TakeWeekday() {
-    const std::string_view whole = FRest;
-    if (PlaceAmong(CWeekdays, TakeWord()) == 0) {
-        FRest = whole;
-        return;
-    }
-    Take('.');
-    Take(',');
-    Take(' ');
-}
-
 bool TKxDateCell::TReader::Know(std::optional<int> Day) {
-    FCell.FKnown = true;
     FCell.FDays[0] = Day;
     return Day.has_value();
 }
 
 std::optional<TKxDateCell> TKxDateCell::TReader::Read() {
-    const std::string_view whole = FRest;
-    FCell.FDays[0] = 0;
-    if (ReadClock() && FRest.empty()) return FCell;
-    FRest = whole;
-    FCell = TKxDateCell();
-    TakeWeekday();
+    if (const auto time = ReadTimeAlone()) return time;
+    SkipWeekday();
     if (!ReadDate()) return std::nullopt;
-    if (!FRest.empty() && !ReadTime()) return std::nullopt;
-    if (FIsCompact && FRest.data() == whole.data() + 8) return std::nullopt; // eight digits are a number
-    return FRest.empty() ? std::optional(FCell) : std::nullopt;
+    if (FText.IsAtEnd() ? FIsCompact : !ReadTime()) return std::nullopt;
+    return FText.IsAtEnd() ? std::optional(FCell) : std::nullopt;
+}
+
+std::optional<TKxDateCell> TKxDateCell::TReader::ReadTimeAlone() const {
+    TKxCellScanner text = FText;
+    const auto seconds = TakeClock(text);
+    if (!seconds || !text.IsAtEnd()) return std::nullopt;
+    TKxDateCell cell;
+    cell.FDays[0] = 0;
+    cell.FTime = *seconds;
+    return cell;
+}
+
+void TKxDateCell::TReader::SkipWeekday() {
+    TKxCellScanner ahead = FText;
+    if (PlaceAmong(CWeekdays, ahead.TakeWord()) == 0) return;
+    ahead.TakeAnyOf(".,");
+    ahead.Take(' ');
+    FText = ahead;
 }
 
 bool TKxDateCell::TReader::ReadDate() {
-    if (!IsDigit(Next())) return ReadWordFirst();
-    const TDigits first = TakeDigits();
+    if (!FText.NextIsDigit()) return ReadWordFirst();
+    const TKxDigits first = FText.TakeDigits();
     if (first.Count == 8) return ReadCompact(first);
     if (first.Count == 4) return ReadYearFirst(first);
-    return (first.Count == 1 || first.Count == 2) && ReadDayFirst(first);
+    return HasOneOrTwo(first) && ReadDayFirst(first);
 }
 
-bool TKxDateCell::TReader::ReadCompact(const TDigits& Date) {
+bool TKxDateCell::TReader::ReadCompact(const TKxDigits& Date) {
     FIsCompact = true;
     return Know(DayOfDate(Date.Value / 10000, Date.Value / 100 % 100, Date.Value % 100));
 }
 
-bool TKxDateCell::TReader::ReadQuarter(int Year) {
-    const TDigits quarter = TakeDigits();
-    return quarter.Count == 1 && quarter.Value <= 4 && Know(DayOfDate(Year, 3 * quarter.Value - 2, 1));
+bool TKxDateCell::TReader::ReadYearFirst(const TKxDigits& Year) {
+    const char sign = FText.TakeAnyOf("-/. ");
+    if (sign != '/' && sign != '.' && FText.TakeAnyOf("Qq") != '\0')
+        return Know(DayOfQuarter(Year.Value, FText.TakeDigits()));
+    return sign != '\0' && ReadMonthOfYear(Year.Value, sign);
 }
 
-bool TKxDateCell::TReader::ReadYearFirst(const TDigits& Year) {
-    char sign = '\0';
-    TakeAnyOf("-/. ", sign);
-    if (Take('Q') || Take('q')) return sign != '/' && sign != '.' && ReadQuarter(Year.Value);
-    int month = 0;
-    TDigits digits;
-    if (IsLetter(Next())) {
-        month = PlaceAmong(CMonths, TakeWord());
-    } else {
-        digits = TakeDigits();
-        if (sign == '\0' || sign == ' ' || digits.Count < 1 || digits.Count > 2) return false;
-        month = digits.Value;
-    }
-    const bool hasDay =
-        sign != '\0' && sign != ' ' ? Take(sign) : IsDigit(FRest.size() > 1 ? FRest[1] : 'x') && Take(' ');
-    if (!hasDay)
-        return (digits.Count == 0 || (digits.Count == 2 && sign != '.')) &&
-               Know(DayOfDate(Year.Value, month, 1));
-    const TDigits day = TakeDigits();
-    return day.Count >= 1 && day.Count <= 2 && Know(DayOfDate(Year.Value, month, day.Value));
+// Of "2003.5" nobody knows whether it is a month, of "2003 5" neither.
+bool TKxDateCell::TReader::ReadMonthOfYear(int Year, char Sign) {
+    const bool isName = FText.NextIsLetter();
+    const TKxDigits digits = FText.TakeDigits();
+    const int month = isName ? PlaceAmong(CMonths, FText.TakeWord()) : digits.Value;
+    if (!isName && (Sign == ' ' || !HasOneOrTwo(digits))) return false;
+    const bool hasDay = Sign == ' ' ? FText.NextIsDigit(1) && FText.Take(' ') : FText.Take(Sign);
+    if (!hasDay) return (isName || (digits.Count == 2 && Sign != '.')) && Know(DayOfDate(Year, month, 1));
+    const TKxDigits day = FText.TakeDigits();
+    return HasOneOrTwo(day) && Know(DayOfDate(Year, month, day.Value));
 }
 
-bool TKxDateCell::TReader::ReadDayFirst(const TDigits& First) {
-    char sign = '\0';
-    TakeAnyOf("-/. ", sign);
-    if (sign == '.') Take(' ');
-    if (IsDigit(Next())) return ReadNumbers(First, sign);
-    const int month = PlaceAmong(CMonths, TakeWord());
+bool TKxDateCell::TReader::ReadDayFirst(const TKxDigits& First) {
+    const char sign = FText.TakeAnyOf("-/. ");
+    if (sign == '.') FText.Take(' ');
+    if (FText.NextIsDigit()) return ReadNumbers(First, sign);
+    const int month = PlaceAmong(CMonths, FText.TakeWord());
     if (sign == '.' || sign == ' ') {
-        Take('.');
-        Take(' ');
-    } else if (sign != '\0' && !Take(sign)) {
+        FText.Take('.');
+        FText.Take(' ');
+    } else if (sign != '\0' && !FText.Take(sign)) {
         return false;
     }
-    const auto year = YearOf(TakeDigits());
+    const auto year = YearOf(FText.TakeDigits());
     return month > 0 && year && Know(DayOfDate(*year, month, First.Value));
 }
 
-bool TKxDateCell::TReader::ReadNumbers(const TDigits& First, char Sign) {
+bool TKxDateCell::TReader::ReadNumbers(const TKxDigits& First, char Sign) {
     if (Sign == '\0' || Sign == ' ') return false;
-    const TDigits second = TakeDigits();
+    const TKxDigits second = FText.TakeDigits();
     if (second.Count == 4 && Sign != '.') return Know(DayOfDate(second.Value, First.Value, 1)); // 9/2003
-    if (second.Count < 1 || second.Count > 2 || !Take(Sign)) return false;
-    const TDigits third = TakeDigits();
-    const auto year = YearOf(third);
+    if (!HasOneOrTwo(second) || !FText.Take(Sign)) return false;
+    const TKxDigits third = FText.TakeDigits();
+    const auto year = YearOf(third), front = third.Count == 2 ? YearOf(First) : std::nullopt;
     if (!year) return false;
     FCell.FKnown = false;
     FCell.FDays[int(TKxDateOrder::DayMonthYear)] = DayOfDate(*year, second.Value, First.Value);
     FCell.FDays[int(TKxDateOrder::MonthDayYear)] = DayOfDate(*year, First.Value, second.Value);
-    if (const auto front = YearOf(First); front && third.Count == 2)
-        FCell.FDays[int(TKxDateOrder::YearMonthDay)] = DayOfDate(*front, second.Value, third.Value);
+    if (front) FCell.FDays[int(TKxDateOrder::YearMonthDay)] = DayOfDate(*front, second.Value, third.Value);
     return std::ranges::any_of(FCell.FDays, [](const auto& Day) { return Day.has_value(); });
 }
 
 bool TKxDateCell::TReader::ReadWordFirst() {
-    const std::string_view word = TakeWord();
-    if (SameText(word, "Q")) {
-        const TDigits quarter = TakeDigits();
-        char sign;
-        if (quarter.Count != 1 || !TakeAnyOf(" -/", sign)) return false;
-        const TDigits year = TakeDigits();
-        return quarter.Value <= 4 && year.Count == 4 && Know(DayOfDate(year.Value, 3 * quarter.Value - 2, 1));
-    }
-    const int month = PlaceAmong(CMonths, word);
-    Take('.');
-    char sign;
-    if (month == 0 || !TakeAnyOf(" -/", sign)) return false;
-    const TDigits first = TakeDigits();
+    if (FText.Next(1) >= '1' && FText.Next(1) <= '4' && FText.TakeAnyOf("Qq") != '\0')
+        return ReadQuarterFirst();
+    const int month = PlaceAmong(CMonths, FText.TakeWord());
+    FText.Take('.');
+    const char sign = FText.TakeAnyOf(" -/");
+    if (month == 0 || sign == '\0') return false;
+    const TKxDigits first = FText.TakeDigits();
     if (first.Count == 4) return Know(DayOfDate(first.Value, month, 1));
-    const bool parted = sign == ' ' ? (Take(','), Take(' ')) : Take(sign);
-    const TDigits year = TakeDigits();
-    return parted && first.Count > 0 && year.Count == 4 && Know(DayOfDate(year.Value, month, first.Value));
+    if (sign == ' ') FText.Take(',');
+    if (!FText.Take(sign)) return false;
+    const TKxDigits year = FText.TakeDigits();
+    return HasOneOrTwo(first) && year.Count == 4 && Know(DayOfDate(year.Value, month, first.Value));
+}
+
+bool TKxDateCell::TReader::ReadQuarterFirst() {
+    const TKxDigits quarter = FText.TakeDigits();
+    if (FText.TakeAnyOf(" -/") == '\0') return false;
+    const TKxDigits year = FText.TakeDigits();
+    return year.Count == 4 && Know(DayOfQuarter(year.Value, quarter));
 }
 
 bool TKxDateCell::TReader::ReadTime() {
-    char sign;
-    if (!TakeAnyOf("Tt ,", sign)) return false;
-    while (Take(' ')) {
+    if (FText.TakeAnyOf("Tt ,") == '\0') return false;
+    while (FText.Take(' ')) {
     }
-    return FIsCompact ? ReadCompactClock() : ReadClock();
-}
-
-bool TKxDateCell::TReader::ReadCompactClock() {
-    const TDigits clock = TakeDigits();
-    if (clock.Count != 4 && clock.Count != 6) return false;
-    const int time = clock.Count == 4 ? clock.Value * 100 : clock.Value;
-    const int hour = time / 10000, minute = time / 100 % 100, second = time % 100;
-    if (hour > 23 || minute > 59 || second > 60) return false;
-    FCell.FTime = hour * CHour + minute * CMinute + second;
-    return ReadZone();
-}
-
-bool TKxDateCell::TReader::ReadClock() {
-    const TDigits hours = TakeDigits();
-    if (hours.Count < 1 || hours.Count > 2 || !Take(':')) return false;
-    const TDigits minutes = TakeDigits();
-    if (minutes.Count != 2 || minutes.Value > 59) return false;
-    FCell.FTime = minutes.Value * CMinute;
-    if (Take(':') && !ReadSeconds()) return false;
-    int hour = hours.Value;
-    if (!ReadHalfDay(hour) || hour > 24 || (hour == 24 && FCell.FTime > 0)) return false;
-    FCell.FTime += hour * CHour;
-    return ReadZone();
-}
-
-bool TKxDateCell::TReader::ReadSeconds() {
-    const TDigits seconds = TakeDigits();
-    if (seconds.Count != 2 || seconds.Value > 60) return false; // a leap second is the next one's beginning
-    FCell.FTime += seconds.Value;
-    char sign;
-    if (!TakeAnyOf(".,", sign)) return true;
-    const auto count = std::size_t(std::find_if_not(FRest.begin(), FRest.end(), IsDigit) - FRest.begin());
-    double fraction = 0;
-    std::string text("0.");
-    text += FRest.substr(0, count);
-    std::from_chars(text.data(), text.data() + text.size(), fraction);
-    FRest.remove_prefix(count);
-    FCell.FTime += fraction;
-    return count > 0;
-}
-
-bool TKxDateCell::TReader::ReadHalfDay(int& Hour) {
-    const std::string_view whole = FRest;
-    Take(' ');
-    const std::string_view word = TakeWord();
-    const bool am = SameText(word, "am"), pm = SameText(word, "pm");
-    if (!am && !pm) {
-        FRest = whole;
-        return true;
-    }
-    if (Hour < 1 || Hour > 12) return false;
-    Hour = Hour % 12 + (pm ? 12 : 0);
-    return true;
-}
-
-bool TKxDateCell::TReader::ReadZone() {
-    Take(' ');
-    if (IsLetter(Next())) {
-        const std::string_view word = TakeWord();
-        return SameText(word, "Z") || SameText(word, "UTC") || SameText(word, "GMT");
-    }
-    char sign;
-    if (!TakeAnyOf("+-", sign)) return true;
-    TDigits hours = TakeDigits();
-    int minutes = 0;
-    if (hours.Count == 4) {
-        minutes = hours.Value % 100;
-        hours.Value /= 100;
-    } else if (hours.Count != 2) {
-        return false;
-    } else if (Take(':')) {
-        const TDigits rest = TakeDigits();
-        if (rest.Count != 2) return false;
-        minutes = rest.Value;
-    }
-    if (hours.Value > 18 || minutes > 59) return false;
-    FCell.FTime -= (sign == '-' ? -1 : 1) * (hours.Value * CHour + minutes * CMinute);
-    return true;
+    const auto seconds = FIsCompact ? TakeCompactClock(FText) : TakeClock(FText);
+    FCell.FTime = seconds.value_or(0);
+    return seconds.has_value();
 }
 
 std::optional<TKxDateCell> TKxDateCell::Parse(std::string_view Cell) {
     Cell = Trimmed(Cell);
-    if (Cell.size() < 4 || Cell.size() > 60) return std::nullopt;
+    constexpr std::size_t least = 4, most = 60;
+    if (Cell.size() < least || Cell.size() > most) return std::nullopt;
     return TReader(Cell).Read();
 }
 
@@ -325,7 +203,8 @@ bool TKxDateCell::IsSameEitherWay() const {
 }
 
 double TKxDateCell::Seconds(TKxDateOrder Order) const {
-    return *FDays[FKnown ? 0 : int(Order)] * CDay + FTime;
+    constexpr double secondsADay = 86400;
+    return *FDays[FKnown ? 0 : int(Order)] * secondsADay + FTime;
 }
 
 } // namespace kx

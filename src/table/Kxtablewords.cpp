@@ -79,10 +79,14 @@ bool IsUnit(std::string_view Text) {
 
 } // namespace
 
+bool StandsForNoUnit(std::string_view Text) {
+    return Text.empty() || Text == "-" || Text == "–" || Text == "1";
+}
+
 bool AreUnits(std::span<const std::string> Texts) {
     bool some = false;
     for (const std::string& text : Texts) {
-        const bool none = text.empty() || text == "-" || text == "–" || text == "1";
+        const bool none = StandsForNoUnit(text);
         if (!none && !IsUnit(text)) return false;
         some |= !none;
     }

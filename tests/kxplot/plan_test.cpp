@@ -98,6 +98,8 @@ TEST(Plan, SaysWhatIsWrongWithTheTableOrTheOptions) {
         {"-y u -y v --style arrows --vx t --vx u --vy t", CTable, "--vy: 1 for a number of series of 2"},
         {"", "t,u\n1,y\n", "d.csv: has no numeric column for a series"},
         {"", "t,u\n,1\n", "d.csv: column t is not numeric"},
+        {"--log-x", "c,u\na,1\n", "--log-x: there are texts on this axis"},
+        {"--log-x", "c,u\n1974Q1,1\n", "--log-x: there are dates on this axis"},
         {"", "t,u\n1,2\n2,\x01\xE9\n", "d.csv:3: column u: '\\x01\\xE9' is not a number"},
         {"-y u --hist 5", "t,u\n1,nan\n2,\n", "d.csv: column u has no finite value"},
         {weighed + "-y u --dy s", gaps, "d.csv:5: the error of u is 0; --weight-by-errors needs one above 0"},
@@ -202,9 +204,9 @@ TEST(Plan, PutsTextsAndDatesOverX) {
     for (const auto& c : cases) {
         const TOptions options = Parsed(std::string("d.csv ") + c.Arguments);
         const TPlan plan = MakePlan(kx::TKxTable(c.Text, "d.csv", FormatOf(options)), options);
-        std::string scales = plan.Scales.XIsDate ? "x" : "";
-        if (plan.Scales.YIsDate) scales += "y";
-        for (const auto& text : plan.Scales.Categories) scales += text + " ";
+        std::string scales = plan.Axes.XLabels.Kind == kx::lkDates ? "x" : "";
+        if (plan.Axes.YLabels.Kind == kx::lkDates) scales += "y";
+        for (const auto& text : plan.Axes.XLabels.Categories) scales += text + " ";
         EXPECT_EQ(scales, c.Scales) << c.Text;
         ASSERT_EQ(plan.X.Values.size(), c.X.size()) << c.Text;
         for (std::size_t i = 0; i < c.X.size(); ++i)

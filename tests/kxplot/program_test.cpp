@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 
 #include <set>
+#include <tuple>
 
 namespace {
 
@@ -229,6 +230,66 @@ TEST_F(Program, RefusesAnOutfitThatHoldsNoNumbersWhereTheyBelong) {
                    "[Graph1.Series(1).Child(1)]\nCoefs=1;2;x\n");
     ExpectError(1, "d.csv -y u --fit a+b*x+c*x^2 --start a=1,b=1,c=1 --outfit o.ini",
                 "o\\.ini: \\[Graph1\\.Series\\(1\\)\\.Child\\(1\\)\\] Coefs: '1;2;x' .*");
+}
+
+TEST_F(Program, ExplainsHowATableIsReadAndDrawsNothing) {
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
+        {"made by hand\nTag;Temp\n-;\xB0"
+         "C\n1.2.2003;1,5\n27.2.2003;NA\n",
+         "",
+         "what is no UTF-8 is read as Latin-1\n"
+         "the table begins in line 2; a preamble stands above\n"
+         "cells are parted by semicolons\n"
+         "numbers may have a decimal comma\n"
+         "line 2 is the header\n"
+         "line 3 holds units\n"
+         "there are 2 rows of 2 cells\n"
+         "column 1, Tag: dates, the day first\n"
+         "column 2, Temp in °C: numbers; 1 of 2 cells stand for no value\n"
+         "x: column 1, Tag\n"
+         "y: column 2, Temp\n"
+         "style: both, because there are few points\n",
+         ""},
+        {"\"a\",\"b\"\n\"u\",3,\"1,000.5\"\n\"v\",1,\"2,000\"\n\"w\",2,1\n\"x\",0,1\n", "--dy 2",
+         "cells are parted by commas\n"
+         "line 1 is the header; it has no cell for the first column, which names the rows\n"
+         "there are 4 rows of 3 cells\n"
+         "column 1: texts\n"
+         "column 2, a: numbers\n"
+         "column 3, b: numbers, thousands in groups by commas\n"
+         "x: column 2, a\n"
+         "left out: the texts of column 1, which name the rows; -x takes them\n"
+         "y: column 3, b\n"
+         "errors by --dy of series 1: column 2, a\n"
+         "style: points, because x changes its direction 2 times in 3 steps\n",
+         ""},
+        {"# t u\n20200101 1\n20200102 2\n\n20200103 3\n20200104 3\n", "",
+         "cells are parted by blanks\n"
+         "line 1, a comment, is the header\n"
+         "empty lines part 2 blocks\n"
+         "there are 4 rows of 2 cells\n"
+         "column 1, t: numbers\n"
+         "column 2, u: numbers\n"
+         "x: column 1, t, whose numbers are dates\n"
+         "y: column 2, u\n"
+         "style: both, because there are few points\n",
+         ""},
+        {"c,u\na,1\nb,n.d.\n", "",
+         "cells are parted by commas\n"
+         "line 1 is the header\n"
+         "there are 2 rows of 2 cells\n"
+         "column 1, c: texts\n"
+         "column 2, u: numbers\n",
+         "kxplot: t.csv:3: column u: 'n.d.' is not a number; --missing TEXT makes such cells gaps\n"},
+    };
+    for (const auto& [text, options, output, error] : cases) {
+        Write("t.csv", text);
+        const TOutcome outcome = Run(Words(std::string("t.csv --explain ") + options));
+        EXPECT_EQ(outcome.Output, output);
+        EXPECT_EQ(outcome.Errors, error);
+        EXPECT_EQ(outcome.Status, *error ? 1 : 0);
+        EXPECT_EQ(Files(), TNames{"t.csv"});
+    }
 }
 
 TEST_F(Program, WritesResultsToAFileOrToStandardOutputAlone) {

@@ -29,7 +29,7 @@ TKxCaption SideCaption(TQuantity Quantity, const TKxCaption& X, const TKxCaption
 
 std::string HeaderWithUnit(const TKxTable& Table, int Column) {
     const std::string header = Table.GetHeader(Column), unit = Table.GetUnit(Column);
-    if (unit.empty() || unit == "-" || unit == "–" || unit == "1" || header.empty()) return header;
+    if (unit.empty() || header.empty()) return header;
     const bool isEnclosed = unit.front() == '(' || unit.front() == '[';
     return header + (isEnclosed ? " " : " / ") + unit;
 }

@@ -1,9 +1,9 @@
 #include "kxplot/plan/explain.h"
 
 #include "kxplot/options/words.h"
+#include "kxplot/plan/y2.h"
 
-#include <algorithm>
-#include <cmath>
+#include <cstddef>
 #include <initializer_list>
 #include <utility>
 
@@ -27,26 +27,25 @@ std::string ListOf(const TKxTable& Table, const std::vector<int>& Columns) {
     return list;
 }
 
-std::string XSentence(const TKxTable& Table, const TColumns& Columns, const TScalesPlan& Scales) {
+std::string XSentence(const TKxTable& Table, const TColumns& Columns, const TAxesPlan& Axes) {
     if (Columns.Texts >= 0) return "x: the texts of " + Named(Table, Columns.Texts) + ", at 1, 2, 3, ...";
     if (Columns.X < 0) return "x: the number of the row";
     std::string text = "x: " + Named(Table, Columns.X);
-    if (Scales.XIsDate && Table.IsNumeric(Columns.X)) text += ", whose numbers are dates";
+    const bool dates = Axes.XLabels.Kind == lkDates || Axes.YLabels.Kind == lkDates; // where bars lie
+    if (dates && Table.IsNumeric(Columns.X)) text += ", whose numbers are dates";
     return text;
 }
 
-/// Whether the values of the series differ so much that small ones are a flat line beside large ones.
-bool DifferByDecades(const TPlan& Plan) {
-    double least = 0, most = 0;
-    for (const TSeriesPlan& series : Plan.Series) {
-        double size = 0;
-        for (const double value : series.Y.Values)
-            if (std::isfinite(value)) size = std::max(size, std::abs(value));
-        if (size == 0) continue;
-        least = least == 0 ? size : std::min(least, size);
-        most = std::max(most, size);
-    }
-    return most > 100 * least;
+/// That small values are a flat line beside large ones.
+std::string Y2Sentence(const TKxTable& Table, const TColumns& Columns, const TPlan& Plan) {
+    std::vector<std::vector<double>> values;
+    for (const TSeriesPlan& series : Plan.Series)
+        if (!series.OnY2) values.push_back(series.Y.Values);
+    std::vector<int> off;
+    for (const std::size_t k : SeriesForY2(values)) off.push_back(Columns.Y[k]);
+    if (off.empty()) return {};
+    return "more than two decades off the first of y: " + ListOf(Table, off) +
+           "; --y2 gives them an axis of their own";
 }
 
 } // namespace
@@ -58,7 +57,7 @@ std::vector<std::string> ExplainColumns(const TKxTable& Table, const TColumns& C
         told.push_back("counted: " + ListOf(Table, Columns.Y));
         return told;
     }
-    told.push_back(XSentence(Table, Columns, Plan.Scales));
+    told.push_back(XSentence(Table, Columns, Plan.Axes));
     if (Columns.Names >= 0)
         told.push_back("left out: the texts of " + Named(Table, Columns.Names) +
                        ", which name the rows; -x takes them");
@@ -71,7 +70,7 @@ std::vector<std::string> ExplainColumns(const TKxTable& Table, const TColumns& C
                 told.push_back(std::string("errors by ") + option + " of series " + std::to_string(k + 1) +
                                ": " + Named(Table, (*columns)[k]));
     told.push_back("style: " + WordOf(Style.Style) + ", because " + Style.Why);
-    if (DifferByDecades(Plan)) told.push_back("the columns of y differ by more than two decades");
+    if (const std::string y2 = Y2Sentence(Table, Columns, Plan); !y2.empty()) told.push_back(y2);
     return told;
 }
 

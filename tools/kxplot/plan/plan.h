@@ -3,7 +3,6 @@
 // component.
 
 #include "kxplot/options/options.h"
-#include "kxplot/plan/scales.h"
 
 #include <kxgraph/annotation/Kxcaption.h>
 #include <kxgraph/graph/Kxlabelling.h>
@@ -100,7 +99,6 @@ struct TPlan {
     std::vector<std::string> LeftOut;    ///< columns without values, for messages
     std::vector<TAnalysisPlan> Analyses; ///< series by series, as many of each
     TAxesPlan Axes;
-    TScalesPlan Scales;
     bool HasLegend = false;
     bool WeighLogarithms = false; ///< weights are those of y, by its errors
 

@@ -47,7 +47,7 @@ public:
     /// What is drawn, where the style was not asked for.
     const TDrawingRequest& Drawing() const { return FDrawing; }
     TVectorPlan X() const;
-    TScalesPlan Scales() const;
+    void PlanLabels(TAxesPlan& Axes) const;
     const TStyleChoice& Style() const { return FStyle; }
     std::optional<TVectorPlan> Weight() const;
     TSeriesPlan Series(std::size_t Index, const TVectorPlan& X) const;
@@ -127,14 +127,20 @@ bool TSeriesPlanner::AreDates(const std::vector<int>& Columns) const {
     return std::ranges::all_of(Columns, [&](int Column) { return FTable.IsDate(Column); });
 }
 
-TScalesPlan TSeriesPlanner::Scales() const {
-    TScalesPlan scales;
+void TSeriesPlanner::PlanLabels(TAxesPlan& Axes) const {
     const bool dates = AreDates(FColumns.Y);
-    scales.XIsDate = FDrawing.Bins ? dates : FX.IsDate;
-    scales.YIsDate = !FDrawing.Bins && dates;
-    scales.Categories = FX.Texts;
-    if (FDrawing.Horizontal) std::swap(scales.XIsDate, scales.YIsDate);
-    return scales;
+    if (FDrawing.Bins ? dates : FX.IsDate) Axes.XLabels.Kind = lkDates;
+    if (!FDrawing.Bins && dates) Axes.YLabels.Kind = lkDates;
+    if (FColumns.Texts >= 0) Axes.XLabels.Kind = lkCategories;
+    for (const std::string& text : FX.Texts) Axes.XLabels.Categories.push_back(EscapeCaption(text));
+    if (FDrawing.Horizontal) std::swap(Axes.XLabels, Axes.YLabels);
+    const auto refuse = [](bool IsLog, const char* Option, const TLabelPlan& Labels) {
+        if (IsLog && Labels.Kind != lkNumbers)
+            throw TUsageError(std::string(Option) + ": there are " +
+                              (Labels.Kind == lkDates ? "dates" : "texts") + " on this axis");
+    };
+    refuse(FOptions.Look.LogX, "--log-x", Axes.XLabels);
+    refuse(FOptions.Look.LogY, "--log-y", Axes.YLabels);
 }
 
 std::optional<TVectorPlan> TSeriesPlanner::Weight() const {
@@ -249,7 +255,7 @@ TPlan MakePlan(const TKxTable& Table, const TOptions& Options, std::vector<std::
     plan.Axes = PlanAxes(Table, columns, Options);
     plan.HasLegend = NeedsLegend(plan, columns) || Options.Legend.Place || Options.Legend.None;
     plan.WeighLogarithms = Options.Columns.WeightByErrors;
-    plan.Scales = planner.Scales();
+    planner.PlanLabels(plan.Axes);
     plan.Drawing = planner.Drawing();
     plan.Legend = Options.Legend;
     plan.Fitting = Options.Fitting;
