@@ -1,5 +1,6 @@
 #include <kxgraph/table/Kxtable.h>
 
+#include <kxgraph/platform/text/suggest.h>
 #include <kxgraph/platform/text/text.h>
 #include <kxgraph/table/Kxtablelook.h>
 #include <kxgraph/table/Kxtablewords.h>
@@ -45,16 +46,6 @@ void TKxTable::FailInRow(std::size_t Row, const std::string& What) const {
     Fail(rows.Cells().Line(), What);
 }
 
-std::string TKxTable::GetHeader(int Column) const {
-    return HasHeader() ? FShape.Headers[static_cast<std::size_t>(Column)] : std::string();
-}
-
-std::string TKxTable::GetUnit(int Column) const {
-    if (FShape.Units.empty()) return {};
-    const std::string& unit = FShape.Units[static_cast<std::size_t>(Column)];
-    return StandsForNoUnit(unit) ? std::string() : unit;
-}
-
 std::string TKxTable::ColumnName(int Column) const {
     const std::string header = GetHeader(Column);
     return header.empty() ? std::to_string(Column + 1) : Escaped(header);
@@ -69,12 +60,14 @@ int TKxTable::FindColumn(const std::string& Column) const {
     const auto& headers = FShape.Headers;
     const auto header = std::find(headers.begin(), headers.end(), TableTextToUtf8(Column));
     if (header != headers.end()) return static_cast<int>(header - headers.begin());
+    if (const int computed = FindComputed(Column); computed >= 0) return computed;
     int index = 0;
     const auto [stop, error] = std::from_chars(Column.data(), Column.data() + Column.size(), index);
     const bool isNumber = error == std::errc() && stop == Column.data() + Column.size();
     if (!isNumber || index < 1 || index > GetColumnCount())
         Fail(0, "has no column " + QuotedCell(Column) + "; it has " +
-                    Counted(static_cast<std::size_t>(GetColumnCount()), "column"));
+                    Counted(static_cast<std::size_t>(GetColumnCount()), "column") +
+                    DidYouMean(Column, std::vector<std::string_view>(headers.begin(), headers.end())));
     return index - 1;
 }
 

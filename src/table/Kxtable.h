@@ -9,11 +9,16 @@
 #include <kxgraph/table/Kxtabletext.h>
 
 #include <cstddef>
+#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kx {
+
+/// Of the values of some columns in a row another one.
+using TKxRowFunction = std::function<double(std::span<const double>)>;
 
 /// One table in memory. It is read as a person would: lines that begin with '#', '%', '!', '@' or ';' (where
 /// that is no separator) and empty lines count for nothing; a header is found above the numbers, in the last
@@ -34,10 +39,16 @@ public:
     TKxTable(std::string_view Text, std::string Name, TKxTableFormat Format);
     TKxTable(std::string_view Text, std::string Name, TKxHeaderRow Header = TKxHeaderRow::Guess);
 
+    /// Adds a column that Function computes, row by row, from the values of columns of the file, of which
+    /// there is one at least. Returns its number: they count on behind those of the file. Header finds it,
+    /// but for one of the file's.
+    int AddColumn(std::string Header, std::vector<int> From, TKxRowFunction Function);
+
     const std::string& GetName() const { return FName; }
     /// What was found out by looking.
     const TKxTableShape& GetShape() const { return FShape; }
     TKxSeparator GetSeparator() const { return FShape.Separator; }
+    /// Those of the file.
     int GetColumnCount() const { return static_cast<int>(FShape.Kinds.size()); }
     bool HasHeader() const { return !FShape.Headers.empty(); }
     /// Header text of a column, zero-based; empty without header.
@@ -45,7 +56,7 @@ public:
     /// What stands below the header in a row of units; empty where there is none, a dash or 1.
     std::string GetUnit(int Column) const;
     /// What the cells of a column are, judged by the first ones.
-    TKxColumnKind GetKind(int Column) const { return FShape.Kinds[static_cast<std::size_t>(Column)]; }
+    TKxColumnKind GetKind(int Column) const;
     bool IsNumeric(int Column) const { return GetKind(Column) == TKxColumnKind::Numbers; }
     bool IsDate(int Column) const { return GetKind(Column) == TKxColumnKind::Dates; }
     /// Whether a column has a header text and no cell that is not empty.
@@ -82,6 +93,15 @@ public:
 
 private:
     class TReading;
+    struct TComputed {
+        std::string Header;
+        std::vector<int> From;
+        TKxRowFunction Function;
+    };
+    const TComputed* Computed(int Column) const;
+    int FindComputed(const std::string& Header) const;
+    std::vector<std::vector<double>> ReadFileColumns(const std::vector<int>& Columns,
+                                                     std::vector<std::size_t>* Gaps) const;
     TKxTableBody Body() const { return TKxTableBody(FText.Get(), FShape, FFormat); }
     void CheckRow(const TKxTableBody& Rows, std::size_t Cells) const;
     void CheckBlock(const TKxTableBody& Rows) const;
@@ -95,6 +115,7 @@ private:
     std::string FName;
     TKxTableFormat FFormat;
     TKxTableShape FShape;
+    std::vector<TComputed> FComputed;
 };
 
 } // namespace kx

@@ -154,8 +154,8 @@ void TKxTable::TReading::Fail(std::size_t Column, long Line, const std::string& 
     FTable.Fail(Line, "column " + FTable.ShownName(int(Column)) + ": " + What, Remedy);
 }
 
-std::vector<std::vector<double>> TKxTable::ReadColumns(const std::vector<int>& Columns,
-                                                       std::vector<std::size_t>* Gaps) const {
+std::vector<std::vector<double>> TKxTable::ReadFileColumns(const std::vector<int>& Columns,
+                                                           std::vector<std::size_t>* Gaps) const {
     TReading reading(*this, Columns);
     while (!reading.Read()) {
     }

@@ -39,6 +39,25 @@ TEST_F(Batch, WritesCurvesAsATable) {
     EXPECT_EQ(Run(Words("c.csv -o c.svg")).Status, 0);
 }
 
+TEST_F(Batch, SeveralTablesAndFunctionsStandInOnePicture) {
+    Write("a.csv", "t,u\n0,1\n1,3\n2,5\n");
+    Write("b.csv", "t,u\n0,1\n1,2\n2,4\n3,9\n");
+    Write("c.csv", "t,u\n0,1\n1,2\n2,4\n");
+    EXPECT_EQ(Run(Words("a.csv b.csv --fit line --function=-x --results r.ini -o p.svg")).Errors, "");
+    for (const char* text : {">a: u<", ">b: u<", ">-x<", ">a: u: linear fit<"})
+        EXPECT_NE(Read("p.svg").find(text), std::string::npos) << text;
+    EXPECT_EQ(Value(Read("r.ini"), "Series1.LinearRegression", "Points"), "3");
+    EXPECT_EQ(Value(Read("r.ini"), "Series2.LinearRegression", "Points"), "4");
+    EXPECT_EQ(Run(Words("a.csv c.csv --difference c.csv,a.csv --fit line --results r.ini -o p.svg")).Errors,
+              "");
+    EXPECT_EQ(Value(Read("r.ini"), "LinearRegression", "Slope"), "-0.5"); // of 0, -1, -1
+    ExpectError(1, "a.csv b.csv --difference a.csv,b.csv",
+                "b.csv: --difference: its x are not those of a.csv");
+    EXPECT_EQ(Run(Words("--function sin(x)/x --range=-10:10 -o f.svg")).Errors, "");
+    EXPECT_NE(Read("f.svg").find(">sin(x)/x<"), std::string::npos); // the y axis is called so
+    ExpectError(2, "--function sin(x)", "--function: without DATA it needs --range");
+}
+
 TEST_F(Batch, ResultsAreNumbersAndTextsInJson) {
     EXPECT_EQ(kxplot::ResultsAsJson("[A]\nx=1.50\ny=NAN\nz=a \"q\"\\\n\n[B(2)]\n\n[C]\nn=-2E5\n"),
               "{\n  \"A\": {\n    \"x\": 1.5,\n    \"y\": \"NAN\",\n    \"z\": \"a \\\"q\\\"\\\\\"\n  },\n  "

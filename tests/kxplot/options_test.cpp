@@ -136,7 +136,7 @@ std::string MeaningOf(const TOptions& Options) {
     meaning.Add(outputs.Size != TPictureSize(), "size " + Text(std::round(outputs.Size.Width * 100) / 100) +
                                                     " " + Text(std::round(outputs.Size.Height * 100) / 100));
     meaning.Add(outputs.Scale != 1, "scale " + Text(outputs.Scale));
-    meaning.Add(outputs.Antialias, "smooth");
+    meaning.Add(!outputs.Antialias, "stepped");
     return meaning.Get();
 }
 

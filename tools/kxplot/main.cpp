@@ -9,6 +9,8 @@
 #include "kxplot/options/commandline.h"
 #include "kxplot/options/paragraph.h"
 #include "kxplot/options/usageerror.h"
+#include "kxplot/plan/expressions.h"
+#include "kxplot/plan/joined.h"
 #include "kxplot/plan/planner.h"
 #include "kxplot/plan/remedies.h"
 #include "kxplot/shortmemory.h"
@@ -37,36 +39,49 @@ constexpr const char* CSample = "x,y\n1,1\n2,3\n3,2\n4,5\n5,4\n6,6\n7,8\n8,7\n";
 
 constexpr int CFailure = 1, CUsage = 2, CInterrupted = 130; // the last as shells have it
 
-/// What Use makes of the table; what is wrong with it is told with the option that helps.
+/// What Use makes of a table; what is wrong with it is told with the option that helps.
 template <class F>
-auto WithTable(const TOptions& Options, F Use) {
-    const std::string& file = Options.Data.File;
-    const std::string text = file.empty() ? CSample : kx::ReadFile(file);
+auto WithTable(const std::string& File, const TOptions& Options, F Use) {
+    const std::string text = File.empty() ? CSample : kx::ReadFile(File);
     try {
-        return Use(kx::TKxTable(text,
-                                file.empty()  ? "sample"
-                                : file == "-" ? "standard input"
-                                              : file,
-                                FormatOf(Options)));
+        kx::TKxTable table(text,
+                           File.empty()  ? "sample"
+                           : File == "-" ? "standard input"
+                                         : File,
+                           FormatOf(Options));
+        AddExpressions(table, Options);
+        return Use(table);
     } catch (const kx::ETableError& error) {
         throw WithRemedy(error);
     }
 }
 
-/// Reads the table and plans the picture.
-TPlan Planned(const TOptions& Options) {
-    return WithTable(Options, [&](const kx::TKxTable& Table) { return MakePlan(Table, Options); });
+/// Reads the tables and plans the picture.
+TPlan Planned(const TOptions& Given) {
+    const TOptions options = WithDifference(Given);
+    std::vector<std::string> files = options.Data.Files();
+    if (files.empty() && options.Functions.Functions.empty()) files = {""};
+    std::vector<TPlan> plans;
+    for (const auto& file : files)
+        plans.push_back(
+            WithTable(file, options, [&](const kx::TKxTable& Table) { return MakePlan(Table, options); }));
+    TPlan plan = plans.empty() ? PlanOfFunctions(options) : Combined(std::move(plans), options);
+    AddFunctions(plan, options);
+    return plan;
 }
 
-/// Tells how the table is read, also one that then cannot be drawn.
-int Explain(const TOptions& Options) {
-    return WithTable(Options, [&](const kx::TKxTable& Table) {
-        for (const auto& line : Table.Explain()) Print(line + "\n");
-        std::vector<std::string> told;
-        MakePlan(Table, Options, &told);
-        for (const auto& line : told) Print(line + "\n");
-        return 0;
-    });
+/// Tells how the tables are read, also one that then cannot be drawn.
+int Explain(const TOptions& Given) {
+    const TOptions options = WithDifference(Given);
+    for (const auto& file : options.Data.Files())
+        WithTable(file, options, [&](const kx::TKxTable& Table) {
+            for (const auto& line : Table.Explain()) Print(line + "\n");
+            std::vector<std::string> told;
+            MakePlan(Table, options, &told);
+            for (const auto& line : told) Print(line + "\n");
+            return 0;
+        });
+    return 0;
 }
 
 void TellAll(const std::vector<std::string>& Lines) {
@@ -75,7 +90,7 @@ void TellAll(const std::vector<std::string>& Lines) {
 
 /// Returns the exit status.
 int Draw(const TOptions& Options) {
-    CheckOutputs(Options.Outputs, Options.Data.File, Options.Look.Outfit);
+    CheckOutputs(Options.Outputs, Options.Data.Files(), Options.Look.Outfit);
     TPlan plan = Planned(Options);
     kx::qt::Install(true);
     const TFrameFaults faults;

@@ -15,7 +15,10 @@ using namespace kx;
 namespace {
 
 /// How many analyses each series has.
-std::size_t CountOf(const TParts& Parts) { return Parts.Plan.Analyses.size() / Parts.Plan.Series.size(); }
+std::size_t CountOf(const TParts& Parts) {
+    const TPlan& plan = Parts.Plan;
+    return plan.Series.empty() ? 0 : plan.Analyses.size() / plan.Series.size();
+}
 
 TKxCaption CaptionOf(const TAnalysis& Analysis) {
     const std::string name = EscapeCaption(Analysis.Plan->Text);

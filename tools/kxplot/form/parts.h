@@ -61,6 +61,7 @@ struct TParts {
     std::map<TQuantity, kx::TKxAxis*> SideAxes; ///< of derivatives and integrals
     std::vector<kx::TKxNotCalculatedSeries*> Series;
     std::vector<kx::TKxNotCalculatedSeries*> Analysed; ///< of each series: itself, or the middles of its bins
+    std::vector<kx::TKxSeries*> Functions;
     std::vector<TBars> Bars;
     std::vector<TAnalysis> Analyses;  ///< as the plan has them
     std::vector<TBand> Bands;         ///< series by series

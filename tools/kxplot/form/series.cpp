@@ -105,13 +105,28 @@ TKxNotCalculatedSeries* MakeMiddles(TParts& Parts, const TKxSeries& Bars, std::s
     return series;
 }
 
+void MakeFunction(TParts& Parts, TSeriesPlan& Plan) {
+    auto* series = new TKxDataSeries(Parts.Form.get());
+    series->SetName(Plan.Name);
+    DressLine(*series, int(Parts.Series.size() + Parts.Functions.size()), Parts.Theme);
+    series->GetLineStyle().SetWidth(Parts.Series.empty() ? 1 : 2);
+    series->GetPointStyle().SetVisible(false);
+    series->SetBreakAtGaps(true);
+    Parts.Theme.ApplyTo(*series);
+    series->SetXData(MakeVector(Plan.X, *Parts.Form));
+    series->SetYData(MakeVector(Plan.Y, *Parts.Form));
+    series->SetAutoCaption(Plan.Caption);
+    Parts.Functions.push_back(series);
+}
+
 } // namespace
 
 void MakeSeries(TParts& Parts) {
     auto* const x = MakeVector(Parts.Plan.X, *Parts.Form);
     auto* const weight = MakeVector(Parts.Plan.Weight, *Parts.Form);
     for (TSeriesPlan& plan : Parts.Plan.Series) {
-        auto* series = std::visit(TSeriesMaker(Parts, plan, x), plan.Kind);
+        auto* series =
+            std::visit(TSeriesMaker(Parts, plan, plan.X ? MakeVector(plan.X, *Parts.Form) : x), plan.Kind);
         series->SetName(plan.Name);
         Parts.Theme.ApplyTo(*series);
         series->SetWeight(plan.Weight ? MakeVector(*plan.Weight, *Parts.Form) : weight);
@@ -123,6 +138,7 @@ void MakeSeries(TParts& Parts) {
     if (Parts.Plan.Drawing.Bins && !Parts.Plan.Analyses.empty())
         for (std::size_t k = 0; k < Parts.Series.size(); ++k)
             AddLines(Parts, *Parts.Analysed.emplace_back(MakeMiddles(Parts, *Parts.Series[k], k + 1)));
+    for (TSeriesPlan& plan : Parts.Plan.Functions) MakeFunction(Parts, plan);
     ConfigureBars(Parts);
 }
 

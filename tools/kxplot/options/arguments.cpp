@@ -10,7 +10,14 @@ std::string RefuseEmpty(const std::string& Name) { return Name.empty() ? "a file
 void AddDataOptions(CLI::App& App, TArguments& Given) {
     App.option_defaults()->group("Table");
     auto& o = Given.Options;
-    App.add_option("DATA", o.Data.File, "text table with the data; - reads standard input")
+    App.add_option_function<std::vector<std::string>>(
+           "DATA",
+           [&o](const std::vector<std::string>& Files) {
+               o.Data.File = Files.front();
+               o.Data.More.assign(Files.begin() + 1, Files.end());
+           },
+           "text table with the data; - reads standard input. Of several tables each gives the same columns, "
+           "over its own x")
         ->check(RefuseEmpty);
     App.add_option(
            "--batch", o.Batch,
@@ -27,8 +34,10 @@ void AddDataOptions(CLI::App& App, TArguments& Given) {
     const auto columns = [&App](const char* Name, std::vector<std::string>& Target, const char* Help) {
         App.add_option(Name, Target, Help)->type_name("COL")->allow_extra_args(false);
     };
-    columns("-y", o.Columns.Y,
-            "column of a series (several allowed; default: every other numeric column but that of --weight)");
+    columns(
+        "-y", o.Columns.Y,
+        "column of a series, or a formula over columns such as 'u-2*t' (other names in backticks; several "
+        "allowed; default: every other numeric column but that of --weight)");
     columns("--dx", o.Columns.DX, "errors of x; the k-th belongs to the k-th series");
     columns("--dy", o.Columns.DY, "errors of y, likewise; they weigh nothing without --weight-by-errors");
     columns("--dx-minus", o.Columns.DXMinus, "errors towards smaller x where they differ from --dx");
@@ -157,7 +166,8 @@ void AddPictureOptions(CLI::App& App, TArguments& Given) {
         ->type_name("S");
     App.add_option("--ground", Given.Ground, "colour behind everything, or none for a transparent picture")
         ->type_name("COLOR");
-    App.add_flag("--antialias", o.Outputs.Antialias, "smooth lines in a PNG (SVG and PDF are smooth)");
+    App.add_flag("--antialias", Given.Antialias, "smooth lines in a PNG (default; SVG and PDF are smooth)");
+    App.add_flag("--no-antialias", Given.NoAntialias, "whole pixels in a PNG");
 }
 
 void AddOutfitOptions(CLI::App& App, TArguments& Given) {
@@ -200,6 +210,8 @@ void AddOutfitOptions(CLI::App& App, TArguments& Given) {
 
 void AddOptions(CLI::App& App, TArguments& Given) {
     AddDataOptions(App, Given);
+    App.option_defaults()->group("Functions");
+    AddFunctionOptions(App, Given.Options.Functions);
     AddFitOptions(App, Given);
     AddCurveOptions(App, Given);
     AddAnalysisOptions(App, Given);

@@ -23,7 +23,7 @@ struct TArguments {
     TMethodArguments Method;
     TBandArguments Band;
     TMarkArguments Mark;
-    bool Header = false, NoHeader = false;
+    bool Header = false, NoHeader = false, Antialias = false, NoAntialias = false;
     bool Derivative = false, Integral = false;
 };
 

@@ -35,7 +35,8 @@ TAssignment ParseAssignment(const std::string& Text) {
 
 void CheckData(const TOptions& Options) {
     const bool isBatch = !Options.Batch.empty();
-    if (Options.Data.File.empty() && !isBatch && !Options.Properties)
+    CheckFunctions(Options.Functions, isBatch || !Options.Data.File.empty());
+    if (Options.Data.File.empty() && !isBatch && !Options.Properties && Options.Functions.Functions.empty())
         throw TUsageError("DATA is required; kxplot --help tells more");
     if (!isBatch) return;
     if (!Options.Data.File.empty())
@@ -45,7 +46,7 @@ void CheckData(const TOptions& Options) {
 }
 
 std::string DefaultOutput(const std::string& Data) {
-    return Data == "-" ? "kxplot.png" : kx::ChangeFileExt(Data, ".png");
+    return Data.empty() || Data == "-" ? "kxplot.png" : kx::ChangeFileExt(Data, ".png");
 }
 
 void CheckOutput(const std::string& FileName) {
@@ -146,6 +147,8 @@ void ReadDrawing(const TArguments& Given, TOptions& Options) {
 
 void ReadOutputs(const TArguments& Given, TOptions& Options) {
     if (Given.Size) Options.Outputs.Size = ParsePictureSize(*Given.Size);
+    if (Given.Antialias && Given.NoAntialias) throw TUsageError("--antialias: does not go with --no-antialias");
+    Options.Outputs.Antialias = !Given.NoAntialias;
     Options.Outputs.Scale = ScaleOf(Given.Scale, Given.Dpi);
     Options.Marks = ParseMarks(Given.Mark);
     if (Given.Ground) Options.Look.Ground = ParseGround(*Given.Ground);

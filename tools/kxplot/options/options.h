@@ -4,6 +4,7 @@
 #include "kxplot/options/analysisrequest.h"
 #include "kxplot/options/axesrequest.h"
 #include "kxplot/options/bandrequest.h"
+#include "kxplot/options/functionsrequest.h"
 #include "kxplot/options/labelrequest.h"
 #include "kxplot/options/markrequest.h"
 #include "kxplot/options/methodrequest.h"
@@ -22,9 +23,17 @@ namespace kxplot {
 
 /// The table.
 struct TDataRequest {
-    std::string File; ///< "-" is standard input
+    std::string File;              ///< "-" is standard input
+    std::vector<std::string> More; ///< further tables in the same picture
     kx::TKxHeaderRow Header = kx::TKxHeaderRow::Guess;
     TTableRequest Table;
+
+    /// All tables; none where there is none.
+    std::vector<std::string> Files() const {
+        std::vector<std::string> files = More;
+        if (!File.empty()) files.insert(files.begin(), File);
+        return files;
+    }
 };
 
 /// Which columns are what: header texts, or numbers from 1.
@@ -87,7 +96,7 @@ struct TOutputRequest {
     std::string CurveData;  ///< likewise; CSV
     TPictureSize Size;
     double Scale = 1; ///< pixels of a PNG in a logical one
-    bool Antialias = false;
+    bool Antialias = true; ///< of PNGs
 };
 
 struct TOptions {
@@ -96,6 +105,7 @@ struct TOptions {
     std::optional<std::string> Properties; ///< of which component they are to be listed; empty: of all
     TColumnRequest Columns;
     TAxesRequest Axes;
+    TFunctionsRequest Functions;
     TDrawingRequest Drawing;
     TLegendRequest Legend;
     std::vector<TAnalysisRequest> Analyses; ///< fits, then curves, the derivative and the integral

@@ -40,10 +40,11 @@ struct TArrowsPlan {
 };
 
 struct TSeriesPlan {
-    std::string Name;        ///< of the component
-    kx::TKxCaption Caption;  ///< of the column's header
-    std::string ShownColumn; ///< the same for messages
-    TVectorPlan Y;           ///< values, or the lengths of bars
+    std::string Name;             ///< of the component
+    kx::TKxCaption Caption;       ///< of the column's header
+    std::string ShownColumn;      ///< the same for messages
+    std::optional<TVectorPlan> X; ///< where it is not that of the plan
+    TVectorPlan Y;                ///< values, or the lengths of bars
     std::optional<TVectorPlan> Weight;
     std::variant<TPointsPlan, TBarsPlan, TArrowsPlan> Kind;
     bool OnY2 = false; ///< stands on the second y axis
@@ -96,6 +97,7 @@ struct TPlan {
     TVectorPlan X;                     ///< what all series share: x values, or the edges of bars
     std::optional<TVectorPlan> Weight; ///< likewise, where series have none of their own
     std::vector<TSeriesPlan> Series;
+    std::vector<TSeriesPlan> Functions;  ///< lines that nothing is computed from
     std::vector<std::string> LeftOut;    ///< columns without values, for messages
     std::vector<TAnalysisPlan> Analyses; ///< series by series, as many of each
     TAxesPlan Axes;

@@ -234,12 +234,24 @@ std::vector<TAnalysisPlan> PlanAnalyses(const std::vector<TAnalysisRequest>& Req
 }
 
 /// One series a y axis is told by the caption of that.
-bool NeedsLegend(const TPlan& Plan, const TColumns& Columns) {
-    const bool isOneEach = Columns.FirstOnY2 == 1 && Columns.Y.size() == 2;
-    return Plan.Series.size() + Plan.Analyses.size() > (isOneEach ? 2 : 1);
+bool NeedsLegend(const TPlan& Plan) {
+    const bool isOneEach = Plan.Series.size() == 2 && !Plan.Series[0].OnY2 && Plan.Series[1].OnY2;
+    return Plan.Series.size() + Plan.Analyses.size() + Plan.Functions.size() > (isOneEach ? 2 : 1);
 }
 
 } // namespace
+
+void CompletePlan(TPlan& Plan, const TOptions& Options) {
+    Plan.Analyses = PlanAnalyses(Options.Analyses, Plan.Series.size());
+    Plan.HasLegend = NeedsLegend(Plan) || Options.Legend.Place || Options.Legend.None;
+    Plan.WeighLogarithms = Options.Columns.WeightByErrors;
+    Plan.Legend = Options.Legend;
+    Plan.Fitting = Options.Fitting;
+    Plan.Bands = Options.Bands;
+    Plan.Marks = Options.Marks;
+    Plan.Labels = Options.Labels;
+    Plan.Look = Options.Look;
+}
 
 TPlan MakePlan(const TKxTable& Table, const TOptions& Options, std::vector<std::string>* Told) {
     const TColumns columns = ChooseColumns(Table, Options);
@@ -251,18 +263,10 @@ TPlan MakePlan(const TKxTable& Table, const TOptions& Options, std::vector<std::
     plan.Weight = planner.Weight();
     for (std::size_t k = 0; k < columns.Y.size(); ++k) plan.Series.push_back(planner.Series(k, plan.X));
     for (const int column : columns.LeftOut) plan.LeftOut.push_back(Table.ShownName(column));
-    plan.Analyses = PlanAnalyses(Options.Analyses, columns.Y.size());
     plan.Axes = PlanAxes(Table, columns, Options);
-    plan.HasLegend = NeedsLegend(plan, columns) || Options.Legend.Place || Options.Legend.None;
-    plan.WeighLogarithms = Options.Columns.WeightByErrors;
     planner.PlanLabels(plan.Axes);
     plan.Drawing = planner.Drawing();
-    plan.Legend = Options.Legend;
-    plan.Fitting = Options.Fitting;
-    plan.Bands = Options.Bands;
-    plan.Marks = Options.Marks;
-    plan.Labels = Options.Labels;
-    plan.Look = Options.Look;
+    CompletePlan(plan, Options);
     if (Told) *Told = ExplainColumns(Table, columns, plan, planner.Style());
     return plan;
 }

@@ -15,4 +15,8 @@ namespace kxplot {
 /// errors or arrow components that do not match the series.
 TPlan MakePlan(const kx::TKxTable& Table, const TOptions& Options, std::vector<std::string>* Told = nullptr);
 
+/// Enters what follows from the series that are in it: the analyses of each, and whether there is a legend;
+/// and the requests that are for later steps.
+void CompletePlan(TPlan& Plan, const TOptions& Options);
+
 } // namespace kxplot

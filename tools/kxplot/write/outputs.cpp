@@ -83,10 +83,12 @@ std::string ResultsFor(const std::string& FileName, const TFindings& Found) {
 
 } // namespace
 
-void CheckOutputs(const TOutputRequest& Outputs, const std::string& Data, const std::string& Outfit) {
+void CheckOutputs(const TOutputRequest& Outputs, const std::vector<std::string>& Tables,
+                  const std::string& Outfit) {
     const auto files = OutputsOf(Outputs);
     for (std::size_t k = 0; k < files.size(); ++k) {
-        Refuse(files[k], Data == "-" ? "/dev/stdin" : Data, "the file of the data");
+        for (const auto& table : Tables)
+            Refuse(files[k], table == "-" ? "/dev/stdin" : table, "the file of the data");
         if (files[k].Option != std::string("--save-outfit")) Refuse(files[k], Outfit, "the file of --outfit");
         for (std::size_t other = 0; other < k; ++other)
             Refuse(files[k], files[other].Name,

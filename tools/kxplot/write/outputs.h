@@ -7,13 +7,15 @@
 #include "kxplot/write/framefaults.h"
 
 #include <string>
+#include <vector>
 
 namespace kxplot {
 
-/// Looks before anything is read. Raises TUsageError for an output that is the data file, the file of
+/// Looks before anything is read. Raises TUsageError for an output that is a table, the file of
 /// --outfit (but --save-outfit may be), or another output, by name or through a link; kx::EFileError for one
 /// that must not be written.
-void CheckOutputs(const TOutputRequest& Outputs, const std::string& Data, const std::string& Outfit);
+void CheckOutputs(const TOutputRequest& Outputs, const std::vector<std::string>& Tables,
+                  const std::string& Outfit);
 
 /// Writes pictures, outfit and results: all of them or, where one cannot be made or written, none. Raises
 /// kx::EFileError, and TFrameError for a picture that does not settle. Pictures that raise exceptions while
