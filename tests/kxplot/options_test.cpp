@@ -67,12 +67,18 @@ private:
 
 std::string MeaningOf(const TOptions& Options) {
     TMeaning meaning;
-    const auto& [data, batch, properties, columns, axes, drawing, legend, analyses, fitting, bands, marks,
-                 labels, look, outputs] = Options;
+    const auto& [data, batch, properties, columns, axes, functions, drawing, legend, analyses, fitting, bands,
+                 marks, labels, look, outputs] = Options;
     meaning.Add(data.File != "d.csv", data.File);
     meaning.Add(data.Header != kx::TKxHeaderRow::Guess,
                 data.Header == kx::TKxHeaderRow::Present ? "header" : "no header");
+    meaning.Add("and", data.More);
     meaning.Add("batch", batch);
+    meaning.Add("function", functions.Functions);
+    if (functions.Range)
+        meaning.Add(true, "from " + Text(functions.Range->first) + " to " + Text(functions.Range->second));
+    if (functions.Difference)
+        meaning.Add(true, functions.Difference->first + " less " + functions.Difference->second);
     meaning.Add("list", properties);
     const kx::TKxTableFormat& format = data.Table.Format;
     meaning.Add("skip", format.Skip);
