@@ -97,6 +97,7 @@ void TPainterDevice::PaintWide(TPointSpan Points, const TStroke& Stroke, bool Cl
     QPen pen = PenOf(Stroke, Join);
     // A line through exact places is one of several that follow one another, as a rule: round ends join them.
     if (isExact && Points.Size() > 2 && pen.style() != Qt::CustomDashLine) pen.setCapStyle(Qt::RoundCap);
+    if (isExact && Stroke.Crisp) pen.setCapStyle(Qt::FlatCap); // whoever draws it knows where it ends
     if (Stroke.Crisp && FRaster) MakeCrisp(pen);
     FPainter.setBrush(Qt::NoBrush);
     if (Closed && FCurve.size() < std::size_t(CReductionThreshold) && AllInside(FCurve, SafeArea())) {

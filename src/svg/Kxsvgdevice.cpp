@@ -193,7 +193,8 @@ std::span<const TRealPoint> TSvgDevice::Reduced(TPointSpan Points, const TStroke
 void TSvgDevice::Polyline(TPointSpan Points, const TStroke& Stroke) {
     if (IsHidden() || Stroke.Style == psClear || Points.Size() < 2) return;
     // A line through exact places is one of several that follow one another, as a rule: round ends join them.
-    const bool joins = !IsHairline(Stroke) || (Points.IsExact() && Points.Size() > 2);
+    const bool joins =
+        Points.IsExact() ? !Stroke.Crisp && (!IsHairline(Stroke) || Points.Size() > 2) : !IsHairline(Stroke);
     std::string style = Attribute("fill", "none") + JointedStyle(Plain(Stroke), joins);
     if (Stroke.Crisp && Points.IsExact()) style += Attribute("shape-rendering", "crispEdges");
     for (TSvgLine& line : LinesInside(Reduced(Points, Stroke), WindowFor(Stroke))) {
