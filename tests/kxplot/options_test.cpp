@@ -124,6 +124,7 @@ std::string MeaningOf(const TOptions& Options) {
     for (const auto& a : marks.Arrows)
         meaning.Add(true, "arrow " + Text(a.X1) + " " + Text(a.Y1) + " " + Text(a.X2) + " " + Text(a.Y2));
     meaning.Add(bands.Level != 0.95, "level " + Text(bands.Level));
+    meaning.Add(fitting.Residuals, "residuals");
     meaning.Add("from", fitting.From);
     meaning.Add("to", fitting.To);
     meaning.Add("label", labels);

@@ -49,6 +49,14 @@ struct TBand {
     kx::TKxBandKind Kind;
 };
 
+/// The residuals of a fit, in a graph of their own.
+struct TResiduals {
+    kx::TKxDataSeries* Series;
+    kx::TKxLiveVector* X;
+    kx::TKxLiveVector* Y;
+    std::size_t Analysis; ///< its place among all
+};
+
 /// The plan, whose values have gone into the vectors, and the components, which the form owns.
 struct TParts {
     TPlan Plan;
@@ -65,6 +73,9 @@ struct TParts {
     std::vector<TBars> Bars;
     std::vector<TAnalysis> Analyses;  ///< as the plan has them
     std::vector<TBand> Bands;         ///< series by series
+    kx::TCustomControl* Sheet = nullptr;  ///< holds both graphs, where there are two
+    kx::TKx2DGraph* Graph2 = nullptr;     ///< of residuals
+    std::vector<TResiduals> Residuals;    ///< one a fit
     std::vector<kx::TKxLabel*> Texts; ///< as the plan has them
     kx::TKxLegend* Legend = nullptr;
     std::vector<kx::TKxSeries*> LeftOut; ///< of the legend, because they are not drawn

@@ -8,6 +8,7 @@
 #include "kxplot/form/look.h"
 #include "kxplot/form/marks.h"
 #include "kxplot/form/outfit.h"
+#include "kxplot/form/residuals.h"
 #include "kxplot/form/series.h"
 #include "kxplot/form/theme.h"
 
@@ -31,6 +32,7 @@ TPicture::TPicture(TPlan Plan) {
     MakeSeries(FParts);
     ColourDataAxes(FParts);
     MakeMarks(FParts);
+    MakeResiduals(FParts);
     MakeLegend(FParts);
     CaptionAxes(FParts);
 }
@@ -112,7 +114,9 @@ void TPicture::Apply() {
 
 void TPicture::Finish(const std::vector<TLabelSource>& Labels) {
     FNotes->Bind(Labels);
+    FillResiduals(FParts);
     FinishLegend(FParts);
+    AlignGraphs(FParts);
     PlaceTexts(FParts);
     FNotes->Place();
 }

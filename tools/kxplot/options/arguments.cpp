@@ -73,6 +73,8 @@ void AddFitOptions(CLI::App& App, TArguments& Given) {
         ->type_name("N|auto");
     App.add_flag("--covariance", Given.Options.Fitting.Covariance,
                  "formula fits heed the points by their scatter about others of the same x");
+    App.add_flag("--residuals", Given.Options.Fitting.Residuals,
+                 "draws what fits leave of y in a second graph under the first");
     AddBandOptions(App, Given.Band);
 }
 

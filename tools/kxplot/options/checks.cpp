@@ -103,6 +103,7 @@ void CheckAnalyses(const TArguments& Given, const TOptions& Options) {
                 {"--results", !Options.Outputs.Results.empty()},
                 {"--curve-data", !Options.Outputs.CurveData.empty()},
                 {"--label", !Options.Labels.empty()}});
+    CheckNeeds(!Given.Fits.empty(), "--fit", {{"--residuals", fitting.Residuals}});
     RefuseAnalyses(Given, Options.Drawing);
     RefuseWeightsOfBins(Options);
 }

@@ -66,7 +66,8 @@ struct TFitRequest {
     int Iterations = 1000;         ///< of formula fits
     std::optional<int> Repeat = 1; ///< likewise; nothing: until nothing is gained
     bool Covariance = false;
-    TMethodRequest How; ///< of formula fits
+    TMethodRequest How;     ///< of formula fits
+    bool Residuals = false; ///< shows them in a second graph
     std::optional<double> From, To;
 };
 

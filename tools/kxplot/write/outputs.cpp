@@ -44,7 +44,12 @@ void Refuse(const TNamedFile& File, const std::string& Other, const char* What) 
 }
 
 std::string Painted(const TParts& Parts, const TOutputRequest& Outputs, const std::string& FileName) {
-    const auto paint = [&Parts](kx::TCanvasDevice& Device) { Parts.Graph->PaintTo(Device); };
+    const auto paint = [&Parts](kx::TCanvasDevice& Device) {
+        if (Parts.Sheet)
+            kx::PaintFrame(*Parts.Sheet, Device);
+        else
+            Parts.Graph->PaintTo(Device);
+    };
     const bool isTransparent = Parts.Graph->GetTransparent();
     const TGround ground = isTransparent ? TGround() : TGround(Parts.Graph->GetColor());
     const TPictureSize& size = Outputs.Size;
