@@ -135,11 +135,11 @@ void MakeSeries(TParts& Parts) {
         Parts.Series.push_back(series);
         if (!Parts.Plan.Drawing.Bins) AddLines(Parts, *Parts.Analysed.emplace_back(series));
     }
+    ConfigureBars(Parts);
     if (Parts.Plan.Drawing.Bins && !Parts.Plan.Analyses.empty())
         for (std::size_t k = 0; k < Parts.Series.size(); ++k)
             AddLines(Parts, *Parts.Analysed.emplace_back(MakeMiddles(Parts, *Parts.Series[k], k + 1)));
     for (TSeriesPlan& plan : Parts.Plan.Functions) MakeFunction(Parts, plan);
-    ConfigureBars(Parts);
 }
 
 void ConfigureBars(TParts& Parts) {
