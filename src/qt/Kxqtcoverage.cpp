@@ -10,7 +10,7 @@ namespace {
 
 constexpr double CNowhere = std::numeric_limits<double>::infinity();
 constexpr int CFinest = 32, CCoarsest = 8; // bars a pixel; wide pens need fewer
-constexpr double CBarsAPen = 64;
+constexpr double CBarsAPen = 192;
 
 /// From Ground to Color by Part of 256, all four channels alike: transparent colours are premultiplied.
 QRgb Mixed(QRgb Ground, QRgb Color, int Part) {

@@ -27,17 +27,17 @@ QPointF Direction(double Angle) { return {std::cos(Angle), std::sin(Angle)}; }
 
 // Antialiased wide lines are always reduced: painted over each other, the rims of lines that coincide would
 // add up to jagged ones.
-bool TPainterDevice::IsReduced(std::size_t Count, const TStroke& Stroke) const {
+bool TPainterDevice::IsReduced(std::size_t Count, const TStroke& Stroke, bool Exact) const {
     const bool smooth = FRaster && FAntialias && !IsThin(Stroke);
     const bool dashed = !DashesOf(Stroke.Style).empty();
     return (FReduction || smooth) && Count >= std::size_t(CReductionThreshold) && Stroke.Mode == pmCopy &&
-           (!dashed || (IsSmooth() && !IsThin(Stroke)));
+           (!dashed || (Exact && IsSmooth()));
 }
 
 std::span<const TRealPoint> TPainterDevice::Reduced(TPointSpan Points, const TStroke& Stroke) {
     const auto points = Placed(Points);
-    if (!IsReduced(points.size(), Stroke)) return points;
-    if (IsSmooth() && !IsThin(Stroke))
+    if (!IsReduced(points.size(), Stroke, Points.IsExact())) return points;
+    if (Points.IsExact() && IsSmooth())
         SimplifyLine(points, DashesOf(Stroke.Style).empty(), FExactKept);
     else
         ReducePolyline(points, FExactKept);
@@ -53,7 +53,7 @@ std::span<const TPoint> TPainterDevice::DevicePixels(TPointSpan Points, const TS
         std::ranges::transform(places, FPixels.begin(), [this](TRealPoint P) { return DevicePixel(P); });
         pixels = FPixels;
     }
-    if (!IsReduced(pixels.size(), Stroke)) return pixels;
+    if (!IsReduced(pixels.size(), Stroke, false)) return pixels;
     ReducePolyline(pixels, FKept);
     return FKept;
 }

@@ -185,8 +185,12 @@ void TSvgDevice::Add(std::string Head, const std::string& Style) {
 
 std::span<const TRealPoint> TSvgDevice::Reduced(TPointSpan Points, const TStroke& Stroke) {
     const auto points = Points.Exact(FExact);
-    if (points.size() < std::size_t(CReductionThreshold)) return points;
-    SimplifyLine(points, Dashes(Stroke.Style).empty(), FKept);
+    const bool dashed = !Dashes(Stroke.Style).empty();
+    if (points.size() < std::size_t(CReductionThreshold) || (dashed && !Points.IsExact())) return points;
+    if (Points.IsExact())
+        SimplifyLine(points, !dashed, FKept);
+    else
+        ReducePolyline(points, FKept);
     return FKept;
 }
 
