@@ -179,7 +179,7 @@ TEST_F(Program, TellsWhatIsWrongInOneLineAndLeavesNoFile) {
         {1, "d.csv -o p.png --fit line --results none/r.ini", "none/r\\.ini: .+"},
         {2, "", "[^\n]+"},
         {2, "--no-such-option", "[^\n]+"},
-        {2, "d.csv other.csv", "[^\n]+"},
+        {1, "d.csv other.csv", "other.csv: No such file or directory"},
         {2, "d.csv --scale two", "[^\n]+"},
         {2, "d.csv -o p.gif", "-o: 'p\\.gif' does not end with .*"},
     };

@@ -83,7 +83,8 @@ void MakeMarks(TParts& Parts) {
 // The middle of a line's height stands at the point.
 void PlaceTexts(TParts& Parts) {
     const TRect world = Parts.Graph->GetDrawingWorld().GetBoundsRect();
-    const TKxSeries& series = *Parts.Series.front();
+    if (Parts.Texts.empty()) return;
+    const TKxSeries& series = Parts.Series.empty() ? *Parts.Functions.front() : *Parts.Series.front();
     for (std::size_t k = 0; k < Parts.Texts.size(); ++k) {
         TKxLabel& label = *Parts.Texts[k];
         const TTextMark& mark = Parts.Plan.Marks.Texts[k];

@@ -71,12 +71,12 @@ struct TParts {
     std::vector<kx::TKxNotCalculatedSeries*> Analysed; ///< of each series: itself, or the middles of its bins
     std::vector<kx::TKxSeries*> Functions;
     std::vector<TBars> Bars;
-    std::vector<TAnalysis> Analyses;  ///< as the plan has them
-    std::vector<TBand> Bands;         ///< series by series
-    kx::TCustomControl* Sheet = nullptr;  ///< holds both graphs, where there are two
-    kx::TKx2DGraph* Graph2 = nullptr;     ///< of residuals
-    std::vector<TResiduals> Residuals;    ///< one a fit
-    std::vector<kx::TKxLabel*> Texts; ///< as the plan has them
+    std::vector<TAnalysis> Analyses;     ///< as the plan has them
+    std::vector<TBand> Bands;            ///< series by series
+    kx::TCustomControl* Sheet = nullptr; ///< holds both graphs, where there are two
+    kx::TKx2DGraph* Graph2 = nullptr;    ///< of residuals
+    std::vector<TResiduals> Residuals;   ///< one a fit
+    std::vector<kx::TKxLabel*> Texts;    ///< as the plan has them
     kx::TKxLegend* Legend = nullptr;
     std::vector<kx::TKxSeries*> LeftOut; ///< of the legend, because they are not drawn
 };

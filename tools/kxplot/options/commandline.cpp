@@ -147,7 +147,8 @@ void ReadDrawing(const TArguments& Given, TOptions& Options) {
 
 void ReadOutputs(const TArguments& Given, TOptions& Options) {
     if (Given.Size) Options.Outputs.Size = ParsePictureSize(*Given.Size);
-    if (Given.Antialias && Given.NoAntialias) throw TUsageError("--antialias: does not go with --no-antialias");
+    if (Given.Antialias && Given.NoAntialias)
+        throw TUsageError("--antialias: does not go with --no-antialias");
     Options.Outputs.Antialias = !Given.NoAntialias;
     Options.Outputs.Scale = ScaleOf(Given.Scale, Given.Dpi);
     Options.Marks = ParseMarks(Given.Mark);

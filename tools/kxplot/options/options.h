@@ -96,7 +96,7 @@ struct TOutputRequest {
     std::string Results;    ///< likewise; "-" is standard output, .json another form
     std::string CurveData;  ///< likewise; CSV
     TPictureSize Size;
-    double Scale = 1; ///< pixels of a PNG in a logical one
+    double Scale = 1;      ///< pixels of a PNG in a logical one
     bool Antialias = true; ///< of PNGs
 };
 
