@@ -10,7 +10,7 @@ namespace {
 
 constexpr double CNowhere = std::numeric_limits<double>::infinity();
 constexpr int CFinest = 32, CCoarsest = 8; // bars a pixel; wide pens need fewer
-constexpr double CBarsAPen = 192;
+constexpr double CBarsAPen = 96;
 
 /// From Ground to Color by Part of 256, all four channels alike: transparent colours are premultiplied.
 QRgb Mixed(QRgb Ground, QRgb Color, int Part) {
@@ -37,7 +37,7 @@ void TLineCoverage::Paint(const TPixels& Image, const TRect& Window, std::span<c
     const int left = int(std::floor(std::clamp(low, first, last))) - around,
               right = int(std::ceil(std::clamp(high, first, last))) + around;
     FFirst = left;
-    FBars.assign(std::size_t(right - left) * std::size_t(FParts), TBar{CNowhere, -CNowhere});
+    FHalves.assign(std::size_t(right - left) * std::size_t(2 * FParts), TBar{CNowhere, -CNowhere});
     Gather(Line);
     Widen(radius);
     for (int x = std::max(left, Window.Left); x < std::min(right, Window.Right); ++x) {
@@ -56,8 +56,8 @@ void TLineCoverage::Gather(std::span<const QPointF> Line) {
 
 /// From has the smaller x.
 void TLineCoverage::AddSegment(QPointF From, QPointF To) {
-    const double begin = (From.x() - FFirst) * FParts, end = (To.x() - FFirst) * FParts;
-    const double last = double(FBars.size()) - 1;
+    const double begin = (From.x() - FFirst) * 2 * FParts, end = (To.x() - FFirst) * 2 * FParts;
+    const double last = double(FHalves.size()) - 1;
     if (end < 0 || begin > last + 1) return;
     const int first = int(std::clamp(std::floor(begin), 0.0, last)),
               behind = int(std::clamp(std::floor(end), 0.0, last));
@@ -65,30 +65,30 @@ void TLineCoverage::AddSegment(QPointF From, QPointF To) {
     for (int i = first; i <= behind; ++i) {
         const double a = i <= begin ? From.y() : From.y() + slope * (i - begin);
         const double b = i + 1 >= end ? To.y() : From.y() + slope * (i + 1 - begin);
-        TBar& bar = FBars[std::size_t(i)];
+        TBar& bar = FHalves[std::size_t(i)];
         bar.Top = std::min({bar.Top, a, b});
         bar.Bottom = std::max({bar.Bottom, a, b});
     }
 }
 
-/// From the middle of the line to what a round pen covers.
+/// From the middle of the line to what a round pen covers. The middle of a bar lies between two halves.
 void TLineCoverage::Widen(double Radius) {
     FReach.clear();
-    for (int i = 0; i < Radius * FParts; ++i) {
-        const double aside = double(i) / FParts;
+    for (double aside = 0.25 / FParts; aside < Radius; aside += 0.5 / FParts)
         FReach.push_back(std::sqrt(Radius * Radius - aside * aside));
-    }
-    FWide.assign(FBars.size(), TBar{CNowhere, -CNowhere});
-    const auto count = std::ptrdiff_t(FBars.size()), reach = std::ptrdiff_t(FReach.size()) - 1;
-    for (std::ptrdiff_t at = 0; at < count; ++at) {
+    FWide.assign(FHalves.size() / 2, TBar{CNowhere, -CNowhere});
+    const auto count = std::ptrdiff_t(FHalves.size()), reach = std::ptrdiff_t(FReach.size());
+    for (std::ptrdiff_t middle = 1; middle < count; middle += 2) {
         TBar wide{CNowhere, -CNowhere};
-        for (auto i = std::max<std::ptrdiff_t>(0, at - reach); i <= std::min(count - 1, at + reach); ++i) {
-            const TBar& bar = FBars[std::size_t(i)];
-            const double pen = FReach[std::size_t(std::abs(i - at))];
-            wide.Top = std::min(wide.Top, bar.Top - pen);
-            wide.Bottom = std::max(wide.Bottom, bar.Bottom + pen);
-        }
-        FWide[std::size_t(at)] = wide;
+        const auto take = [&wide](const TBar& Half, double Pen) {
+            wide.Top = std::min(wide.Top, Half.Top - Pen);
+            wide.Bottom = std::max(wide.Bottom, Half.Bottom + Pen);
+        };
+        for (std::ptrdiff_t i = 0; i < std::min(reach, middle); ++i)
+            take(FHalves[std::size_t(middle - 1 - i)], FReach[std::size_t(i)]);
+        for (std::ptrdiff_t i = 0; i < std::min(reach, count - middle); ++i)
+            take(FHalves[std::size_t(middle + i)], FReach[std::size_t(i)]);
+        FWide[std::size_t(middle / 2)] = wide;
     }
 }
 

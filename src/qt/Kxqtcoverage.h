@@ -33,10 +33,11 @@ private:
     void AddBar(TBar Bar, const TRect& Window);
     void Blend(const TPixels& Image, const TRect& Window, int X, QRgb Color);
 
-    int FParts = 1;    // bars a pixel
-    double FFirst = 0; // where the first bar begins
-    std::vector<TBar> FBars, FWide;
-    std::vector<double> FReach; // of the pen, at the bars beside its middle
+    int FParts = 1;             // bars a pixel
+    double FFirst = 0;          // where the first bar begins
+    std::vector<TBar> FHalves;  // of bars: what the line passes
+    std::vector<TBar> FWide;    // what the pen covers
+    std::vector<double> FReach; // of the pen, at the halves beside its middle
     std::vector<float> FSteps;  // of coverage, from row to row
 };
 
