@@ -69,6 +69,9 @@ TKxParsedCaption ParseCaption(std::string_view Text);
 
 /// The advance width in the canvas's font.
 int MeasureCaption(const TKxParsedCaption& Caption, TCanvas& Canvas);
+/// The same as smooth devices show it.
+double ExactCaptionWidth(const TKxParsedCaption& Caption, TCanvas& Canvas);
+
 /// What of a caption stays where it was laid out where letters are set as the font's design has them, and the
 /// text has another width than on the screen.
 struct TKxCaptionAnchor {

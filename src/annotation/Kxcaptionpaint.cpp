@@ -152,6 +152,11 @@ int MeasureCaption(const TKxParsedCaption& Caption, TCanvas& Canvas) {
     return width;
 }
 
+double ExactCaptionWidth(const TKxParsedCaption& Caption, TCanvas& Canvas) {
+    const TFontKeeper font(Canvas.Font);
+    return WalkExactly(Caption, Canvas, font.Base, 0, [](auto&, double) {});
+}
+
 void PaintCaption(const TKxParsedCaption& Caption, TCanvas& Canvas, int X, int Y, int Angle,
                   const TKxCaptionAnchor& Anchor) {
     const TFontKeeper font(Canvas.Font);

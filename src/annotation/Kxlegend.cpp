@@ -1,6 +1,7 @@
 #include <kxgraph/annotation/Kxlegend.h>
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 
 namespace kx {
@@ -117,6 +118,12 @@ const std::string& TextOf(const TKxGraphSeries& Series) {
     return Series.GetCaption().empty() ? Series.GetName() : Series.GetCaption();
 }
 
+/// The width on the screen; more where the letters of a smooth device would reach over half of the padding.
+int RoomFor(const TKxParsedCaption& Caption, TCanvas& Canvas, int Padding) {
+    const double exact = ExactCaptionWidth(Caption, Canvas) - Padding / 2;
+    return std::max(MeasureCaption(Caption, Canvas), RoundToInt(std::ceil(exact)));
+}
+
 } // namespace
 
 // What was measured for the entry at this place before serves again if the text is the same.
@@ -130,7 +137,7 @@ TKxLegend::TEntry TKxLegend::MakeEntry(TKxGraphSeries& Series, TEntry* Before) c
         entry.Caption = ParseCaption(text);
         TCanvas canvas;
         canvas.Font.Assign(GetFont());
-        entry.Width = MeasureCaption(entry.Caption, canvas);
+        entry.Width = RoomFor(entry.Caption, canvas, Padding());
     }
     entry.Series = &Series;
     return entry;
@@ -156,7 +163,7 @@ bool TKxLegend::RefreshEntries() {
         TCanvas canvas;
         canvas.Font.Assign(GetFont());
         FLineHeight = canvas.TextHeight("X");
-        FTitleWidth = MeasureCaption(FTitle, canvas);
+        FTitleWidth = RoomFor(FTitle, canvas, Padding());
         FMetricsStale = false;
     }
     return true;

@@ -147,7 +147,7 @@ void FillResiduals(TParts& Parts) {
 // What stands beside the drawing worlds keeps its width; so each graph moves by what its world is off.
 void AlignGraphs(TParts& Parts) {
     if (!Parts.Graph2) return;
-    constexpr int rounds = 3; // fewer labels may need less room
+    constexpr int rounds = 12; // fewer labels may need less room
     for (int round = 0; round < rounds; ++round) {
         SettleTree(*Parts.Form);
         const TWorldEnds upper = WorldOf(*Parts.Graph), lower = WorldOf(*Parts.Graph2);
