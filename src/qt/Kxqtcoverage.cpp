@@ -31,7 +31,7 @@ void TLineCoverage::Paint(const TPixels& Image, const TRect& Window, std::span<c
     FParts = std::clamp(int(CBarsAPen / Width), CCoarsest, CFinest);
     const double radius = Width / 2;
     const int around = int(std::ceil(radius)) + 1;
-    const auto [low, high] = std::minmax(Line.front().x(), Line.back().x());
+    const auto [low, high] = std::minmax({Line.front().x(), Line.back().x()});
     if (high < Window.Left - around || low > Window.Right + around) return;
     const double first = Window.Left, last = Window.Right;
     const int left = int(std::floor(std::clamp(low, first, last))) - around,
