@@ -52,7 +52,11 @@ public:
     }
 
 private:
-    bool Fits(const TKxCaption& Caption) { return MeasureCaption(ParseCaption(Caption), FCanvas) <= FRoom; }
+    /// On the screen and where letters are as wide as their design has them.
+    bool Fits(const TKxCaption& Caption) {
+        const TKxParsedCaption parsed = ParseCaption(Caption);
+        return MeasureCaption(parsed, FCanvas) <= FRoom && ExactCaptionWidth(parsed, FCanvas) <= FRoom;
+    }
     void Shorten(TKxSeries& Series, const TCutCaption& Plain);
 
     TCanvas FCanvas;
@@ -81,6 +85,8 @@ void ShortenAll(const TParts& Parts) {
     TEntryShortener shortener(*Parts.Legend, Parts.Legend->GetWidth());
     for (TKxSeries* series : Parts.Series) shortener.Shorten(*series);
     for (const auto& analysis : Parts.Analyses) shortener.Shorten(analysis);
+    for (const auto& band : Parts.Bands) shortener.Shorten(*band.Line);
+    for (TKxSeries* function : Parts.Functions) shortener.Shorten(*function);
 }
 
 void LeaveOutWhatIsNotDrawn(TParts& Parts) {
