@@ -116,7 +116,11 @@ void TPicture::Finish(const std::vector<TLabelSource>& Labels) {
     FNotes->Bind(Labels);
     FillResiduals(FParts);
     FinishLegend(FParts);
-    AlignGraphs(FParts);
+    if (FParts.Graph2) {
+        AlignGraphs(FParts);
+        FinishLegend(FParts); // it has got less room
+        AlignGraphs(FParts);
+    }
     PlaceTexts(FParts);
     FNotes->Place();
 }

@@ -146,7 +146,6 @@ void FillResiduals(TParts& Parts) {
 
 // What stands beside the drawing worlds keeps its width; so each graph moves by what its world is off.
 void AlignGraphs(TParts& Parts) {
-    if (!Parts.Graph2) return;
     constexpr int rounds = 12; // fewer labels may need less room
     for (int round = 0; round < rounds; ++round) {
         SettleTree(*Parts.Form);
