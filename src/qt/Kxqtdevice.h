@@ -61,6 +61,7 @@ private:
     std::span<const TRealPoint> WithoutDetail(std::span<const TRealPoint> Points);
     std::span<const TPoint> DevicePixels(TPointSpan Points, const TStroke& Stroke);
     static void PaintStamp(QImage& Picture, const TRecording& One, TPoint Offset);
+    bool MixStamps(TPointSpan Points, const TRecording& One);
     void PaintEach(TPointSpan Places, const TRecording& One);
     bool PaintRepeated(TRepeatedShape::TKind Kind, std::span<const TPoint> Corners, const TStroke& Stroke,
                        const TFill& Fill);

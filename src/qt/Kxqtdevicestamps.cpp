@@ -1,16 +1,19 @@
 #include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/drawing/visible.h>
 #include <kxgraph/qt/Kxqtdevice.h>
+#include <kxgraph/qt/Kxqtsmoothstamp.h>
 #include <kxgraph/qt/Kxqtvectors.h>
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace kx::qt {
 
 namespace {
 
-constexpr std::size_t CFewPlaces = 8; // not worth a picture
+constexpr std::size_t CFewPlaces = 8;     // not worth a picture
+constexpr std::size_t CManyPlaces = 2000; // worth one for each part of a pixel
 
 } // namespace
 
@@ -20,9 +23,33 @@ void TPainterDevice::PaintStamp(QImage& Picture, const TRecording& One, TPoint O
     One.Replay(device, Offset);
 }
 
+/// Very many at exact places; false if the painter has to.
+bool TPainterDevice::MixStamps(TPointSpan Points, const TRecording& One) {
+    if (Points.Size() < CManyPlaces) return false;
+    const auto image = FAccess.Pixels(FWindow, pmCopy);
+    const auto* target = dynamic_cast<const QImage*>(FPainter.device());
+    if (!image || !target || target->format() == QImage::Format_ARGB32) return false;
+    const auto plain = TStamp::Of(One, PaintStamp);
+    if (!plain) return false;
+    const TRect bounds = plain->Bounds();
+    const int most = std::max({-bounds.Left, -bounds.Top, bounds.Right, bounds.Bottom});
+    const int reach = int(std::ceil(most * FScale)) + 2;
+    TSmoothStamp stamp(reach, [&](QImage& Picture, QPointF Origin) {
+        QPainter painter(&Picture);
+        const int extent = int(std::ceil(Picture.width() / FScale));
+        TPainterDevice device(painter, {extent, extent}, FScale, FAntialias);
+        One.Replay(device, TRealPoint(Origin.x() / FScale, Origin.y() / FScale));
+    });
+    std::vector<TRealPoint> storage;
+    for (const TRealPoint place : Points.Exact(storage))
+        stamp.Mix(*image, QPointF(place.X * FScale, place.Y * FScale), FWindow);
+    return true;
+}
+
 void TPainterDevice::Stamps(TPointSpan Points, const TRecording& One) {
     const TVectorsCleared afterwards;
     if (!FRaster) return PaintEach(VisiblePlaces(Points, One, FExtent), One);
+    if (IsSmooth() && MixStamps(Points, One)) return;
     if (IsSmooth()) return TCanvasDevice::Stamps(Points, One);
     std::vector<TPoint> rounded;
     const auto places = Points.Whole(rounded);
