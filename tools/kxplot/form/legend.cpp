@@ -148,8 +148,13 @@ void FinishLegend(TParts& Parts) {
     SettleTree(*Parts.Form);
     if (!Parts.LeftOut.empty() && !Parts.Plan.Legend.Place && legend.GetEntryCount() < 2)
         legend.SetGraph(nullptr);
+    FitLegend(Parts);
+}
+
+void FitLegend(TParts& Parts) {
+    if (!IsShown(*Parts.Legend)) return;
     if (Parts.Plan.Look.Outfit.empty()) Shrink(Parts);
-    if (OverflowOf(legend).Width > 0) ShortenAll(Parts);
+    if (OverflowOf(*Parts.Legend).Width > 0) ShortenAll(Parts);
     SettleTree(*Parts.Form);
 }
 

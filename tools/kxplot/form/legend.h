@@ -11,5 +11,7 @@ void MakeLegend(TParts& Parts);
 void ConfigureLegend(TParts& Parts);
 /// Entries are of what is drawn, and as long as there is room for.
 void FinishLegend(TParts& Parts);
+/// The same again where it has got less room.
+void FitLegend(TParts& Parts);
 
 } // namespace kxplot

@@ -118,7 +118,7 @@ void TPicture::Finish(const std::vector<TLabelSource>& Labels) {
     FinishLegend(FParts);
     if (FParts.Graph2) {
         AlignGraphs(FParts);
-        FinishLegend(FParts); // it has got less room
+        FitLegend(FParts);
         AlignGraphs(FParts);
     }
     PlaceTexts(FParts);
