@@ -19,7 +19,10 @@ struct TClient : THostClient {
         if (OnPaint) OnPaint();
     }
     void HostMouse(TMouseKind, TMouseButton, TShiftState, TPoint) override {}
-    void HostKey(int, std::string_view, TShiftState, bool) override {}
+    bool HostWheel(const TWheelTurn&, TShiftState, TPoint) override { return false; }
+    void HostMouseLeft() override {}
+    bool HostKey(const TKeyStroke&, bool) override { return false; }
+    void HostActivated(bool) override {}
     void HostResized(const TRect&) override {}
     void HostClosed() override {}
     std::function<void()> OnPaint;

@@ -61,7 +61,7 @@ void TControl::SetVisible(bool Visible) {
     FVisible = Visible;
     EndRequests();
     Invalidate();
-    if (FParent && !Visible) FParent->ReleaseMouse(*this);
+    if (FParent && !Visible) FParent->ReleaseInput(*this);
     CMVisibleChanged();
     if (FParent) FParent->ControlsChanged(this);
 }
@@ -69,7 +69,7 @@ void TControl::SetVisible(bool Visible) {
 void TControl::SetEnabled(bool Enabled) {
     if (FEnabled == Enabled) return;
     FEnabled = Enabled;
-    if (FParent && !Enabled) FParent->ReleaseMouse(*this);
+    if (FParent && !Enabled) FParent->ReleaseInput(*this);
     CMEnabledChanged();
 }
 

@@ -33,6 +33,7 @@ void TWinControl::TDispatch::Press(TMouseButton Button, TShiftState Shift, TPoin
     const bool twice = (Shift & ssDouble) != 0;
     if (Button == mbLeft) Root->FPressed = twice ? nullptr : Target;
     Target->SetMouseCapture(true);
+    if (Button == mbLeft) Root->FocusByPress(*Target);
     if (twice && Button == mbLeft) Call([](TControl& T) { T.DblClick(); });
     Call([&](TControl& T) { T.MouseDown(Button, Shift, Pos.X, Pos.Y); });
 }
@@ -65,6 +66,8 @@ void TWinControl::DispatchMouse(TMouseKind Kind, TMouseButton Button, TShiftStat
     TWinControl& root = *Topmost();
     if (!root.GetEnabled() || root.DragMouse(Kind, Button, Shift, ClientToRoot(Pos))) return;
     TDispatch dispatch(root, MouseTarget(Pos));
+    root.HoverOver(dispatch.Target);
+    if (!dispatch.Target) return;
     switch (Kind) {
     case TMouseKind::Down: return dispatch.Press(Button, Shift, Pos);
     case TMouseKind::Up: return dispatch.Release(Button, Shift, Pos);
@@ -72,6 +75,31 @@ void TWinControl::DispatchMouse(TMouseKind Kind, TMouseButton Button, TShiftStat
         ShowCursorOf(*dispatch.Target);
         return dispatch.Call([&](TControl& T) { T.MouseMove(Shift, Pos.X, Pos.Y); });
     }
+}
+
+bool TWinControl::DispatchWheel(const TWheelTurn& Turn, TShiftState Shift, TPoint Pos) {
+    TWinControl& root = *Topmost();
+    if (!root.GetEnabled()) return false;
+    TDispatch dispatch(root, MouseTarget(Pos));
+    bool taken = false;
+    while (dispatch.Target && !taken) {
+        dispatch.Call([&](TControl& T) { taken = T.MouseWheel(Turn, Shift, Pos.X, Pos.Y); });
+        if (taken || !dispatch.Target) break;
+        Pos = Shifted(Pos, dispatch.Target->FBounds.TopLeft());
+        dispatch.Target = dispatch.Target->FParent;
+    }
+    return taken;
+}
+
+void TWinControl::DispatchMouseLeft() { Topmost()->HoverOver(nullptr); }
+
+/// Tells the control that the mouse is over, and the one before, of this topmost control.
+void TWinControl::HoverOver(TControl* Control) {
+    if (Control == FHovered) return;
+    TDispatch left(*this, FHovered), entered(*this, Control);
+    FHovered = Control;
+    left.Call([](TControl& T) { T.MouseLeave(); });
+    if (entered.Root && FHovered == entered.Target) entered.Call([](TControl& T) { T.MouseEnter(); });
 }
 
 /// The control that gets an event at Pos, which becomes that control's.
@@ -119,6 +147,7 @@ bool TControl::GetMouseCapture() const {
 void TWinControl::ReleaseMouse(const TControl& Control) {
     for (TWinControl* root = this; root; root = root->GetParent()) {
         if (IsWithin(root->FPressed, Control)) root->FPressed = nullptr;
+        if (IsWithin(root->FHovered, Control)) root->FHovered = nullptr;
         if (!root->FDragging.Active && IsWithin(root->FDragging.Source, Control)) root->FDragging = {};
         if (IsWithin(root->FCaptured, Control)) root->FCaptured->SetMouseCapture(false);
     }
@@ -129,6 +158,7 @@ void TWinControl::ForgetMouse(const TControl& Control) {
     ReleaseMouse(Control);
     for (TWinControl* root = this; root; root = root->GetParent()) {
         root->ForgetDrag(Control);
+        if (IsWithin(root->FFocused, Control)) root->FFocused = nullptr;
         for (TDispatch* dispatch = root->FDispatch; dispatch; dispatch = dispatch->Outer)
             if (IsWithin(dispatch->Target, Control)) dispatch->Target = nullptr;
     }
@@ -154,6 +184,14 @@ void TControl::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
     OnMouseUp(this, Button, Shift, X, Y);
 }
 
+bool TControl::MouseWheel(const TWheelTurn& Turn, TShiftState Shift, int X, int Y) {
+    bool taken = static_cast<bool>(OnMouseWheel);
+    OnMouseWheel(this, Turn, Shift, X, Y, taken);
+    return taken;
+}
+
+void TControl::MouseEnter() { OnMouseEnter(this); }
+void TControl::MouseLeave() { OnMouseLeave(this); }
 void TControl::Click() { OnClick(this); }
 void TControl::DblClick() { OnDblClick(this); }
 

@@ -91,8 +91,15 @@ void TForm::HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, T
     DispatchMouse(Kind, Button, Shift, Pos);
 }
 
-void TForm::HostKey(int KeyCode, std::string_view Text, TShiftState Shift, bool Down) {
-    if (Down) Guarded([&] { OnKeyDown(this, KeyCode, Text, Shift); });
+bool TForm::HostWheel(const TWheelTurn& Turn, TShiftState Shift, TPoint Pos) {
+    return DispatchWheel(Turn, Shift, Pos);
+}
+
+void TForm::HostActivated(bool Active) {
+    if (FActive == Active) return;
+    FActive = Active;
+    if (TWinControl* focused = GetFocused()) focused->Invalidate();
+    Guarded([&] { (Active ? OnActivate : OnDeactivate)(this); });
 }
 
 void TForm::HostResized(const TRect& Bounds) {
@@ -109,12 +116,13 @@ void TForm::HostClosed() {
 const TPropertyTable& TForm::Properties() {
     using C = TForm;
     static const TPropertyTable table(
-        "TForm", &TControl::Properties(),
+        "TForm", &TWinControl::Properties(),
         {Published<&C::GetCaption, &C::SetCaption>("Caption", "", "Title of the window"),
          Published<&C::GetWindowState, &C::SetWindowState>("WindowState", wsNormal, "Size of the window"),
          Published<&C::GetPosition, &C::SetPosition>("Position", poDesigned, "Where the window opens"),
          PublishedEvent<&C::OnClose>("OnClose", "The window was closed"),
-         PublishedEvent<&C::OnKeyDown>("OnKeyDown", "A key was pressed")});
+         PublishedEvent<&C::OnActivate>("OnActivate", "The window takes the keys"),
+         PublishedEvent<&C::OnDeactivate>("OnDeactivate", "The window takes the keys no more")});
     return table;
 }
 

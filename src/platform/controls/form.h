@@ -38,7 +38,10 @@ public:
     THostClient& AsHostClient() { return *this; }
 
     TNotifyEvent OnClose;
-    TEvent<TControl*, int, std::string_view, TShiftState> OnKeyDown;
+    /// The window takes the keys, or takes them no more.
+    TNotifyEvent OnActivate, OnDeactivate;
+    /// Whether the window takes the keys.
+    bool IsActive() const { return FActive; }
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
@@ -54,13 +57,16 @@ private:
     void HostSettle() override;
     void HostPaint(TCanvasDevice& Device, const TRect& Dirty) override;
     void HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) override;
-    void HostKey(int KeyCode, std::string_view Text, TShiftState Shift, bool Down) override;
+    bool HostWheel(const TWheelTurn& Turn, TShiftState Shift, TPoint Pos) override;
+    void HostMouseLeft() override { DispatchMouseLeft(); }
+    bool HostKey(const TKeyStroke& Stroke, bool Down) override { return DispatchKey(Stroke, Down); }
+    void HostActivated(bool Active) override;
     void HostResized(const TRect& Bounds) override;
     void HostClosed() override;
     void HostDropped() override { EndRequests(); }
 
     std::unique_ptr<THostWindow> FWindow;
-    bool FShown = false;
+    bool FShown = false, FActive = false;
     bool FTakingHostBounds = false;
     TRect FNormalBounds;
     TWindowState FState = wsNormal;

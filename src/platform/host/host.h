@@ -4,6 +4,7 @@
 
 #include <kxgraph/platform/base/event.h>
 #include <kxgraph/platform/drawing/screentext.h>
+#include <kxgraph/platform/host/input.h>
 #include <kxgraph/platform/objects/typenames.h>
 
 #include <memory>
@@ -18,25 +19,13 @@ template <>
 inline constexpr auto CEnumNames<TCursor> =
     std::to_array<std::string_view>({"crDefault", "crArrow", "crCross", "crHourGlass", "crSizeWE", "crSizeNS",
                                      "crHandPoint", "crDrag", "crNoDrop"});
-enum TMouseButton { mbLeft, mbRight, mbMiddle };
-enum TShiftStateFlag : unsigned {
-    ssShift = 1,
-    ssAlt = 2,
-    ssCtrl = 4,
-    ssLeft = 8,
-    ssRight = 16,
-    ssMiddle = 32,
-    ssDouble = 64
-};
-using TShiftState = unsigned; ///< bits of TShiftStateFlag
-enum class TMouseKind { Down, Move, Up };
 enum TWindowState { wsNormal, wsMinimized, wsMaximized };
 template <>
 inline constexpr auto CEnumNames<TWindowState> = std::to_array<std::string_view>({"wsNormal", "wsMinimized",
                                                                                   "wsMaximized"});
 
 /// What a window calls up: its control paints, and is told of mouse, keys and size. Points are in pixels of
-/// the client area.
+/// the client area. Wheel and keys answer whether anybody took them; others are the window's surroundings'.
 class THostClient {
 public:
     /// Brings everything up to date for a frame. What this makes invalid belongs to that frame: the host asks
@@ -44,7 +33,12 @@ public:
     virtual void HostSettle() = 0;
     virtual void HostPaint(TCanvasDevice& Device, const TRect& Dirty) = 0;
     virtual void HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) = 0;
-    virtual void HostKey(int KeyCode, std::string_view Text, TShiftState Shift, bool Down) = 0;
+    virtual bool HostWheel(const TWheelTurn& Turn, TShiftState Shift, TPoint Pos) = 0;
+    /// The mouse has left the window.
+    virtual void HostMouseLeft() = 0;
+    virtual bool HostKey(const TKeyStroke& Stroke, bool Down) = 0;
+    /// The window takes the keys, or takes them no more.
+    virtual void HostActivated(bool Active) = 0;
     virtual void HostResized(const TRect& Bounds) = 0;
     virtual void HostClosed() = 0;
     /// The window has lost what it was asked to paint. To be called where that happens without a HostPaint,

@@ -1,0 +1,134 @@
+// The focus: which control of a window the keys go to.
+
+#include <kxgraph/platform/controls/controlsmouse.h>
+
+#include <kxgraph/platform/objects/published.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace kx {
+
+namespace {
+
+/// Adds the controls of the tree under Root that Tab stops at, in its order.
+void AddStops(const TWinControl& Root, std::vector<TWinControl*>& Stops) {
+    std::vector<TWinControl*> children;
+    for (TControl* child : Root.GetControls())
+        if (auto* windowed = dynamic_cast<TWinControl*>(child)) children.push_back(windowed);
+    std::ranges::stable_sort(children, {}, &TWinControl::GetTabOrder);
+    for (TWinControl* child : children) {
+        if (!child->GetVisible() || !child->GetEnabled()) continue;
+        if (child->GetTabStop()) Stops.push_back(child);
+        AddStops(*child, Stops);
+    }
+}
+
+} // namespace
+
+bool TWinControl::CanFocus() const {
+    for (const TWinControl* control = this; control; control = control->GetParent())
+        if (!control->GetVisible() || !control->GetEnabled()) return false;
+    return true;
+}
+
+void TWinControl::SetFocus() {
+    if (CanFocus()) Topmost()->MoveFocus(this);
+}
+
+bool TWinControl::IsFocused() const { return Topmost()->FFocused == this; }
+
+/// Moves the focus of this topmost control; handlers may move it on, or destroy what gets it.
+void TWinControl::MoveFocus(TWinControl* Control) {
+    if (Control == FFocused) return;
+    TDispatch left(*this, FFocused), entered(*this, Control);
+    FFocused = Control;
+    left.Call([](TControl& T) { static_cast<TWinControl&>(T).Exit(); });
+    if (entered.Root && FFocused == entered.Target)
+        entered.Call([](TControl& T) { static_cast<TWinControl&>(T).Enter(); });
+}
+
+/// A press of the left button on Control gives the focus to the nearest one that takes it.
+void TWinControl::FocusByPress(TControl& Control) {
+    for (TControl* control = &Control; control; control = control->GetParent())
+        if (auto* windowed = dynamic_cast<TWinControl*>(control); windowed && windowed->FTabStop)
+            return windowed->SetFocus();
+}
+
+void TWinControl::FocusNext(bool Forward) {
+    std::vector<TWinControl*> stops;
+    AddStops(*Topmost(), stops);
+    if (stops.empty()) return;
+    const auto count = stops.size();
+    const auto at = static_cast<std::size_t>(std::ranges::find(stops, Topmost()->FFocused) - stops.begin());
+    if (at == count)
+        stops[Forward ? 0 : count - 1]->SetFocus();
+    else
+        stops[(at + (Forward ? 1 : count - 1)) % count]->SetFocus();
+}
+
+/// Ends what mouse and keys have with Control, a child, or inside it, which can be used no more.
+void TWinControl::ReleaseInput(const TControl& Control) {
+    ReleaseMouse(Control);
+    TWinControl& root = *Topmost();
+    if (IsWithin(root.FFocused, Control)) root.MoveFocus(nullptr);
+}
+
+bool TWinControl::DispatchKey(const TKeyStroke& Stroke, bool Down) {
+    TWinControl& root = *Topmost();
+    if (!root.GetEnabled()) return false;
+    TDispatch dispatch(root, root.FFocused ? root.FFocused : &root);
+    bool taken = false;
+    while (dispatch.Target && !taken) {
+        dispatch.Call([&](TControl& T) {
+            auto& control = static_cast<TWinControl&>(T);
+            taken = Down ? control.KeyDown(Stroke) : control.KeyUp(Stroke);
+        });
+        if (dispatch.Target && !taken) dispatch.Target = dispatch.Target->GetParent();
+    }
+    const bool moves =
+        Down && !taken && dispatch.Root && Stroke.Key == kcTab && !(Stroke.Shift & (ssCtrl | ssAlt));
+    if (moves) root.FocusNext(!(Stroke.Shift & ssShift));
+    return taken || moves;
+}
+
+void TWinControl::Enter() {
+    Invalidate();
+    OnEnter(this);
+}
+
+void TWinControl::Exit() {
+    Invalidate();
+    OnExit(this);
+}
+
+bool TWinControl::KeyDown(const TKeyStroke& Stroke) {
+    bool taken = static_cast<bool>(OnKeyDown);
+    OnKeyDown(this, Stroke, taken);
+    return taken;
+}
+
+bool TWinControl::KeyUp(const TKeyStroke& Stroke) {
+    bool taken = static_cast<bool>(OnKeyUp);
+    OnKeyUp(this, Stroke, taken);
+    return taken;
+}
+
+const TPropertyTable& TWinControl::PublishedProperties() const { return Properties(); }
+
+const TPropertyTable& TWinControl::Properties() {
+    using C = TWinControl;
+    static const TPropertyTable table(
+        "TWinControl", &TControl::Properties(),
+        {Published<&C::GetTabStop, &C::SetTabStop>("TabStop", false,
+                                                   "Whether Tab and a press give it the keys"),
+         Published<&C::GetTabOrder, &C::SetTabOrder>("TabOrder", 0,
+                                                     "Place among those that Tab goes through"),
+         PublishedEvent<&C::OnEnter>("OnEnter", "The control takes the keys"),
+         PublishedEvent<&C::OnExit>("OnExit", "The control takes the keys no more"),
+         PublishedEvent<&C::OnKeyDown>("OnKeyDown", "A key was pressed"),
+         PublishedEvent<&C::OnKeyUp>("OnKeyUp", "A key was released")});
+    return table;
+}
+
+} // namespace kx
