@@ -12,8 +12,9 @@ struct TFocusForm {
     TFocusForm() {
         Form.SetName("Form");
         Panel.SetBounds(0, 0, 100, 100);
-        for (TWinControl* control : {static_cast<TWinControl*>(&Panel), static_cast<TWinControl*>(Inner.get()),
-                                     static_cast<TWinControl*>(Other.get())}) {
+        for (TWinControl* control :
+             {static_cast<TWinControl*>(&Panel), static_cast<TWinControl*>(Inner.get()),
+              static_cast<TWinControl*>(Other.get())}) {
             control->OnEnter = [this](TControl* C) { Log += "+" + C->GetName(); };
             control->OnExit = [this](TControl* C) { Log += "-" + C->GetName(); };
             control->OnMouseEnter = [this](TControl* C) { Log += ">" + C->GetName(); };

@@ -45,8 +45,7 @@ TBandRequest ParseBands(const TBandArguments& Given, const std::vector<TAnalysis
     TBandRequest request;
     for (const std::string& text : Given.Bands) request.Kinds.push_back(ParseKind(text));
     std::ranges::sort(request.Kinds, std::ranges::greater());
-    const auto same = std::ranges::unique(request.Kinds);
-    request.Kinds.erase(same.begin(), same.end());
+    request.Kinds.erase(std::unique(request.Kinds.begin(), request.Kinds.end()), request.Kinds.end());
     if (!request.Kinds.empty() && std::ranges::none_of(Analyses, &TAnalysisRequest::IsFit))
         throw TUsageError("--band: there is no --fit that it could be for");
     if (Given.Level && request.Kinds.empty())
