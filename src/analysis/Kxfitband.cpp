@@ -81,16 +81,30 @@ void TKxFitBand::EvaluateAt(const std::vector<double>& X, std::vector<double>& Y
     }
 }
 
+// A band that spikes at a pole, or comes near the zero of a logarithmic axis, would press the points together.
+TKxInterval TKxFitBand::WidestExtent() {
+    TKxNotCalculatedSeries* parent = GetParentSeries();
+    const TRange* points = parent ? &parent->GetYRange() : nullptr;
+    if (!points || !(points->GetStart() < points->GetStop())) return {-CMaxReal, CMaxReal};
+    if (FY.IsLogarithmic()) {
+        const double half = std::sqrt(points->GetStop() / points->GetStart());
+        return {points->GetStart() / half, points->GetStop() * half};
+    }
+    const double half = points->GetStop() / 2 - points->GetStart() / 2;
+    return {points->GetStart() - half, points->GetStop() + half};
+}
+
 // Beyond the points bands grow without end.
 void TKxFitBand::GetNewYStartStop() {
     double low = CMaxReal, high = -CMaxReal;
+    const TKxInterval widest = WidestExtent();
     const auto x = DisplayX().Values(), y = DisplayY().Values();
     for (std::size_t i = 0; i < std::min(x.size(), FLow.size()); ++i) {
         if (!(GetCalculationStart() <= x[i] && x[i] <= GetCalculationStop())) continue;
         for (const double edge : {FLow[i], y[i]}) {
             if (!std::isfinite(edge) || (FY.IsLogarithmic() && edge <= 0)) continue;
-            low = std::min(low, edge);
-            high = std::max(high, edge);
+            low = std::min(low, std::max(edge, widest.Low));
+            high = std::max(high, std::min(edge, widest.High));
         }
     }
     FY.GetRange().SetStartStop(low, high);

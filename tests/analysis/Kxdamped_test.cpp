@@ -65,8 +65,8 @@ TEST(Damped, KeepsLimitsAndStartsAtZero) {
     };
     for (const auto& [name, start, rate, limits] : cases) {
         bool left = false;
-        const auto model = [&](std::span<const double> C, std::span<double> Values) {
-            left = left || !limits.Contains(C[1]);
+        const auto model = [&, &allowed = limits](std::span<const double> C, std::span<double> Values) {
+            left = left || !allowed.Contains(C[1]);
             Over(p.X, p.Model)(C, Values);
         };
         TKxDamped fit({model, {}, p.Y, {}, {{}, limits, {}}});

@@ -150,6 +150,21 @@ TEST(FitBand, HasTheWidthOfTheTextbookAlsoFarFromZero) {
             }
 }
 
+TEST(FitBand, WidensTheAxisByHalfOfWhatThePointsSpanAtMost) {
+    const TPoints points(0, false);
+    for (const auto& [scaling, top] : {std::pair{AxNormal, 15.0}, std::pair{AxLog, 100.0}}) {
+        TBanded<TKxLinearRegressionLine> f(points, false);
+        for (int i = 0; i < 9; ++i)
+            f.Series->GetYData()->SetValue(i, i % 2 ? 10 : .1 * (i + 1)); // no line: a wide band
+        f.Y->SetScaling(scaling);
+        f.Join();
+        f.Band->SetLevel(.999999);
+        f.Band->SetParentSeries(f.Series);
+        f.Draw();
+        EXPECT_NEAR(f.Band->GetYRange().GetStop(), top, .06) << scaling;
+    }
+}
+
 TEST(FitBand, IsDrawnBeneathAllSeriesAndKept) {
     const TPoints points(0, false);
     TBanded<TKxLinearRegressionLine> f(points, false);

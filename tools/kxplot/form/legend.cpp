@@ -1,6 +1,7 @@
 #include "kxplot/form/legend.h"
 
 #include "kxplot/form/captionfit.h"
+#include "kxplot/form/legendplace.h"
 #include "kxplot/form/look.h"
 #include "kxplot/plan/captiontext.h"
 
@@ -16,13 +17,6 @@ namespace {
 
 constexpr int CSmallestSample = 18;
 constexpr int CPatternSample = 44; // two dashes of a pen two pixels wide
-
-/// Among the data one column hides the least; beside them there are as many as the side asks for.
-int ColumnsAt(TKxLegendPlacement Placement) {
-    const bool beside =
-        Placement == lgRight || Placement == lgLeft || Placement == lgTop || Placement == lgBottom;
-    return beside ? 0 : 1;
-}
 
 /// How far entries reach beyond the legend's edges.
 TSize OverflowOf(const TKxLegend& Legend) {
@@ -67,19 +61,38 @@ void TEntryShortener::Shorten(TKxSeries& Series, const TCutCaption& Plain) {
     const auto fits = [this](const TKxCaption& Caption) { return Fits(Caption); };
     if (Series.GetDoUserCaption() || fits(Series.GetCaption()) || (Plain.Head + Plain.Tail).empty()) return;
     TKxCaption caption = Shortened(Plain.Head, Plain.Tail, fits);
-    if (!fits(caption))
-        caption = EscapeCaption("…" + LongestFitting(Plain.Tail, [&](const std::string& Beginning) {
-                                    return fits(EscapeCaption("…" + Beginning));
-                                }));
+    if (!fits(caption)) {
+        const auto inside = [](const std::string& Beginning) { return EscapeCaption("…" + Beginning + "…"); };
+        caption = inside(LongestFitting(
+            Plain.Tail, [&](const std::string& Beginning) { return fits(inside(Beginning)); }));
+    }
     Series.SetAutoCaption(caption);
 }
 
 // A formula may be as long as it likes; the legend would take the room of the data.
-void ShortenFormulas(const TParts& Parts) {
-    TEntryShortener shortener(*Parts.Legend, Parts.Graph->GetWidth() / 3);
-    for (const auto& analysis : Parts.Analyses)
-        if (analysis.Plan->Request.Method == TMethod::Formula) shortener.Shorten(analysis);
-}
+class TFormulaShortener {
+public:
+    explicit TFormulaShortener(const TParts& Parts) : FParts(Parts) {
+        for (const auto& analysis : Parts.Analyses)
+            if (analysis.Plan->Request.Method == TMethod::Formula)
+                FWhole.emplace_back(&analysis, analysis.Line->GetCaption());
+    }
+    /// To what there is room for with the letters of now.
+    void Shorten() const {
+        const int width = FParts.Graph->GetWidth(), world = FParts.Graph->GetDrawingWorld().GetWidth();
+        const bool beside = FParts.Legend->GetPlacement() == lgRight;
+        TEntryShortener shortener(*FParts.Legend, beside ? width / 3 : world);
+        for (const auto& [analysis, caption] : FWhole) {
+            if (!analysis->Line->GetDoUserCaption()) analysis->Line->SetAutoCaption(caption);
+            shortener.Shorten(*analysis);
+        }
+        SettleTree(*FParts.Form);
+    }
+
+private:
+    const TParts& FParts;
+    std::vector<std::pair<const TAnalysis*, TKxCaption>> FWhole;
+};
 
 void ShortenAll(const TParts& Parts) {
     TEntryShortener shortener(*Parts.Legend, Parts.Legend->GetWidth());
@@ -130,8 +143,7 @@ void ConfigureLegend(TParts& Parts) {
     const TLegendRequest& request = Parts.Plan.Legend;
     TKxLegend& legend = *Parts.Legend;
     if (request.Place) {
-        if (legend.GetPlacement() != *request.Place) legend.SetColumns(ColumnsAt(*request.Place));
-        legend.SetPlacement(*request.Place);
+        PlaceLegend(legend, *request.Place);
         legend.SetVisible(true);
     }
     if (request.None) legend.SetVisible(false);
@@ -144,11 +156,15 @@ void FinishLegend(TParts& Parts) {
     TKxLegend& legend = *Parts.Legend;
     if (!IsShown(legend)) return;
     LeaveOutWhatIsNotDrawn(Parts);
-    ShortenFormulas(Parts);
     SettleTree(*Parts.Form);
+    LeaveWidthToTheData(Parts);
+    const TFormulaShortener formulas(Parts);
+    formulas.Shorten();
     if (!Parts.LeftOut.empty() && !Parts.Plan.Legend.Place && legend.GetEntryCount() < 2)
         legend.SetGraph(nullptr);
+    const int size = legend.GetFont().GetSize();
     FitLegend(Parts);
+    if (legend.GetFont().GetSize() != size) formulas.Shorten();
 }
 
 void FitLegend(TParts& Parts) {

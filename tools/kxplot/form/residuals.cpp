@@ -19,7 +19,10 @@ using namespace kx;
 
 namespace {
 
-constexpr int CPercent = 30; // of the height is the lower graph's
+constexpr int CPercent = 30;     // of the height is the lower graph's
+constexpr int CMostPercent = 45; // where it would be too low for its axes
+constexpr int CLowest = 140;     // pixels of it with letters of CUsualFont points
+constexpr int CUsualFont = 11;
 
 /// Where a drawing world begins and ends.
 struct TWorldEnds {
@@ -39,7 +42,9 @@ TKxAxis* MakeAxis(TParts& Parts, const std::string& Name) {
 void MakeGraphs(TParts& Parts) {
     TForm& form = *Parts.Form;
     const TSize size = Parts.Graph->GetBoundsRect().Size();
-    const int upper = size.Height - size.Height * CPercent / 100;
+    const int lowest = CLowest * Parts.XAxis->GetFont().GetSize() / CUsualFont;
+    const int lower = std::clamp(lowest, size.Height * CPercent / 100, size.Height * CMostPercent / 100);
+    const int upper = size.Height - lower;
     Parts.Sheet = new TCustomControl(&form); // without a ground of its own
     Parts.Sheet->SetParent(&form);
     Parts.Sheet->SetBounds(0, 0, size.Width, size.Height);
