@@ -81,7 +81,8 @@ void TKxFitBand::EvaluateAt(const std::vector<double>& X, std::vector<double>& Y
     }
 }
 
-// A band that spikes at a pole, or comes near the zero of a logarithmic axis, would press the points together.
+// A band that spikes at a pole, or comes near the zero of a logarithmic axis, would press the points
+// together.
 TKxInterval TKxFitBand::WidestExtent() {
     TKxNotCalculatedSeries* parent = GetParentSeries();
     const TRange* points = parent ? &parent->GetYRange() : nullptr;

@@ -11,8 +11,8 @@ namespace kx {
 /// The confidence or the prediction band of a fit: an area (AreaStyle) with a line at both edges (LineStyle),
 /// drawn beneath all series of the graph. A child of the series that the fit is a child of, behind the fit:
 /// children are calculated in their order. Its data are the upper edge. It widens the Y axis by what it spans
-/// where the fit took its points from, but no further than half of what the points span (of their decades on a
-/// logarithmic axis).
+/// where the fit took its points from, but no further than half of what the points span (of their decades on
+/// a logarithmic axis).
 ///
 /// Where weights are precisions, as they always are for TKxFittedLine, one further point is one of the mean
 /// weight of those that took part, else one of weight 1. What a coefficient that is held at a bound would add
