@@ -6,6 +6,7 @@
 #include "kxplot/options/paragraph.h"
 #include "kxplot/options/usageerror.h"
 
+#include <kxgraph/platform/base/version.h>
 #include <kxgraph/platform/text/suggest.h>
 
 #include <string_view>
@@ -14,7 +15,7 @@ namespace kxplot {
 
 namespace {
 
-constexpr const char *CVersion = "kxplot 0.1.0",
+constexpr const char *CVersion = "kxplot " KXGRAPH_VERSION,
                      *CDescription =
                          "Draws the columns of a text table as a picture, and analyses them. Without "
                          "options every numeric column is drawn against the first one.";
