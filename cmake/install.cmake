@@ -21,6 +21,7 @@ function(kx_install_library NAME COMPONENT ABOUT ROOMS PRIVATE REQUIRES)
         endif()
     endforeach()
     string(REPLACE "_" "-" package ${NAME})
+    file(RELATIVE_PATH up /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
     configure_file(${PROJECT_SOURCE_DIR}/cmake/package.pc.in ${CMAKE_CURRENT_BINARY_DIR}/${package}.pc @ONLY)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${package}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
             COMPONENT development)
