@@ -107,6 +107,8 @@ public:
     /// Pos of this control in pixels of the topmost parent.
     TPoint ClientToRoot(TPoint Pos) const;
     TPoint RootToClient(TPoint Pos) const;
+    /// Shows a menu at a point of this control's pixels in the window that shows the control, if any does.
+    void ShowMenu(THostMenu Menu, TPoint Pos);
     /// Whether the mouse goes to this control until the button is up.
     void SetMouseCapture(bool Capture);
     bool GetMouseCapture() const;
@@ -142,6 +144,9 @@ public:
     /// more.
     virtual void AddSettledState(std::vector<double>& State) const;
     virtual void StopSettling() {}
+    /// What the control tells those who do not see it: here its text and hint, and what its visible children
+    /// tell.
+    virtual TAccessiblePart Accessible() const;
 
     const TPropertyTable& PublishedProperties() const override;
     static const TPropertyTable& Properties();

@@ -9,6 +9,7 @@ namespace kx {
 
 void RegisterControlClasses() {
     RegisterClass<TForm>("TForm");
+    RegisterClass<TMenuItem>("TMenuItem");
     RegisterClass<TPopupMenu>("TPopupMenu");
     RegisterClass<TTimer>("TTimer");
 }

@@ -68,8 +68,13 @@ public:
     /// Takes the focus of its window; does nothing where it cannot have it.
     void SetFocus();
     bool IsFocused() const;
-    /// Moves the focus of this topmost control to the next, or the one before, in the order of Tab.
-    void FocusNext(bool Forward);
+    /// Moves the focus of this topmost control to the next, or the one before, in the order of Tab. In a
+    /// window that does not keep Tab there is none behind the last one: the focus goes. Answers whether any
+    /// control has it.
+    bool FocusNext(bool Forward);
+    /// The hint for a place of this topmost control: that of the deepest control there that shows one.
+    THostHint HintAt(TPoint Pos);
+    TAccessiblePart Accessible() const override;
     /// The control of this tree that has the focus; null when none has.
     TWinControl* GetFocused() const { return FFocused; }
 

@@ -55,16 +55,24 @@ void TWinControl::FocusByPress(TControl& Control) {
             return windowed->SetFocus();
 }
 
-void TWinControl::FocusNext(bool Forward) {
+bool TWinControl::FocusNext(bool Forward) {
+    TWinControl& root = *Topmost();
     std::vector<TWinControl*> stops;
-    AddStops(*Topmost(), stops);
-    if (stops.empty()) return;
+    AddStops(root, stops);
+    if (stops.empty()) return false;
     const auto count = stops.size();
-    const auto at = static_cast<std::size_t>(std::ranges::find(stops, Topmost()->FFocused) - stops.begin());
-    if (at == count)
+    const auto at = static_cast<std::size_t>(std::ranges::find(stops, root.FFocused) - stops.begin());
+    const bool comesIn = at == count, isLast = !comesIn && at == (Forward ? count - 1 : 0);
+    const THostWindow* window = root.GetHostWindow();
+    if (isLast && window && !window->KeepsTab()) {
+        root.MoveFocus(nullptr);
+        return false;
+    }
+    if (comesIn)
         stops[Forward ? 0 : count - 1]->SetFocus();
     else
         stops[(at + (Forward ? 1 : count - 1)) % count]->SetFocus();
+    return true;
 }
 
 /// Ends what mouse and keys have with Control, a child, or inside it, which can be used no more.
@@ -88,8 +96,8 @@ bool TWinControl::DispatchKey(const TKeyStroke& Stroke, bool Down) {
     }
     const bool moves =
         Down && !taken && dispatch.Root && Stroke.Key == kcTab && !(Stroke.Shift & (ssCtrl | ssAlt));
-    if (moves) root.FocusNext(!(Stroke.Shift & ssShift));
-    return taken || moves;
+    if (moves) return root.FocusNext(!(Stroke.Shift & ssShift));
+    return taken;
 }
 
 void TWinControl::Enter() {

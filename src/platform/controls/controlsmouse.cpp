@@ -3,6 +3,8 @@
 #include <kxgraph/platform/controls/popupmenu.h>
 #include <kxgraph/platform/drawing/shifting.h>
 
+#include <utility>
+
 namespace kx {
 
 namespace {
@@ -171,6 +173,12 @@ void TControl::PopUpMenuAt(TPoint Pos) {
     if (!control) return;
     const TPoint at = control->RootToClient(ClientToRoot(Pos));
     control->FPopupMenu->Popup(control, at.X, at.Y);
+}
+
+void TControl::ShowMenu(THostMenu Menu, TPoint Pos) {
+    const TWinControl* root = Topmost();
+    if (THostWindow* window = root ? root->GetHostWindow() : nullptr)
+        window->ShowMenu(std::move(Menu), ClientToRoot(Pos));
 }
 
 void TControl::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {

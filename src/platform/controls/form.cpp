@@ -26,6 +26,14 @@ void TForm::Show() {
     UpdateWindow();
 }
 
+void TForm::ShowIn(std::unique_ptr<THostWindow> Window) {
+    FWindow = std::move(Window);
+    FShown = FWindow != nullptr;
+    FState = wsNormal;
+    if (FShown) SetVisible(true);
+    UpdateWindow();
+}
+
 void TForm::Hide() {
     FShown = false;
     UpdateWindow();
@@ -106,6 +114,23 @@ void TForm::HostResized(const TRect& Bounds) {
     EndRequests();
     const TScopedValue taking(FTakingHostBounds, true);
     Guarded([&] { SetBounds(Bounds.Left, Bounds.Top, Bounds.Width(), Bounds.Height()); });
+}
+
+void TForm::HostStateChanged(TWindowState State, const TRect& Normal) {
+    FState = State;
+    FNormalBounds = Normal;
+    EndRequests();
+}
+
+void TForm::HostEntered(bool Forward) {
+    if (!GetFocused()) FocusNext(Forward);
+}
+
+TAccessiblePart TForm::HostAccessible() {
+    SettleTree(*this);
+    TAccessiblePart part = Accessible();
+    part.Role = TAccessibleRole::Window;
+    return part;
 }
 
 void TForm::HostClosed() {

@@ -19,6 +19,8 @@ public:
 
     void Show();
     void Hide();
+    /// Shows the form in Window, a part of another window, instead of in one of its own; null takes it away.
+    void ShowIn(std::unique_ptr<THostWindow> Window);
     bool IsShown() const { return FWindow != nullptr && FShown; }
     TWindowState GetWindowState() const { return FState; }
     /// The bounds in normal state are kept while the form is minimised or maximised.
@@ -64,6 +66,10 @@ private:
     void HostResized(const TRect& Bounds) override;
     void HostClosed() override;
     void HostDropped() override { EndRequests(); }
+    void HostStateChanged(TWindowState State, const TRect& Normal) override;
+    void HostEntered(bool Forward) override;
+    THostHint HostHint(TPoint Pos) override { return HintAt(Pos); }
+    TAccessiblePart HostAccessible() override;
 
     std::unique_ptr<THostWindow> FWindow;
     bool FShown = false, FActive = false;

@@ -1,6 +1,7 @@
 #include <kxgraph/platform/host/application.h>
 
 #include <kxgraph/platform/host/headlesshost.h>
+#include <kxgraph/platform/host/post.h>
 #include <kxgraph/platform/objects/ownthread.h>
 
 namespace kx {
@@ -37,6 +38,7 @@ TApplication& TApplication::Instance() {
 void TApplication::SetHost(std::unique_ptr<THost> Host) {
     if (!Host) Host = std::make_unique<THeadlessHost>();
     SetScreenText(Host.get());
+    SetPostHost(Host.get());
     FHost = std::move(Host);
 }
 

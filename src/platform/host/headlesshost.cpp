@@ -1,5 +1,6 @@
 #include <kxgraph/platform/host/headlesshost.h>
 
+#include <kxgraph/platform/host/post.h>
 #include <kxgraph/platform/objects/guarded.h>
 
 #include <algorithm>
@@ -11,6 +12,14 @@ namespace {
 template <class T>
 bool Holds(const std::vector<T*>& List, const T* Item) {
     return std::ranges::find(List, Item) != List.end();
+}
+
+const THostMenuItem* FindItem(const THostMenu& Menu, std::string_view Caption) {
+    for (const auto& item : Menu) {
+        if (item.Caption == Caption) return &item;
+        if (const auto* inner = FindItem(item.Items, Caption)) return inner;
+    }
+    return nullptr;
 }
 
 } // namespace
@@ -50,6 +59,11 @@ public:
     }
     void SetCapture(bool Captured) override { FView.Captured = Captured; }
     void SetCursor(TCursor Cursor) override { FView.Cursor = Cursor; }
+    void ShowMenu(THostMenu Menu, TPoint Pos) override {
+        FView.Menu = std::move(Menu);
+        FView.MenuPos = Pos;
+    }
+    THostMenu TakeMenu() { return std::exchange(FView.Menu, {}); }
 
     bool NeedsFrame() const {
         return FView.Visible && FView.State != wsMinimized && !FView.Invalid.IsEmpty();
@@ -124,6 +138,7 @@ std::unique_ptr<THostTimer> THeadlessHost::StartTimer(int Interval, TEvent<> Tic
 void THeadlessHost::CopyToClipboard(const TMetafile& Picture) { FClipboard->Assign(Picture); }
 
 void THeadlessHost::ProcessMessages() {
+    RunPosted();
     const std::vector<TWindow*> windows = FWindows; // a paint may open and close windows
     for (TWindow* window : windows)
         if (Holds(FWindows, window) && window->NeedsFrame()) window->DrawFrame();
@@ -137,7 +152,7 @@ void THeadlessHost::Run() {
         const auto next = std::ranges::min_element(FTimers, {}, &TTimerEntry::Due);
         if (next != FTimers.end())
             Advance(static_cast<int>(std::max(0LL, (*next)->Due() - FNow)));
-        else if (std::ranges::none_of(FWindows, &TWindow::NeedsFrame))
+        else if (std::ranges::none_of(FWindows, &TWindow::NeedsFrame) && !HasPosted())
             return;
     }
 }
@@ -157,6 +172,18 @@ const THeadlessHost::TWindowView* THeadlessHost::WindowOf(const THostClient& Cli
     const auto found =
         std::ranges::find_if(FWindows, [&](const TWindow* Window) { return Window->IsOf(Client); });
     return found == FWindows.end() ? nullptr : &(*found)->View();
+}
+
+bool THeadlessHost::PickMenuItem(const THostClient& Client, std::string_view Caption) {
+    const auto window =
+        std::ranges::find_if(FWindows, [&](const TWindow* Window) { return Window->IsOf(Client); });
+    const THostMenuItem* item =
+        window == FWindows.end() ? nullptr : FindItem((*window)->View().Menu, Caption);
+    if (!item || !item->Enabled || !item->Pick) return false;
+    const auto pick = item->Pick;
+    (*window)->TakeMenu();
+    Guarded(pick);
+    return true;
 }
 
 } // namespace kx

@@ -5,6 +5,9 @@
 #include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/host/host.h>
 
+#include <atomic>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace kx {
@@ -24,16 +27,21 @@ public:
     }
     void SetCursor(TCursor Cursor) override { FCursor = Cursor; }
     void CopyToClipboard(const TMetafile& Picture) override;
-    /// Draws a frame for every window that has something invalid.
+    void CopyText(const std::string& Text) override { FText = Text; }
+    std::string PasteText() const override { return FText; }
+    /// Runs what was posted, then draws a frame for every window that has something invalid.
     void ProcessMessages() override;
     /// Turns frames and timers until Quit, or until nothing is left to do.
     void Run() override;
     void Quit() override { FQuit = true; }
+    void Wake() override { ++FWakes; }
 
     /// Turns the clock on by Milliseconds; timers that fall due are called in order of their time.
     void Advance(int Milliseconds);
     TCursor GetCursor() const { return FCursor; }
     const TMetafile& GetClipboard() const { return *FClipboard; }
+    /// How often another thread has called.
+    int GetWakes() const { return FWakes; }
     void SetScreenSize(TSize Size) { FScreenSize = Size; }
 
     /// What a test knows of the window of Client: the last frame, how many frames there were, what is
@@ -48,9 +56,14 @@ public:
         TCursor Cursor = crDefault;
         std::string Caption;
         TWindowState State = wsNormal;
+        THostMenu Menu; ///< the last one that was shown and of which nothing was picked
+        TPoint MenuPos;
     };
     /// Null when Client has no window.
     const TWindowView* WindowOf(const THostClient& Client) const;
+    /// Picks the first item with that caption of the menu that the window of Client shows; false when there
+    /// is none, or it is disabled.
+    bool PickMenuItem(const THostClient& Client, std::string_view Caption);
 
 private:
     class TWindow;
@@ -63,6 +76,8 @@ private:
     std::unique_ptr<TMetafile> FClipboard;
     TSize FScreenSize{1920, 1080};
     TCursor FCursor = crDefault;
+    std::string FText;
+    std::atomic<int> FWakes = 0;
     long long FNow = 0;
     bool FQuit = false;
 };

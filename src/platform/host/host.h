@@ -4,6 +4,8 @@
 
 #include <kxgraph/platform/base/event.h>
 #include <kxgraph/platform/drawing/screentext.h>
+#include <kxgraph/platform/host/accessible.h>
+#include <kxgraph/platform/host/hostmenu.h>
 #include <kxgraph/platform/host/input.h>
 #include <kxgraph/platform/objects/typenames.h>
 
@@ -24,6 +26,12 @@ template <>
 inline constexpr auto CEnumNames<TWindowState> = std::to_array<std::string_view>({"wsNormal", "wsMinimized",
                                                                                   "wsMaximized"});
 
+/// A hint for a place of a window, and the area for which it holds.
+struct THostHint {
+    std::string Text; ///< empty: there is none
+    TRect Area;
+};
+
 /// What a window calls up: its control paints, and is told of mouse, keys and size. Points are in pixels of
 /// the client area. Wheel and keys answer whether anybody took them; others are the window's surroundings'.
 class THostClient {
@@ -41,6 +49,13 @@ public:
     virtual void HostActivated(bool Active) = 0;
     virtual void HostResized(const TRect& Bounds) = 0;
     virtual void HostClosed() = 0;
+    /// The user has minimised or maximised the window, or given it back its size: Normal, which it has or
+    /// would return to. Comes before the HostResized that this brings.
+    virtual void HostStateChanged(TWindowState, const TRect& /*Normal*/) {}
+    /// Keys come to the window from what stands before or behind it in the order of Tab.
+    virtual void HostEntered(bool /*Forward*/) {}
+    virtual THostHint HostHint(TPoint) { return {}; }
+    virtual TAccessiblePart HostAccessible() { return {}; }
     /// The window has lost what it was asked to paint. To be called where that happens without a HostPaint,
     /// unless all of the window will be painted: who has asked does not ask again.
     virtual void HostDropped() {}
@@ -61,6 +76,10 @@ public:
     virtual void Invalidate(const TRect& Rect) = 0;
     virtual void SetCapture(bool Captured) = 0;
     virtual void SetCursor(TCursor Cursor) = 0;
+    /// Shows a menu at a point of the client area and returns; its items are picked later, or never.
+    virtual void ShowMenu(THostMenu, TPoint) {}
+    /// Whether Tab goes round in this window. In one that is a part of another it leaves at the end.
+    virtual bool KeepsTab() const { return true; }
 };
 
 /// A running timer; destroying it stops it.
@@ -80,11 +99,16 @@ public:
     /// Advance width and cell height on the screen, the angle left out of account.
     virtual void SetCursor(TCursor Cursor) = 0;
     virtual void CopyToClipboard(const TMetafile& Picture) = 0;
+    /// Text for the clipboard, and the text that is there; both UTF-8.
+    virtual void CopyText(const std::string&) {}
+    virtual std::string PasteText() const { return {}; }
     /// Handles what is waiting: input, timers, frames. Returns without waiting.
     virtual void ProcessMessages() = 0;
     /// Handles what comes until Quit.
     virtual void Run() = 0;
     virtual void Quit() = 0;
+    /// Has RunPosted called soon, on the thread of the application. The one operation that any thread calls.
+    virtual void Wake() {}
 };
 
 } // namespace kx

@@ -2,6 +2,7 @@
 
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/objects/guarded.h>
+#include <kxgraph/platform/objects/ownthread.h>
 #include <kxgraph/platform/objects/published.h>
 #include <kxgraph/platform/text/text.h>
 
@@ -41,12 +42,14 @@ bool TComponent::TSameName::operator()(std::string_view A, std::string_view B) c
 }
 
 TComponent::TComponent(TComponent* Owner) {
+    AssertOwnThread();
     if (Owner) Owner->InsertComponent(this);
     EnterHearers(); // once more, lest it was asked as what it is up to here
 }
 
 // What is owned goes last: those that hear of it must not refer to this component any more.
 TComponent::~TComponent() {
+    AssertOwnThread();
     FComponentState |= csDestroying;
     if (FLife) *FLife = false;
     TellPartners();
@@ -146,6 +149,7 @@ void TComponent::RemoveComponent(TComponent* Component) {
 }
 
 void TComponent::SetName(const std::string& Name) {
+    AssertOwnThread();
     if (Name == FName) return;
     if (!Name.empty() && !IsIdentifier(Name))
         throw EComponentError("'" + Abridged(Name) + "' is not a valid component name");

@@ -1,0 +1,25 @@
+#pragma once
+// What those hear who do not see: the parts of a window as text.
+
+#include <kxgraph/platform/drawing/geometry.h>
+
+#include <string>
+#include <vector>
+
+namespace kx {
+
+enum class TAccessibleRole { Window, Panel, Graph, Axis, Series, Text };
+
+/// A part of a window, with the parts that lie in it. A value: it tells how things were when it was asked
+/// for.
+struct TAccessiblePart {
+    TAccessibleRole Role = TAccessibleRole::Panel;
+    std::string Name;        ///< what it is called, e.g. its title
+    std::string Value;       ///< what it shows, e.g. a range or a result
+    std::string Description; ///< more about it
+    TRect Bounds;            ///< pixels of the part that it lies in
+    bool Focused = false;
+    std::vector<TAccessiblePart> Parts = {};
+};
+
+} // namespace kx

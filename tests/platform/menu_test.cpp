@@ -1,0 +1,70 @@
+#include <kxgraph/platform/controls/popupmenu.h>
+
+#include "support/headless.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+namespace kx {
+namespace {
+
+TEST(Menu, IsShownByTheWindowAndItsItemsMayGoBeforeTheyArePicked) {
+    TForm form(nullptr);
+    TCustomPanel panel(&form);
+    panel.SetBounds(100, 50, 60, 60);
+    panel.SetParent(&form);
+    auto menu = std::make_unique<TPopupMenu>(nullptr);
+    std::string log;
+    const auto note = [&](TMenuItem* Item) { log += Item->GetCaption() + " "; };
+    auto& copy = menu->GetItems().Add("Copy", note);
+    auto& fits = menu->GetItems().Add("Fits");
+    fits.Add("Line", note).SetChecked(true);
+    fits.Add("Hidden", note).SetVisible(false);
+    fits.Add("Off", note).SetEnabled(false);
+    panel.SetPopupMenu(menu.get());
+    const auto pop = [&] { menu->Popup(&panel, 5, 6); };
+    pop(); // no window: nobody shows it
+    form.Show();
+    const auto& view = test::ViewOf(form);
+    EXPECT_TRUE(view.Menu.empty());
+    menu->OnPopup = [&](TControl*, int, int) { copy.SetShortCut("Ctrl+C"); };
+    pop();
+    EXPECT_EQ(view.Menu[0].ShortCut, "Ctrl+C");
+    EXPECT_TRUE(view.Menu[1].Items[0].Checked);
+    EXPECT_EQ(view.MenuPos, TPoint(105, 56));
+    const auto pick = [&](const char* Caption) {
+        return test::Host().PickMenuItem(form.AsHostClient(), Caption);
+    };
+    EXPECT_FALSE(pick("Hidden") || pick("Off") || pick("Fits!"));
+    EXPECT_TRUE(pick("Line"));
+    EXPECT_FALSE(pick("Copy")) << "it is closed";
+    pop();
+    delete &copy;
+    EXPECT_TRUE(pick("Copy"));
+    EXPECT_EQ(log, "Line ");
+    pop();
+    menu.reset();
+    EXPECT_TRUE(pick("Line"));
+    EXPECT_EQ(log, "Line ");
+}
+
+TEST(Hint, IsThatOfTheDeepestControlThatShowsOne) {
+    TForm form(nullptr);
+    TCustomPanel outer(&form), inner(&form);
+    outer.SetBounds(10, 10, 200, 200), inner.SetBounds(20, 30, 50, 50);
+    outer.SetParent(&form), inner.SetParent(&outer);
+    outer.SetHint("outer"), inner.SetHint("inner");
+    auto& client = form.AsHostClient();
+    EXPECT_EQ(client.HostHint({35, 45}).Text, "");
+    form.SetShowHint(true);
+    EXPECT_EQ(client.HostHint({35, 45}).Text, "inner");
+    EXPECT_EQ(client.HostHint({35, 45}).Area, TRect(30, 40, 80, 90));
+    inner.SetShowHint(false);
+    EXPECT_EQ(client.HostHint({35, 45}).Text, "outer");
+    EXPECT_EQ(client.HostHint({5, 5}).Text, "") << "the form has none";
+}
+
+} // namespace
+} // namespace kx
