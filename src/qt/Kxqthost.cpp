@@ -6,16 +6,14 @@
 
 namespace kx::qt {
 
-TSize TQtHost::MeasureText(const TFontFace& Face, std::string_view Text) const {
-    return TQtFont::Of(Face).Measure(Text);
-}
+TSize MeasureWithQt(const TFontFace& Face, std::string_view Text) { return TQtFont::Of(Face).Measure(Text); }
 
-double TQtHost::ExactTextWidth(const TFontFace& Face, std::string_view Text) const {
+double ExactWidthWithQt(const TFontFace& Face, std::string_view Text) {
     return TQtFont::Of(Face).ExactWidth(Text);
 }
 
 void DemandInstalled() {
-    if (!dynamic_cast<const TQtHost*>(&TApplication::Instance().GetHost()))
+    if (!dynamic_cast<const TQtMeasuring*>(&TApplication::Instance().GetHost()))
         throw Exception("Painting with Qt needs its fonts: call kx::qt::Install() first");
 }
 

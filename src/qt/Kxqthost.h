@@ -1,17 +1,35 @@
 #pragma once
-// The host that measures with real fonts. It opens no windows of its own: windows, timers and clipboard are
-// those of the headless host, so that frames can be painted into pictures.
+// Hosts that measure with real fonts.
 
 #include <kxgraph/platform/host/headlesshost.h>
 
 namespace kx::qt {
 
-/// Needs a QGuiApplication.
-class TQtHost : public THeadlessHost {
-public:
-    TSize MeasureText(const TFontFace& Face, std::string_view Text) const override;
-    double ExactTextWidth(const TFontFace& Face, std::string_view Text) const override;
+/// How large texts are in Qt's fonts. Needs a QGuiApplication.
+TSize MeasureWithQt(const TFontFace& Face, std::string_view Text);
+double ExactWidthWithQt(const TFontFace& Face, std::string_view Text);
+
+/// What hosts have in common that measure with Qt's fonts.
+class TQtMeasuring {
+protected:
+    virtual ~TQtMeasuring() = default;
 };
+
+/// A host of kind T, measured with Qt's fonts.
+template <class T>
+class TQtMeasured : public T, public TQtMeasuring {
+public:
+    TSize MeasureText(const TFontFace& Face, std::string_view Text) const override {
+        return MeasureWithQt(Face, Text);
+    }
+    double ExactTextWidth(const TFontFace& Face, std::string_view Text) const override {
+        return ExactWidthWithQt(Face, Text);
+    }
+};
+
+/// The host for pictures: it opens no windows of its own, but has those, the timers and the clipboard of the
+/// headless host, so that frames can be painted.
+using TQtHost = TQtMeasured<THeadlessHost>;
 
 /// Raises Exception "... call kx::qt::Install() first" while the application is on another host: Qt's fonts
 /// need its application, and what another host has measured does not fit them.

@@ -1,0 +1,94 @@
+#include <kxgraph/qtwidgets/Kxwindowwidget.h>
+
+#include <kxgraph/platform/base/scopedvalue.h>
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+
+namespace kx::qt {
+
+namespace {
+
+TRect RectOf(const QPoint& Pos, const QSize& Size) {
+    return TRect::Bounds(Pos.x(), Pos.y(), Size.width(), Size.height());
+}
+
+TWindowState StateOf(const QWidget& Widget) {
+    return Widget.isMinimized() ? wsMinimized : Widget.isMaximized() ? wsMaximized : wsNormal;
+}
+
+} // namespace
+
+TWindowWidget::TWindowWidget(THostClient& Client) {
+    setWindowFlag(Qt::Window);
+    SetClient(&Client);
+}
+
+void TWindowWidget::PlaceBy(const TRect& Bounds) {
+    if (FState != wsNormal) return;
+    FReported = Bounds;
+    {
+        const TScopedValue placing(FPlacing, true);
+        move(Bounds.Left, Bounds.Top);
+        resize(Bounds.Width(), Bounds.Height());
+    }
+    if (isVisible()) Report(); // what the desktop made of it
+}
+
+void TWindowWidget::CaptionBy(const std::string& Caption) { setWindowTitle(QString::fromStdString(Caption)); }
+
+void TWindowWidget::StateBy(TWindowState State) {
+    if (State == StateOf(*this)) return;
+    FState = State;
+    const Qt::WindowStates others = windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
+    setWindowState(State == wsNormal      ? others
+                   : State == wsMaximized ? others | Qt::WindowMaximized
+                                          : others | Qt::WindowMinimized);
+}
+
+/// At the end of the program there may be no Qt to take it away, nor to show it.
+void TWindowWidget::Released() {
+    SetClient(nullptr);
+    if (!QCoreApplication::instance()) return;
+    hide();
+    if (IsBusy())
+        deleteLater();
+    else
+        delete this;
+}
+
+/// Tells the client of the state and the place that the desktop has given the window.
+void TWindowWidget::Report() {
+    if (FPlacing || !GetClient()) return;
+    if (const TWindowState state = StateOf(*this); state != FState) {
+        FState = state;
+        const TRect normal = RectOf(normalGeometry().topLeft(), normalGeometry().size());
+        GetClient()->HostStateChanged(state, normal.IsEmpty() ? FReported : normal);
+    }
+    const TRect place = RectOf(pos(), size());
+    if (FState == wsMinimized || place == FReported || !GetClient()) return;
+    FReported = place;
+    GetClient()->HostResized(place);
+}
+
+void TWindowWidget::resizeEvent(QResizeEvent* Event) {
+    TClientWidget::resizeEvent(Event);
+    Report();
+}
+
+void TWindowWidget::moveEvent(QMoveEvent* Event) {
+    TClientWidget::moveEvent(Event);
+    Report();
+}
+
+void TWindowWidget::changeEvent(QEvent* Event) {
+    TClientWidget::changeEvent(Event);
+    if (Event->type() == QEvent::WindowStateChange) Report();
+}
+
+void TWindowWidget::closeEvent(QCloseEvent* Event) {
+    Event->accept();
+    if (GetClient()) GetClient()->HostClosed();
+}
+
+} // namespace kx::qt
