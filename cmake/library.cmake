@@ -34,7 +34,7 @@ function(kx_library NAME)
     endif()
 endfunction()
 
-# kx_embed(NAME file...): makes the header embedded/NAME of text files, each as {"<name without suffix>", "<text>"},
+# kx_embed(NAME file...): makes the header <kxgraph/NAME> of text files, each as {"<name>", "<text>"},
 function(kx_embed NAME)
     set(entries "")
     foreach(file ${ARGN})
@@ -43,5 +43,5 @@ function(kx_embed NAME)
         file(READ ${file} text)
         string(APPEND entries "{\"${name}\", R\"text(${text})text\"},\n")
     endforeach()
-    file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/embedded/${NAME} CONTENT "${entries}" @ONLY)
+    file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/embedded/kxgraph/${NAME} CONTENT "${entries}" @ONLY)
 endfunction()

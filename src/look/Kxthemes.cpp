@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::pair<std::string_view, const char*> CThemes[] = {
     {"standard", ""},
-#include "themes.inc" // made of themes/*.theme by the build
+#include <kxgraph/look/themes.inc> // made of themes/*.theme by the build
 };
 
 } // namespace

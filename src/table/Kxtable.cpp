@@ -23,6 +23,9 @@ TKxTable::TKxTable(std::string_view Text, std::string Name, TKxTableFormat Forma
     : FText(Text), FName(std::move(Name)), FFormat(std::move(Format)),
       FShape(LookAtTable(FText.Get(), FName, FFormat)) {}
 
+TKxTable::TKxTable(std::string_view Text, std::string Name, TKxTableFormat Format, TKxTableShape Shape)
+    : FText(Text), FName(std::move(Name)), FFormat(std::move(Format)), FShape(std::move(Shape)) {}
+
 TKxTable::TKxTable(std::string_view Text, std::string Name, TKxHeaderRow Header)
     : TKxTable(Text, std::move(Name), [&] {
           TKxTableFormat format;

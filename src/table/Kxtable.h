@@ -38,6 +38,9 @@ public:
     /// for a table without rows.
     TKxTable(std::string_view Text, std::string Name, TKxTableFormat Format);
     TKxTable(std::string_view Text, std::string Name, TKxHeaderRow Header = TKxHeaderRow::Guess);
+    /// Does not look: Text is written as Shape says, which may be what GetShape has told of another part of
+    /// the same table, with BodyAt and BodyLine of this one. It may have no rows.
+    TKxTable(std::string_view Text, std::string Name, TKxTableFormat Format, TKxTableShape Shape);
 
     /// Adds a column that Function computes, row by row, from the values of columns of the file, of which
     /// there is one at least. Returns its number: they count on behind those of the file. Header finds it,
@@ -85,6 +88,8 @@ public:
     /// ETableError for rows as ReadColumns does.
     std::vector<std::string> ReadTexts(int Column) const;
 
+    /// What all cells of a column together tell of its numbers or dates.
+    TKxColumnWay LearnWay(int Column) const;
     /// How the table is read, every guess, in sentences without an end: "line 1 is the header".
     std::vector<std::string> Explain() const;
 
@@ -105,7 +110,6 @@ private:
     TKxTableBody Body() const { return TKxTableBody(FText.Get(), FShape, FFormat); }
     void CheckRow(const TKxTableBody& Rows, std::size_t Cells) const;
     void CheckBlock(const TKxTableBody& Rows) const;
-    TKxColumnWay LearnWay(int Column) const;
     void ExplainHead(std::vector<std::string>& Sentences) const;
     std::size_t ExpectedRows() const;
     [[noreturn]] void Fail(long Line, const std::string& What,

@@ -67,8 +67,8 @@ private:
 
 std::string MeaningOf(const TOptions& Options) {
     TMeaning meaning;
-    const auto& [data, batch, properties, columns, axes, functions, drawing, legend, analyses, fitting, bands,
-                 marks, labels, look, outputs] = Options;
+    const auto& [data, follow, batch, properties, columns, axes, functions, drawing, legend, analyses,
+                 fitting, bands, marks, labels, look, outputs] = Options;
     meaning.Add(data.File != "d.csv", data.File);
     meaning.Add(data.Header != kx::TKxHeaderRow::Guess,
                 data.Header == kx::TKxHeaderRow::Present ? "header" : "no header");
@@ -106,6 +106,8 @@ std::string MeaningOf(const TOptions& Options) {
     meaning.Add(drawing.Stack, "stack");
     meaning.Add(drawing.Shift, "shift");
     meaning.Add(drawing.Horizontal, "lie");
+    meaning.Add(follow.Wanted, "follow");
+    meaning.Add("window", follow.Window);
     meaning.Add("legend", legend.Place);
     meaning.Add(legend.None, "no legend");
     meaning.Add("do", analyses);

@@ -2,6 +2,7 @@
 
 #include "kxplot/batch/batch.h"
 #include "kxplot/fit/fit.h"
+#include "kxplot/follow/follow.h"
 #include "kxplot/form/notices.h"
 #include "kxplot/form/picture.h"
 #include "kxplot/form/properties.h"
@@ -39,10 +40,15 @@ constexpr const char* CSample = "x,y\n1,1\n2,3\n3,2\n4,5\n5,4\n6,6\n7,8\n8,7\n";
 
 constexpr int CFailure = 1, CUsage = 2, CInterrupted = 130; // the last as shells have it
 
+std::string TextOf(const std::string& File, const TOptions& Options) {
+    if (File.empty()) return CSample;
+    return Options.Follow.Wanted ? FollowToTheEnd(Options) : kx::ReadFile(File);
+}
+
 /// What Use makes of a table; what is wrong with it is told with the option that helps.
 template <class F>
 auto WithTable(const std::string& File, const TOptions& Options, F Use) {
-    const std::string text = File.empty() ? CSample : kx::ReadFile(File);
+    const std::string text = TextOf(File, Options);
     try {
         kx::TKxTable table(text,
                            File.empty()  ? "sample"

@@ -28,6 +28,7 @@ void AddDataOptions(CLI::App& App, TArguments& Given) {
     App.add_flag("--no-header", Given.NoHeader,
                  "the first row is data (default: it is a header when any text in it stands over numbers)");
     AddTableOptions(App, Given.Table);
+    AddFollowOptions(App, Given.Follow);
     App.add_option("-x", o.Columns.X,
                    "column of the x values: header text or 1-based number (default: the first)")
         ->type_name("COL");

@@ -16,6 +16,7 @@ namespace kxplot {
 struct TArguments {
     TOptions Options;
     TTableArguments Table;
+    TFollowArguments Follow;
     std::optional<std::string> Size, Style, Ground;
     std::optional<double> Scale, Dpi;
     std::optional<std::string> From, To, Iterations, Repeat, Bins, Legend;

@@ -33,8 +33,16 @@ TAssignment ParseAssignment(const std::string& Text) {
     return {Text.substr(0, equals), Text.substr(equals + 1)};
 }
 
+void CheckFollow(const TOptions& Options) {
+    if (!Options.Follow.Wanted) return;
+    if (!Options.Data.More.empty() || !Options.Batch.empty() || Options.Data.File.empty())
+        throw TUsageError("--follow: goes with one table alone");
+    if (Options.Data.Table.Explain) throw TUsageError("--follow: does not go with --explain");
+}
+
 void CheckData(const TOptions& Options) {
     const bool isBatch = !Options.Batch.empty();
+    CheckFollow(Options);
     CheckFunctions(Options.Functions, isBatch || !Options.Data.File.empty());
     if (Options.Data.File.empty() && !isBatch && !Options.Properties && Options.Functions.Functions.empty())
         throw TUsageError("DATA is required; kxplot --help tells more");
@@ -178,6 +186,7 @@ std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
         throw TUsageError(WithoutLongWords(error.what()));
     }
     TOptions& options = given.Options;
+    options.Follow = ParseFollow(given.Follow);
     CheckData(options);
     ReadHeader(given, options);
     ReadDrawing(given, options);

@@ -4,6 +4,7 @@
 #include "kxplot/options/analysisrequest.h"
 #include "kxplot/options/axesrequest.h"
 #include "kxplot/options/bandrequest.h"
+#include "kxplot/options/followrequest.h"
 #include "kxplot/options/functionsrequest.h"
 #include "kxplot/options/labelrequest.h"
 #include "kxplot/options/markrequest.h"
@@ -102,6 +103,7 @@ struct TOutputRequest {
 
 struct TOptions {
     TDataRequest Data;
+    TFollowRequest Follow;
     std::vector<std::string> Batch;        ///< patterns of names of tables, each for a picture of its own
     std::optional<std::string> Properties; ///< of which component they are to be listed; empty: of all
     TColumnRequest Columns;
