@@ -15,16 +15,16 @@
 namespace kx {
 
 void RegisterAnalysisClasses() {
-    RegisterClass<TKxLinearRegressionLine>("TKxLinearRegressionLine");
-    RegisterClass<TKxPolynomLine>("TKxPolynomLine");
-    RegisterClass<TKxInterpolatedLine>("TKxInterpolatedLine");
-    RegisterClass<TKxDifferential>("TKxDifferential");
-    RegisterClass<TKxIntegral>("TKxIntegral");
-    RegisterClass<TKxApproxSplineLine>("TKxApproxSplineLine");
-    RegisterClass<TKxASplineDifferential>("TKxASplineDifferential");
-    RegisterClass<TKxASplineIntegral>("TKxASplineIntegral");
-    RegisterClass<TKxFittedLine>("TKxFittedLine");
-    RegisterClass<TKxFitBand>("TKxFitBand");
+    RegisterClass<TKxLinearRegressionLine>("TKxLinearRegressionLine", CGraphPage);
+    RegisterClass<TKxPolynomLine>("TKxPolynomLine", CGraphPage);
+    RegisterClass<TKxInterpolatedLine>("TKxInterpolatedLine", CGraphPage);
+    RegisterClass<TKxDifferential>("TKxDifferential", CGraphPage);
+    RegisterClass<TKxIntegral>("TKxIntegral", CGraphPage);
+    RegisterClass<TKxApproxSplineLine>("TKxApproxSplineLine", CGraphPage);
+    RegisterClass<TKxASplineDifferential>("TKxASplineDifferential", CGraphPage);
+    RegisterClass<TKxASplineIntegral>("TKxASplineIntegral", CGraphPage);
+    RegisterClass<TKxFittedLine>("TKxFittedLine", CGraphPage);
+    RegisterClass<TKxFitBand>("TKxFitBand", CGraphPage);
 }
 
 } // namespace kx

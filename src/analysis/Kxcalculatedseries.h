@@ -165,6 +165,7 @@ protected:
     }
 
     void Notification(TComponent* Component, TOperation Operation) override;
+    void Loaded() override;
     void FOnWeightChanged(int Index, bool WasDeleted) override;
     bool FollowsVectors() const override { return false; }
     bool BreaksAtGaps() const override { return true; }
@@ -183,6 +184,7 @@ private:
     void SettingChanged();
     void Join(TKxNotCalculatedSeries* Parent);
     void LoadParent(TKxNotCalculatedSeries* Parent);
+    void LoadWeight(TKxCustomRealVector* Vector) { TKxSeries::SetWeight(Vector); }
     void Leave();
     void LoseResults();
     void LoseData();

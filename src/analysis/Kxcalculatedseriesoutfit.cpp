@@ -11,9 +11,19 @@ void TKxCalculatedSeries::ReadFromIni(TKxIniList& Ini, const AnsiString& Section
     ParentModified();
 }
 
+// Axes that a form file has given go before those of the parent.
 void TKxCalculatedSeries::LoadParent(TKxNotCalculatedSeries* Parent) {
+    TKxAxis* x = IsIn(csLoading) ? GetXAxis() : nullptr;
+    TKxAxis* y = IsIn(csLoading) ? GetYAxis() : nullptr;
     Leave();
     Join(Parent);
+    if (x) SetXAxis(x);
+    if (y) SetYAxis(y);
+}
+
+void TKxCalculatedSeries::Loaded() {
+    TKxSeries::Loaded();
+    ParentModified();
 }
 
 namespace {
@@ -36,7 +46,10 @@ const TPropertyTable& TKxCalculatedSeries::Properties() {
         "TKxCalculatedSeries", &TKxSeries::Properties(),
         {
             PublishedObject<&T::GetAreaStyle>("AreaStyle", "the area between curve and zero"),
-            Published<&T::GetWeight, &T::SetWeight>("Weight", nullptr, "own weights of the parent's points"),
+            Published<&T::GetWeight, &T::SetWeight>(
+                "Weight", nullptr, "own weights of the parent's points",
+                [](const TPersistent& O) { return !static_cast<const T&>(O).FParentWeight; })
+                .LoadedBy(Into<&T::LoadWeight>()),
             Published<&T::GetParentSeries, &T::SetParentSeries>("ParentSeries", nullptr,
                                                                 "the series whose data are analysed")
                 .LoadedBy(Into<&T::LoadParent>()),

@@ -17,6 +17,7 @@ constexpr std::size_t CBlock = 1000;
 void TKxFittedLine::SetOrder(int Order) {
     if (Order == FCoefficients.Length()) return;
     FCoefficients.SetLength(std::max(Order, 0));
+    FStart.resize(std::size_t(GetOrder()));
     EndCalculation(); // it counts on the order that it began with
     ParentModified();
 }
@@ -56,6 +57,7 @@ double TKxFittedLine::GetCoefficient(int I) const {
 
 void TKxFittedLine::SetCoefficient(int I, double Value) {
     CheckIndex(I);
+    FStart[std::size_t(I)] = Value;
     if (FCoefficients[I] == Value) return;
     FCoefficients[I] = Value;
     ParentModified();

@@ -85,6 +85,13 @@ public:
     /// Raise ERangeError "Fitted Line: Index of coefficient out of range".
     double GetCoefficient(int I) const;
     void SetCoefficient(int I, double Value);
+    /// As they were set last, whatever fits have made of them since. These are what form files hold: what a
+    /// fit has found is a result.
+    const std::vector<double>& GetStartCoefficients() const { return FStart; }
+    /// What makes an expression the model of a line that was read from a form file without a function; it
+    /// leaves the line as it is where it cannot. The formula library enters itself.
+    using TKxFormulaBinder = void (*)(TKxFittedLine& Line);
+    static void SetFormulaBinder(TKxFormulaBinder Binder) { FFormulaBinder = Binder; }
     /// What the coefficients are called; may be fewer than there are. They then stand in the results under
     /// their names, too.
     const std::vector<AnsiString>& GetCoefficientNames() const { return FNames; }
@@ -146,6 +153,9 @@ public:
 
 protected:
     bool HearsOfAll() const override { return IsBeyond<TKxFittedLine>(); }
+    /// "Coefficients", those to start from, and "CoefficientNames".
+    void DefineProperties(TFiler& Filer) override;
+    void Loaded() override;
     void CalculateFunction() override;
     /// Moves the coefficients to the smallest sum. Raises EMathError "Simplex Fit: no order set!", "Simplex
     /// Fit: no iterations set!", "Not enough data!" for fewer points than coefficients, "Reciprocal
@@ -159,6 +169,11 @@ protected:
     static bool IsImproved(double Sum, double Before) { return Before - Sum > CLeastImprovement * Before; }
 
 private:
+    static inline TKxFormulaBinder FFormulaBinder = nullptr;
+    void ReadCoefficients(TReader& Reader);
+    void WriteCoefficients(TWriter& Writer) const;
+    void ReadNames(TReader& Reader);
+    void WriteNames(TWriter& Writer) const;
     std::vector<double> KeptCoefficients() const;
     void LoadCoefficients(const std::vector<double>& Values);
     static constexpr double CLeastImprovement = 1e-8;
@@ -208,6 +223,7 @@ private:
     AnsiString FExpression, FFixed, FBounds;
     std::vector<AnsiString> FNames;
     TKxRealArray FCoefficients;
+    std::vector<double> FStart;
     std::vector<TKxCoefficientLimits> FLimits; // of the fit, one a coefficient
     TKxCovariance FCovariance;
     double FChiSquare = 0, FSumOfSquares = 0, FDetermination = NAN;

@@ -3,6 +3,7 @@
 #include <kxgraph/analysis/Kxfittedline.h>
 #include <kxgraph/numeric/Kxstrings.h>
 #include <kxgraph/platform/objects/published.h>
+#include <kxgraph/platform/streaming/filer.h>
 
 #include <algorithm>
 #include <cmath>
@@ -62,10 +63,59 @@ std::vector<double> TKxFittedLine::KeptCoefficients() const {
 
 void TKxFittedLine::LoadCoefficients(const std::vector<double>& Values) {
     std::copy(Values.begin(), Values.end(), FCoefficients.begin());
+    FStart = Values;
+}
+
+void TKxFittedLine::DefineProperties(TFiler& Filer) {
+    TKxCalculatedSeries::DefineProperties(Filer);
+    Filer.DefineProperty(
+        "Coefficients", [this](TReader& Reader) { ReadCoefficients(Reader); },
+        [this](TWriter& Writer) { WriteCoefficients(Writer); }, [this] { return GetOrder() > 0; });
+    Filer.DefineProperty(
+        "CoefficientNames", [this](TReader& Reader) { ReadNames(Reader); },
+        [this](TWriter& Writer) { WriteNames(Writer); }, [this] { return !FNames.empty(); });
+}
+
+void TKxFittedLine::WriteCoefficients(TWriter& Writer) const {
+    Writer.WriteListBegin();
+    for (const double start : FStart) Writer.WriteFloat(start);
+    Writer.WriteListEnd();
+}
+
+// They may come without an Order.
+void TKxFittedLine::ReadCoefficients(TReader& Reader) {
+    std::vector<double> start;
+    Reader.ReadListBegin();
+    while (!Reader.EndOfList()) start.push_back(Reader.ReadFloat());
+    if (GetOrder() == 0) SetOrder(int(start.size()));
+    if (int(start.size()) != GetOrder())
+        Reader.Refuse(std::to_string(GetOrder()) + " coefficients are expected, not " +
+                      std::to_string(start.size()));
+    Reader.ReadListEnd();
+    LoadCoefficients(start);
+}
+
+void TKxFittedLine::WriteNames(TWriter& Writer) const {
+    Writer.WriteListBegin();
+    for (const AnsiString& name : FNames) Writer.WriteString(name);
+    Writer.WriteListEnd();
+}
+
+void TKxFittedLine::ReadNames(TReader& Reader) {
+    Reader.ReadListBegin();
+    while (!Reader.EndOfList()) FNames.push_back(Reader.ReadString());
+    Reader.ReadListEnd();
+}
+
+void TKxFittedLine::Loaded() {
+    if (!FFittingFunction && !FExpression.empty() && FFormulaBinder) FFormulaBinder(*this);
+    TKxCalculatedSeries::Loaded();
 }
 
 const TPropertyTable& TKxFittedLine::Properties() {
     using T = TKxFittedLine;
+    TProperty fitted = Kept<&T::KeptCoefficients, &T::LoadCoefficients>("Coefs");
+    fitted.Stored = [](const TPersistent&) { return false; }; // form files have those to start from
     static const TPropertyTable table(
         "TKxFittedLine", &TKxCalculatedSeries::Properties(),
         {
@@ -96,8 +146,7 @@ const TPropertyTable& TKxFittedLine::Properties() {
         },
         // Coefficients that were saved with another number of them are of no use.
         {"Expression", ReadOnly<&T::GetOrder>("Order"), "Iterations", ReadOnly<&T::GetChiSquare>("ChiSquare"),
-         "CheckConvergence", Kept<&T::KeptCoefficients, &T::LoadCoefficients>("Coefs"), "Method",
-         "FixedCoefficients", "Bounds"});
+         "CheckConvergence", fitted, "Method", "FixedCoefficients", "Bounds"});
     return table;
 }
 

@@ -9,18 +9,20 @@
 #include <kxgraph/platform/controls/controlclasses.h>
 #include <kxgraph/platform/objects/classes.h>
 #include <kxgraph/series/Kxseriesclasses.h>
+#include <kxgraph/table/Kxfilevector.h>
 
 namespace kx {
 
 void RegisterClasses() {
     RegisterControlClasses();
     RegisterVectorClasses();
+    RegisterTableClasses();
     RegisterGraphClasses();
     RegisterSeriesClasses();
     RegisterAnalysisClasses();
-    RegisterClass<TKxLabel>("TKxLabel");
-    RegisterClass<TKxLegend>("TKxLegend");
-    RegisterClass<TKxResultLabel>("TKxResultLabel");
+    RegisterClass<TKxLabel>("TKxLabel", CGeneralPage);
+    RegisterClass<TKxLegend>("TKxLegend", CGraphPage);
+    RegisterClass<TKxResultLabel>("TKxResultLabel", CGraphPage);
 }
 
 } // namespace kx

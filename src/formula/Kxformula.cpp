@@ -189,4 +189,26 @@ void SetFormula(TKxFittedLine& Line, const std::string& Expression, const std::v
                                      std::span<double> Y) { formula->Evaluate(X, spanOf(Coefficients), Y); });
 }
 
+namespace {
+
+/// An expression may be a program's own words for what it fits: it then stays what it is.
+void BindFormula(TKxFittedLine& Line) {
+    const std::vector<std::string> names = Line.GetCoefficientNames();
+    try {
+        TKxFormula formula(Line.GetExpression());
+        if (!names.empty()) formula.SetCoefficientNames(names);
+        const int count = int(formula.GetCoefficientNames().size());
+        if (Line.GetOrder() == 0 || Line.GetOrder() == count) SetFormula(Line, Line.GetExpression(), names);
+    } catch (const EFormulaError&) {
+        return;
+    }
+}
+
+} // namespace
+
 } // namespace kx
+
+/// Makes the library known to fitted lines. What links the library asks for this name, or an archive would
+/// leave it out of programs that name no formula themselves.
+extern "C" int kxgraph_formula_binds;
+int kxgraph_formula_binds = (kx::TKxFittedLine::SetFormulaBinder(kx::BindFormula), 1);

@@ -24,6 +24,15 @@ void TKxAxis::LoadOutfit(const AnsiString& Section, TKxIniList& Ini) {
 const TPropertyTable& TKxAxis::PublishedProperties() const { return Properties(); }
 
 const TPropertyTable& TKxAxis::Properties() {
+    // An end that data make anew is no setting.
+    const auto isOwnStart = [](const TPersistent& O) {
+        const auto& axis = static_cast<const TKxAxis&>(O);
+        return axis.GetStartEnd() != AxAutoRange || !axis.FRange.HasValues();
+    };
+    const auto isOwnStop = [](const TPersistent& O) {
+        const auto& axis = static_cast<const TKxAxis&>(O);
+        return axis.GetStopEnd() != AxAutoRange || !axis.FRange.HasValues();
+    };
     static const TPropertyTable table(
         "TKxAxis", &TGraphicControl::Properties(),
         {
@@ -48,8 +57,8 @@ const TPropertyTable& TKxAxis::Properties() {
                                                                     "how the lower end follows the data"),
             Published<&TKxAxis::GetStopEnd, &TKxAxis::SetStopEnd>("StopEnd", AxAutoRange,
                                                                   "how the upper end follows the data"),
-            Published<&TKxAxis::GetStart, &TKxAxis::SetStart>("Start", 0.0, "lower end"),
-            Published<&TKxAxis::GetStop, &TKxAxis::SetStop>("Stop", 100.0, "upper end"),
+            Published<&TKxAxis::GetStart, &TKxAxis::SetStart>("Start", 0.0, "lower end", isOwnStart),
+            Published<&TKxAxis::GetStop, &TKxAxis::SetStop>("Stop", 100.0, "upper end", isOwnStop),
             Published<&TKxAxis::GetTickPart, &TKxAxis::SetTickPart>(
                 "TickPart", std::monostate{}, "step of minor ticks, in units of the span's power of ten",
                 HasOwnTicks),

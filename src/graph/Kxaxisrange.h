@@ -48,6 +48,7 @@ public:
     /// The extents of what is drawn, not owned, and what holds all of them.
     TKxRangeUnion& Extents() { return FExtents; }
     TRange& Values() { return FValues; }
+    bool HasValues() const { return FValues.GetStart() <= FValues.GetStop(); }
     /// Moves the ends that follow the data: those of the unzoomed view, whether it is shown or not. Changed
     /// is the extent that has; null when one has come or gone.
     bool Follow(const TRange* Changed);

@@ -67,7 +67,7 @@ void TKx2DGraph::SetPrimaryXAxis(TKxAxis* Axis) {
     FPrimaryXAxis = Axis;
     if (!Axis) return;
     Axis->FreeNotification(this);
-    Axis->SetPosition(AxBottomPos);
+    if (!IsIn(csLoading) || !Axis->IsHorizontal()) Axis->SetPosition(AxBottomPos); // where a file has it
     Modified();
 }
 
@@ -76,7 +76,7 @@ void TKx2DGraph::SetPrimaryYAxis(TKxAxis* Axis) {
     FPrimaryYAxis = Axis;
     if (!Axis) return;
     Axis->FreeNotification(this);
-    Axis->SetPosition(AxLeftPos);
+    if (!IsIn(csLoading) || Axis->IsHorizontal()) Axis->SetPosition(AxLeftPos);
     Modified();
 }
 

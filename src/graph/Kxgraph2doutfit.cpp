@@ -43,11 +43,13 @@ const TPropertyTable& TKx2DGraph::PublishedProperties() const { return Propertie
 
 const TPropertyTable& TKx2DGraph::Properties() {
     using T = TKx2DGraph;
+    TProperty titleFont = PublishedObject<&T::GetGraphTitleFont>("TitleFont", "font of the title");
+    titleFont.Stored = [](const TPersistent& O) { return static_cast<const T&>(O).FTitleFontOwn; };
     static const TPropertyTable table(
         "TKx2DGraph", &TCustomPanel::Properties(),
         {
             Published<&T::GetAutoZoom, &T::SetAutoZoom>("AutoZoom", false, "dragging a rectangle zooms"),
-            PublishedObject<&T::GetGraphTitleFont>("TitleFont", "font of the title"),
+            titleFont,
             Published<&T::GetPrimaryXAxis, &T::SetPrimaryXAxis>("PrimaryXAxis", nullptr,
                                                                 "axis at the bottom, which the grid follows"),
             Published<&T::GetPrimaryYAxis, &T::SetPrimaryYAxis>("PrimaryYAxis", nullptr,

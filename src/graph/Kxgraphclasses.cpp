@@ -7,8 +7,8 @@
 namespace kx {
 
 void RegisterGraphClasses() {
-    RegisterClass<TKx2DGraph>("TKx2DGraph");
-    RegisterClass<TKxAxis>("TKxAxis");
+    RegisterClass<TKx2DGraph>("TKx2DGraph", CGraphPage);
+    RegisterClass<TKxAxis>("TKxAxis", CGraphPage);
 }
 
 } // namespace kx

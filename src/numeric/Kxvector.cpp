@@ -3,6 +3,7 @@
 #include <kxgraph/platform/base/scopedvalue.h>
 #include <kxgraph/platform/objects/ownthread.h>
 #include <kxgraph/platform/objects/published.h>
+#include <kxgraph/platform/streaming/filer.h>
 
 #include <algorithm>
 #include <atomic>
@@ -194,6 +195,25 @@ const TPropertyTable& TKxRealVector::Properties() {
          Published<&V::GetIncrement, &V::SetIncrement>(
              "Increment", std::monostate{}, "Number of values by which the capacity grows, 50 or more")});
     return table;
+}
+
+void TKxRealVector::DefineProperties(TFiler& Filer) {
+    TKxCustomRealVector::DefineProperties(Filer);
+    Filer.DefineProperty(
+        "Values", [this](TReader& Reader) { LoadVariables(Reader); },
+        [this](TWriter& Writer) { StoreVariables(Writer); }, [this] { return FPersistentValues; });
+}
+
+void TKxRealVector::StoreVariables(TWriter& Writer) const {
+    Writer.WriteListBegin();
+    for (const double value : Values()) Writer.WriteFloat(value);
+    Writer.WriteListEnd();
+}
+
+void TKxRealVector::LoadVariables(TReader& Reader) {
+    Reader.ReadListBegin();
+    while (!Reader.EndOfList()) SetValue(FCount, Reader.ReadFloat());
+    Reader.ReadListEnd();
 }
 
 void TKxLiveVector::SetValue(int Index, double Value) {

@@ -16,6 +16,9 @@
 
 namespace kx {
 
+class TReader;
+class TWriter;
+
 /// Index of the element concerned, or -1 for the whole vector; whether it is being removed (or, with -1, the
 /// vector cleared or reloaded) rather than set.
 using TKxValueIChangedEvent = TEvent<int, bool>;
@@ -179,8 +182,13 @@ public:
 
 protected:
     bool HearsOfAll() const override { return IsBeyond<TKxRealVector>(); }
+    /// "Values", with PersistentValues.
+    void DefineProperties(TFiler& Filer) override;
 
 private:
+    void LoadVariables(TReader& Reader);
+    void StoreVariables(TWriter& Writer) const;
+
     bool FPersistentValues = false;
 };
 

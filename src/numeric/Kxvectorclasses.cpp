@@ -6,8 +6,8 @@
 namespace kx {
 
 void RegisterVectorClasses() {
-    RegisterClass<TKxRealVector>("TKxRealVector");
-    RegisterClass<TKxLiveVector>("TKxLiveVector");
+    RegisterClass<TKxRealVector>("TKxRealVector", CGeneralPage);
+    RegisterClass<TKxLiveVector>("TKxLiveVector", CGeneralPage);
 }
 
 } // namespace kx

@@ -284,6 +284,7 @@ private:
     bool MayKeepLine() const;
     void UpdateChildren(bool PassOn);
     void ShowCaption(const AnsiString& Caption);
+    void LoadCaption(const AnsiString& Caption) { ShowCaption(FCaption.LoadShown(Caption)); }
     void OrderChanged();
     template <class P>
     void MarkGaps(int First, std::span<P> Points) const;

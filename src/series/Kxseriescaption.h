@@ -25,6 +25,17 @@ struct TKxSeriesCaption {
         User = Caption;
         return DoUser ? Shown = User : Shown;
     }
+    /// Of a file, which may hold the user's, before this, where it differs.
+    const AnsiString& LoadShown(const AnsiString& Caption) {
+        if (DoUser || User.empty()) (DoUser ? Auto : User) = Caption;
+        return Shown = Caption;
+    }
+    /// Whether the user's is nowhere else.
+    bool HasUserApart() const { return DoUser || User != Shown; }
+    /// Whether what is shown follows from the others.
+    bool IsShownOfOthers(bool IsComputed) const {
+        return DoUser ? Shown == User : IsComputed && Shown == Auto;
+    }
     const AnsiString& SetAuto(const AnsiString& Caption) {
         Auto = Caption;
         return DoUser ? Shown : Shown = Auto;

@@ -9,12 +9,12 @@
 namespace kx {
 
 void RegisterSeriesClasses() {
-    RegisterClass<TKxLineSeries>("TKxLineSeries");
-    RegisterClass<TKxDataSeries>("TKxDataSeries");
-    RegisterClass<TKxDataWithErrorSeries>("TKxDataWithErrorSeries");
-    RegisterClass<TKxBarSeries>("TKxBarSeries");
-    RegisterClass<TKxArrowSeries>("TKxArrowSeries");
-    RegisterClass<TKxRuleSeries>("TKxRuleSeries");
+    RegisterClass<TKxLineSeries>("TKxLineSeries", CGraphPage);
+    RegisterClass<TKxDataSeries>("TKxDataSeries", CGraphPage);
+    RegisterClass<TKxDataWithErrorSeries>("TKxDataWithErrorSeries", CGraphPage);
+    RegisterClass<TKxBarSeries>("TKxBarSeries", CGraphPage);
+    RegisterClass<TKxArrowSeries>("TKxArrowSeries", CGraphPage);
+    RegisterClass<TKxRuleSeries>("TKxRuleSeries", CGraphPage);
 }
 
 } // namespace kx

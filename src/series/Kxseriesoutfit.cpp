@@ -34,6 +34,16 @@ void TKxSeries::ReadFromIni(TKxIniList& Ini, const AnsiString& Section) {
 
 const TPropertyTable& TKxSeries::Properties() {
     using T = TKxSeries;
+    // What a calculation has made of a series is no setting of it.
+    const auto isMeasured = [](const TPersistent& O) { return !static_cast<const T&>(O).IsCalculated(); };
+    const auto isOwnCaption = [](const TPersistent& O) {
+        const auto& series = static_cast<const T&>(O);
+        return !series.FCaption.IsShownOfOthers(series.IsCalculated());
+    };
+    TProperty userCaption = Kept<&T::GetUserCaption, &T::SetUserCaption>("UserCaption");
+    userCaption.Stored = [](const TPersistent& O) {
+        return static_cast<const T&>(O).FCaption.HasUserApart();
+    };
     static const TPropertyTable table(
         "TKxSeries", &TComponent::Properties(),
         {
@@ -41,15 +51,16 @@ const TPropertyTable& TKxSeries::Properties() {
             Published<&T::GetIncludeInLegend, &T::SetIncludeInLegend>("IncludeInLegend", true,
                                                                       "has an entry in legends")
                 .IfMissing(true),
-            Published<&T::GetCaption, &T::SetCaption>("Caption", "", "rich caption"),
+            Published<&T::GetCaption, &T::SetCaption>("Caption", "", "rich caption", isOwnCaption)
+                .LoadedBy(Into<&T::LoadCaption>()),
         },
-        {Kept<&T::GetDoUserCaption, &T::SetDoUserCaption>("DoUserCaption"),
-         Kept<&T::GetUserCaption, &T::SetUserCaption>("UserCaption"), "IncludeInLegend", "LineStyle",
+        {Kept<&T::GetDoUserCaption, &T::SetDoUserCaption>("DoUserCaption"), userCaption, "IncludeInLegend",
+         "LineStyle",
          PublishedObject<&T::GetAreaStyle>("AreaStyle", "the area between line and zero").WithKey("Area"),
          Published<&T::GetXAxis, &T::SetXAxis>("XAxis", nullptr, "horizontal axis"),
          Published<&T::GetYAxis, &T::SetYAxis>("YAxis", nullptr, "vertical axis"),
-         Published<&T::GetXData, &T::SetXData>("XData", nullptr, "vector of the x values"),
-         Published<&T::GetYData, &T::SetYData>("YData", nullptr, "vector of the y values"),
+         Published<&T::GetXData, &T::SetXData>("XData", nullptr, "vector of the x values", isMeasured),
+         Published<&T::GetYData, &T::SetYData>("YData", nullptr, "vector of the y values", isMeasured),
          Published<&T::GetWeight, &T::SetWeight>("Weight", nullptr, "vector of the weights"),
          ReadOnly<&T::GetChildCount>("ChildCount")});
     return table;

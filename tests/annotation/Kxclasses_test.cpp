@@ -12,6 +12,7 @@
 #include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/objects/classes.h>
 #include <kxgraph/platform/objects/propertytext.h>
+#include <kxgraph/platform/streaming/formfile.h>
 
 #include <gtest/gtest.h>
 
@@ -20,6 +21,7 @@
 #include <numeric>
 #include <random>
 #include <set>
+#include <sstream>
 
 namespace kx {
 namespace {
@@ -48,12 +50,18 @@ struct TAll {
     T& Get(std::string_view Name) {
         return dynamic_cast<T&>(*Form->FindComponent(Name));
     }
+    /// Vectors that get their values elsewhere serve nobody here.
+    static bool IsBound(const TComponent& Part) {
+        return dynamic_cast<const TKxCustomRealVector*>(&Part) && typeid(Part) != typeid(TKxRealVector) &&
+               typeid(Part) != typeid(TKxLiveVector);
+    }
     /// The first of those that the property takes; for the second of a pair (YAxis, dYData) the last.
     TComponent* For(const TProperty& Property, const TPersistent* Object) const {
         TComponent* found = nullptr;
         const bool takesLast = Property.Name.find('Y') != Property.Name.npos;
         for (TComponent* part : Parts)
-            if (part != Object && Property.Accepts(part) && (!found || takesLast)) found = part;
+            if (part != Object && Property.Accepts(part) && !IsBound(*part) && (!found || takesLast))
+                found = part;
         return found;
     }
 
@@ -156,6 +164,114 @@ TEST(Classes, OutfitsBringBackWhatWasSaved) {
     test::ExpectRecording("outfits", listed);
 }
 
+/// What a property has and what an outfit keeps beside, sub-objects' rows with the path to them.
+struct TPath {
+    std::string Name;
+    std::vector<TProperty> Rows; ///< the last one is the property, those before lead to it
+
+    TPersistent& Inner(TComponent& Component) const {
+        TPersistent* object = &Component;
+        for (std::size_t i = 0; i + 1 < Rows.size(); ++i)
+            object = std::get<TPersistent*>(Rows[i].Get(*object));
+        return *object;
+    }
+    std::string Text(TComponent& Component) const {
+        return PropertyToText(Rows.back(), Rows.back().Get(Inner(Component)));
+    }
+    bool IsStored(TComponent& Component) const {
+        TPersistent* object = &Component;
+        for (const TProperty& row : Rows) {
+            if (row.Stored && !row.Stored(*object)) return false;
+            if (row.Kind == TPropertyKind::SubObject) object = std::get<TPersistent*>(row.Get(*object));
+        }
+        return true;
+    }
+};
+
+/// What a property counts for only where another one has this value.
+void Prepare(TComponent& Part, const std::string& Property) {
+    const bool isSize = Property == "Width" || Property == "Height";
+    const char* other = isSize ? "AutoSize" : Property.ends_with("Part") ? "AutoTicks" : "Name";
+    if (other != std::string("Name") && Part.PublishedProperties().Find(other))
+        SetPropertyText(Part, other, "0");
+}
+
+std::vector<TPath> PathsOf(const TPropertyTable& Table, TPersistent& Fresh) {
+    std::vector<TProperty> rows;
+    for (const TProperty* row : Table.All()) rows.push_back(*row);
+    for (const TPropertyTable* table = &Table; table; table = table->GetBase())
+        for (const TProperty& row : table->GetKept())
+            if (!Table.Find(row.Name)) rows.push_back(row);
+    std::vector<TPath> paths;
+    for (const TProperty& row : rows) {
+        if (HasText(row)) paths.push_back({std::string(row.Name), {row}});
+        if (row.Kind != TPropertyKind::SubObject) continue;
+        TPersistent& inner = *std::get<TPersistent*>(row.Get(Fresh));
+        for (TPath& path : PathsOf(inner.PublishedProperties(), inner)) {
+            path.Rows.insert(path.Rows.begin(), row);
+            paths.push_back({std::string(row.Name) + "." + path.Name, std::move(path.Rows)});
+        }
+    }
+    return paths;
+}
+
+TEST(Classes, FormFilesBringBackEachPropertyOffItsDefault) {
+    std::set<std::string> unset, unstored;
+    RegisterClasses();
+    for (const auto& type : RegisteredClasses()) {
+        TAll all;
+        test::TFaults faults;
+        const std::unique_ptr<TComponent> fresh(type.Make(nullptr));
+        const std::vector<TPath> paths = PathsOf(type.Properties(), *fresh);
+        std::vector<TComponent*> changed;
+        for (const TPath& path : paths) {
+            const std::string name = path.Name;
+            TComponent& part = *all.Add(type, 100 + int(changed.size()));
+            Prepare(part, name);
+            TPersistent& inner = path.Inner(part);
+            const std::string before = path.Text(part), kept = part.GetName();
+            test::MessageOf([&] { path.Rows.back().Set(inner, Other(all, path.Rows.back(), inner)); });
+            if (path.Text(part) == before) unset.insert(std::string(type.Name) + "." + name);
+            part.SetName(kept);
+            changed.push_back(&part);
+        }
+        const std::string text = FormToText(*all.Form);
+        const auto read = FormFromText(text);
+        EXPECT_EQ(FormToText(*read), text) << type.Name;
+        for (std::size_t i = 0; i < paths.size(); ++i) {
+            TComponent& part = *changed[i];
+            if (!paths[i].IsStored(part)) unstored.insert(paths[i].Name);
+            TComponent* again = read->FindComponent(part.GetName());
+            for (const TPath& path : paths) {
+                if (!path.IsStored(part)) continue;
+                EXPECT_EQ(path.Text(*again), path.Text(part))
+                    << type.Name << "." << path.Name << " with " << paths[i].Name;
+            }
+        }
+    }
+    EXPECT_EQ(unset, std::set<std::string>{"TKxFittedLine.Coefs"}) << "of a line without coefficients";
+    for (const char* of : {"CaptionFont.", "Font.", "TitleFont."}) // Style and Height hold them
+        for (const char* part : {"Bold", "Italic", "Underline", "StrikeOut", "Size"})
+            EXPECT_EQ(unstored.erase(std::string(of) + part), 1u);
+    EXPECT_EQ(unstored, (std::set<std::string>{"Coefs", "Name", "XData", "YData"})) << "what is computed";
+}
+
+TEST(Classes, FormFilesHoldNoDefaultsOfFreshObjects) {
+    TAll all;
+    const std::string text = FormToText(*all.Form);
+    const TPropertyTable* table = nullptr;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        if (const auto colon = line.find(": T"); colon != line.npos)
+            table = &FindClass(line.substr(colon + 2))->Properties();
+        const auto equals = line.find(" = "), start = line.find_first_not_of(' ');
+        if (equals == line.npos || line.find("Parent = nil") != line.npos) continue;
+        const std::string name = line.substr(start, equals - start);
+        const TProperty* row = table->Find(name);
+        EXPECT_TRUE(row && row->Default.index() == 0) << line << " of " << table->GetClassName();
+    }
+}
+
 /// All components bound to one another as far as their properties take them, and some data.
 struct TBound : TAll {
     TBound() {
@@ -197,6 +313,23 @@ struct TBound : TAll {
     }
     const std::vector<TComponent*> Doomed = Parts; ///< all, also when some have gone
 };
+
+TEST(Classes, FormFilesBringBackAWholeFormWithAllItsReferences) {
+    test::TFaults faults;
+    TBound all;
+    for (int round = 0; round < 2; ++round) {
+        const std::string text = FormToText(*all.Form);
+        const auto read = FormFromText(text);
+        EXPECT_EQ(FormToText(*read), text);
+        all.ForReferences([&](TComponent* Part, const TProperty& Property) {
+            TComponent* target = std::get<TComponent*>(Property.Get(*Part));
+            TComponent* again = std::get<TComponent*>(Property.Get(*read->FindComponent(Part->GetName())));
+            EXPECT_EQ(target ? target->GetName() : "", again ? again->GetName() : "")
+                << Part->GetName() << Property.Name;
+        });
+        for (TComponent* part : all.Parts) ChangeRows(all, *part, part->PublishedProperties());
+    }
+}
 
 TEST(Classes, EitherOfTwoThatReferToOneAnotherMayBeDestroyedFirst) {
     test::TFaults faults;

@@ -5,6 +5,9 @@
 #include "support/cputime.h"
 #include "support/graphfixture.h"
 
+#include <kxgraph/annotation/Kxclasses.h>
+#include <kxgraph/platform/streaming/formfile.h>
+
 #include <algorithm>
 #include <bit>
 #include <clocale>
@@ -208,6 +211,62 @@ TEST(Formula, FitsWhatIsKnownToBeHardByDampedLeastSquares) {
             for (std::size_t k = 0; k < start.size(); ++k)
                 EXPECT_NEAR(line.GetCoefficient(int(k)) / expected[k], 1, 2e-9) << text << ", " << names[k];
         }
+}
+
+constexpr const char* CFit = R"(object F: TForm
+  object X: TKxLiveVector
+    PersistentValues = True
+    Values = (0 1 2 3)
+  end
+  object Y: TKxLiveVector
+    PersistentValues = True
+    Values = (1 3.1 4.9 7)
+  end
+  object S: TKxDataSeries
+    XAxis = A
+    YAxis = B
+    XData = X
+    YData = Y
+  end
+  object L: TKxFittedLine
+    ParentSeries = S
+    Expression = "b*x+a"
+    Coefficients = (0.5 2)
+    CoefficientNames = ("a" "b")
+  end
+  object G: TKx2DGraph
+    PrimaryXAxis = A
+    PrimaryYAxis = B
+    object A: TKxAxis
+    end
+    object B: TKxAxis
+    end
+  end
+end
+)";
+
+TEST(Formula, BindsItselfToALineThatIsReadAndAFitLeavesTheFileAsItIs) {
+    RegisterClasses();
+    const auto form = FormFromText(CFit);
+    auto& line = dynamic_cast<TKxFittedLine&>(*form->FindComponent("L"));
+    const std::string before = FormToText(*form);
+    line.Calculate();
+    EXPECT_NEAR(line.GetCoefficient(0), 1.03, 1e-6);
+    EXPECT_NEAR(line.GetCoefficient(1), 1.98, 1e-6);
+    EXPECT_EQ(FormToText(*form), before) << "neither coefficients nor caption nor ends of axes";
+    EXPECT_NE(before.find("Coefficients = (0.5 2)\n    CoefficientNames = (\"a\" \"b\")\n"), before.npos);
+    EXPECT_EQ(FormToText(*FormFromText(before)), before);
+    // Words of a program's own, and a formula of other coefficients, stay what they are.
+    std::string other = CFit;
+    for (const char* text : {"Gauss, see chapter 3", "c*x+a"}) {
+        other.replace(other.find("Expression"), other.find("\n    Coef") - other.find("Expression"),
+                      "Expression = \"" + std::string(text) + "\"");
+        const auto kept = FormFromText(other);
+        const auto& untouched = dynamic_cast<TKxFittedLine&>(*kept->FindComponent("L"));
+        EXPECT_EQ(untouched.GetExpression(), text);
+        EXPECT_FALSE(untouched.GetFittingFunction());
+        EXPECT_EQ(untouched.GetOrder(), 2);
+    }
 }
 
 } // namespace

@@ -48,6 +48,12 @@ class EFileError : public Exception {
     using Exception::Exception;
 };
 
+/// A form file cannot be read, or a form cannot be written into one. What reads says where: "axes.kxf:3:5:
+/// ..."
+class EFormError : public Exception {
+    using Exception::Exception;
+};
+
 /// The base of the errors of arithmetic.
 class EMathError : public Exception {
     using Exception::Exception;

@@ -44,6 +44,9 @@ public:
     /// Moves the control to the top of Parent's children; null takes it away. Raises Exception ("A control
     /// cannot be its own parent") when Parent is this control or lies in it.
     virtual void SetParent(TWinControl* Parent);
+    TComponent* GetParentComponent() const override;
+    bool HasParentComponent() const override { return true; }
+    void SetParentComponent(TComponent* Parent) override;
 
     int GetLeft() const { return FBounds.Left; }
     int GetTop() const { return FBounds.Top; }

@@ -3,9 +3,13 @@
 
 #include <kxgraph/platform/controls/control.h>
 
+#include <string>
 #include <vector>
 
 namespace kx {
+
+class TReader;
+class TWriter;
 
 /// A control that is painted as a part of its parent, before the parent's windowed children.
 class TGraphicControl : public TControl {
@@ -102,6 +106,10 @@ protected:
     virtual void ControlsChanged(TControl* Child);
     /// Whether the children are painted after this control; false where it has painted a picture of them.
     virtual bool PaintsChildren() const { return true; }
+    void Loaded() override;
+    /// "ControlOrder": the names of the children from the bottom to the top, where that is not the order of
+    /// the components.
+    void DefineProperties(TFiler& Filer) override;
     /// The focus came and went; overrides call the inherited ones, which call the events.
     virtual void Enter();
     virtual void Exit();
@@ -131,10 +139,15 @@ private:
     void StopDrag();
     void ForgetDrag(const TControl& Control);
 
+    bool IsRestacked() const;
+    void ReadControlOrder(TReader& Reader);
+    void WriteControlOrder(TWriter& Writer) const;
+
     struct TDispatch;
     TOrder<TControl> FControls;
-    std::size_t FGraphics = 0; // come first among them
-    int FAligned = 0;          // of them are not alNone
+    std::vector<std::string> FReadOrder; // while loading
+    std::size_t FGraphics = 0;           // come first among them
+    int FAligned = 0;                    // of them are not alNone
     // In the topmost parent:
     TControl* FCaptured = nullptr;
     TControl* FPressed = nullptr;

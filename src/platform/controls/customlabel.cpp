@@ -43,7 +43,8 @@ void TCustomLabel::CMFontChanged() {
 
 void TCustomLabel::Loaded() {
     TGraphicControl::Loaded();
-    AdjustBounds();
+    if (!GetText().empty() || GetHeight() > 0)
+        AdjustBounds(); // one that never had a text has no size, either
 }
 
 void TCustomLabel::Notification(TComponent* Component, TOperation Operation) {

@@ -144,7 +144,8 @@ const TPropertyTable& TForm::Properties() {
         "TForm", &TWinControl::Properties(),
         {Published<&C::GetCaption, &C::SetCaption>("Caption", "", "Title of the window"),
          Published<&C::GetWindowState, &C::SetWindowState>("WindowState", wsNormal, "Size of the window"),
-         Published<&C::GetPosition, &C::SetPosition>("Position", poDesigned, "Where the window opens"),
+         Published<&C::GetPosition, &C::SetPosition>("Position", poDesigned, "Where the window opens")
+             .LoadedBy(Into<&C::FPosition>()), // the bounds are those that it had
          PublishedEvent<&C::OnClose>("OnClose", "The window was closed"),
          PublishedEvent<&C::OnActivate>("OnActivate", "The window takes the keys"),
          PublishedEvent<&C::OnDeactivate>("OnDeactivate", "The window takes the keys no more")});

@@ -22,6 +22,14 @@ void RegisterClass(const TComponentClass& Class) {
 
 std::span<const TComponentClass> RegisteredClasses() { return Classes(); }
 
+std::vector<std::string_view> PalettePages() {
+    std::vector<std::string_view> pages;
+    for (const auto& type : Classes())
+        if (!type.Page.empty() && std::ranges::find(pages, type.Page) == pages.end())
+            pages.push_back(type.Page);
+    return pages;
+}
+
 const TComponentClass* FindClass(std::string_view Name) {
     const auto& all = Classes();
     const auto found =

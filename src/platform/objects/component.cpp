@@ -244,6 +244,12 @@ void TComponent::EnterHearers() {
 
 void TComponent::Loaded() {}
 
+void TComponent::DefineProperties(TFiler&) {}
+
+void TComponent::SetParentComponent(TComponent*) {
+    throw EComponentError("A " + ClassName() + " stands in no other component");
+}
+
 const TPropertyTable& TComponent::PublishedProperties() const { return Properties(); }
 
 const TPropertyTable& TComponent::Properties() {

@@ -13,6 +13,8 @@
 
 namespace kx {
 
+class TFiler;
+
 enum TOperation { opInsert, opRemove };
 
 /// What a component is going through, as bits of TComponentState.
@@ -72,6 +74,12 @@ public:
     /// Loaded.
     void BeginLoading() { FComponentState |= csLoading; }
     void EndLoading();
+    /// The component that this one stands in, in form files; null for one that stands nowhere.
+    virtual TComponent* GetParentComponent() const { return nullptr; }
+    /// Whether it stands in another one at all.
+    virtual bool HasParentComponent() const { return false; }
+    /// Puts it there. Raises EComponentError for a Parent that nothing, or not this one, can stand in.
+    virtual void SetParentComponent(TComponent* Parent);
 
     /// What TComponentRef asks: true until the destructor of this class begins.
     std::shared_ptr<const bool> GetLife() const;
@@ -101,8 +109,13 @@ protected:
     }
     /// All properties were read.
     virtual void Loaded();
+    /// Defines what a form file holds beside the published properties (platform/streaming/filer.h). Overrides
+    /// call the inherited one first. Called when the component is written, and when it is read, then after
+    /// its properties.
+    virtual void DefineProperties(TFiler& Filer);
 
 private:
+    friend class TFiler;
     struct TNameHash {
         std::size_t operator()(std::string_view Name) const;
     };

@@ -4,6 +4,7 @@
 // kxplot's --set and the reference all walk it. Knows no components and no file.
 
 #include <any>
+#include <concepts>
 #include <cstdint>
 #include <functional>
 #include <limits>
@@ -35,12 +36,33 @@ public:
     std::string ClassName() const;
 };
 
+namespace detail {
+
+template <std::equality_comparable E>
+bool IsSameHandler(const E& A, const E& B) {
+    return A == B;
+}
+template <class R, class... A>
+bool IsSameHandler(const std::function<R(A...)>& F, const std::function<R(A...)>& G) {
+    using TPlain = R (*)(A...);
+    if (F.target_type() != G.target_type()) return false;
+    const TPlain* plain = F.template target<TPlain>();
+    return !plain || *plain == *G.template target<TPlain>();
+}
+
+} // namespace detail
+
 /// What an Event holds: a copy of the event, or of the function, of the property's own type.
 class TEventValue {
 public:
     TEventValue() = default;
     template <class E>
-    explicit TEventValue(const E& Event) : FEvent(Event), FIsAssigned(static_cast<bool>(Event)) {}
+    explicit TEventValue(const E& Event)
+        : FEvent(Event), FIsAssigned(static_cast<bool>(Event)),
+          FIsSame([](const std::any& A, const std::any& B) {
+              const E *a = std::any_cast<E>(&A), *b = std::any_cast<E>(&B);
+              return a && b && detail::IsSameHandler(*a, *b);
+          }) {}
     /// Whether there is a handler.
     explicit operator bool() const { return FIsAssigned; }
     /// Raises EPropertyError when the event is of another type than E.
@@ -51,12 +73,18 @@ public:
     }
     /// Handlers cannot be compared; only none equals none.
     friend bool operator==(const TEventValue& A, const TEventValue& B) { return !A && !B; }
+    /// As far as it can be told: of two functions (std::function) whether they are of one type and, plain
+    /// functions, the same one.
+    bool IsSameHandler(const TEventValue& Other) const {
+        return *this && Other && FIsSame(FEvent, Other.FEvent);
+    }
 
 private:
     [[noreturn]] static void RaiseOtherType();
 
     std::any FEvent;
     bool FIsAssigned = false;
+    bool (*FIsSame)(const std::any&, const std::any&) = nullptr;
 };
 
 using TPropertyValue = std::variant<std::monostate, bool, std::int64_t, double, std::string, TComponent*,

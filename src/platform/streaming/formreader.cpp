@@ -1,0 +1,223 @@
+#include <kxgraph/platform/streaming/formreader.h>
+
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/streaming/events.h>
+#include <kxgraph/platform/streaming/formvalues.h>
+#include <kxgraph/platform/text/suggest.h>
+#include <kxgraph/platform/text/text.h>
+
+#include <algorithm>
+#include <exception>
+#include <new>
+#include <string>
+#include <utility>
+
+namespace kx {
+
+namespace {
+
+std::string Quoted(std::string_view Text) { return "'" + Abridged(Text) + "'"; }
+
+template <class C, class F>
+std::vector<std::string_view> NamesOf(const C& All, F NameOf) {
+    std::vector<std::string_view> names;
+    for (const auto& one : All) names.push_back(NameOf(one));
+    return names;
+}
+
+void Set(const TProperty& Row, TPersistent& Object, const TPropertyValue& Value) {
+    (Row.Load ? Row.Load : Row.Set)(Object, Value);
+}
+
+} // namespace
+
+template <class F>
+void TFormReader::At(std::size_t Token, F Action, const std::string& Prefix) const {
+    try {
+        Action();
+    } catch (const EFormError&) {
+        throw; // knows its place
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& error) {
+        FText.Raise(Token, Prefix + error.what());
+    }
+}
+
+std::unique_ptr<TComponent> TFormReader::Read(const TFormObject& Tree) {
+    Make(Tree, nullptr);
+    for (TPart& part : FParts) ReadPart(part);
+    Stand();
+    Refer();
+    Connect();
+    EndLoading();
+    return std::move(FRoot);
+}
+
+// Parts are made in the order of the file, which is the order of the components of the form.
+TComponent* TFormReader::Make(const TFormObject& Node, TComponent* Parent) {
+    const TComponentClass& type = ClassOf(Node);
+    TComponent* component = nullptr;
+    At(Node.Class, [&] { component = type.Make(FRoot.get()); });
+    if (!FRoot) FRoot.reset(component);
+    component->BeginLoading();
+    Name(Node, *component);
+    FParts.push_back({&Node, component, Parent, &type});
+    for (const TFormObject& inner : Node.Objects) Make(inner, component);
+    return component;
+}
+
+const TComponentClass& TFormReader::ClassOf(const TFormObject& Node) const {
+    const std::string_view name = FText.TextOf(Node.Class);
+    if (const TComponentClass* found = FindClass(name)) return *found;
+    const auto names = NamesOf(RegisteredClasses(), [](const TComponentClass& Class) { return Class.Name; });
+    FText.Raise(Node.Class, "unknown class " + Quoted(name) + DidYouMean(name, names));
+}
+
+void TFormReader::Name(const TFormObject& Node, TComponent& Component) const {
+    if (Node.Name == Node.CNoName) return;
+    const std::string name(FText.TextOf(Node.Name));
+    if (&Component != FRoot.get() && SameText(name, FRoot->GetName()))
+        FText.Raise(Node.Name, "A component named " + name + " already exists: the form");
+    At(Node.Name, [&] { Component.SetName(name); });
+}
+
+void TFormReader::ReadPart(TPart& Part) {
+    DemandOnce(Part);
+    std::vector<TReader::TData> data;
+    for (const TFormProperty& property : Part.Node->Properties) {
+        if (ReadParent(Part, property)) continue;
+        const TPlace place = Find(Part, property);
+        if (place.Row)
+            ReadValue(Part, place, property);
+        else
+            data.push_back({FText.TextOf(property.Name), property.First, property.Last});
+    }
+    ReadData(Part, data);
+}
+
+void TFormReader::DemandOnce(const TPart& Part) const {
+    std::vector<std::pair<std::string, std::size_t>> names;
+    for (const TFormProperty& property : Part.Node->Properties)
+        names.emplace_back(UpperCase(FText.TextOf(property.Name)), property.Name);
+    std::ranges::sort(names);
+    const auto twice = std::ranges::adjacent_find(names, {}, &std::pair<std::string, std::size_t>::first);
+    if (twice == names.end()) return;
+    const std::size_t token = std::next(twice)->second;
+    FText.Raise(token, "property " + Quoted(FText.TextOf(token)) + " is given a second time");
+}
+
+/// "Parent = nil": the control stands nowhere.
+bool TFormReader::ReadParent(TPart& Part, const TFormProperty& Property) const {
+    if (!SameText(FText.TextOf(Property.Name), "Parent") || !Part.Component->HasParentComponent())
+        return false;
+    if (!SameText(FText.TextOf(Property.First), "nil"))
+        FText.RaiseExpected(Property.First, "nil: a control stands in its parent, or has none");
+    Part.Parent = nullptr;
+    return true;
+}
+
+TFormReader::TPlace TFormReader::Find(const TPart& Part, const TFormProperty& Property) {
+    const std::string_view path = FText.TextOf(Property.Name);
+    TPersistent* object = Part.Component;
+    const TFormRows* rows = &FRows.Of(Part.Class->Properties());
+    std::string_view className = Part.Class->Name;
+    for (std::size_t begin = 0;;) {
+        const std::size_t end = std::min(path.find('.', begin), path.size());
+        const std::string_view name = path.substr(begin, end - begin);
+        const TProperty* row = rows->Find(name);
+        if (!row && begin == 0 && end == path.size()) return {object, nullptr};
+        if (!row) RaiseUnknown(Property.Name, begin, name, className, rows->Names());
+        if (end == path.size()) return {object, row};
+        if (row->Kind != TPropertyKind::SubObject)
+            FText.Raise(Property.Name, Quoted(name) + " of " + std::string(className) + " has no properties",
+                        begin);
+        object = std::get<TPersistent*>(row->Get(*object));
+        rows = &FRows.Of(object->PublishedProperties());
+        className = object->PublishedProperties().GetClassName();
+        begin = end + 1;
+    }
+}
+
+void TFormReader::RaiseUnknown(std::size_t Token, std::size_t Within, std::string_view Name,
+                               std::string_view Class, std::vector<std::string_view> Known) const {
+    FText.Raise(Token,
+                "unknown property " + Quoted(Name) + " of " + std::string(Class) + DidYouMean(Name, Known),
+                Within);
+}
+
+void TFormReader::ReadValue(const TPart& Part, TPlace Place, const TFormProperty& Property) {
+    const TProperty& row = *Place.Row;
+    const std::string_view name = FText.TextOf(Property.Name);
+    if (row.Kind == TPropertyKind::SubObject)
+        FText.Raise(Property.Name, Quoted(name) + " is an object: its own properties are given one by one");
+    if (!row.Set) FText.Raise(Property.Name, Quoted(name) + " is read only");
+    if (row.Kind == TPropertyKind::Reference)
+        FReferences.push_back({Part.Component, Place.Object, &row, Property.First});
+    else if (row.Kind == TPropertyKind::Event)
+        FEvents.push_back({Part.Component, Place.Object, &row, Property.First});
+    else
+        At(Property.First,
+           [&] { Set(row, *Place.Object, ValueOf(FText, row, Property.First, Property.Last)); });
+}
+
+void TFormReader::ReadData(const TPart& Part, std::vector<TReader::TData>& Data) {
+    TReader reader(FText, Data);
+    std::vector<std::string> known;
+    const std::size_t place = Data.empty() ? Part.Node->Class : Data.front().First;
+    At(place, [&] { known = reader.ReadData(*Part.Component); });
+    for (const TReader::TData& data : Data) {
+        if (data.IsRead) continue;
+        std::vector<std::string_view> names = FRows.Of(Part.Class->Properties()).Names();
+        names.insert(names.end(), known.begin(), known.end());
+        RaiseUnknown(data.First - 2, 0, data.Name, Part.Class->Name, names);
+    }
+}
+
+void TFormReader::Stand() const {
+    for (const TPart& part : FParts) {
+        TComponent* parent = part.Parent;
+        if (!parent || (parent == FRoot.get() && !part.Component->HasParentComponent())) continue;
+        At(part.Node->Class, [&] { part.Component->SetParentComponent(parent); });
+    }
+}
+
+void TFormReader::EndLoading() const {
+    for (const TPart& part : FParts) {
+        const std::string& name = part.Component->GetName();
+        At(
+            part.Node->Class, [&] { part.Component->EndLoading(); }, name.empty() ? name : name + ": ");
+    }
+}
+
+void TFormReader::Refer() const {
+    for (const TLater& later : FReferences)
+        At(later.Token, [&] { Set(*later.Row, *later.Object, Referred(later)); });
+}
+
+TComponent* TFormReader::Referred(const TLater& Later) const {
+    const std::string_view name = FText.TextOf(Later.Token);
+    if (FText.GetToken(Later.Token).Kind != TTokenKind::Word)
+        FText.RaiseExpected(Later.Token, "the name of a component, or nil");
+    if (SameText(name, "nil")) return nullptr;
+    if (!FRoot->GetName().empty() && SameText(name, FRoot->GetName())) return FRoot.get();
+    if (TComponent* found = FRoot->FindComponent(name)) return found;
+    const auto names =
+        NamesOf(FRoot->GetComponents(), [](const TComponent* C) -> std::string_view { return C->GetName(); });
+    FText.Raise(Later.Token, "there is no component " + Quoted(name) + DidYouMean(name, names));
+}
+
+void TFormReader::Connect() const {
+    for (const TLater& later : FEvents) {
+        const std::string_view name = FText.TextOf(later.Token);
+        const TEventValue* handler = FindEvent(name);
+        if (!handler && FReading.IgnoresUnknownEvents && FText.GetToken(later.Token).Kind == TTokenKind::Word)
+            continue;
+        if (!handler)
+            FText.Raise(later.Token,
+                        "no event " + Quoted(name) + " is registered" + DidYouMean(name, RegisteredEvents()));
+        At(later.Token, [&] { Set(*later.Row, *later.Object, *handler); });
+    }
+}
+
+} // namespace kx

@@ -1,0 +1,140 @@
+#include <kxgraph/platform/streaming/formwriter.h>
+
+#include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/streaming/events.h>
+#include <kxgraph/platform/streaming/filer.h>
+#include <kxgraph/platform/streaming/formtree.h>
+#include <kxgraph/platform/streaming/formvalues.h>
+#include <kxgraph/platform/text/text.h>
+
+#include <typeinfo>
+
+namespace kx {
+
+namespace {
+
+std::string Indented(int Depth) { return std::string(2 * static_cast<std::size_t>(Depth), ' '); }
+
+/// How messages call a component.
+std::string Told(const TComponent& Component) {
+    return Component.GetName().empty() ? "a " + Component.ClassName() + " without a name"
+                                       : Component.GetName();
+}
+
+TPersistent& Inner(const TProperty& Row, const TPersistent& Object) {
+    return *std::get<TPersistent*>(Row.Get(Object));
+}
+
+} // namespace
+
+std::string TFormWriter::Write() {
+    FindChildren();
+    WriteObject(FRoot, 0);
+    return std::move(FText);
+}
+
+void TFormWriter::FindChildren() {
+    for (TComponent* component : FRoot.GetComponents()) {
+        if (!component->GetName().empty() && SameText(component->GetName(), FRoot.GetName()))
+            throw EFormError(FRoot.GetName() + " owns a component of its own name");
+        FChildren[PlaceOf(*component)].push_back(component);
+    }
+}
+
+/// The component that Component is written in.
+TComponent* TFormWriter::PlaceOf(const TComponent& Component) const {
+    TComponent* parent = Component.GetParentComponent();
+    if (!parent) return &FRoot;
+    if (parent != &FRoot && parent->GetOwner() != &FRoot)
+        throw EFormError(Told(Component) + " stands in " + Told(*parent) + ", which is not of the form");
+    return parent;
+}
+
+const TComponent& TFormWriter::FreshOf(const TComponentClass& Class) {
+    auto& fresh = FFresh[&Class];
+    if (!fresh) fresh.reset(Class.Make(nullptr));
+    return *fresh;
+}
+
+/// The most derived of the registered classes that Component is of.
+TFormWriter::TModel TFormWriter::ModelOf(const TComponent& Component) {
+    const auto [place, isNew] = FModels.try_emplace(typeid(Component));
+    if (!isNew) return place->second;
+    const TComponentClass* found = nullptr;
+    for (const TComponentClass& type : RegisteredClasses())
+        if (type.Is(Component) && (!found || found->Is(FreshOf(type)))) found = &type;
+    if (!found)
+        throw EFormError(Told(Component) + ": no class of a " + Component.ClassName() + " is registered");
+    return place->second = {found, &FreshOf(*found)};
+}
+
+void TFormWriter::WriteObject(TComponent& Component, int Depth) {
+    if (Depth == CDeepestNesting) throw EFormError(Told(Component) + " stands too deep in other components");
+    const TModel model = ModelOf(Component);
+    FWritten = &Component;
+    FText.append(Indented(Depth)).append("object ");
+    if (!Component.GetName().empty()) FText.append(Component.GetName()).append(": ");
+    FText.append(model.Class->Name).append("\n");
+    FIndent = Indented(Depth + 1);
+    WriteParent(Component, Depth);
+    WriteRows(model.Class->Properties(), {Component, *model.Fresh}, {}, false);
+    TWriter(FText, FIndent, FFileName).WriteData(Component);
+    if (const auto children = FChildren.find(&Component); children != FChildren.end())
+        for (TComponent* child : children->second) WriteObject(*child, Depth + 1);
+    FText.append(Indented(Depth)).append("end\n");
+}
+
+/// A control that stands nowhere is not one that stands in the form.
+void TFormWriter::WriteParent(const TComponent& Component, int Depth) {
+    if (Depth > 0 && Component.HasParentComponent() && !Component.GetParentComponent())
+        FText.append(FIndent).append("Parent = nil\n");
+}
+
+void TFormWriter::WriteRows(const TPropertyTable& Table, TPair Pair, const std::string& Prefix, bool Whole) {
+    for (const TProperty& row : FRows.Of(Table).All())
+        WriteRow(row, Table.Find(row.Name) != nullptr && Prefix.empty(), Pair, Prefix, Whole);
+}
+
+// The default of what is declared without one, in a sub-object or for outfits alone, is what an unchanged
+// component has: a class makes its objects as it likes.
+void TFormWriter::WriteRow(const TProperty& Row, bool IsPublished, TPair Pair, const std::string& Prefix,
+                           bool Whole) {
+    if (Row.Stored && !Row.Stored(Pair.Object)) return;
+    if (Row.Kind == TPropertyKind::SubObject) return WriteSubObject(Row, Pair, Prefix, Whole);
+    if (!Row.Set) return;
+    const TPropertyValue value = Row.Get(Pair.Object);
+    const bool hasDefault = !std::holds_alternative<std::monostate>(Row.Default);
+    if (IsPublished && hasDefault && value == Row.Default) return;
+    if (!IsPublished && !Whole && value == Row.Get(Pair.Fresh)) return;
+    const std::string form = FormOf(Row, value);
+    if (!form.empty())
+        FText.append(FIndent).append(Prefix).append(Row.Name).append(" = ").append(form) += '\n';
+}
+
+// Where an object follows another one until it is changed (a font, the parent's), it begins, when it is read,
+// as that one and not as an unchanged one: it is written whole.
+void TFormWriter::WriteSubObject(const TProperty& Row, TPair Pair, const std::string& Prefix, bool Whole) {
+    const bool followed = Row.Stored && !Row.Stored(Pair.Fresh);
+    const TPersistent& inner = Inner(Row, Pair.Object);
+    WriteRows(inner.PublishedProperties(), {inner, Inner(Row, Pair.Fresh)},
+              std::string(Prefix).append(Row.Name).append("."), Whole || followed);
+}
+
+/// Empty for what is not written.
+std::string TFormWriter::FormOf(const TProperty& Row, const TPropertyValue& Value) const {
+    if (Row.Kind == TPropertyKind::Reference) return ReferenceForm(Row, std::get<TComponent*>(Value));
+    if (Row.Kind == TPropertyKind::Event) return std::string(NameOfEvent(std::get<TEventValue>(Value)));
+    return ValueForm(Row, Value);
+}
+
+std::string TFormWriter::ReferenceForm(const TProperty& Row, const TComponent* Component) const {
+    if (!Component) return "nil";
+    if (Component != &FRoot && Component->GetOwner() != &FRoot)
+        throw EFormError(Told(*FWritten) + "." + std::string(Row.Name) + " refers to " + Told(*Component) +
+                         ", which is not of the form");
+    if (Component->GetName().empty())
+        throw EFormError(Told(*FWritten) + "." + std::string(Row.Name) + " refers to " + Told(*Component));
+    return Component->GetName();
+}
+
+} // namespace kx
