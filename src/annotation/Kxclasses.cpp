@@ -7,6 +7,7 @@
 #include <kxgraph/graph/Kxgraphclasses.h>
 #include <kxgraph/numeric/Kxvectorclasses.h>
 #include <kxgraph/platform/controls/controlclasses.h>
+#include <kxgraph/platform/data/memorydataset.h>
 #include <kxgraph/platform/objects/classes.h>
 #include <kxgraph/series/Kxseriesclasses.h>
 #include <kxgraph/table/Kxfilevector.h>
@@ -15,6 +16,7 @@ namespace kx {
 
 void RegisterClasses() {
     RegisterControlClasses();
+    RegisterDataClasses();
     RegisterVectorClasses();
     RegisterTableClasses();
     RegisterGraphClasses();
