@@ -34,14 +34,28 @@ void TKxExtremes::TLevel::Mark(int Node) {
 
 // Whether a block is sorted looks back at the last value of the one before.
 void TKxExtremes::Change(int Index) noexcept {
-    if (Index >= FKnown) return;
-    FLevels[0].Mark(Index >> CShift);
-    if (Index + 1 < FKnown) FLevels[0].Mark((Index + 1) >> CShift);
+    const int place = Index + FSkipped;
+    if (place >= FKnown) return;
+    FLevels[0].Mark(place >> CShift);
+    if (place + 1 < FKnown) FLevels[0].Mark((place + 1) >> CShift);
 }
 
-void TKxExtremes::Cut(int Count) noexcept {
-    if (Count >= FKnown) return;
-    FKnown = Count & ~(CFan - 1); // the block that is cut is made anew
+void TKxExtremes::Cut(int Count) noexcept { CutAt(Count + FSkipped); }
+
+void TKxExtremes::CutAt(int Place) noexcept {
+    if (Place >= FKnown) return;
+    FKnown = Place & ~(CFan - 1); // the block that is cut is made anew
+    if (FKnown <= FSkipped) FKnown = FSkipped = 0;
+}
+
+void TKxExtremes::DropFront(int Count) noexcept {
+    const int first = FSkipped >> CShift;
+    FSkipped += Count;
+    if (FSkipped >= CFan && FSkipped >= FKnown / 2)
+        FKnown = FSkipped = 0;
+    else
+        for (int leaf = first; leaf <= FSkipped >> CShift && leaf < BlocksOf(FKnown); ++leaf)
+            FLevels[0].Mark(leaf);
 }
 
 void TKxExtremes::MakeRoom(int Count) {
@@ -57,10 +71,10 @@ void TKxExtremes::MakeRoom(int Count) {
 }
 
 void TKxExtremes::Update(std::span<const double> Values) {
-    const int count = int(Values.size());
-    if (FKnown != count || FSized != count) {
-        Cut(count);
-        const int known = FKnown;
+    const auto places = [&] { return int(Values.size()) + FSkipped; };
+    if (FKnown != places() || FSized != places()) {
+        CutAt(places());
+        const int known = FKnown, count = places();
         const std::size_t levels = FLevels.size();
         FKnown = 0; // where memory fails, nothing is known
         FSized = -1;
@@ -88,8 +102,9 @@ void TKxExtremes::Renew(std::size_t Level, std::span<const double> Values) {
 // In lanes, so that compilers use vectors.
 void TKxExtremes::RenewLeaf(int Leaf, std::span<const double> Values) {
     constexpr std::size_t CLanes = 4;
-    const std::size_t first = std::size_t(Leaf) << CShift,
-                      last = std::min(first + std::size_t(CFan), Values.size());
+    const int start = (Leaf << CShift) - FSkipped; // those in front are gone
+    const auto first = std::size_t(std::max(start, 0)),
+               last = std::min(std::size_t(std::max(start + CFan, 0)), Values.size());
     double low[CLanes], high[CLanes];
     std::fill_n(low, CLanes, CInfinity);
     std::fill_n(high, CLanes, -CInfinity);
@@ -115,7 +130,7 @@ void TKxExtremes::RenewLeaf(int Leaf, std::span<const double> Values) {
     if (strange > 0) falls = rises = 1; // also a first value that is no number
     FLevels[0].Flags[std::size_t(Leaf)] =
         std::uint8_t((falls > 0 ? CFalls : 0) | (rises > 0 ? CRises : 0) | (strange > 0 ? CNotANumber : 0));
-    PointsTouched += last - first;
+    PointsTouched += std::max(last, first) - first;
 }
 
 void TKxExtremes::RenewNode(std::size_t Level, int Node) {
@@ -140,11 +155,12 @@ TKxExtremes::TEnds TKxExtremes::Of(std::span<const double> Values, int First, in
         if (Node.Low < low.Value || (low.At < 0 && Node.Low <= Node.High)) low = {Node.Low, Level, At};
         if (Node.High > high.Value || (high.At < 0 && Node.Low <= Node.High)) high = {Node.High, Level, At};
     };
-    for (int i = First; i < Last;) {
+    const int end = Last + FSkipped;
+    for (int i = First + FSkipped; i < end;) {
         int level = -1, shift = 0;
         const auto fits = [&](int Shift) {
             const int mask = (1 << Shift) - 1;
-            return (i & mask) == 0 && (i + mask < Last || Last == FKnown);
+            return (i & mask) == 0 && (i + mask < end || end == FKnown);
         };
         while (level + 1 < int(FLevels.size()) && fits(shift + CShift)) {
             ++level;
@@ -152,12 +168,15 @@ TKxExtremes::TEnds TKxExtremes::Of(std::span<const double> Values, int First, in
         }
         if (level >= 0) {
             take(FLevels[std::size_t(level)].Nodes[std::size_t(i >> shift)], level, i >> shift);
-            i = Last - i > 1 << shift ? i + (1 << shift) : Last;
+            i = end - i > 1 << shift ? i + (1 << shift) : end;
             continue;
         }
-        const int end = std::min(Last, (i | (CFan - 1)) + 1);
-        PointsTouched += std::uint64_t(end - i);
-        for (; i < end; ++i) take({Values[std::size_t(i)], Values[std::size_t(i)]}, -1, i);
+        const int stop = std::min(end, (i | (CFan - 1)) + 1);
+        PointsTouched += std::uint64_t(stop - i);
+        for (; i < stop; ++i) {
+            const double value = Values[std::size_t(i - FSkipped)];
+            take({value, value}, -1, i);
+        }
     }
     if (low.At < 0) return {};
     return {low.Value, high.Value, Find<false>(Values, low), Find<true>(Values, high)};
@@ -172,8 +191,10 @@ int TKxExtremes::Find(std::span<const double> Values, const TBest& Best) const {
         const auto& nodes = FLevels[std::size_t(level) - 1].Nodes;
         while ((High ? nodes[at].High : nodes[at].Low) != Best.Value) ++at;
     }
-    if (Best.Level < 0) return int(at);
+    const auto skipped = std::size_t(FSkipped);
+    if (Best.Level < 0) return int(at - skipped);
     at <<= CShift;
+    at = at > skipped ? at - skipped : 0;
     const std::size_t first = at;
     while (Values[at] != Best.Value) ++at;
     PointsTouched += at - first + 1;
@@ -190,7 +211,7 @@ std::uint8_t TKxExtremes::FlagsOf(std::span<const double> Values) {
 
 bool TKxExtremes::AreNumbers(std::span<const double> Values, int First, int Last) {
     Update(Values);
-    for (int leaf = First >> CShift; leaf < BlocksOf(Last); ++leaf)
+    for (int leaf = (First + FSkipped) >> CShift; leaf < BlocksOf(Last + FSkipped); ++leaf)
         if ((FLevels[0].Flags[std::size_t(leaf)] & CNotANumber) != 0) return false;
     return true;
 }

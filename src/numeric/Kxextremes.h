@@ -28,6 +28,9 @@ public:
     void Change(int Index) noexcept;
     /// From Count on all may be other ones.
     void Cut(int Count) noexcept;
+    /// The first Count values are gone: those behind them are known as before. Costs the blocks that they
+    /// were in, and now and then, when as many are gone as are left, all others.
+    void DropFront(int Count) noexcept;
 
     // All of Values are those that were given before but for what was told. Infinite values are numbers.
     /// The extremes of the values First..Last - 1, which must exist.
@@ -61,8 +64,12 @@ private:
     int Find(std::span<const double> Values, const TBest& Best) const;
 
     std::vector<TLevel> FLevels;
-    int FKnown = 0;  // so many values are accounted for, but for those in stale blocks
-    int FSized = -1; // so many values have room
+    void CutAt(int Place) noexcept;
+
+    // Blocks are those of places: value 0 stands at FSkipped, behind those that are gone.
+    int FSkipped = 0;
+    int FKnown = 0;  // the places up to here are accounted for, but for those in stale blocks
+    int FSized = -1; // so many places have room
 };
 
 } // namespace kx

@@ -134,8 +134,25 @@ void TKxCustomRealVector::CloseGap(int Index) {
         std::copy_backward(Data(), Data() + Index, Data() + Index + 1);
         ++FFirst;
         Data()[FCount - 1] = Data()[FCount - 2]; // which listeners still see
+        if (Index == 0) return FrontTouched(1);
     }
     ValuesTouched(Index);
+}
+
+void TKxCustomRealVector::DeleteTelling(int Index) {
+    CloseGap(Index);
+    const TFinally shorten([this] {
+        FCount = std::max(FCount - 1, 0);
+        ValuesTouched(FCount);
+    });
+    Listeners().Call(Index, true);
+}
+
+void TKxCustomRealVector::DropFront(int Count) {
+    AssertOwnThread();
+    FFirst += Count;
+    FCount -= Count;
+    FrontTouched(Count);
 }
 
 int TKxRealVector::Add(double Value) {
@@ -154,6 +171,7 @@ void TKxRealVector::AddValues(std::span<const double> Values) {
     CheckCount(FCount + static_cast<int>(Values.size()));
     std::copy(Values.begin(), Values.end(), Data() + first);
     ValuesTouched(first);
+    Appended();
 }
 
 void TKxRealVector::Insert(int Index, double Value) {
@@ -220,18 +238,26 @@ void TKxLiveVector::SetValue(int Index, double Value) {
     if (Index < 0) return;
     TKxRealVector::SetValue(Index, Value);
     Listeners().Call(Index, false);
+    Trim();
+}
+
+void TKxLiveVector::SetMaxCount(int MaxCount) {
+    FMaxCount = std::max(MaxCount, 0);
+    Trim();
+}
+
+void TKxLiveVector::Trim() {
+    const int surplus = FMaxCount > 0 ? FCount - FMaxCount : 0;
+    if (surplus == 1) return TKxLiveVector::Delete(0);
+    if (surplus <= 0) return;
+    DropFront(surplus);
+    Listeners().Call(-1, true);
 }
 
 void TKxLiveVector::Delete(int Index) {
     // Kept: Count itself passes; series that mirror the vector hear of such a Delete and drop their last
     // point.
-    if (Index < 0 || Index > FCount) return;
-    CloseGap(Index);
-    const TFinally shorten([this] {
-        FCount = std::max(FCount - 1, 0);
-        ValuesTouched(FCount);
-    });
-    Listeners().Call(Index, true);
+    if (Index >= 0 && Index <= FCount) DeleteTelling(Index);
 }
 
 void TKxLiveVector::Clear() {
@@ -240,7 +266,11 @@ void TKxLiveVector::Clear() {
 }
 
 const TPropertyTable& TKxLiveVector::Properties() {
-    static const TPropertyTable table("TKxLiveVector", &TKxRealVector::Properties(), {});
+    using V = TKxLiveVector;
+    static const TPropertyTable table(
+        "TKxLiveVector", &TKxRealVector::Properties(),
+        {Published<&V::GetMaxCount, &V::SetMaxCount>(
+            "MaxCount", 0, "Number of values that are kept, the last ones; 0: all")});
     return table;
 }
 

@@ -118,6 +118,10 @@ protected:
     /// Moves the elements behind Index one place down, or those before it one up, whichever are fewer, so
     /// that values can leave at either end for nothing; Count stays.
     void CloseGap(int Index);
+    /// CloseGap, the listeners with (Index, true), and one element less.
+    void DeleteTelling(int Index);
+    /// The first Count elements leave at once; tells nobody.
+    void DropFront(int Count);
     /// To be called when the value Index, or all from First on, are other ones than before.
     void ValueTouched(int Index) noexcept {
         NextVersion(Index);
@@ -126,6 +130,11 @@ protected:
     void ValuesTouched(int First) noexcept {
         NextVersion(First);
         if (FExtremes) FExtremes->Cut(First);
+    }
+    /// The first Count are gone.
+    void FrontTouched(int Count) noexcept {
+        NextVersion(0);
+        if (FExtremes) FExtremes->DropFront(Count);
     }
     /// Of the element 0.
     double* Data() const { return FValues.Data() + FFirst; }
@@ -184,6 +193,8 @@ protected:
     bool HearsOfAll() const override { return IsBeyond<TKxRealVector>(); }
     /// "Values", with PersistentValues.
     void DefineProperties(TFiler& Filer) override;
+    /// Values were appended, and there are no listeners.
+    virtual void Appended() {}
 
 private:
     void LoadVariables(TReader& Reader);
@@ -207,11 +218,23 @@ public:
     /// The listeners hear of (-1, true) while the values are still there.
     void Clear() override;
 
+    /// So many values are kept, the last ones; 0 keeps all. As a value comes in beyond them the first one
+    /// leaves, at O(1): the listeners hear of the one that came, then of (0, true); where more than one
+    /// leaves, of (-1, true) once. Vectors of one series are given the same bound.
+    int GetMaxCount() const { return FMaxCount; }
+    void SetMaxCount(int MaxCount);
+
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
 
 protected:
     bool HearsOfAll() const override { return IsBeyond<TKxLiveVector>(); }
+    void Appended() override { Trim(); }
+
+private:
+    void Trim();
+
+    int FMaxCount = 0;
 };
 
 /// Working array, no component: grows in steps of Increment, with amortised O(1) for an append.

@@ -64,6 +64,28 @@ TEST(LinearRegressionLine, HeedsWeightsRangeAndAGivenOffset) {
     EXPECT_EQ(f.Result("Offset"), -1);
 }
 
+// The last ten seconds of two channels, of which frames see only every seventh state.
+TEST(LinearRegressionLine, FollowsAWindowThatMovesOn) {
+    TFixture f;
+    f.XV->SetMaxCount(40);
+    f.YV->SetMaxCount(40);
+    f.Join();
+    for (int i = 0; i < 500; ++i) {
+        f.Fill({{i * 0.25, i % 100 == 0 ? 1000. : i * i * 0.01}});
+        if (i % 7 != 0 || i < 50) continue;
+        f.Draw();
+        double sx = 0, sy = 0, sxx = 0, sxy = 0, high = 0;
+        for (int k = i - 39; k <= i; ++k) {
+            const double x = k * 0.25, y = k % 100 == 0 ? 1000. : k * k * 0.01;
+            sx += x, sy += y, sxx += x * x, sxy += x * y, high = std::max(high, y);
+        }
+        ASSERT_NEAR(f.Result("Slope"), (40 * sxy - sx * sy) / (40 * sxx - sx * sx), 1e-6) << i;
+        ASSERT_EQ(f.Result("Points"), 40);
+        ASSERT_EQ(f.Series->GetXRange().GetStart(), (i - 39) * 0.25);
+        ASSERT_EQ(f.Series->GetYRange().GetStop(), high);
+    }
+}
+
 TEST(LinearRegressionLine, WritesItsKeysInOrderAndTheirNumbers) {
     TFixture f;
     f.Fill({{0, 1.1}, {1, 2.9}, {2, 5.2}, {3, 6.8}});

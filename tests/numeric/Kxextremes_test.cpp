@@ -54,6 +54,10 @@ TEST(Extremes, AreThoseOfAllValuesWhateverAVectorGoesThrough) {
                     for (int i = 0; i < vector->GetCount(); ++i) // sorted again
                         if (!(vector->GetValue(i) == i)) vector->SetValue(i, i);
                     break;
+                case 7:
+                    for (int i = any(0, 3) ? any(0, 90) : size / 3; i > 0; --i) vector->Delete(0);
+                    break;
+                case 8: live.SetMaxCount(any(0, 1) * any(1, size)); break;
                 default: vector->SetValue(at, value);
                 }
                 const auto values = vector->Values();
@@ -90,6 +94,12 @@ TEST(Extremes, CostTheBlocksThatHaveChanged) {
         vector.GetEnds(0, vector.GetCount());
         EXPECT_LE(touched(), 300u) << change.first;
     }
+    vector.SetMaxCount(vector.GetCount());
+    for (int i = 0; i < 100; ++i) {
+        vector.Add(i);
+        vector.GetEnds(0, vector.GetCount());
+    }
+    EXPECT_LE(touched(), 100 * 500u) << "the first value left each time";
 }
 
 } // namespace

@@ -107,6 +107,40 @@ TEST(Vectors, HoldWhatAnArrayHoldsWhicheverEndValuesLeaveAt) {
     }
 }
 
+TEST(LiveVector, KeepsTheLastValuesUpToItsBound) {
+    struct TCase {
+        std::function<void(TKxLiveVector&)> Act;
+        TCalls Heard;
+        TReals After;
+    };
+    const TReals five{5, 6, 7, 8, 9};
+    const TCase cases[] = {
+        {[](auto& v) { v.Add(5); }, {{3, false}, {0, true}}, {1, 2, 5}},
+        {[](auto& v) { v.SetValue(1, 5); }, {{1, false}}, {0, 5, 2}},
+        {[](auto& v) { v.Insert(2, 5); }, {{2, false}, {0, true}}, {1, 5, 2}},
+        {[](auto& v) { v.SetMaxCount(1); }, {{-1, true}}, {2}},
+        {[](auto& v) { v.SetMaxCount(0), v.Add(5); }, {{3, false}}, {0, 1, 2, 5}},
+        {[](auto& v) { v.SetMaxCount(-1), v.Delete(0), v.Add(5); }, {{0, true}, {2, false}}, {1, 2, 5}},
+        {[&](auto& v) { v.Listeners().Clear(), v.AddValues(five); }, {}, {7, 8, 9}},
+        {[](auto& v) { v.Clear(), v.Add(5); }, {{-1, true}, {0, false}}, {5}},
+    };
+    for (const auto& c : cases) {
+        TKxLiveVector v(nullptr);
+        v.SetMaxCount(3);
+        v.AddValues(TReals{9, 0, 1, 2});
+        TWatcher watcher;
+        v.Listeners().Add(watcher.Event());
+        c.Act(v);
+        EXPECT_EQ(watcher.Heard, c.Heard);
+        EXPECT_EQ(Of(v), c.After);
+    }
+    TKxLiveVector v(nullptr);
+    v.SetMaxCount(1000);
+    for (int i = 0; i < 100000; ++i) v.Add(i);
+    EXPECT_EQ(v.GetCapacity(), 1050);
+    EXPECT_EQ(v.GetValue(0), 99000);
+}
+
 TEST(LiveVector, CompletesAChangeWhoseListenerFails) {
     TKxLiveVector v(nullptr);
     v.AddValues(TReals{0, 1, 2});

@@ -88,6 +88,8 @@ TEST(DataSeries, HoldsWhatAFullScanFindsAfterFollowingValueByValue) {
         if (plain) plain->SetdYPlus(f.DY);
         TKxSeries* series = arrows ? static_cast<TKxSeries*>(arrows) : plain;
         f.Fill({{1, 1}, {2, 2}});
+        for (TKxLiveVector* vector : {f.XV, f.YV})
+            if (round % 3 == 2) vector->SetMaxCount(9);
         ExpectFollowed(f, {f.XV, f.YV, f.DX, f.DY}, {series}, random, true);
         const int count = std::min(f.XV->GetCount(), f.YV->GetCount());
         ASSERT_EQ(series->GetPointsCount(), count);
