@@ -6,6 +6,7 @@
 #include <kxgraph/qt/Kxqtdevice.h>
 #include <kxgraph/qt/Kxqthost.h>
 #include <kxgraph/qt/Kxqtpalette.h>
+#include <kxgraph/qt/Kxqtpng.h>
 #include <kxgraph/qt/Kxqtvectors.h>
 
 #include <QBuffer>
@@ -21,8 +22,6 @@ namespace {
 
 constexpr double CPointsPerPixel = 72.0 / TFont::CPixelsPerInch,
                  CPixelsPerMetre = TFont::CPixelsPerInch / 0.0254;
-constexpr int CPaletteQuality = 29;     // level 7 of 9: for files no larger than without a palette
-constexpr int CColorsQuality = 85;      // level 1: a third larger than the default, in half the time
 constexpr double CLargestImage = 32767; // the raster painter counts pixels in 16 bits
 
 class EPictureError : public Exception {
@@ -87,16 +86,10 @@ std::string PngBytes(const TPictureOptions& Options, const TPaintPicture& Paint)
     const TVectorsCleared afterwards;
     QImage image = ImageFor(Options);
     PaintPicture(image, Options, Options.Scale, Paint);
-    const auto few = WithPalette(image); // written in a sixth of the time
-    if (few) image = *few;
+    if (const auto few = WithPalette(image)) image = *few; // written in a sixth of the time
     image.setDotsPerMeterX(int(std::lround(CPixelsPerMetre * Options.Scale)));
     image.setDotsPerMeterY(image.dotsPerMeterX());
-    if (!Options.Title.empty()) image.setText("Title", Text(Options.Title));
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, "PNG", few ? CPaletteQuality : CColorsQuality))
-        throw EPictureError("the picture cannot be encoded");
-    return buffer.data().toStdString();
+    return EncodePng(image, ToValidUtf8(Options.Title));
 }
 
 std::string PdfBytes(const TPictureOptions& Options, const TPaintPicture& Paint) {

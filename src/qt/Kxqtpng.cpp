@@ -1,0 +1,105 @@
+#include <kxgraph/qt/Kxqtpng.h>
+
+#include <png.h>
+
+#include <csetjmp>
+#include <cstddef>
+#include <new>
+#include <utility>
+#include <vector>
+
+namespace kx::qt {
+
+namespace {
+
+constexpr int CPaletteLevel = 7; // of 9: for files no larger than without a palette
+constexpr int CColorsLevel = 3;
+
+struct TOutput {
+    std::string Bytes;
+    bool Failed = false;
+};
+
+/// Nothing is thrown through the frames of the C library; it is told by its own means, a long jump.
+void Append(png_structp Png, png_bytep Bytes, std::size_t Count) {
+    auto& output = *static_cast<TOutput*>(png_get_io_ptr(Png));
+    try {
+        output.Bytes.append(reinterpret_cast<const char*>(Bytes), Count);
+    } catch (const std::bad_alloc&) {
+        output.Failed = true;
+    }
+    if (output.Failed) png_error(Png, "out of memory");
+}
+
+void KeepQuiet(png_structp, png_const_charp) {}
+
+/// One writer, freed whatever happens.
+class TWriter {
+public:
+    explicit TWriter(TOutput& Output)
+        : FPng(png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, KeepQuiet)),
+          FInfo(FPng ? png_create_info_struct(FPng) : nullptr) {
+        if (FInfo) png_set_write_fn(FPng, &Output, Append, nullptr);
+    }
+    ~TWriter() { png_destroy_write_struct(&FPng, &FInfo); }
+    TWriter(const TWriter&) = delete;
+    TWriter& operator=(const TWriter&) = delete;
+
+    explicit operator bool() const { return FInfo != nullptr; }
+    /// False when memory runs out. Holds no object with a destructor: the library jumps over them.
+    bool Write(const QImage& Image, const std::vector<png_color>& Palette, const std::string& Title) {
+        if (setjmp(png_jmpbuf(FPng))) return false;
+        const int type = !Palette.empty()          ? PNG_COLOR_TYPE_PALETTE
+                         : Image.hasAlphaChannel() ? PNG_COLOR_TYPE_RGB_ALPHA
+                                                   : PNG_COLOR_TYPE_RGB;
+        png_set_filter(FPng, PNG_FILTER_TYPE_BASE, PNG_FILTER_NONE);
+        png_set_compression_level(FPng, Palette.empty() ? CColorsLevel : CPaletteLevel);
+        png_set_IHDR(FPng, FInfo, png_uint_32(Image.width()), png_uint_32(Image.height()), 8, type,
+                     PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+        png_set_pHYs(FPng, FInfo, png_uint_32(Image.dotsPerMeterX()), png_uint_32(Image.dotsPerMeterY()),
+                     PNG_RESOLUTION_METER);
+        if (!Palette.empty()) png_set_PLTE(FPng, FInfo, Palette.data(), int(Palette.size()));
+        if (!Title.empty()) WriteTitle(Title);
+        png_write_info(FPng, FInfo);
+        if (Palette.empty()) png_set_bgr(FPng);
+        if (type == PNG_COLOR_TYPE_RGB) png_set_filler(FPng, 0, PNG_FILLER_AFTER);
+        for (int y = 0; y < Image.height(); ++y) png_write_row(FPng, Image.constScanLine(y));
+        png_write_end(FPng, FInfo);
+        return true;
+    }
+
+private:
+    void WriteTitle(const std::string& Title) {
+        char key[] = "Title";
+        png_text text{};
+        text.compression = PNG_ITXT_COMPRESSION_NONE;
+        text.key = key;
+        text.text = const_cast<char*>(Title.c_str());
+        png_set_text(FPng, FInfo, &text, 1);
+    }
+
+    png_structp FPng;
+    png_infop FInfo;
+};
+
+std::vector<png_color> PaletteOf(const QImage& Image) {
+    std::vector<png_color> palette;
+    for (const QRgb color : Image.colorTable())
+        palette.push_back({png_byte(qRed(color)), png_byte(qGreen(color)), png_byte(qBlue(color))});
+    return palette;
+}
+
+} // namespace
+
+std::string EncodePng(const QImage& Image, const std::string& Title) {
+    // Colours in files stand as they are, whatever lets through what lies behind.
+    const bool mixed = Image.format() == QImage::Format_ARGB32_Premultiplied;
+    const QImage image = mixed ? Image.convertToFormat(QImage::Format_ARGB32) : Image;
+    const std::vector<png_color> palette = PaletteOf(image);
+    TOutput output;
+    TWriter writer(output);
+    if (image.isNull() || !writer || !writer.Write(image, palette, Title)) throw std::bad_alloc();
+    return std::move(output.Bytes);
+}
+
+} // namespace kx::qt
