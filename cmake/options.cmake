@@ -4,6 +4,7 @@ include(CMakeDependentOption)
 option(KXGRAPH_FORMULA "Formulas that users type (muParser)" ${PROJECT_IS_TOP_LEVEL})
 option(KXGRAPH_QT "Pictures, PDF and text metrics by Qt Gui" ${PROJECT_IS_TOP_LEVEL})
 cmake_dependent_option(KXGRAPH_WIDGETS "Windows and printing by Qt Widgets" ${PROJECT_IS_TOP_LEVEL} KXGRAPH_QT OFF)
+option(KXGRAPH_SQL "Data sets of databases by Qt SQL" ${PROJECT_IS_TOP_LEVEL})
 cmake_dependent_option(KXGRAPH_TOOLS "kxplot" ${PROJECT_IS_TOP_LEVEL} "KXGRAPH_FORMULA;KXGRAPH_QT" OFF)
 cmake_dependent_option(KXGRAPH_EXAMPLES "The programs of examples/" ${PROJECT_IS_TOP_LEVEL} "KXGRAPH_QT" OFF)
 option(KXGRAPH_INSTALL "Rules for cmake --install" ${PROJECT_IS_TOP_LEVEL})
@@ -11,7 +12,7 @@ option(BUILD_SHARED_LIBS "Shared libraries" OFF)
 
 # For those who work on kxgraph itself.
 cmake_dependent_option(KXGRAPH_TESTS "Tests (GoogleTest); BUILD_TESTING switches them off, too" ${PROJECT_IS_TOP_LEVEL}
-                       "KXGRAPH_TOOLS;KXGRAPH_EXAMPLES;KXGRAPH_WIDGETS" OFF)
+                       "KXGRAPH_TOOLS;KXGRAPH_EXAMPLES;KXGRAPH_WIDGETS;KXGRAPH_SQL" OFF)
 option(KXGRAPH_BENCH "Benchmarks" OFF)
 option(KXGRAPH_PEERS "Programs that compare with other libraries" OFF)
 option(KXGRAPH_FUZZ "Fuzzing programs (clang alone)" OFF)
