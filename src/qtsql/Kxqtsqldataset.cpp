@@ -15,13 +15,13 @@ TQtSqlDataSet::~TQtSqlDataSet() = default;
 
 void TQtSqlDataSet::SetDatabase(const std::string& Url) {
     if (Url == FDatabase) return;
-    Close();
+    if (GetActive()) Close();
     FDatabase = Url;
 }
 
 void TQtSqlDataSet::SetQuery(const std::string& Query) {
     if (Query == FQuery) return;
-    Close();
+    if (GetActive()) Close();
     FQuery = Query;
 }
 

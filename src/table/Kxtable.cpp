@@ -38,6 +38,7 @@ void TKxTable::Fail(long Line, const std::string& What, TKxTableRemedy Remedy) c
 }
 
 void TKxTable::FailInRow(std::size_t Row, const std::string& What) const {
+    if (IsGiven()) Fail(0, std::string("row ").append(std::to_string(Row + 1)).append(": ").append(What));
     TKxTableBody rows = Body();
     std::string_view cell;
     for (std::size_t i = 0; rows.NextRow(); ++i) {
@@ -77,6 +78,7 @@ int TKxTable::FindColumn(const std::string& Column) const {
 int TKxTable::FindNumericColumn(const std::string& Column) const {
     const int index = FindColumn(Column);
     if (IsNumeric(index) || IsDate(index)) return index;
+    if (IsGiven()) Fail(0, "column " + ShownName(index) + " is not numeric", TKxTableRemedy::Column);
     TKxTableBody rows = Body();
     while (rows.NextRow()) {
         std::string_view cell;
@@ -112,6 +114,7 @@ std::size_t TKxTable::ExpectedRows() const {
 }
 
 std::vector<std::string> TKxTable::ReadTexts(int Column) const {
+    if (IsGiven()) return FGiven[std::size_t(Column)].Texts;
     std::vector<std::string> texts;
     TKxTableBody rows = Body();
     while (rows.NextRow()) {

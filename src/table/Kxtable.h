@@ -2,6 +2,7 @@
 // A text table as measuring programs write it: finds out by looking how it is built, and reads the columns
 // that are asked for.
 
+#include <kxgraph/table/Kxgivencolumn.h>
 #include <kxgraph/table/Kxtablebody.h>
 #include <kxgraph/table/Kxtablecolumn.h>
 #include <kxgraph/table/Kxtableerror.h>
@@ -41,6 +42,9 @@ public:
     /// Does not look: Text is written as Shape says, which may be what GetShape has told of another part of
     /// the same table, with BodyAt and BodyLine of this one. It may have no rows.
     TKxTable(std::string_view Text, std::string Name, TKxTableFormat Format, TKxTableShape Shape);
+    /// A table of columns that are known with their kinds and values, as a database gives them. What is told
+    /// about lines of the text holds for its rows.
+    TKxTable(std::vector<TKxGivenColumn> Columns, std::string Name);
 
     /// Adds a column that Function computes, row by row, from the values of columns of the file, of which
     /// there is one at least. Returns its number: they count on behind those of the file. Header finds it,
@@ -48,6 +52,8 @@ public:
     int AddColumn(std::string Header, std::vector<int> From, TKxRowFunction Function);
 
     const std::string& GetName() const { return FName; }
+    /// Whether the kinds of the columns are known, not judged by what cells look like.
+    bool IsGiven() const { return !FGiven.empty(); }
     /// What was found out by looking.
     const TKxTableShape& GetShape() const { return FShape; }
     TKxSeparator GetSeparator() const { return FShape.Separator; }
@@ -111,6 +117,9 @@ private:
     void CheckRow(const TKxTableBody& Rows, std::size_t Cells) const;
     void CheckBlock(const TKxTableBody& Rows) const;
     void ExplainHead(std::vector<std::string>& Sentences) const;
+    std::string ExplainColumn(int Column, const std::string& Kind) const;
+    std::vector<std::string> ExplainGiven() const;
+    std::vector<std::vector<double>> GivenColumns(const std::vector<int>& Columns) const;
     std::size_t ExpectedRows() const;
     [[noreturn]] void Fail(long Line, const std::string& What,
                            TKxTableRemedy Remedy = TKxTableRemedy::None) const;
@@ -120,6 +129,7 @@ private:
     TKxTableFormat FFormat;
     TKxTableShape FShape;
     std::vector<TComputed> FComputed;
+    std::vector<TKxGivenColumn> FGiven;
 };
 
 } // namespace kx

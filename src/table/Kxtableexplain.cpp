@@ -2,6 +2,8 @@
 
 #include <kxgraph/platform/text/text.h>
 
+#include <algorithm>
+
 namespace kx {
 
 namespace {
@@ -66,7 +68,27 @@ void TKxTable::ExplainHead(std::vector<std::string>& Sentences) const {
         Sentences.push_back("every row is followed by an empty line; they part no blocks");
 }
 
+/// Without an end.
+std::string TKxTable::ExplainColumn(int Column, const std::string& Kind) const {
+    std::string text = "column " + std::to_string(Column + 1);
+    if (!GetHeader(Column).empty()) text += ", " + ShownName(Column);
+    if (!GetUnit(Column).empty()) text += " in " + Abridged(GetUnit(Column));
+    return text.append(": ").append(Kind);
+}
+
+std::vector<std::string> TKxTable::ExplainGiven() const {
+    std::size_t rows = 0;
+    for (const auto& column : FGiven) rows = std::max({rows, column.Values.size(), column.Texts.size()});
+    std::vector<std::string> sentences{"there are " + std::to_string(rows) + " rows of " +
+                                       std::to_string(FGiven.size()) + " columns"};
+    const TKxColumnScan none(FFormat, false);
+    for (int i = 0; i < GetColumnCount(); ++i)
+        sentences.push_back(ExplainColumn(i, KindOf(GetKind(i), none)));
+    return sentences;
+}
+
 std::vector<std::string> TKxTable::Explain() const {
+    if (IsGiven()) return ExplainGiven();
     std::vector<std::string> sentences;
     ExplainHead(sentences);
     std::vector<TKxColumnScan> scans(FShape.Kinds.size(), TKxColumnScan(FFormat, FShape.DecimalComma));
@@ -82,11 +104,8 @@ std::vector<std::string> TKxTable::Explain() const {
     sentences.push_back("there are " + std::to_string(count) + " rows of " + std::to_string(scans.size()) +
                         " cells");
     for (int i = 0; i < GetColumnCount(); ++i) {
-        std::string text = "column " + std::to_string(i + 1);
-        if (!GetHeader(i).empty()) text += ", " + ShownName(i);
-        if (!GetUnit(i).empty()) text += " in " + Abridged(GetUnit(i));
         const TKxColumnScan& scan = scans[std::size_t(i)];
-        sentences.push_back(text.append(": ").append(KindOf(GetKind(i), scan)).append(GapsOf(scan)));
+        sentences.push_back(ExplainColumn(i, KindOf(GetKind(i), scan)).append(GapsOf(scan)));
     }
     return sentences;
 }

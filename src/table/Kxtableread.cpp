@@ -156,6 +156,7 @@ void TKxTable::TReading::Fail(std::size_t Column, long Line, const std::string& 
 
 std::vector<std::vector<double>> TKxTable::ReadFileColumns(const std::vector<int>& Columns,
                                                            std::vector<std::size_t>* Gaps) const {
+    if (IsGiven()) return GivenColumns(Columns);
     TReading reading(*this, Columns);
     while (!reading.Read()) {
     }

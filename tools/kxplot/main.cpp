@@ -1,6 +1,7 @@
 // kxplot: draws a data file. What it does is read, planned, made as a form, fitted and written.
 
 #include "kxplot/batch/batch.h"
+#include "kxplot/database/database.h"
 #include "kxplot/fit/fit.h"
 #include "kxplot/follow/follow.h"
 #include "kxplot/form/notices.h"
@@ -62,15 +63,29 @@ auto WithTable(const std::string& File, const TOptions& Options, F Use) {
     }
 }
 
+/// What Use makes of the table that a database gives.
+template <class F>
+auto WithQuery(const TOptions& Options, F Use) {
+    kx::TKxTable table = ReadDatabase(Options.Data.Database);
+    AddExpressions(table, Options);
+    return Use(table);
+}
+
+/// Hands each table to Use.
+template <class F>
+void WithTables(const TOptions& Options, F Use) {
+    std::vector<std::string> files = Options.Data.Files();
+    const bool hasQuery = Options.Data.Database.IsGiven();
+    if (hasQuery) WithQuery(Options, Use);
+    if (files.empty() && !hasQuery && Options.Functions.Functions.empty()) files = {""};
+    for (const auto& file : files) WithTable(file, Options, Use);
+}
+
 /// Reads the tables and plans the picture.
 TPlan Planned(const TOptions& Given) {
     const TOptions options = WithDifference(Given);
-    std::vector<std::string> files = options.Data.Files();
-    if (files.empty() && options.Functions.Functions.empty()) files = {""};
     std::vector<TPlan> plans;
-    for (const auto& file : files)
-        plans.push_back(
-            WithTable(file, options, [&](const kx::TKxTable& Table) { return MakePlan(Table, options); }));
+    WithTables(options, [&](const kx::TKxTable& Table) { plans.push_back(MakePlan(Table, options)); });
     TPlan plan = plans.empty() ? PlanOfFunctions(options) : Combined(std::move(plans), options);
     AddFunctions(plan, options);
     return plan;
@@ -79,14 +94,13 @@ TPlan Planned(const TOptions& Given) {
 /// Tells how the tables are read, also one that then cannot be drawn.
 int Explain(const TOptions& Given) {
     const TOptions options = WithDifference(Given);
-    for (const auto& file : options.Data.Files())
-        WithTable(file, options, [&](const kx::TKxTable& Table) {
-            for (const auto& line : Table.Explain()) Print(line + "\n");
-            std::vector<std::string> told;
-            MakePlan(Table, options, &told);
-            for (const auto& line : told) Print(line + "\n");
-            return 0;
-        });
+    if (options.Data.Files().empty() && !options.Data.Database.IsGiven()) return 0;
+    WithTables(options, [&](const kx::TKxTable& Table) {
+        for (const auto& line : Table.Explain()) Print(line + "\n");
+        std::vector<std::string> told;
+        MakePlan(Table, options, &told);
+        for (const auto& line : told) Print(line + "\n");
+    });
     return 0;
 }
 

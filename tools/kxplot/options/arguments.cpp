@@ -24,6 +24,7 @@ void AddDataOptions(CLI::App& App, TArguments& Given) {
            "draws a picture of each file that a pattern names, as many at once as there are cores; in "
            "names of outputs {name} stands for the file's without folder and extension")
         ->type_name("FILE...");
+    AddDatabaseOptions(App, o.Data.Database);
     App.add_flag("--header", Given.Header, "the first row is a header, whatever it looks like");
     App.add_flag("--no-header", Given.NoHeader,
                  "the first row is data (default: it is a header when any text in it stands over numbers)");

@@ -43,8 +43,10 @@ void CheckFollow(const TOptions& Options) {
 void CheckData(const TOptions& Options) {
     const bool isBatch = !Options.Batch.empty();
     CheckFollow(Options);
-    CheckFunctions(Options.Functions, isBatch || !Options.Data.File.empty());
-    if (Options.Data.File.empty() && !isBatch && !Options.Properties && Options.Functions.Functions.empty())
+    CheckDatabase(Options.Data.Database, isBatch ? Options.Batch.front() : Options.Data.File);
+    const bool hasTable = isBatch || !Options.Data.File.empty() || Options.Data.Database.IsGiven();
+    CheckFunctions(Options.Functions, hasTable);
+    if (!hasTable && !Options.Properties && Options.Functions.Functions.empty())
         throw TUsageError("DATA is required; kxplot --help tells more");
     if (!isBatch) return;
     if (!Options.Data.File.empty())

@@ -4,6 +4,7 @@
 #include "kxplot/options/analysisrequest.h"
 #include "kxplot/options/axesrequest.h"
 #include "kxplot/options/bandrequest.h"
+#include "kxplot/options/databaserequest.h"
 #include "kxplot/options/followrequest.h"
 #include "kxplot/options/functionsrequest.h"
 #include "kxplot/options/labelrequest.h"
@@ -26,6 +27,7 @@ namespace kxplot {
 struct TDataRequest {
     std::string File;              ///< "-" is standard input
     std::vector<std::string> More; ///< further tables in the same picture
+    TDatabaseRequest Database;     ///< instead of files
     kx::TKxHeaderRow Header = kx::TKxHeaderRow::Guess;
     TTableRequest Table;
 

@@ -62,6 +62,7 @@ const std::vector<TExample>& Examples() {
         {"kxplot data.csv --hist 30", "how often each value occurs"},
         {"kxplot data.csv --curve akima --derivative",
          "a smooth curve through the points and how steep it is"},
+        {"kxplot --db sqlite:lab.db --query 'select t, u from run'", "the records of a database"},
         {"ssh lab cat log.txt | kxplot - --style line -o log.svg", "what another program writes"},
     };
     return examples;

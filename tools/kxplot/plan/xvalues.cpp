@@ -10,7 +10,7 @@ namespace kxplot {
 TXValues XOfColumn(const kx::TKxTable& Table, int Column, const std::vector<double>& Read, bool IsUnixTime) {
     TXValues x;
     x.IsDate = IsUnixTime || Table.IsDate(Column);
-    if (!x.IsDate)
+    if (!x.IsDate && !Table.IsGiven())
         if (auto dates = kx::DatesOfEightDigits(Read)) {
             x.Values = std::move(*dates);
             x.IsDate = true;
