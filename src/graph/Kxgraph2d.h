@@ -164,6 +164,8 @@ public:
     void Settle() override;
     void StopSettling() override;
     void AddSettledState(std::vector<double>& State) const override;
+    /// Title, axes with their ranges, series, results and labels.
+    TAccessiblePart Accessible() const override;
     const TPropertyTable& PublishedProperties() const override;
     static const TPropertyTable& Properties();
 

@@ -13,19 +13,24 @@ namespace kx::qt {
 
 namespace {
 
-/// While it lives, Qt's warnings go nowhere, and what it would abort for is raised.
+/// While it lives, Qt's warnings go nowhere, and what it would abort for is raised. A warning about the
+/// display tells more than what follows from it.
 class TQuiet {
 public:
-    TQuiet() : FBefore(qInstallMessageHandler(Drop)) {}
+    TQuiet() : FBefore(qInstallMessageHandler(Drop)) { FTrouble.clear(); }
     ~TQuiet() { qInstallMessageHandler(FBefore); }
     TQuiet(const TQuiet&) = delete;
     TQuiet& operator=(const TQuiet&) = delete;
 
 private:
     static void Drop(QtMsgType Type, const QMessageLogContext&, const QString& Message) {
-        if (Type == QtFatalMsg) throw Exception(Message.simplified().toStdString());
+        const std::string text = Message.simplified().toStdString();
+        if (Type == QtWarningMsg && FTrouble.empty() && text.find("display") != std::string::npos)
+            FTrouble = text;
+        if (Type == QtFatalMsg) throw Exception(FTrouble.empty() ? text : FTrouble);
         if (Type == QtCriticalMsg) std::fprintf(stderr, "%s\n", qPrintable(Message));
     }
+    static inline std::string FTrouble;
     QtMessageHandler FBefore;
 };
 

@@ -1,10 +1,13 @@
 #include <kxgraph/qtwidgets/Kxformview.h>
 
+#include <kxgraph/qtwidgets/Kxqtaccessible.h>
+
 #include <memory>
 
 namespace kx::qt {
 
 FormView::FormView(QWidget* Parent) : TClientWidget(Parent) {
+    InstallAccessibility();
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 

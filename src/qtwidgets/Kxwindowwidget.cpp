@@ -1,6 +1,7 @@
 #include <kxgraph/qtwidgets/Kxwindowwidget.h>
 
 #include <kxgraph/platform/base/scopedvalue.h>
+#include <kxgraph/qtwidgets/Kxqtaccessible.h>
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -20,6 +21,7 @@ TWindowState StateOf(const QWidget& Widget) {
 } // namespace
 
 TWindowWidget::TWindowWidget(THostClient& Client) {
+    InstallAccessibility();
     setWindowFlag(Qt::Window);
     SetClient(&Client);
 }

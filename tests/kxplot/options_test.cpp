@@ -68,7 +68,7 @@ private:
 std::string MeaningOf(const TOptions& Options) {
     TMeaning meaning;
     const auto& [data, follow, batch, properties, columns, axes, functions, drawing, legend, analyses,
-                 fitting, bands, marks, labels, look, outputs] = Options;
+                 fitting, bands, marks, labels, look, outputs, window] = Options;
     meaning.Add(data.File != "d.csv", data.File);
     meaning.Add(data.Header != kx::TKxHeaderRow::Guess,
                 data.Header == kx::TKxHeaderRow::Present ? "header" : "no header");
@@ -141,6 +141,8 @@ std::string MeaningOf(const TOptions& Options) {
     meaning.Add(!look.Outfit.empty(), "outfit " + look.Outfit);
     if (outputs.Pictures != test::TNames{"d.png"}) meaning.Add("write", outputs.Pictures);
     meaning.Add(!outputs.SaveOutfit.empty(), "save " + outputs.SaveOutfit);
+    meaning.Add(window.Show, "show");
+    if (window.Seconds) meaning.Add(true, "for " + Text(*window.Seconds));
     meaning.Add(!outputs.Results.empty(), "results " + outputs.Results);
     meaning.Add(outputs.Size != TPictureSize(), "size " + Text(std::round(outputs.Size.Width * 100) / 100) +
                                                     " " + Text(std::round(outputs.Size.Height * 100) / 100));

@@ -16,6 +16,7 @@
 #include "kxplot/plan/planner.h"
 #include "kxplot/plan/remedies.h"
 #include "kxplot/shortmemory.h"
+#include "kxplot/show/show.h"
 #include "kxplot/write/framefaults.h"
 #include "kxplot/write/outputs.h"
 
@@ -28,6 +29,7 @@
 #include <exception>
 #include <iostream>
 #include <new>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -111,20 +113,23 @@ void TellAll(const std::vector<std::string>& Lines) {
 /// Returns the exit status.
 int Draw(const TOptions& Options) {
     CheckOutputs(Options.Outputs, Options.Data.Files(), Options.Look.Outfit);
+    const TWindowPart* window = LoadWindow(Options.Window);
     TPlan plan = Planned(Options);
-    kx::qt::Install(true);
-    const TFrameFaults faults;
+    if (!window) kx::qt::Install(true);
+    std::optional<TFrameFaults> faults(std::in_place);
     TPicture picture(std::move(plan));
     if (!Options.Look.Outfit.empty()) picture.LoadOutfit(Options.Look.Outfit);
     picture.Apply();
     const TFindings found = Fit(picture.GetParts());
     picture.Finish(found.Labels);
     const std::vector<std::string> notices = NoticesOf(picture.GetParts()); // nothing can fail any more after
-    WriteOutputs(picture, found, Options.Outputs, faults);                  // this but writing
+    WriteOutputs(picture, found, Options.Outputs, *faults);                 // this but writing
     if (Options.Outputs.Results == "-") Print(found.Results);
     TellAll(notices);
     TellAll(found.Failures);
     TellAll(found.Remarks);
+    faults.reset(); // what goes wrong in a window is told there
+    if (window) Show(*window, picture, found, Options);
     if (found.Interrupted) return CInterrupted;
     return found.Failures.empty() ? 0 : CFailure;
 }

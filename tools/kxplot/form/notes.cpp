@@ -175,7 +175,20 @@ void TNotes::ShortenFormulas(int Width) {
             Shorten(*FNames[k].Label, {PlainText(FNames[k].Label->GetCaption()), ""}, Width);
 }
 
+void TNotes::Show(bool Shown) {
+    const auto hide = [this](TControl* Control) {
+        if (!Control->GetVisible()) return;
+        Control->SetVisible(false);
+        FHidden.push_back(Control);
+    };
+    for (TControl* control : std::exchange(FHidden, {})) control->SetVisible(true);
+    if (Shown) return;
+    for (const auto& name : FNames) hide(name.Label), hide(name.Sample);
+    for (const auto& result : FResults) hide(result.Label);
+}
+
 void TNotes::Place() {
+    if (!FHidden.empty()) return;
     UpdateNames();
     const auto lines = GetLines();
     if (lines.empty()) return;

@@ -31,6 +31,8 @@ public:
     void Bind(const std::vector<TLabelSource>& Sources);
     /// Lines up what there is to show in the freest corner of the settled graph.
     void Place();
+    /// Hides them, or shows again what was to be seen before.
+    void Show(bool Shown);
 
 private:
     static constexpr int CSampleGap = 8; ///< between sample and name
@@ -64,6 +66,7 @@ private:
     kx::TColor FInk;           ///< of labels that nobody has coloured
     std::vector<TName> FNames; ///< one an analysis
     std::vector<TResult> FResults;
+    std::vector<kx::TControl*> FHidden; ///< by Show
 };
 
 } // namespace kxplot

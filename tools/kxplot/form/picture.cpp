@@ -116,6 +116,10 @@ void TPicture::Finish(const std::vector<TLabelSource>& Labels) {
     FNotes->Bind(Labels);
     FillResiduals(FParts);
     FinishLegend(FParts);
+    Place();
+}
+
+void TPicture::Place() {
     if (FParts.Graph2) {
         AlignGraphs(FParts);
         FitLegend(FParts);
@@ -123,6 +127,29 @@ void TPicture::Finish(const std::vector<TLabelSource>& Labels) {
     }
     PlaceTexts(FParts);
     FNotes->Place();
+}
+
+void TPicture::TakeSizeOfForm() {
+    const TSize size = FParts.Form->GetClientRect().Size();
+    if (FParts.Sheet)
+        PlaceGraphs(FParts, size);
+    else
+        FParts.Graph->SetBounds(0, 0, size.Width, size.Height);
+    SettleTree(*FParts.Form);
+    Place();
+}
+
+const TMetafile& TPicture::Record() {
+    if (!FParts.Sheet) {
+        FParts.Graph->PaintToMetafile();
+        return FParts.Graph->GetMetafile();
+    }
+    const TSize size = FParts.Sheet->GetClientRect().Size();
+    TRecorder whole(size), smooth(size, TFont::CPixelsPerInch, false, true);
+    PaintFrame(*FParts.Sheet, whole);
+    PaintFrame(*FParts.Sheet, smooth);
+    FRecord.SetPicture(size, std::move(whole.Recording), std::move(smooth.Recording));
+    return FRecord;
 }
 
 } // namespace kxplot

@@ -4,6 +4,8 @@
 #include "kxplot/form/notes.h"
 #include "kxplot/form/parts.h"
 
+#include <kxgraph/platform/drawing/recording.h>
+
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,14 +31,22 @@ public:
     /// Once all fits are done, what depends on their results: labels, one for each that was asked for, and
     /// the legend.
     void Finish(const std::vector<TLabelSource>& Labels);
+    /// Makes the finished picture as large as the form is now.
+    void TakeSizeOfForm();
+    /// Whether names and results of analyses are to be seen.
+    void ShowNotes(bool Shown) { FNotes->Show(Shown); }
+    /// A drawing of the picture as it is.
+    const kx::TMetafile& Record();
 
 private:
     void MakeGraph();
     void ApplyLook();
     void ApplyGround(const TGround& Ground);
+    void Place();
 
     TParts FParts;
     std::unique_ptr<TNotes> FNotes;
+    kx::TMetafile FRecord;
 };
 
 } // namespace kxplot

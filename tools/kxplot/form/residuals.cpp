@@ -42,18 +42,13 @@ TKxAxis* MakeAxis(TParts& Parts, const std::string& Name) {
 void MakeGraphs(TParts& Parts) {
     TForm& form = *Parts.Form;
     const TSize size = Parts.Graph->GetBoundsRect().Size();
-    const int lowest = CLowest * Parts.XAxis->GetFont().GetSize() / CUsualFont;
-    const int lower = std::clamp(lowest, size.Height * CPercent / 100, size.Height * CMostPercent / 100);
-    const int upper = size.Height - lower;
     Parts.Sheet = new TCustomControl(&form); // without a ground of its own
     Parts.Sheet->SetParent(&form);
-    Parts.Sheet->SetBounds(0, 0, size.Width, size.Height);
     Parts.Graph->SetParent(Parts.Sheet);
-    Parts.Graph->SetBounds(0, 0, size.Width, upper);
     TKx2DGraph& graph = *(Parts.Graph2 = new TKx2DGraph(&form));
     graph.SetName("Graph2");
     graph.SetParent(Parts.Sheet);
-    graph.SetBounds(0, upper, size.Width, size.Height - upper);
+    PlaceGraphs(Parts, size);
     graph.SetTransparent(Parts.Graph->GetTransparent());
     DressGraph(graph, Parts.Theme);
     Parts.Theme.ApplyTo(graph);
@@ -147,6 +142,15 @@ void FillResiduals(TParts& Parts) {
     Parts.Graph2->SetColor(Parts.Graph->GetColor());
     Parts.Graph2->SetDataColor(Parts.Graph->GetDataColor());
     SettleTree(*Parts.Form);
+}
+
+void PlaceGraphs(TParts& Parts, TSize Size) {
+    const int lowest = CLowest * Parts.XAxis->GetFont().GetSize() / CUsualFont;
+    const int lower = std::clamp(lowest, Size.Height * CPercent / 100, Size.Height * CMostPercent / 100);
+    const int upper = Size.Height - lower;
+    Parts.Sheet->SetBounds(0, 0, Size.Width, Size.Height);
+    Parts.Graph->SetBounds(0, 0, Size.Width, upper);
+    Parts.Graph2->SetBounds(0, upper, Size.Width, Size.Height - upper);
 }
 
 // What stands beside the drawing worlds keeps its width; so each graph moves by what its world is off.

@@ -8,6 +8,8 @@ namespace kxplot {
 /// Puts both graphs on a sheet, and the residuals of every fit into the lower one. Behind everything else,
 /// for series take the axes of the last graph.
 void MakeResiduals(TParts& Parts);
+/// Gives both graphs their places on a sheet of that size.
+void PlaceGraphs(TParts& Parts, kx::TSize Size);
 /// Once the fits are done.
 void FillResiduals(TParts& Parts);
 /// Gives both drawing worlds the same left and right edges.

@@ -208,6 +208,7 @@ void AddOutfitOptions(CLI::App& App, TArguments& Given) {
     App.add_option("-o", o.Outputs.Pictures, "picture to write: .png, .svg or .pdf (several allowed)")
         ->type_name("FILE")
         ->allow_extra_args(false);
+    AddWindowOptions(App, Given.Window);
 }
 
 } // namespace

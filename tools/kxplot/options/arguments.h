@@ -24,6 +24,7 @@ struct TArguments {
     TMethodArguments Method;
     TBandArguments Band;
     TMarkArguments Mark;
+    TWindowArguments Window;
     bool Header = false, NoHeader = false, Antialias = false, NoAntialias = false;
     bool Derivative = false, Integral = false;
 };

@@ -164,7 +164,10 @@ void ReadOutputs(const TArguments& Given, TOptions& Options) {
     Options.Marks = ParseMarks(Given.Mark);
     if (Given.Ground) Options.Look.Ground = ParseGround(*Given.Ground);
     for (const auto& text : Given.Assignments) Options.Look.Assignments.push_back(ParseAssignment(text));
-    if (Options.Outputs.Pictures.empty() && Options.Batch.empty())
+    Options.Window = ParseWindow(Given.Window);
+    if (Options.Window.Show && !Options.Batch.empty())
+        throw TUsageError("--show: does not go with --batch");
+    if (Options.Outputs.Pictures.empty() && Options.Batch.empty() && !Options.Window.Show)
         Options.Outputs.Pictures = {DefaultOutput(Options.Data.File)};
     else
         for (const auto& output : Options.Outputs.Pictures) CheckOutput(output);

@@ -12,6 +12,7 @@
 #include "kxplot/options/methodrequest.h"
 #include "kxplot/options/picturesize.h"
 #include "kxplot/options/tablerequest.h"
+#include "kxplot/options/windowrequest.h"
 
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/platform/text/colors.h>
@@ -120,6 +121,7 @@ struct TOptions {
     std::vector<TLabelRequest> Labels;
     TLookRequest Look;
     TOutputRequest Outputs;
+    TWindowRequest Window;
 };
 
 } // namespace kxplot

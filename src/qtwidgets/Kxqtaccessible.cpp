@@ -1,0 +1,203 @@
+#include <kxgraph/qtwidgets/Kxqtaccessible.h>
+
+#include <kxgraph/qtwidgets/Kxclientwidget.h>
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QElapsedTimer>
+#include <QPointer>
+
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace kx::qt {
+
+namespace {
+
+/// Which part: the place among its neighbours on each level, from the top.
+using TPath = std::vector<int>;
+
+QAccessible::Role RoleOf(TAccessibleRole Role) {
+    switch (Role) {
+    case TAccessibleRole::Window: return QAccessible::Client;
+    case TAccessibleRole::Panel: return QAccessible::Pane;
+    case TAccessibleRole::Graph: return QAccessible::Chart;
+    case TAccessibleRole::Axis:
+    case TAccessibleRole::Series: return QAccessible::Graphic;
+    case TAccessibleRole::Text: return QAccessible::StaticText;
+    }
+    return QAccessible::Pane;
+}
+
+/// Readers that know no values of graphics read descriptions.
+std::string DescriptionOf(const TAccessiblePart& Part) {
+    if (Part.Value.empty() || Part.Description.empty()) return Part.Value + Part.Description;
+    return Part.Value + "; " + Part.Description;
+}
+
+QString TextOf(const TAccessiblePart& Part, QAccessible::Text Kind) {
+    switch (Kind) {
+    case QAccessible::Name: return QString::fromStdString(Part.Name);
+    case QAccessible::Value: return QString::fromStdString(Part.Value);
+    case QAccessible::Description: return QString::fromStdString(DescriptionOf(Part));
+    default: return {};
+    }
+}
+
+/// The widget: what its client tells, remembered for as long as a reader takes to ask for all of it.
+class TWindowAccess : public QAccessibleWidget {
+public:
+    explicit TWindowAccess(TClientWidget* Widget) : QAccessibleWidget(Widget, QAccessible::Client) {}
+    ~TWindowAccess() override {
+        for (const auto& [path, id] : FInterfaces) QAccessible::deleteAccessibleInterface(id);
+    }
+
+    /// Null for a part that there is no more.
+    const TAccessiblePart* Find(const TPath& Path);
+    QAccessibleInterface* InterfaceOf(const TPath& Path);
+    QRect RectOf(const TPath& Path);
+
+    int childCount() const override {
+        const TAccessiblePart* window = Self().Find({});
+        return window ? int(window->Parts.size()) : 0;
+    }
+    QAccessibleInterface* child(int Index) const override { return Self().InterfaceOf({Index}); }
+    int indexOfChild(const QAccessibleInterface* Child) const override {
+        for (int i = 0; i < childCount(); ++i)
+            if (child(i) == Child) return i;
+        return -1;
+    }
+    QString text(QAccessible::Text Kind) const override {
+        const TAccessiblePart* window = Self().Find({});
+        const QString text = window ? TextOf(*window, Kind) : QString();
+        return text.isEmpty() ? QAccessibleWidget::text(Kind) : text;
+    }
+
+private:
+    /// What is made when it is asked for belongs to no state that Qt knows of.
+    TWindowAccess& Self() const { return const_cast<TWindowAccess&>(*this); }
+
+    TAccessiblePart FTold;
+    QElapsedTimer FSinceTold;
+    std::map<TPath, QAccessible::Id> FInterfaces;
+};
+
+/// A part of it.
+class TPartAccess : public QAccessibleInterface {
+public:
+    TPartAccess(QWidget* Widget, TPath Path) : FWidget(Widget), FPath(std::move(Path)) {}
+
+    bool isValid() const override { return Part() != nullptr; }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override { return FWidget ? FWidget->window()->windowHandle() : nullptr; }
+    QAccessibleInterface* parent() const override {
+        TWindowAccess* access = Access();
+        if (!access || FPath.size() == 1) return access;
+        return access->InterfaceOf({FPath.begin(), FPath.end() - 1});
+    }
+    int childCount() const override {
+        const TAccessiblePart* part = Part();
+        return part ? int(part->Parts.size()) : 0;
+    }
+    QAccessibleInterface* child(int Index) const override {
+        TPath path = FPath;
+        path.push_back(Index);
+        TWindowAccess* access = Access();
+        return access ? access->InterfaceOf(path) : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface* Child) const override {
+        for (int i = 0; i < childCount(); ++i)
+            if (child(i) == Child) return i;
+        return -1;
+    }
+    QAccessibleInterface* childAt(int X, int Y) const override {
+        for (int i = childCount() - 1; i >= 0; --i)
+            if (QAccessibleInterface* found = child(i); found && found->rect().contains(X, Y)) return found;
+        return nullptr;
+    }
+    QString text(QAccessible::Text Kind) const override {
+        const TAccessiblePart* part = Part();
+        return part ? TextOf(*part, Kind) : QString();
+    }
+    void setText(QAccessible::Text, const QString&) override {}
+    QRect rect() const override {
+        TWindowAccess* access = Access();
+        return access ? access->RectOf(FPath) : QRect();
+    }
+    QAccessible::Role role() const override {
+        const TAccessiblePart* part = Part();
+        return part ? RoleOf(part->Role) : QAccessible::NoRole;
+    }
+    QAccessible::State state() const override {
+        const TAccessiblePart* part = Part();
+        QAccessible::State state;
+        state.readOnly = true;
+        state.invalid = !part;
+        state.focused = part && part->Focused;
+        return state;
+    }
+
+private:
+    TWindowAccess* Access() const {
+        return FWidget ? dynamic_cast<TWindowAccess*>(QAccessible::queryAccessibleInterface(FWidget))
+                       : nullptr;
+    }
+    const TAccessiblePart* Part() const {
+        TWindowAccess* access = Access();
+        return access ? access->Find(FPath) : nullptr;
+    }
+
+    QPointer<QWidget> FWidget;
+    TPath FPath;
+};
+
+const TAccessiblePart* TWindowAccess::Find(const TPath& Path) {
+    constexpr qint64 CMemory = 100; // milliseconds
+    auto* shown = dynamic_cast<TClientWidget*>(widget());
+    if (!shown || !shown->GetClient()) return nullptr;
+    if (!FSinceTold.isValid() || FSinceTold.elapsed() > CMemory) {
+        FTold = shown->GetClient()->HostAccessible();
+        FSinceTold.start();
+    }
+    const TAccessiblePart* part = &FTold;
+    for (const int index : Path) {
+        if (index < 0 || index >= int(part->Parts.size())) return nullptr;
+        part = &part->Parts[std::size_t(index)];
+    }
+    return part;
+}
+
+QAccessibleInterface* TWindowAccess::InterfaceOf(const TPath& Path) {
+    if (!Find(Path)) return nullptr;
+    if (const auto known = FInterfaces.find(Path); known != FInterfaces.end())
+        return QAccessible::accessibleInterface(known->second);
+    auto* made = new TPartAccess(widget(), Path); // Qt's from here on
+    FInterfaces.emplace(Path, QAccessible::registerAccessibleInterface(made));
+    return made;
+}
+
+QRect TWindowAccess::RectOf(const TPath& Path) {
+    const TAccessiblePart* part = Find(Path);
+    if (!part) return {};
+    QPoint origin = widget()->mapToGlobal(QPoint());
+    for (std::size_t level = 1; level < Path.size(); ++level) {
+        const TRect bounds = Find({Path.begin(), Path.begin() + std::ptrdiff_t(level)})->Bounds;
+        origin += QPoint(bounds.Left, bounds.Top);
+    }
+    const TRect bounds = part->Bounds;
+    return QRect(bounds.Left, bounds.Top, bounds.Width(), bounds.Height()).translated(origin);
+}
+
+QAccessibleInterface* Make(const QString&, QObject* Object) {
+    auto* widget = dynamic_cast<TClientWidget*>(Object);
+    return widget ? new TWindowAccess(widget) : nullptr;
+}
+
+} // namespace
+
+void InstallAccessibility() {
+    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(Make), true);
+}
+
+} // namespace kx::qt
