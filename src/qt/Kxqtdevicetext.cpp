@@ -23,7 +23,8 @@ public:
             QString cluster;
             do {
                 const TCodePoint character = DecodeAt(Text, i);
-                cluster += QString::fromUcs4(&character.Value, 1);
+                const char32_t shown = FFont.Shown(character.Value);
+                cluster += QString::fromUcs4(&shown, 1);
                 x += FFont.Advance(character.Value);
                 i += std::size_t(character.Length);
             } while (i < Text.size() && QChar::isMark(DecodeAt(Text, i).Value));
@@ -34,7 +35,7 @@ public:
     /// As the font's design has them.
     void DrawExactly(std::string_view Text) {
         FPainter.setFont(FFont.Exact());
-        FPainter.drawText(QPointF(0, FBaseline), QString::fromStdString(ToValidUtf8(Text)));
+        FPainter.drawText(QPointF(0, FBaseline), FFont.Shown(Text));
         FWidth = FFont.ExactWidth(Text);
     }
     void Rule(const TQtFont::TRule& Rule, const QColor& Color) {

@@ -124,14 +124,34 @@ TQtFont::TQtFont(const TFontFace& Face) : FFont(FontOf(Face)) {
     FAscii.fill(-1);
 }
 
+char32_t TQtFont::Shown(char32_t Character) const {
+    static constexpr std::pair<char32_t, char32_t> variants[] = {
+        {U'\u03D1', U'\u03B8'}, {U'\u03D2', U'\u03A5'}, {U'\u03D5', U'\u03C6'}, {U'\u03D6', U'\u03C0'}};
+    for (const auto& [variant, letter] : variants)
+        if (Character == variant) return QFontMetricsF(FFont).inFontUcs4(variant) ? variant : letter;
+    return Character;
+}
+
+QString TQtFont::Shown(std::string_view Text) const {
+    QString shown;
+    for (std::size_t i = 0; i < Text.size();) {
+        const TCodePoint character = DecodeAt(Text, i);
+        const char32_t one = Shown(character.Value);
+        shown += QString::fromUcs4(&one, 1);
+        i += std::size_t(character.Length);
+    }
+    return shown;
+}
+
 int TQtFont::Advance(char32_t Character) {
     const bool ascii = Character < FAscii.size();
     int& advance = ascii ? FAscii[Character] : FAdvances.try_emplace(Character, -1).first->second;
     if (advance < 0) {
         const QFontMetricsF metrics(FFont);
+        const char32_t shown = Shown(Character);
         advance = QChar::isMark(Character)
                       ? 0
-                      : int(std::lround(metrics.horizontalAdvance(QString::fromUcs4(&Character, 1))));
+                      : int(std::lround(metrics.horizontalAdvance(QString::fromUcs4(&shown, 1))));
     }
     return advance;
 }
@@ -147,7 +167,7 @@ TSize TQtFont::Measure(std::string_view Text) {
 }
 
 double TQtFont::ExactWidth(std::string_view Text) const {
-    return QFontMetricsF(FExact).horizontalAdvance(QString::fromStdString(ToValidUtf8(Text)));
+    return QFontMetricsF(FExact).horizontalAdvance(Shown(Text));
 }
 
 const QFont& TQtFont::At(double Scale) {

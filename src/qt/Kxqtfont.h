@@ -5,6 +5,7 @@
 #include <kxgraph/platform/drawing/device.h>
 
 #include <QFont>
+#include <QString>
 
 #include <array>
 #include <string>
@@ -28,6 +29,11 @@ public:
 
     int Ascent() const { return FAscent; }
     int CellHeight() const { return FCellHeight; }
+    /// What is drawn for a character: variants of Greek letters that no installed font has are drawn as the
+    /// plain letters.
+    char32_t Shown(char32_t Character) const;
+    /// The same for a text in UTF-8, whose foreign bytes are Latin-1.
+    QString Shown(std::string_view Text) const;
     /// Whole pixels; 0 for a combining mark.
     int Advance(char32_t Character);
     /// Advances summed character by character: no kerning, so that captions measured in pieces fit.

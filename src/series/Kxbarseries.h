@@ -127,23 +127,21 @@ private:
     struct TBar {
         TRect Outline;
         TKxBarSlot Slot;
-        const TKxBarSeries* Series;
     };
     TKxBarLayout GetLayout() const;
     TPlan MakePlan() const;
     TBar BarAt(const TPlan& Plan, int Index) const;
-    template <class F>
-    void ForBars(bool AreaOnly, F Draw) const;
     double PlaceAt(const TKxChannel& Channel, double Value) const;
-    std::optional<TRealRect> ExactOutline(const TPlan& Plan, int Index) const;
-    template <class F>
-    void ForExactBars(bool AreaOnly, F Draw) const;
+    TRealRect ExactOutline(const TPlan& Plan, int Index) const;
+    template <class R, class F>
+    void ForBars(bool AreaOnly, F Draw) const;
     template <class E>
     void DrawFlat(TCanvas& Canvas, E ForEach) const;
     std::vector<TKxBarSeries*> BoxGroup();
     void DrawBoxes(TCanvas& Canvas);
     void DrawBoxesTogether(TCanvas& Canvas, const std::vector<TKxBarSeries*>& Group) const;
-    void DrawBox(TCanvas& Canvas, const TRect& Outline, const TKxBarSlot& Slot) const;
+    template <class R>
+    void DrawBox(TCanvas& Canvas, const R& Outline, const TKxBarSlot& Slot) const;
     bool IsShown() const { return LineStyle().GetVisible() || AreaStyle().GetVisible(); }
     void FillBar(TCanvas& Canvas, const TRealRect& Area, bool Xored) const;
 

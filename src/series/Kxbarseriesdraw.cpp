@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <type_traits>
 
 namespace kx {
 
@@ -40,7 +41,7 @@ TKxBarSeries::TPlan TKxBarSeries::MakePlan() const {
 
 // Without a clip a bar that reaches out of the drawing world would lie on labels: it is cut at the border.
 TKxBarSeries::TBar TKxBarSeries::BarAt(const TPlan& Plan, int Index) const {
-    TBar bar{{}, {}, this};
+    TBar bar;
     const int edge = EdgeAt(Index), next = EdgeAt(Index + 1), end = EndAt(Index);
     if (edge == CNoPixel || next == CNoPixel || end == CNoPixel) return bar;
     const int start = Plan.Map.EndPosition(StackStart(Plan.Below, Index));
@@ -57,33 +58,11 @@ bool IsDeep(const TKxBarSlot& Slot) { return Slot.DepthX != 0 || Slot.DepthY != 
 
 } // namespace
 
-// Bars of a dense histogram that fall into one column of pixels are drawn as one.
-template <class F>
-void TKxBarSeries::ForBars(bool AreaOnly, F Draw) const {
-    const TPlan plan = MakePlan();
-    TBar pending{{}, {}, this};
-    for (int n = 0; n < FPointsCount; ++n) {
-        TBar bar = BarAt(plan, plan.InOrder ? n : FPointsCount - 1 - n);
-        if (AreaOnly) bar.Outline = BarArea(bar.Outline, FBarHorizontal);
-        if (bar.Outline.IsEmpty()) continue;
-        const bool deep = FShow3DBars && (IsDeep(bar.Slot) || IsDeep(pending.Slot));
-        if (!deep && AreOneLine(pending.Outline, bar.Outline, FBarHorizontal)) {
-            pending.Outline = pending.Outline.United(bar.Outline);
-            continue;
-        }
-        if (!pending.Outline.IsEmpty()) Draw(pending.Outline, pending.Slot);
-        pending = bar;
-    }
-    if (!pending.Outline.IsEmpty()) Draw(pending.Outline, pending.Slot);
-}
-
 double TKxBarSeries::PlaceAt(const TKxChannel& Channel, double Value) const {
     return Channel.GetAxis()->GetMap().EndPlace(Value);
 }
 
-// What is to be drawn is decided by pixels, as everywhere.
-std::optional<TRealRect> TKxBarSeries::ExactOutline(const TPlan& Plan, int Index) const {
-    if (BarAt(Plan, Index).Outline.IsEmpty()) return std::nullopt;
+TRealRect TKxBarSeries::ExactOutline(const TPlan& Plan, int Index) const {
     const double start = StackStart(Plan.Below, Index);
     const TKxBarSpan span = SpanInBin(PlaceAt(Edges(), Edges().GetValue(Index)),
                                       PlaceAt(Edges(), Edges().GetValue(Index + 1)), Plan.Layout);
@@ -93,22 +72,35 @@ std::optional<TRealRect> TKxBarSeries::ExactOutline(const TPlan& Plan, int Index
     return Plan.Cut ? outline.Intersected(TRect{0, 0, Plan.World.Width, Plan.World.Height}) : outline;
 }
 
-template <class F>
-void TKxBarSeries::ForExactBars(bool AreaOnly, F Draw) const {
+// What is to be drawn is decided by pixels, as everywhere. Bars of a dense histogram that fall into one
+// column of pixels are drawn as one.
+template <class R, class F>
+void TKxBarSeries::ForBars(bool AreaOnly, F Draw) const {
+    constexpr bool exact = std::is_same_v<R, TRealRect>;
     const TPlan plan = MakePlan();
-    TRealRect pending;
+    R pending{};
+    TKxBarSlot slot;
     const auto draw = [&] {
-        if (!pending.IsEmpty()) Draw(AreaOnly ? BarArea(pending, FBarHorizontal) : pending);
+        if (!pending.IsEmpty()) Draw(exact && AreaOnly ? BarArea(pending, FBarHorizontal) : pending, slot);
     };
     for (int n = 0; n < FPointsCount; ++n) {
-        const auto outline = ExactOutline(plan, plan.InOrder ? n : FPointsCount - 1 - n);
-        if (!outline || outline->IsEmpty()) continue;
-        if (!pending.IsEmpty() && AreOneLine(pending, *outline, FBarHorizontal)) {
-            pending = pending.United(*outline);
+        const int index = plan.InOrder ? n : FPointsCount - 1 - n;
+        const TBar bar = BarAt(plan, index);
+        if (bar.Outline.IsEmpty()) continue;
+        R outline;
+        if constexpr (exact)
+            outline = ExactOutline(plan, index);
+        else
+            outline = AreaOnly ? BarArea(bar.Outline, FBarHorizontal) : bar.Outline;
+        if (outline.IsEmpty()) continue;
+        const bool deep = FShow3DBars && (IsDeep(bar.Slot) || IsDeep(slot));
+        if (!deep && !pending.IsEmpty() && AreOneLine(pending, outline, FBarHorizontal)) {
+            pending = pending.United(outline);
             continue;
         }
         draw();
-        pending = *outline;
+        pending = outline;
+        slot = bar.Slot;
     }
     draw();
 }
@@ -120,10 +112,12 @@ void TKxBarSeries::DrawLine(TCanvas& Canvas) {
     if (FShow3DBars)
         DrawBoxes(Canvas);
     else if (Canvas.IsSmooth())
-        DrawFlat(Canvas, [this](bool AreaOnly, auto Draw) { ForExactBars(AreaOnly, Draw); });
+        DrawFlat(Canvas, [this](bool AreaOnly, auto Draw) {
+            ForBars<TRealRect>(AreaOnly, [&Draw](const TRealRect& Bar, const TKxBarSlot&) { Draw(Bar); });
+        });
     else
         DrawFlat(Canvas, [this](bool AreaOnly, auto Draw) {
-            ForBars(AreaOnly, [&Draw](const TRect& Bar, const TKxBarSlot&) { Draw(Bar); });
+            ForBars<TRect>(AreaOnly, [&Draw](const TRect& Bar, const TKxBarSlot&) { Draw(Bar); });
         });
 }
 
@@ -157,7 +151,11 @@ void TKxBarSeries::DrawBoxes(TCanvas& Canvas) {
     const auto group = BoxGroup();
     if (group.size() > 1 && group.front() == this) return DrawBoxesTogether(Canvas, group);
     if (group.size() > 1 && std::find(group.begin(), group.end(), this) != group.end()) return;
-    ForBars(false, [&](const TRect& Outline, const TKxBarSlot& Slot) { DrawBox(Canvas, Outline, Slot); });
+    const auto draw = [&](const auto& Outline, const TKxBarSlot& Slot) { DrawBox(Canvas, Outline, Slot); };
+    if (Canvas.IsSmooth())
+        ForBars<TRealRect>(false, draw);
+    else
+        ForBars<TRect>(false, draw);
 }
 
 void TKxBarSeries::DrawBoxesTogether(TCanvas& Canvas, const std::vector<TKxBarSeries*>& Group) const {
@@ -168,26 +166,39 @@ void TKxBarSeries::DrawBoxesTogether(TCanvas& Canvas, const std::vector<TKxBarSe
         plans.push_back(bars->MakePlan());
         bins = std::max(bins, bars->FPointsCount);
     }
-    std::vector<TBar> bin;
+    struct TBox {
+        TBar Bar;
+        std::size_t Series;
+    };
+    std::vector<TBox> bin;
     for (int n = 0; n < bins; ++n) {
         const int i = plans.front().InOrder ? n : bins - 1 - n;
         bin.clear();
         for (std::size_t k = 0; k < Group.size(); ++k)
-            if (i < Group[k]->FPointsCount) bin.push_back(Group[k]->BarAt(plans[k], i));
-        std::stable_sort(bin.begin(), bin.end(), [this](const TBar& A, const TBar& B) {
-            return PaintsBefore(A.Outline, B.Outline, FBarHorizontal);
+            if (i < Group[k]->FPointsCount) bin.push_back({Group[k]->BarAt(plans[k], i), k});
+        std::erase_if(bin, [](const TBox& Box) { return Box.Bar.Outline.IsEmpty(); });
+        std::stable_sort(bin.begin(), bin.end(), [this](const TBox& A, const TBox& B) {
+            return PaintsBefore(A.Bar.Outline, B.Bar.Outline, FBarHorizontal);
         });
-        for (const TBar& bar : bin)
-            if (!bar.Outline.IsEmpty()) bar.Series->DrawBox(Canvas, bar.Outline, bar.Slot);
+        for (const auto& [bar, k] : bin)
+            if (Canvas.IsSmooth())
+                Group[k]->DrawBox(Canvas, Group[k]->ExactOutline(plans[k], i), bar.Slot);
+            else
+                Group[k]->DrawBox(Canvas, bar.Outline, bar.Slot);
     }
 }
 
-void TKxBarSeries::DrawBox(TCanvas& Canvas, const TRect& Outline, const TKxBarSlot& Slot) const {
+template <class R>
+void TKxBarSeries::DrawBox(TCanvas& Canvas, const R& Outline, const TKxBarSlot& Slot) const {
     const TColor front = AreaStyle().GetColor();
+    const TColor frame = LineStyle().GetVisible() ? LineStyle().GetColor() : front;
     UseLinePen(Canvas, LineStyle());
-    Draw3DBar(Outline.Left, Outline.Top, Outline.Right, Outline.Bottom, Slot.DepthX, Slot.DepthY,
-              LineStyle().GetVisible() ? LineStyle().GetColor() : front, front, BarTopColor(front),
-              BarSideColor(front), Canvas);
+    if constexpr (std::is_same_v<R, TRealRect>)
+        Draw3DBar(Outline, Slot.DepthX, Slot.DepthY, frame, front, BarTopColor(front), BarSideColor(front),
+                  Canvas);
+    else
+        Draw3DBar(Outline.Left, Outline.Top, Outline.Right, Outline.Bottom, Slot.DepthX, Slot.DepthY, frame,
+                  front, BarTopColor(front), BarSideColor(front), Canvas);
 }
 
 void TKxBarSeries::FillBar(TCanvas& Canvas, const TRealRect& Area, bool Xored) const {

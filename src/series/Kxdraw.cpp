@@ -113,30 +113,49 @@ void DrawFrame(int X1, int Y1, int X2, int Y2, TCanvas& Canvas) {
     Canvas.Polyline(corners);
 }
 
-void Draw3DBar(int X1, int Y1, int X2, int Y2, int DX, int DY, TColor FrameColor, TColor FrontColor,
-               TColor TopColor, TColor SideColor, TCanvas& Canvas) {
-    const TRect r = OrderedRect(X1, Y1, X2, Y2);
-    const int right = r.Right - 1;
-    const int backRight = RoundToInt(right + std::abs(double(DX)));
-    const int backLeft = RoundToInt(r.Left + std::abs(double(DX)));
+namespace {
+
+struct TBoxColors {
+    TColor Frame, Front, Top, Side;
+};
+
+/// The faces of a box; Limited keeps corners on the canvas's pixels.
+template <class P, class R, class L>
+void DrawBox(const R& Front, int DX, int DY, const TBoxColors& Colors, TCanvas& Canvas, L Limited) {
+    const auto right = Front.Right - 1;
+    const auto backRight = Limited(right + std::abs(double(DX))),
+               backLeft = Limited(Front.Left + std::abs(double(DX)));
     const double rise = std::abs(double(DY)) + 1;
-    const int backTop = RoundToInt(r.Top - rise);
-    const int backBottom = RoundToInt(r.Bottom - rise);
+    const auto backTop = Limited(Front.Top - rise), backBottom = Limited(Front.Bottom - rise);
 
     Canvas.Brush.SetStyle(bsSolid);
-    Canvas.Brush.SetColor(FrontColor);
+    Canvas.Brush.SetColor(Colors.Front);
     Canvas.Pen.SetStyle(psSolid);
-    Canvas.Pen.SetColor(FrameColor);
-    Canvas.Rectangle(r.Left, r.Top, r.Right, r.Bottom);
+    Canvas.Pen.SetColor(Colors.Frame);
+    Canvas.Rectangle(Front);
 
-    const TPoint top[] = {{r.Left, r.Top}, {right, r.Top}, {backRight, backTop}, {backLeft, backTop}};
-    Canvas.Brush.SetColor(TopColor);
+    const P top[] = {{Front.Left, Front.Top}, {right, Front.Top}, {backRight, backTop}, {backLeft, backTop}};
+    Canvas.Brush.SetColor(Colors.Top);
     Canvas.Polygon(top);
 
-    const TPoint side[] = {
-        {right, r.Top}, {backRight, backTop}, {backRight, backBottom}, {right, r.Bottom - 1}};
-    Canvas.Brush.SetColor(SideColor);
+    const P side[] = {
+        {right, Front.Top}, {backRight, backTop}, {backRight, backBottom}, {right, Front.Bottom - 1}};
+    Canvas.Brush.SetColor(Colors.Side);
     Canvas.Polygon(side);
+}
+
+} // namespace
+
+void Draw3DBar(int X1, int Y1, int X2, int Y2, int DX, int DY, TColor FrameColor, TColor FrontColor,
+               TColor TopColor, TColor SideColor, TCanvas& Canvas) {
+    DrawBox<TPoint>(OrderedRect(X1, Y1, X2, Y2), DX, DY, {FrameColor, FrontColor, TopColor, SideColor},
+                    Canvas, [](double Place) { return RoundToInt(Place); });
+}
+
+void Draw3DBar(const TRealRect& Front, int DX, int DY, TColor FrameColor, TColor FrontColor, TColor TopColor,
+               TColor SideColor, TCanvas& Canvas) {
+    DrawBox<TRealPoint>(Front, DX, DY, {FrameColor, FrontColor, TopColor, SideColor}, Canvas,
+                        [](double Place) { return Place; });
 }
 
 } // namespace kx

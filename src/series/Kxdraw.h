@@ -203,5 +203,8 @@ void DrawArrow(TRealPoint From, TRealPoint To, int TipLength, int TipWidth, TCan
 /// them.
 void Draw3DBar(int X1, int Y1, int X2, int Y2, int DX, int DY, TColor FrameColor, TColor FrontColor,
                TColor TopColor, TColor SideColor, TCanvas& Canvas);
+/// On a smooth canvas: the same with an exact front.
+void Draw3DBar(const TRealRect& Front, int DX, int DY, TColor FrameColor, TColor FrontColor, TColor TopColor,
+               TColor SideColor, TCanvas& Canvas);
 
 } // namespace kx

@@ -16,6 +16,7 @@
 #include "kxplot/plan/planner.h"
 #include "kxplot/plan/remedies.h"
 #include "kxplot/shortmemory.h"
+#include "kxplot/show/livepicture.h"
 #include "kxplot/show/show.h"
 #include "kxplot/write/framefaults.h"
 #include "kxplot/write/outputs.h"
@@ -43,15 +44,16 @@ constexpr const char* CSample = "x,y\n1,1\n2,3\n3,2\n4,5\n5,4\n6,6\n7,8\n8,7\n";
 
 constexpr int CFailure = 1, CUsage = 2, CInterrupted = 130; // the last as shells have it
 
-std::string TextOf(const std::string& File, const TOptions& Options) {
+/// Of a table; that of one that was followed was read meanwhile.
+std::string TextOf(const std::string& File, const std::string* Followed) {
     if (File.empty()) return CSample;
-    return Options.Follow.Wanted ? FollowToTheEnd(Options) : kx::ReadFile(File);
+    return Followed ? *Followed : kx::ReadFile(File);
 }
 
 /// What Use makes of a table; what is wrong with it is told with the option that helps.
 template <class F>
-auto WithTable(const std::string& File, const TOptions& Options, F Use) {
-    const std::string text = TextOf(File, Options);
+auto WithTable(const std::string& File, const TOptions& Options, const std::string* Followed, F Use) {
+    const std::string text = TextOf(File, Followed);
     try {
         kx::TKxTable table(text,
                            File.empty()  ? "sample"
@@ -75,19 +77,20 @@ auto WithQuery(const TOptions& Options, F Use) {
 
 /// Hands each table to Use.
 template <class F>
-void WithTables(const TOptions& Options, F Use) {
+void WithTables(const TOptions& Options, const std::string* Followed, F Use) {
     std::vector<std::string> files = Options.Data.Files();
     const bool hasQuery = Options.Data.Database.IsGiven();
     if (hasQuery) WithQuery(Options, Use);
     if (files.empty() && !hasQuery && Options.Functions.Functions.empty()) files = {""};
-    for (const auto& file : files) WithTable(file, Options, Use);
+    for (const auto& file : files) WithTable(file, Options, Followed, Use);
 }
 
 /// Reads the tables and plans the picture.
-TPlan Planned(const TOptions& Given) {
+TPlan Planned(const TOptions& Given, const std::string* Followed = nullptr) {
     const TOptions options = WithDifference(Given);
     std::vector<TPlan> plans;
-    WithTables(options, [&](const kx::TKxTable& Table) { plans.push_back(MakePlan(Table, options)); });
+    WithTables(options, Followed,
+               [&](const kx::TKxTable& Table) { plans.push_back(MakePlan(Table, options)); });
     TPlan plan = plans.empty() ? PlanOfFunctions(options) : Combined(std::move(plans), options);
     AddFunctions(plan, options);
     return plan;
@@ -97,7 +100,7 @@ TPlan Planned(const TOptions& Given) {
 int Explain(const TOptions& Given) {
     const TOptions options = WithDifference(Given);
     if (options.Data.Files().empty() && !options.Data.Database.IsGiven()) return 0;
-    WithTables(options, [&](const kx::TKxTable& Table) {
+    WithTables(options, nullptr, [&](const kx::TKxTable& Table) {
         for (const auto& line : Table.Explain()) Print(line + "\n");
         std::vector<std::string> told;
         MakePlan(Table, options, &told);
@@ -111,10 +114,10 @@ void TellAll(const std::vector<std::string>& Lines) {
 }
 
 /// Returns the exit status.
-int Draw(const TOptions& Options) {
+int Draw(const TOptions& Options, const std::string* Followed = nullptr) {
     CheckOutputs(Options.Outputs, Options.Data.Files(), Options.Look.Outfit);
     const TWindowPart* window = LoadWindow(Options.Window);
-    TPlan plan = Planned(Options);
+    TPlan plan = Planned(Options, Followed);
     if (!window) kx::qt::Install(true);
     std::optional<TFrameFaults> faults(std::in_place);
     TPicture picture(std::move(plan));
@@ -132,6 +135,39 @@ int Draw(const TOptions& Options) {
     if (window) Show(*window, picture, found, Options);
     if (found.Interrupted) return CInterrupted;
     return found.Failures.empty() ? 0 : CFailure;
+}
+
+/// Shows what the table has while it grows.
+void ShowGrowing(const TWindowPart& Window, TFollowedTable& Table, const TOptions& Options) {
+    TPlan plan = Table.GetWhole();
+    AddFunctions(plan, Options);
+    TPicture picture(std::move(plan));
+    if (!Options.Look.Outfit.empty()) picture.LoadOutfit(Options.Look.Outfit);
+    picture.Apply();
+    const TFindings found = Fit(picture.GetParts());
+    picture.Finish(found.Labels);
+    TLivePicture live(picture, Table, Options);
+    Show(Window, picture, found, Options, [&] {
+        live.Poll();
+        return !TEndSignals::HaveCome();
+    });
+}
+
+/// What is to be written is made in the end, of all that the table has got.
+int Follow(TOptions Options) {
+    CheckOutputs(Options.Outputs, Options.Data.Files(), Options.Look.Outfit);
+    std::string text;
+    if (const TWindowPart* window = LoadWindow(Options.Window)) {
+        const TEndSignals signals;
+        TFollowedTable table(Options);
+        if (WaitForTable(table)) ShowGrowing(*window, table, Options);
+        text = table.GetText();
+        Options.Window.Show = false;
+        if (Options.Outputs.AreNone()) return 0;
+    } else {
+        text = FollowToTheEnd(Options);
+    }
+    return Draw(Options, &text);
 }
 
 int ListProperties(const TOptions& Options) {
@@ -164,6 +200,7 @@ int Guarded(F Action) {
 int Run(const TOptions& Options) {
     if (Options.Properties) return ListProperties(Options);
     if (Options.Data.Table.Explain) return Explain(Options);
+    if (Options.Follow.Wanted) return Follow(Options);
     if (Options.Batch.empty()) return Draw(Options);
     return DrawBatch(Options, [](const TOptions& One) { return Guarded([&] { return Draw(One); }); });
 }

@@ -1,7 +1,5 @@
 #include "kxplot/follow/follow.h"
 
-#include "kxplot/follow/followedtable.h"
-
 #include <array>
 #include <chrono>
 #include <csignal>
@@ -22,33 +20,37 @@ void OnEnd(int Signal) {
     WasEnded = 1;
 }
 
-/// Hears the signals that end the following; those that are ignored stay so.
-class TEndSignals {
-public:
-    TEndSignals() {
-        for (std::size_t i = 0; i < CSignals.size(); ++i) {
-            FBefore[i] = std::signal(CSignals[i], OnEnd);
-            if (FBefore[i] == SIG_IGN) std::signal(CSignals[i], SIG_IGN);
-        }
-    }
-    ~TEndSignals() {
-        for (std::size_t i = 0; i < CSignals.size(); ++i)
-            if (FBefore[i] != SIG_ERR) std::signal(CSignals[i], FBefore[i]);
-    }
-    TEndSignals(const TEndSignals&) = delete;
-    TEndSignals& operator=(const TEndSignals&) = delete;
-
-private:
-    std::array<void (*)(int), CSignals.size()> FBefore;
-};
-
 } // namespace
+
+TEndSignals::TEndSignals() {
+    for (std::size_t i = 0; i < CSignals.size(); ++i) {
+        FBefore[i] = std::signal(CSignals[i], OnEnd);
+        if (FBefore[i] == SIG_IGN) std::signal(CSignals[i], SIG_IGN);
+    }
+}
+
+TEndSignals::~TEndSignals() {
+    for (std::size_t i = 0; i < CSignals.size(); ++i)
+        if (FBefore[i] != SIG_ERR) std::signal(CSignals[i], FBefore[i]);
+}
+
+bool TEndSignals::HaveCome() { return WasEnded != 0; }
+
+bool WaitForTable(TFollowedTable& Table) {
+    while (!TEndSignals::HaveCome()) {
+        const bool ends = Table.HasEnded();
+        if (Table.Poll() == TFollowedTable::TNews::Anew) return true;
+        if (ends) return false;
+        std::this_thread::sleep_for(CPause);
+    }
+    return false;
+}
 
 std::string FollowToTheEnd(const TOptions& Options) {
     const TEndSignals signals;
     TFollowedTable table(Options);
     for (;;) {
-        const bool ends = WasEnded != 0 || table.HasEnded(); // what has come until then is read
+        const bool ends = TEndSignals::HaveCome() || table.HasEnded(); // what has come until then is read
         table.Poll();
         if (ends) return table.GetText();
         if (!table.HasEnded()) std::this_thread::sleep_for(CPause);

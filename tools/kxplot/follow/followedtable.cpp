@@ -45,7 +45,7 @@ TOptions OfRows(TOptions Options) {
 } // namespace
 
 TFollowedTable::TFollowedTable(const TOptions& Options)
-    : FOptions(OfRows(Options)), FFormat(FormatOf(Options)), FFile(Options.Data.File) {}
+    : FAsked(Options), FOptions(OfRows(Options)), FFormat(FormatOf(Options)), FFile(Options.Data.File) {}
 
 TPlan TFollowedTable::PlanOf(const kx::TKxTable& Table) const {
     kx::TKxTable table = Table;
@@ -155,6 +155,13 @@ void TFollowedTable::Keep(std::string_view Lines) {
         const auto& window = FOptions.Follow.Window;
         if (window && FRows.size() > static_cast<std::size_t>(*window)) FRows.pop_front();
     });
+}
+
+TPlan TFollowedTable::GetWhole() const {
+    const std::string text = GetText();
+    kx::TKxTable table(text, FOptions.Data.File, FFormat);
+    AddExpressions(table, FAsked);
+    return MakePlan(table, FAsked);
 }
 
 std::string TFollowedTable::GetText() const {

@@ -33,6 +33,8 @@ public:
     TNews Poll();
     /// The plan of the rows that the last Poll found alone.
     const TPlan& GetNew() const { return FNew; }
+    /// The plan of all rows that are kept.
+    TPlan GetWhole() const;
     /// Whether nothing can come any more.
     bool HasEnded() const { return FFile.HasEnded(); }
 
@@ -50,6 +52,7 @@ private:
     void Complain(const std::string& What, const std::string& Kind);
     TPlan PlanOf(const kx::TKxTable& Table) const;
 
+    const TOptions FAsked;
     const TOptions FOptions;    ///< without what rows alone do not have
     kx::TKxTableFormat FFormat; ///< with what the first rows have told
     TGrowingFile FFile;

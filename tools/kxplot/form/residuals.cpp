@@ -132,6 +132,8 @@ void FillResiduals(TParts& Parts) {
         for (std::size_t i = 0; i < values.size(); ++i)
             if (analysis.Line->GetCalculationStart() <= x[i] && x[i] <= analysis.Line->GetCalculationStop())
                 values[i] = y[i] - analysis.Line->GetY(x[i]);
+        residuals.X->Clear();
+        residuals.Y->Clear();
         residuals.X->AddValues(x.first(values.size()));
         residuals.Y->AddValues(values);
         residuals.Series->SetXData(residuals.X);

@@ -67,8 +67,8 @@ void CheckOutput(const std::string& FileName) {
 
 std::optional<double> ParseLimit(const char* Option, const std::optional<std::string>& Text) {
     if (!Text) return std::nullopt;
-    const auto value = ParseFinite(*Text);
-    if (!value) FailUsage(Option, *Text, "is not a number");
+    const auto value = ParsePlace(*Text);
+    if (!value) FailUsage(Option, *Text, "is neither a number nor a date such as 2003-09-19");
     return value;
 }
 

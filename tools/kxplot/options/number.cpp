@@ -1,5 +1,6 @@
 #include "kxplot/options/number.h"
 
+#include <kxgraph/table/Kxtabledates.h>
 #include <kxgraph/table/Kxtablenumber.h>
 
 #include <charconv>
@@ -10,6 +11,13 @@ namespace kxplot {
 std::optional<double> ParseFinite(std::string_view Text) {
     const auto value = kx::ParseNumber(Text, false);
     return value && std::isfinite(*value) ? value : std::nullopt;
+}
+
+std::optional<double> ParsePlace(std::string_view Text) {
+    if (const auto value = ParseFinite(Text)) return value;
+    const auto date = kx::TKxDateCell::Parse(Text);
+    if (!date || !date->KnowsItsOrder()) return std::nullopt;
+    return date->Seconds(kx::TKxDateOrder::DayMonthYear);
 }
 
 std::optional<int> ParseWhole(std::string_view Text, int Lowest, int Highest) {

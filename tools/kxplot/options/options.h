@@ -102,6 +102,10 @@ struct TOutputRequest {
     TPictureSize Size;
     double Scale = 1;      ///< pixels of a PNG in a logical one
     bool Antialias = true; ///< of PNGs
+
+    bool AreNone() const {
+        return Pictures.empty() && SaveOutfit.empty() && Results.empty() && CurveData.empty();
+    }
 };
 
 struct TOptions {

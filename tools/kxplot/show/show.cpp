@@ -56,7 +56,8 @@ const TWindowPart* LoadWindow(const TWindowRequest& Request) {
     return &window;
 }
 
-void Show(const TWindowPart& Window, TPicture& Picture, const TFindings& Found, const TOptions& Options) {
+void Show(const TWindowPart& Window, TPicture& Picture, const TFindings& Found, const TOptions& Options,
+          const std::function<bool()>& Poll) {
     TParts& parts = Picture.GetParts();
     SwitchOn(*parts.Graph);
     TFitSwitch fits(Picture);
@@ -79,7 +80,8 @@ void Show(const TWindowPart& Window, TPicture& Picture, const TFindings& Found, 
                          Save(Picture, Found, outputs);
                      },
                  .Record = [&]() -> const kx::TMetafile& { return Picture.Record(); },
-                 .ShowFits = [&](bool Shown) { fits.Show(Shown); }});
+                 .ShowFits = [&](bool Shown) { fits.Show(Shown); },
+                 .Poll = Poll});
 }
 
 } // namespace kxplot

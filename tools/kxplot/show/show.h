@@ -6,13 +6,17 @@
 #include "kxplot/options/options.h"
 #include "kxplot/show/windowpart.h"
 
+#include <functional>
+
 namespace kxplot {
 
 /// The window part where it is asked for, null where it is not. Loads it and puts the library on it. Raises
 /// kx::Exception.
 const TWindowPart* LoadWindow(const TWindowRequest& Request);
 
-/// Shows the picture until its window is closed.
-void Show(const TWindowPart& Window, TPicture& Picture, const TFindings& Found, const TOptions& Options);
+/// Shows the picture until its window is closed. Poll, if there is one, is called again and again; false
+/// closes the window, too.
+void Show(const TWindowPart& Window, TPicture& Picture, const TFindings& Found, const TOptions& Options,
+          const std::function<bool()>& Poll = {});
 
 } // namespace kxplot

@@ -24,6 +24,9 @@ struct TShownPicture {
     std::function<void(const std::string&FileName)> SavePicture, SaveOutfit;
     std::function<const kx::TMetafile&()> Record;
     std::function<void(bool Shown)> ShowFits;
+    /// Brings what has come since the last call into the picture; false closes the window. Empty where
+    /// nothing comes.
+    std::function<bool()> Poll = {};
 };
 
 struct TWindowPart {
@@ -36,6 +39,6 @@ struct TWindowPart {
 
 inline constexpr const char* CWindowModule = "kxplot-window";
 /// The entry; another name whenever TShownPicture or TWindowPart is another.
-inline constexpr const char* CWindowEntry = "KxplotWindow1";
+inline constexpr const char* CWindowEntry = "KxplotWindow2";
 
 } // namespace kxplot
