@@ -32,7 +32,7 @@ protected:
 /// Handlers (OnCalculated, OnError and those that a derived class calls by CallHandler) may take the series
 /// from its parent, destroy it or its parent, and change or empty the data. A function that is fitted may do
 /// all of this but destroy the series.
-class TKxCalculatedSeries : public TKxSeries, public TKxCalculatedItem {
+class TKxCalculatedSeries : public TKxSeries, public TKxCalculatedItem, public TKxStartStop {
 public:
     explicit TKxCalculatedSeries(TComponent* Owner);
     ~TKxCalculatedSeries() override;
@@ -52,14 +52,16 @@ public:
 
     // The data that take part: CalculationStart <= x <= CalculationStop. An automatic end follows the
     // parent's data; setting an end switches that off.
-    bool GetAutoStart() const { return FAutoStart; }
-    void SetAutoStart(bool Auto) { ChangeAutomatic(FAutoStart, Auto); }
-    bool GetAutoStop() const { return FAutoStop; }
-    void SetAutoStop(bool Auto) { ChangeAutomatic(FAutoStop, Auto); }
-    double GetCalculationStart() const { return FCalculationStart; }
-    void SetCalculationStart(double X);
-    double GetCalculationStop() const { return FCalculationStop; }
-    void SetCalculationStop(double X);
+    bool GetAutoStart() const override { return FAutoStart; }
+    void SetAutoStart(bool Auto) override { ChangeAutomatic(FAutoStart, Auto); }
+    bool GetAutoStop() const override { return FAutoStop; }
+    void SetAutoStop(bool Auto) override { ChangeAutomatic(FAutoStop, Auto); }
+    double GetCalculationStart() const override { return FCalculationStart; }
+    void SetCalculationStart(double X) override;
+    double GetCalculationStop() const override { return FCalculationStop; }
+    void SetCalculationStop(double X) override;
+
+    TKxStartStop* GetStartStop() override { return this; }
 
     // Where the curve is shown. An automatic end follows the X axis (the start of an integral: that of its
     // calculation) and goes before the coupling, by which the display range is that of the calculation;

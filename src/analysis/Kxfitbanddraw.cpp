@@ -35,7 +35,7 @@ std::vector<TKxFitBand::TRun> TKxFitBand::Runs() const {
 }
 
 void TKxFitBand::DrawBeneath(TCanvas& Canvas) {
-    if (!PrepareDrawing()) return;
+    if (!GetVisible() || !PrepareDrawing()) return;
     const auto runs = Runs();
     if (AreaStyle().GetVisible()) {
         Canvas.Pen.SetWidth(0);

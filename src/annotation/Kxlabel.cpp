@@ -111,6 +111,12 @@ void TKxCustomLabel::CMTextChanged() {
     TCustomLabel::CMTextChanged();
 }
 
+// As far as the last letter may reach over its cell.
+TRect TKxCustomLabel::GetPaintedRect() const {
+    const int reach = GetAutoSize() ? FTextHeight : 0;
+    return {-reach, -reach, GetWidth() + reach, GetHeight() + reach};
+}
+
 void TKxCustomLabel::Paint() {
     TCanvas& canvas = GetCanvas();
     if (!GetTransparent()) {

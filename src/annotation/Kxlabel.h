@@ -43,6 +43,7 @@ public:
 protected:
     void CMTextChanged() override;
     void Paint() override;
+    TRect GetPaintedRect() const override;
 
 private:
     struct TExtent;

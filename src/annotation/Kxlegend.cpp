@@ -1,5 +1,7 @@
 #include <kxgraph/annotation/Kxlegend.h>
 
+#include <kxgraph/platform/controls/controlsmouse.h>
+
 #include <algorithm>
 #include <cmath>
 #include <set>
@@ -193,6 +195,10 @@ void TKxLegend::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) 
 
 void TKxLegend::MouseMove(TShiftState Shift, int X, int Y) {
     FMouse = {X, Y};
+    if (FGraph && FGraph->GetLegendPicking()) {
+        SetCursor(EntryAt(X, Y) ? crHandPoint : crDefault);
+        ShowCursorOf(*this);
+    }
     TGraphicControl::MouseMove(Shift, X, Y);
 }
 
@@ -201,7 +207,9 @@ void TKxLegend::Click() {
     TGraphicControl::Click(); // the handler may destroy the legend, or the series
     if (alive.expired()) return;
     TKxGraphSeries* series = EntryAt(FMouse.X, FMouse.Y);
-    if (series && series == FPressed) OnEntryClick(series);
+    if (!series || series != FPressed) return;
+    if (FGraph && FGraph->GetLegendPicking()) series->SetVisible(!series->GetVisible());
+    OnEntryClick(series);
 }
 
 } // namespace kx

@@ -1,8 +1,37 @@
 #include <kxgraph/annotation/Kxlegend.h>
 
+#include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/objects/guarded.h>
 
+#include <variant>
+
 namespace kx {
+
+namespace {
+
+/// What is left of a colour beside Ground, a quarter.
+TColor Faded(TColor Color, TColor Ground) {
+    const auto color = unsigned(ColorToRGB(Color)), ground = unsigned(ColorToRGB(Ground));
+    unsigned faded = 0;
+    for (unsigned shift = 0; shift < 24; shift += 8)
+        faded |= (((color >> shift & 255) + 3 * (ground >> shift & 255)) / 4) << shift;
+    return TColor(faded);
+}
+
+/// A recording of what stands on Ground, faded.
+TRecording Faded(TRecording Picture, TColor Ground) {
+    for (TRecording::TCall& call : Picture.Calls)
+        std::visit(
+            [Ground](auto& C) {
+                if constexpr (requires { C.Stroke; }) C.Stroke.Color = Faded(C.Stroke.Color, Ground);
+                if constexpr (requires { C.Fill; }) C.Fill.Color = Faded(C.Fill.Color, Ground);
+                if constexpr (requires { C.Face; }) C.Color = Faded(C.Color, Ground);
+            },
+            call);
+    return Picture;
+}
+
+} // namespace
 
 TColor TKxLegend::GetGround() const {
     if (!StandsOnGraph()) return GetColor();
@@ -28,6 +57,20 @@ void TKxLegend::PaintGround() {
     DrawFrame(from, from, GetWidth() - to, GetHeight() - to, canvas);
 }
 
+namespace {
+
+/// Of a series that is hidden a faded one.
+void PaintSample(TKxGraphSeries& Series, TCanvas& Canvas, const TRect& Sample, TColor Ground) {
+    if (Series.GetVisible() || !Canvas.GetDevice()) return Series.DrawSample(Canvas, Sample);
+    TRecorder recorder({Sample.Right, Sample.Bottom}, Canvas.GetDevice()->PixelsPerInch(), Canvas.CanXor(),
+                       Canvas.IsSmooth());
+    TCanvas canvas(&recorder);
+    Series.DrawSample(canvas, Sample);
+    Canvas.Replay(Faded(std::move(recorder.Recording), Ground));
+}
+
+} // namespace
+
 // A sample may do what it likes with the canvas, but stays in its place.
 void TKxLegend::PaintSamples() {
     TCanvas& canvas = GetCanvas();
@@ -39,7 +82,7 @@ void TKxLegend::PaintSamples() {
         const TCanvas::TSaved saved(canvas);
         canvas.SetClip(clip);
         canvas.SetBaseClip(clip.MovedBy(canvas.GetOrigin()));
-        Guarded([&] { entry.Series->DrawSample(canvas, sample); });
+        Guarded([&] { PaintSample(*entry.Series, canvas, sample, GetGround()); });
     }
 }
 
@@ -54,9 +97,12 @@ void TKxLegend::PaintTexts() {
     if (FShowTitle)
         PaintCaption(FTitle, canvas, std::max(Padding(), (GetWidth() - FTitleWidth) / 2), Padding(), 0,
                      {0.5});
-    for (const TEntry& entry : FEntries)
-        if (!entry.Rect.Intersected(inside).IsEmpty())
-            PaintCaption(entry.Caption, canvas, entry.Rect.Left + FSampleWidth + FGap, entry.Rect.Top, 0);
+    for (const TEntry& entry : FEntries) {
+        if (entry.Rect.Intersected(inside).IsEmpty()) continue;
+        const TColor color = GetFont().GetColor();
+        canvas.Font.SetColor(entry.Series->GetVisible() ? color : Faded(color, GetGround()));
+        PaintCaption(entry.Caption, canvas, entry.Rect.Left + FSampleWidth + FGap, entry.Rect.Top, 0);
+    }
 }
 
 void TKxLegend::Paint() {

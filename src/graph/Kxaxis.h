@@ -139,10 +139,17 @@ public:
     void RedoRanges();
 
     // Zoom stack.
-    void ZoomIn(double Start, double Stop);
+    void ZoomIn(double Start, double Stop, TKxZoomGesture Gesture = NewZoomGesture());
     /// Shows the view before; from the unzoomed one it goes round to the newest.
     void ZoomBack() { MarkChangedIf(!FMirrorOf && FRange.ZoomBack()); }
     bool CanZoomBack() const { return FRange.CanZoomBack(); }
+    /// A view made by hand, see TKxAxisRange.
+    void ZoomAlong(double Start, double Stop, TKxZoomGesture Gesture);
+    void UndoZoom(TKxZoomGesture Gesture) { MarkChangedIf(FRange.UndoZoom(Gesture)); }
+    /// Shows the unzoomed view; ZoomBack shows the newest one again.
+    void Unzoom() { MarkChangedIf(FRange.Unzoom()); }
+    /// That of the view that is shown; 0 for the unzoomed one.
+    TKxZoomGesture GetZoomGesture() const { return FRange.GetZoomGesture(); }
     /// Counted from 1, the unzoomed view; 0 as long as nothing was zoomed.
     int GetZoomIndex() const { return FRange.GetZoomIndex(); }
 
@@ -288,6 +295,7 @@ public:
 protected:
     bool HearsOfAll() const override { return IsBeyond<TKxAxis>(); }
     void Paint() override;
+    TRect GetPaintedRect() const override;
     void CMFontChanged() override;
     void CMTextChanged() override;
     void CMVisibleChanged() override;

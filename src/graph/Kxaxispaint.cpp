@@ -3,6 +3,9 @@
 #include <kxgraph/platform/objects/guarded.h>
 #include <kxgraph/series/Kxdraw.h>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace kx {
 
 TKxAxis::TTickRun TKxAxis::GetTickRun() const {
@@ -39,6 +42,13 @@ void TKxAxis::DrawAxisLine() {
     canvas.Pen.SetColor(FLook.AxisColor);
     canvas.Pen.SetWidth(FLook.AxisThicknes);
     DrawLine(FLine.Origin, FLine.Origin + FLine.Side.Point(GetAxisLength() + 1, 0), canvas);
+}
+
+// Inward ticks and the halves of end labels.
+TRect TKxAxis::GetPaintedRect() const {
+    const int ticks = std::max(std::abs(FLook.MajorTickLength), std::abs(FLook.TickLength));
+    const int reach = std::max({ticks, FLabels.GetStartReach(), FLabels.GetStopReach()}) + FLook.AxisThicknes;
+    return {-reach, -reach, GetWidth() + reach, GetHeight() + reach};
 }
 
 void TKxAxis::Paint() {

@@ -11,7 +11,7 @@ bool TKxAxisRange::SetEnd(double TView::*End, double Shown, double Value) {
     FUnzoomed.IsRound = false;
     TView shown{FShown.GetStart(), FShown.GetStop()};
     shown.*End = Value;
-    if (IsZoomed()) ZoomedView() = shown;
+    if (IsZoomed()) ZoomedView() = {shown.Start, shown.Stop, false, GetZoomGesture()};
     Show(shown);
     return true;
 }
@@ -69,7 +69,7 @@ void TKxAxisRange::Calculate() {
     TKxScaleInput input = InputOf(ZoomedView());
     input.KeepStart = input.KeepStop = ZoomedView().IsRound;
     TakeEnds(input);
-    ZoomedView() = {FEnds.Start, FEnds.Stop, true};
+    ZoomedView() = {FEnds.Start, FEnds.Stop, true, GetZoomGesture()};
 }
 
 void TKxAxisRange::CalculateAs(double Start, double Stop) {
@@ -106,6 +106,14 @@ bool TKxAxisRange::FollowValues(TView& View) const {
     return startMoves || stopMoves;
 }
 
+/// Whether a layout would show what it has shown, so that a frame has nothing to lay out.
+bool TKxAxisRange::RoundsToShown() const {
+    const auto areShown = [this](const TKxScaleEnds& Ends) {
+        return Ends.Start == FShown.GetStart() && Ends.Stop == FShown.GetStop() && !Ends.EndsCorrected;
+    };
+    return areShown(FEnds) && areShown(FLabelling.CalculateEnds(InputOf(FUnzoomed)));
+}
+
 bool TKxAxisRange::Follow(const TRange* Changed) {
     if (Changed) FExtents.Update(*Changed);
     const TKxRangeUnion::TEnds all = FExtents.Union();
@@ -113,7 +121,7 @@ bool TKxAxisRange::Follow(const TRange* Changed) {
     if (all.Start > all.Stop) return false;
     FValues.IfRangeChanged(all.Start);
     FValues.IfRangeChanged(all.Stop);
-    if (!FollowValues(FUnzoomed) || IsZoomed()) return false;
+    if (!FollowValues(FUnzoomed) || IsZoomed() || RoundsToShown()) return false;
     // A fixed end is shown as before until it is known to what it snaps.
     Show({Rules.StartEnd == AxFixed ? FShown.GetStart() : FUnzoomed.Start,
           Rules.StopEnd == AxFixed ? FShown.GetStop() : FUnzoomed.Stop});
@@ -133,21 +141,50 @@ void TKxAxisRange::ForgetZooms() {
     Show(view);
 }
 
-void TKxAxisRange::ZoomIn(double Start, double Stop) {
-    FZooms.push_back({Start, Stop});
+TKxZoomGesture NewZoomGesture() {
+    static TKxZoomGesture last = 0;
+    return ++last;
+}
+
+void TKxAxisRange::ZoomIn(double Start, double Stop, TKxZoomGesture Gesture) {
+    FZooms.push_back({Start, Stop, false, Gesture});
     FZoomIndex = static_cast<int>(FZooms.size()) + 1;
     Show(FZooms.back());
+}
+
+void TKxAxisRange::ShowPresentView() {
+    if (IsZoomed()) return Show(ZoomedView());
+    const TKxScaleEnds ends = FLabelling.CalculateEnds(InputOf(FUnzoomed));
+    Show({ends.Start, ends.Stop});
 }
 
 bool TKxAxisRange::ZoomBack() {
     if (FZooms.empty()) return false;
     if (--FZoomIndex == 0) FZoomIndex = static_cast<int>(FZooms.size()) + 1;
-    if (IsZoomed()) {
-        Show(ZoomedView());
-    } else {
-        const TKxScaleEnds ends = FLabelling.CalculateEnds(InputOf(FUnzoomed));
-        Show({ends.Start, ends.Stop});
-    }
+    ShowPresentView();
+    return true;
+}
+
+void TKxAxisRange::ZoomAlong(double Start, double Stop, TKxZoomGesture Gesture) {
+    const std::size_t before = IsZoomed() ? ZoomedIndex() + (GetZoomGesture() != Gesture) : 0;
+    FZooms.resize(before);
+    FZooms.push_back({Start, Stop, true, Gesture});
+    FZoomIndex = static_cast<int>(FZooms.size()) + 1;
+    Show(FZooms.back());
+}
+
+bool TKxAxisRange::UndoZoom(TKxZoomGesture Gesture) {
+    if (!IsZoomed() || GetZoomGesture() != Gesture) return false;
+    FZooms.resize(ZoomedIndex());
+    FZoomIndex = FZooms.empty() ? 0 : static_cast<int>(FZooms.size()) + 1;
+    ShowPresentView();
+    return true;
+}
+
+bool TKxAxisRange::Unzoom() {
+    if (!IsZoomed()) return false;
+    FZoomIndex = 1;
+    ShowPresentView();
     return true;
 }
 

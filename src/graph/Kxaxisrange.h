@@ -8,9 +8,15 @@
 #include <kxgraph/numeric/Kxrangeunion.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace kx {
+
+/// Numbers what the user does to zoom, in order, so that views of several axes that belong together are found
+/// again; 0 is none.
+using TKxZoomGesture = std::uint64_t;
+TKxZoomGesture NewZoomGesture();
 
 /// What was set, or made by the data, is kept apart from what is shown: every layout rounds anew, so that no
 /// end creeps away and a fixed one comes back when the other end does. A bool that is returned tells whether
@@ -56,8 +62,17 @@ public:
     void Redo();
 
     // A view that was zoomed to is rounded once and then stays, whatever the data do.
-    void ZoomIn(double Start, double Stop);
+    void ZoomIn(double Start, double Stop, TKxZoomGesture Gesture = NewZoomGesture());
     bool ZoomBack();
+    // By hand: exact views, and what was zoomed back from is forgotten as soon as another view is made.
+    /// In place of the view that is shown where that is of the same gesture, else behind it.
+    void ZoomAlong(double Start, double Stop, TKxZoomGesture Gesture);
+    /// Takes the view away that is shown, where it is of this gesture.
+    bool UndoZoom(TKxZoomGesture Gesture);
+    /// Shows the unzoomed view; ZoomBack shows the newest one again.
+    bool Unzoom();
+    /// That of the view that is shown; 0 for the unzoomed one.
+    TKxZoomGesture GetZoomGesture() const { return IsZoomed() ? FZooms[ZoomedIndex()].Gesture : 0; }
     void ForgetZooms();
     bool CanZoomBack() const { return !FZooms.empty(); }
     /// Counted from 1, the unzoomed view; 0 as long as nothing was zoomed.
@@ -77,15 +92,19 @@ private:
     struct TView {
         double Start = 0, Stop = 100;
         bool IsRound = false; ///< they were shown so: what is not fixed is not rounded again
+        TKxZoomGesture Gesture = 0;
     };
     bool SetEnd(double TView::*End, double Shown, double Value);
     bool SetKind(TKxAxEnd& Kind, TKxAxEnd Value, double TView::*End, double Shown);
     bool IsZoomed() const { return FZoomIndex > 1; }
-    TView& ZoomedView() { return FZooms[static_cast<std::size_t>(FZoomIndex - 2)]; }
+    std::size_t ZoomedIndex() const { return static_cast<std::size_t>(FZoomIndex - 2); }
+    TView& ZoomedView() { return FZooms[ZoomedIndex()]; }
+    void ShowPresentView();
     void ForgetRounding();
     void Show(const TView& View) { FShown.SetStartStop(View.Start, View.Stop); }
     TView ShownUnzoomed() const;
     bool FollowValues(TView& View) const;
+    bool RoundsToShown() const;
     TKxScaleInput InputOf(const TView& View) const;
     void TakeEnds(const TKxScaleInput& Input);
 

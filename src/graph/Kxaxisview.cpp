@@ -83,9 +83,15 @@ void TKxAxis::RedoRanges() {
     MarkChanged();
 }
 
-void TKxAxis::ZoomIn(double Start, double Stop) {
+void TKxAxis::ZoomIn(double Start, double Stop, TKxZoomGesture Gesture) {
     if (FMirrorOf) return; // zoomed as well
-    FRange.ZoomIn(Start, Stop);
+    FRange.ZoomIn(Start, Stop, Gesture);
+    MarkChanged();
+}
+
+void TKxAxis::ZoomAlong(double Start, double Stop, TKxZoomGesture Gesture) {
+    if (FMirrorOf) return;
+    FRange.ZoomAlong(Start, Stop, Gesture);
     MarkChanged();
 }
 

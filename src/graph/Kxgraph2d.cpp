@@ -1,4 +1,5 @@
 #include <kxgraph/graph/Kxgraph2dupdate.h>
+#include <kxgraph/graph/Kxgraphmouse.h>
 
 #include <kxgraph/platform/base/scopedvalue.h>
 #include <kxgraph/platform/controls/frame.h>
@@ -24,6 +25,7 @@ TKx2DGraph::TKx2DGraph(TComponent* Owner)
     : TCustomPanel(Owner), FFrameLine(this), FMajorGridX(this), FMajorGridY(this), FMinorGridX(this),
       FMinorGridY(this) {
     SetParentColor(false);
+    FMouse = std::make_unique<TKxGraphMouse>(*this);
     FWorld = std::make_unique<TKxDrawingWorld>(this);
     FTitleLabel = std::make_unique<TKxLabel>(this);
     FTitleLabel->SetTransparent(true);
@@ -240,12 +242,14 @@ void TKx2DGraph::StopSettling() {
 }
 
 void TKx2DGraph::ZoomTo(const TRect& Rect) {
+    const TKxZoomGesture gesture = NewZoomGesture();
+    FMouse->EndGesture();
     for (TKxAxis* axis : GetAxes()) {
         const TKxSide side = axis->GetSide();
         const int origin = side.Along(TPoint{FWorld->GetXOrigin(), FWorld->GetYOrigin()});
         const double a = axis->IntToRealPosition(side.Along(Rect.TopLeft()) - origin);
         const double b = axis->IntToRealPosition(side.Along(TPoint{Rect.Right, Rect.Bottom}) - origin);
-        axis->ZoomIn(std::min(a, b), std::max(a, b));
+        axis->ZoomIn(std::min(a, b), std::max(a, b), gesture);
     }
     for (auto* s : GetSeriesList()) s->Modified();
 }

@@ -5,6 +5,7 @@
 #include <kxgraph/annotation/Kxlabel.h>
 #include <kxgraph/graph/Kxaxis.h>
 #include <kxgraph/graph/Kxgraphitems.h>
+#include <kxgraph/graph/Kxinteraction.h>
 #include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/series/Kxdraw.h>
 
@@ -16,12 +17,15 @@
 namespace kx {
 
 class TKx2DGraph;
+class TKxGraphMouse;
 
 /// The series of a drawing world in painting order; measured series only.
 class TKxSeriesList : public TList<TKxGraphSeries> {};
 
 /// The surface that the series are drawn on, AxisLength + 1 pixels wide and high; its pixels are the axes'
 /// positions. Owned by its graph. With AutoZoom, dragging a rectangle with the left button zooms the graph.
+/// Its events carry its own pixels, which FindPoint of series takes; then the graph's events are called with
+/// those of the graph.
 class TKxDrawingWorld : public TGraphicControl {
 public:
     /// Raises Exception "Component must be owned by TKx2DGraph" for any other owner.
@@ -38,23 +42,45 @@ public:
     void SetAutoZoom(bool AutoZoom);
     /// Whether a zoom rectangle is being dragged.
     bool IsZooming() const { return FDragging; }
+    // Markers: lines across the X axis at the start and the stop of a calculated series that is drawn here,
+    // which the mouse drags. The calculation follows at once; meanwhile AutoZoom pauses. An end that was
+    // moved is fixed; a double click on its marker makes it automatic again, Escape takes a drag back. With
+    // the focus on the graph Page Up takes the start and Page Down the stop; then arrows move it by a pixel
+    // (Shift: ten), Delete makes it automatic, Return keeps it where it is, Escape takes it back.
+    /// Raises EPropertyError for a series that calculates nothing. Null hides them.
+    void ShowStartStopMarkers(TKxGraphSeries* Series);
+    void HideStartStopMarkers() { ShowStartStopMarkers(nullptr); }
+    /// The series that has markers; null for none, and when it has gone.
+    TKxGraphSeries* GetMarkedSeries() const;
+    /// Whether (X, Y), in pixels of the drawing world, is so near to a marker that a press takes it.
+    bool NearStart(int X, int Y) const;
+    bool NearStop(int X, int Y) const;
+
     /// Pixels between the drawing world's corner and the axes' position 0.
     int GetXOrigin() const { return FXOrigin; }
     int GetYOrigin() const { return FYOrigin; }
     /// Asks for a frame of the whole graph: symbols and bars reach over the border.
     void Invalidate() override;
+    /// The same for a part, in pixels of the drawing world, which may reach over the border.
+    void InvalidatePart(const TRect& Part);
 
 protected:
     bool HearsOfAll() const override { return IsBeyond<TKxDrawingWorld>(); }
     void Paint() override;
+    /// Paints the marker of the start, or of the stop, of the series that has them.
+    virtual void PaintMarker(TCanvas& Canvas, bool Stop);
+    TRect GetPaintedRect() const override;
     void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
     void MouseMove(TShiftState Shift, int X, int Y) override;
     void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
+    void MouseLeave() override;
     void Click() override;
     void DblClick() override;
 
 private:
+    friend class TKxGraphMouse;
     TRect DragRect() const;
+    void InvalidateDragRect();
 
     TKx2DGraph* FGraph;
     TKxSeriesList FSeriesList;
@@ -124,6 +150,41 @@ public:
 
     /// Zooms every axis of this graph to the rectangle (drawing world pixels).
     void ZoomTo(const TRect& Rect);
+    /// Takes the last zoom back on the axes that it had zoomed: a gesture of the user, ZoomTo, or ZoomIn of
+    /// one axis. From the unzoomed view to the newest one.
+    void ZoomBack();
+    /// Shows the unzoomed view; ZoomBack shows the newest one again.
+    void Unzoom();
+
+    // What the user may do. All off by default; the keys need the focus, so what has keys makes the graph a
+    // TabStop when it is switched on.
+    /// The wheel zooms about the pointer: with Shift the horizontal axes, with Ctrl the vertical ones, over
+    /// an axis that axis alone. A gesture is one entry of the zoom stacks (ZoomBack).
+    bool GetWheelZoom() const { return FInteraction.WheelZoom; }
+    void SetWheelZoom(bool On) { Allow(&TKxInteraction::WheelZoom, On); }
+    /// The middle button, or Space and the left one, drag the view; Shift and Ctrl as with the wheel. Escape
+    /// takes it back. Has keys.
+    bool GetPanning() const { return FInteraction.Panning; }
+    void SetPanning(bool On) { Allow(&TKxInteraction::Panning, On); }
+    /// Backspace: ZoomBack; Home: Unzoom; + and -: zoom about the middle; arrows: a tenth of the view.
+    bool GetZoomKeys() const { return FInteraction.ZoomKeys; }
+    void SetZoomKeys(bool On) { Allow(&TKxInteraction::ZoomKeys, On); }
+    /// A double click in the drawing world: Unzoom.
+    bool GetUnzoomOnDblClick() const { return FInteraction.UnzoomOnDblClick; }
+    void SetUnzoomOnDblClick(bool On) { Allow(&TKxInteraction::UnzoomOnDblClick, On); }
+    /// The visible point next to the mouse, some pixels at most, tells its series, index and values as the
+    /// axes show them. Return reads a point without the mouse; then left and right go to its neighbours in
+    /// the view, up and down to another series, and Escape ends it. Has keys.
+    bool GetReadout() const { return FInteraction.Readout; }
+    void SetReadout(bool On) { Allow(&TKxInteraction::Readout, On); }
+    /// Lines across the drawing world through the mouse, or through the point that keys have read out.
+    bool GetCrossHair() const { return FInteraction.CrossHair; }
+    void SetCrossHair(bool On) { Allow(&TKxInteraction::CrossHair, On); }
+    /// A click on an entry of a legend of this graph hides the series, or shows it again; so do the digits 1
+    /// to 9 with the first ones. Has keys.
+    bool GetLegendPicking() const { return FInteraction.LegendPicking; }
+    void SetLegendPicking(bool On) { Allow(&TKxInteraction::LegendPicking, On); }
+    const TKxInteraction& GetInteraction() const { return FInteraction; }
 
     TKxDrawingWorld& GetDrawingWorld() const { return *FWorld; }
     TKxSeriesList& GetSeriesList() { return FWorld->GetSeriesList(); }
@@ -173,6 +234,10 @@ protected:
     bool HearsOfAll() const override { return IsBeyond<TKx2DGraph>(); }
     friend class TKxDrawingWorld;
     void Paint() override;
+    bool MouseWheel(const TWheelTurn& Turn, TShiftState Shift, int X, int Y) override;
+    bool KeyDown(const TKeyStroke& Stroke) override;
+    bool KeyUp(const TKeyStroke& Stroke) override;
+    void Exit() override;
     bool PaintsChildren() const override { return NotUpdating(); }
     bool IsOpaque() const override { return PaintsGround(); }
     bool PaintsGround() const { return !FTransparent && !(FWhiteBackground && GetColor() == clBtnFace); }
@@ -193,6 +258,8 @@ private:
     };
     std::vector<TKxGraphCompanion*> CompanionsInOrder() const;
     class TUpdateScope;
+    void Allow(bool TKxInteraction::*What, bool On);
+    std::vector<TKxAxis*> ZoomedAxes() const;
     void KeepPicture();
     void PaintKeptPicture();
     void CalculateSeries();
@@ -215,7 +282,9 @@ private:
     void UpdateEndTicks(const std::vector<TKxAxis*>& Axes);
     void TitleFontChanged();
 
+    TKxInteraction FInteraction;
     std::unique_ptr<TKxDrawingWorld> FWorld;
+    std::unique_ptr<TKxGraphMouse> FMouse;
     std::unique_ptr<TKxLabel> FTitleLabel;
     TFont FTitleFont;
     TKxLineStyle FFrameLine, FMajorGridX, FMajorGridY, FMinorGridX, FMinorGridY;

@@ -69,6 +69,17 @@ const TPropertyTable& TKx2DGraph::Properties() {
             Published<&T::GetTransparent, &T::SetTransparent>("Transparent", false,
                                                               "what lies behind the graph shows through"),
             Published<&T::GetMargin, &T::SetMargin>("Margin", 0, "pixels kept free at each side"),
+            Published<&T::GetWheelZoom, &T::SetWheelZoom>("WheelZoom", false, "the wheel zooms"),
+            Published<&T::GetPanning, &T::SetPanning>(
+                "Panning", false, "the middle button, or Space and the left one, drag the view"),
+            Published<&T::GetZoomKeys, &T::SetZoomKeys>("ZoomKeys", false, "keys zoom and pan"),
+            Published<&T::GetUnzoomOnDblClick, &T::SetUnzoomOnDblClick>(
+                "UnzoomOnDblClick", false, "a double click shows the unzoomed view"),
+            Published<&T::GetReadout, &T::SetReadout>("Readout", false,
+                                                      "the point next to the mouse tells its values"),
+            Published<&T::GetCrossHair, &T::SetCrossHair>("CrossHair", false, "lines through the mouse"),
+            Published<&T::GetLegendPicking, &T::SetLegendPicking>(
+                "LegendPicking", false, "entries of legends hide and show their series"),
         },
         {"ShowTitle", "Caption", "Font", "Color", "DataColor", "ZeroOrigin", "FrameLine", "MajorGridX",
          "MinorGridX", "MajorGridY", "MinorGridY"});

@@ -39,11 +39,15 @@ void TKx2DGraph::PaintGridLines(const TKxAxis& Axis, const TKxLineStyle& Style, 
     canvas.Pen.SetWidth(Style.GetWidth());
     const TKxSide side = Axis.GetSide();
     const int end = side.Across(FWorld->GetBoundsRect().Size());
+    const TRect clip = canvas.GetClipRect();
+    const int before = side.Along(clip.TopLeft()) - Style.GetWidth() - 1;
+    const int behind = side.Along(TPoint{clip.Right, clip.Bottom}) + Style.GetWidth() + 1;
     const auto run = Axis.GetTickRun();
     for (int i = run.First; i <= run.Last; ++i) {
         if (Axis.GetTickIsMajor()[i] != Major) continue;
         const int length = Axis.GetAxisLength();
         const int at = side.FromStart(length, Axis.GetTickPositions()[i]);
+        if (at < before || at > behind) continue;
         const double place = side.FromStart<double>(length, Axis.GetTickPlaces()[i]);
         if (canvas.IsSmooth())
             DrawLine(side.Place(place, -0.5), side.Place(place, end - 0.5), canvas);

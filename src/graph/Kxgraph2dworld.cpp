@@ -1,6 +1,6 @@
 // The drawing world: paints the series, drags the zoom rectangle.
 
-#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/graph/Kxgraphmouse.h>
 
 #include <kxgraph/numeric/Kxarithm.h>
 #include <kxgraph/platform/objects/guarded.h>
@@ -32,12 +32,30 @@ void TKxDrawingWorld::SetDataColor(TColor Color) {
 void TKxDrawingWorld::SetAutoZoom(bool AutoZoom) {
     FAutoZoom = AutoZoom;
     if (AutoZoom || !FDragging) return;
+    InvalidateDragRect();
     FDragging = false;
-    Invalidate();
 }
 
 void TKxDrawingWorld::Invalidate() {
     if (GetParent()) GetParent()->Invalidate();
+}
+
+void TKxDrawingWorld::InvalidatePart(const TRect& Part) {
+    if (GetParent()) GetParent()->InvalidateRect(Part.MovedBy(GetBoundsRect().TopLeft()));
+}
+
+// Symbols and bars on the border reach as far as the graph does.
+TRect TKxDrawingWorld::GetPaintedRect() const {
+    return FGraph->GetClientRect().MovedBy({-GetLeft(), -GetTop()});
+}
+
+/// The frame of the zoom rectangle alone: what lies inside stays.
+void TKxDrawingWorld::InvalidateDragRect() {
+    const TRect rect = DragRect();
+    InvalidatePart({rect.Left, rect.Top, rect.Right, rect.Top + 1});
+    InvalidatePart({rect.Left, rect.Bottom - 1, rect.Right, rect.Bottom});
+    InvalidatePart({rect.Left, rect.Top, rect.Left + 1, rect.Bottom});
+    InvalidatePart({rect.Right - 1, rect.Top, rect.Right, rect.Bottom});
 }
 
 void TKxDrawingWorld::ReorderSeriesList() {
@@ -58,39 +76,71 @@ void TKxDrawingWorld::Paint() {
         if (series) Guarded([&] { series->DrawBeneath(GetCanvas()); });
     for (const auto& series : list)
         if (series) Guarded([&] { series->Draw(GetCanvas()); });
+    FGraph->FMouse->Paint(GetCanvas());
     if (FDragging) GetCanvas().DrawFocusRect(DragRect());
+}
+
+namespace {
+
+TKxGraphMarkers::TEnd EndOf(bool Stop) {
+    return Stop ? TKxGraphMarkers::TEnd::Stop : TKxGraphMarkers::TEnd::Start;
+}
+
+} // namespace
+
+void TKxDrawingWorld::ShowStartStopMarkers(TKxGraphSeries* Series) { FGraph->FMouse->Markers().Show(Series); }
+
+TKxGraphSeries* TKxDrawingWorld::GetMarkedSeries() const { return FGraph->FMouse->Markers().GetSeries(); }
+
+bool TKxDrawingWorld::NearStart(int X, int Y) const {
+    return FGraph->FMouse->Markers().IsNear(EndOf(false), {X, Y});
+}
+
+bool TKxDrawingWorld::NearStop(int X, int Y) const {
+    return FGraph->FMouse->Markers().IsNear(EndOf(true), {X, Y});
+}
+
+void TKxDrawingWorld::PaintMarker(TCanvas& Canvas, bool Stop) {
+    FGraph->FMouse->Markers().Paint(Canvas, EndOf(Stop));
 }
 
 TRect TKxDrawingWorld::DragRect() const { return OrderedRect(FAnchor.X, FAnchor.Y, FCurrent.X, FCurrent.Y); }
 
 void TKxDrawingWorld::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
-    if (FAutoZoom && Button == mbLeft) {
+    if (!FGraph->FMouse->Down(Button, Shift, {X, Y}) && FAutoZoom && Button == mbLeft) {
         FAnchor = FCurrent = {X, Y};
         FDragging = true;
-        Invalidate();
     }
     TGraphicControl::MouseDown(Button, Shift, X, Y);
     FGraph->MouseDown(Button, Shift, X + GetLeft(), Y + GetTop());
 }
 
 void TKxDrawingWorld::MouseMove(TShiftState Shift, int X, int Y) {
+    FGraph->FMouse->Move(Shift, {X, Y});
     if (FDragging) {
+        InvalidateDragRect();
         FCurrent = {X, Y};
-        Invalidate();
+        InvalidateDragRect();
     }
     TGraphicControl::MouseMove(Shift, X, Y);
     FGraph->MouseMove(Shift, X + GetLeft(), Y + GetTop());
 }
 
 void TKxDrawingWorld::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
+    FGraph->FMouse->Up(Button, Shift, {X, Y});
     if (FDragging && Button == mbLeft) {
+        InvalidateDragRect();
         FCurrent = {X, Y};
         FDragging = false;
-        Invalidate();
         if (FCurrent.X != FAnchor.X && FCurrent.Y != FAnchor.Y) FGraph->ZoomTo(DragRect());
     }
     TGraphicControl::MouseUp(Button, Shift, X, Y);
     FGraph->MouseUp(Button, Shift, X + GetLeft(), Y + GetTop());
+}
+
+void TKxDrawingWorld::MouseLeave() {
+    FGraph->FMouse->Left();
+    TGraphicControl::MouseLeave();
 }
 
 void TKxDrawingWorld::Click() {

@@ -14,6 +14,32 @@
 
 namespace kx {
 
+class TKxAxis;
+
+/// A point of a series as it is drawn.
+struct TKxDrawnPoint {
+    int Index = -1; ///< -1: there is none
+    TPoint At;      ///< in the drawing world
+    double X = 0, Y = 0;
+};
+
+/// The stretch of X values that a calculation heeds, as markers move it. An automatic end follows the data;
+/// setting an end switches that off.
+class TKxStartStop {
+public:
+    virtual double GetCalculationStart() const = 0;
+    virtual void SetCalculationStart(double X) = 0;
+    virtual double GetCalculationStop() const = 0;
+    virtual void SetCalculationStop(double X) = 0;
+    virtual bool GetAutoStart() const = 0;
+    virtual void SetAutoStart(bool Auto) = 0;
+    virtual bool GetAutoStop() const = 0;
+    virtual void SetAutoStop(bool Auto) = 0;
+
+protected:
+    ~TKxStartStop() = default;
+};
+
 /// A series as its graph sees it. A component of the form; registered with the drawing world of the graph
 /// that its X axis stands on.
 class TKxGraphSeries : public TComponent, public TKxStyleOwner {
@@ -34,6 +60,20 @@ public:
     /// Paints line, points, and then the series that are computed from this one. The canvas has the drawing
     /// world's origin and clip.
     virtual void Draw(TCanvas& Canvas) = 0;
+    /// Null where the series is bound to none.
+    virtual TKxAxis* GetXAxis() const { return nullptr; }
+    virtual TKxAxis* GetYAxis() const { return nullptr; }
+    /// Whether it is drawn. One that is not keeps its place in legends and in the extents of its axes.
+    virtual bool GetVisible() const { return true; }
+    virtual void SetVisible(bool) {}
+    /// Of the points that stand in the drawing world the nearest to At (pixels of it), no farther than Reach.
+    virtual TKxDrawnPoint PointNear(TPoint /*At*/, int /*Reach*/) const { return {}; }
+    /// How many points there are, whether they have a place or not.
+    virtual int GetPointsCount() const { return 0; }
+    /// The point of that index; none where there is none or it has no place.
+    virtual TKxDrawnPoint PointAt(int /*Index*/) const { return {}; }
+    /// What markers move; null for a series that calculates nothing.
+    virtual TKxStartStop* GetStartStop() { return nullptr; }
     /// Whether the series is computed from another one; such a series is entered in its parent's list of
     /// children, never in the graph's list.
     virtual bool IsCalculated() const = 0;

@@ -168,4 +168,18 @@ int TKxBarSeries::FindPoint(int X, int Y, int Tolerance) const {
     return -1;
 }
 
+TKxDrawnPoint TKxBarSeries::PointAt(int Index) const {
+    if (Index < 0 || Index >= FPointsCount - 1) return {};
+    const int edge = EdgeAt(Index), next = EdgeAt(Index + 1), end = EndAt(Index);
+    if (edge == CNoPixel || next == CNoPixel || end == CNoPixel) return {};
+    TKxDrawnPoint point{Index, {OriginX(), OriginY()}, GetX(Index), GetY(Index)};
+    Edges().In(point.At) += edge + (next - edge) / 2;
+    Lengths().In(point.At) += end;
+    return point;
+}
+
+TKxDrawnPoint TKxBarSeries::PointNear(TPoint At, int Reach) const {
+    return PointAt(FindPoint(At.X, At.Y, Reach));
+}
+
 } // namespace kx

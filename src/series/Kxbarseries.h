@@ -70,6 +70,10 @@ public:
     /// The last bar whose end is no further than Tolerance pixels away. The last bar of all is not found.
     int FindPoint(int X, int Y, int Tolerance) const override;
 
+    /// The middle of a bar's end.
+    TKxDrawnPoint PointAt(int Index) const override;
+    TKxDrawnPoint PointNear(TPoint At, int Reach) const override;
+
     void Modified() override;
     void CalculatePoints() override;
     void DrawLine(TCanvas& Canvas) override;

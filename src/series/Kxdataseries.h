@@ -3,6 +3,7 @@
 
 #include <kxgraph/series/Kxseries.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace kx {
@@ -57,11 +58,12 @@ protected:
     /// ForPlaces likewise.
     void ForMarkedPlaces(TCanvas& Canvas, const TDrawPlace& Draw);
 
+    int DrawnReach() const override { return std::max(TKxSeries::DrawnReach(), MarkReach()); }
     TKxPointStyle FPointStyle;
 
 private:
-    bool PrepareMarks(TCanvas& Canvas);
     int MarkReach() const { return FPointStyle.GetSize() + FPointStyle.GetWidth() + 1; }
+    bool PrepareMarks(TCanvas& Canvas);
     template <class P>
     void DrawSymbols(TCanvas& Canvas, const std::vector<P>& Places);
 };

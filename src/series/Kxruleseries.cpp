@@ -22,7 +22,7 @@ void TKxRuleSeries::GetIntervals(const TKxChannel& Channel, int First,
 }
 
 void TKxRuleSeries::DrawBeneath(TCanvas& Canvas) {
-    if (!PrepareDrawing() || !LineStyle().GetVisible()) return;
+    if (!GetVisible() || !PrepareDrawing() || !LineStyle().GetVisible()) return;
     const bool upright = FDirection == rdVertical;
     const TKxAxisMap& map = (upright ? GetXAxis() : GetYAxis())->GetMap();
     const int width = GetDrawingWorld()->GetWidth(), height = GetDrawingWorld()->GetHeight();

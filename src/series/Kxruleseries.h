@@ -31,6 +31,9 @@ public:
 
     void DrawBeneath(TCanvas& Canvas) override;
     void DrawLine(TCanvas&) override {}
+    // Has lines, no points.
+    TKxDrawnPoint PointAt(int) const override { return {}; }
+    TKxDrawnPoint PointNear(TPoint, int) const override { return {}; }
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();

@@ -46,11 +46,11 @@ public:
     ~TKxSeries() override;
 
     // Binding.
-    TKxAxis* GetXAxis() const { return FX.GetAxis(); }
+    TKxAxis* GetXAxis() const final { return FX.GetAxis(); }
     /// Enters the series in the drawing world of the graph that the axis stands on. Children that stood on
     /// the axis before move along.
     void SetXAxis(TKxAxis* Axis) { SetAxis(&TKxSeries::FX, Axis); }
-    TKxAxis* GetYAxis() const { return FY.GetAxis(); }
+    TKxAxis* GetYAxis() const final { return FY.GetAxis(); }
     void SetYAxis(TKxAxis* Axis) { SetAxis(&TKxSeries::FY, Axis); }
     TKxCustomRealVector* GetXData() const { return FX.GetVector(); }
     virtual void SetXData(TKxCustomRealVector* Vector) { SetData(FX, Vector); }
@@ -65,6 +65,9 @@ public:
     // Appearance, captions.
     TKxLineStyle& GetLineStyle() { return FLineStyle; }
     TKxAreaStyle& GetAreaStyle() { return FAreaStyle; }
+    bool GetVisible() const override { return FVisible; }
+    /// What is computed from the series has a visibility of its own.
+    void SetVisible(bool Visible) override;
     bool GetIncludeInLegend() const override { return FIncludeInLegend; }
     void SetIncludeInLegend(bool Include);
     const AnsiString& GetCaption() const override { return FCaption.Shown; }
@@ -79,7 +82,7 @@ public:
 
     // Extents and screen points.
     /// Drawable points: the smaller count of the two vectors.
-    int GetPointsCount() const { return FPointsCount; }
+    int GetPointsCount() const override { return FPointsCount; }
     /// The screen points of all of them. A series that has no need of them makes them when it is asked;
     /// PointsFrom does without.
     const TKxPointVector& GetPoints() const;
@@ -101,6 +104,9 @@ public:
     double IntToRealY(int P) const { return GetYAxis()->IntToRealPosition(P - OriginY()); }
     /// Index of the last point no further than Tolerance pixels from (X, Y) in x and in y; -1 for none.
     virtual int FindPoint(int X, int Y, int Tolerance) const;
+    /// Looks at the points beside At alone where x values ascend or descend.
+    TKxDrawnPoint PointNear(TPoint At, int Reach) const override;
+    TKxDrawnPoint PointAt(int Index) const override;
 
     // Change tracking.
     void Modified() override;
@@ -204,6 +210,8 @@ protected:
     virtual void DrawMarks(TCanvas&) {}
     /// One of them in the middle of a sample.
     virtual void DrawSampleMark(TCanvas&, const TRect&) {}
+    /// How far from a point, in pixels, anything is drawn that belongs to it or to the line to the next one.
+    virtual int DrawnReach() const { return FLineStyle.GetWidth() + CAir; }
     /// What precedes the drawing: places the points where no frame has settled them, and calls no handler.
     /// Returns whether there is something to draw on.
     bool PrepareDrawing();
@@ -248,6 +256,7 @@ protected:
 
 private:
     static constexpr int CPointsAtOnce = 512; // points that are placed at once
+    static constexpr int CAir = 4;            // pixels around what is kept, and what is drawn
     /// The same direction of this series and of its children.
     using TDirection = TKxChannel TKxSeries::*;
     struct TScaling {
@@ -289,9 +298,14 @@ private:
     template <class P>
     void MarkGaps(int First, std::span<P> Points) const;
     TKxStretch WorldStretch(int Reach) const;
-    std::vector<std::span<const TPoint>> DrawableRuns();
-    std::vector<std::span<const TPoint>> KeptRuns();
-    std::vector<std::span<const TRealPoint>> ExactRuns(std::vector<TRealPoint>& Points);
+    TKxStretch PaintedStretch(const TCanvas& Canvas, TKxStretch Stretch) const;
+    std::span<const int> KeptIn(const TKxKeptLine& Kept, const TCanvas& Canvas) const;
+    void InvalidateNew(int Count, int Index);
+    TKxSection SectionNear(TPoint At, int Reach) const;
+    std::vector<std::span<const TPoint>> DrawableRuns(const TCanvas& Canvas);
+    std::vector<std::span<const TPoint>> KeptRuns(const TCanvas& Canvas);
+    std::vector<std::span<const TRealPoint>> ExactRuns(const TCanvas& Canvas,
+                                                       std::vector<TRealPoint>& Points);
     template <class P>
     void DrawRuns(TCanvas& Canvas, const std::vector<std::span<const P>>& Runs) const;
     template <class P>
@@ -317,7 +331,7 @@ private:
     TScaling FScannedScaling;  // of the axes then
     TScaling FChildrenScaling; // of the axes at the children's last calculation
     bool FPointsDirty = true, FChildModified = false, FRangesModified = false;
-    bool FIncludeInLegend = true;
+    bool FIncludeInLegend = true, FVisible = true;
 };
 
 } // namespace kx

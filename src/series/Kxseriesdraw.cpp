@@ -25,8 +25,10 @@ void TKxSeries::DrawBeneath(TCanvas& Canvas) {
 }
 
 void TKxSeries::Draw(TCanvas& Canvas) {
-    DrawLine(Canvas);
-    DrawMarks(Canvas);
+    if (FVisible) {
+        DrawLine(Canvas);
+        DrawMarks(Canvas);
+    }
     ForChildren([&](TKxSeries* Child) { Guarded([&] { Child->Draw(Canvas); }); });
 }
 
@@ -72,16 +74,46 @@ std::vector<std::span<const P>> RunsUpTo(std::span<const int> Ends, const std::v
 
 } // namespace
 
-std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns() {
-    if (KeepsLine()) return KeptRuns();
+// Of a part of the world that is painted anew the columns alone.
+TKxStretch TKxSeries::PaintedStretch(const TCanvas& Canvas, TKxStretch Stretch) const {
+    const TRect clip = Canvas.GetClipRect();
+    const int reach = DrawnReach();
+    return {std::max(Stretch.Left, clip.Left - OriginX() - reach),
+            std::min(Stretch.Right, clip.Right - OriginX() + reach)};
+}
+
+// With a point more at either side, to which the line leads.
+std::span<const int> TKxSeries::KeptIn(const TKxKeptLine& Kept, const TCanvas& Canvas) const {
+    const auto points = Kept.Points();
+    const TKxStretch world = WorldStretch(0), painted = PaintedStretch(Canvas, world);
+    const bool whole = painted.Left == world.Left && painted.Right == world.Right;
+    if (whole || points.empty() || !Kept.RunEnds().empty() || !FX.HasPlace(FX.GetValue(points.front())))
+        return points;
+    const bool forward = FX.PixelOf(points.front()) <= FX.PixelOf(points.back());
+    const auto isBefore = [&](int Index) {
+        const int pixel = FX.PixelOf(Index);
+        return forward ? pixel < painted.Left : pixel > painted.Right;
+    };
+    const auto isNotBehind = [&](int Index) {
+        const int pixel = FX.PixelOf(Index);
+        return forward ? pixel <= painted.Right : pixel >= painted.Left;
+    };
+    const auto first = std::ranges::partition_point(points, isBefore);
+    const auto last = std::partition_point(first, points.end(), isNotBehind);
+    return {first - (first != points.begin()), last + (last != points.end())};
+}
+
+std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns(const TCanvas& Canvas) {
+    if (KeepsLine()) return KeptRuns(Canvas);
     return RunsOf(FPoints.Values().first(std::size_t(FPointsCount)), BreaksAtGaps(), FScratch);
 }
 
 // The places are made for every painting: a smooth device is painted once, as a rule.
-std::vector<std::span<const TRealPoint>> TKxSeries::ExactRuns(std::vector<TRealPoint>& Points) {
+std::vector<std::span<const TRealPoint>> TKxSeries::ExactRuns(const TCanvas& Canvas,
+                                                              std::vector<TRealPoint>& Points) {
     Points.clear();
     if (KeepsFineLine()) {
-        for (const int i : FFineKept->Points())
+        for (const int i : KeptIn(*FFineKept, Canvas))
             if (const TRealPoint place{FX.PlaceOf(i), FY.PlaceOf(i)}; IsPlace(place)) Points.push_back(place);
         return RunsUpTo(FFineKept->RunEnds(), Points);
     }
@@ -90,9 +122,9 @@ std::vector<std::span<const TRealPoint>> TKxSeries::ExactRuns(std::vector<TRealP
     return RunsOf(std::span<const TRealPoint>(Points), BreaksAtGaps(), Points);
 }
 
-std::vector<std::span<const TPoint>> TKxSeries::KeptRuns() {
+std::vector<std::span<const TPoint>> TKxSeries::KeptRuns(const TCanvas& Canvas) {
     FScratch.clear();
-    for (const int i : FKept.Points())
+    for (const int i : KeptIn(FKept, Canvas))
         if (const TPoint point{FX.PixelOf(i), FY.PixelOf(i)}; IsPlaced(point)) FScratch.push_back(point);
     return RunsUpTo(FKept.RunEnds(), FScratch);
 }
@@ -110,9 +142,10 @@ bool TKxSeries::IsZoomed() const { return GetXAxis()->CanZoomBack() && GetYAxis(
 void TKxSeries::DrawLine(TCanvas& Canvas) {
     if (!PrepareDrawing()) return;
     if (!DrawsLine() || FPointsCount < 2) return;
-    if (!Canvas.IsSmooth()) return DrawRuns(Canvas, DrawableRuns());
+    if (Canvas.GetClipRect().IsEmpty()) return;
+    if (!Canvas.IsSmooth()) return DrawRuns(Canvas, DrawableRuns(Canvas));
     std::vector<TRealPoint> points;
-    DrawRuns(Canvas, ExactRuns(points));
+    DrawRuns(Canvas, ExactRuns(Canvas, points));
 }
 
 template <class P>
@@ -193,7 +226,7 @@ void TKxSeries::ForAllPlaced(TCanvas& Canvas, int Reach, F Draw) const {
     if (!zoomed) Canvas.SetClip(std::nullopt);
     TKxSection shown{0, FPointsCount};
     if (GoesByValues() && FPointsCount >= CReductionThreshold)
-        shown = SectionIn(FX, FPointsCount, WorldStretch(zoomed ? Reach : 0));
+        shown = SectionIn(FX, FPointsCount, PaintedStretch(Canvas, WorldStretch(zoomed ? Reach : 0)));
     std::array<P, CPointsAtOnce> block;
     for (int first = shown.First; first < shown.Last; first += CPointsAtOnce) {
         const auto points = std::span(block).first(std::size_t(std::min(CPointsAtOnce, shown.Last - first)));

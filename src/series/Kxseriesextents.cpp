@@ -51,7 +51,10 @@ void TKxSeries::TakeValue(TKxChannel& Channel, int Index) {
     GetIntervals(Channel, Index, {&value, 1});
     switch (Channel.Take(Index, value)) {
     case TKxChannel::TTaken::Inside: return;
-    case TKxChannel::TTaken::Wider: return Modified();
+    case TKxChannel::TTaken::Wider:
+        // An axis that moves has the points placed anew; they alone are touched where it does not.
+        if (!GoesByValues() || !FChildren.empty()) Modified();
+        return;
     case TKxChannel::TTaken::MovedInward: return GetNewStartStop(Channel);
     }
 }
@@ -82,7 +85,27 @@ void TKxSeries::ValueChanged(TKxChannel& Channel, int Index, bool WasDeleted) {
     if (WasDeleted) return RangesModified();
     CalcValue(Channel, Index);
     if (placed) CalculatePoint(Index);
-    InvalidateWorld();
+    InvalidateNew(old, Index);
+}
+
+// A point that is new at the end, after Count others, touches the picture where it and the line to it stand;
+// one whose partner is not there yet touches nothing. The window keeps the rest.
+void TKxSeries::InvalidateNew(int Count, int Index) {
+    if (Index < Count || !GoesByValues() || !FChildren.empty() || FPointsDirty || !FDrawingWorld ||
+        !IsBound())
+        return InvalidateWorld();
+    if (FPointsCount == Count) return;
+    TRect touched;
+    for (int i = std::max(0, Count - 1); i < FPointsCount; ++i) {
+        const TPoint at{FX.PixelOf(i) + OriginX(), FY.PixelOf(i) + OriginY()};
+        if (!IsPlaced(at)) return InvalidateWorld();
+        touched = touched.United(TRect::Bounds(at.X, at.Y, 1, 1));
+    }
+    const int reach = DrawnReach(), height = FDrawingWorld->GetHeight();
+    if (FAreaStyle.GetVisible())
+        touched = {touched.Left, std::min(touched.Top, 0), touched.Right, std::max(touched.Bottom, height)};
+    FDrawingWorld->InvalidatePart(
+        {touched.Left - reach, touched.Top - reach, touched.Right + reach, touched.Bottom + reach});
 }
 
 // Points that were placed for the values before a change that is told of need no more than what it tells.
@@ -156,12 +179,6 @@ bool TKxSeries::MayKeepLine() const {
     const bool isSolid = !FLineStyle.GetVisible() || FLineStyle.GetStyle() == psSolid;
     return GoesByValues() && isSolid && FPointsCount >= CReductionThreshold;
 }
-
-namespace {
-
-constexpr int CAir = 4; // around what is kept
-
-} // namespace
 
 bool TKxSeries::KeepsLine() {
     return MayKeepLine() && FKept.Keep(FX, FY, PresentPlacing(), WorldStretch(FLineStyle.GetWidth() + CAir));

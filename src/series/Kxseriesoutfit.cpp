@@ -53,6 +53,7 @@ const TPropertyTable& TKxSeries::Properties() {
                 .IfMissing(true),
             Published<&T::GetCaption, &T::SetCaption>("Caption", "", "rich caption", isOwnCaption)
                 .LoadedBy(Into<&T::LoadCaption>()),
+            Published<&T::GetVisible, &T::SetVisible>("Visible", true, "is drawn"),
         },
         {Kept<&T::GetDoUserCaption, &T::SetDoUserCaption>("DoUserCaption"), userCaption, "IncludeInLegend",
          "LineStyle",

@@ -176,6 +176,8 @@ protected:
     virtual void MouseLeave();
     /// Whether the control took the turn; its parent is asked next where it did not.
     virtual bool MouseWheel(const TWheelTurn& Turn, TShiftState Shift, int X, int Y);
+    /// What a paint may touch, in this control's pixels: more than its client area where it lifts its clip.
+    virtual TRect GetPaintedRect() const { return GetClientRect(); }
     /// Whether a paint covers every pixel of the control, whatever was there before.
     virtual bool IsOpaque() const { return false; }
     /// Paints on Canvas, whose origin is this control's top left and whose clip is its visible part.

@@ -85,6 +85,7 @@ void TControl::RequestPaint() {
 }
 
 void TControl::InvalidateRect(const TRect& Rect) {
+    if (FRequested == FRequests) return; // all of it
     TRect rect = Rect.Intersected(GetClientRect());
     TControl* control = this;
     for (; control->FParent && control->FVisible && !rect.IsEmpty(); control = control->FParent)

@@ -86,15 +86,15 @@ void PaintTree(TWinControl& Root, TCanvasDevice& Device, const TRect& Dirty) {
     // Paints one control with a canvas of its own, so that no pen, brush or clip outlives it, then its
     // children.
     const auto paint = [&Device](const auto& Self, TControl& Control, TPoint Origin, const TRect& Clip) {
-        const TRect size = Control.GetClientRect();
-        const TRect visible = Shifted(size, Origin).Intersected(Clip);
-        if (visible.IsEmpty()) return;
+        const TRect size = Control.GetClientRect(), visible = Shifted(size, Origin).Intersected(Clip);
+        const auto* container = dynamic_cast<const TWinControl*>(&Control);
+        const TRect painted = container ? size : Control.GetPaintedRect();
+        if (size.IsEmpty() || Shifted(painted, Origin).Intersected(Clip).IsEmpty()) return;
         TCanvas canvas(&Device);
         canvas.Font.Assign(Control.GetFont());
         canvas.Brush.SetColor(Control.GetColor());
         canvas.SetOrigin(Origin);
         canvas.SetClip(size.Intersected(Shifted(Clip, {-Origin.X, -Origin.Y})));
-        const auto* container = dynamic_cast<const TWinControl*>(&Control);
         const bool paintsChildren = container && container->PaintsChildren(); // before a paint changes it
         // A graphic control is a part of its parent's surface and may lift its clip up to that.
         canvas.SetBaseClip(container ? visible : Clip);
