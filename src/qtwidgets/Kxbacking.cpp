@@ -71,6 +71,10 @@ void TBacking::Show(QPainter& Painter) const {
     const QTransform whole = QTransform::fromTranslate(std::round(given.dx()), std::round(given.dy()));
     Painter.setWorldTransform(whole * given.inverted() * Painter.worldTransform());
     Painter.drawImage(QPoint(), FImage);
+    // Where its edges lie between pixels the window may have one more than the picture.
+    const int width = FImage.width(), height = FImage.height();
+    Painter.drawImage(QPoint(width, 0), FImage, QRect(width - 1, 0, 1, height));
+    Painter.drawImage(QPoint(0, height), FImage, QRect(0, height - 1, width, 1));
 }
 
 } // namespace kx::qt

@@ -4,7 +4,6 @@
 #include <kxgraph/qtwidgets/Kxqtmenu.h>
 
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QPaintEvent>
 #include <QScreen>
@@ -153,6 +152,7 @@ bool TClientWidget::ShowHint(const QHelpEvent& Event) {
 
 void TClientWidget::SendMouse(QMouseEvent& Event, TMouseKind Kind, TShiftState More) {
     const auto button = Kind == TMouseKind::Move ? mbLeft : ButtonOf(Event.button());
+    FPressed = Event.buttons() != Qt::NoButton;
     if (!button) return Event.ignore();
     const TShiftState shift = ShiftOf(Event.modifiers(), Event.buttons()) | More;
     Tell([&](THostClient& C) { C.HostMouse(Kind, *button, shift, PixelOf(Event.position())); });
@@ -211,7 +211,7 @@ void TClientWidget::focusOutEvent(QFocusEvent* Event) {
 
 /// While a button is down Qt captures the mouse by itself.
 void TClientWidget::CaptureBy(bool Captured) {
-    if (Captured && isVisible() && QGuiApplication::mouseButtons() == Qt::NoButton) grabMouse();
+    if (Captured && isVisible() && !FPressed) grabMouse();
     if (!Captured && QWidget::mouseGrabber() == this) releaseMouse();
 }
 

@@ -76,7 +76,7 @@ private:
     TWheelReader FWheel;
     QBasicTimer FFrameTimer;
     QElapsedTimer FSinceFrame;
-    bool FFrameAsked = false;
+    bool FFrameAsked = false, FPressed = false; // FPressed: any button is down
     int FCalls = 0;
 };
 

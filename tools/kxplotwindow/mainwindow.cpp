@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPrintPreviewDialog>
+#include <QScreen>
 
 #include <exception>
 #include <utility>
@@ -37,7 +38,7 @@ TMainWindow::TMainWindow(const TShownPicture& Picture) : FPicture(Picture), FVie
     setWindowTitle(QString::fromStdString(Picture.Title));
     setCentralWidget(FView);
     MakeMenus();
-    adjustSize();
+    resize(sizeHint().boundedTo(screen()->availableSize())); // the picture in the size that was asked for
     FView->setFocus();
 }
 

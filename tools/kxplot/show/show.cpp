@@ -9,7 +9,7 @@
 #include <kxgraph/platform/objects/propertytext.h>
 #include <kxgraph/platform/text/files.h>
 
-#include <memory>
+#include <string>
 
 namespace kxplot {
 
@@ -60,6 +60,7 @@ void Show(const TWindowPart& Window, TPicture& Picture, const TFindings& Found, 
           const std::function<bool()>& Poll) {
     TParts& parts = Picture.GetParts();
     SwitchOn(*parts.Graph);
+    parts.Form->SetColor(parts.Graph->GetTransparent() ? kx::clWhite : parts.Graph->GetColor());
     TFitSwitch fits(Picture);
     Window.Show({.Form = *parts.Form,
                  .Title = TitleOf(Options),
