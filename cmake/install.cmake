@@ -2,7 +2,7 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
-function(kx_install_library NAME COMPONENT ABOUT ROOMS PRIVATE REQUIRES)
+function(kx_install_library NAME COMPONENT ABOUT ROOMS PRIVATE REQUIRES ENTERS)
     install(TARGETS ${NAME} EXPORT kxgraph-${COMPONENT}
             RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
             LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
@@ -15,6 +15,9 @@ function(kx_install_library NAME COMPONENT ABOUT ROOMS PRIVATE REQUIRES)
     endforeach()
     list(JOIN REQUIRES ", " requires)
     set(libraries -l${NAME})
+    if(ENTERS)
+        string(PREPEND libraries "-Wl,--undefined=${ENTERS} ")
+    endif()
     foreach(library ${PRIVATE})
         if(NOT BUILD_SHARED_LIBS AND NOT TARGET ${library})
             string(APPEND libraries " -l${library}")

@@ -8,10 +8,11 @@ function(kx_sources VARIABLE)
 endfunction()
 
 #   kx_library(NAME COMPONENT name ABOUT text ROOMS room... [PUBLIC target...] [PRIVATE target...]
-#              [REQUIRES package...])
-# Others take it as kxgraph::COMPONENT. REQUIRES: what pkg-config names for PUBLIC.
+#              [REQUIRES package...] [ENTERS symbol])
+# Others take it as kxgraph::COMPONENT. REQUIRES: what pkg-config names for PUBLIC. ENTERS: what is linked with the
+# library even where a program names nothing of it, for the library makes itself known to others there.
 function(kx_library NAME)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "COMPONENT;ABOUT" "ROOMS;PUBLIC;PRIVATE;REQUIRES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "COMPONENT;ABOUT;ENTERS" "ROOMS;PUBLIC;PRIVATE;REQUIRES")
     list(TRANSFORM arg_ROOMS REPLACE "(.+)" "src/\\1/*.cpp" OUTPUT_VARIABLE patterns)
     kx_sources(sources ${patterns})
     add_library(${NAME} ${sources})
@@ -24,13 +25,16 @@ function(kx_library NAME)
     set_target_properties(${NAME} PROPERTIES
         EXPORT_NAME ${arg_COMPONENT} CXX_EXTENSIONS OFF VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+    if(arg_ENTERS)
+        target_link_options(${NAME} INTERFACE LINKER:--undefined=${arg_ENTERS})
+    endif()
     if(BUILD_SHARED_LIBS)
         # What is ours is exported; what the templates of others leave behind is not.
         target_link_options(${NAME} PRIVATE "LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map")
         set_target_properties(${NAME} PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
     endif()
     if(KXGRAPH_INSTALL)
-        kx_install_library(${NAME} "${arg_COMPONENT}" "${arg_ABOUT}" "${arg_ROOMS}" "${arg_PRIVATE}" "${arg_REQUIRES}")
+        kx_install_library(${NAME} "${arg_COMPONENT}" "${arg_ABOUT}" "${arg_ROOMS}" "${arg_PRIVATE}" "${arg_REQUIRES}" "${arg_ENTERS}")
     endif()
 endfunction()
 

@@ -42,9 +42,18 @@ TProperty End(TProperty Property) {
 // Outfits go straight into the fields: a setter would switch off the automatic that was read before. The
 // calculation kind and the formula stand in the file for its reader.
 const TPropertyTable& TKxCalculatedSeries::Properties() {
+    // What the series calls itself by its formula is no setting of it.
+    TProperty caption = *TKxSeries::Properties().Find("Caption");
+    caption.Stored = [](const TPersistent& Object) {
+        const auto& series = static_cast<const T&>(Object);
+        const AnsiString& shown = series.GetCaption();
+        if (series.GetDoUserCaption()) return shown != series.GetUserCaption();
+        return shown != series.GetAutoCaption() || shown != series.GetFormula();
+    };
     static const TPropertyTable table(
         "TKxCalculatedSeries", &TKxSeries::Properties(),
         {
+            caption,
             PublishedObject<&T::GetAreaStyle>("AreaStyle", "the area between curve and zero"),
             Published<&T::GetWeight, &T::SetWeight>(
                 "Weight", nullptr, "own weights of the parent's points",

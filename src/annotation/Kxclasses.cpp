@@ -3,6 +3,7 @@
 #include <kxgraph/analysis/Kxanalysisclasses.h>
 #include <kxgraph/annotation/Kxlabel.h>
 #include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/annotation/Kxlinesample.h>
 #include <kxgraph/annotation/Kxresultlabel.h>
 #include <kxgraph/graph/Kxgraphclasses.h>
 #include <kxgraph/numeric/Kxvectorclasses.h>
@@ -23,6 +24,7 @@ void RegisterClasses() {
     RegisterSeriesClasses();
     RegisterAnalysisClasses();
     RegisterClass<TKxLabel>("TKxLabel", CGeneralPage);
+    RegisterClass<TKxLineSample>("TKxLineSample", CGraphPage);
     RegisterClass<TKxLegend>("TKxLegend", CGraphPage);
     RegisterClass<TKxResultLabel>("TKxResultLabel", CGraphPage);
 }

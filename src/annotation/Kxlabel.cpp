@@ -53,6 +53,7 @@ void TKxCustomLabel::SetAngle(int Angle) {
 
 void TKxCustomLabel::SetXPosition(int XPosition) {
     FXPosition = std::clamp(XPosition, -CMaxPixel, CMaxPixel);
+    if (IsIn(csLoading)) return; // the text that it goes by is not known yet
     int left = FXPosition;
     if (FAngle == 0 && GetAlignment() == taRightJustify) left -= FTextWidth;
     if (FAngle == 0 && GetAlignment() == taCenter) left -= FTextWidth / 2;
@@ -78,7 +79,7 @@ void TKxCustomLabel::SetBounds(int Left, int Top, int Width, int Height) {
 void TKxCustomLabel::AdjustBounds() {
     FPaintX = FPaintY = 0;
     FDirection = DirectionOf(TurnedBy());
-    if (!GetAutoSize()) return;
+    if (!GetAutoSize() || IsIn(csLoading)) return;
     MeasureText();
     SetXPosition(FXPosition);
     const TExtent extent = TurnedExtent();

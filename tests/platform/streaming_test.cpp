@@ -250,6 +250,28 @@ TEST_F(FormFile, TheOrderOfControlsComesBack) {
     EXPECT_EQ(FormToText(*read), FormToText(form));
 }
 
+TEST_F(FormFile, LabelsComeBackWhereTheyAreAnchored) {
+    for (const TAlignment alignment : {taLeftJustify, taRightJustify, taCenter})
+        for (const bool autoSize : {true, false}) {
+            TForm form(nullptr);
+            TKxLabel label(&form);
+            label.SetName("L");
+            label.SetParent(&form);
+            label.SetCaption("some text");
+            label.SetAlignment(alignment);
+            label.SetXPosition(300);
+            label.SetAutoSize(autoSize);
+            label.GetFont().SetSize(14);
+            const auto read = Read(FormToText(form));
+            EXPECT_EQ(FormToText(*read), FormToText(form));
+            auto& again = Get<TKxLabel>(*read, "L");
+            EXPECT_EQ(again.GetBoundsRect(), label.GetBoundsRect());
+            again.SetCaption("another text");
+            label.SetCaption("another text");
+            EXPECT_EQ(again.GetBoundsRect(), label.GetBoundsRect());
+        }
+}
+
 class TOwnLabel : public TKxLabel {
     using TKxLabel::TKxLabel;
 };

@@ -3,10 +3,13 @@
 #include "kxplot/batch/batch.h"
 #include "kxplot/database/database.h"
 #include "kxplot/fit/fit.h"
+#include "kxplot/fit/formfits.h"
 #include "kxplot/follow/follow.h"
+#include "kxplot/form/assignments.h"
 #include "kxplot/form/notices.h"
 #include "kxplot/form/picture.h"
 #include "kxplot/form/properties.h"
+#include "kxplot/form/savedform.h"
 #include "kxplot/messages.h"
 #include "kxplot/options/commandline.h"
 #include "kxplot/options/paragraph.h"
@@ -15,14 +18,20 @@
 #include "kxplot/plan/joined.h"
 #include "kxplot/plan/planner.h"
 #include "kxplot/plan/remedies.h"
+#include "kxplot/plan/sources.h"
 #include "kxplot/shortmemory.h"
 #include "kxplot/show/livepicture.h"
 #include "kxplot/show/show.h"
 #include "kxplot/write/framefaults.h"
 #include "kxplot/write/outputs.h"
 
+#include <kxgraph/annotation/Kxclasses.h>
 #include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/objects/classes.h>
+#include <kxgraph/platform/streaming/describe.h>
 #include <kxgraph/platform/text/files.h>
+#include <kxgraph/platform/text/suggest.h>
 #include <kxgraph/qt/Kxqtinstall.h>
 #include <kxgraph/table/Kxtable.h>
 
@@ -32,6 +41,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -85,12 +95,23 @@ void WithTables(const TOptions& Options, const std::string* Followed, F Use) {
     for (const auto& file : files) WithTable(file, Options, Followed, Use);
 }
 
+/// Whether a saved form names the tables that its data stand in: those that are files, and stay as they are.
+bool NamesSources(const TOptions& Options) {
+    const TFormRequest& form = Options.Outputs.Form;
+    return !form.Save.empty() && !form.Inline && !Options.Data.Database.IsGiven() && !Options.Follow.Wanted;
+}
+
 /// Reads the tables and plans the picture.
 TPlan Planned(const TOptions& Given, const std::string* Followed = nullptr) {
     const TOptions options = WithDifference(Given);
     std::vector<TPlan> plans;
     WithTables(options, Followed,
                [&](const kx::TKxTable& Table) { plans.push_back(MakePlan(Table, options)); });
+    if (NamesSources(options)) {
+        const std::vector<std::string> files = options.Data.Files();
+        for (std::size_t k = 0; k < files.size(); ++k)
+            FindSources(plans[k], files[k], options.Outputs.Form.Save);
+    }
     TPlan plan = plans.empty() ? PlanOfFunctions(options) : Combined(std::move(plans), options);
     AddFunctions(plan, options);
     return plan;
@@ -170,6 +191,33 @@ int Follow(TOptions Options) {
     return Draw(Options, &text);
 }
 
+/// The same of a form file.
+int DrawForm(const TOptions& Options) {
+    CheckOutputs(Options.Outputs, Options.Data.Files(), {});
+    kx::qt::Install(true);
+    const TFrameFaults faults;
+    TParts parts = OpenedForm(Options.Data.File);
+    kx::SettleTree(*parts.Form);
+    for (const auto& assignment : Options.Look.Assignments) Assign(*parts.Form, assignment);
+    const TFormFindings found = FitForm(parts);
+    WritePictures(parts, Options.Outputs, faults);
+    TellAll(found.Failures);
+    if (found.Interrupted) return CInterrupted;
+    return found.Failures.empty() ? 0 : CFailure;
+}
+
+int Describe(const std::string& Name) {
+    kx::RegisterClasses();
+    if (Name.empty()) return Print("# Properties\n\n" + kx::DescribeClasses()), 0;
+    const kx::TComponentClass* found = kx::FindClass(Name);
+    if (!found) {
+        std::vector<std::string_view> names;
+        for (const auto& type : kx::RegisteredClasses()) names.push_back(type.Name);
+        FailUsage("--describe", Name, "is no class of components" + kx::DidYouMean(Name, names));
+    }
+    return Print(kx::DescribeClass(*found)), 0;
+}
+
 int ListProperties(const TOptions& Options) {
     TPlan plan = Planned(Options);
     kx::qt::Install(true);
@@ -198,11 +246,15 @@ int Guarded(F Action) {
 }
 
 int Run(const TOptions& Options) {
+    if (Options.Outputs.Form.Describe) return Describe(*Options.Outputs.Form.Describe);
+    if (IsFormFile(Options.Data.File)) return DrawForm(Options);
     if (Options.Properties) return ListProperties(Options);
     if (Options.Data.Table.Explain) return Explain(Options);
     if (Options.Follow.Wanted) return Follow(Options);
     if (Options.Batch.empty()) return Draw(Options);
-    return DrawBatch(Options, [](const TOptions& One) { return Guarded([&] { return Draw(One); }); });
+    return DrawBatch(Options, [](const TOptions& One) {
+        return Guarded([&] { return IsFormFile(One.Data.File) ? DrawForm(One) : Draw(One); });
+    });
 }
 
 /// For what is thrown where nothing may be, as libraries do when memory runs out.

@@ -10,6 +10,7 @@ namespace kx {
 void RegisterControlClasses() {
     RegisterClass<TForm>("TForm");
     RegisterClass<TMenuItem>("TMenuItem");
+    RegisterClass<TCustomControl>("TCustomControl");
     RegisterClass<TPopupMenu>("TPopupMenu");
     RegisterClass<TTimer>("TTimer");
 }

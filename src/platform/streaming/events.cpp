@@ -21,6 +21,8 @@ std::vector<TNamed>& Events() {
     return events;
 }
 
+TEventResolver Resolve = nullptr;
+
 auto Place(std::string_view Name) {
     return std::ranges::find_if(Events(), [&](const TNamed& Event) { return SameText(Event.Name, Name); });
 }
@@ -39,9 +41,14 @@ void RegisterEventValue(const std::string& Name, TEventValue Handler) {
     }
 }
 
+void ResolveEvents(TEventResolver Resolver) { Resolve = Resolver; }
+
 const TEventValue* FindEvent(std::string_view Name) {
-    const auto found = Place(Name);
-    return found == Events().end() ? nullptr : &found->Handler;
+    if (const auto found = Place(Name); found != Events().end()) return &found->Handler;
+    TEventValue handler = Resolve ? Resolve(Name) : TEventValue();
+    if (!handler) return nullptr;
+    RegisterEventValue(std::string(Name), std::move(handler));
+    return &Place(Name)->Handler;
 }
 
 std::string_view NameOfEvent(const TEventValue& Handler) {

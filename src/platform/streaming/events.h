@@ -20,6 +20,11 @@ void RegisterEvent(const std::string& Name, const E& Handler) {
     RegisterEventValue(Name, TEventValue(Handler));
 }
 
+/// Asked for a name that nobody has registered, such as that of one of many alike: what it answers, unless that
+/// is empty, is registered under the name.
+using TEventResolver = TEventValue (*)(std::string_view Name);
+void ResolveEvents(TEventResolver Resolver);
+
 /// Ignoring the case of ASCII letters; null when there is none.
 const TEventValue* FindEvent(std::string_view Name);
 /// The name of the first registered one that is the same handler (TEventValue::IsSameHandler); empty for

@@ -62,7 +62,7 @@ TOptions OptionsFor(const std::string& Table, TOptions Options) {
     auto& outputs = Options.Outputs;
     if (outputs.Pictures.empty()) outputs.Pictures = {kx::ChangeFileExt(Table, ".png")};
     for (auto& name : outputs.Pictures) name = Filled(name, Table);
-    for (auto* name : {&outputs.Results, &outputs.SaveOutfit, &outputs.CurveData})
+    for (auto* name : {&outputs.Results, &outputs.SaveOutfit, &outputs.CurveData, &outputs.Form.Save})
         *name = Filled(*name, Table);
     return Options;
 }
@@ -72,7 +72,7 @@ void CheckEachHasItsOwn(const std::vector<TOptions>& All) {
     for (const TOptions& options : All) {
         const auto& outputs = options.Outputs;
         std::vector<std::string> own = outputs.Pictures;
-        for (const auto& name : {outputs.Results, outputs.SaveOutfit, outputs.CurveData})
+        for (const auto& name : {outputs.Results, outputs.SaveOutfit, outputs.CurveData, outputs.Form.Save})
             if (!name.empty() && name != "-") own.push_back(name);
         for (const auto& name : own)
             if (!names.insert(name).second)

@@ -7,7 +7,6 @@
 #include "kxplot/plan/captiontext.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace kxplot {
@@ -29,26 +28,6 @@ void Shorten(TKxLabel& Label, const TCutCaption& Plain, int Width) {
 
 } // namespace
 
-/// A short piece of a line as it looks in the graph.
-class TLineSample : public TGraphicControl {
-public:
-    explicit TLineSample(TComponent* Owner) : TGraphicControl(Owner), FStyle(nullptr) {}
-    void SetStyle(const TKxLineStyle& Style) { FStyle.Assign(Style); }
-    bool IsSolid() const { return FStyle.GetStyle() == psSolid; }
-
-protected:
-    void Paint() override {
-        TCanvas& canvas = GetCanvas();
-        canvas.Pen.SetStyle(FStyle.GetStyle());
-        canvas.Pen.SetWidth(FStyle.GetWidth() == 1 ? 0 : FStyle.GetWidth());
-        canvas.Pen.SetColor(FStyle.GetColor());
-        canvas.Polyline(std::array{TPoint{1, GetHeight() / 2}, TPoint{GetWidth() - 1, GetHeight() / 2}});
-    }
-
-private:
-    TKxLineStyle FStyle;
-};
-
 template <class T>
 T* TNotes::Make(const std::string& Name, const TFont& Font) {
     auto* label = new T(FGraph.GetOwner());
@@ -63,7 +42,7 @@ TNotes::TNotes(const TParts& Parts)
     : FParts(Parts), FGraph(*Parts.Graph), FInk(Parts.XAxis->GetFont().GetColor()) {
     const TFont& font = Parts.XAxis->GetFont();
     for (const auto& analysis : Parts.Analyses) {
-        auto* sample = new TLineSample(FGraph.GetOwner());
+        auto* sample = new TKxLineSample(FGraph.GetOwner());
         sample->SetParent(&FGraph);
         const TAnalysisPlan& plan = *analysis.Plan;
         const std::string name = KindOf(plan.Request) + ("Name" + std::to_string(plan.Number));
@@ -107,7 +86,7 @@ void TNotes::UpdateNames() {
         sample->SetVisible(drawn && (label->GetVisible() || (listed && labelled && several)));
         label->SetCaption(analysis.Line->GetCaption());
         label->GetFont().SetColor(analysis.Line->GetLineStyle().GetColor());
-        sample->SetStyle(analysis.Line->GetLineStyle());
+        sample->GetLineStyle().Assign(analysis.Line->GetLineStyle());
     }
     if (IsShown(*FParts.Legend) && several) ColourResults();
 }
@@ -121,7 +100,7 @@ void TNotes::ColourResults() {
 std::vector<TNotes::TLine> TNotes::GetLines() const {
     std::vector<TLine> lines;
     for (std::size_t k = 0; k < FNames.size(); ++k) {
-        TLineSample* sample = FNames[k].Sample->GetVisible() ? FNames[k].Sample : nullptr;
+        TKxLineSample* sample = FNames[k].Sample->GetVisible() ? FNames[k].Sample : nullptr;
         const auto add = [&](TKxCustomLabel* Label) {
             if (Label->GetVisible()) lines.push_back({Label, std::exchange(sample, nullptr)});
         };
@@ -136,7 +115,8 @@ int TNotes::SampleWidth() const {
     int width = 0;
     for (const auto& name : FNames)
         if (name.Sample->GetVisible())
-            width = std::max(width, name.Sample->IsSolid() ? CSolidSample : CPatternSample);
+            width = std::max(width, name.Sample->GetLineStyle().GetStyle() == psSolid ? CSolidSample
+                                                                                      : CPatternSample);
     return width;
 }
 

@@ -4,14 +4,13 @@
 #include "kxplot/form/parts.h"
 
 #include <kxgraph/annotation/Kxlabel.h>
+#include <kxgraph/annotation/Kxlinesample.h>
 #include <kxgraph/annotation/Kxresultlabel.h>
 
 #include <string>
 #include <vector>
 
 namespace kxplot {
-
-class TLineSample;
 
 /// What a label shows.
 struct TLabelSource {
@@ -42,12 +41,12 @@ private:
     };
     struct TName {
         kx::TKxLabel* Label;
-        TLineSample* Sample;
+        kx::TKxLineSample* Sample;
     };
     /// A line of the block; the first one of an analysis may have a sample.
     struct TLine {
         kx::TKxCustomLabel* Label;
-        TLineSample* Sample;
+        kx::TKxLineSample* Sample;
     };
     template <class T>
     T* Make(const std::string& Name, const kx::TFont& Font);

@@ -5,6 +5,7 @@
 
 #include <kxgraph/numeric/Kxvector.h>
 #include <kxgraph/series/Kxarrowseries.h>
+#include <kxgraph/table/Kxfilevector.h>
 
 #include <cstddef>
 #include <optional>
@@ -17,9 +18,19 @@ using namespace kx;
 
 namespace {
 
+/// It has its values already.
+TKxLiveVector* MakeFileVector(const TColumnSource& Source, TForm& Form) {
+    auto* vector = new TKxFileVector(&Form);
+    vector->BeginLoading();
+    vector->SetFileName(Source.File);
+    vector->SetColumn(Source.Column);
+    vector->EndLoading();
+    return vector;
+}
+
 // Filled before a series listens to it.
 TKxLiveVector* MakeVector(TVectorPlan& Plan, TForm& Form) {
-    auto* vector = new TKxLiveVector(&Form);
+    auto* vector = Plan.Source ? MakeFileVector(*Plan.Source, Form) : new TKxLiveVector(&Form);
     vector->SetName(Plan.Name);
     vector->AddValues(std::exchange(Plan.Values, {}));
     return vector;

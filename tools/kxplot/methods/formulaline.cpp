@@ -18,6 +18,8 @@ void TFormulaLine::Run(std::optional<int> Times, TFitWatch& Watch, const std::st
     const int most = Times.value_or(CMostRepeats + 1);
     for (FRun = 1; FRun <= most; ++FRun) {
         FBefore = GetChiSquare();
+        for (int i = 0; i < GetOrder(); ++i)
+            SetCoefficient(i, GetCoefficient(i)); // a form begins with the last run
         const std::string run = ": run " + std::to_string(FRun);
         Watch.Calculate(*this, most == 1 ? Title
                                : Times   ? Title + run + " of " + std::to_string(most)

@@ -16,8 +16,8 @@ void AddDataOptions(CLI::App& App, TArguments& Given) {
                o.Data.File = Files.front();
                o.Data.More.assign(Files.begin() + 1, Files.end());
            },
-           "text table with the data; - reads standard input. Of several tables each gives the same columns, "
-           "over its own x")
+           "text table with the data, or a form of --save-form; - reads standard input. Of several tables "
+           "each gives the same columns, over its own x")
         ->check(RefuseEmpty);
     App.add_option(
            "--batch", o.Batch,
@@ -205,6 +205,7 @@ void AddOutfitOptions(CLI::App& App, TArguments& Given) {
     App.add_option("--save-outfit", o.Outputs.SaveOutfit, "keeps the appearance in a file")
         ->type_name("FILE.ini")
         ->check(RefuseEmpty);
+    AddFormOptions(App, o.Outputs.Form);
     App.add_option("-o", o.Outputs.Pictures, "picture to write: .png, .svg or .pdf (several allowed)")
         ->type_name("FILE")
         ->allow_extra_args(false);

@@ -46,7 +46,8 @@ void CheckData(const TOptions& Options) {
     CheckDatabase(Options.Data.Database, isBatch ? Options.Batch.front() : Options.Data.File);
     const bool hasTable = isBatch || !Options.Data.File.empty() || Options.Data.Database.IsGiven();
     CheckFunctions(Options.Functions, hasTable);
-    if (!hasTable && !Options.Properties && Options.Functions.Functions.empty())
+    const bool isAsked = Options.Properties || Options.Outputs.Form.Describe;
+    if (!hasTable && !isAsked && Options.Functions.Functions.empty())
         throw TUsageError("DATA is required; kxplot --help tells more");
     if (!isBatch) return;
     if (!Options.Data.File.empty())
@@ -165,8 +166,7 @@ void ReadOutputs(const TArguments& Given, TOptions& Options) {
     if (Given.Ground) Options.Look.Ground = ParseGround(*Given.Ground);
     for (const auto& text : Given.Assignments) Options.Look.Assignments.push_back(ParseAssignment(text));
     Options.Window = ParseWindow(Given.Window);
-    if (Options.Window.Show && !Options.Batch.empty())
-        throw TUsageError("--show: does not go with --batch");
+    if (Options.Window.Show && !Options.Batch.empty()) throw TUsageError("--show: does not go with --batch");
     if (Options.Outputs.Pictures.empty() && Options.Batch.empty() && !Options.Window.Show)
         Options.Outputs.Pictures = {DefaultOutput(Options.Data.File)};
     else
@@ -192,6 +192,7 @@ std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
     }
     TOptions& options = given.Options;
     options.Follow = ParseFollow(given.Follow);
+    CheckForm(app, options.Outputs.Form, options.Data.Files());
     CheckData(options);
     ReadHeader(given, options);
     ReadDrawing(given, options);

@@ -6,6 +6,7 @@
 #include "kxplot/options/bandrequest.h"
 #include "kxplot/options/databaserequest.h"
 #include "kxplot/options/followrequest.h"
+#include "kxplot/options/formrequest.h"
 #include "kxplot/options/functionsrequest.h"
 #include "kxplot/options/labelrequest.h"
 #include "kxplot/options/markrequest.h"
@@ -99,12 +100,14 @@ struct TOutputRequest {
     std::string SaveOutfit; ///< file; empty: none
     std::string Results;    ///< likewise; "-" is standard output, .json another form
     std::string CurveData;  ///< likewise; CSV
+    TFormRequest Form;
     TPictureSize Size;
     double Scale = 1;      ///< pixels of a PNG in a logical one
     bool Antialias = true; ///< of PNGs
 
     bool AreNone() const {
-        return Pictures.empty() && SaveOutfit.empty() && Results.empty() && CurveData.empty();
+        return Pictures.empty() && SaveOutfit.empty() && Results.empty() && CurveData.empty() &&
+               Form.Save.empty();
     }
 };
 

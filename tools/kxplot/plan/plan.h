@@ -15,10 +15,16 @@
 
 namespace kxplot {
 
+/// A column of a table, for a form that does not hold its values.
+struct TColumnSource {
+    std::string File, Column;
+};
+
 /// A vector: its component's name and what it holds.
 struct TVectorPlan {
     std::string Name;
     std::vector<double> Values;
+    std::optional<TColumnSource> Source = std::nullopt;
 };
 
 struct TPointsPlan {

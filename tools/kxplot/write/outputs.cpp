@@ -2,6 +2,7 @@
 
 #include "kxplot/fit/curvedata.h"
 #include "kxplot/fit/resultsjson.h"
+#include "kxplot/form/savedform.h"
 #include "kxplot/options/usageerror.h"
 #include "kxplot/shortmemory.h"
 #include "kxplot/write/signals.h"
@@ -32,6 +33,8 @@ struct TNamedFile {
 std::vector<TNamedFile> OutputsOf(const TOutputRequest& Outputs) {
     std::vector<TNamedFile> files;
     for (const auto& name : Outputs.Pictures) files.push_back({"-o", name});
+    if (!Outputs.Form.Save.empty())
+        files.push_back({"--save-form", Outputs.Form.Save}); // it is as the pictures are
     if (!Outputs.SaveOutfit.empty()) files.push_back({"--save-outfit", Outputs.SaveOutfit});
     if (!Outputs.Results.empty() && Outputs.Results != "-") files.push_back({"--results", Outputs.Results});
     if (!Outputs.CurveData.empty()) files.push_back({"--curve-data", Outputs.CurveData});
@@ -86,6 +89,22 @@ std::string ResultsFor(const std::string& FileName, const TFindings& Found) {
     return kx::SameText(kx::ExtractFileExt(FileName), ".json") ? ResultsAsJson(Found.Results) : Found.Results;
 }
 
+using TContents = std::vector<std::pair<std::string, std::string>>; ///< of files, by their names
+
+/// All or none.
+void Write(const TContents& Contents) {
+    LetAllocationsFail();
+    std::optional<TSignalsHeld> held(std::in_place);
+    kx::TFileGroup files;
+    for (const auto& [name, text] : Contents) {
+        files.Add(name, text);
+        if (held->ArePending()) return; // nothing stays behind, and the signal does what it came for
+    }
+    files.MoveIntoPlace();
+    held.reset(); // a pipe may wait for its reader as long as it likes
+    files.WriteDevices();
+}
+
 } // namespace
 
 void CheckOutputs(const TOutputRequest& Outputs, const std::vector<std::string>& Tables,
@@ -104,25 +123,26 @@ void CheckOutputs(const TOutputRequest& Outputs, const std::vector<std::string>&
 
 void WriteOutputs(TPicture& Picture, const TFindings& Found, const TOutputRequest& Outputs,
                   const TFrameFaults& Faults) {
-    std::vector<std::pair<std::string, std::string>> contents;
+    TContents contents;
     for (const auto& [option, name] : OutputsOf(Outputs)) {
         const std::string_view kind(option);
         contents.emplace_back(name, kind == "-o" ? PictureBytes(Picture.GetParts(), Outputs, name, Faults)
                                     : kind == "--results"    ? ResultsFor(name, Found)
                                     : kind == "--curve-data" ? CurveData(Picture.GetParts())
+                                    : kind == "--save-form"  ? FormText(Picture.GetParts(), name)
                                                              : Picture.GetOutfit());
     }
     Faults.Check();
-    LetAllocationsFail();
-    std::optional<TSignalsHeld> held(std::in_place);
-    kx::TFileGroup files;
-    for (const auto& [name, text] : contents) {
-        files.Add(name, text);
-        if (held->ArePending()) return; // nothing stays behind, and the signal does what it came for
-    }
-    files.MoveIntoPlace();
-    held.reset(); // a pipe may wait for its reader as long as it likes
-    files.WriteDevices();
+    Write(contents);
+}
+
+void WritePictures(const TParts& Parts, TOutputRequest Outputs, const TFrameFaults& Faults) {
+    const kx::TSize size = (Parts.Sheet ? Parts.Sheet : Parts.Graph)->GetClientRect().Size();
+    Outputs.Size = {double(size.Width), double(size.Height)};
+    TContents contents;
+    for (const auto& name : Outputs.Pictures)
+        contents.emplace_back(name, PictureBytes(Parts, Outputs, name, Faults));
+    Write(contents);
 }
 
 } // namespace kxplot

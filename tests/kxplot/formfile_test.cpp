@@ -1,0 +1,123 @@
+// Forms: what kxplot saves draws the same picture, and what it says of others.
+
+#include "kxplot/program.h"
+
+#include <kxgraph/annotation/Kxclasses.h>
+#include <kxgraph/platform/objects/classes.h>
+#include <kxgraph/platform/streaming/describe.h>
+
+#include <sstream>
+
+namespace {
+
+using namespace kxplot::test;
+
+class FormFile : public Program {
+protected:
+    /// The form of a command draws what the command draws, to the byte.
+    void ExpectSame(TNames Words) {
+        Words.insert(Words.end(), {"-o", "a.png", "--save-form", "f.kxf"});
+        const TOutcome saved = Run(Words);
+        ASSERT_EQ(saved.Status, 0) << saved.Errors;
+        const TOutcome drawn = Run({"f.kxf", "-o", "b.png"});
+        EXPECT_EQ(drawn.Status, 0) << drawn.Errors;
+        EXPECT_TRUE(Read("a.png") == Read("b.png"));
+    }
+    /// The words of a line as a shell has them.
+    static TNames Split(const std::string& Line) {
+        TNames words{""};
+        char quote = 0;
+        for (const char c : Line)
+            if (quote ? c == quote : c == '\'' || c == '"')
+                quote = quote ? 0 : c;
+            else if (c == ' ' && !quote)
+                words.emplace_back();
+            else
+                words.back() += c;
+        std::erase(words, "");
+        return words;
+    }
+};
+
+TEST_F(FormFile, DrawsThePicturesOfTheExamples) {
+    int count = 0, inTable = 0;
+    for (const auto& entry : fs::directory_iterator(KX_SOURCE "/examples")) {
+        if (entry.path().extension() != ".csv") continue;
+        SCOPED_TRACE(entry.path().filename());
+        const std::string text = kx::ReadFile(entry.path()), mark = "# kxplot ";
+        const auto at = text.find(mark);
+        ASSERT_NE(at, text.npos);
+        Write(entry.path().filename(), text);
+        TNames words = Split(text.substr(at + mark.size(), text.find('\n', at) - at - mark.size()));
+        ExpectSame(words);
+        inTable += Read("f.kxf").find("TKxFileVector") != std::string::npos;
+        words.push_back("--inline");
+        if (++count % 4 == 0) ExpectSame(words);
+    }
+    EXPECT_GT(count, 12);
+    EXPECT_GT(inTable, 8);
+}
+
+TEST_F(FormFile, DrawsWhatOptionsMake) {
+    Write("d.csv", "t,u,v,e,n\n1,2,3,0.1,x\n2,4,5,0.2,y\n3,3,nan,0.1,z\n4,8,2,0.3,x\n5,7,9,0.2,w\n");
+    for (const char* line :
+         {"-y u --fit line --residuals --band confidence --label Slope:3+-",
+          "-y u -y v --fit 'a+b*x^c' --start a=1,b=1,c=1 --repeat 3 --no-legend",
+          "-y u --style bars3d -y v --stack", "-x t -y u --vx e --vy v --style arrows --box",
+          "-y u --y2 v --curve akima --derivative --integral",
+          "--hist 4 --fit 'a*exp(-(x-b)^2)' --start a=1,b=3", "-x n -y u",
+          "-y u-2*t --text 2,1,here --vline 2", "-y u --set XAxis.LabelKind=lkDates --zone Asia/Tokyo",
+          "-y u --function x^2 --theme dark --ground none"}) {
+        SCOPED_TRACE(line);
+        TNames words = Split(line);
+        words.insert(words.begin(), "d.csv");
+        ExpectSame(words);
+    }
+}
+
+TEST_F(FormFile, TakesOptionsOfPicturesAloneAndSaysWhatIsWrong) {
+    ASSERT_EQ(Run({"d.csv", "-y", "u", "-o", "a.svg", "--save-form", "f.kxf"}).Status, 0);
+    const TOutcome set =
+        Run({"f.kxf", "-o", "b.svg", "--set", "Graph1.Caption=Again", "--set", "Graph1.ShowTitle=1"});
+    EXPECT_EQ(set.Status, 0) << set.Errors;
+    EXPECT_NE(Read("b.svg").find(">Again</text>"), std::string::npos);
+    const struct {
+        int Status;
+        TNames Words;
+        const char* Error;
+    } cases[] = {
+        {2, {"f.kxf", "--fit", "line"}, "--fit: does not go with a form, which holds all that is drawn"},
+        {2, {"f.kxf", "d.csv"}, "a form is drawn alone: kxplot f.kxf"},
+        {2, {"d.csv", "--inline"}, "--inline: there is no --save-form that it could be for"},
+        {2,
+         {"d.csv", "--save-form", "f.txt"},
+         "--save-form: a name that ends with .kxf is expected, not 'f.txt'"},
+        {2,
+         {"--describe", "TKxAxes"},
+         "--describe: 'TKxAxes' is no class of components; did you mean 'TKxAxis'?"},
+        {1, {"g.kxf"}, "g.kxf:1:8: unknown class 'TKxForm'; did you mean 'TForm'?"},
+        {1, {"h.kxf"}, "h.kxf: there is no form with a graph in it"},
+    };
+    Write("g.kxf", "object TKxForm\nend\n");
+    Write("h.kxf", "object TForm\nend\n");
+    for (const auto& [status, words, error] : cases) {
+        const TOutcome outcome = Run(words);
+        EXPECT_EQ(outcome.Status, status);
+        EXPECT_EQ(outcome.Errors, std::string("kxplot: ") + error + "\n");
+    }
+    fs::remove(Path("d.csv"));
+    EXPECT_NE(Run({"f.kxf", "-o", "c.png"}).Errors.find("XData: d.csv: No such file"), std::string::npos);
+    EXPECT_FALSE(Has("c.png"));
+}
+
+TEST_F(FormFile, TheReferenceIsThatOfTheRows) {
+    kx::RegisterClasses();
+    EXPECT_EQ(kx::ReadFile(KX_SOURCE "/docs/properties.md"), "# Properties\n\n" + kx::DescribeClasses())
+        << "kxplot --describe > docs/properties.md";
+    EXPECT_EQ(Run({"--describe"}).Output, kx::ReadFile(KX_SOURCE "/docs/properties.md"));
+    const std::string axis = Run({"--describe", "tkxaxis"}).Output;
+    EXPECT_NE(axis.find("| `Twisted` | `True`, `False` | `False` | runs in reverse |\n"), axis.npos);
+    EXPECT_NE(axis.find("## TControl\n"), axis.npos);
+}
+
+} // namespace
