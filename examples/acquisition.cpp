@@ -33,6 +33,7 @@ using namespace kx;
 namespace {
 
 constexpr double CRate = 1000;     // values of a channel in a second
+constexpr int CKept = 60000;       // values of a channel that stay: a minute
 constexpr double CFitSeconds = 10; // that the line goes through
 
 struct TSample {
@@ -78,7 +79,9 @@ public:
         FGraph.SetColor(clWhite);
         FGraph.SetDataColor(clWhite);
         FGraph.SetMargin(10);
-        FGraph.SetAutoZoom(true);
+        FGraph.SetWheelZoom(true);
+        FGraph.SetPanning(true); // with the middle button
+        for (TKxLiveVector* vector : {&FTime, &FFirst, &FSecond}) vector->SetMaxCount(CKept);
         Place(FTimeAxis, "time / s");
         Place(FVoltageAxis, "voltage / V");
         FGraph.SetPrimaryXAxis(&FTimeAxis);

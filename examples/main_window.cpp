@@ -44,6 +44,8 @@ struct TOscillation {
         Graph.SetDataColor(clWhite);
         Graph.SetMargin(10);
         Graph.SetAutoZoom(true); // a rectangle drawn with the mouse
+        Graph.SetWheelZoom(true);
+        Graph.SetReadout(true);
         Graph.SetPopupMenu(&Menu);
         const auto place = [this](TKxAxis& Axis, const char* Caption) {
             Axis.SetParent(&Graph);
@@ -72,12 +74,7 @@ struct TOscillation {
         draw(Curve, Swing, clBlue, 2);
         draw(Bound, Envelope, clRed, 1);
         Menu.GetItems().Add("&Copy", [this](TMenuItem*) { Graph.CopyToClipboard(); });
-        Menu.GetItems().Add("&Whole view", [this](TMenuItem*) { Unzoom(); });
-    }
-
-    void Unzoom() {
-        for (TKxAxis* axis : {&Time, &Amplitude})
-            while (axis->CanZoomBack()) axis->ZoomBack();
+        Menu.GetItems().Add("&Whole view", [this](TMenuItem*) { Graph.Unzoom(); });
     }
 };
 
@@ -100,7 +97,7 @@ public:
             FPicture.Graph.PaintToMetafile();
             qt::PreviewPrint(this, FPicture.Graph.GetMetafile(), windowTitle());
         });
-        add("&Whole view", Qt::Key_Home, [this] { FPicture.Unzoom(); });
+        add("&Whole view", Qt::Key_Home, [this] { FPicture.Graph.Unzoom(); });
     }
 
 private:

@@ -16,8 +16,8 @@ namespace kxplot {
 namespace {
 
 /// What a graph in a window can do with mouse and keys, where it can.
-constexpr const char* CAbilities[] = {"AutoZoom", "WheelZoom", "Panning",      "ZoomKeys",
-                                      "Readout",  "CrossHair", "LegendPicking"};
+constexpr const char* CAbilities[] = {"AutoZoom",         "WheelZoom", "Panning",   "ZoomKeys",
+                                      "UnzoomOnDblClick", "Readout",   "CrossHair", "LegendPicking"};
 
 void SwitchOn(kx::TKx2DGraph& Graph) {
     for (const char* ability : CAbilities)
