@@ -194,14 +194,17 @@ int Follow(TOptions Options) {
 /// The same of a form file.
 int DrawForm(const TOptions& Options) {
     CheckOutputs(Options.Outputs, Options.Data.Files(), {});
-    kx::qt::Install(true);
-    const TFrameFaults faults;
+    const TWindowPart* window = LoadWindow(Options.Window);
+    if (!window) kx::qt::Install(true);
+    std::optional<TFrameFaults> faults(std::in_place);
     TParts parts = OpenedForm(Options.Data.File);
     kx::SettleTree(*parts.Form);
     for (const auto& assignment : Options.Look.Assignments) Assign(*parts.Form, assignment);
     const TFormFindings found = FitForm(parts);
-    WritePictures(parts, Options.Outputs, faults);
+    WritePictures(parts, Options.Outputs, *faults);
     TellAll(found.Failures);
+    faults.reset();
+    if (window) ShowForm(*window, parts, Options);
     if (found.Interrupted) return CInterrupted;
     return found.Failures.empty() ? 0 : CFailure;
 }

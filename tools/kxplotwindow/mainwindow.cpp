@@ -63,8 +63,9 @@ void TMainWindow::MakeMenus() {
     Add(file, &bar, "Save as P&DF...", {}, [this] { SavePicture("pdf"); });
     Add(file, &bar, "&Print...", QKeySequence::Print,
         [this] { kx::qt::PreviewPrint(this, FPicture.Record(), QString::fromStdString(FPicture.Title)); });
-    Add(file, &bar, "Save &outfit...", {},
-        [this] { SaveAs("Save outfit", "Outfits (*.ini)", "ini", FPicture.SaveOutfit); });
+    if (FPicture.SaveOutfit)
+        Add(file, &bar, "Save &outfit...", {},
+            [this] { SaveAs("Save outfit", "Outfits (*.ini)", "ini", FPicture.SaveOutfit); });
     file.addSeparator();
     Add(file, nullptr, "&Close", QKeySequence::Close, [this] { close(); });
     MakeFitsAction(view, bar);

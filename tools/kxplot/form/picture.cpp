@@ -9,6 +9,7 @@
 #include "kxplot/form/marks.h"
 #include "kxplot/form/outfit.h"
 #include "kxplot/form/residuals.h"
+#include "kxplot/form/sheet.h"
 #include "kxplot/form/series.h"
 #include "kxplot/form/theme.h"
 
@@ -130,26 +131,10 @@ void TPicture::Place() {
 }
 
 void TPicture::TakeSizeOfForm() {
-    const TSize size = FParts.Form->GetClientRect().Size();
-    if (FParts.Sheet)
-        PlaceGraphs(FParts, size);
-    else
-        FParts.Graph->SetBounds(0, 0, size.Width, size.Height);
-    SettleTree(*FParts.Form);
+    FillForm(FParts);
     Place();
 }
 
-const TMetafile& TPicture::Record() {
-    if (!FParts.Sheet) {
-        FParts.Graph->PaintToMetafile();
-        return FParts.Graph->GetMetafile();
-    }
-    const TSize size = FParts.Sheet->GetClientRect().Size();
-    TRecorder whole(size), smooth(size, TFont::CPixelsPerInch, false, true);
-    PaintFrame(*FParts.Sheet, whole);
-    PaintFrame(*FParts.Sheet, smooth);
-    FRecord.SetPicture(size, std::move(whole.Recording), std::move(smooth.Recording));
-    return FRecord;
-}
+const TMetafile& TPicture::Record() { return Recorded(FParts, FRecord); }
 
 } // namespace kxplot

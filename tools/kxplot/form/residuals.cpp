@@ -146,7 +146,7 @@ void FillResiduals(TParts& Parts) {
     SettleTree(*Parts.Form);
 }
 
-void PlaceGraphs(TParts& Parts, TSize Size) {
+void PlaceGraphs(const TParts& Parts, TSize Size) {
     const int lowest = CLowest * Parts.XAxis->GetFont().GetSize() / CUsualFont;
     const int lower = std::clamp(lowest, Size.Height * CPercent / 100, Size.Height * CMostPercent / 100);
     const int upper = Size.Height - lower;

@@ -9,7 +9,7 @@ namespace kxplot {
 /// for series take the axes of the last graph.
 void MakeResiduals(TParts& Parts);
 /// Gives both graphs their places on a sheet of that size.
-void PlaceGraphs(TParts& Parts, kx::TSize Size);
+void PlaceGraphs(const TParts& Parts, kx::TSize Size);
 /// Once the fits are done.
 void FillResiduals(TParts& Parts);
 /// Gives both drawing worlds the same left and right edges.

@@ -18,7 +18,7 @@ namespace {
 
 /// What a form is drawn with.
 constexpr auto CForForms = std::to_array<std::string_view>(
-    {"DATA", "-o", "--set", "--scale", "--dpi", "--antialias", "--no-antialias", "--show"});
+    {"DATA", "-o", "--set", "--scale", "--dpi", "--antialias", "--no-antialias", "--show", "--show-for"});
 
 } // namespace
 

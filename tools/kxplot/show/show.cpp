@@ -1,5 +1,6 @@
 #include "kxplot/show/show.h"
 
+#include "kxplot/form/sheet.h"
 #include "kxplot/plugins/plugin.h"
 #include "kxplot/show/fitswitch.h"
 #include "kxplot/write/framefaults.h"
@@ -83,6 +84,23 @@ void Show(const TWindowPart& Window, TPicture& Picture, const TFindings& Found, 
                  .Record = [&]() -> const kx::TMetafile& { return Picture.Record(); },
                  .ShowFits = [&](bool Shown) { fits.Show(Shown); },
                  .Poll = Poll});
+}
+
+void ShowForm(const TWindowPart& Window, const TParts& Parts, const TOptions& Options) {
+    SwitchOn(*Parts.Graph);
+    kx::TMetafile record;
+    Window.Show({.Form = *Parts.Form,
+                 .Title = TitleOf(Options),
+                 .Antialias = Options.Outputs.Antialias,
+                 .Seconds = Options.Window.Seconds,
+                 .Resized = [&] { FillForm(Parts); },
+                 .SavePicture =
+                     [&](const std::string& FileName) {
+                         TOutputRequest outputs = OnlyAs(Options.Outputs, Parts);
+                         outputs.Pictures = {FileName};
+                         WritePictures(Parts, outputs, TFrameFaults());
+                     },
+                 .Record = [&]() -> const kx::TMetafile& { return Recorded(Parts, record); }});
 }
 
 } // namespace kxplot

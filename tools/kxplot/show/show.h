@@ -19,4 +19,7 @@ const TWindowPart* LoadWindow(const TWindowRequest& Request);
 void Show(const TWindowPart& Window, TPicture& Picture, const TFindings& Found, const TOptions& Options,
           const std::function<bool()>& Poll = {});
 
+/// The same of a form that was read.
+void ShowForm(const TWindowPart& Window, const TParts& Parts, const TOptions& Options);
+
 } // namespace kxplot

@@ -21,9 +21,10 @@ struct TShownPicture {
     std::optional<double> Seconds; ///< after which the window closes by itself
     /// The window has another size, which the form has already.
     std::function<void()> Resized;
-    std::function<void(const std::string&FileName)> SavePicture, SaveOutfit;
-    std::function<const kx::TMetafile&()> Record;
-    std::function<void(bool Shown)> ShowFits;
+    std::function<void(const std::string& FileName)> SavePicture;
+    std::function<void(const std::string& FileName)> SaveOutfit = {}; ///< empty: there is none
+    std::function<const kx::TMetafile&()> Record = {};
+    std::function<void(bool Shown)> ShowFits = {};
     /// Brings what has come since the last call into the picture; false closes the window. Empty where
     /// nothing comes.
     std::function<bool()> Poll = {};
