@@ -319,6 +319,41 @@ TEST(Legend, AClickTellsTheSeriesOfItsEntry) {
     f.Draw();
 }
 
+TEST(Legend, PickingHidesASeriesAndFadesItsEntry) {
+    TFixture f;
+    auto* shown = f.Add("a");
+    auto* picked = f.Add("b");
+    picked->GetLineStyle().SetColor(clFuchsia);
+    f.Legend->GetFont().SetColor(clBlack);
+    f.Legend->SetPlacement(lgRight);
+    f.Graph->SetLegendPicking(true);
+    f.Graph->SetFocus();
+    f.Draw();
+    const auto extent = test::ExtentsOf(*picked);
+    const TPoint at = f.Legend->ClientToRoot(f.Legend->GetEntryRect(1).TopLeft());
+    const std::pair<const char*, std::function<void()>> picks[] = {
+        {"click",
+         [&] {
+             for (const auto kind : {TMouseKind::Move, TMouseKind::Down, TMouseKind::Up})
+                 f.Form->AsHostClient().HostMouse(kind, mbLeft, 0, at);
+         }},
+        {"key", [&] { f.Form->AsHostClient().HostKey({.Key = '2', .Text = "2"}, true); }}};
+    for (const auto& [how, pick] : picks) {
+        pick();
+        EXPECT_FALSE(picked->GetVisible()) << how;
+        const TRecording hidden = f.Draw();
+        EXPECT_TRUE(shown->GetVisible() && test::LinesOf(hidden, clFuchsia).empty()) << how;
+        EXPECT_EQ(CallsOf<TRecording::TText>(hidden).back().Color, 0xB4B4B4) << how << ": a quarter is left";
+        EXPECT_EQ(test::ExtentsOf(*picked), extent) << "the axes stay";
+        pick();
+        EXPECT_EQ(test::LinesOf(f.Draw(), clFuchsia).size(), 2u) << how << ": the line and its sample";
+    }
+    EXPECT_EQ(f.Legend->GetCursor(), crHandPoint);
+    f.Graph->SetLegendPicking(false);
+    picks[0].second();
+    EXPECT_TRUE(picked->GetVisible());
+}
+
 TEST(Legend, AChangedCaptionReachesThePictureByTheNextFrame) {
     for (const auto placement : {lgRight, lgInsideBottomRight, lgFree}) {
         TFixture f;

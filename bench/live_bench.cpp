@@ -1,0 +1,176 @@
+// A window that lives: a point more, a turn of the wheel, a pan. Into a raster that keeps its picture as a
+// window does; only what was asked for is painted. What a system needs to show it comes on top.
+
+#include "graphform.h"
+
+#include <kxgraph/numeric/Kxextremes.h>
+#include <kxgraph/qt/Kxqtdevice.h>
+#include <kxgraph/qt/Kxqthost.h>
+#include <kxgraph/qt/Kxqtinstall.h>
+#include <kxgraph/series/Kxdataseries.h>
+
+#include <QImage>
+#include <QPainter>
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+using namespace kx;
+
+namespace {
+
+constexpr TSize CSize{800, 600};
+
+/// A window that is a picture and knows what of it is to be painted.
+struct TLiveWindow : THostWindow {
+    explicit TLiveWindow(TRect& Dirty) : FDirty(Dirty) {}
+    void SetBounds(const TRect&) override {}
+    void SetVisible(bool) override {}
+    void SetCaption(const std::string&) override {}
+    void SetState(TWindowState) override {}
+    void Invalidate(const TRect& Rect) override { FDirty = FDirty.United(Rect); }
+    void SetCapture(bool) override {}
+    void SetCursor(TCursor) override {}
+    TRect& FDirty;
+};
+
+struct THostOfOne : qt::TQtHost {
+    std::unique_ptr<THostWindow> OpenWindow(THostClient&) override {
+        return std::make_unique<TLiveWindow>(Dirty);
+    }
+    TRect Dirty{0, 0, CSize.Width, CSize.Height};
+};
+
+struct TLive : TGraphForm {
+    TKxLiveVector X{&Form}, Y{&Form};
+    TKxLineSeries Series{&Form};
+    THostOfOne* Host = new THostOfOne;
+    QImage Image{CSize.Width, CSize.Height, QImage::Format_RGB32};
+    bool Smooth;
+
+    TLive(int Count, bool Smooth) : Smooth(Smooth) {
+        qt::Install(true);
+        TApplication::Instance().SetHost(std::unique_ptr<THost>(Host));
+        Form.SetBounds(0, 0, CSize.Width, CSize.Height);
+        Graph.SetBounds(0, 0, CSize.Width, CSize.Height);
+        Graph.SetWheelZoom(true);
+        Graph.SetPanning(true);
+        Graph.GetMajorGridX().SetVisible(true);
+        Graph.GetMajorGridY().SetVisible(true);
+        Series.SetXAxis(&XAxis);
+        Series.SetYAxis(&YAxis);
+        std::vector<double> x, y;
+        for (int i = 0; i < Count; ++i) x.push_back(i), y.push_back(ValueAt(i));
+        X.AddValues(x);
+        Y.AddValues(y);
+        Series.SetXData(&X);
+        Series.SetYData(&Y);
+        for (TKxAxis* axis : {&XAxis, &YAxis}) axis->SetStartEnd(AxFixed), axis->SetStopEnd(AxFixed);
+        Show(0, Count * 1.2);
+        YAxis.SetStart(-2), YAxis.SetStop(2);
+        Form.Show();
+        Frame();
+    }
+    static double ValueAt(int i) {
+        return std::sin(i * 1e-4) + 0.5 * std::sin(i * 1.37) * std::cos(i * 0.011);
+    }
+    void Append() {
+        const int index = X.GetCount();
+        X.Add(index);
+        Y.Add(ValueAt(index));
+    }
+    void Show(double Start, double Stop) { XAxis.SetStart(Start), XAxis.SetStop(Stop); }
+    TRect Frame() {
+        THostClient& client = Form.AsHostClient();
+        client.HostSettle();
+        const TRect dirty = std::exchange(Host->Dirty, {});
+        QPainter painter(&Image);
+        qt::TPainterDevice device(painter, CSize, 1, Smooth);
+        client.HostPaint(device, dirty);
+        return dirty;
+    }
+};
+
+/// Times each frame by itself; the counters tell how they are spread.
+template <class F>
+void Frames(benchmark::State& State, F Change) {
+    TLive live(int(State.range(0)), State.range(1) != 0);
+    std::vector<double> times;
+    const auto before = PointsTouched;
+    double pixels = 0;
+    int i = 0;
+    for (auto _ : State) {
+        const auto begin = std::chrono::steady_clock::now();
+        Change(live, i++);
+        const TRect dirty = live.Frame();
+        times.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count());
+        pixels += double(dirty.Width()) * dirty.Height();
+    }
+    std::ranges::sort(times);
+    const auto at = [&](double Part) { return times[std::size_t(Part * double(times.size() - 1))] * 1e6; };
+    State.counters["us50"] = at(0.5);
+    State.counters["us99"] = at(0.99);
+    State.counters["usMax"] = at(1);
+    State.counters["pixels"] = pixels / double(times.size());
+    State.counters["touched"] = double(PointsTouched - before) / double(times.size());
+}
+
+void LiveStandingStill(benchmark::State& State) {
+    Frames(State, [](TLive& Live, int) { Live.Append(); });
+}
+void LiveMoving(benchmark::State& State) {
+    const double count = double(State.range(0));
+    Frames(State, [=](TLive& Live, int) {
+        Live.Append();
+        const int last = Live.X.GetCount();
+        Live.Show(last - count, last);
+    });
+}
+void LiveWheel(benchmark::State& State) {
+    Frames(State, [](TLive& Live, int i) {
+        Live.Form.AsHostClient().HostWheel({.Up = (i / 40) % 2 == 0 ? 1.0 : -1.0}, 0, {400, 300});
+    });
+}
+void LivePan(benchmark::State& State) {
+    Frames(State, [](TLive& Live, int i) {
+        THostClient& client = Live.Form.AsHostClient();
+        if (i == 0) client.HostMouse(TMouseKind::Down, mbMiddle, ssMiddle, {400, 300});
+        client.HostMouse(TMouseKind::Move, mbMiddle, ssMiddle,
+                         {400 + (i * 7) % 301 - 150, 300 + (i * 3) % 101});
+    });
+}
+void LiveCrossHair(benchmark::State& State) {
+    Frames(State, [](TLive& Live, int i) {
+        Live.Graph.SetReadout(true);
+        Live.Graph.SetCrossHair(true);
+        Live.Form.AsHostClient().HostMouse(TMouseKind::Move, mbLeft, 0,
+                                           {200 + (i * 7) % 301, 200 + (i * 3) % 101});
+    });
+}
+BENCHMARK(LiveStandingStill)
+    ->ArgNames({"n", "smooth"})
+    ->ArgsProduct({{1000000}, {0, 1}})
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(LiveMoving)
+    ->ArgNames({"n", "smooth"})
+    ->ArgsProduct({{1000000}, {0, 1}})
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(LiveWheel)
+    ->ArgNames({"n", "smooth"})
+    ->ArgsProduct({{10000000}, {0, 1}})
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(LivePan)
+    ->ArgNames({"n", "smooth"})
+    ->ArgsProduct({{10000000}, {0, 1}})
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(LiveCrossHair)
+    ->ArgNames({"n", "smooth"})
+    ->ArgsProduct({{10000000}, {0, 1}})
+    ->Unit(benchmark::kMicrosecond);
+
+} // namespace
