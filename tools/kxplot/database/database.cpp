@@ -26,7 +26,8 @@ namespace {
 std::string PartnersProgram() {
     namespace fs = std::filesystem;
     std::error_code failure;
-    const fs::path here = fs::read_symlink("/proc/self/exe", failure).parent_path(), beside = here / "kxplot-db";
+    const fs::path here = fs::read_symlink("/proc/self/exe", failure).parent_path(),
+                   beside = here / "kxplot-db";
     return fs::exists(beside, failure) ? beside : here.parent_path() / "libexec/kxgraph/kxplot-db";
 }
 
