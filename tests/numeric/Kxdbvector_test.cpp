@@ -164,7 +164,8 @@ TEST(DBVector, HoldsWhatReadingAgainFinds) {
 TEST(DBVector, SharesOnePassAndLeavesTheCursor) {
     TReadings readings({1., 2., 3.});
     readings.Set->Close();
-    TBoundVector x(readings), y(readings, "y"), name(readings, "name");
+    TBoundVector x(readings), y(readings, "y");
+    auto name = std::make_unique<TBoundVector>(readings, "name");
     readings.Set->SetSequenced(false);
     TReals seen;
     x.Listeners().Add([&](int, bool) { seen = y.All(); });
@@ -177,6 +178,7 @@ TEST(DBVector, SharesOnePassAndLeavesTheCursor) {
     EXPECT_EQ(seen, (TReals{1, 1, 1})) << "read before the first listener is called";
     EXPECT_EQ(y.Heard.size(), 1u);
     EXPECT_FALSE(readings.Set->ControlsDisabled());
+    name.reset();
     readings.Set->SetRecNo(2);
     readings.Set->Edit();
     readings.X().SetAsFloat(7);

@@ -37,7 +37,7 @@ class SqlDataSet : public testing::Test {
 protected:
     SqlDataSet() {
         TPeer(Sqlite).Run("");
-        std::ofstream(FDirectory / "file.db").put(' ');
+        std::ofstream(FDirectory / "file.db") << std::string(1000, 'x');
         if (!test::TServer::Programs().empty()) Server.emplace();
     }
     void WithBoth(const std::function<void(const std::string&)>& Test) {
