@@ -108,6 +108,7 @@ TRect TKxDrawingWorld::DragRect() const { return OrderedRect(FAnchor.X, FAnchor.
 
 void TKxDrawingWorld::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
     if (!FGraph->FMouse->Down(Button, Shift, {X, Y}) && FAutoZoom && Button == mbLeft) {
+        if (FDragging) InvalidateDragRect(); // a release was lost
         FAnchor = FCurrent = {X, Y};
         FDragging = true;
     }

@@ -122,12 +122,8 @@ void TKxGraphMarkers::MoveTo(int Pixel) {
 bool TKxGraphMarkers::Escape() {
     if (!FTaken) return false;
     if (Calculation()) {
-        if (FBefore.Auto)
-            SetAutomatic(true);
-        else {
-            SetValue(FBefore.Value);
-            SetAutomatic(false);
-        }
+        SetValue(FBefore.Value); // at once: an automatic end is found by the next frame only
+        SetAutomatic(FBefore.Auto);
     }
     FTaken.reset();
     FDragging = false;

@@ -31,6 +31,13 @@ void Append(png_structp Png, png_bytep Bytes, std::size_t Count) {
     if (output.Failed) png_error(Png, "out of memory");
 }
 
+/// Empty for images of other kinds.
+struct TPalette {
+    std::vector<png_color> Colors;
+    std::vector<png_byte> Alphas;
+    bool HasAlpha = false;
+};
+
 void KeepQuiet(png_structp, png_const_charp) {}
 
 /// One writer, freed whatever happens.
@@ -47,21 +54,24 @@ public:
 
     explicit operator bool() const { return FInfo != nullptr; }
     /// False when memory runs out. Holds no object with a destructor: the library jumps over them.
-    bool Write(const QImage& Image, const std::vector<png_color>& Palette, const std::string& Title) {
+    bool Write(const QImage& Image, const TPalette& Palette, const std::string& Title) {
         if (setjmp(png_jmpbuf(FPng))) return false;
-        const int type = !Palette.empty()          ? PNG_COLOR_TYPE_PALETTE
+        const int type = !Palette.Colors.empty()   ? PNG_COLOR_TYPE_PALETTE
                          : Image.hasAlphaChannel() ? PNG_COLOR_TYPE_RGB_ALPHA
                                                    : PNG_COLOR_TYPE_RGB;
         png_set_filter(FPng, PNG_FILTER_TYPE_BASE, PNG_FILTER_NONE);
-        png_set_compression_level(FPng, Palette.empty() ? CColorsLevel : CPaletteLevel);
+        png_set_compression_level(FPng, Palette.Colors.empty() ? CColorsLevel : CPaletteLevel);
         png_set_IHDR(FPng, FInfo, png_uint_32(Image.width()), png_uint_32(Image.height()), 8, type,
                      PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
         png_set_pHYs(FPng, FInfo, png_uint_32(Image.dotsPerMeterX()), png_uint_32(Image.dotsPerMeterY()),
                      PNG_RESOLUTION_METER);
-        if (!Palette.empty()) png_set_PLTE(FPng, FInfo, Palette.data(), int(Palette.size()));
+        if (!Palette.Colors.empty())
+            png_set_PLTE(FPng, FInfo, Palette.Colors.data(), int(Palette.Colors.size()));
+        if (Palette.HasAlpha)
+            png_set_tRNS(FPng, FInfo, Palette.Alphas.data(), int(Palette.Alphas.size()), nullptr);
         if (!Title.empty()) WriteTitle(Title);
         png_write_info(FPng, FInfo);
-        if (Palette.empty()) png_set_bgr(FPng);
+        if (Palette.Colors.empty()) png_set_bgr(FPng);
         if (type == PNG_COLOR_TYPE_RGB) png_set_filler(FPng, 0, PNG_FILLER_AFTER);
         for (int y = 0; y < Image.height(); ++y) png_write_row(FPng, Image.constScanLine(y));
         png_write_end(FPng, FInfo);
@@ -82,10 +92,13 @@ private:
     png_infop FInfo;
 };
 
-std::vector<png_color> PaletteOf(const QImage& Image) {
-    std::vector<png_color> palette;
-    for (const QRgb color : Image.colorTable())
-        palette.push_back({png_byte(qRed(color)), png_byte(qGreen(color)), png_byte(qBlue(color))});
+TPalette PaletteOf(const QImage& Image) {
+    TPalette palette;
+    for (const QRgb color : Image.colorTable()) {
+        palette.Colors.push_back({png_byte(qRed(color)), png_byte(qGreen(color)), png_byte(qBlue(color))});
+        palette.Alphas.push_back(png_byte(qAlpha(color)));
+        palette.HasAlpha = palette.HasAlpha || qAlpha(color) < 255;
+    }
     return palette;
 }
 
@@ -95,7 +108,7 @@ std::string EncodePng(const QImage& Image, const std::string& Title) {
     // Colours in files stand as they are, whatever lets through what lies behind.
     const bool mixed = Image.format() == QImage::Format_ARGB32_Premultiplied;
     const QImage image = mixed ? Image.convertToFormat(QImage::Format_ARGB32) : Image;
-    const std::vector<png_color> palette = PaletteOf(image);
+    const TPalette palette = PaletteOf(image);
     TOutput output;
     TWriter writer(output);
     if (image.isNull() || !writer || !writer.Write(image, palette, Title)) throw std::bad_alloc();

@@ -77,8 +77,8 @@ TEST(Markers, MoveTheCalculationWhileTheyAreDragged) {
         f.Press(TMouseKind::Move, f.On(20));
         f.Press(TMouseKind::Up, f.On(20));
         EXPECT_TRUE(f.Curve->GetAutoStart());
-        f.Press(TMouseKind::Down, f.On(45), ssDouble);
-        EXPECT_TRUE(f.IsAutomatic()) << "a double click";
+        f.Press(TMouseKind::Down, f.On(f.Curve->GetCalculationStop()), ssDouble);
+        EXPECT_TRUE(f.IsAutomatic()) << kind << " after a double click";
         EXPECT_EQ(f.Slope(), all);
     }
 }

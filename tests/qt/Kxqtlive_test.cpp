@@ -80,7 +80,8 @@ TEST(Live, APointMorePaintsWhereItStandsAndTheRestStays) {
                     for (int k = 0; k <= i % 4; ++k) append(f.XV->GetCount());
                     const int asked = f.Frame(), all = f.Picture.width() * f.Picture.height();
                     EXPECT_LT(asked, count > 100 ? all / 10 : all + 1) << look;
-                    EXPECT_LE(Difference(f.Picture, f.Whole()), smooth ? 6 : 0)
+                    // Very many symbols are mixed from pictures at sixteenths of a pixel, few are not.
+                    EXPECT_LE(Difference(f.Picture, f.Whole()), smooth ? 24 : 0)
                         << look << count << " after " << i;
                 }
             }
@@ -98,7 +99,7 @@ TEST(Live, OverlaysLeaveNothingBehind) {
             if (i % 11 == 3) f.Form->AsHostClient().HostMouseLeft();
             if (i % 13 == 4) f.Form->AsHostClient().HostKey({.Key = kcReturn, .Text = {}}, true);
             f.Frame();
-            ASSERT_LE(Difference(f.Picture, f.Whole()), smooth ? 6 : 0) << i;
+            ASSERT_LE(Difference(f.Picture, f.Whole()), smooth ? 24 : 0) << i;
         }
     }
 }

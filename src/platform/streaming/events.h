@@ -20,8 +20,8 @@ void RegisterEvent(const std::string& Name, const E& Handler) {
     RegisterEventValue(Name, TEventValue(Handler));
 }
 
-/// Asked for a name that nobody has registered, such as that of one of many alike: what it answers, unless that
-/// is empty, is registered under the name.
+/// Asked for a name that nobody has registered, such as that of one of many alike: what it answers, unless
+/// that is empty, is registered under the name.
 using TEventResolver = TEventValue (*)(std::string_view Name);
 void ResolveEvents(TEventResolver Resolver);
 

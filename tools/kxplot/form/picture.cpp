@@ -9,8 +9,8 @@
 #include "kxplot/form/marks.h"
 #include "kxplot/form/outfit.h"
 #include "kxplot/form/residuals.h"
-#include "kxplot/form/sheet.h"
 #include "kxplot/form/series.h"
+#include "kxplot/form/sheet.h"
 #include "kxplot/form/theme.h"
 
 #include <kxgraph/platform/controls/frame.h>

@@ -105,7 +105,8 @@ void AddAnalysisOptions(CLI::App& App, TArguments& Given) {
     App.add_flag("--weight-by-errors", o.Columns.WeightByErrors,
                  "weighs the points in fits and curves by 1/error^2 of --dy (of the mean of --dy and "
                  "--dy-minus); --dy alone weighs nothing");
-    App.add_option("--from", Given.From, "fits and curves take the points from this x on, a number or a date, and begin there")
+    App.add_option("--from", Given.From,
+                   "fits and curves take the points from this x on, a number or a date, and begin there")
         ->type_name("X");
     App.add_option("--to", Given.To, "fits and curves take the points up to this x, and end there")
         ->type_name("X");
