@@ -55,6 +55,8 @@ struct TReadings {
         Graph.SetColor(clWhite);
         Graph.SetDataColor(clWhite);
         Graph.SetMargin(10);
+        Graph.SetWheelZoom(true);
+        Graph.SetReadout(true);
         for (const auto& [axis, caption] :
              {std::pair{&Load, "load / g"}, std::pair{&Reading, "reading / g"}}) {
             axis->SetParent(&Graph);
@@ -68,6 +70,8 @@ struct TReadings {
             vector->SetDataSource(&Source);
             vector->SetDataField(field);
         }
+        Points.SetXAxis(&Load);
+        Points.SetYAxis(&Reading);
         Points.SetXData(&X);
         Points.SetYData(&Y);
         Points.GetLineStyle().SetVisible(false);
