@@ -3,6 +3,7 @@
 #include <kxgraph/platform/streaming/formfile.h>
 
 #include "support/errors.h"
+#include "support/recording.h"
 
 #include <kxgraph/analysis/Kxfittedline.h>
 #include <kxgraph/annotation/Kxclasses.h>
@@ -294,7 +295,8 @@ TEST_F(FormFile, WritesWhatCanBeRead) {
 }
 
 TEST_F(FormFile, FilesAreReplacedWhole) {
-    const std::string name = (std::filesystem::temp_directory_path() / "kxgraph_streaming_test.kxf").string();
+    const test::TTemporaryDirectory directory;
+    const std::string name = directory / "form.kxf";
     TForm form(nullptr);
     form.SetCaption("first");
     SaveForm(form, name);

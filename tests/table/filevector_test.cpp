@@ -1,6 +1,7 @@
 #include <kxgraph/table/Kxfilevector.h>
 
 #include "support/errors.h"
+#include "support/recording.h"
 
 #include <kxgraph/annotation/Kxclasses.h>
 #include <kxgraph/platform/controls/form.h>
@@ -17,10 +18,9 @@ namespace {
 struct FileVector : testing::Test {
     FileVector() {
         RegisterClasses();
-        std::filesystem::create_directories(Folder + "data");
+        std::filesystem::create_directory(Folder + "data");
         ReplaceFile(Folder + "data/cooling.csv", "t;T / K\n0;300,5\n1;290\n2;281,25\n");
     }
-    ~FileVector() override { std::filesystem::remove_all(Folder); }
     std::string FormOf(const std::string& FileName, const std::string& Column) const {
         return "object F: TForm\n  object V: TKxFileVector\n    FileName = \"" + FileName +
                "\"\n    Column = \"" + Column +
@@ -31,7 +31,8 @@ struct FileVector : testing::Test {
         const auto values = dynamic_cast<const TKxFileVector&>(*Form.FindComponent(Name)).Values();
         return {values.begin(), values.end()};
     }
-    const std::string Folder = (std::filesystem::temp_directory_path() / "kxgraph_filevector_test/").string();
+    const test::TTemporaryDirectory Directory;
+    const std::string Folder = Directory / "";
 };
 
 TEST_F(FileVector, ReadsItsColumnBesideTheForm) {
