@@ -1,11 +1,14 @@
 #include "kxplot/fit/fit.h"
 #include "kxplot/follow/follow.h"
+#include "kxplot/messages.h"
 #include "kxplot/plan/joined.h"
 #include "kxplot/run/draw.h"
 #include "kxplot/show/livepicture.h"
 #include "kxplot/show/show.h"
+#include "kxplot/write/framefaults.h"
 #include "kxplot/write/outputs.h"
 
+#include <exception>
 #include <utility>
 
 namespace kxplot {
@@ -23,7 +26,12 @@ void ShowGrowing(const TWindowPart& Window, TFollowedTable& Table, const TOption
     picture.Finish(found.Labels);
     TLivePicture live(picture, Table, Options);
     Show(Window, picture, found, Options, [&] {
-        live.Poll();
+        try {
+            live.Poll();
+        } catch (const std::exception& error) { // the window's loop knows no exceptions
+            Tell(ReasonOf(error));
+            return false;
+        }
         return !TEndSignals::HaveCome();
     });
 }
