@@ -9,6 +9,7 @@ namespace kx {
 namespace {
 
 constexpr int CShift = 6, CFan = 1 << CShift;
+static_assert(CFan == TKxExtremes::CBlock);
 constexpr double CInfinity = std::numeric_limits<double>::infinity();
 
 int BlocksOf(int Count) { return (Count >> CShift) + ((Count & (CFan - 1)) != 0); }
@@ -148,7 +149,8 @@ void TKxExtremes::RenewNode(std::size_t Level, int Node) {
 }
 
 // From the first value to the last one by the largest blocks that fit.
-TKxExtremes::TEnds TKxExtremes::Of(std::span<const double> Values, int First, int Last) {
+std::pair<TKxExtremes::TBest, TKxExtremes::TBest> TKxExtremes::Best(std::span<const double> Values, int First,
+                                                                    int Last) {
     Update(Values);
     TBest low{CInfinity}, high{-CInfinity};
     const auto take = [&](const TNode& Node, int Level, int At) {
@@ -178,8 +180,23 @@ TKxExtremes::TEnds TKxExtremes::Of(std::span<const double> Values, int First, in
             take({value, value}, -1, i);
         }
     }
+    return {low, high};
+}
+
+TKxExtremes::TEnds TKxExtremes::Of(std::span<const double> Values, int First, int Last) {
+    const auto [low, high] = Best(Values, First, Last);
     if (low.At < 0) return {};
     return {low.Value, high.Value, Find<false>(Values, low), Find<true>(Values, high)};
+}
+
+TKxExtremes::TEnds TKxExtremes::InBlocks(std::span<const double> Values, int First, int Last) {
+    const auto [low, high] = Best(Values, First, Last);
+    if (low.At < 0) return {};
+    return {low.Value, high.Value, BlockOf(low), BlockOf(high)};
+}
+
+int TKxExtremes::BlockOf(const TBest& Best) const {
+    return std::max(0, (Best.At << (CShift * (Best.Level + 1))) - FSkipped);
 }
 
 /// The first value of a block that is the best one.

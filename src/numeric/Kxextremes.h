@@ -1,8 +1,10 @@
 #pragma once
 // The extremes of any stretch of many values, found without looking at all of them.
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace kx {
@@ -35,9 +37,15 @@ public:
     // All of Values are those that were given before but for what was told. Infinite values are numbers.
     /// The extremes of the values First..Last - 1, which must exist.
     TEnds Of(std::span<const double> Values, int First, int Last);
+    /// The same, but that LowAt and HighAt are where the blocks begin that hold them, or in front of First.
+    /// Looks at few values but those of blocks that are cut.
+    TEnds InBlocks(std::span<const double> Values, int First, int Last);
     /// Whether none of Values is less than the one before (greater, for IsDescending) or not a number.
     bool IsAscending(std::span<const double> Values) { return (FlagsOf(Values) & CFalls) == 0; }
     bool IsDescending(std::span<const double> Values) { return (FlagsOf(Values) & CRises) == 0; }
+    /// The first value of the block that holds value Index: Of costs least between two such.
+    int BlockStart(int Index) const { return std::max(0, ((Index + FSkipped) & -CBlock) - FSkipped); }
+    static constexpr int CBlock = 64;
     /// Whether the blocks that hold First..Last - 1 are numbers.
     bool AreNumbers(std::span<const double> Values, int First, int Last);
 
@@ -53,6 +61,8 @@ private:
         void Mark(int Node);
     };
     struct TBest;
+    std::pair<TBest, TBest> Best(std::span<const double> Values, int First, int Last);
+    int BlockOf(const TBest& Best) const;
 
     std::uint8_t FlagsOf(std::span<const double> Values);
     void Update(std::span<const double> Values);

@@ -27,8 +27,8 @@ bool TLineCoverage::IsFor(std::span<const QPointF> Line) {
 }
 
 void TLineCoverage::Paint(const TPixels& Image, const TRect& Window, std::span<const QPointF> Line,
-                          double Width, QRgb Color) {
-    FParts = std::clamp(int(CBarsAPen / Width), CCoarsest, CFinest);
+                          int Columns, double Width, QRgb Color) {
+    FParts = std::clamp(int(CBarsAPen / Width), CCoarsest, std::clamp(Columns, CCoarsest, CFinest));
     const double radius = Width / 2;
     const int around = int(std::ceil(radius)) + 1;
     const auto [low, high] = std::minmax({Line.front().x(), Line.back().x()});

@@ -19,9 +19,9 @@ public:
     static bool IsFor(std::span<const QPointF> Line);
 
     /// Paints Line, Width pixels wide, inside Window, which lies in the image. Places are device pixels; the
-    /// middle of the first one is 0.5.
-    void Paint(const TPixels& Image, const TRect& Window, std::span<const QPointF> Line, double Width,
-               QRgb Color);
+    /// middle of the first one is 0.5. A pixel has as many bars as it need have columns, at most 32.
+    void Paint(const TPixels& Image, const TRect& Window, std::span<const QPointF> Line, int Columns,
+               double Width, QRgb Color);
 
 private:
     struct TBar {

@@ -239,7 +239,7 @@ void TPainterDevice::FillCurve() {
 std::span<const TRealPoint> TPainterDevice::WithoutDetail(std::span<const TRealPoint> Points) {
     if (Points.size() < std::size_t(CReductionThreshold)) return Points;
     if (!IsSmooth()) return WithoutColumnDetail(Points, FExactKept);
-    SimplifyLine(Points, true, FExactKept);
+    SimplifyLine(Points, FColumnsPerPixel, FExactKept);
     return FExactKept;
 }
 

@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPointF>
 
+#include <algorithm>
 #include <vector>
 
 namespace kx::qt {
@@ -43,6 +44,9 @@ public:
     /// Whether long lines are reduced before painting. Default true. Solid lines through whole pixels show
     /// the same pixels either way, those through exact places are no further than a twentieth of a pixel off.
     void SetReduction(bool Reduction) { FReduction = Reduction; }
+    /// Of a logical pixel, see TCanvasDevice. Fewer than the default are for pictures that follow one another.
+    void SetColumnsPerPixel(int Columns) { FColumnsPerPixel = std::max(1, Columns); }
+    int ColumnsPerPixel() const override { return FColumnsPerPixel; }
 
 private:
     bool IsThin(const TStroke& Stroke) const;
@@ -87,6 +91,7 @@ private:
     TSize FExtent;
     double FScale;
     bool FAntialias, FRaster, FReduction = true;
+    int FColumnsPerPixel = CColumnsPerPixel;
     double FNudge = 0; // see SetMode
     TRect FClip;       // logical pixels, inside the extent
     TRect FWindow;     // the same in device pixels

@@ -38,7 +38,7 @@ std::span<const TRealPoint> TPainterDevice::Reduced(TPointSpan Points, const TSt
     const auto points = Placed(Points);
     if (!IsReduced(points.size(), Stroke, Points.IsExact())) return points;
     if (Points.IsExact() && IsSmooth())
-        SimplifyLine(points, DashesOf(Stroke.Style).empty(), FExactKept);
+        SimplifyLine(points, DashesOf(Stroke.Style).empty() ? FColumnsPerPixel : 0, FExactKept);
     else
         ReducePolyline(points, FExactKept);
     return FExactKept;
@@ -125,7 +125,8 @@ bool TPainterDevice::WriteCoverage(const QPen& Pen, TPenMode Mode) {
     const bool isSolid = Pen.capStyle() == Qt::RoundCap && Mode == pmCopy;
     if (!FRaster || !FAntialias || !isSolid || !TLineCoverage::IsFor(FCurve)) return false;
     const auto image = FAccess.MixedPixels(FWindow);
-    if (image) FCoverage.Paint(*image, FWindow, FCurve, Pen.widthF(), Pen.color().rgb());
+    const int columns = int(std::ceil(FColumnsPerPixel / FScale));
+    if (image) FCoverage.Paint(*image, FWindow, FCurve, columns, Pen.widthF(), Pen.color().rgb());
     return image.has_value();
 }
 

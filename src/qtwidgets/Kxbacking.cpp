@@ -16,6 +16,9 @@ namespace {
 /// The image's own size, rounded as its device rounds the edges of what it paints.
 int DeviceLength(int Length, double Ratio) { return std::max(1, int(std::round(Length * Ratio))); }
 
+// Of a pixel of the screen. Nobody sees finer ones in a frame that is gone with the next.
+constexpr int CColumnsOnScreen = 8;
+
 double AreaOf(const QRect& Rect) { return double(Rect.width()) * Rect.height(); }
 
 /// Every rectangle is a walk through all controls: many, or such as fill their surroundings, are one.
@@ -56,6 +59,7 @@ void TBacking::Paint(const QRegion& Region, const std::function<THostClient*()>&
     if (FImage.isNull()) return;
     QPainter painter(&FImage);
     TPainterDevice device(painter, {FSize.width(), FSize.height()}, FRatio, Antialias);
+    device.SetColumnsPerPixel(int(std::ceil(CColumnsOnScreen * FRatio)));
     for (const QRect& rect : Region) {
         THostClient* client = Client();
         if (!client) return;

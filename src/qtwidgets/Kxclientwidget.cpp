@@ -36,16 +36,19 @@ QString PlainHint(const std::string& Hint) {
 
 } // namespace
 
-/// While a call into the client lasts; the client may let the widget go meanwhile.
+/// While a call into the client lasts; the client may let the widget go meanwhile, and Qt's own event for that
+/// is one, too.
 class TClientWidget::TCall {
 public:
-    explicit TCall(TClientWidget& Widget) : FWidget(Widget) { ++FWidget.FCalls; }
-    ~TCall() { --FWidget.FCalls; }
+    explicit TCall(TClientWidget& Widget) : FWidget(&Widget) { ++Widget.FCalls; }
+    ~TCall() {
+        if (FWidget) --FWidget->FCalls;
+    }
     TCall(const TCall&) = delete;
     TCall& operator=(const TCall&) = delete;
 
 private:
-    TClientWidget& FWidget;
+    QPointer<TClientWidget> FWidget;
 };
 
 template <class F>

@@ -113,7 +113,7 @@ bool AreOneLine(const TRect& A, const TRect& B, bool Horizontal) {
 }
 
 bool AreOneLine(const TRealRect& A, const TRealRect& B, bool Horizontal) {
-    const auto isNarrow = [](double From, double To) { return To - From <= 1 + 1 / CColumnsPerPixel; };
+    const auto isNarrow = [](double From, double To) { return To - From <= 1 + 1.0 / CColumnsPerPixel; };
     if (Horizontal)
         return isNarrow(std::min(A.Top, B.Top), std::max(A.Bottom, B.Bottom)) && A.Left <= B.Right &&
                B.Left <= A.Right;

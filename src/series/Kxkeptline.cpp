@@ -1,7 +1,5 @@
 #include <kxgraph/series/Kxkeptline.h>
 
-#include <kxgraph/platform/drawing/simplification.h>
-
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -9,46 +7,6 @@
 namespace kx {
 
 namespace {
-
-/// The first of First..Last - 1 that IsBehind holds for, as for all after it; Last without one.
-template <class F>
-int FirstBehind(int First, int Last, F IsBehind) {
-    while (First < Last) {
-        const int middle = First + (Last - First) / 2;
-        if (IsBehind(middle))
-            Last = middle;
-        else
-            First = middle + 1;
-    }
-    return First;
-}
-
-int PixelX(const TKxChannel& X, int Index) {
-    ++PointsTouched;
-    return X.PixelOf(Index);
-}
-
-/// x values that stand one behind the other wherever they have a place.
-bool IsSorted(const TKxChannel& X, int Count) {
-    const auto& vector = *X.GetVector();
-    if (!vector.IsAscending() && !vector.IsDescending()) return false;
-    return !X.IsLogarithmic() || (vector.GetValue(0) > 0 && vector.GetValue(Count - 1) > 0);
-}
-
-/// Whether pixels grow with indices.
-bool Rises(const TKxChannel& X) { return X.GetVector()->IsAscending() == X.GetAxis()->GetMap().Forward; }
-
-TKxSection SortedIn(const TKxChannel& X, int Count, TKxStretch Stretch) {
-    const bool rises = Rises(X);
-    const auto isIn = [&](int i) {
-        return rises ? PixelX(X, i) >= Stretch.Left : PixelX(X, i) <= Stretch.Right;
-    };
-    const auto isBehind = [&](int i) {
-        return rises ? PixelX(X, i) > Stretch.Right : PixelX(X, i) < Stretch.Left;
-    };
-    const int first = FirstBehind(0, Count, isIn);
-    return {first, FirstBehind(first, Count, isBehind)};
-}
 
 bool HasGaps(const TKxChannel& Channel, int First, int End) {
     const auto& vector = *Channel.GetVector();
@@ -61,36 +19,29 @@ bool HasGaps(const TKxChannel& Channel, int First, int End) {
 class TColumns {
 public:
     /// Runs gets where the runs of a line that gaps interrupt end among the kept points.
-    TColumns(TKxLineColumns Columns, const TKxChannel& X, const TKxChannel& Y, std::vector<int>& Kept,
-             std::vector<int>& Runs)
-        : FX(X), FY(Y), FKept(Kept), FRuns(Runs), FAreParts(Columns == TKxLineColumns::Parts) {}
+    TColumns(int ColumnsPerPixel, const TKxChannel& X, const TKxChannel& Y, std::vector<int>& Kept,
+             std::vector<TRealPoint>& Places, std::vector<int>& Runs)
+        : FX(X), FY(Y), FColumns(ColumnsPerPixel, X, Y), FKept(Kept), FPlaces(Places), FRuns(Runs) {}
 
-    /// The points that stand in Stretch and one with a number on either side; a number is the last.
-    TKxSection Section(int Count, TKxStretch Stretch) const {
-        auto [first, last] = SortedIn(FX, Count, Stretch);
-        while (first > 0 && !IsNumber(--first)) {
+    TKxSection Section(int Count, TKxStretch Stretch) const { return FColumns.Section(Count, Stretch); }
+
+    /// Returns where the last column begins. One that was gathered before may be given as From.
+    TKxColumnStart Gather(TKxColumnStart From, int Last) {
+        FIsOpen = !FKept.empty();
+        FColumns.Begin(From);
+        for (int i = From.First; i < Last;) {
+            const int end = FColumns.Next(Last);
+            KeepColumn(i, end, end == Last);
+            FIsOpen = true;
+            i = end;
         }
-        while (last < Count && !IsNumber(last)) ++last;
-        last = std::min(last + 1, Count);
-        while (last > first && !IsNumber(last - 1)) --last;
-        return {first, last};
-    }
-    /// Returns the first point of the last column.
-    int Gather(TKxSection Section) {
-        int column = Section.First;
-        for (int i = Section.First; i < Section.Last;) {
-            column = i;
-            i = EndOfColumn(i, Section.Last);
-            FLength = i - column;
-            KeepColumn(column, i, i == Section.Last);
-        }
-        return column;
+        return FColumns.Start();
     }
     /// The same of a line that is interrupted; not of what has no place along X.
     void GatherRuns(TKxSection Section) {
+        FColumns.Begin({Section.First, Section.First});
         for (int i = Section.First; i < Section.Last;) {
-            const int end = EndOfColumn(i, Section.Last);
-            FLength = end - i;
+            const int end = FColumns.Next(Section.Last);
             const bool ends = end == Section.Last || IsGap(end);
             if (HasGaps(FY, i, end)) {
                 KeepPieces(i, end, ends);
@@ -118,6 +69,8 @@ private:
         }
     };
 
+    bool AreParts() const { return FColumns.AreParts(); }
+    bool IsNumber(int Index) const { return FColumns.IsNumber(Index); }
     bool IsGap(int Index) const { return !FY.HasPlace(FY.GetValue(Index)); }
     void CloseRun() {
         if (FIsOpen) FRuns.push_back(int(FKept.size()));
@@ -164,7 +117,7 @@ private:
     /// The point that the last part of a line leads to: it and those behind it stand in one pixel, which is
     /// left out unless the line was there before.
     int StartOfEnd(int First, int End) const {
-        if (FAreParts) return End; // nothing is left out
+        if (AreParts()) return End; // nothing is left out
         int start = End - 1;
         const int pixel = FY.PixelOf(start);
         for (int i = start; i-- > First;) {
@@ -188,41 +141,38 @@ private:
         Keep(End - 1); // with one point alone it would be a dot
     }
 
-    /// What tells the columns along X apart, and where a point stands across them.
-    double Column(int Index) const {
-        if (!FAreParts) return PixelX(FX, Index);
-        ++PointsTouched;
-        return ColumnOf(FX.PlaceOf(Index));
-    }
-    double Across(int Index) const { return FAreParts ? FY.PlaceOf(Index) : FY.PixelOf(Index); }
-
-    bool IsNumber(int Index) const { return !std::isnan(FY.GetValue(Index)); }
-
-    /// In ever longer steps, then by halving: sparse points cost one step each, many in a column little more.
-    /// Steps begin where a column as long as the one before would nearly end.
-    int EndOfColumn(int First, int Last) const {
-        constexpr int CMany = 16, CAlmost = 2;
-        const double column = Column(First);
-        const auto isBehind = [&](int i) { return Column(i) != column; };
-        int known = First;
-        if (FLength >= CMany && FLength < Last - First) {
-            const int near = First + FLength - CAlmost;
-            if (isBehind(near)) return FirstBehind(First + 1, near, isBehind);
-            known = near;
-        }
-        for (int step = 1; known < Last; known += step, step *= 2) {
-            const int next = step < Last - known ? known + step : Last;
-            if (next == Last || isBehind(next)) return FirstBehind(known + 1, next, isBehind);
-        }
-        return Last;
-    }
+    double Across(int Index) const { return AreParts() ? FY.PlaceOf(Index) : FY.PixelOf(Index); }
 
     void KeepColumn(int First, int End, bool EndsThere) {
-        if (EndsThere && !FAreParts) return KeepEnd(First, End);
+        if (EndsThere && !AreParts()) return KeepEnd(First, End);
         if (!Trim(First, End)) return;
+        if (AreParts()) return KeepPart(First, End, EndsThere);
         const int last = End - 1;
         const auto [a, b] = EndsOf(First, last);
         for (const int i : {First, a, b, last}) Keep(i);
+    }
+    /// First and last stand between the extremes, and lines lead from column to column.
+    void KeepPart(int First, int End, bool EndsThere) {
+        constexpr int CMany = 4 * TKxExtremes::CBlock;
+        const bool isInside = FIsOpen && !EndsThere; // at an end x decides what comes first
+        if (isInside && End - First >= CMany && KeepAbout(First, End)) return;
+        if (!FIsOpen) Keep(First);
+        const auto [a, b] = EndsOf(First, End);
+        for (const int i : {a, b}) Keep(i);
+        if (EndsThere) Keep(End - 1);
+    }
+    /// The extremes in the middle of the column, without a look at those who hold them.
+    bool KeepAbout(int First, int End) {
+        const auto ends = FY.GetVector()->GetEndsInBlocks(First, End);
+        if (FY.IsLogarithmic() && !(ends.Low > 0)) return false;
+        const TKxAxisMap& map = FY.GetAxis()->GetMap();
+        TRealPoint a{FColumns.Middle(), map.RealToPlace(ends.Low)}, b{a.X, map.RealToPlace(ends.High)};
+        if (ends.HighAt < ends.LowAt) std::swap(a, b);
+        for (const TRealPoint place : {a, b}) {
+            FPlaces.push_back(place);
+            FKept.push_back(First);
+        }
+        return true;
     }
     /// Leaves out what is no number at both ends. Few points are kept all; then nothing is left to do.
     bool Trim(int& First, int& End) {
@@ -254,22 +204,24 @@ private:
     }
 
     void Keep(int Index) {
-        if (FKept.empty() || FKept.back() < Index) FKept.push_back(Index);
+        if (!FKept.empty() && FKept.back() >= Index) return;
+        if (AreParts()) {
+            const TRealPoint place{FX.PlaceOf(Index), FY.PlaceOf(Index)};
+            if (!IsPlace(place)) return;
+            FPlaces.push_back(place);
+        }
+        FKept.push_back(Index);
     }
 
     const TKxChannel &FX, &FY;
-    std::vector<int>&FKept, &FRuns;
-    bool FAreParts;
-    int FLength = 0;      // of the last column
+    TKxLineColumns FColumns;
+    std::vector<int>& FKept;
+    std::vector<TRealPoint>& FPlaces; // of those, if columns are parts of a pixel
+    std::vector<int>& FRuns;
     bool FIsOpen = false; // the run goes on in the next column
 };
 
 } // namespace
-
-TKxSection SectionIn(const TKxChannel& X, int Count, TKxStretch Stretch) {
-    if (Count == 0 || !IsSorted(X, Count)) return {0, Count};
-    return SortedIn(X, Count, Stretch);
-}
 
 // More of the same, under the same maps.
 bool TKxKeptLine::IsAppendedTo(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing) const {
@@ -293,22 +245,28 @@ bool TKxKeptLine::Keep(const TKxChannel& X, const TKxChannel& Y, const TKxPlacin
     return FIsKept;
 }
 
+/// Leaves the points in front of Before.
+void TKxKeptLine::Shorten(int Before) {
+    while (!FPoints.empty() && FPoints.back() >= Before) FPoints.pop_back();
+    if (FColumnsPerPixel > 0) FPlaces.resize(FPoints.size());
+}
+
 bool TKxKeptLine::Gather(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing,
                          TKxStretch Stretch, bool Appended) {
-    TColumns columns(FColumns, X, Y, FPoints, FRuns);
+    TColumns columns(FColumnsPerPixel, X, Y, FPoints, FPlaces, FRuns);
     const TKxSection section = columns.Section(Placing.Count, Stretch);
     const bool breaks = Placing.BreaksAtGaps;
     if (breaks && HasGaps(X, section.First, section.Last)) return false;
-    const int from = Appended ? std::max(FLastColumn, section.First) : section.First;
-    if (!Appended) FPoints.clear();
+    const TKxColumnStart start{section.First, section.First};
+    const TKxColumnStart from = Appended && FLastColumn.First > section.First ? FLastColumn : start;
+    Shorten(Appended ? from.First : 0);
     FRuns.clear();
     if (breaks && HasGaps(Y, section.First, section.Last)) {
-        FPoints.clear();
+        Shorten(0);
         columns.GatherRuns(section);
         return true;
     }
-    while (!FPoints.empty() && FPoints.back() >= from) FPoints.pop_back();
-    FLastColumn = columns.Gather({from, section.Last});
+    FLastColumn = columns.Gather(from, section.Last);
     return true;
 }
 

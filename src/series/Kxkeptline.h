@@ -1,7 +1,7 @@
 #pragma once
 // What a picture needs of a long line: a few points of every column.
 
-#include <kxgraph/series/Kxchannel.h>
+#include <kxgraph/series/Kxlinecolumns.h>
 
 #include <cstdint>
 #include <span>
@@ -18,32 +18,17 @@ struct TKxPlacing {
     friend bool operator==(const TKxPlacing&, const TKxPlacing&) = default;
 };
 
-/// A stretch of pixels along X, both ends included.
-struct TKxStretch {
-    int Left = 0, Right = 0;
-    friend bool operator==(const TKxStretch&, const TKxStretch&) = default;
-};
-
-/// The points First..Last - 1.
-struct TKxSection {
-    int First = 0, Last = 0;
-};
-/// Those of the first Count points that may stand in Stretch: all of them unless the x values are sorted.
-TKxSection SectionIn(const TKxChannel& X, int Count, TKxStretch Stretch);
-
-/// What counts as a column along X.
-enum class TKxLineColumns {
-    Pixels, ///< the line shows the very pixels of all points
-    Parts   ///< parts of a pixel (ColumnOf), for smooth devices: no point is farther than one from the line
-};
-
 /// The points that a solid line over sorted x values needs, so that a stretch along X looks as all points
-/// would make it: of those in one column the first, the least, the greatest and the last one. Found by
+/// would make it: of those in one column the first, the least, the greatest and the last one, of which the
+/// second and the third are enough where columns are parts of a pixel. Found by
 /// halving and by the extremes that vectors keep (Kxextremes.h): a new view costs its columns, not the
 /// points, an append the last column, and what is as before costs nothing.
 class TKxKeptLine {
 public:
-    explicit TKxKeptLine(TKxLineColumns Columns = TKxLineColumns::Pixels) : FColumns(Columns) {}
+    /// Columns are pixels, and the line shows the very pixels of all points; or there are so many in each
+    /// pixel (ColumnOf), for smooth devices, and no point is farther than one from the line.
+    explicit TKxKeptLine(int ColumnsPerPixel = 0) : FColumnsPerPixel(ColumnsPerPixel) {}
+    int GetColumnsPerPixel() const { return FColumnsPerPixel; }
 
     /// Finds the points, where they are not known. Placing is that of X and Y, which have an axis and a
     /// vector each. Returns false where the line cannot be kept so: x values that are not sorted, or without
@@ -51,6 +36,9 @@ public:
     bool Keep(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing, TKxStretch Stretch);
     /// Indices of the points, ascending. With values that are no numbers among them.
     std::span<const int> Points() const { return FPoints; }
+    /// Where the points stand, if columns are parts of a pixel; they are within one of their columns, and
+    /// their indices may be only near.
+    std::span<const TRealPoint> Places() const { return FPlaces; }
     /// Where the runs end among them that gaps part the line into; none for a line that is not interrupted.
     std::span<const int> RunEnds() const { return FRuns; }
 
@@ -59,12 +47,15 @@ private:
                 bool Appended);
     bool IsAppendedTo(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing) const;
 
-    TKxLineColumns FColumns;
+    void Shorten(int Before);
+
+    int FColumnsPerPixel;
     TKxPlacing FPlacing;
     TKxStretch FStretch;
-    int FLastColumn = 0; // the first point of it
+    TKxColumnStart FLastColumn;
     bool FIsKept = false;
     std::vector<int> FPoints, FRuns;
+    std::vector<TRealPoint> FPlaces;
 };
 
 } // namespace kx

@@ -289,7 +289,7 @@ private:
     bool KeepsPoints() const { return !GoesByValues() || FPlacing.Count >= 0; }
     bool IsBound() const;
     bool KeepsLine();
-    bool KeepsFineLine();
+    bool KeepsFineLine(int ColumnsPerPixel);
     bool MayKeepLine() const;
     void UpdateChildren(bool PassOn);
     void ShowCaption(const AnsiString& Caption);
@@ -299,7 +299,8 @@ private:
     void MarkGaps(int First, std::span<P> Points) const;
     TKxStretch WorldStretch(int Reach) const;
     TKxStretch PaintedStretch(const TCanvas& Canvas, TKxStretch Stretch) const;
-    std::span<const int> KeptIn(const TKxKeptLine& Kept, const TCanvas& Canvas) const;
+    template <class T, class F>
+    std::span<const T> PaintedOf(const TCanvas& Canvas, std::span<const T> Line, F PixelOf) const;
     void InvalidateNew(int Count, int Index);
     TKxSection SectionNear(TPoint At, int Reach) const;
     std::vector<std::span<const TPoint>> DrawableRuns(const TCanvas& Canvas);
@@ -324,7 +325,7 @@ private:
     std::vector<TPoint> FScratch;
     mutable TKxPlacing FPlacing; // of FPoints
     TKxKeptLine FKept;
-    std::unique_ptr<TKxKeptLine> FFineKept;     // since a smooth device first asked for it
+    std::unique_ptr<TKxKeptLine> FFineKept;     // as the smooth device that asked last has columns
     std::unique_ptr<TKxOrderWatch> FOrderWatch; // in the form designer
     TKxSeriesCaption FCaption;
     int FScannedCount = -1;    // points of the last full scan

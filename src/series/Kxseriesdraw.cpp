@@ -60,13 +60,13 @@ std::vector<std::span<const P>> RunsOf(std::span<const P> Points, bool BreaksAtG
 }
 
 template <class P>
-std::vector<std::span<const P>> RunsUpTo(std::span<const int> Ends, const std::vector<P>& Points) {
+std::vector<std::span<const P>> RunsUpTo(std::span<const int> Ends, std::span<const P> Points) {
     if (Ends.empty()) return {Points};
     std::vector<std::span<const P>> runs;
     runs.reserve(Ends.size());
     std::size_t begin = 0;
     for (const int end : Ends) {
-        runs.push_back(std::span(Points).subspan(begin, std::size_t(end) - begin));
+        runs.push_back(Points.subspan(begin, std::size_t(end) - begin));
         begin = std::size_t(end);
     }
     return runs;
@@ -82,25 +82,23 @@ TKxStretch TKxSeries::PaintedStretch(const TCanvas& Canvas, TKxStretch Stretch) 
             std::min(Stretch.Right, clip.Right - OriginX() + reach)};
 }
 
-// With a point more at either side, to which the line leads.
-std::span<const int> TKxSeries::KeptIn(const TKxKeptLine& Kept, const TCanvas& Canvas) const {
-    const auto points = Kept.Points();
+// With a point more at either side, to which the line leads. PixelOf is that of an item of the line's.
+template <class T, class F>
+std::span<const T> TKxSeries::PaintedOf(const TCanvas& Canvas, std::span<const T> Line, F PixelOf) const {
     const TKxStretch world = WorldStretch(0), painted = PaintedStretch(Canvas, world);
-    const bool whole = painted.Left == world.Left && painted.Right == world.Right;
-    if (whole || points.empty() || !Kept.RunEnds().empty() || !FX.HasPlace(FX.GetValue(points.front())))
-        return points;
-    const bool forward = FX.PixelOf(points.front()) <= FX.PixelOf(points.back());
-    const auto isBefore = [&](int Index) {
-        const int pixel = FX.PixelOf(Index);
+    if (Line.empty() || painted == world) return Line;
+    const bool forward = PixelOf(Line.front()) <= PixelOf(Line.back());
+    const auto isBefore = [&](const T& Item) {
+        const int pixel = PixelOf(Item);
         return forward ? pixel < painted.Left : pixel > painted.Right;
     };
-    const auto isNotBehind = [&](int Index) {
-        const int pixel = FX.PixelOf(Index);
+    const auto isNotBehind = [&](const T& Item) {
+        const int pixel = PixelOf(Item);
         return forward ? pixel <= painted.Right : pixel >= painted.Left;
     };
-    const auto first = std::ranges::partition_point(points, isBefore);
-    const auto last = std::partition_point(first, points.end(), isNotBehind);
-    return {first - (first != points.begin()), last + (last != points.end())};
+    const auto first = std::ranges::partition_point(Line, isBefore);
+    const auto last = std::partition_point(first, Line.end(), isNotBehind);
+    return {first - (first != Line.begin()), last + (last != Line.end())};
 }
 
 std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns(const TCanvas& Canvas) {
@@ -108,14 +106,13 @@ std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns(const TCanvas& Canv
     return RunsOf(FPoints.Values().first(std::size_t(FPointsCount)), BreaksAtGaps(), FScratch);
 }
 
-// The places are made for every painting: a smooth device is painted once, as a rule.
+// Those of a line that is not kept are made for every painting: a smooth device is painted once, as a rule.
 std::vector<std::span<const TRealPoint>> TKxSeries::ExactRuns(const TCanvas& Canvas,
                                                               std::vector<TRealPoint>& Points) {
-    Points.clear();
-    if (KeepsFineLine()) {
-        for (const int i : KeptIn(*FFineKept, Canvas))
-            if (const TRealPoint place{FX.PlaceOf(i), FY.PlaceOf(i)}; IsPlace(place)) Points.push_back(place);
-        return RunsUpTo(FFineKept->RunEnds(), Points);
+    if (KeepsFineLine(Canvas.ColumnsPerPixel())) {
+        const auto places = FFineKept->Places();
+        if (!FFineKept->RunEnds().empty()) return RunsUpTo(FFineKept->RunEnds(), places);
+        return {PaintedOf(Canvas, places, [](TRealPoint P) { return RoundToInt(P.X); })};
     }
     Points.resize(std::size_t(FPointsCount));
     if (FPointsCount > 0) PlacesFrom(0, Points);
@@ -123,10 +120,13 @@ std::vector<std::span<const TRealPoint>> TKxSeries::ExactRuns(const TCanvas& Can
 }
 
 std::vector<std::span<const TPoint>> TKxSeries::KeptRuns(const TCanvas& Canvas) {
+    auto points = FKept.Points();
+    if (FKept.RunEnds().empty() && !points.empty() && FX.HasPlace(FX.GetValue(points.front())))
+        points = PaintedOf(Canvas, points, [this](int Index) { return FX.PixelOf(Index); });
     FScratch.clear();
-    for (const int i : KeptIn(FKept, Canvas))
+    for (const int i : points)
         if (const TPoint point{FX.PixelOf(i), FY.PixelOf(i)}; IsPlaced(point)) FScratch.push_back(point);
-    return RunsUpTo(FKept.RunEnds(), FScratch);
+    return RunsUpTo(FKept.RunEnds(), std::span<const TPoint>(FScratch));
 }
 
 bool TKxSeries::PrepareDrawing() {

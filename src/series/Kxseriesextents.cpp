@@ -184,9 +184,10 @@ bool TKxSeries::KeepsLine() {
     return MayKeepLine() && FKept.Keep(FX, FY, PresentPlacing(), WorldStretch(FLineStyle.GetWidth() + CAir));
 }
 
-bool TKxSeries::KeepsFineLine() {
+bool TKxSeries::KeepsFineLine(int ColumnsPerPixel) {
     if (!MayKeepLine()) return false;
-    if (!FFineKept) FFineKept = std::make_unique<TKxKeptLine>(TKxLineColumns::Parts);
+    if (!FFineKept || FFineKept->GetColumnsPerPixel() != ColumnsPerPixel)
+        FFineKept = std::make_unique<TKxKeptLine>(ColumnsPerPixel);
     return FFineKept->Keep(FX, FY, PresentPlacing(), WorldStretch(FLineStyle.GetWidth() + CAir));
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace kx {
 
@@ -29,27 +30,57 @@ TKxSection TKxSeries::SectionNear(TPoint At, int Reach) const {
     return SectionIn(FX, FPointsCount, {At.X - OriginX() - Reach, At.X - OriginX() + Reach});
 }
 
-TKxDrawnPoint TKxSeries::PointNear(TPoint At, int Reach) const {
-    TKxDrawnPoint nearest;
-    if (!IsBound() || !GetDrawingWorld()) return nearest;
-    const TRect world = GetDrawingWorld()->GetClientRect();
-    double least = double(Reach) * Reach;
-    const TKxSection section = SectionNear(At, Reach);
-    std::array<TPoint, CPointsAtOnce> block;
-    int index = -1;
-    for (int first = section.First; first < section.Last; first += CPointsAtOnce) {
-        const auto points =
-            std::span(block).first(std::size_t(std::min(CPointsAtOnce, section.Last - first)));
-        PointsFrom(first, points);
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            const TPoint at{points[i].X + OriginX(), points[i].Y + OriginY()};
-            const double dx = double(at.X) - At.X, dy = double(at.Y) - At.Y, distance = dx * dx + dy * dy;
-            if (distance > least || !IsPlaced(points[i]) || !world.Contains(at)) continue;
-            least = distance;
-            index = first + int(i);
-        }
+namespace {
+
+/// The nearest point so far; of equally near ones the last.
+struct TNearest {
+    TPoint At;
+    double Least; // the square of the greatest distance
+    int Index = -1;
+
+    double AsideOf(TPoint P) const { return std::abs(double(P.X) - At.X); }
+    void Take(int NewIndex, TPoint P) {
+        const double dx = AsideOf(P), dy = double(P.Y) - At.Y, distance = dx * dx + dy * dy;
+        if (distance > Least || (distance == Least && NewIndex < Index)) return;
+        Least = distance;
+        Index = NewIndex;
     }
-    return index < 0 ? nearest : PointAt(index);
+};
+
+} // namespace
+
+TKxDrawnPoint TKxSeries::PointNear(TPoint At, int Reach) const {
+    if (!IsBound() || !GetDrawingWorld()) return {};
+    const TRect world = GetDrawingWorld()->GetClientRect();
+    const TPoint origin{OriginX(), OriginY()};
+    TNearest nearest{At, double(Reach) * Reach};
+    std::array<TPoint, CPointsAtOnce> block;
+    // Whether some of the points were near enough along x for those beyond them to be looked at.
+    const auto look = [&](int First, int Last) {
+        const auto points = std::span(block).first(std::size_t(Last - First));
+        PointsFrom(First, points);
+        bool isNear = false;
+        for (int index = First; const TPoint p : points) {
+            const TPoint at = p + origin;
+            isNear |= !IsPlaced(p) || nearest.AsideOf(at) * nearest.AsideOf(at) <= nearest.Least;
+            if (IsPlaced(p) && world.Contains(at)) nearest.Take(index, at);
+            ++index;
+        }
+        return isNear;
+    };
+    // From the point in the middle to either side: where many stand in a column, few columns are enough.
+    const TKxSection all = SectionNear(At, Reach), middle = SectionNear(At, 0);
+    const bool sorted = GoesByValues() && FPointsCount > 0 && IsSorted(FX, FPointsCount);
+    const int begin = std::clamp(middle.First, all.First, all.Last);
+    for (int i = begin; i < all.Last;) {
+        const int end = std::min(i + CPointsAtOnce, all.Last);
+        if (!look(std::exchange(i, end), end) && sorted) break;
+    }
+    for (int end = begin; end > all.First;) {
+        const int first = std::max(end - CPointsAtOnce, all.First);
+        if (!look(first, std::exchange(end, first)) && sorted) break;
+    }
+    return nearest.Index < 0 ? TKxDrawnPoint() : PointAt(nearest.Index);
 }
 
 } // namespace kx

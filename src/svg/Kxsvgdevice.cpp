@@ -188,7 +188,7 @@ std::span<const TRealPoint> TSvgDevice::Reduced(TPointSpan Points, const TStroke
     const bool dashed = !Dashes(Stroke.Style).empty();
     if (points.size() < std::size_t(CReductionThreshold) || (dashed && !Points.IsExact())) return points;
     if (Points.IsExact())
-        SimplifyLine(points, !dashed, FKept);
+        SimplifyLine(points, dashed ? 0 : CColumnsPerPixel, FKept);
     else
         ReducePolyline(points, FKept);
     return FKept;

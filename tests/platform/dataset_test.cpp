@@ -242,6 +242,7 @@ TEST(DataSet, FieldsConvertWhatTheyAreGiven) {
 TEST(DataSet, MayGoBeforeOrAfterAllThatIsBound) {
     for (int order = 0; order < 24; ++order)
         for (const bool midway : {false, true}) {
+            bool done = false;
             auto set = std::make_unique<TReadings>(3);
             auto source = std::make_unique<TDataSource>(nullptr),
                  other = std::make_unique<TDataSource>(nullptr);
@@ -254,7 +255,6 @@ TEST(DataSet, MayGoBeforeOrAfterAllThatIsBound) {
                 std::swap(ends[std::size_t(i)], ends[std::size_t(rest % (i + 1))]);
             if (midway) {
                 // The first notice ends two of them.
-                bool done = false;
                 source->OnDataChange = [&](TDataSource*, TField*) {
                     if (std::exchange(done, true)) return;
                     ends[0](), ends[1]();

@@ -33,7 +33,7 @@ TEST(Menu, IsShownByTheWindowAndItsItemsMayGoBeforeTheyArePicked) {
     pop();
     EXPECT_EQ(view.Menu[0].ShortCut, "Ctrl+C");
     EXPECT_TRUE(view.Menu[1].Items[0].Checked);
-    EXPECT_EQ(view.MenuPos, TPoint(105, 56));
+    EXPECT_EQ(view.MenuPos, (TPoint{105, 56}));
     const auto pick = [&](const char* Caption) {
         return test::Host().PickMenuItem(form.AsHostClient(), Caption);
     };
@@ -42,6 +42,7 @@ TEST(Menu, IsShownByTheWindowAndItsItemsMayGoBeforeTheyArePicked) {
     EXPECT_FALSE(pick("Copy")) << "it is closed";
     pop();
     delete &copy;
+    menu->OnPopup = {};
     EXPECT_TRUE(pick("Copy"));
     EXPECT_EQ(log, "Line ");
     pop();
@@ -60,7 +61,7 @@ TEST(Hint, IsThatOfTheDeepestControlThatShowsOne) {
     EXPECT_EQ(client.HostHint({35, 45}).Text, "");
     form.SetShowHint(true);
     EXPECT_EQ(client.HostHint({35, 45}).Text, "inner");
-    EXPECT_EQ(client.HostHint({35, 45}).Area, TRect(30, 40, 80, 90));
+    EXPECT_EQ(client.HostHint({35, 45}).Area, (TRect{30, 40, 80, 90}));
     inner.SetShowHint(false);
     EXPECT_EQ(client.HostHint({35, 45}).Text, "outer");
     EXPECT_EQ(client.HostHint({5, 5}).Text, "") << "the form has none";

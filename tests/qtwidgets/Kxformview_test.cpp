@@ -45,7 +45,7 @@ TEST(FormView, ShowsAFormInALayoutInItsSize) {
     program.Show();
     EXPECT_EQ(program.View->form(), &f.Form);
     EXPECT_GT(f.Probe.Paints, 0);
-    EXPECT_EQ(f.Form.GetBoundsRect(), TRect(0, 0, program.View->width(), program.View->height()));
+    EXPECT_EQ(f.Form.GetBoundsRect(), (TRect{0, 0, program.View->width(), program.View->height()}));
     f.Form.SetBounds(5, 5, 350, 150);
     EXPECT_EQ(program.View->sizeHint(), QSize(350, 150));
     WaitFor(30);

@@ -58,6 +58,7 @@ public:
     bool CanXor() const { return FDevice && FDevice->CanXor(); }
     /// Whether exact places show as such; without a device they do not.
     bool IsSmooth() const { return FDevice && FDevice->IsSmooth(); }
+    int ColumnsPerPixel() const { return FDevice ? FDevice->ColumnsPerPixel() : CColumnsPerPixel; }
     /// Draws One with its origin at each place (canvas coordinates), in order.
     void Stamps(TPointSpan Places, const TRecording& One);
     /// Repeats a recording with its origin at the canvas's and inside the clip.

@@ -6,6 +6,7 @@
 #include <kxgraph/platform/drawing/geometry.h>
 #include <kxgraph/platform/drawing/graphics.h>
 #include <kxgraph/platform/drawing/pointspan.h>
+#include <kxgraph/platform/drawing/simplification.h>
 #include <kxgraph/platform/text/colors.h>
 
 #include <optional>
@@ -55,6 +56,9 @@ public:
     virtual int PixelsPerInch() const = 0;
     /// Whether exact places show as such. Who has them hands them over to smooth devices only.
     virtual bool IsSmooth() const { return false; }
+    /// How many columns a smooth device tells apart in a pixel: of the points of a long line in one column,
+    /// the first, the highest, the lowest and the last are enough. At least 1.
+    virtual int ColumnsPerPixel() const { return CColumnsPerPixel; }
 
     /// Joined lines through the points. Through whole pixels a thin line begins with all of the first one and
     /// leaves out the last one; through exact places it ends where its points are.

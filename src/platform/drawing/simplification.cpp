@@ -63,15 +63,15 @@ private:
 
 } // namespace
 
-void SimplifyLine(std::span<const TRealPoint> Points, bool Columns, std::vector<TRealPoint>& Kept) {
+void SimplifyLine(std::span<const TRealPoint> Points, int ColumnsPerPixel, std::vector<TRealPoint>& Kept) {
     Kept.clear();
     TStraightener line(Kept);
     const std::size_t count = Points.size();
     for (std::size_t next = 0; next < count;) {
         const std::size_t first = next;
-        const double column = ColumnOf(Points[first].X);
+        const double column = ColumnOf(Points[first].X, ColumnsPerPixel);
         std::size_t highest = first, lowest = first;
-        while (++next < count && Columns && ColumnOf(Points[next].X) == column) {
+        while (++next < count && ColumnsPerPixel > 0 && ColumnOf(Points[next].X, ColumnsPerPixel) == column) {
             if (Points[next].Y < Points[highest].Y) highest = next;
             if (Points[next].Y > Points[lowest].Y) lowest = next;
         }
