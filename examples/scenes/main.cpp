@@ -14,19 +14,31 @@
 
 using namespace kx;
 
+namespace {
+
+void Draw(const std::string& Directory, const std::string& Name, TSize Size,
+          void (*Paint)(TCanvasDevice& Device)) {
+    const std::string file = Directory + "/" + Name;
+    qt::WritePng(file + ".png", {.Size = Size}, Paint);
+    qt::WritePng(file + "_large.png", {.Size = Size, .Scale = 1.5, .Antialias = true}, Paint);
+    qt::WritePdf(file + ".pdf", {.Size = Size}, Paint);
+    WriteSvg(file + ".svg", Size, 1, clWhite, Paint);
+    std::cout << "out/" << Name << ".png .svg .pdf    examples/scenes\n";
+}
+
+void PaintSymbols(TCanvasDevice& Device) {
+    TCanvas canvas(&Device);
+    scenes::PaintSymbolSheet(canvas);
+}
+
+} // namespace
+
 int main(int Count, char** Arguments) {
-    const std::string file = std::string(Count > 1 ? Arguments[1] : ".") + "/symbolsheet";
+    const std::string directory = Count > 1 ? Arguments[1] : ".";
     try {
         qt::Install(true);
-        const auto paint = [](TCanvasDevice& Device) {
-            TCanvas canvas(&Device);
-            scenes::PaintSymbolSheet(canvas);
-        };
-        const qt::TPictureOptions options{.Size = scenes::CSymbolSheetSize};
-        qt::WritePng(file + ".png", options, paint);
-        qt::WritePdf(file + ".pdf", options, paint);
-        WriteSvg(file + ".svg", options.Size, 1, clWhite, paint);
-        std::cout << "out/symbolsheet.png .svg .pdf    examples/scenes\n";
+        Draw(directory, "symbolsheet", scenes::CSymbolSheetSize, PaintSymbols);
+        Draw(directory, "editing", scenes::CEditingSheetSize, scenes::PaintEditingSheet);
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "kxgraph_scenes: " << error.what() << '\n';

@@ -33,8 +33,9 @@ struct TKxCaption : AnsiString {
 template <>
 inline constexpr std::string_view CTypeName<TKxCaption> = "TKxCaption";
 
-/// What the escapes switch.
+/// What the escapes switch, and the sign of each in lower case.
 enum class TKxCaptionSwitch { Symbol, Bold, Italic, Underline, StrikeOut, Superscript, Subscript };
+inline constexpr std::string_view CCaptionSigns = "sbiuo+-";
 
 /// The looks of a character beside those of the base font.
 struct TKxCaptionLooks {
@@ -45,6 +46,9 @@ struct TKxCaptionLooks {
     bool Small = false; ///< two thirds of the size; ended by the first of superscript and subscript that ends
     friend bool operator==(const TKxCaptionLooks&, const TKxCaptionLooks&) = default;
 };
+bool HasLook(TKxCaptionSwitch Which, const TKxCaptionLooks& Looks);
+/// What an escape does.
+void ToggleLook(TKxCaptionSwitch Which, TKxCaptionLooks& Looks);
 
 /// Shown characters of the same looks that also stand side by side in the caption.
 struct TKxCaptionRun {
@@ -71,6 +75,18 @@ TKxParsedCaption ParseCaption(std::string_view Text);
 int MeasureCaption(const TKxParsedCaption& Caption, TCanvas& Canvas);
 /// The same as smooth devices show it.
 double ExactCaptionWidth(const TKxParsedCaption& Caption, TCanvas& Canvas);
+
+/// The right edge of each shown character from the caption's left, unrotated: whole pixels, the ones that
+/// RichPaintTo tells, or Exactly as smooth devices show it (within a run by the widths of the single
+/// characters).
+std::vector<double> CaptionEdges(const TKxParsedCaption& Caption, TCanvas& Canvas, bool Exactly);
+
+/// How far the top of characters of such Looks lies below that of the others, and their height, in the
+/// canvas's font; unrotated, pixels.
+struct TKxCaptionLevel {
+    int Top = 0, Height = 0;
+};
+TKxCaptionLevel CaptionLevel(const TKxCaptionLooks& Looks, TCanvas& Canvas);
 
 /// What of a caption stays where it was laid out where letters are set as the font's design has them, and the
 /// text has another width than on the screen.

@@ -111,6 +111,30 @@ void PaintExactly(const TKxParsedCaption& Caption, TCanvas& Canvas, const TFont&
     });
 }
 
+/// Moves the edges from the First one on, which stand Start and more from the left, so that the last of them
+/// is where the run ends: single characters know nothing of kerning.
+void FitEdges(std::vector<double>& Edges, std::size_t First, double Start, double Width) {
+    if (First == Edges.size() || Edges.back() <= Start) return;
+    const double factor = Width / (Edges.back() - Start);
+    for (std::size_t i = First; i < Edges.size(); ++i) Edges[i] = Start + (Edges[i] - Start) * factor;
+}
+
+std::vector<double> ExactEdges(const TKxParsedCaption& Caption, TCanvas& Canvas, const TFont& Base) {
+    std::vector<double> edges;
+    WalkExactly(Caption, Canvas, Base, 0, [&](const TKxCaptionRun& Run, double Along) {
+        const std::size_t first = edges.size();
+        double edge = Along;
+        for (std::size_t at = 0; at < Run.Text.size();) {
+            const auto length = std::size_t(DecodeAt(Run.Text, at).Length);
+            edge += Canvas.ExactTextWidth(std::string_view(Run.Text).substr(at, length));
+            edges.push_back(edge);
+            at += length;
+        }
+        FitEdges(edges, first, Along, Canvas.ExactTextWidth(Run.Text));
+    });
+    return edges;
+}
+
 void ClearArrays(TKxCaptionRec& Rec, int Length) {
     Rec.CharPos = TDynArray<std::int32_t>(Length);
     Rec.CharIndex = TDynArray<std::int32_t>(Length);
@@ -155,6 +179,23 @@ int MeasureCaption(const TKxParsedCaption& Caption, TCanvas& Canvas) {
 double ExactCaptionWidth(const TKxParsedCaption& Caption, TCanvas& Canvas) {
     const TFontKeeper font(Canvas.Font);
     return WalkExactly(Caption, Canvas, font.Base, 0, [](auto&, double) {});
+}
+
+std::vector<double> CaptionEdges(const TKxParsedCaption& Caption, TCanvas& Canvas, bool Exactly) {
+    const TFontKeeper font(Canvas.Font);
+    if (Exactly) return ExactEdges(Caption, Canvas, font.Base);
+    std::vector<double> edges;
+    int edge = 0;
+    ForEachCharacter(Caption, Canvas, font.Base, 0,
+                     [&](auto, int Width, auto&, int) { edges.push_back(edge += Width); });
+    return edges;
+}
+
+TKxCaptionLevel CaptionLevel(const TKxCaptionLooks& Looks, TCanvas& Canvas) {
+    const TFontKeeper font(Canvas.Font);
+    const int top = TCaptionPen({}, 0, font.Base).PlaceOf(Looks).Y;
+    TakeLooks(Looks, font.Base, 0, Canvas.Font);
+    return {top, Canvas.TextHeight("X")};
 }
 
 void PaintCaption(const TKxParsedCaption& Caption, TCanvas& Canvas, int X, int Y, int Angle,

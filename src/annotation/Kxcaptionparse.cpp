@@ -37,33 +37,9 @@ private:
 };
 
 std::optional<TKxCaptionSwitch> SwitchOf(char Letter) {
-    switch (Letter) {
-    case 's':
-    case 'S': return TKxCaptionSwitch::Symbol;
-    case 'b':
-    case 'B': return TKxCaptionSwitch::Bold;
-    case 'i':
-    case 'I': return TKxCaptionSwitch::Italic;
-    case 'u':
-    case 'U': return TKxCaptionSwitch::Underline;
-    case 'o':
-    case 'O': return TKxCaptionSwitch::StrikeOut;
-    case '+': return TKxCaptionSwitch::Superscript;
-    case '-': return TKxCaptionSwitch::Subscript;
-    default: return {};
-    }
-}
-
-void Apply(TKxCaptionSwitch Switch, TKxCaptionLooks& Looks) {
-    switch (Switch) {
-    case TKxCaptionSwitch::Symbol: Looks.Symbol = !Looks.Symbol; break;
-    case TKxCaptionSwitch::Bold: Looks.Toggled ^= fsBold; break;
-    case TKxCaptionSwitch::Italic: Looks.Toggled ^= fsItalic; break;
-    case TKxCaptionSwitch::Underline: Looks.Toggled ^= fsUnderline; break;
-    case TKxCaptionSwitch::StrikeOut: Looks.Toggled ^= fsStrikeOut; break;
-    case TKxCaptionSwitch::Superscript: Looks.Small = Looks.Superscript = !Looks.Superscript; break;
-    case TKxCaptionSwitch::Subscript: Looks.Small = Looks.Subscript = !Looks.Subscript; break;
-    }
+    const char sign = Letter >= 'A' && Letter <= 'Z' ? char(Letter - 'A' + 'a') : Letter;
+    const auto index = CCaptionSigns.find(sign);
+    return index == CCaptionSigns.npos ? std::nullopt : std::optional(TKxCaptionSwitch(index));
 }
 
 TKxParsedCaption TParser::Parse() {
@@ -103,7 +79,7 @@ void TParser::TakeEscape() {
 }
 
 void TParser::TakeSwitch(TKxCaptionSwitch Switch) {
-    Apply(Switch, FLooks);
+    ToggleLook(Switch, FLooks);
     FResult.Switches.push_back({Switch, FShown});
     Skip();
     SwallowBlank();
@@ -117,6 +93,31 @@ void TParser::Show(std::string_view Character, int Position) {
 }
 
 } // namespace
+
+bool HasLook(TKxCaptionSwitch Which, const TKxCaptionLooks& Looks) {
+    switch (Which) {
+    case TKxCaptionSwitch::Symbol: return Looks.Symbol;
+    case TKxCaptionSwitch::Bold: return (Looks.Toggled & fsBold) != 0;
+    case TKxCaptionSwitch::Italic: return (Looks.Toggled & fsItalic) != 0;
+    case TKxCaptionSwitch::Underline: return (Looks.Toggled & fsUnderline) != 0;
+    case TKxCaptionSwitch::StrikeOut: return (Looks.Toggled & fsStrikeOut) != 0;
+    case TKxCaptionSwitch::Superscript: return Looks.Superscript;
+    case TKxCaptionSwitch::Subscript: return Looks.Subscript;
+    }
+    return false;
+}
+
+void ToggleLook(TKxCaptionSwitch Which, TKxCaptionLooks& Looks) {
+    switch (Which) {
+    case TKxCaptionSwitch::Symbol: Looks.Symbol = !Looks.Symbol; break;
+    case TKxCaptionSwitch::Bold: Looks.Toggled ^= fsBold; break;
+    case TKxCaptionSwitch::Italic: Looks.Toggled ^= fsItalic; break;
+    case TKxCaptionSwitch::Underline: Looks.Toggled ^= fsUnderline; break;
+    case TKxCaptionSwitch::StrikeOut: Looks.Toggled ^= fsStrikeOut; break;
+    case TKxCaptionSwitch::Superscript: Looks.Small = Looks.Superscript = !Looks.Superscript; break;
+    case TKxCaptionSwitch::Subscript: Looks.Small = Looks.Subscript = !Looks.Subscript; break;
+    }
+}
 
 TKxParsedCaption ParseCaption(std::string_view Text) { return TParser(Text).Parse(); }
 

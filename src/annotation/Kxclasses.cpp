@@ -5,6 +5,7 @@
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/annotation/Kxlinesample.h>
 #include <kxgraph/annotation/Kxresultlabel.h>
+#include <kxgraph/editing/Kxeditingclasses.h>
 #include <kxgraph/graph/Kxgraphclasses.h>
 #include <kxgraph/numeric/Kxvectorclasses.h>
 #include <kxgraph/platform/controls/controlclasses.h>
@@ -23,6 +24,7 @@ void RegisterClasses() {
     RegisterGraphClasses();
     RegisterSeriesClasses();
     RegisterAnalysisClasses();
+    RegisterEditingClasses();
     RegisterClass<TKxLabel>("TKxLabel", CGeneralPage);
     RegisterClass<TKxLineSample>("TKxLineSample", CGraphPage);
     RegisterClass<TKxLegend>("TKxLegend", CGraphPage);

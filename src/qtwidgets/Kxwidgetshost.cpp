@@ -81,6 +81,19 @@ void TQtWidgetsHost::CopyText(const std::string& Text) {
 
 std::string TQtWidgetsHost::PasteText() const { return QGuiApplication::clipboard()->text().toStdString(); }
 
+void TQtWidgetsHost::CopyMarkup(const std::string& Text, const std::string& MimeType,
+                                const std::string& Markup) {
+    auto data = std::make_unique<QMimeData>();
+    data->setText(QString::fromStdString(Text));
+    data->setData(QString::fromStdString(MimeType), QByteArray::fromStdString(Markup));
+    QGuiApplication::clipboard()->setMimeData(data.release());
+}
+
+std::string TQtWidgetsHost::PasteMarkup(const std::string& MimeType) const {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data ? data->data(QString::fromStdString(MimeType)).toStdString() : std::string();
+}
+
 void TQtWidgetsHost::ProcessMessages() { QCoreApplication::processEvents(); }
 
 void TQtWidgetsHost::Run() { QCoreApplication::exec(); }

@@ -25,6 +25,8 @@ public:
     void CopyToClipboard(const TMetafile& Picture) override;
     void CopyText(const std::string& Text) override;
     std::string PasteText() const override;
+    void CopyMarkup(const std::string& Text, const std::string& MimeType, const std::string& Markup) override;
+    std::string PasteMarkup(const std::string& MimeType) const override;
     void ProcessMessages() override;
     void Run() override;
     void Quit() override;

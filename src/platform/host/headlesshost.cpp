@@ -137,6 +137,17 @@ std::unique_ptr<THostTimer> THeadlessHost::StartTimer(int Interval, TEvent<> Tic
 
 void THeadlessHost::CopyToClipboard(const TMetafile& Picture) { FClipboard->Assign(Picture); }
 
+void THeadlessHost::CopyMarkup(const std::string& Text, const std::string& MimeType,
+                               const std::string& Markup) {
+    FText = Text;
+    FMarkupType = MimeType;
+    FMarkup = Markup;
+}
+
+std::string THeadlessHost::PasteMarkup(const std::string& MimeType) const {
+    return FMarkupType == MimeType ? FMarkup : std::string();
+}
+
 void THeadlessHost::ProcessMessages() {
     RunPosted();
     const std::vector<TWindow*> windows = FWindows; // a paint may open and close windows

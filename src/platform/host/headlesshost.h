@@ -27,8 +27,10 @@ public:
     }
     void SetCursor(TCursor Cursor) override { FCursor = Cursor; }
     void CopyToClipboard(const TMetafile& Picture) override;
-    void CopyText(const std::string& Text) override { FText = Text; }
+    void CopyText(const std::string& Text) override { CopyMarkup(Text, {}, {}); }
     std::string PasteText() const override { return FText; }
+    void CopyMarkup(const std::string& Text, const std::string& MimeType, const std::string& Markup) override;
+    std::string PasteMarkup(const std::string& MimeType) const override;
     /// Runs what was posted, then draws a frame for every window that has something invalid.
     void ProcessMessages() override;
     /// Turns frames and timers until Quit, or until nothing is left to do.
@@ -76,7 +78,7 @@ private:
     std::unique_ptr<TMetafile> FClipboard;
     TSize FScreenSize{1920, 1080};
     TCursor FCursor = crDefault;
-    std::string FText;
+    std::string FText, FMarkupType, FMarkup;
     std::atomic<int> FWakes = 0;
     long long FNow = 0;
     bool FQuit = false;

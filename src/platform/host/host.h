@@ -102,6 +102,13 @@ public:
     /// Text for the clipboard, and the text that is there; both UTF-8.
     virtual void CopyText(const std::string&) {}
     virtual std::string PasteText() const { return {}; }
+    /// A text, and the same with a markup that some programs know, under its MIME type; and that markup, empty
+    /// where the clipboard has none or the host does not keep it.
+    virtual void CopyMarkup(const std::string& Text, const std::string& /*MimeType*/,
+                            const std::string& /*Markup*/) {
+        CopyText(Text);
+    }
+    virtual std::string PasteMarkup(const std::string& /*MimeType*/) const { return {}; }
     /// Handles what is waiting: input, timers, frames. Returns without waiting.
     virtual void ProcessMessages() = 0;
     /// Handles what comes until Quit.

@@ -1,0 +1,131 @@
+#pragma once
+// The edit of a caption: one line that shows it exactly as it will be painted, while it is edited.
+//
+// Keys, beside the usual ones for caret, selection (Shift), words (Ctrl) and clipboard:
+//
+//   Ctrl+B bold   Ctrl+I italic   Ctrl+U underline   Ctrl+T strike-out   Ctrl+G Greek (symbol font)
+//   Ctrl+Up or Ctrl+Plus superscript   Ctrl+Down or Ctrl+Minus subscript   Ctrl+Space none of these
+//   Ctrl+Z undo   Ctrl+Y or Ctrl+Shift+Z redo   Ctrl+A all   Ctrl+Shift+V paste the text as it stands
+//
+// A look is switched for the selection or, without one, for what is typed next. Characters stand in the order
+// of the caption, whatever the direction of their script.
+
+#include <kxgraph/annotation/Kxcaption.h>
+#include <kxgraph/editing/Kxcaptionmodel.h>
+#include <kxgraph/platform/controls/controls.h>
+#include <kxgraph/platform/host/host.h>
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace kx {
+
+/// Places count shown characters, code points; 0 is before the first. Caption is the control's text.
+class TKxCaptionEdit : public TCustomControl {
+public:
+    explicit TKxCaptionEdit(TComponent* Owner);
+
+    TKxCaption GetCaption() const { return GetText(); }
+    /// Another caption than the present one puts the caret behind it and forgets the steps of undo.
+    void SetCaption(const TKxCaption& Caption) { SetText(Caption); }
+    /// Whether it is only looked at, selected and copied.
+    bool GetReadOnly() const { return FReadOnly; }
+    void SetReadOnly(bool ReadOnly);
+    /// Most characters that can be entered, those of the markup not counted; 0 for no limit.
+    int GetMaxLength() const { return FModel.GetMaxLength(); }
+    void SetMaxLength(int Length) { FModel.SetMaxLength(Length); }
+    /// Where a caption stands that does not fill the control.
+    TAlignment GetAlignment() const { return FAlignment; }
+    void SetAlignment(TAlignment Alignment);
+
+    const TKxCaptionModel& GetModel() const { return FModel; }
+    int GetCaret() const { return FModel.GetCaret(); }
+    void Select(int Anchor, int Caret);
+    void SelectAll() { Select(0, FModel.GetLength()); }
+    /// Whether all that is selected, or what is typed next, has the look.
+    bool IsOn(TKxCaptionSwitch Which) const { return FModel.IsOn(Which); }
+    // What the keys do. Nothing where the control is read only.
+    void Toggle(TKxCaptionSwitch Which);
+    void ClearLooks();
+    void Undo();
+    void Redo();
+    /// Replaces the selection.
+    void TypeText(std::string_view Text);
+    /// The clipboard gets the text and, where the host keeps it, the markup. Nothing without a selection.
+    void Copy();
+    void Cut();
+    /// Takes the markup from the clipboard, or its text: as markup where it reads like that (ReadsAsMarkup).
+    void Paste();
+    void PasteAsText();
+    /// Shows what an input method is composing, and its caret in that; empty when it has ended.
+    void ShowComposed(std::string_view Text, int Caret);
+
+    /// The place between two characters that is nearest to X, a pixel of the control; and where one is.
+    int PlaceAt(int X);
+    int PixelOf(int Place);
+    /// The caret's rectangle, as high as the character before it, in the control's pixels.
+    TRect GetCaretRect();
+
+    /// A control that shows what is switched on here: it is invalidated with every change and move of the
+    /// caret. Not owned.
+    void AddViewer(TControl* Viewer);
+    void RemoveViewer(TControl* Viewer);
+
+    /// After every change of the caption, by whomever.
+    TNotifyEvent OnChange;
+
+    void SetBounds(int Left, int Top, int Width, int Height) override;
+    TAccessiblePart Accessible() const override;
+    const TPropertyTable& PublishedProperties() const override { return Properties(); }
+    static const TPropertyTable& Properties();
+
+protected:
+    bool HearsOfAll() const override { return IsBeyond<TKxCaptionEdit>(); }
+    void Notification(TComponent* Component, TOperation Operation) override;
+    void CMTextChanged() override;
+    void CMFontChanged() override;
+    void CMEnabledChanged() override;
+    void Paint() override;
+    bool KeyDown(const TKeyStroke& Stroke) override;
+    bool IsOpaque() const override { return true; }
+    void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
+    void MouseMove(TShiftState Shift, int X, int Y) override;
+
+private:
+    struct TShortcut;
+    bool MoveByKey(const TKeyStroke& Stroke);
+    bool EraseByKey(const TKeyStroke& Stroke);
+    void ExtendTo(int Place);
+    void EndThirdPress() { FThirdPress.reset(); }
+
+    /// Shows what the model has become by an operation that answered Changed.
+    void Take(bool Changed);
+    void UpdateShown();
+    const std::vector<double>& Places();
+    void ScrollToCaret();
+    TRect TextRect() const;
+    int TextLeft();
+    int PixelOfShown(int Place);
+    void PaintText(TCanvas& Canvas, TColor Color);
+    void PaintSelection(TCanvas& Canvas);
+
+    TKxCaptionModel FModel;
+    bool FTaking = false; // the text from the model
+    bool FReadOnly = false;
+    TAlignment FAlignment = taLeftJustify;
+    std::vector<TControl*> FViewers;
+
+    // What is shown, with what is being composed, and where each place in it lies from the left of the text.
+    TKxParsedCaption FShown;
+    std::vector<double> FPlaces;
+    bool FHasPlaces = false;
+    bool FExactly = false; // as the last device showed it
+    int FScroll = 0;       // pixels of the text to the left of the control
+
+    TKxCaptionStretch FPressed;              // what the press has selected
+    bool FByWords = false;                   // a double click has begun it
+    std::unique_ptr<THostTimer> FThirdPress; // while it runs, a press is the third of three
+};
+
+} // namespace kx

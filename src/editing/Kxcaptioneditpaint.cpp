@@ -1,0 +1,120 @@
+// What the caption edit shows, and where.
+
+#include <kxgraph/editing/Kxcaptionedit.h>
+
+#include <algorithm>
+
+namespace kx {
+
+namespace {
+
+constexpr int CFrame = 1, CMargin = 3; // beside the text, the frame included
+
+} // namespace
+
+TRect TKxCaptionEdit::TextRect() const {
+    return {CMargin, CFrame, std::max(GetWidth() - CMargin, CMargin), std::max(GetHeight() - CFrame, CFrame)};
+}
+
+/// What is shown has changed, or the caret has moved.
+void TKxCaptionEdit::UpdateShown() {
+    FShown = ParseCaption(FModel.GetShownCaption());
+    FHasPlaces = false;
+    ScrollToCaret();
+    Invalidate();
+}
+
+const std::vector<double>& TKxCaptionEdit::Places() {
+    if (FHasPlaces) return FPlaces;
+    TCanvas canvas;
+    canvas.Font.Assign(GetFont());
+    FPlaces = CaptionEdges(FShown, canvas, FExactly);
+    FPlaces.insert(FPlaces.begin(), 0);
+    FHasPlaces = true;
+    return FPlaces;
+}
+
+/// Brings the caret into sight and leaves no room at the right of a caption that has more at the left.
+void TKxCaptionEdit::ScrollToCaret() {
+    const int room = std::max(TextRect().Width() - 1, 0); // behind the last character the caret
+    const int width = RoundToInt(Places().back());
+    const int caret = RoundToInt(Places().at(std::size_t(FModel.GetShownCaret())));
+    FScroll = std::clamp(FScroll, caret - room, caret);
+    FScroll = std::clamp(FScroll, 0, std::max(width - room, 0));
+}
+
+int TKxCaptionEdit::TextLeft() {
+    const int spare = std::max(TextRect().Width() - 1 - RoundToInt(Places().back()), 0);
+    const int before = FAlignment == taCenter ? spare / 2 : FAlignment == taRightJustify ? spare : 0;
+    return TextRect().Left + before - FScroll;
+}
+
+int TKxCaptionEdit::PixelOfShown(int Place) {
+    return TextLeft() + RoundToInt(Places().at(std::size_t(Place)));
+}
+
+int TKxCaptionEdit::PixelOf(int Place) {
+    const int place = std::clamp(Place, 0, FModel.GetLength());
+    return PixelOfShown(place > GetCaret() ? place + FModel.GetComposedLength() : place);
+}
+
+int TKxCaptionEdit::PlaceAt(int X) {
+    const std::vector<double>& places = Places();
+    const double x = X - TextLeft();
+    const auto behind = std::ranges::lower_bound(places, x);
+    auto nearest = behind;
+    if (behind == places.end() || (behind != places.begin() && x - behind[-1] < behind[0] - x)) --nearest;
+    const int shown = int(nearest - places.begin()), composed = FModel.GetComposedLength();
+    return shown <= GetCaret() ? shown : std::max(shown - composed, GetCaret());
+}
+
+TRect TKxCaptionEdit::GetCaretRect() {
+    TCanvas canvas;
+    canvas.Font.Assign(GetFont());
+    const int top = (GetHeight() - canvas.TextHeight("X")) / 2, left = PixelOfShown(FModel.GetShownCaret());
+    const TKxCaptionLevel level = CaptionLevel(FModel.GetTypingLooks(), canvas);
+    return TRect{left, top + level.Top, left + 1, top + level.Top + level.Height}.Intersected(TextRect());
+}
+
+void TKxCaptionEdit::Paint() {
+    TCanvas& canvas = GetCanvas();
+    if (FExactly != canvas.IsSmooth()) {
+        FExactly = canvas.IsSmooth();
+        FHasPlaces = false;
+        ScrollToCaret();
+    }
+    canvas.Brush.SetColor(GetEnabled() ? GetColor() : clBtnFace);
+    canvas.Pen.SetColor(IsFocused() ? clHighlight : clBtnShadow);
+    canvas.Rectangle(0, 0, GetWidth(), GetHeight());
+
+    const TCanvas::TSaved saved(canvas);
+    canvas.SetClip(TextRect().Intersected(canvas.GetClipRect()));
+    canvas.Font.Assign(GetFont());
+    PaintText(canvas, GetEnabled() ? GetFont().GetColor() : clGrayText);
+    if (!IsFocused()) return;
+    if (FModel.HasSelection()) PaintSelection(canvas);
+    canvas.Brush.SetColor(clWindowText);
+    canvas.FillRect(GetCaretRect());
+}
+
+void TKxCaptionEdit::PaintText(TCanvas& Canvas, TColor Color) {
+    Canvas.Brush.SetStyle(bsClear);
+    Canvas.Font.SetColor(Color);
+    PaintCaption(FShown, Canvas, TextLeft(), (GetHeight() - Canvas.TextHeight("X")) / 2, 0);
+    Canvas.Brush.SetStyle(bsSolid);
+}
+
+/// Over the text, which is painted once more in other colours: nothing moves, whatever letters do to one
+/// another.
+void TKxCaptionEdit::PaintSelection(TCanvas& Canvas) {
+    const TRect text = TextRect();
+    const TRect selected{PixelOf(FModel.GetSelStart()), text.Top + 1, PixelOf(FModel.GetSelEnd()),
+                         text.Bottom - 1};
+    const TCanvas::TSaved saved(Canvas);
+    Canvas.SetClip(selected.Intersected(Canvas.GetClipRect()));
+    Canvas.Brush.SetColor(clHighlight);
+    Canvas.FillRect(selected);
+    PaintText(Canvas, clHighlightText);
+}
+
+} // namespace kx

@@ -1,0 +1,268 @@
+// The caption edit by its keys and by the mouse; what is expected are the captions that come out.
+
+#include <kxgraph/editing/Kxcaptionbar.h>
+
+#include "support/headless.h"
+#include "support/recording.h"
+#include "support/typing.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace kx {
+namespace {
+
+/// An edit whose characters are 6 wide and 10 high (4 wide in scripts), on a window.
+struct TEditForm {
+    TEditForm() {
+        Form.SetBounds(0, 0, 400, 100);
+        Edit.GetFont().SetHeight(-10);
+        Edit.SetBounds(10, 10, 200, 24);
+        Edit.SetParent(&Form);
+        Form.Show();
+        Edit.SetFocus();
+    }
+    void Press(std::string_view Keys) { test::Press(Form, Keys); }
+    void MouseAt(int From, int To, TShiftState Shift = 0) {
+        test::Drag(Form, Edit, {Edit.PixelOf(From) + 1, 12}, {Edit.PixelOf(To) + 1, 12}, Shift);
+    }
+    /// The text with | for the caret and [ for the other end of the selection.
+    std::string Shown() const {
+        const TKxCaptionModel& model = Edit.GetModel();
+        std::string text;
+        for (int i = 0; i <= model.GetLength(); ++i) {
+            if (i == model.GetAnchor() && model.HasSelection()) text += '[';
+            if (i == model.GetCaret()) text += '|';
+            if (i < model.GetLength()) text += model.GetCells()[std::size_t(i)].Text;
+        }
+        return text;
+    }
+
+    TForm Form{nullptr};
+    TKxCaptionEdit Edit{&Form};
+};
+
+TEST(CaptionCells, GiveTheCaptionThatShowsThem) {
+    // Captions in the shortest form stay as they are.
+    for (const char* caption :
+         {"", "plain", "H\\-2\\-O", "\\b  bold\\b   x", "a\\\\b", "a\\\\  b", "\\s\\ba\\s\\b",
+          "x\\+2\\-i\\+\\-", "x\\+\\-2\\+\\-", "x\\-i\\-\\+2\\+", "x\\-\\+\\+i\\-", "\xC3\xA4\xC2\xB5"})
+        EXPECT_EQ(CaptionOf(CellsOf(caption)), caption);
+    EXPECT_EQ(CaptionOf(CellsOf("\\B\\b\\qa\\i\\i b\\o")), "qab");
+    std::mt19937 random(7);
+    for (int round = 0; round < 2000; ++round) {
+        std::string caption;
+        while (random() % 12) caption += "\\\\\\sbiuo+- x\xC3\xA4"[random() % 13];
+        const TKxCaptionCells cells = CellsOf(caption);
+        ASSERT_EQ(CellsOf(CaptionOf(cells)), cells) << caption;
+    }
+}
+
+TEST(CaptionEdit, WritesTheCaptionThatIsTypedAndSwitched) {
+    const struct {
+        const char *Before, *Keys, *After, *Shown;
+    } cases[] = {
+        {"", "H{Ctrl Down}2{Ctrl Down}O", "H\\-2\\-O", "H2O|"},
+        {"", "E=mc{Ctrl +}2{Ctrl +} {Ctrl G}a", "E=mc\\+2\\+  \\sa\\s", "E=mc2 a|"},
+        {"", "C:\\bin", "C:\\\\bin", "C:\\bin|"},
+        {"", "x{Ctrl Up}2{Ctrl Down}i", "x\\+2\\+\\-i\\-", "x2i|"},
+        {"", "a{Ctrl B}{Ctrl I}b{Ctrl Space}c", "a\\b\\ib\\b\\ic", "abc|"},
+        {"abcd", "{Home}{Right}{Shift Right}{Shift Right}{Ctrl B}", "a\\bbc\\bd", "a[bc|d"},
+        {"a\\bb\\bc", "{Ctrl A}{Ctrl B}", "\\babc\\b", "[abc|"},
+        {"\\babc\\b", "{Ctrl A}{Ctrl B}{Ctrl U}", "\\uabc\\u", "[abc|"},
+        {"a\\bb\\bc", "{Ctrl A}{Ctrl Space}{Left}", "abc", "|abc"},
+        {"one two_2, three", "{Ctrl Left}{Ctrl Left}{Ctrl Left}x", "one xtwo_2, three", "one x|two_2, three"},
+        {"one two, three", "{Home}{Ctrl Right}{Ctrl Right}{Shift Ctrl Right}", "one two, three",
+         "one two[, |three"},
+        {"one two", "{Ctrl Back}", "one ", "one |"},
+        {"one two", "{Home}{Ctrl Del}{Del}{Del}", "o", "|o"},
+        {"abc", "{Left}{Shift Home}x", "xc", "x|c"},
+        {"abc", "{Left}{Shift End}{Shift Left}{Left}{Back}", "bc", "|bc"},
+        {"a\\\\b", "{Back}{Back}c", "ac", "ac|"},
+        {"a\\\\b", "{Left}{Left}{Ctrl T}x", "a\\ox\\o\\\\b", "ax|\\b"},
+        {"\\sa\\sb", "{Home}x{Left}{Right}{Right}y", "\\sxay\\sb", "xay|b"},
+        {"", "\xC3\xA4\xE2\x82\xAC{Left}{Back}", "\xE2\x82\xAC", "|\xE2\x82\xAC"},
+        {"\xE4", "x", "\xC3\xA4x", "\xC3\xA4x|"},
+        {"ab", "{Ctrl X}{Alt x}", "ab", "ab|"},
+    };
+    for (const auto& c : cases) {
+        TEditForm f;
+        f.Edit.SetCaption(c.Before);
+        f.Press(c.Keys);
+        EXPECT_EQ(f.Edit.GetCaption(), c.After) << c.Before << " " << c.Keys;
+        EXPECT_EQ(f.Shown(), c.Shown) << c.Before << " " << c.Keys;
+    }
+}
+
+TEST(CaptionEdit, UndoesWhatWasDoneInOneGo) {
+    const struct {
+        const char *Keys, *Shown;
+    } cases[] = {
+        {"one two{Ctrl Z}", "one |"},
+        {"one two{Ctrl Z}{Ctrl Z}", "|"},
+        {"one two{Ctrl Z}{Ctrl Z}{Ctrl Z}{Ctrl Y}", "one |"},
+        {"one{Left}x{Ctrl Z}", "on|e"},
+        {"one{Back}{Back}{Ctrl Z}", "one|"},
+        {"one{Home}{Del}{Del}{Ctrl Z}", "|one"},
+        {"one{Shift Home}{Ctrl B}{Ctrl Z}{Del}", "|"},
+        {"one{Shift Home}xyz{Ctrl Z}", "|one["},
+        {"one{Back}{Ctrl Z}{Ctrl Z}{Ctrl Shift Z}{Ctrl Shift Z}", "on|"},
+        {"one{Back}{Ctrl Z}x{Ctrl Y}{Ctrl Z}", "one|"},
+    };
+    for (const auto& c : cases) {
+        TEditForm f;
+        f.Press(c.Keys);
+        EXPECT_EQ(f.Shown(), c.Shown) << c.Keys;
+    }
+    static const char* keys[] = {"a",      " ",           "\\",       "{Back}",        "{Del}",    "{Ctrl B}",
+                                 "{Left}", "{Ctrl Down}", "{Ctrl A}", "{Shift Right}", "{Ctrl C}", "{Ctrl V}",
+                                 "{Home}", "{Ctrl Z}",    "{Ctrl Y}", "{Shift Home}",  "{Ctrl G}"};
+    TEditForm f;
+    f.Edit.SetCaption("\\bbegin\\b  with \\+this");
+    std::mt19937 random(3);
+    for (int round = 0; round < 3000; ++round) f.Press(keys[random() % std::size(keys)]);
+    while (f.Edit.GetModel().CanRedo()) f.Edit.Redo();
+    const TKxCaption last = f.Edit.GetCaption();
+    while (f.Edit.GetModel().CanUndo()) f.Edit.Undo();
+    EXPECT_EQ(f.Edit.GetCaption(), "\\bbegin\\b  with \\+this\\+");
+    while (f.Edit.GetModel().CanRedo()) f.Edit.Redo();
+    EXPECT_EQ(f.Edit.GetCaption(), last);
+}
+
+TEST(CaptionEdit, CopiesTextAndMarkupAndTakesBoth) {
+    TEditForm f;
+    THeadlessHost& host = test::Host();
+    f.Edit.SetCaption("x\\+2\\+  y");
+    f.Press("{Ctrl A}{Ctrl X}{Ctrl V}{Ctrl V}");
+    EXPECT_EQ(f.Edit.GetCaption(), "x\\+2\\+  yx\\+2\\+  y");
+    EXPECT_EQ(host.PasteText(), "x2 y");
+    f.Press("{Ctrl A}{Ctrl Shift V}");
+    EXPECT_EQ(f.Edit.GetCaption(), "x2 y");
+    const struct {
+        const char *Text, *After, *AsText;
+    } cases[] = {{"H\\-2\\-O", "H\\-2\\-O", "H\\\\-2\\\\-O"},
+                 {"C:\\bin\\include", "C:\\\\bin\\\\include", "C:\\\\bin\\\\include"},
+                 {"two\r\nlines\tand\x01 more", "two lines and more", "two lines and more"},
+                 {"\\bbold\\b\ntext", "\\bbold\\btext", "\\\\bbold\\\\b text"}};
+    for (const auto& c : cases) {
+        host.CopyText(c.Text);
+        f.Press("{Ctrl A}{Ctrl V}");
+        EXPECT_EQ(f.Edit.GetCaption(), c.After);
+        f.Press("{Ctrl A}{Ctrl Space}{Ctrl Shift V}");
+        EXPECT_EQ(f.Edit.GetCaption(), c.AsText);
+    }
+    f.Edit.SetMaxLength(5);
+    f.Edit.SetCaption("abc");
+    host.CopyText("12345");
+    f.Press("{Ctrl V}x");
+    EXPECT_EQ(f.Edit.GetCaption(), "abc12");
+    f.Edit.SetReadOnly(true);
+    f.Press("x{Back}{Ctrl A}{Ctrl X}{Ctrl V}{Ctrl B}{Ctrl Z}");
+    EXPECT_EQ(f.Edit.GetCaption(), "abc12");
+    EXPECT_EQ(host.PasteText(), "abc12");
+}
+
+TEST(CaptionEdit, TakesTheMouseAtTheCharactersThatItShows) {
+    TEditForm f;
+    f.Edit.SetCaption("T\\-max\\-  of x\\+2\\+, K");
+    for (const TAlignment alignment : {taLeftJustify, taCenter, taRightJustify}) {
+        f.Edit.SetAlignment(alignment);
+        for (int i = 0; i <= f.Edit.GetModel().GetLength(); ++i)
+            EXPECT_EQ(f.Edit.PlaceAt(f.Edit.PixelOf(i)), i);
+    }
+    EXPECT_EQ(f.Edit.PixelOf(4) - f.Edit.PixelOf(1), 3 * 4);
+    const auto shown = [&](int From, int To, TShiftState Shift = 0) {
+        f.MouseAt(From, To, Shift);
+        return f.Shown();
+    };
+    EXPECT_EQ(shown(2, 2), "Tm|ax of x2, K");
+    EXPECT_EQ(shown(1, 6), "T[max o|f x2, K");
+    EXPECT_EQ(shown(9, 9, ssShift), "T[max of x|2, K");
+    EXPECT_EQ(shown(2, 2, ssDouble), "[Tmax| of x2, K");
+    EXPECT_EQ(shown(2, 2), "[Tmax of x2, K|"); // the third
+    EXPECT_EQ(shown(6, 6, ssDouble), "Tmax [of| x2, K");
+    test::Host().Advance(1000);
+    EXPECT_EQ(shown(6, 6), "Tmax o|f x2, K");
+    EXPECT_EQ(shown(6, 2, ssDouble), "|Tmax of[ x2, K");
+    EXPECT_EQ(shown(0, 6, ssDouble), "[Tmax of| x2, K");
+}
+
+TEST(CaptionEdit, KeepsTheCaretInSightAndTheTextAtTheEdge) {
+    TEditForm f;
+    f.Edit.SetWidth(60);
+    f.Edit.SetCaption("0123456789012345678901234567890");
+    const auto inSight = [&] { return TRect{3, 1, 57, 23}.Contains(f.Edit.GetCaretRect().TopLeft()); };
+    for (const char* key : {"{Home}", "{End}", "{Left}", "x", "{Ctrl Left}", "{Shift End}", "{Back}"}) {
+        f.Press(key);
+        EXPECT_TRUE(inSight()) << key;
+        EXPECT_LE(f.Edit.PixelOf(0), 3) << key;
+        EXPECT_TRUE(f.Edit.PixelOf(f.Edit.GetModel().GetLength()) >= 56 || f.Edit.PixelOf(0) == 3) << key;
+    }
+}
+
+TEST(CaptionEdit, TellsOfChangesAndShowsWhatIsComposed) {
+    TEditForm f;
+    int changes = 0;
+    f.Edit.OnChange = [&](TControl*) { ++changes; };
+    f.Press("ab{Left}{Shift Left}{Ctrl C}{Ctrl B}{Ctrl B}{Ctrl Z}{Ctrl Y}{Del}");
+    EXPECT_EQ(changes, 7);
+    f.Edit.ShowComposed("ka", 1);
+    EXPECT_EQ(f.Edit.GetModel().GetShownCaption(), "\\uka\\ub");
+    EXPECT_EQ(f.Edit.GetCaption(), "b");
+    EXPECT_EQ(f.Edit.GetCaretRect().Left, 3 + 6);
+    f.Press("x");
+    EXPECT_EQ(f.Edit.GetModel().GetShownCaption(), "xb");
+}
+
+TEST(CaptionEdit, PaintsCaptionSelectionAndCaret) {
+    TEditForm f;
+    f.Edit.SetCaption("x\\+2\\+ of \\sa\\s\\-i\\-");
+    f.Press("{Home}{Right}{Shift Right}{Shift Right}");
+    test::Host().ProcessMessages();
+    std::string listing = test::ViewOf(f.Form).LastFrame.ToText();
+    f.Press("{Left}");
+    f.Edit.SetAlignment(taRightJustify);
+    test::Host().ProcessMessages();
+    listing += "-- without selection, at the right\n" + test::ViewOf(f.Form).LastFrame.ToText();
+    f.Edit.SetEnabled(false);
+    test::Host().ProcessMessages();
+    listing += "-- disabled\n" + test::ViewOf(f.Form).LastFrame.ToText();
+    test::ExpectRecording("captionedit", listing);
+}
+
+TEST(CaptionBar, ShowsAndSwitchesTheLooksOfItsEdit) {
+    TEditForm f;
+    auto bar = std::make_unique<TKxCaptionBar>(&f.Form);
+    bar->SetTop(50);
+    bar->SetParent(&f.Form);
+    bar->SetEdit(&f.Edit);
+    const auto press = [&](TKxCaptionSwitch Which) {
+        const TRect rect = bar->ButtonRect(Which);
+        test::PressAt(f.Form, *bar, {rect.Left + 3, rect.Top + 3});
+    };
+    const auto frame = [&] {
+        test::Host().ProcessMessages();
+        return test::ViewOf(f.Form).LastFrame.ToText();
+    };
+    f.Press("x");
+    const std::string off = frame();
+    press(TKxCaptionSwitch::Superscript);
+    f.Press("2");
+    press(TKxCaptionSwitch::Superscript);
+    press(TKxCaptionSwitch::Symbol);
+    f.Press("a");
+    EXPECT_EQ(f.Edit.GetCaption(), "x\\+2\\+\\sa\\s");
+    EXPECT_TRUE(f.Edit.IsFocused());
+    EXPECT_NE(frame(), off);
+    f.Edit.SetReadOnly(true);
+    press(TKxCaptionSwitch::Symbol);
+    EXPECT_TRUE(f.Edit.IsOn(TKxCaptionSwitch::Symbol));
+    f.Edit.SetReadOnly(false);
+    bar.reset();
+    f.Press("b"); // nobody is told any more
+    EXPECT_EQ(f.Edit.GetCaption(), "x\\+2\\+\\sab\\s");
+}
+
+} // namespace
+} // namespace kx
