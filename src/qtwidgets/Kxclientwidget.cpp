@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QHelpEvent>
 #include <QPaintEvent>
+#include <QPointer>
 #include <QScreen>
 #include <QTextDocument>
 #include <QToolTip>
@@ -36,8 +37,8 @@ QString PlainHint(const std::string& Hint) {
 
 } // namespace
 
-/// While a call into the client lasts; the client may let the widget go meanwhile, and Qt's own event for that
-/// is one, too.
+/// While a call into the client lasts; the client may let the widget go meanwhile, and Qt's own event for
+/// that is one, too.
 class TClientWidget::TCall {
 public:
     explicit TCall(TClientWidget& Widget) : FWidget(&Widget) { ++Widget.FCalls; }
