@@ -2,17 +2,20 @@
 
 #include <kxgraph/platform/objects/guarded.h>
 #include <kxgraph/qtwidgets/Kxqtmenu.h>
+#include <kxgraph/qtwidgets/Kxqttext.h>
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QHelpEvent>
+#include <QInputMethod>
 #include <QPaintEvent>
-#include <QPointer>
 #include <QScreen>
 #include <QTextDocument>
 #include <QToolTip>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace kx::qt {
 
@@ -37,27 +40,6 @@ QString PlainHint(const std::string& Hint) {
 
 } // namespace
 
-/// While a call into the client lasts; the client may let the widget go meanwhile, and Qt's own event for
-/// that is one, too.
-class TClientWidget::TCall {
-public:
-    explicit TCall(TClientWidget& Widget) : FWidget(&Widget) { ++Widget.FCalls; }
-    ~TCall() {
-        if (FWidget) --FWidget->FCalls;
-    }
-    TCall(const TCall&) = delete;
-    TCall& operator=(const TCall&) = delete;
-
-private:
-    QPointer<TClientWidget> FWidget;
-};
-
-template <class F>
-void TClientWidget::Tell(F Action) {
-    const TCall call(*this);
-    if (FClient) Guarded([&] { Action(*FClient); });
-}
-
 TClientWidget::TClientWidget(QWidget* Parent) : QWidget(Parent) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -71,6 +53,17 @@ void TClientWidget::SetClient(THostClient* Client) {
     FClient = Client;
     FBacking.Add(rect());
     update();
+}
+
+/// At the end of the program there may be no Qt to take it away, nor to show it.
+void TClientWidget::Leave() {
+    SetClient(nullptr);
+    if (!QCoreApplication::instance()) return;
+    hide();
+    if (IsBusy())
+        deleteLater();
+    else
+        delete this;
 }
 
 void TClientWidget::SetAntialias(bool Antialias) {
@@ -226,6 +219,27 @@ void TClientWidget::CursorBy(TCursor Cursor) {
         setCursor(ShapeOf(Cursor));
 }
 
+void TClientWidget::inputMethodEvent(QInputMethodEvent* Event) {
+    FComposes = !Event->preeditString().isEmpty();
+    bool taken = false;
+    Tell([&](THostClient& C) { taken = C.HostCompose(CompositionOf(*Event, C.HostTextInput())); });
+    Event->setAccepted(taken);
+}
+
+QVariant TClientWidget::inputMethodQuery(Qt::InputMethodQuery Query) const {
+    const QVariant answer = FClient ? AnswerOf(FClient->HostTextInput(), Query) : QVariant();
+    return answer.isValid() ? answer : QWidget::inputMethodQuery(Query);
+}
+
+void TClientWidget::TextInputBy() {
+    Tell([this](THostClient& C) { setAttribute(Qt::WA_InputMethodEnabled, C.HostTextInput().Takes); });
+    updateMicroFocus();
+}
+
+void TClientWidget::EndCompositionBy() {
+    if (std::exchange(FComposes, false)) QGuiApplication::inputMethod()->commit();
+}
+
 TClientWindow::~TClientWindow() {
     if (FWidget) FWidget->Released();
 }
@@ -253,6 +267,21 @@ void TClientWindow::SetCursor(TCursor Cursor) {
 }
 void TClientWindow::ShowMenu(THostMenu Menu, TPoint Pos) {
     if (FWidget) PopUp(Menu, *FWidget, QPoint(Pos.X, Pos.Y));
+}
+void TClientWindow::TextInputChanged() {
+    if (FWidget) FWidget->TextInputBy();
+}
+void TClientWindow::EndComposition() {
+    if (FWidget) FWidget->EndCompositionBy();
+}
+std::unique_ptr<THostWindow> TClientWindow::OpenPopup(THostClient& Client, const TRect& Beside) {
+    return FWidget ? FWidget->PopupBy(Client, Beside) : nullptr;
+}
+void TClientWindow::RunModal() {
+    if (FWidget) FWidget->RunModalBy();
+}
+void TClientWindow::EndModal() {
+    if (FWidget) FWidget->EndModalBy();
 }
 bool TClientWindow::KeepsTab() const { return !FWidget || FWidget->KeepsTab(); }
 

@@ -2,12 +2,16 @@
 // A widget that shows what a client of the platform paints, and tells it of all that the user does.
 
 #include <kxgraph/platform/host/host.h>
+#include <kxgraph/platform/objects/guarded.h>
 #include <kxgraph/qtwidgets/Kxbacking.h>
 #include <kxgraph/qtwidgets/Kxqtinput.h>
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QWidget>
+
+#include <memory>
 
 namespace kx::qt {
 
@@ -25,6 +29,8 @@ public:
     void SetAntialias(bool Antialias);
     bool GetAntialias() const { return FBacking.Antialias; }
 
+    QVariant inputMethodQuery(Qt::InputMethodQuery Query) const override;
+
     // What TClientWindow is asked by its form.
     virtual void PlaceBy(const TRect& Bounds) = 0;
     virtual void ShowBy(bool Visible) = 0;
@@ -36,10 +42,17 @@ public:
     void InvalidateBy(const TRect& Rect);
     void CaptureBy(bool Captured);
     void CursorBy(TCursor Cursor);
+    void TextInputBy();
+    void EndCompositionBy();
+    virtual std::unique_ptr<THostWindow> PopupBy(THostClient& Client, const TRect& Beside) = 0;
+    virtual void RunModalBy() {}
+    virtual void EndModalBy() {}
 
 protected:
     /// Null: nobody from now on.
     void SetClient(THostClient* Client);
+    /// Takes the widget of a client that has let it go away: now, or after the event that is being handled.
+    void Leave();
     /// Whether an event of this widget is being handled, during which it must not be deleted.
     bool IsBusy() const { return FCalls > 0; }
     /// Whether what is painted can be seen.
@@ -62,9 +75,22 @@ protected:
     void keyReleaseEvent(QKeyEvent* Event) override;
     void focusInEvent(QFocusEvent* Event) override;
     void focusOutEvent(QFocusEvent* Event) override;
+    void inputMethodEvent(QInputMethodEvent* Event) override;
 
 private:
-    class TCall;
+    /// While a call into the client lasts; the client may let the widget go meanwhile.
+    class TCall {
+    public:
+        explicit TCall(TClientWidget& Widget) : FWidget(&Widget) { ++Widget.FCalls; }
+        ~TCall() { // Qt's own event that deletes the widget is a call, too
+            if (FWidget) --FWidget->FCalls;
+        }
+        TCall(const TCall&) = delete;
+        TCall& operator=(const TCall&) = delete;
+
+    private:
+        QPointer<TClientWidget> FWidget;
+    };
     void AskFrame();
     QRegion DrawFrame();
     void SendMouse(QMouseEvent& Event, TMouseKind Kind, TShiftState More = 0);
@@ -77,8 +103,15 @@ private:
     QBasicTimer FFrameTimer;
     QElapsedTimer FSinceFrame;
     bool FFrameAsked = false, FPressed = false; // FPressed: any button is down
+    bool FComposes = false;
     int FCalls = 0;
 };
+
+template <class F>
+void TClientWidget::Tell(F Action) {
+    const TCall call(*this);
+    if (FClient) Guarded([&] { Action(*FClient); });
+}
 
 /// The window of a client as its form holds it. The widget may go first.
 class TClientWindow : public THostWindow {
@@ -97,6 +130,11 @@ public:
     void SetCapture(bool Captured) override;
     void SetCursor(TCursor Cursor) override;
     void ShowMenu(THostMenu Menu, TPoint Pos) override;
+    void TextInputChanged() override;
+    void EndComposition() override;
+    std::unique_ptr<THostWindow> OpenPopup(THostClient& Client, const TRect& Beside) override;
+    void RunModal() override;
+    void EndModal() override;
     bool KeepsTab() const override;
 
 private:

@@ -1,5 +1,6 @@
 #include <kxgraph/qtwidgets/Kxformview.h>
 
+#include <kxgraph/qtwidgets/Kxpopupwidget.h>
 #include <kxgraph/qtwidgets/Kxqtaccessible.h>
 
 #include <memory>
@@ -63,6 +64,10 @@ void FormView::resizeEvent(QResizeEvent* Event) {
 
 void FormView::GiveSize() {
     if (THostClient* client = GetClient()) client->HostResized({0, 0, width(), height()});
+}
+
+std::unique_ptr<THostWindow> FormView::PopupBy(THostClient& Client, const TRect& Beside) {
+    return TPopupWidget::Open(Client, *this, Beside);
 }
 
 } // namespace kx::qt

@@ -29,6 +29,7 @@ public:
     void ShowBy(bool Visible) override;
     bool KeepsTab() const override { return false; }
     void Released() override;
+    std::unique_ptr<THostWindow> PopupBy(THostClient& Client, const TRect& Beside) override;
 
 protected:
     bool IsSeen() const override { return FShown && TClientWidget::IsSeen(); }

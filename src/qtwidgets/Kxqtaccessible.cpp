@@ -26,6 +26,15 @@ QAccessible::Role RoleOf(TAccessibleRole Role) {
     case TAccessibleRole::Axis:
     case TAccessibleRole::Series: return QAccessible::Graphic;
     case TAccessibleRole::Text: return QAccessible::StaticText;
+    case TAccessibleRole::Edit: return QAccessible::EditableText;
+    case TAccessibleRole::Button: return QAccessible::Button;
+    case TAccessibleRole::CheckBox: return QAccessible::CheckBox;
+    case TAccessibleRole::List: return QAccessible::List;
+    case TAccessibleRole::ListItem: return QAccessible::ListItem;
+    case TAccessibleRole::ComboBox: return QAccessible::ComboBox;
+    case TAccessibleRole::SpinBox: return QAccessible::SpinBox;
+    case TAccessibleRole::Table: return QAccessible::Table;
+    case TAccessibleRole::Cell: return QAccessible::Cell;
     }
     return QAccessible::Pane;
 }
@@ -132,9 +141,13 @@ public:
     QAccessible::State state() const override {
         const TAccessiblePart* part = Part();
         QAccessible::State state;
-        state.readOnly = true;
         state.invalid = !part;
-        state.focused = part && part->Focused;
+        state.readOnly = !part || !part->Editable;
+        if (!part) return state;
+        state.focused = part->Focused;
+        state.disabled = !part->Enabled;
+        state.checked = part->Checked;
+        state.selected = part->Checked && part->Role == TAccessibleRole::ListItem;
         return state;
     }
 

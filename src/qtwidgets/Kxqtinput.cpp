@@ -55,6 +55,7 @@ Qt::CursorShape ShapeOf(TCursor Cursor) {
     case crHandPoint: return Qt::PointingHandCursor;
     case crDrag: return Qt::ClosedHandCursor;
     case crNoDrop: return Qt::ForbiddenCursor;
+    case crIBeam: return Qt::IBeamCursor;
     }
     return Qt::ArrowCursor;
 }

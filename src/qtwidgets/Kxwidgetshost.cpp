@@ -71,6 +71,8 @@ void TQtWidgetsHost::SetCursor(TCursor Cursor) {
     if (Cursor != crDefault) QGuiApplication::setOverrideCursor(ShapeOf(Cursor));
 }
 
+int TQtWidgetsHost::CaretBlinkTime() const { return QApplication::cursorFlashTime() / 2; }
+
 void TQtWidgetsHost::CopyToClipboard(const TMetafile& Picture) {
     QGuiApplication::clipboard()->setMimeData(MimeOf(Picture).release());
 }

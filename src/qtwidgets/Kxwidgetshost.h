@@ -22,6 +22,7 @@ public:
     TSize ScreenSize() const override;
     int PixelsPerInch() const override { return 96; }
     void SetCursor(TCursor Cursor) override;
+    int CaretBlinkTime() const override;
     void CopyToClipboard(const TMetafile& Picture) override;
     void CopyText(const std::string& Text) override;
     std::string PasteText() const override;

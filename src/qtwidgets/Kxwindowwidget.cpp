@@ -1,10 +1,14 @@
 #include <kxgraph/qtwidgets/Kxwindowwidget.h>
 
 #include <kxgraph/platform/base/scopedvalue.h>
+#include <kxgraph/qtwidgets/Kxpopupwidget.h>
 #include <kxgraph/qtwidgets/Kxqtaccessible.h>
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QCoreApplication>
+#include <QEventLoop>
+#include <QPointer>
+#include <QWindow>
 
 namespace kx::qt {
 
@@ -48,15 +52,28 @@ void TWindowWidget::StateBy(TWindowState State) {
                                           : others | Qt::WindowMinimized);
 }
 
-/// At the end of the program there may be no Qt to take it away, nor to show it.
 void TWindowWidget::Released() {
-    SetClient(nullptr);
-    if (!QCoreApplication::instance()) return;
-    hide();
-    if (IsBusy())
-        deleteLater();
-    else
-        delete this;
+    EndModalBy();
+    Leave();
+}
+
+void TWindowWidget::RunModalBy() {
+    const QPointer<QWidget> before = QApplication::activeWindow();
+    setWindowModality(Qt::ApplicationModal);
+    winId(); // makes the window, which then stands over the one that was in use
+    if (before && before != this && before->windowHandle())
+        windowHandle()->setTransientParent(before->windowHandle());
+    show();
+    activateWindow();
+    const QPointer<QWidget> self = this;
+    QEventLoop loop;
+    FLoop = &loop;
+    loop.exec(QEventLoop::DialogExec);
+    if (self) FLoop = nullptr; // its form may have gone meanwhile
+}
+
+void TWindowWidget::EndModalBy() {
+    if (FLoop) FLoop->quit();
 }
 
 /// Tells the client of the state and the place that the desktop has given the window.
@@ -91,6 +108,10 @@ void TWindowWidget::changeEvent(QEvent* Event) {
 void TWindowWidget::closeEvent(QCloseEvent* Event) {
     Event->accept();
     if (GetClient()) GetClient()->HostClosed();
+}
+
+std::unique_ptr<THostWindow> TWindowWidget::PopupBy(THostClient& Client, const TRect& Beside) {
+    return TPopupWidget::Open(Client, *this, Beside);
 }
 
 } // namespace kx::qt

@@ -3,6 +3,8 @@
 
 #include <kxgraph/qtwidgets/Kxclientwidget.h>
 
+class QEventLoop;
+
 namespace kx::qt {
 
 /// Belongs to its client: it goes when that lets its window go.
@@ -16,6 +18,9 @@ public:
     void StateBy(TWindowState State) override;
     bool KeepsTab() const override { return true; }
     void Released() override;
+    std::unique_ptr<THostWindow> PopupBy(THostClient& Client, const TRect& Beside) override;
+    void RunModalBy() override;
+    void EndModalBy() override;
 
 protected:
     void resizeEvent(QResizeEvent* Event) override;
@@ -29,6 +34,7 @@ private:
     TRect FReported;
     TWindowState FState = wsNormal;
     bool FPlacing = false;
+    QEventLoop* FLoop = nullptr; // of RunModalBy
 };
 
 } // namespace kx::qt

@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QImage>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -176,6 +177,50 @@ TEST(FormView, CopiesAGraphInAllFormats) {
     for (const auto& [format, beginning] : beginnings)
         EXPECT_TRUE(mime->data(format).startsWith(beginning)) << format;
     EXPECT_EQ(qvariant_cast<QImage>(mime->imageData()).width(), 2 * g.Graph->GetWidth());
+}
+
+/// Takes text after a clef, which is two units of UTF-16.
+struct TComposing : TProbe {
+    using TProbe::TProbe;
+    bool Compose(const TComposition& Composition) override {
+        Heard = Composition;
+        return true;
+    }
+    THostTextInput TextInput() const override {
+        return {.Takes = true,
+                .Left = 7,
+                .Top = 3,
+                .Height = 12,
+                .Text = "\U0001D11Eab",
+                .Caret = 2,
+                .Anchor = 1};
+    }
+    TComposition Heard;
+};
+
+TEST(FormView, TellsInputMethodsWhereTextGoesAndHearsWhatTheyCompose) {
+    TProbeForm f;
+    TComposing field(&f.Form);
+    field.SetParent(&f.Form);
+    field.SetBounds(30, 40, 50, 20);
+    qt::FormView view(f.Form);
+    EXPECT_FALSE(view.testAttribute(Qt::WA_InputMethodEnabled)) << "the probe takes no text";
+    field.SetFocus();
+    EXPECT_TRUE(view.testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_EQ(view.inputMethodQuery(Qt::ImCursorRectangle).toRect(), QRect(37, 43, 1, 12));
+    EXPECT_EQ(view.inputMethodQuery(Qt::ImCursorPosition).toInt(), 3);
+    EXPECT_EQ(view.inputMethodQuery(Qt::ImAnchorPosition).toInt(), 2);
+    EXPECT_EQ(view.inputMethodQuery(Qt::ImCurrentSelection).toString(), "a");
+    QInputMethodEvent event(QString::fromUtf8("\U0001D11E\u304B"),
+                            {{QInputMethodEvent::Cursor, 2, 1, QVariant()}});
+    event.setCommitString("x", -3, 3);
+    QApplication::sendEvent(&view, &event);
+    const TComposition& heard = field.Heard;
+    EXPECT_EQ(heard.Text, "\U0001D11E\u304B");
+    EXPECT_EQ(heard.Caret, 1);
+    EXPECT_EQ(heard.Commit, "x");
+    EXPECT_EQ(heard.ReplaceFrom, -2);
+    EXPECT_EQ(heard.ReplaceLength, 2);
 }
 
 } // namespace

@@ -60,6 +60,11 @@ public:
     /// whether one did. Tab, with or without Shift, moves the focus where nobody else takes it.
     bool DispatchKey(const TKeyStroke& Stroke, bool Down);
 
+    /// Gives what an input method composes to the control that has the focus; answers whether it took it.
+    bool DispatchComposition(const TComposition& Composition);
+    /// What the control that has the focus tells input methods, in pixels of this topmost control.
+    THostTextInput FocusedTextInput() const;
+
     /// Whether Tab and a press of the left button give the focus to this control.
     bool GetTabStop() const { return FTabStop; }
     void SetTabStop(bool TabStop) { FTabStop = TabStop; }
@@ -72,6 +77,8 @@ public:
     /// Takes the focus of its window; does nothing where it cannot have it.
     void SetFocus();
     bool IsFocused() const;
+    /// Whether the keys come here: the control is focused in a window that takes them.
+    bool HasKeys() const { return IsFocused() && WindowTakesKeys(); }
     /// Moves the focus of this topmost control to the next, or the one before, in the order of Tab. In a
     /// window that does not keep Tab there is none behind the last one: the focus goes. Answers whether any
     /// control has it.
@@ -98,6 +105,7 @@ public:
 
 protected:
     friend class TControl;
+    friend class TForm;
     friend void PaintTree(TWinControl&, TCanvasDevice&, const TRect&);
     void CMFontChanged() override;
     void CMColorChanged() override;
@@ -116,6 +124,18 @@ protected:
     /// Whether the control took the stroke.
     virtual bool KeyDown(const TKeyStroke& Stroke);
     virtual bool KeyUp(const TKeyStroke& Stroke);
+    /// A stroke that nobody took on the way up from the focus: every control that is visible and enabled is
+    /// asked, until one takes it. For the keys of default buttons and of captions.
+    virtual bool DialogKey(const TKeyStroke&) { return false; }
+    /// An input method composes; whether the control took it. Here a text that is committed is typed.
+    virtual bool Compose(const TComposition& Composition);
+    /// What input methods are told while the control has the focus, in its pixels.
+    virtual THostTextInput TextInput() const { return {}; }
+    /// To be called after a change of what TextInput answers.
+    void TextInputChanged() const;
+    /// The control has the focus, and its window takes the keys from now on, or takes them no more.
+    virtual void CMActiveChanged() { Invalidate(); }
+    virtual bool WindowTakesKeys() const { return GetParent() && GetParent()->WindowTakesKeys(); }
 
 private:
     void InsertControl(TControl* Control);
@@ -128,6 +148,7 @@ private:
     void HoverOver(TControl* Control);
     void MoveFocus(TWinControl* Control);
     void FocusByPress(TControl& Control);
+    bool AskDialogKey(const TKeyStroke& Stroke);
     void ReleaseMouse(const TControl& Control);
     void ReleaseInput(const TControl& Control);
     void ForgetMouse(const TControl& Control);

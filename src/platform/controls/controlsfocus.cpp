@@ -24,6 +24,14 @@ void AddStops(const TWinControl& Root, std::vector<TWinControl*>& Stops) {
     }
 }
 
+/// Adds the visible and enabled controls of the tree, every one after its children.
+void AddUsable(TWinControl& Root, std::vector<TComponentRef<TWinControl>>& Usable) {
+    if (!Root.GetVisible() || !Root.GetEnabled()) return;
+    for (TControl* child : Root.GetControls())
+        if (auto* windowed = dynamic_cast<TWinControl*>(child)) AddUsable(*windowed, Usable);
+    Usable.emplace_back(&Root);
+}
+
 } // namespace
 
 bool TWinControl::CanFocus() const {
@@ -42,10 +50,25 @@ bool TWinControl::IsFocused() const { return Topmost()->FFocused == this; }
 void TWinControl::MoveFocus(TWinControl* Control) {
     if (Control == FFocused) return;
     TDispatch left(*this, FFocused), entered(*this, Control);
+    if (THostWindow* window = GetHostWindow()) window->EndComposition();
+    if (!entered.Root || (Control && !entered.Target)) return;
     FFocused = Control;
     left.Call([](TControl& T) { static_cast<TWinControl&>(T).Exit(); });
     if (entered.Root && FFocused == entered.Target)
         entered.Call([](TControl& T) { static_cast<TWinControl&>(T).Enter(); });
+    if (entered.Root) TextInputChanged();
+}
+
+/// Asks the controls of this topmost one's tree from the bottom to the top, itself last.
+bool TWinControl::AskDialogKey(const TKeyStroke& Stroke) {
+    std::vector<TComponentRef<TWinControl>> asked;
+    AddUsable(*this, asked);
+    bool taken = false;
+    for (const auto& control : asked) {
+        if (control) Guarded([&] { taken = control->DialogKey(Stroke); });
+        if (taken) break;
+    }
+    return taken;
 }
 
 /// A press of the left button on Control gives the focus to the nearest one that takes it.
@@ -94,10 +117,38 @@ bool TWinControl::DispatchKey(const TKeyStroke& Stroke, bool Down) {
         });
         if (dispatch.Target && !taken) dispatch.Target = dispatch.Target->GetParent();
     }
-    const bool moves =
-        Down && !taken && dispatch.Root && Stroke.Key == kcTab && !(Stroke.Shift & (ssCtrl | ssAlt));
-    if (moves) return root.FocusNext(!(Stroke.Shift & ssShift));
+    if (taken || !Down || !dispatch.Root) return taken;
+    if (Stroke.Key == kcTab && !(Stroke.Shift & (ssCtrl | ssAlt)))
+        return root.FocusNext(!(Stroke.Shift & ssShift));
+    return root.AskDialogKey(Stroke);
+}
+
+bool TWinControl::DispatchComposition(const TComposition& Composition) {
+    TWinControl& root = *Topmost();
+    if (!root.GetEnabled() || !root.FFocused) return false;
+    TDispatch dispatch(root, root.FFocused);
+    bool taken = false;
+    dispatch.Call([&](TControl& T) { taken = static_cast<TWinControl&>(T).Compose(Composition); });
     return taken;
+}
+
+bool TWinControl::Compose(const TComposition& Composition) {
+    return !Composition.Commit.empty() && KeyDown({.Key = kcNone, .Text = Composition.Commit});
+}
+
+THostTextInput TWinControl::FocusedTextInput() const {
+    const TWinControl* focused = Topmost()->FFocused;
+    if (!focused) return {};
+    THostTextInput input = focused->TextInput();
+    const TPoint place = focused->ClientToRoot({input.Left, input.Top});
+    input.Left = place.X;
+    input.Top = place.Y;
+    return input;
+}
+
+void TWinControl::TextInputChanged() const {
+    if (THostWindow* window = IsFocused() || !GetParent() ? GetHostWindow() : nullptr)
+        window->TextInputChanged();
 }
 
 void TWinControl::Enter() {

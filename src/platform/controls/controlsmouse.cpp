@@ -160,7 +160,10 @@ void TWinControl::ForgetMouse(const TControl& Control) {
     ReleaseMouse(Control);
     for (TWinControl* root = this; root; root = root->GetParent()) {
         root->ForgetDrag(Control);
-        if (IsWithin(root->FFocused, Control)) root->FFocused = nullptr;
+        if (IsWithin(root->FFocused, Control)) {
+            root->FFocused = nullptr;
+            root->TextInputChanged();
+        }
         for (TDispatch* dispatch = root->FDispatch; dispatch; dispatch = dispatch->Outer)
             if (IsWithin(dispatch->Target, Control)) dispatch->Target = nullptr;
     }

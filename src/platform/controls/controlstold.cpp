@@ -18,7 +18,8 @@ TAccessiblePart TControl::Accessible() const {
             .Name = FText.empty() ? GetName() : FText,
             .Value = {},
             .Description = FHint,
-            .Bounds = FBounds};
+            .Bounds = FBounds,
+            .Enabled = FEnabled};
 }
 
 TAccessiblePart TWinControl::Accessible() const {

@@ -1,5 +1,6 @@
 #include <kxgraph/platform/controls/form.h>
 
+#include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/base/scopedvalue.h>
 #include <kxgraph/platform/controls/frame.h>
 #include <kxgraph/platform/host/application.h>
@@ -14,16 +15,46 @@ TForm::~TForm() {
     EndRequests();
 }
 
+void TForm::OpenWindow() {
+    if (FWindow) return;
+    FWindow = TApplication::Instance().GetHost().OpenWindow(*this);
+    FWindow->SetCaption(GetText());
+    FWindow->SetBounds(FNormalBounds);
+    FWindow->SetState(FState);
+}
+
 void TForm::Show() {
-    if (!FWindow) {
-        FWindow = TApplication::Instance().GetHost().OpenWindow(*this);
-        FWindow->SetCaption(GetText());
-        FWindow->SetBounds(FNormalBounds);
-        FWindow->SetState(FState);
-    }
+    OpenWindow();
     FShown = true;
     SetVisible(true);
     UpdateWindow();
+}
+
+int TForm::ShowModal() {
+    if (IsShown() || FModal) throw Exception("A form that is shown cannot become modal");
+    const TComponentRef<TForm> self(this);
+    OpenWindow();
+    FModal = FShown = true;
+    FModalResult = mrNone;
+    SetVisible(true);
+    EndRequests();
+    if (!GetFocused()) FocusNext(true);
+    FWindow->RunModal();
+    if (!self) return mrCancel;
+    FModal = false;
+    Hide();
+    return FModalResult == mrNone ? mrCancel : FModalResult;
+}
+
+void TForm::SetModalResult(int Result) {
+    FModalResult = Result;
+    if (FModal && Result != mrNone && FWindow) FWindow->EndModal();
+}
+
+bool TForm::DialogKey(const TKeyStroke& Stroke) {
+    if (!FModal || Stroke.Key != kcEscape) return false;
+    SetModalResult(mrCancel);
+    return true;
 }
 
 void TForm::ShowIn(std::unique_ptr<THostWindow> Window) {
@@ -106,7 +137,7 @@ bool TForm::HostWheel(const TWheelTurn& Turn, TShiftState Shift, TPoint Pos) {
 void TForm::HostActivated(bool Active) {
     if (FActive == Active) return;
     FActive = Active;
-    if (TWinControl* focused = GetFocused()) focused->Invalidate();
+    if (TWinControl* focused = GetFocused()) Guarded([&] { focused->CMActiveChanged(); });
     Guarded([&] { (Active ? OnActivate : OnDeactivate)(this); });
 }
 
@@ -134,6 +165,7 @@ TAccessiblePart TForm::HostAccessible() {
 }
 
 void TForm::HostClosed() {
+    if (FModal) SetModalResult(mrCancel);
     Hide();
     Guarded([&] { OnClose(this); });
 }

@@ -11,6 +11,9 @@ template <>
 inline constexpr auto CEnumNames<TPosition> = std::to_array<std::string_view>({"poDesigned",
                                                                                "poScreenCenter"});
 
+/// How a modal form was left; programs may have other numbers.
+enum TModalResult : int { mrNone, mrOk, mrCancel, mrYes, mrNo };
+
 /// A window of 640 x 480 pixels. Closed after construction; Show opens it on the application's host.
 class TForm : public TCustomControl, private THostClient {
 public:
@@ -19,6 +22,14 @@ public:
 
     void Show();
     void Hide();
+    /// Shows the form so that no other window takes input, and returns when ModalResult is set: by a button,
+    /// by the program, or mrCancel where the window is closed and, unless a button takes it, by Escape. Then
+    /// it is hidden. Raises Exception "A form that is shown cannot become modal".
+    int ShowModal();
+    int GetModalResult() const { return FModalResult; }
+    /// Another number than mrNone ends ShowModal.
+    void SetModalResult(int Result);
+    bool IsModal() const { return FModal; }
     /// Shows the form in Window, a part of another window, instead of in one of its own; null takes it away.
     void ShowIn(std::unique_ptr<THostWindow> Window);
     bool IsShown() const { return FWindow != nullptr && FShown; }
@@ -53,8 +64,11 @@ protected:
     void Paint() override;
     void CMTextChanged() override;
     void CMVisibleChanged() override;
+    bool DialogKey(const TKeyStroke& Stroke) override;
+    bool WindowTakesKeys() const override { return FActive; }
 
 private:
+    void OpenWindow();
     void UpdateWindow();
     void HostSettle() override;
     void HostPaint(TCanvasDevice& Device, const TRect& Dirty) override;
@@ -68,11 +82,14 @@ private:
     void HostDropped() override { EndRequests(); }
     void HostStateChanged(TWindowState State, const TRect& Normal) override;
     void HostEntered(bool Forward) override;
+    bool HostCompose(const TComposition& Composition) override { return DispatchComposition(Composition); }
+    THostTextInput HostTextInput() override { return FocusedTextInput(); }
     THostHint HostHint(TPoint Pos) override { return HintAt(Pos); }
     TAccessiblePart HostAccessible() override;
 
     std::unique_ptr<THostWindow> FWindow;
-    bool FShown = false, FActive = false;
+    bool FShown = false, FActive = false, FModal = false;
+    int FModalResult = mrNone;
     bool FTakingHostBounds = false;
     TRect FNormalBounds;
     TWindowState FState = wsNormal;

@@ -8,7 +8,23 @@
 
 namespace kx {
 
-enum class TAccessibleRole { Window, Panel, Graph, Axis, Series, Text };
+enum class TAccessibleRole {
+    Window,
+    Panel,
+    Graph,
+    Axis,
+    Series,
+    Text,
+    Edit,
+    Button,
+    CheckBox,
+    List,
+    ListItem,
+    ComboBox,
+    SpinBox,
+    Table,
+    Cell
+};
 
 /// A part of a window, with the parts that lie in it. A value: it tells how things were when it was asked
 /// for.
@@ -19,6 +35,9 @@ struct TAccessiblePart {
     std::string Description; ///< more about it
     TRect Bounds;            ///< pixels of the part that it lies in
     bool Focused = false;
+    bool Enabled = true;
+    bool Checked = false;  ///< of a check box, or the chosen item of a list
+    bool Editable = false; ///< whether the user can change Value
     std::vector<TAccessiblePart> Parts = {};
 };
 

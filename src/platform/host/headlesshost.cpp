@@ -36,12 +36,15 @@ public:
 
     void SetBounds(const TRect& Bounds) override {
         const bool resized = Bounds.Size() != FView.Bounds.Size();
-        FView.Bounds = Bounds;
+        FView.Bounds =
+            FView.PopupOf && FHost ? PopupPlace(FBeside, Bounds.Size(), FHost->FScreenSize) : Bounds;
         if (resized) InvalidateAll();
     }
     void SetVisible(bool Visible) override {
-        if (Visible && !FView.Visible) InvalidateAll();
+        const bool changes = Visible != FView.Visible;
+        if (Visible && changes) InvalidateAll();
         FView.Visible = Visible;
+        if (FView.PopupOf && changes) FClient.HostActivated(Visible);
     }
     void SetCaption(const std::string& Caption) override { FView.Caption = Caption; }
     void SetState(TWindowState State) override {
@@ -63,6 +66,28 @@ public:
         FView.Menu = std::move(Menu);
         FView.MenuPos = Pos;
     }
+    void TextInputChanged() override {
+        Guarded([&] { FView.TextInput = FClient.HostTextInput(); });
+    }
+    /// What a test has the client compose it commits itself.
+    void EndComposition() override { ++FView.EndedCompositions; }
+    std::unique_ptr<THostWindow> OpenPopup(THostClient& Client, const TRect& Beside) override {
+        if (!FHost) return nullptr;
+        auto popup = std::make_unique<TWindow>(*FHost, Client);
+        popup->FView.PopupOf = &FClient;
+        popup->FBeside = Beside.MovedBy(FView.Bounds.TopLeft());
+        return popup;
+    }
+    void RunModal() override {
+        if (!FHost) return;
+        THeadlessHost& host = *FHost;
+        FView.Modal = true;
+        SetVisible(true);
+        FClient.HostActivated(true);
+        host.RunWhile([&] { return Holds(host.FWindows, this) && FView.Modal; });
+        if (Holds(host.FWindows, this)) FView.Modal = false;
+    }
+    void EndModal() override { FView.Modal = false; }
     THostMenu TakeMenu() { return std::exchange(FView.Menu, {}); }
 
     bool NeedsFrame() const {
@@ -81,6 +106,7 @@ public:
         ++FView.Frames;
     }
     bool IsOf(const THostClient& Client) const { return &FClient == &Client; }
+    THostClient& Client() const { return FClient; }
     const TWindowView& View() const { return FView; }
     void LoseHost() { FHost = nullptr; }
 
@@ -90,7 +116,7 @@ private:
     THeadlessHost* FHost;
     THostClient& FClient;
     TWindowView FView;
-    TRect FNormalBounds;
+    TRect FNormalBounds, FBeside; // FBeside: on the screen
 };
 
 class THeadlessHost::TTimerEntry : public THostTimer {
@@ -155,17 +181,22 @@ void THeadlessHost::ProcessMessages() {
         if (Holds(FWindows, window) && window->NeedsFrame()) window->DrawFrame();
 }
 
-void THeadlessHost::Run() {
-    FQuit = false;
-    while (!FQuit) {
+template <class F>
+void THeadlessHost::RunWhile(F Goes) {
+    while (Goes()) {
         ProcessMessages();
-        if (FQuit) return;
+        if (!Goes()) return;
         const auto next = std::ranges::min_element(FTimers, {}, &TTimerEntry::Due);
         if (next != FTimers.end())
             Advance(static_cast<int>(std::max(0LL, (*next)->Due() - FNow)));
         else if (std::ranges::none_of(FWindows, &TWindow::NeedsFrame) && !HasPosted())
             return;
     }
+}
+
+void THeadlessHost::Run() {
+    FQuit = false;
+    RunWhile([this] { return !FQuit; });
 }
 
 void THeadlessHost::Advance(int Milliseconds) {
@@ -179,20 +210,36 @@ void THeadlessHost::Advance(int Milliseconds) {
     FNow = std::max(FNow, until);
 }
 
-const THeadlessHost::TWindowView* THeadlessHost::WindowOf(const THostClient& Client) const {
+THeadlessHost::TWindow* THeadlessHost::Find(const THostClient& Client) const {
     const auto found =
         std::ranges::find_if(FWindows, [&](const TWindow* Window) { return Window->IsOf(Client); });
-    return found == FWindows.end() ? nullptr : &(*found)->View();
+    return found == FWindows.end() ? nullptr : *found;
+}
+
+const THeadlessHost::TWindowView* THeadlessHost::WindowOf(const THostClient& Client) const {
+    const TWindow* window = Find(Client);
+    return window ? &window->View() : nullptr;
+}
+
+THostClient* THeadlessHost::PopupBeside(const THostClient& Client) const {
+    for (auto window = FWindows.rbegin(); window != FWindows.rend(); ++window)
+        if ((*window)->View().PopupOf == &Client && (*window)->View().Visible) return &(*window)->Client();
+    return nullptr;
+}
+
+bool THeadlessHost::PressOutside(THostClient& Client) {
+    const TWindow* window = Find(Client);
+    if (!window || !window->View().PopupOf || !window->View().Visible) return false;
+    Client.HostClosed();
+    return true;
 }
 
 bool THeadlessHost::PickMenuItem(const THostClient& Client, std::string_view Caption) {
-    const auto window =
-        std::ranges::find_if(FWindows, [&](const TWindow* Window) { return Window->IsOf(Client); });
-    const THostMenuItem* item =
-        window == FWindows.end() ? nullptr : FindItem((*window)->View().Menu, Caption);
+    TWindow* window = Find(Client);
+    const THostMenuItem* item = window ? FindItem(window->View().Menu, Caption) : nullptr;
     if (!item || !item->Enabled || !item->Pick) return false;
     const auto pick = item->Pick;
-    (*window)->TakeMenu();
+    window->TakeMenu();
     Guarded(pick);
     return true;
 }

@@ -60,11 +60,19 @@ public:
         TWindowState State = wsNormal;
         THostMenu Menu; ///< the last one that was shown and of which nothing was picked
         TPoint MenuPos;
+        const THostClient* PopupOf = nullptr; ///< of a popup: the client of the window that it is beside
+        bool Modal = false;                   ///< keeps input from other windows now
+        THostTextInput TextInput;             ///< as the client told it last
+        int EndedCompositions = 0;            ///< how often the client has asked for that
     };
+    /// The client of the popup that was opened last beside the window of Client; null when none is shown.
+    THostClient* PopupBeside(const THostClient& Client) const;
     /// Null when Client has no window.
     const TWindowView* WindowOf(const THostClient& Client) const;
     /// Picks the first item with that caption of the menu that the window of Client shows; false when there
     /// is none, or it is disabled.
+    /// What a user does who presses somewhere outside the popup of Client. False when it has none.
+    bool PressOutside(THostClient& Client);
     bool PickMenuItem(const THostClient& Client, std::string_view Caption);
 
 private:
@@ -72,6 +80,11 @@ private:
     class TTimerEntry;
     friend class TWindow;
     friend class TTimerEntry;
+
+    TWindow* Find(const THostClient& Client) const;
+    /// Turns frames and timers while Goes answers true, or until nothing is left to do.
+    template <class F>
+    void RunWhile(F Goes);
 
     std::vector<TWindow*> FWindows;
     std::vector<TTimerEntry*> FTimers;

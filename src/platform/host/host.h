@@ -16,11 +16,22 @@ namespace kx {
 
 class TMetafile;
 
-enum TCursor { crDefault, crArrow, crCross, crHourGlass, crSizeWE, crSizeNS, crHandPoint, crDrag, crNoDrop };
+enum TCursor {
+    crDefault,
+    crArrow,
+    crCross,
+    crHourGlass,
+    crSizeWE,
+    crSizeNS,
+    crHandPoint,
+    crDrag,
+    crNoDrop,
+    crIBeam
+};
 template <>
 inline constexpr auto CEnumNames<TCursor> =
     std::to_array<std::string_view>({"crDefault", "crArrow", "crCross", "crHourGlass", "crSizeWE", "crSizeNS",
-                                     "crHandPoint", "crDrag", "crNoDrop"});
+                                     "crHandPoint", "crDrag", "crNoDrop", "crIBeam"});
 enum TWindowState { wsNormal, wsMinimized, wsMaximized };
 template <>
 inline constexpr auto CEnumNames<TWindowState> = std::to_array<std::string_view>({"wsNormal", "wsMinimized",
@@ -54,6 +65,10 @@ public:
     virtual void HostStateChanged(TWindowState, const TRect& /*Normal*/) {}
     /// Keys come to the window from what stands before or behind it in the order of Tab.
     virtual void HostEntered(bool /*Forward*/) {}
+    /// An input method composes or has composed text. Answers whether anybody took it.
+    virtual bool HostCompose(const TComposition&) { return false; }
+    /// Whether text is taken, and where; in pixels of the client area.
+    virtual THostTextInput HostTextInput() { return {}; }
     virtual THostHint HostHint(TPoint) { return {}; }
     virtual TAccessiblePart HostAccessible() { return {}; }
     /// The window has lost what it was asked to paint. To be called where that happens without a HostPaint,
@@ -78,9 +93,25 @@ public:
     virtual void SetCursor(TCursor Cursor) = 0;
     /// Shows a menu at a point of the client area and returns; its items are picked later, or never.
     virtual void ShowMenu(THostMenu, TPoint) {}
+    /// What HostTextInput answers has changed.
+    virtual void TextInputChanged() {}
+    /// Has what is being composed committed now, to the control that has composed it.
+    virtual void EndComposition() {}
+    /// A window without borders beside a rectangle of this one's client area, below it where the screen has
+    /// room, else above. It takes keys and mouse while it is shown. Escape is its client's; a press elsewhere
+    /// closes it (HostClosed). Null where a host has none.
+    virtual std::unique_ptr<THostWindow> OpenPopup(THostClient&, const TRect& /*Beside*/) { return nullptr; }
+    /// Shows the window, keeps input from all others and handles what comes, until EndModal or until it has
+    /// gone.
+    virtual void RunModal() {}
+    virtual void EndModal() {}
     /// Whether Tab goes round in this window. In one that is a part of another it leaves at the end.
     virtual bool KeepsTab() const { return true; }
 };
+
+/// Where a popup of that size goes beside a rectangle of the screen: below, above where only that has room,
+/// and as far to the left as the screen demands.
+TRect PopupPlace(const TRect& Beside, TSize Size, TSize Screen);
 
 /// A running timer; destroying it stops it.
 class THostTimer {
@@ -98,6 +129,8 @@ public:
     virtual int PixelsPerInch() const = 0;
     /// Advance width and cell height on the screen, the angle left out of account.
     virtual void SetCursor(TCursor Cursor) = 0;
+    /// Milliseconds for which a caret is shown, and as long hidden; 0: always shown.
+    virtual int CaretBlinkTime() const { return 500; }
     virtual void CopyToClipboard(const TMetafile& Picture) = 0;
     /// Text for the clipboard, and the text that is there; both UTF-8.
     virtual void CopyText(const std::string&) {}

@@ -1,6 +1,7 @@
 #pragma once
 // What a user does with mouse, wheel and keys, as the host tells it.
 
+#include <string>
 #include <string_view>
 
 namespace kx {
@@ -53,10 +54,28 @@ enum TKeyCode : int {
 
 /// One press or release of a key.
 struct TKeyStroke {
-    int Key = kcNone;      ///< a TKeyCode
-    std::string_view Text; ///< what it types; empty for keys that type nothing
+    int Key = kcNone;           ///< a TKeyCode
+    std::string_view Text = {}; ///< what it types; empty for keys that type nothing
     TShiftState Shift = 0;
     bool Repeats = false; ///< the key is held down
+};
+
+/// What an input method makes of keys on the way to text: CJK syllables, accents, emoji.
+struct TComposition {
+    std::string Text = {};   ///< not yet text, shown at the caret; empty: nothing is composed any more
+    int Caret = 0;           ///< in Text, in characters
+    std::string Commit = {}; ///< what becomes text before, in the place of the selection and of the last Text
+    /// Characters that Commit replaces, counted from the caret, or what is selected.
+    int ReplaceFrom = 0, ReplaceLength = 0;
+};
+
+/// What input methods are told of the control that has the focus.
+struct THostTextInput {
+    bool Takes = false;    ///< whether it takes text
+    int Left = 0, Top = 0; ///< of the caret
+    int Width = 1, Height = 0;
+    std::string Text = {};     ///< the line that the caret stands in
+    int Caret = 0, Anchor = 0; ///< ends of the selection in Text, in characters
 };
 
 } // namespace kx

@@ -1,0 +1,17 @@
+#pragma once
+// What input methods of Qt say and ask, in the words of the platform. Qt counts UTF-16 units, the platform
+// characters.
+
+#include <kxgraph/platform/host/input.h>
+
+#include <QInputMethodEvent>
+#include <QVariant>
+
+namespace kx::qt {
+
+/// Input: what the control that has the focus has told.
+TComposition CompositionOf(const QInputMethodEvent& Event, const THostTextInput& Input);
+/// The answer to Query; no value where Input has none.
+QVariant AnswerOf(const THostTextInput& Input, Qt::InputMethodQuery Query);
+
+} // namespace kx::qt
