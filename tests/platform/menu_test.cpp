@@ -37,6 +37,11 @@ TEST(Menu, IsShownByTheWindowAndItsItemsMayGoBeforeTheyArePicked) {
     const auto pick = [&](const char* Caption) {
         return test::Host().PickMenuItem(form.AsHostClient(), Caption);
     };
+    EXPECT_TRUE(pick("Line"));
+    log.clear();
+    panel.SetFocus();
+    EXPECT_TRUE(form.AsHostClient().HostKey({.Key = kcF1 + 9, .Shift = ssShift}, true));
+    EXPECT_EQ(view.MenuPos, (TPoint{130, 80}));
     EXPECT_FALSE(pick("Hidden") || pick("Off") || pick("Fits!"));
     EXPECT_TRUE(pick("Line"));
     EXPECT_FALSE(pick("Copy")) << "it is closed";

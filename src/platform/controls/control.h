@@ -201,7 +201,7 @@ private:
     TWinControl* Topmost();
     const TWinControl* Topmost() const;
     void PrepareDrag(TPoint Pos);
-    void PopUpMenuAt(TPoint Pos);
+    bool PopUpMenuAt(TPoint Pos);
 
     static inline std::uint64_t FRequests = 1; // the number of the round
     std::uint64_t FRequested = 0;              // that of the last request for all of the control

@@ -32,6 +32,10 @@ void AddUsable(TWinControl& Root, std::vector<TComponentRef<TWinControl>>& Usabl
     Usable.emplace_back(&Root);
 }
 
+bool AsksForMenu(const TKeyStroke& Stroke) {
+    return Stroke.Key == kcMenu || (Stroke.Key == kcF1 + 9 && (Stroke.Shift & ssShift));
+}
+
 } // namespace
 
 bool TWinControl::CanFocus() const {
@@ -118,6 +122,11 @@ bool TWinControl::DispatchKey(const TKeyStroke& Stroke, bool Down) {
         if (dispatch.Target && !taken) dispatch.Target = dispatch.Target->GetParent();
     }
     if (taken || !Down || !dispatch.Root) return taken;
+    if (AsksForMenu(Stroke)) {
+        TDispatch focused(root, root.FFocused ? root.FFocused : &root);
+        focused.Call([&](TControl& T) { taken = T.PopUpMenuAt({T.GetWidth() / 2, T.GetHeight() / 2}); });
+        if (taken || !focused.Root) return taken;
+    }
     if (Stroke.Key == kcTab && !(Stroke.Shift & (ssCtrl | ssAlt)))
         return root.FocusNext(!(Stroke.Shift & ssShift));
     return root.AskDialogKey(Stroke);

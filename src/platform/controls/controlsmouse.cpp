@@ -170,12 +170,14 @@ void TWinControl::ForgetMouse(const TControl& Control) {
 }
 
 /// Pops up the menu of this control or of its nearest parent that has one.
-void TControl::PopUpMenuAt(TPoint Pos) {
+/// Whether the control or one that it lies in has a menu.
+bool TControl::PopUpMenuAt(TPoint Pos) {
     TControl* control = this;
     while (control && !control->FPopupMenu) control = control->FParent;
-    if (!control) return;
+    if (!control) return false;
     const TPoint at = control->RootToClient(ClientToRoot(Pos));
     control->FPopupMenu->Popup(control, at.X, at.Y);
+    return true;
 }
 
 void TControl::ShowMenu(THostMenu Menu, TPoint Pos) {

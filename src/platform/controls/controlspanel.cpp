@@ -1,19 +1,41 @@
-#include <kxgraph/platform/base/scopedvalue.h>
 #include <kxgraph/platform/controls/controls.h>
 
+#include <utility>
+
 namespace kx {
+
+namespace {
+
+/// The canvas of a control while it is painted, which may take the control away.
+class TAttached {
+public:
+    TAttached(TControl& Control, TCanvas*& Attached, TCanvas& Canvas)
+        : FControl(&Control), FAttached(Attached), FBefore(std::exchange(Attached, &Canvas)) {}
+    ~TAttached() {
+        if (FControl) FAttached = FBefore;
+    }
+    TAttached(const TAttached&) = delete;
+    TAttached& operator=(const TAttached&) = delete;
+
+private:
+    TComponentRef<TControl> FControl;
+    TCanvas*& FAttached;
+    TCanvas* FBefore;
+};
+
+} // namespace
 
 TGraphicControl::TGraphicControl(TComponent* Owner) : TControl(Owner) {}
 
 void TGraphicControl::PaintOn(TCanvas& Canvas) {
-    const TScopedValue attached(FCanvas, &Canvas);
+    const TAttached attached(*this, FCanvas, Canvas);
     Paint();
 }
 
 TCustomControl::TCustomControl(TComponent* Owner) : TWinControl(Owner) {}
 
 void TCustomControl::PaintOn(TCanvas& Canvas) {
-    const TScopedValue attached(FCanvas, &Canvas);
+    const TAttached attached(*this, FCanvas, Canvas);
     Paint();
 }
 

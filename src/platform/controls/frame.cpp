@@ -98,8 +98,9 @@ void PaintTree(TWinControl& Root, TCanvasDevice& Device, const TRect& Dirty) {
         const bool paintsChildren = container && container->PaintsChildren(); // before a paint changes it
         // A graphic control is a part of its parent's surface and may lift its clip up to that.
         canvas.SetBaseClip(container ? visible : Clip);
+        const TComponentRef<const TWinControl> shown(container); // a paint may take it away
         Guarded([&] { Control.PaintOn(canvas); });
-        for (int i = 0; paintsChildren && i < container->GetControlCount(); ++i) {
+        for (int i = 0; paintsChildren && shown && i < container->GetControlCount(); ++i) {
             TControl& child = *container->GetControl(i);
             if (child.GetVisible())
                 Self(Self, child, Shifted(child.GetBoundsRect().TopLeft(), Origin), visible);
