@@ -178,7 +178,7 @@ TEST(Plan, PutsTextsAndDatesOverX) {
     struct TCase {
         const char *Arguments, *Text;
         TList X;
-        const char* Scales; ///< "x" and "y" for dates, or the texts
+        const char* Scales; ///< "x", "y" and "2" for dates, or the texts
         TStyle Style;
     };
     constexpr double day = 86400;
@@ -193,6 +193,7 @@ TEST(Plan, PutsTextsAndDatesOverX) {
         {"", "c,d,u\na,1970-01-02,1\nb,1970-01-03,2\n", {day, 2 * day}, "x", TStyle::Both},
         {"-x 1 -y u", "c,d,u\na,1970-01-02,1\nb,1970-01-03,2\n", {0.5, 1.5, 2.5}, "a b ", TStyle::Bars},
         {"-x u -y d", "u,d\n1,1970-01-02\n2,1970-01-03\n", {1, 2}, "y", TStyle::Both},
+        {"-x u -y u --y2 d", "u,d\n1,1970-01-02\n2,1970-01-03\n", {1, 2}, "2", TStyle::Both},
         {"--time 2 -y 1", "5,100\n6,200\n", {100, 200}, "x", TStyle::Both},
         {"", "19700102,1\n19700103,2\n", {day, 2 * day}, "x", TStyle::Both},
         {"", "19700103,1\n19700102,2\n", {19700103, 19700102}, "", TStyle::Both},
@@ -206,6 +207,7 @@ TEST(Plan, PutsTextsAndDatesOverX) {
         const TPlan plan = MakePlan(kx::TKxTable(c.Text, "d.csv", FormatOf(options)), options);
         std::string scales = plan.Axes.XLabels.Kind == kx::lkDates ? "x" : "";
         if (plan.Axes.YLabels.Kind == kx::lkDates) scales += "y";
+        if (plan.Axes.Y2Labels.Kind == kx::lkDates) scales += "2";
         for (const auto& text : plan.Axes.XLabels.Categories) scales += text + " ";
         EXPECT_EQ(scales, c.Scales) << c.Text;
         ASSERT_EQ(plan.X.Values.size(), c.X.size()) << c.Text;

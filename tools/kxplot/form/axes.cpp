@@ -90,7 +90,7 @@ void ConfigureLabels(TParts& Parts) {
     const TKxZoneOffset offset = OffsetOf(plan.Zone);
     Configure(*Parts.XAxis, plan.XLabels, offset);
     Configure(*Parts.YAxis, plan.YLabels, offset);
-    if (Parts.Y2Axis) Configure(*Parts.Y2Axis, {}, offset);
+    if (Parts.Y2Axis) Configure(*Parts.Y2Axis, plan.Y2Labels, offset);
 }
 
 } // namespace kxplot

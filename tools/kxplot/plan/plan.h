@@ -91,7 +91,7 @@ struct TAxesPlan {
     kx::TKxCaption X, Y;              ///< captions of the headers
     bool SeriesOnX = false;           ///< which of the two is called like the series
     std::optional<kx::TKxCaption> Y2; ///< caption of the second y axis, where there is one
-    TLabelPlan XLabels, YLabels;
+    TLabelPlan XLabels, YLabels, Y2Labels;
     std::optional<std::string> Zone; ///< of dates
     bool Box = false;
     std::vector<TSideAxisPlan> Side;

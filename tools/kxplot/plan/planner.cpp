@@ -63,7 +63,7 @@ private:
     TPointsPlan Points(std::size_t Index) const;
     TXValues RowsOfX() const;
     TStyleChoice Chosen() const;
-    bool AreDates(const std::vector<int>& Columns) const;
+    bool AreDates(std::span<const int> Columns) const;
 
     const TKxTable& FTable;
     const TOptions& FOptions;
@@ -123,14 +123,16 @@ TVectorPlan TSeriesPlanner::X() const {
     return {"XData", std::move(edges)};
 }
 
-bool TSeriesPlanner::AreDates(const std::vector<int>& Columns) const {
-    return std::ranges::all_of(Columns, [&](int Column) { return FTable.IsDate(Column); });
+bool TSeriesPlanner::AreDates(std::span<const int> Columns) const {
+    return !Columns.empty() && std::ranges::all_of(Columns, [&](int Column) { return FTable.IsDate(Column); });
 }
 
 void TSeriesPlanner::PlanLabels(TAxesPlan& Axes) const {
-    const bool dates = AreDates(FColumns.Y);
-    if (FDrawing.Bins ? dates : FX.IsDate) Axes.XLabels.Kind = lkDates;
-    if (!FDrawing.Bins && dates) Axes.YLabels.Kind = lkDates;
+    const auto onY = std::span<const int>(FColumns.Y).first(FColumns.FirstOnY2),
+               onY2 = std::span<const int>(FColumns.Y).subspan(FColumns.FirstOnY2);
+    if (FDrawing.Bins ? AreDates(FColumns.Y) : FX.IsDate) Axes.XLabels.Kind = lkDates;
+    if (!FDrawing.Bins && AreDates(onY)) Axes.YLabels.Kind = lkDates;
+    if (!FDrawing.Bins && AreDates(onY2)) Axes.Y2Labels.Kind = lkDates;
     if (FColumns.Texts >= 0) Axes.XLabels.Kind = lkCategories;
     for (const std::string& text : FX.Texts) Axes.XLabels.Categories.push_back(EscapeCaption(text));
     if (FDrawing.Horizontal) std::swap(Axes.XLabels, Axes.YLabels);
