@@ -102,6 +102,7 @@ void TKxFittedLine::WriteNames(TWriter& Writer) const {
 }
 
 void TKxFittedLine::ReadNames(TReader& Reader) {
+    FNames.clear();
     Reader.ReadListBegin();
     while (!Reader.EndOfList()) FNames.push_back(Reader.ReadString());
     Reader.ReadListEnd();

@@ -217,8 +217,8 @@ const TPropertyTable& TKxRealVector::Properties() {
 
 void TKxRealVector::DefineProperties(TFiler& Filer) {
     TKxCustomRealVector::DefineProperties(Filer);
-    Filer.DefineProperty(
-        "Values", [this](TReader& Reader) { LoadVariables(Reader); },
+    Filer.DefineVersioned(
+        "Values", GetVersion(), [this](TReader& Reader) { LoadVariables(Reader); },
         [this](TWriter& Writer) { StoreVariables(Writer); }, [this] { return FPersistentValues; });
 }
 
@@ -230,6 +230,7 @@ void TKxRealVector::StoreVariables(TWriter& Writer) const {
 
 void TKxRealVector::LoadVariables(TReader& Reader) {
     Reader.ReadListBegin();
+    if (FCount > 0) Clear(); // a vector that stands is given other values
     while (!Reader.EndOfList()) SetValue(FCount, Reader.ReadFloat());
     Reader.ReadListEnd();
 }

@@ -39,6 +39,17 @@ void TKxFileVector::Reload() {
     Fill({this}, Path());
 }
 
+void TKxFileVector::Rebase(const std::string& FormFile) {
+    namespace fs = std::filesystem;
+    const fs::path table = FFileName;
+    if (!FFileName.empty() && table.is_relative()) {
+        const fs::path full = fs::absolute(Path()).lexically_normal();
+        const fs::path folder = FormFile.empty() ? fs::current_path() : fs::absolute(FormFile).parent_path();
+        FFileName = full.lexically_proximate(folder.lexically_normal()).string();
+    }
+    FDirectory = ExtractFilePath(FormFile);
+}
+
 void TKxFileVector::DefineProperties(TFiler& Filer) {
     TKxLiveVector::DefineProperties(Filer);
     if (IsIn(csLoading)) FDirectory = ExtractFilePath(Filer.GetFileName());

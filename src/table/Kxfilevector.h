@@ -27,6 +27,9 @@ public:
     /// The text of its header, or its number from 1.
     const std::string& GetColumn() const { return FColumn; }
     void SetColumn(const std::string& Column);
+    /// The form's file lies, or is going to lie, at FormFile: a relative name is told anew, as seen from
+    /// there. Values stay as they are.
+    void Rebase(const std::string& FormFile);
     /// Reads the file as it is now. Raises as the setters do.
     void Reload();
 

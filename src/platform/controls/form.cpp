@@ -2,6 +2,7 @@
 
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/base/scopedvalue.h>
+#include <kxgraph/platform/controls/designer.h>
 #include <kxgraph/platform/controls/frame.h>
 #include <kxgraph/platform/host/application.h>
 #include <kxgraph/platform/objects/published.h>
@@ -123,15 +124,39 @@ void TForm::HostPaint(TCanvasDevice& Device, const TRect& Dirty) {
     EndRequests(); // what is asked for from here on is for the next frame
     SettleTree(*this);
     PaintTree(*this, Device, Dirty);
+    if (FDesigner) {
+        TCanvas canvas(&Device);
+        canvas.SetBaseClip(Dirty);
+        Guarded([&] { FDesigner->PaintDesign(canvas); });
+        Device.SetClip({});
+    }
     EndRequests(); // a window may count what was asked for meanwhile as painted
 }
 
 void TForm::HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) {
+    if (FDesigner) return Guarded([&] { FDesigner->DesignMouse(Kind, Button, Shift, Pos); });
     DispatchMouse(Kind, Button, Shift, Pos);
 }
 
+void TForm::HostMouseLeft() {
+    if (FDesigner) return Guarded([&] { FDesigner->DesignMouseLeft(); });
+    DispatchMouseLeft();
+}
+
+bool TForm::HostKey(const TKeyStroke& Stroke, bool Down) {
+    if (!FDesigner) return DispatchKey(Stroke, Down);
+    bool taken = false;
+    Guarded([&] { taken = FDesigner->DesignKey(Stroke, Down); });
+    return taken;
+}
+
+void TForm::SetDesigner(TFormDesigner* Designer) {
+    FDesigner = Designer;
+    Invalidate();
+}
+
 bool TForm::HostWheel(const TWheelTurn& Turn, TShiftState Shift, TPoint Pos) {
-    return DispatchWheel(Turn, Shift, Pos);
+    return FDesigner ? FDesigner->DesignWheel(Turn, Shift, Pos) : DispatchWheel(Turn, Shift, Pos);
 }
 
 void TForm::HostActivated(bool Active) {

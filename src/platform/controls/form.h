@@ -6,6 +6,8 @@
 
 namespace kx {
 
+class TFormDesigner;
+
 enum TPosition { poDesigned, poScreenCenter };
 template <>
 inline constexpr auto CEnumNames<TPosition> = std::to_array<std::string_view>({"poDesigned",
@@ -50,6 +52,10 @@ public:
     /// What the host calls the form by; for a test that plays the host.
     THostClient& AsHostClient() { return *this; }
 
+    /// Null: none. Not owned; it takes itself away before it goes.
+    TFormDesigner* GetDesigner() const { return FDesigner; }
+    void SetDesigner(TFormDesigner* Designer);
+
     TNotifyEvent OnClose;
     /// The window takes the keys, or takes them no more.
     TNotifyEvent OnActivate, OnDeactivate;
@@ -74,8 +80,8 @@ private:
     void HostPaint(TCanvasDevice& Device, const TRect& Dirty) override;
     void HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) override;
     bool HostWheel(const TWheelTurn& Turn, TShiftState Shift, TPoint Pos) override;
-    void HostMouseLeft() override { DispatchMouseLeft(); }
-    bool HostKey(const TKeyStroke& Stroke, bool Down) override { return DispatchKey(Stroke, Down); }
+    void HostMouseLeft() override;
+    bool HostKey(const TKeyStroke& Stroke, bool Down) override;
     void HostActivated(bool Active) override;
     void HostResized(const TRect& Bounds) override;
     void HostClosed() override;
@@ -88,6 +94,7 @@ private:
     TAccessiblePart HostAccessible() override;
 
     std::unique_ptr<THostWindow> FWindow;
+    TFormDesigner* FDesigner = nullptr;
     bool FShown = false, FActive = false, FModal = false;
     int FModalResult = mrNone;
     bool FTakingHostBounds = false;

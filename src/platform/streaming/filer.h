@@ -35,6 +35,12 @@ public:
     /// form is written, if HasData.
     virtual void DefineProperty(std::string_view Name, const TReadData& Read, const TWriteData& Write,
                                 const THasData& HasData) = 0;
+    /// The same for data that cost much to write: Version is another number after every change, and another
+    /// one in every object, so that who keeps what was written need not have it written again.
+    virtual void DefineVersioned(std::string_view Name, std::uint64_t /*Version*/, const TReadData& Read,
+                                 const TWriteData& Write, const THasData& HasData) {
+        DefineProperty(Name, Read, Write, HasData);
+    }
     /// The file that is read or written; empty for a text.
     const std::string& GetFileName() const { return FFileName; }
 

@@ -21,6 +21,13 @@ std::unique_ptr<TComponent> FormFromText(std::string_view Text, const std::strin
     return TFormReader(text, Reading).Read(tree);
 }
 
+std::vector<TComponent*> UpdateForm(TComponent& Root, std::string_view Text, const std::string& FileName,
+                                    const TFormReading& Reading) {
+    const TFormText text(Text, FileName);
+    const std::vector<TFormObject> objects = ParseFormObjects(text);
+    return TFormReader(text, Reading).Update(Root, objects);
+}
+
 std::unique_ptr<TComponent> LoadForm(const std::string& FileName, const TFormReading& Reading) {
     return FormFromText(ReadTextFile(FileName).Text, FileName, Reading);
 }

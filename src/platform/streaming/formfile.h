@@ -24,6 +24,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kx {
 
@@ -42,7 +43,13 @@ void SaveForm(TComponent& Root, const std::string& FileName);
 /// what the form's own files lie beside. The classes are those that are registered.
 std::unique_ptr<TComponent> FormFromText(std::string_view Text, const std::string& FileName = {},
                                          const TFormReading& Reading = {});
-/// The same from a file; raises EFileError, too.
+/// Reads objects, which stand in Text without a form about them, into the form Root, which is there. What
+/// bears the name of a component of Root, or of Root, is that one: its properties are set, by their setters,
+/// and it is put where the object stands. All else is made, as FormFromText does it. Returns what was made,
+/// in the order of Text. When it raises EFormError, nothing was made; properties may have been set.
+std::vector<TComponent*> UpdateForm(TComponent& Root, std::string_view Text, const std::string& FileName = {},
+                                    const TFormReading& Reading = {});
+/// A form from a file, as FormFromText; raises EFileError, too.
 std::unique_ptr<TComponent> LoadForm(const std::string& FileName, const TFormReading& Reading = {});
 
 } // namespace kx

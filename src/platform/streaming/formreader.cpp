@@ -25,8 +25,9 @@ std::vector<std::string_view> NamesOf(const C& All, F NameOf) {
     return names;
 }
 
-void Set(const TProperty& Row, TPersistent& Object, const TPropertyValue& Value) {
-    (Row.Load ? Row.Load : Row.Set)(Object, Value);
+/// What loads a value past its setter is for components that are being loaded.
+void Set(const TProperty& Row, TPersistent& Object, const TPropertyValue& Value, bool IsNew) {
+    (Row.Load && IsNew ? Row.Load : Row.Set)(Object, Value);
 }
 
 } // namespace
@@ -45,26 +46,73 @@ void TFormReader::At(std::size_t Token, F Action, const std::string& Prefix) con
 }
 
 std::unique_ptr<TComponent> TFormReader::Read(const TFormObject& Tree) {
-    Make(Tree, nullptr);
+    try {
+        Make(Tree, nullptr);
+        ReadParts();
+    } catch (...) {
+        delete FRoot;
+        throw;
+    }
+    return std::unique_ptr<TComponent>(FRoot);
+}
+
+std::vector<TComponent*> TFormReader::Update(TComponent& Root, const std::vector<TFormObject>& Objects) {
+    FRoot = &Root;
+    FIsUpdate = true;
+    try {
+        for (const TFormObject& object : Objects) Make(object, &Root);
+        ReadParts();
+    } catch (...) {
+        Withdraw();
+        throw;
+    }
+    std::vector<TComponent*> made;
+    for (const TPart& part : FParts)
+        if (part.IsNew) made.push_back(part.Component);
+    return made;
+}
+
+/// What was made goes, the last first.
+void TFormReader::Withdraw() noexcept {
+    for (auto part = FParts.rbegin(); part != FParts.rend(); ++part)
+        if (part->IsNew) delete part->Component;
+}
+
+void TFormReader::ReadParts() {
     for (TPart& part : FParts) ReadPart(part);
     Stand();
     Refer();
     Connect();
     EndLoading();
-    return std::move(FRoot);
 }
 
 // Parts are made in the order of the file, which is the order of the components of the form.
-TComponent* TFormReader::Make(const TFormObject& Node, TComponent* Parent) {
+void TFormReader::Make(const TFormObject& Node, TComponent* Parent) {
     const TComponentClass& type = ClassOf(Node);
-    TComponent* component = nullptr;
-    At(Node.Class, [&] { component = type.Make(FRoot.get()); });
-    if (!FRoot) FRoot.reset(component);
-    component->BeginLoading();
-    Name(Node, *component);
-    FParts.push_back({&Node, component, Parent, &type});
+    TComponent* component = FindStanding(Node, type);
+    const bool isNew = !component;
+    if (isNew) component = MakeNew(Node, type);
+    FParts.push_back({&Node, component, component == FRoot ? nullptr : Parent, &type, isNew});
+    if (isNew) Name(Node, *component);
     for (const TFormObject& inner : Node.Objects) Make(inner, component);
+}
+
+TComponent* TFormReader::MakeNew(const TFormObject& Node, const TComponentClass& Class) {
+    TComponent* component = nullptr;
+    At(Node.Class, [&] { component = Class.Make(FRoot); });
+    if (!FRoot) FRoot = component;
+    component->BeginLoading();
     return component;
+}
+
+/// The component of the form that the object is; null when it is to be made.
+TComponent* TFormReader::FindStanding(const TFormObject& Node, const TComponentClass& Class) const {
+    if (!FIsUpdate || Node.Name == Node.CNoName) return nullptr;
+    const std::string_view name = FText.TextOf(Node.Name);
+    TComponent* found = SameText(name, FRoot->GetName()) ? FRoot : FRoot->FindComponent(name);
+    if (found && !Class.Is(*found))
+        FText.Raise(Node.Class, std::string(name).append(" is a ").append(found->ClassName()));
+    return found;
 }
 
 const TComponentClass& TFormReader::ClassOf(const TFormObject& Node) const {
@@ -77,7 +125,7 @@ const TComponentClass& TFormReader::ClassOf(const TFormObject& Node) const {
 void TFormReader::Name(const TFormObject& Node, TComponent& Component) const {
     if (Node.Name == Node.CNoName) return;
     const std::string name(FText.TextOf(Node.Name));
-    if (&Component != FRoot.get() && SameText(name, FRoot->GetName()))
+    if (&Component != FRoot && SameText(name, FRoot->GetName()))
         FText.Raise(Node.Name, "A component named " + name + " already exists: the form");
     At(Node.Name, [&] { Component.SetName(name); });
 }
@@ -153,12 +201,12 @@ void TFormReader::ReadValue(const TPart& Part, TPlace Place, const TFormProperty
         FText.Raise(Property.Name, Quoted(name) + " is an object: its own properties are given one by one");
     if (!row.Set) FText.Raise(Property.Name, Quoted(name) + " is read only");
     if (row.Kind == TPropertyKind::Reference)
-        FReferences.push_back({Part.Component, Place.Object, &row, Property.First});
+        FReferences.push_back({Part.Component, Place.Object, &row, Property.First, Part.IsNew});
     else if (row.Kind == TPropertyKind::Event)
-        FEvents.push_back({Part.Component, Place.Object, &row, Property.First});
+        FEvents.push_back({Part.Component, Place.Object, &row, Property.First, Part.IsNew, Part.Class});
     else
         At(Property.First,
-           [&] { Set(row, *Place.Object, ValueOf(FText, row, Property.First, Property.Last)); });
+           [&] { Set(row, *Place.Object, ValueOf(FText, row, Property.First, Property.Last), Part.IsNew); });
 }
 
 void TFormReader::ReadData(const TPart& Part, std::vector<TReader::TData>& Data) {
@@ -177,13 +225,15 @@ void TFormReader::ReadData(const TPart& Part, std::vector<TReader::TData>& Data)
 void TFormReader::Stand() const {
     for (const TPart& part : FParts) {
         TComponent* parent = part.Parent;
-        if (!parent || (parent == FRoot.get() && !part.Component->HasParentComponent())) continue;
+        if (!parent || (parent == FRoot && !part.Component->HasParentComponent())) continue;
+        if (part.Component->GetParentComponent() == parent) continue; // stays where it is among the others
         At(part.Node->Class, [&] { part.Component->SetParentComponent(parent); });
     }
 }
 
 void TFormReader::EndLoading() const {
     for (const TPart& part : FParts) {
+        if (!part.IsNew) continue;
         const std::string& name = part.Component->GetName();
         At(
             part.Node->Class, [&] { part.Component->EndLoading(); }, name.empty() ? name : name + ": ");
@@ -192,7 +242,7 @@ void TFormReader::EndLoading() const {
 
 void TFormReader::Refer() const {
     for (const TLater& later : FReferences)
-        At(later.Token, [&] { Set(*later.Row, *later.Object, Referred(later)); });
+        At(later.Token, [&] { Set(*later.Row, *later.Object, Referred(later), later.IsNew); });
 }
 
 TComponent* TFormReader::Referred(const TLater& Later) const {
@@ -200,7 +250,7 @@ TComponent* TFormReader::Referred(const TLater& Later) const {
     if (FText.GetToken(Later.Token).Kind != TTokenKind::Word)
         FText.RaiseExpected(Later.Token, "the name of a component, or nil");
     if (SameText(name, "nil")) return nullptr;
-    if (!FRoot->GetName().empty() && SameText(name, FRoot->GetName())) return FRoot.get();
+    if (!FRoot->GetName().empty() && SameText(name, FRoot->GetName())) return FRoot;
     if (TComponent* found = FRoot->FindComponent(name)) return found;
     const auto names =
         NamesOf(FRoot->GetComponents(), [](const TComponent* C) -> std::string_view { return C->GetName(); });
@@ -211,12 +261,17 @@ void TFormReader::Connect() const {
     for (const TLater& later : FEvents) {
         const std::string_view name = FText.TextOf(later.Token);
         const TEventValue* handler = FindEvent(name);
+        if (!handler && FIsUpdate && SameText(name, "nil")) {
+            const std::unique_ptr<TComponent> fresh(later.Class->Make(nullptr)); // knows none of that type
+            At(later.Token, [&] { Set(*later.Row, *later.Object, later.Row->Get(*fresh), later.IsNew); });
+            continue;
+        }
         if (!handler && FReading.IgnoresUnknownEvents && FText.GetToken(later.Token).Kind == TTokenKind::Word)
             continue;
         if (!handler)
             FText.Raise(later.Token,
                         "no event " + Quoted(name) + " is registered" + DidYouMean(name, RegisteredEvents()));
-        At(later.Token, [&] { Set(*later.Row, *later.Object, *handler); });
+        At(later.Token, [&] { Set(*later.Row, *later.Object, *handler, later.IsNew); });
     }
 }
 

@@ -24,6 +24,8 @@ class TFormReader {
 public:
     TFormReader(const TFormText& Text, const TFormReading& Reading) : FText(Text), FReading(Reading) {}
     std::unique_ptr<TComponent> Read(const TFormObject& Tree);
+    /// What of Objects was made in Root. See UpdateForm.
+    std::vector<TComponent*> Update(TComponent& Root, const std::vector<TFormObject>& Objects);
 
 private:
     struct TPart {
@@ -31,6 +33,7 @@ private:
         TComponent* Component;
         TComponent* Parent; ///< null for the root, and where there is to be none
         const TComponentClass* Class;
+        bool IsNew;
     };
     /// What is set when all parts stand.
     struct TLater {
@@ -38,6 +41,8 @@ private:
         TPersistent* Object;
         const TProperty* Row;
         std::size_t Token;
+        bool IsNew; ///< the part that it is set in
+        const TComponentClass* Class = nullptr;
     };
     /// Where a path of names ends.
     struct TPlace {
@@ -45,7 +50,11 @@ private:
         const TProperty* Row; ///< null where the first name is none of the class
     };
 
-    TComponent* Make(const TFormObject& Node, TComponent* Parent);
+    void ReadParts();
+    void Make(const TFormObject& Node, TComponent* Parent);
+    TComponent* MakeNew(const TFormObject& Node, const TComponentClass& Class);
+    TComponent* FindStanding(const TFormObject& Node, const TComponentClass& Class) const;
+    void Withdraw() noexcept;
     const TComponentClass& ClassOf(const TFormObject& Node) const;
     void Name(const TFormObject& Node, TComponent& Component) const;
     void ReadPart(TPart& Part);
@@ -67,7 +76,8 @@ private:
 
     const TFormText& FText;
     const TFormReading& FReading;
-    std::unique_ptr<TComponent> FRoot;
+    TComponent* FRoot = nullptr;
+    bool FIsUpdate = false;
     std::vector<TPart> FParts;
     std::vector<TLater> FReferences, FEvents;
     TFormRowCache FRows;

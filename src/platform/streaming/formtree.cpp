@@ -20,6 +20,16 @@ public:
         return form;
     }
 
+    std::vector<TFormObject> ParseAll() {
+        std::vector<TFormObject> objects;
+        while (Kind() != TTokenKind::End) {
+            if (!IsWord("object")) FText.RaiseExpected(FAt, "'object'");
+            DemandLine();
+            objects.push_back(ParseObject(1));
+        }
+        return objects;
+    }
+
 private:
     TTokenKind Kind() const { return FText.GetToken(FAt).Kind; }
     bool IsWord(std::string_view Word) const {
@@ -116,6 +126,8 @@ private:
 };
 
 } // namespace
+
+std::vector<TFormObject> ParseFormObjects(const TFormText& Text) { return TParser(Text).ParseAll(); }
 
 TFormObject ParseForm(const TFormText& Text) { return TParser(Text).Parse(); }
 

@@ -23,6 +23,9 @@ struct TFormObject {
     std::vector<TFormObject> Objects;
 };
 
+/// The objects of Text, which follow one another, without a form about them. Raises EFormError.
+std::vector<TFormObject> ParseFormObjects(const TFormText& Text);
+
 /// The one object that Text holds, with all that stands in it. Raises EFormError.
 TFormObject ParseForm(const TFormText& Text);
 

@@ -28,17 +28,19 @@ TPersistent& Inner(const TProperty& Row, const TPersistent& Object) {
 } // namespace
 
 std::string TFormWriter::Write() {
-    FindChildren();
+    FChildren = Children();
     WriteObject(FRoot, 0);
     return std::move(FText);
 }
 
-void TFormWriter::FindChildren() {
+TFormWriter::TChildren TFormWriter::Children() {
+    TChildren children;
     for (TComponent* component : FRoot.GetComponents()) {
         if (!component->GetName().empty() && SameText(component->GetName(), FRoot.GetName()))
             throw EFormError(FRoot.GetName() + " owns a component of its own name");
-        FChildren[PlaceOf(*component)].push_back(component);
+        children[PlaceOf(*component)].push_back(component);
     }
+    return children;
 }
 
 /// The component that Component is written in.
@@ -82,6 +84,72 @@ void TFormWriter::WriteObject(TComponent& Component, int Depth) {
     if (const auto children = FChildren.find(&Component); children != FChildren.end())
         for (TComponent* child : children->second) WriteObject(*child, Depth + 1);
     FText.append(Indented(Depth)).append("end\n");
+}
+
+namespace {
+
+/// Takes what a component writes beside its properties, each thing by itself.
+class TPartFiler : public TFiler {
+public:
+    TPartFiler(TFormPart& Part, const TFormPart* Before, const std::string& FileName)
+        : TFiler(FileName), FPart(Part), FBefore(Before) {}
+    void Take(TComponent& Component) { Define(Component); }
+
+    void DefineProperty(std::string_view Name, const TReadData& Read, const TWriteData& Write,
+                        const THasData& HasData) override {
+        DefineVersioned(Name, 0, Read, Write, HasData);
+    }
+    void DefineVersioned(std::string_view Name, std::uint64_t Version, const TReadData& Read,
+                         const TWriteData& Write, const THasData& HasData) override {
+        if (!HasData()) return;
+        if (const TFormPart::TData* kept = Kept(Name, Version)) return FPart.Data.push_back(*kept);
+        auto text = std::make_shared<std::string>();
+        TWriter(*text, {}, GetFileName()).DefineProperty(Name, Read, Write, HasData);
+        FPart.Data.push_back({std::string(Name), Version, std::move(text)});
+    }
+
+private:
+    const TFormPart::TData* Kept(std::string_view Name, std::uint64_t Version) const {
+        if (!FBefore || Version == 0) return nullptr;
+        for (const TFormPart::TData& data : FBefore->Data)
+            if (data.Version == Version && data.Name == Name) return &data;
+        return nullptr;
+    }
+
+    TFormPart& FPart;
+    const TFormPart* FBefore;
+};
+
+} // namespace
+
+TFormPart TFormWriter::WritePart(TComponent& Component, const TFormPart* Before) {
+    const TModel model = ModelOf(Component);
+    TFormPart part;
+    part.Class = model.Class->Name;
+    FWritten = &Component;
+    FText.clear();
+    FIndent.clear();
+    WriteParent(Component, &Component == &FRoot ? 0 : 1);
+    WriteRows(model.Class->Properties(), {Component, *model.Fresh}, {}, false);
+    part.Lines = FText;
+    TPartFiler(part, Before, FFileName).Take(Component);
+    return part;
+}
+
+std::string TFormWriter::UnchangedForm(const TComponent& Component, std::string_view Path) {
+    const TModel model = ModelOf(Component);
+    const TPersistent* object = model.Fresh;
+    const TFormRows* rows = &FRows.Of(model.Class->Properties());
+    for (std::size_t point; (point = Path.find('.')) != Path.npos; Path.remove_prefix(point + 1)) {
+        object = &Inner(*rows->Find(Path.substr(0, point)), *object);
+        rows = &FRows.Of(object->PublishedProperties());
+    }
+    const TProperty* found = rows->Find(Path);
+    if (!found) return {};
+    const TProperty& row = *found;
+    const bool hasDefault = object == model.Fresh && !std::holds_alternative<std::monostate>(row.Default);
+    const std::string form = FormOf(row, hasDefault ? row.Default : row.Get(*object));
+    return form.empty() ? "nil" : form; // an event without a handler
 }
 
 /// A control that stands nowhere is not one that stands in the form.

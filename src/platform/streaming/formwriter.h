@@ -1,10 +1,11 @@
 #pragma once
-// Writes a form as text. For formfile.h alone.
+// Writes a form as text, or its components one by one. What writes again and again keeps one writer.
 
 #include <kxgraph/platform/objects/classes.h>
 #include <kxgraph/platform/objects/component.h>
 #include <kxgraph/platform/streaming/formrows.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,10 +15,33 @@
 
 namespace kx {
 
+/// A component as a form file has it, without what stands in it.
+struct TFormPart {
+    /// What it writes beside its properties.
+    struct TData {
+        std::string Name;
+        std::uint64_t Version;                   ///< 0: it has none
+        std::shared_ptr<const std::string> Text; ///< the lines
+    };
+    std::string Class;
+    std::string Lines; ///< its properties: "Path = value\n", in the order of the file
+    std::vector<TData> Data;
+};
+
 class TFormWriter {
 public:
     TFormWriter(TComponent& Root, std::string FileName) : FRoot(Root), FFileName(std::move(FileName)) {}
     std::string Write();
+
+    using TChildren = std::unordered_map<const TComponent*, std::vector<TComponent*>>;
+    /// What stands in each component, in the order of the file.
+    TChildren Children();
+    /// One component. Data whose version is that of Before are those of Before: they are not written again.
+    TFormPart WritePart(TComponent& Component, const TFormPart* Before = nullptr);
+    /// What stands at a property of Component, or of an object that is part of it, when it is unchanged;
+    /// empty where there is no such property.
+    std::string UnchangedForm(const TComponent& Component, std::string_view Path);
+    void SetFileName(const std::string& FileName) { FFileName = FileName; }
 
 private:
     /// What a component is written as, and an unchanged one of that class.
@@ -31,7 +55,6 @@ private:
         const TPersistent& Fresh;
     };
 
-    void FindChildren();
     TComponent* PlaceOf(const TComponent& Component) const;
     TModel ModelOf(const TComponent& Component);
     const TComponent& FreshOf(const TComponentClass& Class);
@@ -47,7 +70,7 @@ private:
     std::string FFileName, FText, FIndent;
     const TComponent* FWritten = nullptr; // for messages
     TFormRowCache FRows;
-    std::unordered_map<const TComponent*, std::vector<TComponent*>> FChildren; // in the order of components
+    TChildren FChildren; // in the order of components
     std::unordered_map<std::type_index, TModel> FModels;
     std::unordered_map<const TComponentClass*, std::unique_ptr<TComponent>> FFresh;
 };
