@@ -11,7 +11,7 @@ namespace kx {
 
 namespace {
 
-constexpr int CDefaultWidth = 160, CDefaultHeight = 24;
+constexpr int CDefaultWidth = 160;
 /// What programs that know the markup ask the clipboard for.
 const std::string CMarkupType = "text/x-kxgraph-caption";
 
@@ -19,10 +19,9 @@ THost& Host() { return TApplication::Instance().GetHost(); }
 
 } // namespace
 
-TKxCaptionEdit::TKxCaptionEdit(TComponent* Owner) : TCustomControl(Owner) {
-    SetColor(clWindow);
-    SetTabStop(true);
-    SetBounds(0, 0, CDefaultWidth, CDefaultHeight);
+TKxCaptionEdit::TKxCaptionEdit(TComponent* Owner) : TInputControl(Owner) {
+    SetCursor(crIBeam);
+    SetBounds(0, 0, CDefaultWidth, CFieldHeight);
 }
 
 void TKxCaptionEdit::SetReadOnly(bool ReadOnly) {
@@ -32,7 +31,7 @@ void TKxCaptionEdit::SetReadOnly(bool ReadOnly) {
 
 void TKxCaptionEdit::SetAlignment(TAlignment Alignment) {
     FAlignment = Alignment;
-    Invalidate();
+    ShowCaret();
 }
 
 void TKxCaptionEdit::Select(int Anchor, int Caret) {
@@ -70,8 +69,46 @@ void TKxCaptionEdit::TypeText(std::string_view Text) {
     if (!FReadOnly) Take(FModel.Type(Text));
 }
 
-void TKxCaptionEdit::ShowComposed(std::string_view Text, int Caret) {
-    if (!FReadOnly) Take(FModel.Compose(Text, Caret));
+/// What is committed replaces what was composed; what is composed from now on is shown behind it.
+bool TKxCaptionEdit::Compose(const TComposition& Composition) {
+    if (!CanChange()) return false;
+    if (Composition.ReplaceLength > 0) {
+        const int from = GetCaret() + Composition.ReplaceFrom;
+        FModel.Select(from, from + Composition.ReplaceLength);
+    }
+    bool changed = !Composition.Commit.empty() && FModel.Type(Composition.Commit);
+    changed = FModel.Compose(Composition.Text, Composition.Caret) || changed;
+    Take(changed);
+    return true;
+}
+
+THostTextInput TKxCaptionEdit::TextInput() const {
+    const TRect caret = FCaret.GetPlace();
+    return {.Takes = CanChange(),
+            .Left = caret.Left,
+            .Top = caret.Top,
+            .Width = caret.Width(),
+            .Height = caret.Height(),
+            .Text = TextOf(FModel.GetCells()),
+            .Caret = GetCaret(),
+            .Anchor = FModel.GetAnchor()};
+}
+
+void TKxCaptionEdit::Enter() {
+    FCaret.Update();
+    TInputControl::Enter();
+}
+
+void TKxCaptionEdit::Exit() {
+    FIsPressed = false;
+    FModel.Compose({}, 0);
+    Take(false);
+    TInputControl::Exit();
+}
+
+void TKxCaptionEdit::CMActiveChanged() {
+    TInputControl::CMActiveChanged();
+    FCaret.Update();
 }
 
 void TKxCaptionEdit::Copy() {
@@ -108,13 +145,13 @@ void TKxCaptionEdit::AddViewer(TControl* Viewer) {
 void TKxCaptionEdit::RemoveViewer(TControl* Viewer) { std::erase(FViewers, Viewer); }
 
 void TKxCaptionEdit::Notification(TComponent* Component, TOperation Operation) {
-    TCustomControl::Notification(Component, Operation);
+    TInputControl::Notification(Component, Operation);
     if (Operation == opRemove)
         std::erase_if(FViewers, [=](const TControl* Viewer) { return Viewer == Component; });
 }
 
 void TKxCaptionEdit::CMTextChanged() {
-    TCustomControl::CMTextChanged();
+    TInputControl::CMTextChanged();
     if (FTaking) return;
     FModel.SetCaption(GetText());
     UpdateShown();
@@ -123,24 +160,24 @@ void TKxCaptionEdit::CMTextChanged() {
 }
 
 void TKxCaptionEdit::CMFontChanged() {
-    TCustomControl::CMFontChanged();
+    TInputControl::CMFontChanged();
     UpdateShown();
 }
 
 void TKxCaptionEdit::CMEnabledChanged() {
-    TCustomControl::CMEnabledChanged();
+    TInputControl::CMEnabledChanged();
     Take(false);
 }
 
 void TKxCaptionEdit::SetBounds(int Left, int Top, int Width, int Height) {
-    TCustomControl::SetBounds(Left, Top, Width, Height);
-    ScrollToCaret();
+    TInputControl::SetBounds(Left, Top, Width, Height);
+    ShowCaret();
 }
 
 TAccessiblePart TKxCaptionEdit::Accessible() const {
-    TAccessiblePart part = TCustomControl::Accessible();
-    part.Role = TAccessibleRole::Text;
-    part.Name = GetHint().empty() ? GetName() : GetHint();
+    TAccessiblePart part = TInputControl::Accessible();
+    part.Role = TAccessibleRole::Edit;
+    part.Editable = CanChange();
     part.Value = TextOf(FModel.GetCells());
     return part;
 }
@@ -148,18 +185,14 @@ TAccessiblePart TKxCaptionEdit::Accessible() const {
 const TPropertyTable& TKxCaptionEdit::Properties() {
     using C = TKxCaptionEdit;
     static const TPropertyTable table(
-        "TKxCaptionEdit", &TCustomControl::Properties(),
+        "TKxCaptionEdit", &TInputControl::Properties(),
         {Published<&C::GetCaption, &C::SetCaption>("Caption", "", "The caption, with its markup"),
          Published<&C::GetReadOnly, &C::SetReadOnly>("ReadOnly", false, "Whether it cannot be changed here"),
          Published<&C::GetMaxLength, &C::SetMaxLength>("MaxLength", 0,
                                                        "Most characters that can be entered; 0 for no limit"),
          Published<&C::GetAlignment, &C::SetAlignment>("Alignment", taLeftJustify,
                                                        "Where a short caption is kept"),
-         PublishedColor<&C::GetColor, &C::SetColor>("Color", clWindow, "Background colour"),
-         Published<&C::GetParentColor, &C::SetParentColor>("ParentColor", false,
-                                                           "Whether the colour follows the parent's"),
-         Published<&C::GetTabStop, &C::SetTabStop>("TabStop", true,
-                                                   "Whether Tab and a press give it the keys"),
+         Published<&C::GetCursor, &C::SetCursor>("Cursor", crIBeam, "Mouse cursor over the control"),
          PublishedEvent<&C::OnChange>("OnChange", "The caption has changed")});
     return table;
 }

@@ -12,8 +12,8 @@
 
 #include <kxgraph/annotation/Kxcaption.h>
 #include <kxgraph/editing/Kxcaptionmodel.h>
-#include <kxgraph/platform/controls/controls.h>
-#include <kxgraph/platform/host/host.h>
+#include <kxgraph/platform/widgets/caret.h>
+#include <kxgraph/platform/widgets/inputcontrol.h>
 
 #include <memory>
 #include <string_view>
@@ -22,7 +22,7 @@
 namespace kx {
 
 /// Places count shown characters, code points; 0 is before the first. Caption is the control's text.
-class TKxCaptionEdit : public TCustomControl {
+class TKxCaptionEdit : public TInputControl {
 public:
     explicit TKxCaptionEdit(TComponent* Owner);
 
@@ -58,8 +58,6 @@ public:
     /// Takes the markup from the clipboard, or its text: as markup where it reads like that (ReadsAsMarkup).
     void Paste();
     void PasteAsText();
-    /// Shows what an input method is composing, and its caret in that; empty when it has ended.
-    void ShowComposed(std::string_view Text, int Caret);
 
     /// The place between two characters that is nearest to X, a pixel of the control; and where one is.
     int PlaceAt(int X);
@@ -86,14 +84,22 @@ protected:
     void CMTextChanged() override;
     void CMFontChanged() override;
     void CMEnabledChanged() override;
+    void CMActiveChanged() override;
+    void Enter() override;
+    void Exit() override;
+    bool Compose(const TComposition& Composition) override;
+    THostTextInput TextInput() const override;
     void Paint() override;
     bool KeyDown(const TKeyStroke& Stroke) override;
-    bool IsOpaque() const override { return true; }
     void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
     void MouseMove(TShiftState Shift, int X, int Y) override;
+    void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
 
 private:
     struct TShortcut;
+    bool CanChange() const { return !FReadOnly && IsOperable(); }
+    bool EditByKey(const TKeyStroke& Stroke);
+    void SelectByPress(TShiftState Shift, int X);
     bool MoveByKey(const TKeyStroke& Stroke);
     bool EraseByKey(const TKeyStroke& Stroke);
     void ExtendTo(int Place);
@@ -103,7 +109,7 @@ private:
     void Take(bool Changed);
     void UpdateShown();
     const std::vector<double>& Places();
-    void ScrollToCaret();
+    void ShowCaret();
     TRect TextRect() const;
     int TextLeft();
     int PixelOfShown(int Place);
@@ -111,6 +117,7 @@ private:
     void PaintSelection(TCanvas& Canvas);
 
     TKxCaptionModel FModel;
+    TCaret FCaret{*this};
     bool FTaking = false; // the text from the model
     bool FReadOnly = false;
     TAlignment FAlignment = taLeftJustify;
@@ -123,7 +130,8 @@ private:
     bool FExactly = false; // as the last device showed it
     int FScroll = 0;       // pixels of the text to the left of the control
 
-    TKxCaptionStretch FPressed;              // what the press has selected
+    TKxCaptionStretch FPressed; // what the press has selected
+    bool FIsPressed = false;
     bool FByWords = false;                   // a double click has begun it
     std::unique_ptr<THostTimer> FThirdPress; // while it runs, a press is the third of three
 };

@@ -23,6 +23,13 @@ struct TKxCaptionEdit::TShortcut {
 };
 
 bool TKxCaptionEdit::KeyDown(const TKeyStroke& Stroke) {
+    const TComponentRef<TKxCaptionEdit> self(this);
+    if (TInputControl::KeyDown(Stroke)) return true;
+    if (!self || !IsOperable()) return false;
+    return FModel.GetComposedLength() > 0 || EditByKey(Stroke); // what is composed is the input method's
+}
+
+bool TKxCaptionEdit::EditByKey(const TKeyStroke& Stroke) {
     using C = TKxCaptionEdit;
     static constexpr auto shortcuts = std::to_array<TShortcut>({
         {'A', ssCtrl, [](C& E) { E.SelectAll(); }},
@@ -48,7 +55,6 @@ bool TKxCaptionEdit::KeyDown(const TKeyStroke& Stroke) {
         {kcMinus, ssCtrl, [](C& E) { E.Toggle(TKxCaptionSwitch::Subscript); }},
         {kcSpace, ssCtrl, [](C& E) { E.ClearLooks(); }},
     });
-    if (TCustomControl::KeyDown(Stroke)) return true;
     const TShiftState shift = Stroke.Shift & CModifiers;
     for (const TShortcut& shortcut : shortcuts)
         if (shortcut.Key == Stroke.Key && shortcut.Shift == shift) return shortcut.Do(*this), true;
@@ -96,32 +102,44 @@ bool TKxCaptionEdit::EraseByKey(const TKeyStroke& Stroke) {
     return true;
 }
 
-/// A press puts the caret there, the second one selects the word, the third all; Shift extends.
 void TKxCaptionEdit::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
-    if (Button == mbLeft) {
-        const bool isThird = FThirdPress && !(Shift & ssDouble);
-        const int at = PlaceAt(X), under = at > 0 && PixelOf(at) > X ? at - 1 : at;
-        FByWords = (Shift & ssDouble) != 0;
-        FPressed = isThird    ? TKxCaptionStretch{0, FModel.GetLength()}
-                   : FByWords ? WordAt(FModel.GetCells(), under)
-                              : TKxCaptionStretch{at, at};
-        FThirdPress.reset();
-        if (FByWords)
-            FThirdPress = TApplication::Instance().GetHost().StartTimer(
-                CThirdPressTime, TEvent<>::Of<&TKxCaptionEdit::EndThirdPress>(this));
-        if (Shift & ssShift) {
-            FPressed = {FModel.GetAnchor(), FModel.GetAnchor()};
-            Select(FModel.GetAnchor(), at);
-        } else {
-            Select(FPressed.Start, FPressed.End);
-        }
+    const TComponentRef<TKxCaptionEdit> self(this);
+    if (Button == mbLeft && IsOperable()) {
+        if (THostWindow* window = GetHostWindow()) window->EndComposition();
+        if (!self) return;
+        SelectByPress(Shift, X);
     }
-    TCustomControl::MouseDown(Button, Shift, X, Y);
+    TInputControl::MouseDown(Button, Shift, X, Y);
+}
+
+/// A press puts the caret there, the second one selects the word, the third all; Shift extends.
+void TKxCaptionEdit::SelectByPress(TShiftState Shift, int X) {
+    const int at = PlaceAt(X), under = at > 0 && PixelOf(at) > X ? at - 1 : at;
+    const bool isThird = FThirdPress && !(Shift & ssDouble);
+    FIsPressed = true;
+    FByWords = (Shift & ssDouble) != 0;
+    FThirdPress.reset();
+    if (FByWords)
+        FThirdPress = TApplication::Instance().GetHost().StartTimer(
+            CThirdPressTime, TEvent<>::Of<&TKxCaptionEdit::EndThirdPress>(this));
+    if (Shift & ssShift) {
+        FPressed = {FModel.GetAnchor(), FModel.GetAnchor()};
+        return Select(FModel.GetAnchor(), at);
+    }
+    FPressed = isThird    ? TKxCaptionStretch{0, FModel.GetLength()}
+               : FByWords ? WordAt(FModel.GetCells(), under)
+                          : TKxCaptionStretch{at, at};
+    Select(FPressed.Start, FPressed.End);
 }
 
 void TKxCaptionEdit::MouseMove(TShiftState Shift, int X, int Y) {
-    if (GetMouseCapture() && (Shift & ssLeft) && !IsDragging()) ExtendTo(PlaceAt(X));
-    TCustomControl::MouseMove(Shift, X, Y);
+    if (FIsPressed && !IsDragging()) ExtendTo(PlaceAt(X));
+    TInputControl::MouseMove(Shift, X, Y);
+}
+
+void TKxCaptionEdit::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
+    if (Button == mbLeft) FIsPressed = false;
+    TInputControl::MouseUp(Button, Shift, X, Y);
 }
 
 /// Selects from what was pressed as far as Place, by words after a double click.

@@ -8,20 +8,20 @@ namespace kx {
 
 namespace {
 
-constexpr int CFrame = 1, CMargin = 3; // beside the text, the frame included
+constexpr int CFrame = 2;
 
 } // namespace
 
 TRect TKxCaptionEdit::TextRect() const {
-    return {CMargin, CFrame, std::max(GetWidth() - CMargin, CMargin), std::max(GetHeight() - CFrame, CFrame)};
+    return {CFieldPadding, CFrame, std::max(GetWidth() - CFieldPadding, CFieldPadding),
+            std::max(GetHeight() - CFrame, CFrame)};
 }
 
 /// What is shown has changed, or the caret has moved.
 void TKxCaptionEdit::UpdateShown() {
     FShown = ParseCaption(FModel.GetShownCaption());
     FHasPlaces = false;
-    ScrollToCaret();
-    Invalidate();
+    ShowCaret();
 }
 
 const std::vector<double>& TKxCaptionEdit::Places() {
@@ -35,12 +35,15 @@ const std::vector<double>& TKxCaptionEdit::Places() {
 }
 
 /// Brings the caret into sight and leaves no room at the right of a caption that has more at the left.
-void TKxCaptionEdit::ScrollToCaret() {
+void TKxCaptionEdit::ShowCaret() {
     const int room = std::max(TextRect().Width() - 1, 0); // behind the last character the caret
     const int width = RoundToInt(Places().back());
     const int caret = RoundToInt(Places().at(std::size_t(FModel.GetShownCaret())));
     FScroll = std::clamp(FScroll, caret - room, caret);
     FScroll = std::clamp(FScroll, 0, std::max(width - room, 0));
+    FCaret.SetPlace(GetCaretRect());
+    Invalidate();
+    TextInputChanged();
 }
 
 int TKxCaptionEdit::TextLeft() {
@@ -72,7 +75,7 @@ TRect TKxCaptionEdit::GetCaretRect() {
     TCanvas canvas;
     canvas.Font.Assign(GetFont());
     const int top = (GetHeight() - canvas.TextHeight("X")) / 2, left = PixelOfShown(FModel.GetShownCaret());
-    const TKxCaptionLevel level = CaptionLevel(FModel.GetTypingLooks(), canvas);
+    const TKxCaptionLevel level = CaptionLevel(FModel.GetCaretLooks(), canvas);
     return TRect{left, top + level.Top, left + 1, top + level.Top + level.Height}.Intersected(TextRect());
 }
 
@@ -81,24 +84,20 @@ void TKxCaptionEdit::Paint() {
     if (FExactly != canvas.IsSmooth()) {
         FExactly = canvas.IsSmooth();
         FHasPlaces = false;
-        ScrollToCaret();
+        ShowCaret();
     }
-    canvas.Brush.SetColor(GetEnabled() ? GetColor() : clBtnFace);
-    canvas.Pen.SetColor(IsFocused() ? clHighlight : clBtnShadow);
-    canvas.Rectangle(0, 0, GetWidth(), GetHeight());
-
+    const TDrawState state = GetDrawState();
+    PaintField(canvas, GetClientRect(), GetColor(), state);
     const TCanvas::TSaved saved(canvas);
     canvas.SetClip(TextRect().Intersected(canvas.GetClipRect()));
-    canvas.Font.Assign(GetFont());
-    PaintText(canvas, GetEnabled() ? GetFont().GetColor() : clGrayText);
-    if (!IsFocused()) return;
-    if (FModel.HasSelection()) PaintSelection(canvas);
-    canvas.Brush.SetColor(clWindowText);
-    canvas.FillRect(GetCaretRect());
+    PaintText(canvas, TextColorFor(GetFont(), state));
+    if (HasKeys() && FModel.HasSelection()) PaintSelection(canvas);
+    if (!FReadOnly) FCaret.Paint(canvas, clWindowText);
 }
 
 void TKxCaptionEdit::PaintText(TCanvas& Canvas, TColor Color) {
     Canvas.Brush.SetStyle(bsClear);
+    Canvas.Font.Assign(GetFont());
     Canvas.Font.SetColor(Color);
     PaintCaption(FShown, Canvas, TextLeft(), (GetHeight() - Canvas.TextHeight("X")) / 2, 0);
     Canvas.Brush.SetStyle(bsSolid);

@@ -38,6 +38,11 @@ TKxCaptionLooks TKxCaptionModel::GetTypingLooks() const {
     return FCells[std::size_t(like)].Looks;
 }
 
+TKxCaptionLooks TKxCaptionModel::GetCaretLooks() const {
+    if (!HasSelection()) return GetTypingLooks();
+    return FCells[std::size_t(std::max(FAt.Caret - 1, 0))].Looks;
+}
+
 bool TKxCaptionModel::IsOn(TKxCaptionSwitch Which) const {
     if (!HasSelection()) return HasLook(Which, GetTypingLooks());
     return std::ranges::all_of(GetSelected(),

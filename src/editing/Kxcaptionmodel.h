@@ -41,6 +41,8 @@ public:
     /// The looks of what is typed next: those that were switched there, else those of the character before
     /// the selection's start, or of the first one.
     TKxCaptionLooks GetTypingLooks() const;
+    /// The looks of what the caret stands behind or, without a selection, of what is typed next.
+    TKxCaptionLooks GetCaretLooks() const;
     /// Whether all that is selected, or without a selection what is typed next, has the look.
     bool IsOn(TKxCaptionSwitch Which) const;
     /// Turns a look of the selection on, or off where all of it has it; without a selection that of what is

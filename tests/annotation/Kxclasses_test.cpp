@@ -293,15 +293,18 @@ struct TBound : TAll {
         PaintFrame(*Form, recorder);
     }
     template <class F>
-    void ForReferences(F Do) {
-        for (TComponent* part : Parts)
-            for (const TProperty* property : part->PublishedProperties().All())
-                if (property->Kind == TPropertyKind::Reference) Do(part, *property);
+    static void ForReferencesOf(TComponent* Part, F Do) {
+        for (const TProperty* property : Part->PublishedProperties().All())
+            if (property->Kind == TPropertyKind::Reference) Do(Part, *property);
     }
-    std::vector<TComponent*> ReferencesOf(TComponent* Component) {
+    template <class F>
+    void ForReferences(F Do) {
+        for (TComponent* part : Parts) ForReferencesOf(part, Do);
+    }
+    static std::vector<TComponent*> ReferencesOf(TComponent* Component) {
         std::vector<TComponent*> all;
-        ForReferences([&](TComponent* Part, const TProperty& Property) {
-            if (Part == Component) all.push_back(std::get<TComponent*>(Property.Get(*Part)));
+        ForReferencesOf(Component, [&](TComponent* Part, const TProperty& Property) {
+            all.push_back(std::get<TComponent*>(Property.Get(*Part)));
         });
         return all;
     }

@@ -33,7 +33,7 @@ inline bool Type(THostClient& Client, std::string_view Script) {
         {"Left", kcLeft},  {"Right", kcRight},   {"Up", kcUp},       {"Down", kcDown},     {"Home", kcHome},
         {"End", kcEnd},    {"Back", kcBack},     {"Del", kcDelete},  {"Ins", kcInsert},    {"Tab", kcTab},
         {"Esc", kcEscape}, {"Return", kcReturn}, {"PgUp", kcPageUp}, {"PgDn", kcPageDown}, {"F2", kcF1 + 1},
-        {"F4", kcF1 + 3},  {"Space", kcSpace}};
+        {"F4", kcF1 + 3},  {"Space", kcSpace},   {"Plus", kcPlus},   {"Minus", kcMinus}};
     bool taken = false;
     for (std::size_t i = 0; i < Script.size();) {
         TKeyStroke stroke;
