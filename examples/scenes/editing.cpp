@@ -47,12 +47,12 @@ void PressAt(TForm& Form, const TControl& Control, TPoint At) {
         Form.AsHostClient().HostMouse(kind, mbLeft, 0, Control.ClientToRoot(At + TPoint{2, 2}));
 }
 
-void AddCaptionEdits(TSheet& Sheet) {
+/// The one that is to have the focus.
+TKxCaptionEdit& AddCaptionEdits(TSheet& Sheet) {
     static const TKxCaption caption = "\\iU\\i\\-max\\-  / mV, \\bat\\b  \\sl\\s\\+2\\+  = 1";
     auto& bar = Sheet.Add<TKxCaptionBar>("its tool bar", 168);
     auto& focused = Sheet.Add<TKxCaptionEdit>("focused, a selection", 240);
     focused.SetCaption(caption);
-    focused.SetFocus();
     focused.Select(11, 13);
     bar.SetEdit(&focused);
     auto& right = Sheet.Add<TKxCaptionEdit>("at the right", 240);
@@ -65,6 +65,7 @@ void AddCaptionEdits(TSheet& Sheet) {
     auto& large = Sheet.Add<TKxCaptionEdit>("16 points", 240, 38);
     large.GetFont().SetSize(16);
     large.SetCaption("\\iE\\i  = \\im\\i\\b c\\b\\+2\\+");
+    return focused;
 }
 
 void AddCombos(TSheet& Sheet) {
@@ -93,6 +94,9 @@ void AddSymbolsAndColors(TSheet& Sheet) {
     symbols.SetSampleSize(6);
     auto& colors = Sheet.Add<TKxColorPicker>("colours", 202, 180);
     for (int i = 0; i < 5; ++i) PressAt(Sheet.Form, colors, colors.SquareRect(4, 2 * i + 1).TopLeft());
+}
+
+void AddWrongColor(TSheet& Sheet) {
     auto& wrong = Sheet.Add<TKxColorPicker>("wrong text", 202, 180);
     PressAt(Sheet.Form, wrong, {150, 165});
     for (const char* key : {"#", "1", "F", "g"})
@@ -105,10 +109,12 @@ void PaintEditingSheet(TCanvasDevice& Device) {
     TSheetForm form(nullptr);
     form.SetBounds(0, 0, CEditingSheetSize.Width, CEditingSheetSize.Height);
     TSheet edits{form, 16, 140}, lists{form, 420, 90}, symbols{form, 690, 90};
+    TKxCaptionEdit& focused = AddCaptionEdits(edits);
+    AddCombos(edits);
+    AddWrongColor(edits);
     AddLists(lists);
     AddSymbolsAndColors(symbols);
-    AddCaptionEdits(edits);
-    AddCombos(edits);
+    focused.SetFocus();
     PaintFrame(form, Device);
 }
 

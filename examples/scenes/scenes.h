@@ -10,7 +10,7 @@ inline constexpr TSize CSymbolSheetSize{760, 520};
 /// All point symbols with their names, arrows, three-dimensional bars, frames and the caption markup.
 void PaintSymbolSheet(TCanvas& Canvas);
 
-inline constexpr TSize CEditingSheetSize{960, 620};
+inline constexpr TSize CEditingSheetSize{1000, 640};
 
 /// The editing controls in their states, on a form.
 void PaintEditingSheet(TCanvasDevice& Device);
