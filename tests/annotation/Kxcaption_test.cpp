@@ -106,6 +106,31 @@ TEST(Captions, OnSmoothDevicesRunsFollowEachOtherAndTheAnchorStays) {
     }
 }
 
+TEST(Captions, EdgesAndLevelsAreThoseThatArePainted) {
+    TSheet sheet("ab\\+2\\+\\bcd", false);
+    sheet.Run();
+    const TKxParsedCaption caption = ParseCaption(sheet.Rec.Text);
+    const std::vector<double> whole = CaptionEdges(caption, sheet.Canvas, false);
+    EXPECT_EQ(whole, std::vector<double>(sheet.Rec.CharPos.begin(), sheet.Rec.CharPos.begin() + 5));
+    // Letters of one run stand half a pixel closer.
+    struct TKernedScreen : TFineScreen {
+        double ExactTextWidth(const TFontFace& Face, std::string_view Text) const override {
+            return TFineScreen::ExactTextWidth(Face, Text) - 0.5 * (CharacterCount(Text) - 1);
+        }
+    };
+    const TKernedScreen screen;
+    EXPECT_EQ(CaptionEdges(caption, sheet.Canvas, true), (std::vector{6.25, 12.5, 19.0, 25.25, 31.5}));
+    EXPECT_EQ(ExactCaptionWidth(caption, sheet.Canvas), 31.5);
+    sheet.Canvas.Font.SetSize(12);
+    const auto level = [&](const TKxCaptionLooks& Looks) {
+        const TKxCaptionLevel found = CaptionLevel(Looks, sheet.Canvas);
+        return std::pair(found.Top, found.Height);
+    };
+    EXPECT_EQ(level({}), std::pair(0, 16));
+    EXPECT_EQ(level({.Superscript = true, .Small = true}), std::pair(-2, 11));
+    EXPECT_EQ(level({.Subscript = true, .Small = true}), std::pair(6, 11));
+}
+
 TEST(Captions, EveryEscapeTogglesItsOwnLookAndTheFontComesBack) {
     const unsigned all = fsItalic | fsUnderline | fsStrikeOut;
     const struct {

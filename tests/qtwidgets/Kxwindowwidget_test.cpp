@@ -286,8 +286,13 @@ TEST(WidgetsHost, RunsTimersUntilItQuits) {
     TApplication::Instance().Run();
     WaitFor(10);
     EXPECT_EQ(ticks, 3);
-    TApplication::Instance().GetHost().CopyText("12 \u00b5s");
-    EXPECT_EQ(TApplication::Instance().GetHost().PasteText(), "12 \u00b5s");
+    THost& host = TApplication::Instance().GetHost();
+    host.CopyMarkup("x2", "text/x-marked", "x\\+2");
+    EXPECT_EQ(host.PasteText(), "x2");
+    EXPECT_EQ(host.PasteMarkup("text/x-marked"), "x\\+2");
+    host.CopyText("12 \u00b5s");
+    EXPECT_EQ(host.PasteText(), "12 \u00b5s");
+    EXPECT_EQ(host.PasteMarkup("text/x-marked"), "");
 }
 
 } // namespace
