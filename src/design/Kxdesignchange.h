@@ -1,6 +1,6 @@
 #pragma once
-// The one way in which a designer changes a form. Whoever edits components at design time - the inspector, the
-// surface, a command - hands what it does to this, and the document that keeps the history implements it.
+// The one way in which a designer changes a form. Whoever edits components at design time - the inspector,
+// the surface, a command - hands what it does to this, and the document that keeps the history implements it.
 
 #include <functional>
 #include <string>

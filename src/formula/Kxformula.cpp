@@ -1,5 +1,6 @@
 #include <kxgraph/formula/Kxformula.h>
 
+#include <kxgraph/design/Kxdesignformula.h>
 #include <kxgraph/formula/Kxformulablocks.h>
 #include <kxgraph/platform/text/text.h>
 
@@ -204,11 +205,29 @@ void BindFormula(TKxFittedLine& Line) {
     }
 }
 
+/// A formula for those who know no formula library.
+class TReadFormula : public TKxDesignFormula {
+public:
+    explicit TReadFormula(const std::string& Text) : FFormula(Text) {}
+    const std::vector<std::string>& GetNames() const override { return FFormula.GetNames(); }
+    double Evaluate(double X, std::span<const double> Values) override {
+        return FFormula.Evaluate(X, Values);
+    }
+
+private:
+    TKxFormula FFormula;
+};
+
+std::unique_ptr<TKxDesignFormula> ReadFormula(const std::string& Text) {
+    return std::make_unique<TReadFormula>(Text);
+}
+
 } // namespace
 
 } // namespace kx
 
-/// Makes the library known to fitted lines. What links the library asks for this name, or an archive would
-/// leave it out of programs that name no formula themselves.
+/// Makes the library known to fitted lines and to designers. What links the library asks for this name, or an
+/// archive would leave it out of programs that name no formula themselves.
 extern "C" int kxgraph_formula_binds;
-int kxgraph_formula_binds = (kx::TKxFittedLine::SetFormulaBinder(kx::BindFormula), 1);
+int kxgraph_formula_binds =
+    (kx::TKxFittedLine::SetFormulaBinder(kx::BindFormula), kx::SetDesignFormulaReader(kx::ReadFormula), 1);

@@ -11,8 +11,6 @@ namespace kx {
 
 TKxSeries::TKxSeries(TComponent* Owner) : TKxGraphSeries(Owner), FLineStyle(this), FAreaStyle(this) {
     FAreaStyle.SetVisible(false);
-    if (IsIn(csDesigning))
-        FOrderWatch = std::make_unique<TKxOrderWatch>(*this, TEvent<>::Of<&TKxSeries::OrderChanged>(this));
 }
 
 TKxSeries::~TKxSeries() {

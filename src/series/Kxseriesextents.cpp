@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <utility>
 
 namespace kx {
@@ -150,7 +151,10 @@ bool TKxSeries::RefreshExtents() {
 }
 
 // Without data there is still something to do: extents end, and what is computed from them.
+// Every frame comes by here, so that a form is watched, too, that was read before it was designed.
 void TKxSeries::CalculatePoints() {
+    if (IsIn(csDesigning) && !FOrderWatch)
+        FOrderWatch = std::make_unique<TKxOrderWatch>(*this, TEvent<>::Of<&TKxSeries::OrderChanged>(this));
     if (RefreshExtents()) return; // the axes may move: the points are computed in the next round
     PlacePoints();
     UpdateChildren(std::exchange(FPointsDirty, false));

@@ -3,9 +3,12 @@
 
 #include "support/cases.h"
 #include "support/cputime.h"
+#include "support/errors.h"
 #include "support/graphfixture.h"
 
 #include <kxgraph/annotation/Kxclasses.h>
+#include <kxgraph/design/Kxdesignrows.h>
+#include <kxgraph/design/Kxvaluesgrid.h>
 #include <kxgraph/platform/streaming/formfile.h>
 
 #include <algorithm>
@@ -267,6 +270,26 @@ TEST(Formula, BindsItselfToALineThatIsReadAndAFitLeavesTheFileAsItIs) {
         EXPECT_FALSE(untouched.GetFittingFunction());
         EXPECT_EQ(untouched.GetOrder(), 2);
     }
+}
+
+TEST(Formula, FillsCellsOfAGridOfValues) {
+    TForm form(nullptr);
+    TKxLiveVector x(&form), y(&form);
+    x.SetName("T");
+    y.SetName("U");
+    x.AddValues(std::vector<double>{1, 2, 4});
+    TKxPlainDesignChange change;
+    TKxDesignContext context{change, &form};
+    std::vector<const TProperty*> rows = DesignRowsOf(y);
+    const auto values = std::ranges::find(rows, "Values", &TProperty::Name);
+    TKxValuesGrid grid(TKxPropertyPlace(context, {{&y, {*values}}}));
+    grid.Fill(0, 0, 2, "10*T + i/n");
+    grid.Fill(0, 1, 1, "-x");
+    EXPECT_EQ(grid.Copy(0, 2), "10.333333333333334\n-20.666666666666668\n41\n");
+    EXPECT_EQ(test::MessageOf([&] { grid.Fill(0, 0, 2, "V+1"); }),
+              "there is no vector 'V'; a formula may have x, i, n and vectors");
+    EXPECT_NE(test::MessageOf([&] { grid.Fill(0, 0, 2, "1+"); }), "");
+    EXPECT_EQ(grid.GetText(2, 0), "41");
 }
 
 } // namespace

@@ -9,10 +9,10 @@ namespace kx {
 
 void RegisterControlClasses() {
     RegisterClass<TForm>("TForm");
-    RegisterClass<TMenuItem>("TMenuItem");
+    RegisterClass<TMenuItem>("TMenuItem", CGeneralPage);
     RegisterClass<TCustomControl>("TCustomControl");
-    RegisterClass<TPopupMenu>("TPopupMenu");
-    RegisterClass<TTimer>("TTimer");
+    RegisterClass<TPopupMenu>("TPopupMenu", CGeneralPage);
+    RegisterClass<TTimer>("TTimer", CGeneralPage);
 }
 
 } // namespace kx

@@ -63,8 +63,8 @@ const TPropertyTable& TMemoryDataSet::Properties() {
 }
 
 void RegisterDataClasses() {
-    RegisterClass<TDataSource>("TDataSource");
-    RegisterClass<TMemoryDataSet>("TMemoryDataSet");
+    RegisterClass<TDataSource>("TDataSource", CGeneralPage);
+    RegisterClass<TMemoryDataSet>("TMemoryDataSet", CGeneralPage);
 }
 
 } // namespace kx

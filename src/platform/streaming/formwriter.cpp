@@ -7,8 +7,6 @@
 #include <kxgraph/platform/streaming/formvalues.h>
 #include <kxgraph/platform/text/text.h>
 
-#include <typeinfo>
-
 namespace kx {
 
 namespace {
@@ -52,27 +50,15 @@ TComponent* TFormWriter::PlaceOf(const TComponent& Component) const {
     return parent;
 }
 
-const TComponent& TFormWriter::FreshOf(const TComponentClass& Class) {
-    auto& fresh = FFresh[&Class];
-    if (!fresh) fresh.reset(Class.Make(nullptr));
-    return *fresh;
-}
-
-/// The most derived of the registered classes that Component is of.
-TFormWriter::TModel TFormWriter::ModelOf(const TComponent& Component) {
-    const auto [place, isNew] = FModels.try_emplace(typeid(Component));
-    if (!isNew) return place->second;
-    const TComponentClass* found = nullptr;
-    for (const TComponentClass& type : RegisteredClasses())
-        if (type.Is(Component) && (!found || found->Is(FreshOf(type)))) found = &type;
-    if (!found)
-        throw EFormError(Told(Component) + ": no class of a " + Component.ClassName() + " is registered");
-    return place->second = {found, &FreshOf(*found)};
+TFormModels::TModel TFormWriter::ModelOf(const TComponent& Component) {
+    const TFormModels::TModel model = FModels.Of(Component);
+    if (model.Class) return model;
+    throw EFormError(Told(Component) + ": no class of a " + Component.ClassName() + " is registered");
 }
 
 void TFormWriter::WriteObject(TComponent& Component, int Depth) {
     if (Depth == CDeepestNesting) throw EFormError(Told(Component) + " stands too deep in other components");
-    const TModel model = ModelOf(Component);
+    const TFormModels::TModel model = ModelOf(Component);
     FWritten = &Component;
     FText.append(Indented(Depth)).append("object ");
     if (!Component.GetName().empty()) FText.append(Component.GetName()).append(": ");
@@ -123,7 +109,7 @@ private:
 } // namespace
 
 TFormPart TFormWriter::WritePart(TComponent& Component, const TFormPart* Before) {
-    const TModel model = ModelOf(Component);
+    const TFormModels::TModel model = ModelOf(Component);
     TFormPart part;
     part.Class = model.Class->Name;
     FWritten = &Component;
@@ -137,7 +123,7 @@ TFormPart TFormWriter::WritePart(TComponent& Component, const TFormPart* Before)
 }
 
 std::string TFormWriter::UnchangedForm(const TComponent& Component, std::string_view Path) {
-    const TModel model = ModelOf(Component);
+    const TFormModels::TModel model = ModelOf(Component);
     const TPersistent* object = model.Fresh;
     const TFormRows* rows = &FRows.Of(model.Class->Properties());
     for (std::size_t point; (point = Path.find('.')) != Path.npos; Path.remove_prefix(point + 1)) {

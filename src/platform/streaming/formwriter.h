@@ -1,15 +1,13 @@
 #pragma once
 // Writes a form as text, or its components one by one. What writes again and again keeps one writer.
 
-#include <kxgraph/platform/objects/classes.h>
 #include <kxgraph/platform/objects/component.h>
+#include <kxgraph/platform/streaming/formmodels.h>
 #include <kxgraph/platform/streaming/formrows.h>
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <typeindex>
 #include <unordered_map>
 #include <vector>
 
@@ -44,11 +42,6 @@ public:
     void SetFileName(const std::string& FileName) { FFileName = FileName; }
 
 private:
-    /// What a component is written as, and an unchanged one of that class.
-    struct TModel {
-        const TComponentClass* Class;
-        const TComponent* Fresh;
-    };
     /// An object of a component, and the same object of an unchanged one.
     struct TPair {
         const TPersistent& Object;
@@ -56,8 +49,7 @@ private:
     };
 
     TComponent* PlaceOf(const TComponent& Component) const;
-    TModel ModelOf(const TComponent& Component);
-    const TComponent& FreshOf(const TComponentClass& Class);
+    TFormModels::TModel ModelOf(const TComponent& Component);
     void WriteObject(TComponent& Component, int Depth);
     void WriteParent(const TComponent& Component, int Depth);
     void WriteRows(const TPropertyTable& Table, TPair Pair, const std::string& Prefix, bool Whole);
@@ -71,8 +63,7 @@ private:
     const TComponent* FWritten = nullptr; // for messages
     TFormRowCache FRows;
     TChildren FChildren; // in the order of components
-    std::unordered_map<std::type_index, TModel> FModels;
-    std::unordered_map<const TComponentClass*, std::unique_ptr<TComponent>> FFresh;
+    TFormModels FModels;
 };
 
 } // namespace kx

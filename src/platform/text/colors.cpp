@@ -1,5 +1,6 @@
 #include <kxgraph/platform/text/colors.h>
 
+#include <kxgraph/platform/text/colornames.h>
 #include <kxgraph/platform/text/numbertext.h>
 #include <kxgraph/platform/text/text.h>
 
@@ -84,6 +85,12 @@ std::string ColorToText(TColor Color) {
                                     [&](const TNamedColor& Named) { return Named.Color == Color; });
     if (found != CNamedColors.end()) return std::string(found->Name);
     return "$" + UpperCase(HexText(static_cast<unsigned>(Color), 8));
+}
+
+std::vector<std::string_view> ColorNames() {
+    std::vector<std::string_view> names;
+    for (const TNamedColor& named : CNamedColors) names.push_back(named.Name);
+    return names;
 }
 
 std::optional<TColor> ColorFromText(std::string_view Text) {
