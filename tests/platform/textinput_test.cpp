@@ -92,7 +92,7 @@ TEST(InputMethods, ComposeInTheFocusedControlAndKnowItsPlace) {
     EXPECT_FALSE(f.Client().HostCompose({.Commit = "x"})) << "nobody is there";
     f.Field->SetFocus();
     EXPECT_TRUE(told.Takes);
-    EXPECT_EQ(TPoint(told.Left, told.Top), TPoint(13, 22));
+    EXPECT_EQ((TPoint{told.Left, told.Top}), (TPoint{13, 22}));
     EXPECT_FALSE(f.Client().HostCompose({.Text = "k"}));
     EXPECT_TRUE(f.Client().HostCompose({.Commit = "é"}));
     EXPECT_EQ(f.Field->Typed, "é") << "whoever knows no composition gets it typed";

@@ -117,19 +117,6 @@ void TCustomComboBox::CloseUp(bool Takes) {
     if (Takes) Choose(drop->Marked());
 }
 
-int TCustomComboBox::TargetOf(int Key) const {
-    const int at = HasItem() ? FItemIndex : -1;
-    switch (Key) {
-    case kcUp: return StepFrom(at, at < 0 ? 0 : -1);
-    case kcDown: return StepFrom(at, 1);
-    case kcPageUp: return StepFrom(at, -FDropDownCount);
-    case kcPageDown: return StepFrom(at, FDropDownCount);
-    case kcHome: return StepFrom(0, 0);
-    case kcEnd: return StepFrom(ItemCount() - 1, 0);
-    default: return -1;
-    }
-}
-
 bool TCustomComboBox::KeyDown(const TKeyStroke& Stroke) {
     const TComponentRef<TCustomComboBox> self(this);
     if (TInputControl::KeyDown(Stroke)) return true;
@@ -137,12 +124,11 @@ bool TCustomComboBox::KeyDown(const TKeyStroke& Stroke) {
     const bool alt = (Stroke.Shift & ssAlt) != 0, arrow = Stroke.Key == kcDown || Stroke.Key == kcUp;
     if (Stroke.Key == kcF1 + 3 || Stroke.Key == kcSpace || (alt && arrow)) return DropDown(), true;
     if (alt || ItemCount() == 0) return false;
-    if (const int target = TargetOf(Stroke.Key); target >= 0) return Choose(target), true;
-    if (Stroke.Text.empty()) return false;
-    bool asNext = false;
-    const std::string& prefix = FPrefix.Add(Stroke.Text, asNext);
     const int at = HasItem() ? FItemIndex : -1;
-    Choose(FindItem(prefix, asNext ? at : at - 1));
+    if (const int target = KeyTarget(Stroke.Key, at, FDropDownCount); target >= 0)
+        return Choose(target), true;
+    if (Stroke.Text.empty()) return false;
+    Choose(TypedTarget(FPrefix, Stroke.Text, at));
     return true;
 }
 
@@ -171,7 +157,7 @@ void TCustomComboBox::CMVisibleChanged() {
 
 TRect TCustomComboBox::GetItemRect() const {
     const TRect all = GetClientRect();
-    return {all.Left + 2, all.Top + 2, all.Right - CFieldButton, all.Bottom - 2};
+    return {all.Left + 1, all.Top + 2, all.Right - CFieldButton, all.Bottom - 2};
 }
 
 void TCustomComboBox::Paint() {

@@ -63,7 +63,6 @@ protected:
 private:
     class TDrop;
     void Choose(int Index);
-    int TargetOf(int Key) const;
 
     int FItemIndex = -1, FDropDownCount = 8, FItemHeight = 0;
     std::unique_ptr<TDrop> FDrop; // while it is dropped down

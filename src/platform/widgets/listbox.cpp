@@ -83,29 +83,15 @@ void TCustomListBox::Choose(int Index) {
     if (Index != FItemIndex) Select(Index);
 }
 
-int TCustomListBox::TargetOf(int Key) const {
-    const int at = HasItem() ? FItemIndex : -1, page = std::max(PageRows() - 1, 1), count = ItemCount();
-    switch (Key) {
-    case kcUp: return StepFrom(at, at < 0 ? 0 : -1);
-    case kcDown: return StepFrom(at, 1);
-    case kcPageUp: return StepFrom(at, -page);
-    case kcPageDown: return StepFrom(at, page);
-    case kcHome: return StepFrom(0, 0);
-    case kcEnd: return StepFrom(count - 1, 0);
-    default: return -1;
-    }
-}
-
 bool TCustomListBox::KeyDown(const TKeyStroke& Stroke) {
     const TComponentRef<TCustomListBox> self(this);
     if (TInputControl::KeyDown(Stroke)) return true;
     if (!self || !IsOperable() || (Stroke.Shift & (ssCtrl | ssAlt)) || ItemCount() == 0) return false;
-    if (const int target = TargetOf(Stroke.Key); target >= 0) return Choose(target), true;
-    if (Stroke.Text.empty() || Stroke.Text == " ") return false;
-    bool asNext = false;
-    const std::string& prefix = FPrefix.Add(Stroke.Text, asNext);
     const int at = HasItem() ? FItemIndex : -1;
-    Choose(FindItem(prefix, asNext ? at : at - 1));
+    if (const int target = KeyTarget(Stroke.Key, at, std::max(PageRows() - 1, 1)); target >= 0)
+        return Choose(target), true;
+    if (Stroke.Text.empty() || Stroke.Text == " ") return false;
+    Choose(TypedTarget(FPrefix, Stroke.Text, at));
     return true;
 }
 

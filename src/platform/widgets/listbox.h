@@ -59,7 +59,6 @@ protected:
 
 private:
     int PageRows() const;
-    int TargetOf(int Key) const;
     TRect ItemsRect() const;
     void Choose(int Index);
     void ShowItem(int Index);

@@ -8,7 +8,8 @@
 namespace kx {
 
 void TListItems::DrawItem(TCanvas& Canvas, int Index, const TRect& Rect, TDrawState) {
-    const TRect inside{Rect.Left + CFieldPadding, Rect.Top, Rect.Right - CFieldPadding, Rect.Bottom};
+    constexpr int CPadding = CFieldPadding - 1; // the frame of list or field is no part of the item
+    const TRect inside{Rect.Left + CPadding, Rect.Top, Rect.Right - CPadding, Rect.Bottom};
     PaintText(Canvas, inside, ItemText(Index), taLeftJustify);
 }
 
@@ -29,6 +30,24 @@ int TListItems::StepFrom(int Index, int Steps) const {
     for (; at >= 0 && at <= last; at -= step)
         if (ItemEnabled(at)) return at;
     return Index;
+}
+
+int TListItems::KeyTarget(int Key, int At, int Page) const {
+    switch (Key) {
+    case kcUp: return StepFrom(At, At < 0 ? 0 : -1);
+    case kcDown: return StepFrom(At, 1);
+    case kcPageUp: return StepFrom(At, -Page);
+    case kcPageDown: return StepFrom(At, Page);
+    case kcHome: return StepFrom(0, 0);
+    case kcEnd: return StepFrom(ItemCount() - 1, 0);
+    default: return -1;
+    }
+}
+
+int TListItems::TypedTarget(TTypedPrefix& Prefix, std::string_view Text, int At) const {
+    bool asNext = false;
+    const std::string& prefix = Prefix.Add(Text, asNext);
+    return FindItem(prefix, asNext ? At : At - 1);
 }
 
 std::string JoinLines(const std::vector<std::string>& Lines) {

@@ -1,0 +1,175 @@
+#include "support/keys.h"
+
+#include <kxgraph/platform/widgets/stringgrid.h>
+#include <kxgraph/platform/widgets/tabtext.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace kx {
+namespace {
+
+using test::Click, test::Host, test::Mouse, test::Turn, test::Press, test::ViewOf;
+
+/// Four columns of 40 and five rows of 20, a header each, in the form's corner.
+struct TGridForm : test::TWidgetForm<TStringGrid> {
+    TGridForm() {
+        Widget.SetBounds(0, 0, 200, 122);
+        Widget.SetDefaultColWidth(40), Widget.SetDefaultRowHeight(20);
+        Widget.SetColCount(4), Widget.SetRowCount(5);
+        Widget.SetCells("\tA\tB\tC\n1\ta1\tb1\tc1\n2\ta2\tb2\tc2\n");
+        Widget.OnChange = [this](TControl*) { ++Changes; };
+    }
+    static TPoint At(int Col, int Row) { return {1 + 40 * Col + 20, 1 + 20 * Row + 10}; }
+    std::string Selected() const {
+        const TRect r = Widget.GetRange();
+        return std::to_string(Widget.GetCol()) + std::to_string(Widget.GetRow()) + " " +
+               std::to_string(r.Left) + std::to_string(r.Top) + "-" + std::to_string(r.Right) +
+               std::to_string(r.Bottom);
+    }
+    int Changes = 0;
+};
+
+TEST(Grid, IsWalkedAndSelectedByKeysAndMouse) {
+    struct TCase {
+        const char* What;
+        void (*Act)(TGridForm&);
+        const char* Selected;
+    };
+    const TCase cases[] = {
+        {"at first", [](TGridForm&) {}, "11 11-11"},
+        {"arrows stop at the edges", [](TGridForm& F) { Press(F.Client(), "{Left}{Up}{Right}{Down}{Down}"); },
+         "23 23-23"},
+        {"to the ends", [](TGridForm& F) { Press(F.Client(), "{Ctrl End}{Home}"); }, "14 14-14"},
+        {"Shift extends", [](TGridForm& F) { Press(F.Client(), "{Right}{Shift Down}{Shift Left}"); },
+         "12 11-22"},
+        {"all", [](TGridForm& F) { Press(F.Client(), "{Ctrl A}"); }, "11 11-34"},
+        {"click", [](TGridForm& F) { Click(F.Client(), F.At(2, 3)); }, "23 23-23"},
+        {"click on a header", [](TGridForm& F) { Click(F.Client(), F.At(2, 0)); }, "11 11-11"},
+        {"click with Shift", [](TGridForm& F) { Click(F.Client(), F.At(2, 3), ssShift); }, "23 11-23"},
+        {"drag, also beyond the edge",
+         [](TGridForm& F) {
+             Mouse(F.Client(), TMouseKind::Down, F.At(3, 3));
+             Mouse(F.Client(), TMouseKind::Move, F.At(2, 2));
+             Mouse(F.Client(), TMouseKind::Move, {390, 290});
+             Mouse(F.Client(), TMouseKind::Up, {390, 290});
+         },
+         "34 33-34"},
+        {"fewer rows", [](TGridForm& F) { Press(F.Client(), "{Ctrl End}"), F.Widget.SetRowCount(3); },
+         "32 32-32"},
+        {"no rows", [](TGridForm& F) { F.Widget.SetRowCount(1), Press(F.Client(), "{Down}x"); },
+         "1-1 1-1-1-1"},
+    };
+    for (const TCase& c : cases) {
+        SCOPED_TRACE(c.What);
+        TGridForm f;
+        c.Act(f);
+        EXPECT_EQ(f.Selected(), c.Selected);
+    }
+}
+
+TEST(Grid, EditsCellsInPlace) {
+    struct TCase {
+        const char *Keys, *Cells, *Selected;
+        int Changes;
+    };
+    const std::string head = "\tA\tB\tC\n", second = "2\ta2\tb2\tc2\n";
+    const TCase cases[] = {
+        {"x{Enter}", "1\tx\tb1\tc1\n", "12 12-12", 1},
+        {"{F2}x{Enter}", "1\tx\tb1\tc1\n", "12 12-12", 1},
+        {"{Enter}{End}x{Up}", "1\ta1x\tb1\tc1\n", "11 11-11", 1},
+        {"x{Tab}y{Shift Tab}", "1\tx\ty\tc1\n", "11 11-11", 2},
+        {"x{Esc}", "1\ta1\tb1\tc1\n", "11 11-11", 0},
+        {"{F2}{Enter}", "1\ta1\tb1\tc1\n", "12 12-12", 0},
+        {"{Del}", "1\t\tb1\tc1\n", "11 11-11", 1},
+        {"{Shift Right}{Ctrl X}", "1\t\t\tc1\n", "21 11-21", 1},
+        {"{Shift Right}{Ctrl C}{Down}{Up}{Ctrl V}", "1\ta1\ta1\tb1\n", "21 21-31", 1},
+        {"{Ctrl C}{Shift Right}{Shift Right}{Ctrl V}", "1\ta1\ta1\ta1\n", "11 11-31", 1},
+    };
+    for (const TCase& c : cases) {
+        SCOPED_TRACE(c.Keys);
+        TGridForm f;
+        Press(f.Client(), c.Keys);
+        EXPECT_FALSE(f.Widget.IsEditing());
+        EXPECT_EQ(f.Widget.GetCells(), head + c.Cells + second);
+        EXPECT_EQ(f.Selected(), c.Selected);
+        EXPECT_EQ(f.Changes, c.Changes);
+        EXPECT_TRUE(f.Widget.IsFocused());
+    }
+    TGridForm f;
+    TEdit other(&f.Form);
+    other.SetParent(&f.Form);
+    Click(f.Client(), f.At(2, 1), ssDouble);
+    ASSERT_TRUE(f.Widget.IsEditing());
+    Press(f.Client(), "{Ctrl A}z");
+    other.SetFocus();
+    EXPECT_EQ(f.Widget.GetCell(2, 1), "z") << "leaving takes it";
+    EXPECT_TRUE(other.IsFocused());
+    f.Widget.SetFocus();
+    f.Client().HostCompose({.Text = "k"});
+    f.Client().HostCompose({.Commit = "可"});
+    Press(f.Client(), "{Enter}");
+    EXPECT_EQ(f.Widget.GetCell(2, 1), "可");
+    f.Widget.SetReadOnly(true);
+    EXPECT_FALSE(Press(f.Client(), "x"));
+    Press(f.Client(), "{Del}{Ctrl V}{F2}");
+    EXPECT_EQ(f.Changes, 2);
+}
+
+TEST(Grid, PastesWhatSpreadsheetsCopy) {
+    EXPECT_EQ(ReadTabText("a\tb\r\n\"c\t\"\"d\"\"\ne\"\t\n\nlast"),
+              (std::vector<std::vector<std::string>>{{"a", "b"}, {"c\t\"d\"\ne", ""}, {""}, {"last"}}));
+    const std::vector<std::vector<std::string>> odd{{"\"", "a\nb"}, {"", ""}};
+    EXPECT_EQ(ReadTabText(TabTextOf(odd)), odd);
+    TGridForm f;
+    Host().CopyText("1\t2\n3\t4\n5\t6\n7\t8\n9\t10\n");
+    Press(f.Client(), "{Right}{Right}{Down}{Ctrl V}");
+    EXPECT_EQ(f.Widget.GetCell(3, 4), "5") << "what finds no cell is left out";
+    EXPECT_EQ(f.Selected(), "32 32-34");
+    f.Widget.SetAutoRows(true);
+    Press(f.Client(), "{Ctrl Home}{Ctrl V}{Ctrl End}{Down}");
+    EXPECT_EQ(f.Widget.GetRowCount(), 7);
+    EXPECT_EQ(f.Widget.GetCell(2, 5), "10");
+}
+
+/// A million rows that are only asked for where they are seen.
+struct TMany : TCustomGrid {
+    explicit TMany(TComponent* Owner) : TCustomGrid(Owner) { SetRowCount(1'000'001); }
+    std::string CellText(int Col, int Row) const override {
+        ++Asked;
+        return std::to_string(Col) + "/" + std::to_string(Row);
+    }
+    bool StoreCell(int, int, const std::string&) override { return true; }
+    mutable int Asked = 0;
+};
+
+TEST(Grid, AsksOnlyForCellsInSight) {
+    test::TWidgetForm<TMany> f;
+    f.Widget.SetBounds(0, 0, 200, 122);
+    f.Widget.SetDefaultColWidth(100);
+    Press(f.Client(), "{Ctrl End}{PgUp}{PgUp}{Ctrl Down}");
+    Host().ProcessMessages();
+    EXPECT_EQ(f.Widget.GetRow(), 1'000'000);
+    EXPECT_NE(ViewOf(f.Form).LastFrame.ToText().find("1000000"), std::string::npos);
+    f.Widget.Accessible();
+    EXPECT_LT(f.Widget.Asked, 100);
+    const int top = f.Widget.GetTopRow();
+    Turn(f.Client(), 2, {30, 60});
+    EXPECT_EQ(f.Widget.GetTopRow(), top - 6);
+}
+
+TEST(Grid, WidensColumnsByTheirEdges) {
+    TGridForm f;
+    Mouse(f.Client(), TMouseKind::Down, {82, 10});
+    Mouse(f.Client(), TMouseKind::Move, {112, 10});
+    Mouse(f.Client(), TMouseKind::Up, {112, 10});
+    EXPECT_EQ(f.Widget.ColWidth(1), 71);
+    f.Widget.SetColWidth(1, 400); // only this one is seen, and not all of it
+    Press(f.Client(), "{Right}");
+    EXPECT_EQ(f.Widget.GetLeftCol(), 2);
+    EXPECT_EQ(f.Widget.CellAt(f.At(1, 1)), (TPoint{2, 1}));
+}
+
+} // namespace
+} // namespace kx
