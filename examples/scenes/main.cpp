@@ -39,6 +39,7 @@ int main(int Count, char** Arguments) {
         qt::Install(true);
         Draw(directory, "symbolsheet", scenes::CSymbolSheetSize, PaintSymbols);
         Draw(directory, "editing", scenes::CEditingSheetSize, scenes::PaintEditingSheet);
+        Draw(directory, "fields", scenes::CFieldsSheetSize, scenes::PaintFieldsSheet);
         return 0;
     } catch (const std::exception& error) {
         std::cerr << "kxgraph_scenes: " << error.what() << '\n';

@@ -15,4 +15,9 @@ inline constexpr TSize CEditingSheetSize{1000, 640};
 /// The editing controls in their states, on a form.
 void PaintEditingSheet(TCanvasDevice& Device);
 
+inline constexpr TSize CFieldsSheetSize{660, 340};
+
+/// Fields, lists, buttons and a grid in their states, on a form.
+void PaintFieldsSheet(TCanvasDevice& Device);
+
 } // namespace kx::scenes

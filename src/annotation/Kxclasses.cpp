@@ -11,6 +11,7 @@
 #include <kxgraph/platform/controls/controlclasses.h>
 #include <kxgraph/platform/data/memorydataset.h>
 #include <kxgraph/platform/objects/classes.h>
+#include <kxgraph/platform/widgets/widgetclasses.h>
 #include <kxgraph/series/Kxseriesclasses.h>
 #include <kxgraph/table/Kxfilevector.h>
 
@@ -18,6 +19,7 @@ namespace kx {
 
 void RegisterClasses() {
     RegisterControlClasses();
+    RegisterWidgetClasses();
     RegisterDataClasses();
     RegisterVectorClasses();
     RegisterTableClasses();

@@ -3,6 +3,7 @@
 #include <kxgraph/editing/Kxcaptionbar.h>
 #include <kxgraph/editing/Kxcaptionedit.h>
 #include <kxgraph/editing/Kxcolorpicker.h>
+#include <kxgraph/editing/Kxnumberedit.h>
 #include <kxgraph/editing/Kxpickers.h>
 #include <kxgraph/platform/objects/classes.h>
 
@@ -27,6 +28,10 @@ void RegisterEditingClasses() {
     RegisterPickers<TKxLineWidths>();
     RegisterPickers<TKxPointSymbols>();
     RegisterClass<TKxColorPicker>("TKxColorPicker", CGeneralPage);
+    RegisterClass<TKxRealEdit>("TKxRealEdit", CGeneralPage);
+    RegisterClass<TKxRealSpin>("TKxRealSpin", CGeneralPage);
+    RegisterClass<TKxIntegerEdit>("TKxIntegerEdit", CGeneralPage);
+    RegisterClass<TKxIntegerSpin>("TKxIntegerSpin", CGeneralPage);
 }
 
 } // namespace kx
