@@ -23,7 +23,7 @@ struct TEditForm {
         Form.AsHostClient().HostActivated(true);
         Edit.SetFocus();
     }
-    void Press(std::string_view Keys) { test::Press(Form.AsHostClient(), Keys); }
+    void Press(std::string_view Keys) { test::Type(Form.AsHostClient(), Keys); }
     void MouseAt(int From, int To, TShiftState Shift = 0) {
         const auto at = [&](int Place) { return Edit.ClientToRoot({Edit.PixelOf(Place) + 1, 12}); };
         test::Mouse(Form.AsHostClient(), TMouseKind::Down, at(From), Shift);
@@ -66,28 +66,27 @@ TEST(CaptionEdit, WritesTheCaptionThatIsTypedAndSwitched) {
     const struct {
         const char *Before, *Keys, *After, *Shown;
     } cases[] = {
-        {"", "H{Ctrl Down}2{Ctrl Down}O", "H\\-2\\-O", "H2O|"},
-        {"", "E=mc{Ctrl +}2{Ctrl +} {Ctrl G}a", "E=mc\\+2\\+  \\sa\\s", "E=mc2 a|"},
+        {"", "H{C-Down}2{C-Down}O", "H\\-2\\-O", "H2O|"},
+        {"", "E=mc{C-Plus}2{C-Plus} {C-G}a", "E=mc\\+2\\+  \\sa\\s", "E=mc2 a|"},
         {"", "C:\\bin", "C:\\\\bin", "C:\\bin|"},
-        {"", "x{Ctrl Up}2{Ctrl Down}i", "x\\+2\\+\\-i\\-", "x2i|"},
-        {"", "a{Ctrl B}{Ctrl I}b{Ctrl Space}c", "a\\b\\ib\\b\\ic", "abc|"},
-        {"abcd", "{Home}{Right}{Shift Right}{Shift Right}{Ctrl B}", "a\\bbc\\bd", "a[bc|d"},
-        {"a\\bb\\bc", "{Ctrl A}{Ctrl B}", "\\babc\\b", "[abc|"},
-        {"\\babc\\b", "{Ctrl A}{Ctrl B}{Ctrl U}", "\\uabc\\u", "[abc|"},
-        {"a\\bb\\bc", "{Ctrl A}{Ctrl Space}{Left}", "abc", "|abc"},
-        {"one two_2, three", "{Ctrl Left}{Ctrl Left}{Ctrl Left}x", "one xtwo_2, three", "one x|two_2, three"},
-        {"one two, three", "{Home}{Ctrl Right}{Ctrl Right}{Shift Ctrl Right}", "one two, three",
-         "one two[, |three"},
-        {"one two", "{Ctrl Back}", "one ", "one |"},
-        {"one two", "{Home}{Ctrl Del}{Del}{Del}", "o", "|o"},
-        {"abc", "{Left}{Shift Home}x", "xc", "x|c"},
-        {"abc", "{Left}{Shift End}{Shift Left}{Left}{Back}", "bc", "|bc"},
+        {"", "x{C-Up}2{C-Down}i", "x\\+2\\+\\-i\\-", "x2i|"},
+        {"", "a{C-B}{C-I}b{C-Space}c", "a\\b\\ib\\b\\ic", "abc|"},
+        {"abcd", "{Home}{Right}{S-Right}{S-Right}{C-B}", "a\\bbc\\bd", "a[bc|d"},
+        {"a\\bb\\bc", "{C-A}{C-B}", "\\babc\\b", "[abc|"},
+        {"\\babc\\b", "{C-A}{C-B}{C-U}", "\\uabc\\u", "[abc|"},
+        {"a\\bb\\bc", "{C-A}{C-Space}{Left}", "abc", "|abc"},
+        {"one two_2, three", "{C-Left}{C-Left}{C-Left}x", "one xtwo_2, three", "one x|two_2, three"},
+        {"one two, three", "{Home}{C-Right}{C-Right}{S-C-Right}", "one two, three", "one two[, |three"},
+        {"one two", "{C-Back}", "one ", "one |"},
+        {"one two", "{Home}{C-Del}{Del}{Del}", "o", "|o"},
+        {"abc", "{Left}{S-Home}x", "xc", "x|c"},
+        {"abc", "{Left}{S-End}{S-Left}{Left}{Back}", "bc", "|bc"},
         {"a\\\\b", "{Back}{Back}c", "ac", "ac|"},
-        {"a\\\\b", "{Left}{Left}{Ctrl T}x", "a\\ox\\o\\\\b", "ax|\\b"},
+        {"a\\\\b", "{Left}{Left}{C-T}x", "a\\ox\\o\\\\b", "ax|\\b"},
         {"\\sa\\sb", "{Home}x{Left}{Right}{Right}y", "\\sxay\\sb", "xay|b"},
         {"", "\xC3\xA4\xE2\x82\xAC{Left}{Back}", "\xE2\x82\xAC", "|\xE2\x82\xAC"},
         {"\xE4", "x", "\xC3\xA4x", "\xC3\xA4x|"},
-        {"ab", "{Ctrl X}{Alt x}", "ab", "ab|"},
+        {"ab", "{C-X}{A-x}", "ab", "ab|"},
     };
     for (const auto& c : cases) {
         TEditForm f;
@@ -102,25 +101,25 @@ TEST(CaptionEdit, UndoesWhatWasDoneInOneGo) {
     const struct {
         const char *Keys, *Shown;
     } cases[] = {
-        {"one two{Ctrl Z}", "one |"},
-        {"one two{Ctrl Z}{Ctrl Z}", "|"},
-        {"one two{Ctrl Z}{Ctrl Z}{Ctrl Z}{Ctrl Y}", "one |"},
-        {"one{Left}x{Ctrl Z}", "on|e"},
-        {"one{Back}{Back}{Ctrl Z}", "one|"},
-        {"one{Home}{Del}{Del}{Ctrl Z}", "|one"},
-        {"one{Shift Home}{Ctrl B}{Ctrl Z}{Del}", "|"},
-        {"one{Shift Home}xyz{Ctrl Z}", "|one["},
-        {"one{Back}{Ctrl Z}{Ctrl Z}{Ctrl Shift Z}{Ctrl Shift Z}", "on|"},
-        {"one{Back}{Ctrl Z}x{Ctrl Y}{Ctrl Z}", "one|"},
+        {"one two{C-Z}", "one |"},
+        {"one two{C-Z}{C-Z}", "|"},
+        {"one two{C-Z}{C-Z}{C-Z}{C-Y}", "one |"},
+        {"one{Left}x{C-Z}", "on|e"},
+        {"one{Back}{Back}{C-Z}", "one|"},
+        {"one{Home}{Del}{Del}{C-Z}", "|one"},
+        {"one{S-Home}{C-B}{C-Z}{Del}", "|"},
+        {"one{S-Home}xyz{C-Z}", "|one["},
+        {"one{Back}{C-Z}{C-Z}{C-S-Z}{C-S-Z}", "on|"},
+        {"one{Back}{C-Z}x{C-Y}{C-Z}", "one|"},
     };
     for (const auto& c : cases) {
         TEditForm f;
         f.Press(c.Keys);
         EXPECT_EQ(f.Shown(), c.Shown) << c.Keys;
     }
-    static const char* keys[] = {"a",      " ",           "\\",       "{Back}",        "{Del}",    "{Ctrl B}",
-                                 "{Left}", "{Ctrl Down}", "{Ctrl A}", "{Shift Right}", "{Ctrl C}", "{Ctrl V}",
-                                 "{Home}", "{Ctrl Z}",    "{Ctrl Y}", "{Shift Home}",  "{Ctrl G}"};
+    static const char* keys[] = {"a",      " ",        "\\",    "{Back}",    "{Del}", "{C-B}",
+                                 "{Left}", "{C-Down}", "{C-A}", "{S-Right}", "{C-C}", "{C-V}",
+                                 "{Home}", "{C-Z}",    "{C-Y}", "{S-Home}",  "{C-G}"};
     TEditForm f;
     f.Edit.SetCaption("\\bbegin\\b  with \\+this");
     std::mt19937 random(3);
@@ -137,10 +136,10 @@ TEST(CaptionEdit, CopiesTextAndMarkupAndTakesBoth) {
     TEditForm f;
     THeadlessHost& host = test::Host();
     f.Edit.SetCaption("x\\+2\\+  y");
-    f.Press("{Ctrl A}{Ctrl X}{Ctrl V}{Ctrl V}");
+    f.Press("{C-A}{C-X}{C-V}{C-V}");
     EXPECT_EQ(f.Edit.GetCaption(), "x\\+2\\+  yx\\+2\\+  y");
     EXPECT_EQ(host.PasteText(), "x2 y");
-    f.Press("{Ctrl A}{Ctrl Shift V}");
+    f.Press("{C-A}{C-S-V}");
     EXPECT_EQ(f.Edit.GetCaption(), "x2 y");
     const struct {
         const char *Text, *After, *AsText;
@@ -150,18 +149,18 @@ TEST(CaptionEdit, CopiesTextAndMarkupAndTakesBoth) {
                  {"\\bbold\\b\ntext", "\\bbold\\btext", "\\\\bbold\\\\b text"}};
     for (const auto& c : cases) {
         host.CopyText(c.Text);
-        f.Press("{Ctrl A}{Ctrl V}");
+        f.Press("{C-A}{C-V}");
         EXPECT_EQ(f.Edit.GetCaption(), c.After);
-        f.Press("{Ctrl A}{Ctrl Space}{Ctrl Shift V}");
+        f.Press("{C-A}{C-Space}{C-S-V}");
         EXPECT_EQ(f.Edit.GetCaption(), c.AsText);
     }
     f.Edit.SetMaxLength(5);
     f.Edit.SetCaption("abc");
     host.CopyText("12345");
-    f.Press("{Ctrl V}x");
+    f.Press("{C-V}x");
     EXPECT_EQ(f.Edit.GetCaption(), "abc12");
     f.Edit.SetReadOnly(true);
-    f.Press("x{Back}{Ctrl A}{Ctrl X}{Ctrl V}{Ctrl B}{Ctrl Z}");
+    f.Press("x{Back}{C-A}{C-X}{C-V}{C-B}{C-Z}");
     EXPECT_EQ(f.Edit.GetCaption(), "abc12");
     EXPECT_EQ(host.PasteText(), "abc12");
 }
@@ -196,7 +195,7 @@ TEST(CaptionEdit, KeepsTheCaretInSightAndTheTextAtTheEdge) {
     f.Edit.SetWidth(60);
     f.Edit.SetCaption("0123456789012345678901234567890");
     const auto inSight = [&] { return TRect{5, 2, 55, 24}.Contains(f.Edit.GetCaretRect().TopLeft()); };
-    for (const char* key : {"{Home}", "{End}", "{Left}", "x", "{Ctrl Left}", "{Shift End}", "{Back}"}) {
+    for (const char* key : {"{Home}", "{End}", "{Left}", "x", "{C-Left}", "{S-End}", "{Back}"}) {
         f.Press(key);
         EXPECT_TRUE(inSight()) << key;
         EXPECT_LE(f.Edit.PixelOf(0), 5) << key;
@@ -208,7 +207,7 @@ TEST(CaptionEdit, TellsOfChangesAndShowsWhatIsComposed) {
     TEditForm f;
     int changes = 0;
     f.Edit.OnChange = [&](TControl*) { ++changes; };
-    f.Press("ab{Left}{Shift Left}{Ctrl C}{Ctrl B}{Ctrl B}{Ctrl Z}{Ctrl Y}{Del}");
+    f.Press("ab{Left}{S-Left}{C-C}{C-B}{C-B}{C-Z}{C-Y}{Del}");
     EXPECT_EQ(changes, 7);
     THostClient& client = f.Form.AsHostClient();
     client.HostCompose({.Text = "ka", .Caret = 1});
@@ -221,7 +220,7 @@ TEST(CaptionEdit, TellsOfChangesAndShowsWhatIsComposed) {
     EXPECT_EQ(f.Edit.GetModel().GetShownCaption(), "k\\ui\\ub");
     client.HostCompose({.Commit = "K", .ReplaceFrom = -1, .ReplaceLength = 1});
     EXPECT_EQ(f.Shown(), "K|b");
-    f.Press("{Ctrl A}{Ctrl B}");
+    f.Press("{C-A}{C-B}");
     client.HostCompose({.Commit = "x"});
     EXPECT_EQ(f.Edit.GetCaption(), "\\bx\\b");
     f.Edit.SetReadOnly(true);
@@ -231,7 +230,7 @@ TEST(CaptionEdit, TellsOfChangesAndShowsWhatIsComposed) {
 TEST(CaptionEdit, PaintsCaptionSelectionAndCaret) {
     TEditForm f;
     f.Edit.SetCaption("x\\+2\\+ of \\sa\\s\\-i\\-");
-    f.Press("{Home}{Right}{Shift Right}{Shift Right}");
+    f.Press("{Home}{Right}{S-Right}{S-Right}");
     test::Host().ProcessMessages();
     std::string listing = test::ViewOf(f.Form).LastFrame.ToText();
     f.Press("{Left}");

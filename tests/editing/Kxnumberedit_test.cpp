@@ -11,7 +11,7 @@
 namespace kx {
 namespace {
 
-using test::Click, test::Host, test::Turn, test::Press;
+using test::Click, test::Host, test::Turn, test::Type;
 
 template <class T>
 struct TNumberForm : test::TWidgetForm<T> {
@@ -44,7 +44,7 @@ TEST(RealEdit, MarksWhatIsWrongAndKeepsTheLastValue) {
         SCOPED_TRACE(c.Typed);
         TNumberForm<TKxRealEdit> f;
         f.Widget.SetMinValue(-5), f.Widget.SetMaxValue(9.5);
-        Press(f.Client(), c.Typed);
+        Type(f.Client(), c.Typed);
         EXPECT_EQ(f.Widget.GetError(), c.Error);
         EXPECT_EQ(f.Widget.GetValid(), *c.Error == 0);
         EXPECT_DOUBLE_EQ(f.Widget.GetValue(), c.Value);
@@ -58,10 +58,10 @@ TEST(RealEdit, ShowsTheSeparatorOfTheProgramAndStepsWithoutBinaryErrors) {
     TNumberForm<TKxRealSpin> f;
     SetDecimalSeparator(',');
     f.Widget.SetIncrement(0.1);
-    Press(f.Client(), "{Up}{Up}{Up}");
+    Type(f.Client(), "{Up}{Up}{Up}");
     EXPECT_EQ(f.Widget.GetText(), "0,3");
     EXPECT_EQ(f.Widget.GetValue(), 0.3);
-    Press(f.Client(), "{PgDn}");
+    Type(f.Client(), "{PgDn}");
     Turn(f.Client(), 1, {30, 20});
     Click(f.Client(), {20 + 120 - 10, 15}); // the upper arrow
     EXPECT_EQ(f.Widget.GetText(), "-0,5");
@@ -69,37 +69,37 @@ TEST(RealEdit, ShowsTheSeparatorOfTheProgramAndStepsWithoutBinaryErrors) {
     EXPECT_TRUE(f.Widget.IsFocused());
     f.Widget.SetMaxValue(0.25);
     f.Widget.SetMinValue(-1);
-    Press(f.Client(), "{PgUp}{Up}");
+    Type(f.Client(), "{PgUp}{Up}");
     EXPECT_EQ(f.Widget.GetValue(), 0.25);
-    Press(f.Client(), "{Ctrl A}0.125000{Enter}");
+    Type(f.Client(), "{C-a}0.125000{Return}");
     EXPECT_EQ(f.Widget.GetText(), "0,125") << "as it is held";
     f.Widget.SetDigits(2);
     f.Widget.SetValue(1.0 / 7);
     EXPECT_EQ(f.Widget.GetText(), "0,14");
     EXPECT_EQ(f.Widget.GetValue(), 1.0 / 7);
     f.Widget.SetReadOnly(true);
-    EXPECT_FALSE(Press(f.Client(), "{Up}"));
+    EXPECT_FALSE(Type(f.Client(), "{Up}"));
     f.Client().HostActivated(false);
     EXPECT_FALSE(Turn(f.Client(), 1, {30, 20})) << "others scroll past it";
 }
 
 TEST(IntegerEdit, TakesWholeNumbersOfItsRange) {
     TNumberForm<TKxIntegerSpin> f;
-    Press(f.Client(), "12");
+    Type(f.Client(), "12");
     EXPECT_EQ(f.Widget.GetValue(), 12);
     EXPECT_EQ(f.Changes, 2);
-    Press(f.Client(), ".5");
+    Type(f.Client(), ".5");
     EXPECT_EQ(f.Widget.GetError(), "'12.5' is no whole number");
     EXPECT_EQ(f.Changes, 3);
     f.Widget.SetMaxValue(10);
     EXPECT_EQ(f.Widget.GetText(), "12.5") << "a new range leaves it";
-    Press(f.Client(), "{Back}{Back}");
+    Type(f.Client(), "{Back}{Back}");
     EXPECT_EQ(f.Widget.GetError(), "12 is more than 10");
-    Press(f.Client(), "{Down}");
+    Type(f.Client(), "{Down}");
     EXPECT_EQ(f.Widget.GetText(), "10");
     f.Widget.SetMaxValue(0);
     f.Widget.SetIncrement(2'000'000'000);
-    Press(f.Client(), "{Up}{Up}");
+    Type(f.Client(), "{Up}{Up}");
     EXPECT_EQ(f.Widget.GetValue(), 2'147'483'647);
     f.Widget.SetValue(5);
     f.Widget.SetMaxValue(3);

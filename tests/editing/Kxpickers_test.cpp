@@ -44,10 +44,10 @@ TEST(Pickers, OfferEveryValueByKeysAndMouseWithItsNameBeside) {
         type.Properties().Find("OnChange")->Set(*made, told);
         const auto now = [&] { return std::get<std::int64_t>(value->Get(*made)); };
 
-        test::Press(form.AsHostClient(), "{End}{Home}");
+        test::Type(form.AsHostClient(), "{End}{Home}");
         const std::int64_t first = now();
         std::set<std::string> names, drawings;
-        for (int i = 0; i < items->ItemCount(); ++i, test::Press(form.AsHostClient(), "{Down}")) {
+        for (int i = 0; i < items->ItemCount(); ++i, test::Type(form.AsHostClient(), "{Down}")) {
             EXPECT_EQ(now(), first + i);
             names.insert(items->ItemText(i));
             const std::string drawn = Drawn(*items, i);
@@ -64,10 +64,10 @@ TEST(Pickers, OfferEveryValueByKeysAndMouseWithItsNameBeside) {
             const TRect second = list->ItemRect(2);
             test::Click(form.AsHostClient(), control.ClientToRoot(second.TopLeft() + TPoint{3, 3}));
         } else {
-            test::Press(form.AsHostClient(), "{F4}");
+            test::Type(form.AsHostClient(), "{F4}");
             THostClient* popup = test::Host().PopupBeside(form.AsHostClient());
             ASSERT_NE(popup, nullptr);
-            test::Press(*popup, "{Down}{Enter}");
+            test::Type(*popup, "{Down}{Return}");
         }
         EXPECT_EQ(now(), first + 2);
         EXPECT_EQ(changes, 1);
@@ -120,14 +120,14 @@ TEST(ColorPicker, TakesWhatIsTypedAndMarksWhatIsNone) {
         picker.SetParent(&form);
         picker.SetValue(clLime);
         form.Show();
-        test::Press(form.AsHostClient(), "{Tab}{Tab}{Ctrl A}{Del}");
-        test::Press(form.AsHostClient(), c.Typed);
+        test::Type(form.AsHostClient(), "{Tab}{Tab}{C-A}{Del}");
+        test::Type(form.AsHostClient(), c.Typed);
         EXPECT_EQ(picker.IsWrong(), !c.Color) << c.Typed;
         EXPECT_EQ(picker.GetValue(), c.Color.value_or(c.Last)) << c.Typed;
         EXPECT_EQ(picker.GetTyped(), c.Typed);
-        test::Press(form.AsHostClient(), "{Enter}");
+        test::Type(form.AsHostClient(), "{Return}");
         EXPECT_EQ(picker.GetTyped(), c.Shown);
-        test::Press(form.AsHostClient(), "{Tab}");
+        test::Type(form.AsHostClient(), "{Tab}");
         EXPECT_EQ(picker.IsWrong(), !c.Color) << c.Typed;
         picker.SetValue(clLime);
         EXPECT_EQ(picker.GetTyped(), "clLime");
@@ -150,7 +150,7 @@ TEST(ColorPicker, PicksSquaresByMouseAndKeysAndKeepsTheLastOnes) {
         EXPECT_EQ(picker.GetValue(), picker.ColorAt(row, row + 2));
     }
     EXPECT_EQ(changes, 7);
-    test::Press(form.AsHostClient(), "{Home}{Up}{Right}{Space}{Space}");
+    test::Type(form.AsHostClient(), "{Home}{Up}{Right}{Space}{Space}");
     EXPECT_EQ(picker.GetValue(), picker.ColorAt(5, 1));
     picked.insert(picked.begin(), picker.GetValue());
     EXPECT_EQ(changes, 8);

@@ -14,7 +14,7 @@
 namespace kx {
 namespace {
 
-using test::Click, test::Host, test::Mouse, test::Turn, test::Press;
+using test::Click, test::Host, test::Mouse, test::Turn, test::Type;
 
 /// A field and two buttons.
 struct TDialog : test::TWidgetForm<TEdit> {
@@ -50,7 +50,7 @@ TEST(Button, IsClickedByMouseAndKeys) {
              Mouse(D.Client(), TMouseKind::Up, {30, 200});
          },
          ""},
-        {"Space", [](TDialog& D) { Press(D.Client(), "{Tab}{Tab}{Space}"); }, "c"},
+        {"Space", [](TDialog& D) { Type(D.Client(), "{Tab}{Tab}{Space}"); }, "c"},
         {"Space that goes with the focus",
          [](TDialog& D) {
              D.Ok.SetFocus();
@@ -59,18 +59,18 @@ TEST(Button, IsClickedByMouseAndKeys) {
              D.Client().HostKey({.Key = kcSpace}, false);
          },
          ""},
-        {"Return in a field", [](TDialog& D) { Press(D.Client(), "x{Enter}"); }, "o"},
-        {"Return on another button", [](TDialog& D) { Press(D.Client(), "{Tab}{Tab}{Enter}"); }, "c"},
-        {"Escape", [](TDialog& D) { Press(D.Client(), "{Esc}"); }, "c"},
-        {"Alt and a letter", [](TDialog& D) { Press(D.Client(), "{Alt U}{Alt O}{Alt G}"); }, "co"},
+        {"Return in a field", [](TDialog& D) { Type(D.Client(), "x{Return}"); }, "o"},
+        {"Return on another button", [](TDialog& D) { Type(D.Client(), "{Tab}{Tab}{Return}"); }, "c"},
+        {"Escape", [](TDialog& D) { Type(D.Client(), "{Esc}"); }, "c"},
+        {"Alt and a letter", [](TDialog& D) { Type(D.Client(), "{A-u}{A-o}{A-g}"); }, "co"},
         {"disabled",
          [](TDialog& D) {
              D.Ok.SetEnabled(false), D.Cancel.SetEnabled(false);
-             Press(D.Client(), "{Enter}{Esc}{Alt O}");
+             Type(D.Client(), "{Return}{Esc}{A-o}");
              Click(D.Client(), {30, 110});
          },
          ""},
-        {"hidden", [](TDialog& D) { D.Ok.SetVisible(false), Press(D.Client(), "{Enter}{Alt O}"); }, ""},
+        {"hidden", [](TDialog& D) { D.Ok.SetVisible(false), Type(D.Client(), "{Return}{A-o}"); }, ""},
         {"gone by its own click",
          [](TDialog& D) {
              auto* button = new TButton(&D.Form);
@@ -78,7 +78,7 @@ TEST(Button, IsClickedByMouseAndKeys) {
              button->SetModalResult(mrOk);
              button->SetCaption("&x");
              button->OnClick = [](TControl* B) { delete B; };
-             Press(D.Client(), "{Alt X}");
+             Type(D.Client(), "{A-x}");
          },
          ""},
     };
@@ -92,17 +92,17 @@ TEST(Button, IsClickedByMouseAndKeys) {
 
 TEST(Button, LeavesAModalFormWithItsResult) {
     for (const auto& [keys, result] :
-         {std::pair<const char*, int>{"text{Enter}", mrOk}, {"{Esc}", 7}, {"{Tab}{Tab}{Space}", 7}}) {
+         {std::pair<const char*, int>{"text{Return}", mrOk}, {"{Esc}", 7}, {"{Tab}{Tab}{Space}", 7}}) {
         SCOPED_TRACE(keys);
         TDialog d;
         d.Form.Hide();
-        Post([&, script = keys] { Press(d.Client(), script); });
+        Post([&, script = keys] { Type(d.Client(), script); });
         EXPECT_EQ(d.Form.ShowModal(), result);
     }
     TDialog d;
     d.Form.Hide();
     d.Ok.OnClick = [&](TControl*) { d.Ok.SetModalResult(mrNone); }; // not yet
-    Post([&] { Press(d.Client(), "{Enter}{Esc}"); });
+    Post([&] { Type(d.Client(), "{Return}{Esc}"); });
     EXPECT_EQ(d.Form.ShowModal(), 7);
 }
 
@@ -112,13 +112,13 @@ TEST(CheckBox, ChangesItsMarkBeforeItTells) {
     f.Widget.SetCaption("&Mark");
     f.Widget.OnClick = [&](TControl*) { told += f.Widget.GetChecked() ? "+" : "-"; };
     Click(f.Client(), {60, 20});
-    Press(f.Client(), "{Space}{Alt M}");
-    EXPECT_FALSE(Press(f.Client(), "{Enter}"));
+    Type(f.Client(), "{Space}{A-m}");
+    EXPECT_FALSE(Type(f.Client(), "{Return}"));
     EXPECT_EQ(told, "+-+");
     const TAccessiblePart part = f.Widget.Accessible();
     EXPECT_TRUE(part.Role == TAccessibleRole::CheckBox && part.Checked && part.Name == "Mark");
     f.Form.SetEnabled(false);
-    Press(f.Client(), "{Space}");
+    Type(f.Client(), "{Space}");
     EXPECT_TRUE(f.Widget.GetChecked());
 }
 
@@ -128,7 +128,7 @@ TEST(SpinButton, StepsWhileItIsHeld) {
     f.Widget.OnUpClick = [&](TControl*) { steps += "+"; };
     f.Widget.OnDownClick = [&](TControl*) { steps += "-"; };
     const auto taken = [&] { return std::exchange(steps, {}); };
-    Press(f.Client(), "{Up}{Down}{Down}");
+    Type(f.Client(), "{Up}{Down}{Down}");
     Turn(f.Client(), 2, {30, 20});
     EXPECT_EQ(taken(), "+--++");
     Mouse(f.Client(), TMouseKind::Down, {30, 30});

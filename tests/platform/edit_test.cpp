@@ -9,10 +9,10 @@
 namespace kx {
 namespace {
 
-using test::Click, test::Host, test::Mouse, test::Press, test::ViewOf;
+using test::Click, test::Host, test::Mouse, test::Type, test::ViewOf;
 
 struct TEditForm : test::TWidgetForm<TEdit> {
-    bool Keys(std::string_view Script) { return Press(Client(), Script); }
+    bool Keys(std::string_view Script) { return Type(Client(), Script); }
     /// The text with | at the caret and the selection in brackets.
     std::string Shown() const {
         std::string shown;
@@ -38,27 +38,27 @@ TEST(Edit, TakesKeysAsLinesOfTextDo) {
         {"", "Grüße", "Grüße|"},
         {"aé漢b", "{Left}{Left}{Back}", "a|漢b"},
         {"aé漢b", "{Home}{Right}{Del}x", "ax|漢b"},
-        {"one two", "{Shift Left}{Shift Left}", "one t[|wo]"},
-        {"one two", "{Shift Home}", "[|one two]"},
-        {"one two", "{Ctrl Shift Left}x", "one x|"},
-        {"one, two", "{Ctrl Left}{Ctrl Left}", "one|, two"},
-        {"one, two", "{Home}{Ctrl Right}{Ctrl Right}", "one, |two"},
-        {"one, two", "{Ctrl Back}", "one, |"},
-        {"one two", "{Home}{Ctrl Del}", "|two"},
-        {"one two", "{Ctrl A}{Left}", "|one two"},
-        {"one two", "{Ctrl A}{Right}", "one two|"},
+        {"one two", "{S-Left}{S-Left}", "one t[|wo]"},
+        {"one two", "{S-Home}", "[|one two]"},
+        {"one two", "{C-S-Left}x", "one x|"},
+        {"one, two", "{C-Left}{C-Left}", "one|, two"},
+        {"one, two", "{Home}{C-Right}{C-Right}", "one, |two"},
+        {"one, two", "{C-Back}", "one, |"},
+        {"one two", "{Home}{C-Del}", "|two"},
+        {"one two", "{C-a}{Left}", "|one two"},
+        {"one two", "{C-a}{Right}", "one two|"},
         {"one", "{Left}{Left}{Left}{Left}x", "x|one"},
         {"one", "{Right}{Del}", "one|"},
-        {"ab", "{Shift Left}{Ctrl C}{End}{Ctrl V}{Ctrl V}", "abbb|"},
-        {"ab", "{Ctrl A}{Ctrl X}x{Ctrl V}", "xab|"},
-        {"ab", "{Ctrl A}{Shift Del}{Shift Ins}{Shift Ins}", "abab|"},
-        {"", "abc{Back}{Back}{Ctrl Z}", "abc|"},
-        {"", "abc{Back}{Back}{Ctrl Z}{Ctrl Z}", "|"},
-        {"", "abc{Back}{Back}{Ctrl Z}{Ctrl Z}{Ctrl Y}", "abc|"},
-        {"", "abc{Back}{Back}{Ctrl Z}{Ctrl Z}{Ctrl Shift Z}{Ctrl Y}", "a|"},
-        {"", "ab{Left}c{Ctrl Z}", "a|b"},
-        {"", "ab{Ctrl Z}c{Ctrl Y}", "c|"},
-        {"ab", "{Ctrl A}x{Ctrl Z}", "[ab|]"},
+        {"ab", "{S-Left}{C-c}{End}{C-v}{C-v}", "abbb|"},
+        {"ab", "{C-a}{C-x}x{C-v}", "xab|"},
+        {"ab", "{C-a}{S-Del}{S-Ins}{S-Ins}", "abab|"},
+        {"", "abc{Back}{Back}{C-z}", "abc|"},
+        {"", "abc{Back}{Back}{C-z}{C-z}", "|"},
+        {"", "abc{Back}{Back}{C-z}{C-z}{C-y}", "abc|"},
+        {"", "abc{Back}{Back}{C-z}{C-z}{C-S-z}{C-y}", "a|"},
+        {"", "ab{Left}c{C-z}", "a|b"},
+        {"", "ab{C-z}c{C-y}", "c|"},
+        {"ab", "{C-a}x{C-z}", "[ab|]"},
     };
     for (const TCase& c : cases) {
         SCOPED_TRACE(std::string(c.Text) + " " + c.Keys);
@@ -77,20 +77,20 @@ TEST(Edit, TellsOfChangesAndKeepsToItsRules) {
     f.Widget.SetText("abc");
     EXPECT_EQ(changes, 3);
     f.Widget.SetMaxLength(4);
-    f.Keys("{Ctrl A}é漢ghij");
+    f.Keys("{C-a}é漢ghij");
     EXPECT_EQ(f.Widget.GetText(), "é漢gh");
     Host().CopyText("1\n2\t3\r\n");
-    f.Keys("{Ctrl A}{Ctrl V}");
+    f.Keys("{C-a}{C-v}");
     EXPECT_EQ(f.Widget.GetText(), "1 2 ");
     f.Widget.SetReadOnly(true);
     EXPECT_FALSE(f.Keys("x"));
-    f.Keys("{Back}{Ctrl X}{Ctrl V}{Shift Home}{Ctrl C}");
+    f.Keys("{Back}{C-x}{C-v}{S-Home}{C-c}");
     EXPECT_EQ(f.Widget.GetText(), "1 2 ");
     EXPECT_EQ(Host().PasteText(), "1 2 ");
     EXPECT_FALSE(ViewOf(f.Form).TextInput.Takes);
     f.Widget.SetReadOnly(false);
     EXPECT_TRUE(ViewOf(f.Form).TextInput.Takes);
-    for (const char* others : {"{Enter}", "{Esc}", "{Up}", "{F4}", "{Alt X}"})
+    for (const char* others : {"{Return}", "{Esc}", "{Up}", "{F4}", "{A-x}"})
         EXPECT_FALSE(f.Keys(others)) << others;
     f.Widget.SetEnabled(false);
     f.Keys("x");
@@ -153,7 +153,7 @@ TEST(Edit, ScrollsToItsCaretAndAligns) {
     EXPECT_EQ(caret(), 120 - CFieldPadding - 1 - step) << "the text stands still";
     f.Keys("{Home}");
     EXPECT_EQ(caret(), CFieldPadding);
-    f.Keys("{End}{Ctrl A}x");
+    f.Keys("{End}{C-a}x");
     EXPECT_EQ(caret(), CFieldPadding + TextWidth(f.Widget.GetFont(), "x"));
 }
 
@@ -172,11 +172,11 @@ TEST(Edit, ShowsWhatIsComposedAndTakesWhatIsCommitted) {
     EXPECT_EQ(f.Shown(), "a可|b");
     f.Client().HostCompose({.Commit = "!", .ReplaceFrom = -2, .ReplaceLength = 2});
     EXPECT_EQ(f.Shown(), "!|b");
-    f.Keys("{Ctrl A}");
+    f.Keys("{C-a}");
     f.Client().HostCompose({.Text = "x"});
     EXPECT_EQ(f.Widget.GetText(), "") << "composing replaces what is selected";
     f.Client().HostCompose({});
-    f.Keys("{Ctrl Z}");
+    f.Keys("{C-z}");
     EXPECT_EQ(f.Widget.GetText(), "!b");
 }
 

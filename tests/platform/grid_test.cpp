@@ -10,7 +10,7 @@
 namespace kx {
 namespace {
 
-using test::Click, test::Host, test::Mouse, test::Turn, test::Press, test::ViewOf;
+using test::Click, test::Host, test::Mouse, test::Turn, test::Type, test::ViewOf;
 
 /// Four columns of 40 and five rows of 20, a header each, in the form's corner.
 struct TGridForm : test::TWidgetForm<TStringGrid> {
@@ -39,12 +39,11 @@ TEST(Grid, IsWalkedAndSelectedByKeysAndMouse) {
     };
     const TCase cases[] = {
         {"at first", [](TGridForm&) {}, "11 11-11"},
-        {"arrows stop at the edges", [](TGridForm& F) { Press(F.Client(), "{Left}{Up}{Right}{Down}{Down}"); },
+        {"arrows stop at the edges", [](TGridForm& F) { Type(F.Client(), "{Left}{Up}{Right}{Down}{Down}"); },
          "23 23-23"},
-        {"to the ends", [](TGridForm& F) { Press(F.Client(), "{Ctrl End}{Home}"); }, "14 14-14"},
-        {"Shift extends", [](TGridForm& F) { Press(F.Client(), "{Right}{Shift Down}{Shift Left}"); },
-         "12 11-22"},
-        {"all", [](TGridForm& F) { Press(F.Client(), "{Ctrl A}"); }, "11 11-34"},
+        {"to the ends", [](TGridForm& F) { Type(F.Client(), "{C-End}{Home}"); }, "14 14-14"},
+        {"Shift extends", [](TGridForm& F) { Type(F.Client(), "{Right}{S-Down}{S-Left}"); }, "12 11-22"},
+        {"all", [](TGridForm& F) { Type(F.Client(), "{C-a}"); }, "11 11-34"},
         {"click", [](TGridForm& F) { Click(F.Client(), F.At(2, 3)); }, "23 23-23"},
         {"click on a header", [](TGridForm& F) { Click(F.Client(), F.At(2, 0)); }, "11 11-11"},
         {"click with Shift", [](TGridForm& F) { Click(F.Client(), F.At(2, 3), ssShift); }, "23 11-23"},
@@ -56,9 +55,9 @@ TEST(Grid, IsWalkedAndSelectedByKeysAndMouse) {
              Mouse(F.Client(), TMouseKind::Up, {390, 290});
          },
          "34 33-34"},
-        {"fewer rows", [](TGridForm& F) { Press(F.Client(), "{Ctrl End}"), F.Widget.SetRowCount(3); },
+        {"fewer rows", [](TGridForm& F) { Type(F.Client(), "{C-End}"), F.Widget.SetRowCount(3); },
          "32 32-32"},
-        {"no rows", [](TGridForm& F) { F.Widget.SetRowCount(1), Press(F.Client(), "{Down}x"); },
+        {"no rows", [](TGridForm& F) { F.Widget.SetRowCount(1), Type(F.Client(), "{Down}x"); },
          "1-1 1-1-1-1"},
     };
     for (const TCase& c : cases) {
@@ -76,21 +75,21 @@ TEST(Grid, EditsCellsInPlace) {
     };
     const std::string head = "\tA\tB\tC\n", second = "2\ta2\tb2\tc2\n";
     const TCase cases[] = {
-        {"x{Enter}", "1\tx\tb1\tc1\n", "12 12-12", 1},
-        {"{F2}x{Enter}", "1\tx\tb1\tc1\n", "12 12-12", 1},
-        {"{Enter}{End}x{Up}", "1\ta1x\tb1\tc1\n", "11 11-11", 1},
-        {"x{Tab}y{Shift Tab}", "1\tx\ty\tc1\n", "11 11-11", 2},
+        {"x{Return}", "1\tx\tb1\tc1\n", "12 12-12", 1},
+        {"{F2}x{Return}", "1\tx\tb1\tc1\n", "12 12-12", 1},
+        {"{Return}{End}x{Up}", "1\ta1x\tb1\tc1\n", "11 11-11", 1},
+        {"x{Tab}y{S-Tab}", "1\tx\ty\tc1\n", "11 11-11", 2},
         {"x{Esc}", "1\ta1\tb1\tc1\n", "11 11-11", 0},
-        {"{F2}{Enter}", "1\ta1\tb1\tc1\n", "12 12-12", 0},
+        {"{F2}{Return}", "1\ta1\tb1\tc1\n", "12 12-12", 0},
         {"{Del}", "1\t\tb1\tc1\n", "11 11-11", 1},
-        {"{Shift Right}{Ctrl X}", "1\t\t\tc1\n", "21 11-21", 1},
-        {"{Shift Right}{Ctrl C}{Down}{Up}{Ctrl V}", "1\ta1\ta1\tb1\n", "21 21-31", 1},
-        {"{Ctrl C}{Shift Right}{Shift Right}{Ctrl V}", "1\ta1\ta1\ta1\n", "11 11-31", 1},
+        {"{S-Right}{C-x}", "1\t\t\tc1\n", "21 11-21", 1},
+        {"{S-Right}{C-c}{Down}{Up}{C-v}", "1\ta1\ta1\tb1\n", "21 21-31", 1},
+        {"{C-c}{S-Right}{S-Right}{C-v}", "1\ta1\ta1\ta1\n", "11 11-31", 1},
     };
     for (const TCase& c : cases) {
         SCOPED_TRACE(c.Keys);
         TGridForm f;
-        Press(f.Client(), c.Keys);
+        Type(f.Client(), c.Keys);
         EXPECT_FALSE(f.Widget.IsEditing());
         EXPECT_EQ(f.Widget.GetCells(), head + c.Cells + second);
         EXPECT_EQ(f.Selected(), c.Selected);
@@ -102,18 +101,18 @@ TEST(Grid, EditsCellsInPlace) {
     other.SetParent(&f.Form);
     Click(f.Client(), f.At(2, 1), ssDouble);
     ASSERT_TRUE(f.Widget.IsEditing());
-    Press(f.Client(), "{Ctrl A}z");
+    Type(f.Client(), "{C-a}z");
     other.SetFocus();
     EXPECT_EQ(f.Widget.GetCell(2, 1), "z") << "leaving takes it";
     EXPECT_TRUE(other.IsFocused());
     f.Widget.SetFocus();
     f.Client().HostCompose({.Text = "k"});
     f.Client().HostCompose({.Commit = "可"});
-    Press(f.Client(), "{Enter}");
+    Type(f.Client(), "{Return}");
     EXPECT_EQ(f.Widget.GetCell(2, 1), "可");
     f.Widget.SetReadOnly(true);
-    EXPECT_FALSE(Press(f.Client(), "x"));
-    Press(f.Client(), "{Del}{Ctrl V}{F2}");
+    EXPECT_FALSE(Type(f.Client(), "x"));
+    Type(f.Client(), "{Del}{C-v}{F2}");
     EXPECT_EQ(f.Changes, 2);
 }
 
@@ -124,11 +123,11 @@ TEST(Grid, PastesWhatSpreadsheetsCopy) {
     EXPECT_EQ(ReadTabText(TabTextOf(odd)), odd);
     TGridForm f;
     Host().CopyText("1\t2\n3\t4\n5\t6\n7\t8\n9\t10\n");
-    Press(f.Client(), "{Right}{Right}{Down}{Ctrl V}");
+    Type(f.Client(), "{Right}{Right}{Down}{C-v}");
     EXPECT_EQ(f.Widget.GetCell(3, 4), "5") << "what finds no cell is left out";
     EXPECT_EQ(f.Selected(), "32 32-34");
     f.Widget.SetAutoRows(true);
-    Press(f.Client(), "{Ctrl Home}{Ctrl V}{Ctrl End}{Down}");
+    Type(f.Client(), "{C-Home}{C-v}{C-End}{Down}");
     EXPECT_EQ(f.Widget.GetRowCount(), 7);
     EXPECT_EQ(f.Widget.GetCell(2, 5), "10");
 }
@@ -148,7 +147,7 @@ TEST(Grid, AsksOnlyForCellsInSight) {
     test::TWidgetForm<TMany> f;
     f.Widget.SetBounds(0, 0, 200, 122);
     f.Widget.SetDefaultColWidth(100);
-    Press(f.Client(), "{Ctrl End}{PgUp}{PgUp}{Ctrl Down}");
+    Type(f.Client(), "{C-End}{PgUp}{PgUp}{C-Down}");
     Host().ProcessMessages();
     EXPECT_EQ(f.Widget.GetRow(), 1'000'000);
     EXPECT_NE(ViewOf(f.Form).LastFrame.ToText().find("1000000"), std::string::npos);
@@ -166,7 +165,7 @@ TEST(Grid, WidensColumnsByTheirEdges) {
     Mouse(f.Client(), TMouseKind::Up, {112, 10});
     EXPECT_EQ(f.Widget.ColWidth(1), 71);
     f.Widget.SetColWidth(1, 400); // only this one is seen, and not all of it
-    Press(f.Client(), "{Right}");
+    Type(f.Client(), "{Right}");
     EXPECT_EQ(f.Widget.GetLeftCol(), 2);
     EXPECT_EQ(f.Widget.CellAt(f.At(1, 1)), (TPoint{2, 1}));
 }

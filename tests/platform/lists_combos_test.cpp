@@ -13,7 +13,7 @@
 namespace kx {
 namespace {
 
-using test::Click, test::Host, test::Mouse, test::Turn, test::Press, test::ViewOf;
+using test::Click, test::Host, test::Mouse, test::Turn, test::Type, test::ViewOf;
 
 const std::vector<std::string> CFruits{"Apple", "Banana", "Blueberry", "Cherry",
                                        "Date",  "Elder",  "Fig",       "Grape"};
@@ -49,22 +49,22 @@ TYPED_TEST(Choice, IsMadeByKeysAndByTyping) {
                            {1, "{Down}", 3, 1},  {3, "{Up}", 1, 1},    {0, "{End}", 7, 1},
                            {5, "{Home}", 0, 1},  {0, "f", 6, 1},       {0, "b", 1, 1},
                            {1, "bl", 1, 0},      {0, "ch", 3, 1},      {7, "a", 0, 1},
-                           {3, "zz", 3, 0},      {99, "{Down}", 0, 1}, {3, "{Ctrl Down}", 3, 0}};
+                           {3, "zz", 3, 0},      {99, "{Down}", 0, 1}, {3, "{C-Down}", 3, 0}};
     for (const TCase& c : cases) {
         SCOPED_TRACE(std::to_string(c.Before) + c.Keys);
         TChoiceForm<TypeParam> f;
         f.Widget.SetItemIndex(c.Before);
-        Press(f.Client(), c.Keys);
+        Type(f.Client(), c.Keys);
         EXPECT_EQ(f.Widget.GetItemIndex(), c.After);
         EXPECT_EQ(f.Selected, c.Selected);
     }
     TChoiceForm<TypeParam> f;
-    Press(f.Client(), "c");
+    Type(f.Client(), "c");
     Host().Advance(1001);
-    Press(f.Client(), "d");
+    Type(f.Client(), "d");
     EXPECT_EQ(f.Widget.GetItemIndex(), 4) << "a pause begins anew";
     f.Widget.OnSelect = [&f](TControl*) { f.Widget.SetItems({}); };
-    Press(f.Client(), "{Home}{Down}x");
+    Type(f.Client(), "{Home}{Down}x");
     EXPECT_FALSE(f.Widget.HasItem());
 }
 
@@ -94,7 +94,7 @@ TEST(ListBox, IsChosenFromAndScrolledByTheMouse) {
     Mouse(f.Client(), TMouseKind::Move, {bar, 200});
     EXPECT_EQ(list.GetTopIndex(), 4);
     Mouse(f.Client(), TMouseKind::Up, {bar, 200});
-    Press(f.Client(), "{Home}");
+    Type(f.Client(), "{Home}");
     EXPECT_EQ(list.GetTopIndex(), 0);
     list.SetItems({"one"});
     EXPECT_FALSE(Turn(f.Client(), -1, row(0))) << "nothing to scroll: the turn is another's";
@@ -112,16 +112,16 @@ TEST(ComboBox, DropsItsListDownAndTakesWhatIsChosen) {
         void (*Act)(TComboForm&);
         int After;
     };
-    const auto byKey = [](TComboForm& F) { Press(F.Client(), "{F4}"); };
+    const auto byKey = [](TComboForm& F) { Type(F.Client(), "{F4}"); };
     const auto byMouse = [](TComboForm& F) { Click(F.Client(), {30, 20}); };
     static const auto row = [](TComboForm& F, int Row) {
         return TPoint{10, 1 + Row * (F.View().Bounds.Height() - 2) / 4 + 3};
     };
     const TCase cases[] = {
-        {"Return", byKey, [](TComboForm& F) { Press(*F.Popup(), "{Down}{Down}{Enter}"); }, 3},
-        {"Space", byMouse, [](TComboForm& F) { Press(*F.Popup(), "ch{Space}"); }, 3},
-        {"Escape", byKey, [](TComboForm& F) { Press(*F.Popup(), "{Down}{Esc}"); }, 0},
-        {"F4", byMouse, [](TComboForm& F) { Press(*F.Popup(), "{Down}{F4}"); }, 0},
+        {"Return", byKey, [](TComboForm& F) { Type(*F.Popup(), "{Down}{Down}{Return}"); }, 3},
+        {"Space", byMouse, [](TComboForm& F) { Type(*F.Popup(), "ch{Space}"); }, 3},
+        {"Escape", byKey, [](TComboForm& F) { Type(*F.Popup(), "{Down}{Esc}"); }, 0},
+        {"F4", byMouse, [](TComboForm& F) { Type(*F.Popup(), "{Down}{F4}"); }, 0},
         {"outside", byMouse, [](TComboForm& F) { Host().PressOutside(*F.Popup()); }, 0},
         {"click", byMouse, [](TComboForm& F) { Click(*F.Popup(), row(F, 1)); }, 1},
         {"hover and release", byMouse,
@@ -170,7 +170,7 @@ TEST(ComboBox, MayGoWhileItsListIsOpen) {
     combo->OnSelect = [](TControl* C) { delete C; };
     combo->DropDown();
     const TComponentRef<TComboBox> kept(combo);
-    Press(*Host().PopupBeside(form->AsHostClient()), "{End}{Enter}");
+    Type(*Host().PopupBeside(form->AsHostClient()), "{End}{Return}");
     EXPECT_FALSE(kept);
     auto* second = new TComboBox(form.get());
     second->SetParent(form.get());
