@@ -128,6 +128,11 @@ bool TClientWidget::event(QEvent* Event) {
         return true;
     }
     if (Event->type() == QEvent::ToolTip) return ShowHint(*static_cast<QHelpEvent*>(Event));
+    if (Event->type() == QEvent::ShortcutOverride && IsEditingKey(*static_cast<QKeyEvent*>(Event)) &&
+        FClient && FClient->HostTextInput().Takes) {
+        Event->accept();
+        return true;
+    }
     // Before Qt moves the focus to the next widget.
     if (Event->type() == QEvent::KeyPress) {
         const auto& key = *static_cast<QKeyEvent*>(Event);

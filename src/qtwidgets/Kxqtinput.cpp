@@ -1,5 +1,6 @@
 #include <kxgraph/qtwidgets/Kxqtinput.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <utility>
@@ -73,6 +74,16 @@ QByteArray TypedText(const QKeyEvent& Event) {
     const QString text = Event.text();
     const bool types = !text.isEmpty() && text.at(0) >= QChar(' ') && text.at(0) != QChar(0x7f);
     return types ? text.toUtf8() : QByteArray();
+}
+
+bool IsEditingKey(const QKeyEvent& Event) {
+    constexpr std::array<int, 6> CMoving{Qt::Key_Left, Qt::Key_Right,  Qt::Key_Home,
+                                         Qt::Key_End,  Qt::Key_Delete, Qt::Key_Backspace};
+    constexpr std::array<int, 6> CWithCtrl{Qt::Key_A, Qt::Key_C, Qt::Key_V, Qt::Key_X, Qt::Key_Y, Qt::Key_Z};
+    const bool ctrl = Event.modifiers() & Qt::ControlModifier, alt = Event.modifiers() & Qt::AltModifier;
+    const auto isOf = [&](const auto& Keys) { return std::ranges::find(Keys, Event.key()) != Keys.end(); };
+    if (ctrl != alt) return ctrl && (isOf(CMoving) || isOf(CWithCtrl));
+    return isOf(CMoving) || !TypedText(Event).isEmpty();
 }
 
 bool IsTab(const QKeyEvent& Event) {

@@ -23,6 +23,8 @@ Qt::CursorShape ShapeOf(TCursor Cursor);
 int KeyCodeOf(int Key);
 /// What the key types as UTF-8; empty for control characters.
 QByteArray TypedText(const QKeyEvent& Event);
+/// Whether a field for text uses the key, which shortcuts of the program must leave to it then.
+bool IsEditingKey(const QKeyEvent& Event);
 /// Whether the key is Tab, with or without Shift alone.
 bool IsTab(const QKeyEvent& Event);
 
