@@ -42,15 +42,20 @@ bool IsOfForm(const TForm& Form, const TComponent& Component) {
 
 } // namespace
 
-TKxDesignHit HitTest(TForm& Form, TPoint Pos) {
-    TKxDesignHit hit{&Form, {}};
+TControl& ControlAt(TForm& Form, TPoint Pos) {
+    TControl* found = &Form;
     TPoint at = Pos;
     for (const TWinControl* container = &Form; container;) {
         TControl* child = ChildAt(*container, at);
         if (!child) break;
-        if (IsOfForm(Form, *child)) hit = {child, {}};
+        if (IsOfForm(Form, *child)) found = child;
         container = dynamic_cast<TWinControl*>(child);
     }
+    return *found;
+}
+
+TKxDesignHit HitTest(TForm& Form, TPoint Pos) {
+    TKxDesignHit hit{&ControlAt(Form, Pos), {}};
     auto* graph = dynamic_cast<TKx2DGraph*>(hit.Component);
     if (!graph) return hit;
     const TPoint inGraph = graph->RootToClient(Pos);

@@ -19,6 +19,9 @@ struct TKxDesignHit {
 /// are drawn there, the last one first.
 TKxDesignHit HitTest(TForm& Form, TPoint Pos);
 
+/// The topmost visible control of the form at Pos; the form itself where there is no other.
+TControl& ControlAt(TForm& Form, TPoint Pos);
+
 /// Where a component shows, in pixels of the form: a control's bounds, the points of a series; empty for what
 /// shows nowhere.
 TRect ShownRect(const TControl& Control);

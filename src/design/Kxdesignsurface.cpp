@@ -105,9 +105,9 @@ void TKxDesignSurface::Press(TMouseButton Button, TShiftState Shift, TPoint Pos)
     }
     FAnchor = FAt = Pos;
     if (!FCreating.empty()) {
-        auto* control = dynamic_cast<TControl*>(HitTest(*FForm, Pos).Component);
-        auto* container = dynamic_cast<TWinControl*>(control);
-        FParent = container ? container : control ? control->GetParent() : FForm;
+        TControl& control = ControlAt(*FForm, Pos);
+        auto* container = dynamic_cast<TWinControl*>(&control);
+        FParent = container ? container : control.GetParent();
         FMode = TMode::Create;
         return Changed();
     }
