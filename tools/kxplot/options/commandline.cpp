@@ -156,6 +156,14 @@ void ReadDrawing(const TArguments& Given, TOptions& Options) {
     CheckAxes(Options.Axes, Options.Drawing.HasBars());
 }
 
+void CheckEditing(const TOptions& Options) {
+    if (!Options.Outputs.Form.Edit) return;
+    for (const auto& [given, name] : {std::pair{!Options.Batch.empty(), "--batch"},
+                                      std::pair{Options.Follow.Wanted, "--follow"},
+                                      std::pair{Options.Window.Show, "--show"}})
+        if (given) throw TUsageError(std::string("--edit: does not go with ") + name);
+}
+
 void ReadOutputs(const TArguments& Given, TOptions& Options) {
     if (Given.Size) Options.Outputs.Size = ParsePictureSize(*Given.Size);
     if (Given.Antialias && Given.NoAntialias)
@@ -167,7 +175,8 @@ void ReadOutputs(const TArguments& Given, TOptions& Options) {
     for (const auto& text : Given.Assignments) Options.Look.Assignments.push_back(ParseAssignment(text));
     Options.Window = ParseWindow(Given.Window);
     if (Options.Window.Show && !Options.Batch.empty()) throw TUsageError("--show: does not go with --batch");
-    if (Options.Outputs.Pictures.empty() && Options.Batch.empty() && !Options.Window.Show)
+    if (Options.Outputs.Pictures.empty() && Options.Batch.empty() && !Options.Window.Show &&
+        !Options.Outputs.Form.Edit)
         Options.Outputs.Pictures = {DefaultOutput(Options.Data.File)};
     else
         for (const auto& output : Options.Outputs.Pictures) CheckOutput(output);
@@ -193,6 +202,7 @@ std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
     TOptions& options = given.Options;
     options.Follow = ParseFollow(given.Follow);
     CheckForm(app, options.Outputs.Form, options.Data.Files());
+    CheckEditing(options);
     CheckData(options);
     ReadHeader(given, options);
     ReadDrawing(given, options);

@@ -14,6 +14,7 @@ namespace kxplot {
 struct TFormRequest {
     std::string Save;                    ///< the picture as a form; empty: none
     bool Inline = false;                 ///< its data stand in it
+    bool Edit = false;                   ///< it is given to kxdesign
     std::optional<std::string> Describe; ///< of which class the properties are told; empty: of all
 };
 

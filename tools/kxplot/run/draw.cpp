@@ -9,6 +9,7 @@
 #include "kxplot/messages.h"
 #include "kxplot/run/status.h"
 #include "kxplot/run/tables.h"
+#include "kxplot/show/edit.h"
 #include "kxplot/show/show.h"
 #include "kxplot/write/framefaults.h"
 #include "kxplot/write/outputs.h"
@@ -49,6 +50,8 @@ int Draw(const TOptions& Options, const std::string* Followed) {
     TellAll(found.Remarks);
     faults.reset(); // what goes wrong in a window is told there
     if (window) Show(*window, picture, found, Options);
+    if (const TFormRequest& form = Options.Outputs.Form; form.Edit)
+        GoOnEditing(form.Save, form.Save.empty() ? FormText(picture.GetParts(), {}) : std::string());
     if (found.Interrupted) return CInterrupted;
     return found.Failures.empty() ? 0 : CFailure;
 }
@@ -66,6 +69,10 @@ int DrawForm(const TOptions& Options) {
     TellAll(found.Failures);
     faults.reset();
     if (window) ShowForm(*window, parts, Options);
+    if (Options.Outputs.Form.Edit) {
+        const bool asItIs = Options.Look.Assignments.empty();
+        GoOnEditing(asItIs ? Options.Data.File : std::string(), asItIs ? std::string() : FormText(parts, {}));
+    }
     if (found.Interrupted) return CInterrupted;
     return found.Failures.empty() ? 0 : CFailure;
 }

@@ -66,7 +66,7 @@ void WithTables(const TOptions& Options, const std::string* Followed, F Use) {
 /// Whether a saved form names the tables that its data stand in: those that are files, and stay as they are.
 bool NamesSources(const TOptions& Options) {
     const TFormRequest& form = Options.Outputs.Form;
-    return !form.Save.empty() && !form.Inline && !Options.Data.Database.IsGiven() && !Options.Follow.Wanted;
+    return (form.Edit || !form.Save.empty()) && !form.Inline && !Options.Data.Database.IsGiven() && !Options.Follow.Wanted;
 }
 
 } // namespace
@@ -77,9 +77,10 @@ TPlan Planned(const TOptions& Given, const std::string* Followed) {
     WithTables(options, Followed,
                [&](const kx::TKxTable& Table) { plans.push_back(MakePlan(Table, options)); });
     if (NamesSources(options)) {
+        const std::string& saved = options.Outputs.Form.Save; // a new form is seen as one that lies here
         const std::vector<std::string> files = options.Data.Files();
         for (std::size_t k = 0; k < files.size(); ++k)
-            FindSources(plans[k], files[k], options.Outputs.Form.Save);
+            FindSources(plans[k], files[k], saved.empty() ? "untitled.kxf" : saved);
     }
     TPlan plan = plans.empty() ? PlanOfFunctions(options) : Combined(std::move(plans), options);
     AddFunctions(plan, options);

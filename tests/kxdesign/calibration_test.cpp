@@ -1,0 +1,230 @@
+// A person builds a figure with mouse and keys alone. KX_DESIGN_SHOTS names a directory for pictures of the
+// window.
+
+#include "kxdesign/formarea.h"
+#include "kxdesign/inspectorpanel.h"
+#include "kxdesign/mainwindow.h"
+#include "kxdesign/objecttree.h"
+#include "kxdesign/palette.h"
+#include "support/recording.h"
+
+#include <kxgraph/analysis/Kxcalculatedseries.h>
+#include <kxgraph/annotation/Kxlegend.h>
+#include <kxgraph/annotation/Kxresultlabel.h>
+#include <kxgraph/design/Kxdesignhit.h>
+#include <kxgraph/graph/Kxgraph2d.h>
+#include <kxgraph/platform/host/application.h>
+#include <kxgraph/platform/text/files.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QTreeWidget>
+#include <QUrl>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <string>
+
+namespace kxdesign {
+namespace {
+
+using namespace kx;
+
+/// The user in front of the window.
+class TUser {
+public:
+    explicit TUser(TMainWindow& Window) : FWindow(Window) {
+        FWindow.show();
+        Look();
+    }
+
+    /// Waits until all is shown.
+    void Look() {
+        QElapsedTimer timer;
+        for (timer.start(); timer.elapsed() < 60;) TApplication::Instance().ProcessMessages();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    void DropFile(const std::string& Name) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(Name))});
+        QDropEvent event({400, 300}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&FWindow, &event);
+        Look();
+    }
+    void Mouse(QEvent::Type Type, TPoint At, Qt::MouseButtons Buttons) {
+        QWidget& view = FWindow.GetArea().GetView();
+        const QPointF pos(At.X, At.Y);
+        QMouseEvent event(Type, pos, view.mapToGlobal(pos), Qt::LeftButton, Buttons, {});
+        QApplication::sendEvent(&view, &event);
+    }
+    void Drag(TPoint From, TPoint To) {
+        Mouse(QEvent::MouseButtonPress, From, Qt::LeftButton);
+        Mouse(QEvent::MouseMove, To, Qt::LeftButton);
+        Mouse(QEvent::MouseButtonRelease, To, {});
+        Look();
+    }
+    void Click(TPoint At) { Drag(At, At); }
+    void DoubleClick(TPoint At) {
+        Click(At);
+        Mouse(QEvent::MouseButtonDblClick, At, Qt::LeftButton);
+        Mouse(QEvent::MouseButtonRelease, At, {});
+        Look();
+    }
+    void Place(const char* ClassName, TPoint From, TPoint To) {
+        FWindow.GetPalette().Choose(ClassName);
+        Drag(From, To);
+    }
+    void Select(const char* Name) {
+        FWindow.GetTree().clearSelection();
+        FWindow.GetTree().ItemOf(Name)->setSelected(true);
+        Look();
+    }
+    /// Types into the editor of a property that is open, or is opened by its name.
+    void Type(const char* Text) {
+        QWidget* viewport = FWindow.GetInspector().GetTree().viewport();
+        if (auto* box = viewport->findChild<QComboBox*>()) {
+            const int index = box->findData(Text);
+            ASSERT_GE(index, 0) << Text;
+            box->setCurrentIndex(index);
+            Q_EMIT box->activated(index);
+        } else {
+            auto* line = viewport->findChild<QLineEdit*>();
+            ASSERT_TRUE(line) << Text;
+            line->selectAll();
+            for (const char* letter = Text; *letter; ++letter) {
+                QKeyEvent key(QEvent::KeyPress, 0, {}, QString(QLatin1Char(*letter)));
+                QApplication::sendEvent(line, &key);
+            }
+            QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, {});
+            QApplication::sendEvent(line, &enter);
+        }
+        Look();
+    }
+    void Set(const char* Property, const char* Text) {
+        FWindow.GetInspector().EditProperty(Property);
+        Type(Text);
+    }
+    void Do(const char* Action) {
+        FWindow.ActionNamed(Action)->trigger();
+        Look();
+    }
+    void Shoot(const char* Name) {
+        if (const char* directory = std::getenv("KX_DESIGN_SHOTS"))
+            FWindow.grab().save(QString(directory) + "/" + Name + ".png");
+    }
+
+private:
+    TMainWindow& FWindow;
+};
+
+template <class T>
+T& Only(TKxDesignDocument& Document) {
+    T* found = nullptr;
+    for (TComponent* component : Document.GetForm().GetComponents())
+        if (auto* one = dynamic_cast<T*>(component)) found = one;
+    return *found;
+}
+
+TEST(Kxdesign, BuildsACalibrationFigureFromATable) {
+    const test::TTemporaryDirectory directory;
+    const std::string table = directory / "calibration.csv", form = directory / "calibration.kxf";
+    ReplaceFile(table,
+                "c,A,dA\n0,0.02,0.03\n1,0.26,0.03\n2,0.49,0.04\n3,0.77,0.04\n4,0.98,0.05\n5,1.27,0.05\n");
+    TMainWindow window;
+    TKxDesignDocument& document = window.GetDocument();
+    window.AskFile = [&](bool, const QString&, const QString&) { return QString::fromStdString(form); };
+    window.AskSave = [] { return TAnswer::Cancel; };
+    TUser user(window);
+    user.Do("Save As");
+    user.DropFile(table);
+    user.Shoot("imported");
+    auto& graph = Only<TKx2DGraph>(document);
+    const TPoint corner = graph.GetDrawingWorld().ClientToRoot({30, 20});
+
+    user.Place("TKxLinearRegressionLine", corner, corner);
+    user.Place("TKxFitBand", corner, corner);
+    user.Place("TKxLegend", corner, corner);
+    for (const char* key : {"Slope", "Intercept"}) {
+        user.Select("LinearRegressionLine1");
+        const TPoint at = corner + TPoint{10, key[0] == 'S' ? 120 : 150};
+        user.Place("TKxResultLabel", at, at);
+        user.Set("Identifier", key);
+        user.Set("Prefix", key[0] == 'S' ? "\\iA\\i\\-1\\- = " : "\\iA\\i\\-0\\- = ");
+    }
+    user.Shoot("labels");
+    user.DoubleClick(ShownRect(*graph.GetPrimaryXAxis()).TopLeft() + TPoint{20, 8});
+    user.Type("c\\-0\\- / mM");
+    user.Select("YAxis");
+    user.Set("Caption", "A\\-500 nm\\-");
+    user.Shoot("done");
+
+    EXPECT_EQ(graph.GetPrimaryXAxis()->GetCaption(), "c\\-0\\- / mM");
+    EXPECT_TRUE(document.IsModified());
+    user.Do("Save");
+    EXPECT_FALSE(document.IsModified());
+    const std::string built = ReadFile(form);
+    for (const char* part :
+         {"object C: TKxFileVector\n    FileName = \"calibration.csv\"\n    Column = \"c\"\n",
+          "object DataWithErrorSeries1: TKxDataWithErrorSeries\n", "dYPlus = DA\n", "dYMinus = DA\n",
+          "XData = C\n", "YData = A\n", "ParentSeries = DataWithErrorSeries1\n",
+          "Fit = LinearRegressionLine1\n", "object Legend1: TKxLegend\n", "Graph = Graph1\n",
+          "Identifier = \"Slope\"\n", "Identifier = \"Intercept\"\n",
+          "Prefix = \"\\\\iA\\\\i\\\\-1\\\\- = \"\n", "Caption = \"c\\\\-0\\\\- / mM\"\n",
+          "Caption = \"A\\\\-500 nm\\\\-\"\n"})
+        EXPECT_NE(built.find(part), std::string::npos) << part << "in\n" << built;
+    TKxDesignDocument again;
+    again.Open(form);
+    EXPECT_EQ(again.GetText(), built);
+
+    while (document.CanUndo()) user.Do("Undo");
+    EXPECT_EQ(document.GetForm().GetComponentCount(), 0);
+    while (document.CanRedo()) user.Do("Redo");
+    EXPECT_EQ(document.GetText(), built);
+    EXPECT_EQ(document.GetRebuilds(), 0);
+}
+
+TEST(Kxdesign, AsksBeforeUnsavedWorkGoes) {
+    TMainWindow window;
+    int asked = 0;
+    TAnswer answer = TAnswer::Cancel;
+    window.AskSave = [&] { return ++asked, answer; };
+    window.AskFile = [](bool, const QString&, const QString&) { return QString(); };
+    TUser user(window);
+    EXPECT_TRUE(window.close());
+    window.show();
+    user.Place("TKxLabel", {50, 50}, {50, 50});
+    EXPECT_TRUE(window.isWindowModified());
+    EXPECT_FALSE(window.close());
+    answer = TAnswer::Save; // and no name is given
+    EXPECT_FALSE(window.close());
+    answer = TAnswer::Discard;
+    user.Do("New");
+    EXPECT_EQ(window.GetDocument().GetForm().GetComponentCount(), 0);
+    EXPECT_EQ(asked, 3);
+}
+
+TEST(Kxdesign, TakesUpWhatAKilledProgramHasLeft) {
+    const test::TTemporaryDirectory directory;
+    ReplaceFile(directory / "left-1-1.kxf",
+                "// form of \"/data/left.kxf\"\nobject Form1: TForm\n  object A: TKxLabel\n  end\nend\n");
+    TMainWindow window(directory / "");
+    std::string original;
+    window.AskRecover = [&](const TKxDesignRecovery& Recovery) { return original = Recovery.Original, true; };
+    window.AskSave = [] { return TAnswer::Discard; };
+    window.OfferRecovery();
+    EXPECT_EQ(original, "/data/left.kxf");
+    EXPECT_TRUE(window.GetDocument().Find("A"));
+    EXPECT_TRUE(window.GetDocument().IsModified());
+    EXPECT_EQ(FindRecoveries(directory / "").size(), 0U);
+    EXPECT_FALSE(IsMissing(directory / "") || FileExists(directory / "left-1-1.kxf"));
+}
+
+} // namespace
+} // namespace kxdesign
