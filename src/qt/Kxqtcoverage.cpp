@@ -12,13 +12,6 @@ constexpr double CNowhere = std::numeric_limits<double>::infinity();
 constexpr int CFinest = 32, CCoarsest = 8; // bars a pixel; wide pens need fewer
 constexpr double CBarsAPen = 96;
 
-/// From Ground to Color by Part of 256, all four channels alike: transparent colours are premultiplied.
-QRgb Mixed(QRgb Ground, QRgb Color, int Part) {
-    const auto mixed = [Part](int From, int To) { return (From * (256 - Part) + To * Part + 128) / 256; };
-    return qRgba(mixed(qRed(Ground), qRed(Color)), mixed(qGreen(Ground), qGreen(Color)),
-                 mixed(qBlue(Ground), qBlue(Color)), mixed(qAlpha(Ground), qAlpha(Color)));
-}
-
 } // namespace
 
 bool TLineCoverage::IsFor(std::span<const QPointF> Line) {
@@ -114,8 +107,7 @@ void TLineCoverage::Blend(const TPixels& Image, const TRect& Window, int X, QRgb
     QRgb* pixel = Image.At(X, Window.Top);
     for (int y = 0; y < Window.Height(); ++y, pixel += Image.Stride) {
         covered += FSteps[std::size_t(y)];
-        const int part = int(covered * toParts + 0.5f);
-        if (part > 0) *pixel = part >= 256 ? Color : Mixed(*pixel, Color, part);
+        Mix(*pixel, Color, int(covered * toParts + 0.5f));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <kxgraph/platform/drawing/simplification.h>
 #include <kxgraph/qt/Kxqtclip.h>
 #include <kxgraph/qt/Kxqtlines.h>
+#include <kxgraph/qt/Kxqtsmoothrect.h>
 #include <kxgraph/qt/Kxqtvectors.h>
 
 #include <QImage>
@@ -192,12 +193,29 @@ void TPainterDevice::Rectangle(const TRealRect& Rect, const TStroke& Stroke, con
     const TVectorsCleared afterwards;
     const TRealRect frame = FramedInside(Placed(Rect), Stroke);
     if (frame.IsEmpty()) return;
+    if (WriteFramed(frame, Stroke, Fill)) return;
     // An outline runs along the last pixels; an area alone ends behind them.
     const int outline = IsVisible(Stroke) ? 1 : 0;
     const double right = frame.Right - outline, bottom = frame.Bottom - outline;
     const std::array<TRealPoint, 4> corners{
         {frame.TopLeft(), {right, frame.Top}, {right, bottom}, {frame.Left, bottom}}};
     PaintShape(corners, Stroke, Fill, Qt::MiterJoin);
+}
+
+/// Writes an antialiased rectangle with a solid outline past the painter; false if the painter has to.
+bool TPainterDevice::WriteFramed(const TRealRect& Frame, const TStroke& Stroke, const TFill& Fill) {
+    const bool isSolid = (Stroke.Style == psSolid || Stroke.Style == psInsideFrame) && !Stroke.Crisp &&
+                         Stroke.Mode == pmCopy && (!IsVisible(Fill) || Fill.Style == bsSolid);
+    if (!FRaster || !FAntialias || !isSolid || Fill.Mode != pmCopy || FClip.IsEmpty()) return false;
+    const auto image = FAccess.MixedPixels(FWindow);
+    if (!image) return false;
+    SetMode(Stroke.Mode, true);
+    const QRectF outline(DevicePoint(Frame.Left, Frame.Top), DevicePoint(Frame.Right - 1, Frame.Bottom - 1));
+    if (IsVisible(Fill)) MixFrame(*image, FWindow, outline, {}, ColorOf(Fill.Color, Fill.Mode).rgb());
+    const double half = PenWidth(Stroke) / 2;
+    MixFrame(*image, FWindow, outline.adjusted(-half, -half, half, half),
+             outline.adjusted(half, half, -half, -half), ColorOf(Stroke.Color, Stroke.Mode).rgb());
+    return true;
 }
 
 void TPainterDevice::PaintShape(TPointSpan Points, const TStroke& Stroke, const TFill& Fill,

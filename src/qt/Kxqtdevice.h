@@ -80,6 +80,7 @@ private:
     void FillCurve();
     void PaintShape(TPointSpan Points, const TStroke& Stroke, const TFill& Fill, Qt::PenJoinStyle Join);
     void PaintHugeEllipse(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill);
+    bool WriteFramed(const TRealRect& Frame, const TStroke& Stroke, const TFill& Fill);
     bool WriteCoverage(const QPen& Pen, TPenMode Mode);
     void MakeCrisp(QPen& Pen);
     void RoundEnds();

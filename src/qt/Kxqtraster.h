@@ -24,6 +24,16 @@ struct TPixels {
     void Fill(std::span<const QRect> Rects, QRgb Color, TPenMode Mode) const;
 };
 
+/// Moves a pixel towards Color by Part of 256, all four channels alike: transparent ones are premultiplied.
+/// Part 0 and less leave it, 256 and more are Color.
+inline void Mix(QRgb& Pixel, QRgb Color, int Part) {
+    if (Part <= 0) return;
+    const auto mixed = [Part](int From, int To) { return (From * (256 - Part) + To * Part + 128) / 256; };
+    Pixel = Part >= 256 ? Color
+                        : qRgba(mixed(qRed(Pixel), qRed(Color)), mixed(qGreen(Pixel), qGreen(Color)),
+                                mixed(qBlue(Pixel), qBlue(Color)), mixed(qAlpha(Pixel), qAlpha(Color)));
+}
+
 /// Knows whether a painter stands directly on an image with 32 bits a pixel.
 class TRasterAccess {
 public:
