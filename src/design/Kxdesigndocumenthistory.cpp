@@ -114,7 +114,8 @@ void TKxDesignDocument::Rebuild(const TKxFormState& Target) {
     FForm->SetDesigning(true);
     Settle();
     FWriter = std::make_unique<TFormWriter>(*FForm, FFileName);
-    // Steps are differences of wanted states: what a form makes of its own text otherwise belongs to the next one.
+    // Steps are differences of wanted states: what a form makes of its own text otherwise belongs to the next
+    // one.
     TKxFormState made = CaptureForm(*FForm, *FWriter, Target);
     FState = made == Target ? std::move(made) : Target;
     ++FRebuilds;

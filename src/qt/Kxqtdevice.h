@@ -44,7 +44,8 @@ public:
     /// Whether long lines are reduced before painting. Default true. Solid lines through whole pixels show
     /// the same pixels either way, those through exact places are no further than a twentieth of a pixel off.
     void SetReduction(bool Reduction) { FReduction = Reduction; }
-    /// Of a logical pixel, see TCanvasDevice. Fewer than the default are for pictures that follow one another.
+    /// Of a logical pixel, see TCanvasDevice. Fewer than the default are for pictures that follow one
+    /// another.
     void SetColumnsPerPixel(int Columns) { FColumnsPerPixel = std::max(1, Columns); }
     int ColumnsPerPixel() const override { return FColumnsPerPixel; }
 

@@ -54,8 +54,7 @@ TEST(SimplifyLine, KeepsEveryPointNearAndLeavesFew) {
             }
             SimplifyLine(points, columns, kept);
             EXPECT_LE(kept.size(), columns >= 4 ? c.Most : points.size()) << c.Case;
-            EXPECT_LE(Farthest(points, kept),
-                      columns ? 1.0 / columns + CStraightness : CStraightness + 1e-9)
+            EXPECT_LE(Farthest(points, kept), columns ? 1.0 / columns + CStraightness : CStraightness + 1e-9)
                 << c.Case;
             EXPECT_EQ(kept.front(), points.front());
             EXPECT_EQ(kept.back(), points.back());

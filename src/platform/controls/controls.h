@@ -57,8 +57,8 @@ public:
     /// The mouse has left this topmost control.
     void DispatchMouseLeft();
     /// Gives a stroke to the control that has the focus, then to its parents, until one takes it; answers
-    /// whether one did. Where nobody takes it, Tab, with or without Shift, moves the focus, and the menu key or
-    /// Shift+F10 pops up the menu.
+    /// whether one did. Where nobody takes it, Tab, with or without Shift, moves the focus, and the menu key
+    /// or Shift+F10 pops up the menu.
     bool DispatchKey(const TKeyStroke& Stroke, bool Down);
 
     /// Gives what an input method composes to the control that has the focus; answers whether it took it.

@@ -135,8 +135,8 @@ public:
     /// Text for the clipboard, and the text that is there; both UTF-8.
     virtual void CopyText(const std::string&) {}
     virtual std::string PasteText() const { return {}; }
-    /// A text, and the same with a markup that some programs know, under its MIME type; and that markup, empty
-    /// where the clipboard has none or the host does not keep it.
+    /// A text, and the same with a markup that some programs know, under its MIME type; and that markup,
+    /// empty where the clipboard has none or the host does not keep it.
     virtual void CopyMarkup(const std::string& Text, const std::string& /*MimeType*/,
                             const std::string& /*Markup*/) {
         CopyText(Text);

@@ -158,9 +158,9 @@ void ReadDrawing(const TArguments& Given, TOptions& Options) {
 
 void CheckEditing(const TOptions& Options) {
     if (!Options.Outputs.Form.Edit) return;
-    for (const auto& [given, name] : {std::pair{!Options.Batch.empty(), "--batch"},
-                                      std::pair{Options.Follow.Wanted, "--follow"},
-                                      std::pair{Options.Window.Show, "--show"}})
+    for (const auto& [given, name] :
+         {std::pair{!Options.Batch.empty(), "--batch"}, std::pair{Options.Follow.Wanted, "--follow"},
+          std::pair{Options.Window.Show, "--show"}})
         if (given) throw TUsageError(std::string("--edit: does not go with ") + name);
 }
 

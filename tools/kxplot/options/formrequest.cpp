@@ -17,9 +17,9 @@ namespace kxplot {
 namespace {
 
 /// What a form is drawn with.
-constexpr auto CForForms = std::to_array<std::string_view>(
-    {"DATA", "-o", "--set", "--scale", "--dpi", "--antialias", "--no-antialias", "--show", "--show-for",
-     "--edit"});
+constexpr auto CForForms =
+    std::to_array<std::string_view>({"DATA", "-o", "--set", "--scale", "--dpi", "--antialias",
+                                     "--no-antialias", "--show", "--show-for", "--edit"});
 
 } // namespace
 
@@ -38,9 +38,10 @@ void AddFormOptions(CLI::App& App, TFormRequest& Given) {
                                     : "a name that ends with .kxf is expected, not " + Quoted(Name);
         });
     App.add_flag("--inline", Given.Inline, "the form holds the data, too");
-    App.add_flag("--edit", Given.Edit,
-                 "opens the picture in kxdesign, to go on by hand: the form of --save-form, or a new one; with -o it "
-                 "is written, too");
+    App.add_flag(
+        "--edit", Given.Edit,
+        "opens the picture in kxdesign, to go on by hand: the form of --save-form, or a new one; with -o it "
+        "is written, too");
     App.add_option("--describe", Given.Describe,
                    "prints the properties of a class of components, or of all, and draws nothing")
         ->type_name("[CLASS]")

@@ -124,7 +124,8 @@ TVectorPlan TSeriesPlanner::X() const {
 }
 
 bool TSeriesPlanner::AreDates(std::span<const int> Columns) const {
-    return !Columns.empty() && std::ranges::all_of(Columns, [&](int Column) { return FTable.IsDate(Column); });
+    return !Columns.empty() &&
+           std::ranges::all_of(Columns, [&](int Column) { return FTable.IsDate(Column); });
 }
 
 void TSeriesPlanner::PlanLabels(TAxesPlan& Axes) const {
