@@ -142,7 +142,7 @@ std::string MeaningOf(const TOptions& Options) {
     if (outputs.Pictures != test::TNames{"d.png"}) meaning.Add("write", outputs.Pictures);
     meaning.Add(!outputs.SaveOutfit.empty(), "save " + outputs.SaveOutfit);
     meaning.Add(window.Show, "show");
-    meaning.Add(options.Outputs.Form.Edit, "edit");
+    meaning.Add(Options.Outputs.Form.Edit, "edit");
     if (window.Seconds) meaning.Add(true, "for " + Text(*window.Seconds));
     meaning.Add(!outputs.Results.empty(), "results " + outputs.Results);
     meaning.Add(outputs.Size != TPictureSize(), "size " + Text(std::round(outputs.Size.Width * 100) / 100) +
