@@ -54,6 +54,9 @@ public:
     void DropFile(const std::string& Name) {
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(QString::fromStdString(Name))});
+        QDragEnterEvent enter({400, 300}, Qt::CopyAction, &data, Qt::LeftButton,
+                              {}); // nothing drops without it
+        QApplication::sendEvent(&FWindow, &enter);
         QDropEvent event({400, 300}, Qt::CopyAction, &data, Qt::LeftButton, {});
         QApplication::sendEvent(&FWindow, &event);
         Look();
