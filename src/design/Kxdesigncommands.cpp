@@ -24,15 +24,25 @@ public:
     }
     TKx2DGraph* GetGraph() const { return FGraph; }
 
-    /// Binds the references by which a component belongs to others.
+    /// Binds the references by which a component belongs to others: those of the derived class first, for the
+    /// parent of an analysis has it calculated, with all that it is to know. What it cannot calculate yet is
+    /// no reason to have no component.
     void Bind(TComponent& Component) const {
-        for (const TProperty* row : Component.PublishedProperties().All())
-            if (row->Kind == TPropertyKind::Reference && row->Set &&
-                !std::get<TComponent*>(row->Get(Component)))
-                if (TComponent* partner = PartnerFor(*row)) row->Set(Component, partner);
+        const auto rows = Component.PublishedProperties().All();
+        for (auto at = rows.rbegin(); at != rows.rend(); ++at) BindRow(**at, Component);
     }
 
 private:
+    void BindRow(const TProperty& Row, TComponent& Component) const {
+        const bool isFree =
+            Row.Kind == TPropertyKind::Reference && Row.Set && !std::get<TComponent*>(Row.Get(Component));
+        TComponent* partner = isFree ? PartnerFor(Row) : nullptr;
+        try {
+            if (partner) Row.Set(Component, partner);
+        } catch (const Exception&) { // told when it is drawn
+        }
+    }
+
     static TKx2DGraph* GraphOf(TComponent* Component) {
         if (const auto* series = dynamic_cast<TKxGraphSeries*>(Component)) Component = series->GetXAxis();
         auto* control = dynamic_cast<TControl*>(Component);

@@ -7,6 +7,7 @@
 #include "design/randomcommands.h"
 
 #include <kxgraph/analysis/Kxcalculatedseries.h>
+#include <kxgraph/analysis/Kxfitband.h>
 #include <kxgraph/annotation/Kxclasses.h>
 #include <kxgraph/graph/Kxgraph2d.h>
 #include <kxgraph/numeric/Kxvector.h>
@@ -60,6 +61,8 @@ TEST_F(DesignDocument, BindsWhatItMakesAndRestoresReferencesOfWhatWasDeleted) {
     EXPECT_EQ(series.GetYAxis(), Document.Find("YAxis"));
     CreateComponent(Document, "TKxLinearRegressionLine");
     EXPECT_EQ(Get<TKxCalculatedSeries>("LinearRegressionLine1").GetParentSeries(), &series);
+    CreateComponent(Document, "TKxFitBand");
+    EXPECT_EQ(Get<TKxFitBand>("FitBand1").GetFit(), Document.Find("LinearRegressionLine1"));
     const std::string before = Document.GetText();
     Document.Select({Document.Find("Graph1"), Document.Find("Time")});
     DeleteSelected(Document);

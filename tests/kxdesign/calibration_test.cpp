@@ -154,7 +154,7 @@ TEST(Kxdesign, BuildsACalibrationFigureFromATable) {
     user.Place("TKxLinearRegressionLine", corner, corner);
     user.Place("TKxFitBand", corner, corner);
     user.Place("TKxLegend", corner, corner);
-    for (const char* key : {"Slope", "Intercept"}) {
+    for (const char* key : {"Slope", "Offset"}) {
         user.Select("LinearRegressionLine1");
         const TPoint at = corner + TPoint{10, key[0] == 'S' ? 120 : 150};
         user.Place("TKxResultLabel", at, at);
@@ -162,7 +162,8 @@ TEST(Kxdesign, BuildsACalibrationFigureFromATable) {
         user.Set("Prefix", key[0] == 'S' ? "\\iA\\i\\-1\\- = " : "\\iA\\i\\-0\\- = ");
     }
     user.Shoot("labels");
-    user.DoubleClick(ShownRect(*graph.GetPrimaryXAxis()).TopLeft() + TPoint{20, 8});
+    const TRect axis = ShownRect(*graph.GetPrimaryXAxis());
+    user.DoubleClick({(axis.Left + axis.Right) / 2, axis.Bottom - 12});
     user.Type("c\\-0\\- / mM");
     user.Select("YAxis");
     user.Set("Caption", "A\\-500 nm\\-");
@@ -178,9 +179,8 @@ TEST(Kxdesign, BuildsACalibrationFigureFromATable) {
           "object DataWithErrorSeries1: TKxDataWithErrorSeries\n", "dYPlus = DA\n", "dYMinus = DA\n",
           "XData = C\n", "YData = A\n", "ParentSeries = DataWithErrorSeries1\n",
           "Fit = LinearRegressionLine1\n", "object Legend1: TKxLegend\n", "Graph = Graph1\n",
-          "Identifier = \"Slope\"\n", "Identifier = \"Intercept\"\n",
-          "Prefix = \"\\\\iA\\\\i\\\\-1\\\\- = \"\n", "Caption = \"c\\\\-0\\\\- / mM\"\n",
-          "Caption = \"A\\\\-500 nm\\\\-\"\n"})
+          "Identifier = \"Slope\"\n", "Identifier = \"Offset\"\n", "Prefix = \"\\\\iA\\\\i\\\\-1\\\\- = \"\n",
+          "Caption = \"c\\\\-0\\\\- / mM\"\n", "Caption = \"A\\\\-500 nm\\\\-\"\n"})
         EXPECT_NE(built.find(part), std::string::npos) << part << "in\n" << built;
     TKxDesignDocument again;
     again.Open(form);
