@@ -175,7 +175,7 @@ TEST(Kxdesign, BuildsACalibrationFigureFromATable) {
     EXPECT_FALSE(document.IsModified());
     const std::string built = ReadFile(form);
     for (const char* part :
-         {"object C: TKxFileVector\n    FileName = \"calibration.csv\"\n    Column = \"c\"\n",
+         {"object C: TKxFileVector\n", "FileName = \"calibration.csv\"\n", "Column = \"c\"\n",
           "object DataWithErrorSeries1: TKxDataWithErrorSeries\n", "dYPlus = DA\n", "dYMinus = DA\n",
           "XData = C\n", "YData = A\n", "ParentSeries = DataWithErrorSeries1\n",
           "Fit = LinearRegressionLine1\n", "object Legend1: TKxLegend\n", "Graph = Graph1\n",
