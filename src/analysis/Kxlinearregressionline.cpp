@@ -167,7 +167,9 @@ const TPropertyTable& TKxLinearRegressionLine::Properties() {
             Published<&T::GetDoFixedOffset, &T::SetDoFixedOffset>("DoFixedOffset", false,
                                                                   "the line keeps the given offset")
                 .LoadedBy(Into<&T::FDoFixedOffset>()),
-            Published<&T::GetOffset, &T::SetFixedOffset>("Offset", 0.0, "the fixed offset")
+            Published<&T::GetOffset, &T::SetFixedOffset>( // else a result, which form files do not hold
+                "Offset", 0.0, "the fixed offset",
+                [](const TPersistent& Line) { return static_cast<const T&>(Line).GetDoFixedOffset(); })
                 .LoadedBy(Into<&T::LoadOffset>()),
             Published<&T::GetWeightMeaning, &T::SetWeightMeaning>("WeightMeaning", wmCounts,
                                                                   "what weights say")
