@@ -1,5 +1,7 @@
 #include <kxgraph/qt/Kxqtsmoothrect.h>
 
+#include <QVarLengthArray>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -23,17 +25,26 @@ std::pair<int, int> Touched(double Low, double High, int First, int Last) {
 
 void MixFrame(const TPixels& Image, const TRect& Window, const QRectF& Outer, const QRectF& Inner,
               QRgb Color) {
+    const bool isWhole = Inner.isEmpty();
     const auto [left, right] = Touched(Outer.left(), Outer.right(), Window.Left, Window.Right);
     const auto [top, bottom] = Touched(Outer.top(), Outer.bottom(), Window.Top, Window.Bottom);
+    // Of 256, in a row that lies in Outer and in Inner to these parts.
+    const auto part = [&](int X, double InOuter, double InInner) {
+        const double taken = InInner > 0 ? InInner * PartIn(X, Inner.left(), Inner.right()) : 0;
+        return int(256 * (InOuter * PartIn(X, Outer.left(), Outer.right()) - taken) + 0.5);
+    };
+    // Nearly all rows lie wholly in both and are alike.
+    QVarLengthArray<std::pair<int, int>, 64> alike;
+    for (int x = left; x < right; ++x)
+        if (const int of256 = part(x, 1, isWhole ? 0 : 1); of256 > 0) alike.append({x, of256});
     for (int y = top; y < bottom; ++y) {
         const double outer = PartIn(y, Outer.top(), Outer.bottom()),
-                     inner = Inner.isEmpty() ? 0 : PartIn(y, Inner.top(), Inner.bottom());
-        QRgb* pixel = Image.At(left, y);
-        for (int x = left; x < right; ++x, ++pixel) {
-            double part = outer * PartIn(x, Outer.left(), Outer.right());
-            if (inner > 0) part -= inner * PartIn(x, Inner.left(), Inner.right());
-            Mix(*pixel, Color, int(256 * part + 0.5));
-        }
+                     inner = isWhole ? 0 : PartIn(y, Inner.top(), Inner.bottom());
+        QRgb* const row = Image.At(0, y);
+        if (outer == 1 && (isWhole || inner == 1))
+            for (const auto& [x, of256] : alike) Mix(row[x], Color, of256);
+        else
+            for (int x = left; x < right; ++x) Mix(row[x], Color, part(x, outer, inner));
     }
 }
 

@@ -174,6 +174,7 @@ void ReadOutputs(const TArguments& Given, TOptions& Options) {
     if (Given.Ground) Options.Look.Ground = ParseGround(*Given.Ground);
     for (const auto& text : Given.Assignments) Options.Look.Assignments.push_back(ParseAssignment(text));
     Options.Window = ParseWindow(Given.Window);
+    CheckEditing(Options);
     if (Options.Window.Show && !Options.Batch.empty()) throw TUsageError("--show: does not go with --batch");
     if (Options.Outputs.Pictures.empty() && Options.Batch.empty() && !Options.Window.Show &&
         !Options.Outputs.Form.Edit)
@@ -202,7 +203,6 @@ std::optional<TOptions> ParseOptions(int Count, char** Arguments) {
     TOptions& options = given.Options;
     options.Follow = ParseFollow(given.Follow);
     CheckForm(app, options.Outputs.Form, options.Data.Files());
-    CheckEditing(options);
     CheckData(options);
     ReadHeader(given, options);
     ReadDrawing(given, options);

@@ -66,7 +66,8 @@ void WithTables(const TOptions& Options, const std::string* Followed, F Use) {
 /// Whether a saved form names the tables that its data stand in: those that are files, and stay as they are.
 bool NamesSources(const TOptions& Options) {
     const TFormRequest& form = Options.Outputs.Form;
-    return (form.Edit || !form.Save.empty()) && !form.Inline && !Options.Data.Database.IsGiven() && !Options.Follow.Wanted;
+    return (form.Edit || !form.Save.empty()) && !form.Inline && !Options.Data.Database.IsGiven() &&
+           !Options.Follow.Wanted;
 }
 
 } // namespace
