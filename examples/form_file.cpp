@@ -9,6 +9,7 @@
 #include <kxgraph/platform/streaming/formfile.h>
 #include <kxgraph/qt/Kxqtinstall.h>
 #include <kxgraph/qt/Kxqtpicture.h>
+#include <kxgraph/qt/Kxqtzoneevents.h>
 
 #include <iostream>
 
@@ -21,6 +22,7 @@ int main(int Count, char** Arguments) {
     }
     try {
         qt::Install();
+        qt::ResolveZones();
         RegisterClasses(); // what a file may hold; a program adds its own
         const auto form = LoadForm(Arguments[1]);
         auto* graph = FindComponentAs<TKx2DGraph>(*form, "Graph1");

@@ -4,6 +4,7 @@
 #include "kxdesign/options.h"
 
 #include <kxgraph/annotation/Kxclasses.h>
+#include <kxgraph/qt/Kxqtzoneevents.h>
 #include <kxgraph/qtwidgets/Kxwidgetshost.h>
 
 #include <QApplication>
@@ -21,6 +22,7 @@ int main(int Count, char** Arguments) {
         QApplication::setApplicationName("kxdesign");
         QApplication::setDesktopFileName("kxdesign");
         kx::qt::InstallWidgets();
+        kx::qt::ResolveZones();
         kx::RegisterClasses();
         TMainWindow window(kx::DesignStateDirectory());
         window.Start(*options);

@@ -1,12 +1,12 @@
 #include "kxplot/form/savedform.h"
 
 #include "kxplot/form/components.h"
-#include "kxplot/form/zoneevents.h"
 
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/streaming/formfile.h>
 #include <kxgraph/platform/text/text.h>
+#include <kxgraph/qt/Kxqtzoneevents.h>
 #include <kxgraph/table/Kxfilevector.h>
 
 #include <memory>
@@ -39,7 +39,7 @@ TCustomControl* SheetOf(TForm& Form) {
 
 std::string FormText(const TParts& Parts, const std::string& FileName) {
     RegisterComponents();
-    RegisterZone(Parts.Plan.Axes.Zone);
+    if (const auto& zone = Parts.Plan.Axes.Zone) qt::RegisterZone(*zone);
     for (TComponent* component : Parts.Form->GetComponents())
         if (auto* vector = dynamic_cast<TKxRealVector*>(component))
             vector->SetPersistentValues(!IsInFile(*vector));
@@ -48,7 +48,7 @@ std::string FormText(const TParts& Parts, const std::string& FileName) {
 
 TParts OpenedForm(const std::string& FileName) {
     RegisterComponents();
-    ResolveZones();
+    qt::ResolveZones();
     std::unique_ptr<TComponent> root = LoadForm(FileName, {.IgnoresUnknownEvents = true});
     TParts parts;
     auto* form = dynamic_cast<TForm*>(root.get());

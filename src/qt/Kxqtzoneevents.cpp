@@ -1,6 +1,5 @@
-#include "kxplot/form/zoneevents.h"
+#include <kxgraph/qt/Kxqtzoneevents.h>
 
-#include <kxgraph/graph/Kxcalendar.h>
 #include <kxgraph/platform/streaming/events.h>
 #include <kxgraph/qt/Kxqtzone.h>
 
@@ -8,7 +7,7 @@
 #include <charconv>
 #include <string_view>
 
-namespace kxplot {
+namespace kx::qt {
 
 namespace {
 
@@ -50,19 +49,19 @@ std::string ZoneOf(std::string_view Name) {
     return zone;
 }
 
-kx::TEventValue Resolved(std::string_view Name) {
+TEventValue Resolved(std::string_view Name) {
     const std::string zone = ZoneOf(Name);
-    const auto offset = zone.empty() ? kx::TKxZoneOffset() : kx::qt::ZoneOffset(zone);
-    return offset ? kx::TEventValue(offset) : kx::TEventValue();
+    if (zone.empty()) return {};
+    const auto offset = ZoneOffset(zone);
+    return offset ? TEventValue(offset) : TEventValue();
 }
 
 } // namespace
 
-void RegisterZone(const std::optional<std::string>& Zone) {
-    if (!Zone) return;
-    if (const kx::TKxZoneOffset offset = kx::qt::ZoneOffset(*Zone)) kx::RegisterEvent(EventOf(*Zone), offset);
+void RegisterZone(const std::string& Zone) {
+    if (const auto offset = ZoneOffset(Zone)) RegisterEvent(EventOf(Zone), offset);
 }
 
-void ResolveZones() { kx::ResolveEvents(Resolved); }
+void ResolveZones() { ResolveEvents(Resolved); }
 
-} // namespace kxplot
+} // namespace kx::qt
