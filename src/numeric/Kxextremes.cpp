@@ -12,7 +12,7 @@ constexpr int CShift = 6, CFan = 1 << CShift;
 static_assert(CFan == TKxExtremes::CBlock);
 constexpr double CInfinity = std::numeric_limits<double>::infinity();
 
-int BlocksOf(int Count) { return (Count >> CShift) + ((Count & (CFan - 1)) != 0); }
+int BlocksOf(int Count, int Shift = CShift) { return (Count >> Shift) + ((Count & ((1 << Shift) - 1)) != 0); }
 
 // Comparisons with what is not a number are false: it never becomes an extreme.
 double Lower(double A, double B) { return A < B ? A : B; }
@@ -148,14 +148,50 @@ void TKxExtremes::RenewNode(std::size_t Level, int Node) {
     FLevels[Level].Flags[std::size_t(Node)] = flags;
 }
 
+/// The ends of First..Last - 1, in lanes so that one comparison does not wait for the other. Without a number
+/// Low is above High.
+template <class F>
+TKxExtremes::TNode TKxExtremes::Ends(int First, int Last, F At) {
+    TNode a{CInfinity, -CInfinity}, b = a;
+    const auto take = [&At](TNode& Ends, int Index) {
+        const TNode node = At(Index);
+        Ends = {Lower(node.Low, Ends.Low), Higher(node.High, Ends.High)};
+    };
+    int i = First;
+    for (; i + 1 < Last; i += 2) {
+        take(a, i);
+        take(b, i + 1);
+    }
+    if (i < Last) take(a, i);
+    return {Lower(a.Low, b.Low), Higher(a.High, b.High)};
+}
+
+/// Takes First..Last - 1 of one level for what is better than Low and High.
+template <class F>
+void TKxExtremes::Take(int Level, int First, int Last, F At, TBest& Low, TBest& High) {
+    const TNode ends = Ends(First, Last, At);
+    if (!(ends.Low <= ends.High)) return;
+    const auto first = [&](auto Is) {
+        int i = First;
+        while (!Is(At(i))) ++i;
+        return i;
+    };
+    if (ends.Low < Low.Value || Low.At < 0)
+        Low = {ends.Low, Level,
+               first([&](const TNode& Node) { return Node.Low == ends.Low && Node.Low <= Node.High; })};
+    if (ends.High > High.Value || High.At < 0)
+        High = {ends.High, Level,
+                first([&](const TNode& Node) { return Node.High == ends.High && Node.Low <= Node.High; })};
+}
+
 // From the first value to the last one by the largest blocks that fit.
 std::pair<TKxExtremes::TBest, TKxExtremes::TBest> TKxExtremes::Best(std::span<const double> Values, int First,
                                                                     int Last) {
     Update(Values);
     TBest low{CInfinity}, high{-CInfinity};
-    const auto take = [&](const TNode& Node, int Level, int At) {
-        if (Node.Low < low.Value || (low.At < 0 && Node.Low <= Node.High)) low = {Node.Low, Level, At};
-        if (Node.High > high.Value || (high.At < 0 && Node.Low <= Node.High)) high = {Node.High, Level, At};
+    const auto value = [&](int Place) {
+        const double at = Values[std::size_t(Place - FSkipped)];
+        return TNode{at, at};
     };
     const int end = Last + FSkipped;
     for (int i = First + FSkipped; i < end;) {
@@ -168,17 +204,19 @@ std::pair<TKxExtremes::TBest, TKxExtremes::TBest> TKxExtremes::Best(std::span<co
             ++level;
             shift += CShift;
         }
-        if (level >= 0) {
-            take(FLevels[std::size_t(level)].Nodes[std::size_t(i >> shift)], level, i >> shift);
-            i = end - i > 1 << shift ? i + (1 << shift) : end;
-            continue;
+        // All of that size up to the next larger one.
+        const int first = i >> shift, next = (first | (CFan - 1)) + 1;
+        const int last = end == FKnown ? BlocksOf(end, shift) : end >> shift;
+        const int stop = std::min(next, last);
+        if (level < 0) {
+            PointsTouched += std::uint64_t(stop - first);
+            Take(level, first, stop, value, low, high);
+        } else {
+            const auto& nodes = FLevels[std::size_t(level)].Nodes;
+            Take(
+                level, first, stop, [&](int At) { return nodes[std::size_t(At)]; }, low, high);
         }
-        const int stop = std::min(end, (i | (CFan - 1)) + 1);
-        PointsTouched += std::uint64_t(stop - i);
-        for (; i < stop; ++i) {
-            const double value = Values[std::size_t(i - FSkipped)];
-            take({value, value}, -1, i);
-        }
+        i = stop < last || end != FKnown ? stop << shift : end;
     }
     return {low, high};
 }

@@ -46,6 +46,12 @@ public:
     /// The first value of the block that holds value Index: Of costs least between two such.
     int BlockStart(int Index) const { return std::max(0, ((Index + FSkipped) & -CBlock) - FSkipped); }
     static constexpr int CBlock = 64;
+    /// The first value of the block that holds value Index, of values that never fall (rise, for not Rises),
+    /// as they were when last asked about.
+    double BlockFirst(int Index, bool Rises) const {
+        const TNode& node = FLevels[0].Nodes[std::size_t((Index + FSkipped) / CBlock)];
+        return Rises ? node.Low : node.High;
+    }
     /// Whether the blocks that hold First..Last - 1 are numbers.
     bool AreNumbers(std::span<const double> Values, int First, int Last);
 
@@ -62,6 +68,10 @@ private:
     };
     struct TBest;
     std::pair<TBest, TBest> Best(std::span<const double> Values, int First, int Last);
+    template <class F>
+    static TNode Ends(int First, int Last, F At);
+    template <class F>
+    static void Take(int Level, int First, int Last, F At, TBest& Low, TBest& High);
     int BlockOf(const TBest& Best) const;
 
     std::uint8_t FlagsOf(std::span<const double> Values);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace kx::qt {
 
@@ -14,8 +15,8 @@ constexpr double CBarsAPen = 96;
 
 } // namespace
 
-bool TLineCoverage::IsFor(std::span<const QPointF> Line) {
-    const auto byX = [](const QPointF& A, const QPointF& B) { return A.x() < B.x(); };
+bool TLineCoverage::IsFor(std::span<const TRealPoint> Line) {
+    const auto byX = [](TRealPoint A, TRealPoint B) { return A.X < B.X; };
     return std::is_sorted(Line.begin(), Line.end(), byX) || std::is_sorted(Line.rbegin(), Line.rend(), byX);
 }
 
@@ -33,11 +34,10 @@ void TLineCoverage::Paint(const TPixels& Image, const TRect& Window, std::span<c
     FHalves.assign(std::size_t(right - left) * std::size_t(2 * FParts), TBar{CNowhere, -CNowhere});
     Gather(Line);
     Widen(radius);
-    for (int x = std::max(left, Window.Left); x < std::min(right, Window.Right); ++x) {
-        FSteps.assign(std::size_t(Window.Height()) + 2, 0);
-        const auto bars = std::span(FWide).subspan(std::size_t(x - left) * std::size_t(FParts));
-        for (const TBar& bar : bars.first(std::size_t(FParts))) AddBar(bar, Window);
-        Blend(Image, Window, x, Color);
+    const TRect part = Window.Intersected({left, Window.Top, right, Window.Bottom});
+    for (int x = part.Left; x < part.Right; x += CTogether) {
+        const TRect columns{x, part.Top, std::min(x + CTogether, part.Right), part.Bottom};
+        PaintColumns(Image, columns, x - left, Color);
     }
 }
 
@@ -85,30 +85,51 @@ void TLineCoverage::Widen(double Radius) {
     }
 }
 
-/// Row y of the bar is covered by what lies behind Top less what lies behind Bottom; either grows from row to
-/// row by two steps.
-void TLineCoverage::AddBar(TBar Bar, const TRect& Window) {
-    const double top = std::clamp(Bar.Top - Window.Top, 0.0, double(Window.Height())),
-                 bottom = std::clamp(Bar.Bottom - Window.Top, 0.0, double(Window.Height()));
-    if (!(top < bottom)) return;
-    const auto add = [this](double Edge, double Sign) {
-        const auto row = std::size_t(Edge);
-        const double part = Edge - double(row);
-        FSteps[row] += float(Sign * (1 - part));
-        FSteps[row + 1] += float(Sign * part);
-    };
-    add(top, 1);
-    add(bottom, -1);
+/// Paints the columns of Window, at most CTogether; the first one is Column of those that bars are known of.
+void TLineCoverage::PaintColumns(const TPixels& Image, const TRect& Window, int Column, QRgb Color) {
+    const auto bars = std::span(FWide).subspan(std::size_t(Column) * std::size_t(FParts),
+                                               std::size_t(Window.Width()) * std::size_t(FParts));
+    TBar all{CNowhere, -CNowhere};
+    for (TBar& bar : bars) {
+        bar.Top = std::max(bar.Top, double(Window.Top));
+        bar.Bottom = std::min(bar.Bottom, double(Window.Bottom));
+        if (bar.Top < bar.Bottom) all = {std::min(all.Top, bar.Top), std::max(all.Bottom, bar.Bottom)};
+    }
+    if (all.Top >= all.Bottom) return;
+    const int top = int(std::floor(all.Top)), bottom = int(std::ceil(all.Bottom));
+    FRows.resize(std::max(FRows.size(), std::size_t(bottom - top) + 2));
+    for (int y = top; y < bottom + 2; ++y) FRows[std::size_t(y - top)].IsStep = false;
+    for (std::size_t i = 0; i < bars.size(); ++i)
+        if (bars[i].Top < bars[i].Bottom) AddBar(bars[i], top, i / std::size_t(FParts));
+    TCovered covered{};
+    for (int y = top; y < bottom; ++y) {
+        const TRow& row = FRows[std::size_t(y - top)];
+        if (row.IsStep) Step(covered, row);
+        MixRow(Image.At(Window.Left, y), std::span(covered.Of256).first(std::size_t(Window.Width())), Color);
+    }
 }
 
-void TLineCoverage::Blend(const TPixels& Image, const TRect& Window, int X, QRgb Color) {
-    float covered = 0;
-    const float toParts = 256.0f / float(FParts);
-    QRgb* pixel = Image.At(X, Window.Top);
-    for (int y = 0; y < Window.Height(); ++y, pixel += Image.Stride) {
-        covered += FSteps[std::size_t(y)];
-        Mix(*pixel, Color, int(covered * toParts + 0.5f));
+void TLineCoverage::Step(TCovered& Covered, const TRow& Row) const {
+    const float to256 = 256.0f / float(FParts);
+    for (std::size_t i = 0; i < CTogether; ++i) {
+        Covered.Bars[i] += Row.Steps[i];
+        Covered.Of256[i] = unsigned(int(Covered.Bars[i] * to256 + 0.5f)); // rounding never leaves 0..256
     }
+}
+
+/// Row y of the bar is covered by what lies behind Top less what lies behind Bottom; either grows from row to
+/// row by two steps. Rows are counted from Top.
+void TLineCoverage::AddBar(TBar Bar, int Top, std::size_t Column) {
+    const auto add = [&](double Edge, double Sign) {
+        const auto at = std::size_t(Edge - Top);
+        const double part = Edge - Top - double(at);
+        for (const auto& [row, step] : {std::pair{at, 1 - part}, {at + 1, part}}) {
+            if (!FRows[row].IsStep) FRows[row] = {.IsStep = true};
+            FRows[row].Steps[Column] += float(Sign * step);
+        }
+    };
+    add(Bar.Top, 1);
+    add(Bar.Bottom, -1);
 }
 
 } // namespace kx::qt

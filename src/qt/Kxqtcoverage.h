@@ -6,6 +6,7 @@
 
 #include <QPointF>
 
+#include <array>
 #include <span>
 #include <vector>
 
@@ -16,7 +17,7 @@ namespace kx::qt {
 class TLineCoverage {
 public:
     /// Whether x goes one way all along the line.
-    static bool IsFor(std::span<const QPointF> Line);
+    static bool IsFor(std::span<const TRealPoint> Line);
 
     /// Paints Line, Width pixels wide, inside Window, which lies in the image. Places are device pixels; the
     /// middle of the first one is 0.5. A pixel has as many bars as it need have columns, at most 32.
@@ -27,18 +28,29 @@ private:
     struct TBar {
         double Top, Bottom; ///< none where Top is greater
     };
+    static constexpr int CTogether = 64; // columns: some cache lines of the image
+    /// Of each column, how many bars more (or less) are covered than in the row before.
+    struct TRow {
+        bool IsStep = false; ///< else they are as many
+        std::array<float, CTogether> Steps{};
+    };
+    struct TCovered {
+        std::array<float, CTogether> Bars{};
+        std::array<unsigned, CTogether> Of256{};
+    };
     void Gather(std::span<const QPointF> Line);
     void AddSegment(QPointF From, QPointF To);
     void Widen(double Radius);
-    void AddBar(TBar Bar, const TRect& Window);
-    void Blend(const TPixels& Image, const TRect& Window, int X, QRgb Color);
+    void PaintColumns(const TPixels& Image, const TRect& Window, int Column, QRgb Color);
+    void AddBar(TBar Bar, int Top, std::size_t Column);
+    void Step(TCovered& Covered, const TRow& Row) const;
 
     int FParts = 1;             // bars a pixel
     double FFirst = 0;          // where the first bar begins
     std::vector<TBar> FHalves;  // of bars: what the line passes
     std::vector<TBar> FWide;    // what the pen covers
     std::vector<double> FReach; // of the pen, at the halves beside its middle
-    std::vector<float> FSteps;  // of coverage, from row to row
+    std::vector<TRow> FRows;
 };
 
 } // namespace kx::qt

@@ -211,10 +211,12 @@ bool TPainterDevice::WriteFramed(const TRealRect& Frame, const TStroke& Stroke, 
     if (!image) return false;
     SetMode(Stroke.Mode, true);
     const QRectF outline(DevicePoint(Frame.Left, Frame.Top), DevicePoint(Frame.Right - 1, Frame.Bottom - 1));
-    if (IsVisible(Fill)) MixFrame(*image, FWindow, outline, {}, ColorOf(Fill.Color, Fill.Mode).rgb());
     const double half = PenWidth(Stroke) / 2;
-    MixFrame(*image, FWindow, outline.adjusted(-half, -half, half, half),
-             outline.adjusted(half, half, -half, -half), ColorOf(Stroke.Color, Stroke.Mode).rgb());
+    const QRectF inner = outline.adjusted(half, half, -half, -half);
+    if (IsVisible(Fill) && !inner.isEmpty()) // else the outline covers all of it
+        MixFrame(*image, FWindow, outline, {}, ColorOf(Fill.Color, Fill.Mode).rgb());
+    MixFrame(*image, FWindow, outline.adjusted(-half, -half, half, half), inner,
+             ColorOf(Stroke.Color, Stroke.Mode).rgb());
     return true;
 }
 
@@ -230,8 +232,7 @@ void TPainterDevice::PaintArea(TPointSpan Points, const TFill& Fill, bool Antial
     SetMode(Fill.Mode, Antialias);
     const auto points = Placed(Points);
     if (const auto rect = UprightRect(points); rect && !IsSmooth() && WriteArea(*rect, Fill)) return;
-    FCurve.clear();
-    for (const TRealPoint p : WithoutDetail(points)) FCurve.push_back(DevicePoint(p.X, p.Y));
+    SetCurve(WithoutDetail(points));
     if (!AllInside(FCurve, SafeArea())) CutPolygon(FCurve, FSpare, SafeArea());
     FPainter.setPen(Qt::NoPen);
     FPainter.setBrush(BrushOf(Fill));

@@ -82,7 +82,8 @@ private:
     void PaintShape(TPointSpan Points, const TStroke& Stroke, const TFill& Fill, Qt::PenJoinStyle Join);
     void PaintHugeEllipse(const TRealRect& Rect, const TStroke& Stroke, const TFill& Fill);
     bool WriteFramed(const TRealRect& Frame, const TStroke& Stroke, const TFill& Fill);
-    bool WriteCoverage(const QPen& Pen, TPenMode Mode);
+    bool WriteCoverage(std::span<const TRealPoint> Line, const QPen& Pen, TPenMode Mode);
+    void SetCurve(std::span<const TRealPoint> Points);
     void MakeCrisp(QPen& Pen);
     void RoundEnds();
     void TrimEnds();

@@ -91,13 +91,13 @@ void TPainterDevice::PaintThin(std::span<const TPoint> Pixels, const TStroke& St
 
 void TPainterDevice::PaintWide(TPointSpan Points, const TStroke& Stroke, bool Closed, Qt::PenJoinStyle Join) {
     SetMode(Stroke.Mode, FAntialias);
-    FCurve.clear();
-    for (const TRealPoint p : Reduced(Points, Stroke)) FCurve.push_back(DevicePoint(p.X, p.Y));
     const bool isExact = IsSmooth() && Points.IsExact();
     QPen pen = PenOf(Stroke, Join);
     // A line through exact places is one of several that follow one another, as a rule: round ends join them.
     if (isExact && Points.Size() > 2 && pen.style() != Qt::CustomDashLine) pen.setCapStyle(Qt::RoundCap);
     if (isExact && Stroke.Crisp) pen.setCapStyle(Qt::FlatCap); // whoever draws it knows where it ends
+    if (isExact && !Closed && WriteCoverage(Placed(Points), pen, Stroke.Mode)) return;
+    SetCurve(Reduced(Points, Stroke));
     if (Stroke.Crisp && FRaster) MakeCrisp(pen);
     FPainter.setBrush(Qt::NoBrush);
     if (Closed && FCurve.size() < std::size_t(CReductionThreshold) && AllInside(FCurve, SafeArea())) {
@@ -110,7 +110,6 @@ void TPainterDevice::PaintWide(TPointSpan Points, const TStroke& Stroke, bool Cl
     else if (Stroke.Width < 2 && !isExact)
         TrimEnds();
     if (Stroke.Crisp && FRaster && FCurve.size() == 2) RoundEnds();
-    if (isExact && !Closed && WriteCoverage(pen, Stroke.Mode)) return;
     ForPiecesInside(FCurve, SafeArea(), FSpare, [&](std::span<const QPointF> Piece, double LengthBefore) {
         const bool whole = !FRaster || Stroke.Mode == pmXor; // no pixel twice, no path more than needed
         if (whole || FAntialias || pen.style() == Qt::CustomDashLine)
@@ -120,14 +119,22 @@ void TPainterDevice::PaintWide(TPointSpan Points, const TStroke& Stroke, bool Cl
     });
 }
 
-/// Writes a smooth line that runs from left to right past the painter; false if the painter has to.
-bool TPainterDevice::WriteCoverage(const QPen& Pen, TPenMode Mode) {
+/// Writes a smooth line that runs from left to right past the painter, all of its points; false if the
+/// painter has to.
+bool TPainterDevice::WriteCoverage(std::span<const TRealPoint> Line, const QPen& Pen, TPenMode Mode) {
     const bool isSolid = Pen.capStyle() == Qt::RoundCap && Mode == pmCopy;
-    if (!FRaster || !FAntialias || !isSolid || !TLineCoverage::IsFor(FCurve)) return false;
+    if (!FRaster || !FAntialias || !isSolid || !TLineCoverage::IsFor(Line)) return false;
     const auto image = FAccess.MixedPixels(FWindow);
+    if (!image) return false;
+    SetCurve(Line);
     const int columns = int(std::ceil(FColumnsPerPixel / FScale));
-    if (image) FCoverage.Paint(*image, FWindow, FCurve, columns, Pen.widthF(), Pen.color().rgb());
-    return image.has_value();
+    FCoverage.Paint(*image, FWindow, FCurve, columns, Pen.widthF(), Pen.color().rgb());
+    return true;
+}
+
+void TPainterDevice::SetCurve(std::span<const TRealPoint> Points) {
+    FCurve.resize(Points.size());
+    std::ranges::transform(Points, FCurve.begin(), [this](TRealPoint P) { return DevicePoint(P.X, P.Y); });
 }
 
 /// A pen of whole pixels, and the line where its edges are whole ones, if it is level and upright throughout.

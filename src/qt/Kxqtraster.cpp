@@ -4,6 +4,10 @@
 #include <QTransform>
 
 #include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
 
 namespace kx::qt {
 
@@ -44,6 +48,50 @@ void TPixels::Fill(std::span<const QRect> Rects, QRgb Color, TPenMode Mode) cons
         else
             ForEachPixel(*this, rect, set, [Color](QRgb* Begin, QRgb* End) { std::fill(Begin, End, Color); });
     }
+}
+
+namespace {
+
+/// So many pixels at a time, as halves: of each, two channels in products that fit, which compilers make
+/// vectors of.
+constexpr std::size_t CTogether = 16;
+using THalves = std::array<std::uint16_t, 2 * CTogether>;
+
+void MixTogether(QRgb* First, const unsigned* Parts, QRgb Color) {
+    std::array<unsigned, CTogether> twice;
+    unsigned any = 0, all = 256;
+    for (std::size_t i = 0; i < CTogether; ++i) {
+        twice[i] = Parts[i] | Parts[i] << 16;
+        any |= Parts[i];
+        all &= Parts[i];
+    }
+    if (any == 0) return;
+    if (all == 256) return void(std::fill_n(First, CTogether, Color));
+    THalves halves, parts;
+    std::memcpy(parts.data(), twice.data(), sizeof parts);
+    std::memcpy(halves.data(), First, sizeof halves);
+    THalves colors;
+    for (std::size_t i = 0; i < colors.size(); i += 2) {
+        const std::array both{std::uint16_t(Color), std::uint16_t(Color >> 16)};
+        const bool low = std::endian::native == std::endian::little;
+        colors[i] = both[low ? 0 : 1];
+        colors[i + 1] = both[low ? 1 : 0];
+    }
+    for (std::size_t i = 0; i < halves.size(); ++i) {
+        const std::uint16_t part = parts[i], rest = std::uint16_t(256 - part);
+        const auto even = std::uint16_t((halves[i] & 255) * rest + (colors[i] & 255) * part + 128);
+        const auto odd = std::uint16_t((halves[i] >> 8) * rest + (colors[i] >> 8) * part + 128);
+        halves[i] = std::uint16_t(even >> 8 | (odd & 0xff00));
+    }
+    std::memcpy(First, halves.data(), sizeof halves);
+}
+
+} // namespace
+
+void MixRow(QRgb* First, std::span<const unsigned> Parts, QRgb Color) {
+    std::size_t i = 0;
+    for (; i + CTogether <= Parts.size(); i += CTogether) MixTogether(First + i, &Parts[i], Color);
+    for (; i < Parts.size(); ++i) Mix(First[i], Color, Parts[i]);
 }
 
 TRasterAccess::TRasterAccess(const QPainter& Painter) : FPainter(Painter), FImage(PlainImage(Painter)) {}

@@ -24,15 +24,18 @@ struct TPixels {
     void Fill(std::span<const QRect> Rects, QRgb Color, TPenMode Mode) const;
 };
 
-/// Moves a pixel towards Color by Part of 256, all four channels alike: transparent ones are premultiplied.
-/// Part 0 and less leave it, 256 and more are Color.
-inline void Mix(QRgb& Pixel, QRgb Color, int Part) {
-    if (Part <= 0) return;
-    const auto mixed = [Part](int From, int To) { return (From * (256 - Part) + To * Part + 128) / 256; };
-    Pixel = Part >= 256 ? Color
-                        : qRgba(mixed(qRed(Pixel), qRed(Color)), mixed(qGreen(Pixel), qGreen(Color)),
-                                mixed(qBlue(Pixel), qBlue(Color)), mixed(qAlpha(Pixel), qAlpha(Color)));
+/// Moves a pixel towards Color by Part of 256, 0 to 256, all four channels alike: transparent ones are
+/// premultiplied.
+inline void Mix(QRgb& Pixel, QRgb Color, unsigned Part) {
+    constexpr QRgb CEven = 0x00ff00ff, CHalf = 0x00800080; // two channels at a time
+    const unsigned rest = 256 - Part;
+    const QRgb even = (Pixel & CEven) * rest + (Color & CEven) * Part + CHalf;
+    const QRgb odd = (Pixel >> 8 & CEven) * rest + (Color >> 8 & CEven) * Part + CHalf;
+    Pixel = (even >> 8 & CEven) | (odd & ~CEven);
 }
+
+/// The same for Parts.size() pixels side by side.
+void MixRow(QRgb* First, std::span<const unsigned> Parts, QRgb Color);
 
 /// Knows whether a painter stands directly on an image with 32 bits a pixel.
 class TRasterAccess {

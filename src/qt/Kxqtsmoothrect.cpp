@@ -31,12 +31,13 @@ void MixFrame(const TPixels& Image, const TRect& Window, const QRectF& Outer, co
     // Of 256, in a row that lies in Outer and in Inner to these parts.
     const auto part = [&](int X, double InOuter, double InInner) {
         const double taken = InInner > 0 ? InInner * PartIn(X, Inner.left(), Inner.right()) : 0;
-        return int(256 * (InOuter * PartIn(X, Outer.left(), Outer.right()) - taken) + 0.5);
+        const double mixed = InOuter * PartIn(X, Outer.left(), Outer.right()) - taken;
+        return unsigned(256 * std::max(0.0, mixed) + 0.5);
     };
     // Nearly all rows lie wholly in both and are alike.
-    QVarLengthArray<std::pair<int, int>, 64> alike;
+    QVarLengthArray<std::pair<int, unsigned>, 64> alike;
     for (int x = left; x < right; ++x)
-        if (const int of256 = part(x, 1, isWhole ? 0 : 1); of256 > 0) alike.append({x, of256});
+        if (const unsigned of256 = part(x, 1, isWhole ? 0 : 1); of256 > 0) alike.append({x, of256});
     for (int y = top; y < bottom; ++y) {
         const double outer = PartIn(y, Outer.top(), Outer.bottom()),
                      inner = isWhole ? 0 : PartIn(y, Inner.top(), Inner.bottom());

@@ -1,7 +1,5 @@
 #include <kxgraph/series/Kxbargeometry.h>
 
-#include <kxgraph/platform/drawing/simplification.h>
-
 #include <cmath>
 
 namespace kx {
@@ -113,7 +111,8 @@ bool AreOneLine(const TRect& A, const TRect& B, bool Horizontal) {
 }
 
 bool AreOneLine(const TRealRect& A, const TRealRect& B, bool Horizontal) {
-    const auto isNarrow = [](double From, double To) { return To - From <= 1 + 1.0 / CColumnsPerPixel; };
+    constexpr double CNear = 0.05; // of a pixel
+    const auto isNarrow = [](double From, double To) { return To - From <= 1 + CNear; };
     if (Horizontal)
         return isNarrow(std::min(A.Top, B.Top), std::max(A.Bottom, B.Bottom)) && A.Left <= B.Right &&
                B.Left <= A.Right;

@@ -68,7 +68,7 @@ bool IsBarInside(const TRect& Outline, TSize World);
 /// Whether two bars, both one pixel across, share that pixel and meet along it: their union is drawn as they
 /// both are. Bars without depth only.
 bool AreOneLine(const TRect& A, const TRect& B, bool Horizontal);
-/// The same of exact ones, as good as both being one column (CColumnsPerPixel) across.
+/// The same of exact ones that together are hardly wider than a pixel.
 bool AreOneLine(const TRealRect& A, const TRealRect& B, bool Horizontal);
 /// Whether bars are to be painted in the order of their edges, so that each covers the depth of the one
 /// before.

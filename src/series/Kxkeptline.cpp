@@ -145,6 +145,8 @@ private:
 
     void KeepColumn(int First, int End, bool EndsThere) {
         if (EndsThere && !AreParts()) return KeepEnd(First, End);
+        const bool isInside = FIsOpen && !EndsThere; // at an end x decides what comes first
+        if (AreParts() && isInside && KeepAbout(First, End)) return;
         if (!Trim(First, End)) return;
         if (AreParts()) return KeepPart(First, End, EndsThere);
         const int last = End - 1;
@@ -153,17 +155,17 @@ private:
     }
     /// First and last stand between the extremes, and lines lead from column to column.
     void KeepPart(int First, int End, bool EndsThere) {
-        constexpr int CMany = 4 * TKxExtremes::CBlock;
-        const bool isInside = FIsOpen && !EndsThere; // at an end x decides what comes first
-        if (isInside && End - First >= CMany && KeepAbout(First, End)) return;
         if (!FIsOpen) Keep(First);
         const auto [a, b] = EndsOf(First, End);
         for (const int i : {a, b}) Keep(i);
         if (EndsThere) Keep(End - 1);
     }
-    /// The extremes in the middle of the column, without a look at those who hold them.
+    /// The extremes of very many in the middle of the column, without a look at those who hold them.
     bool KeepAbout(int First, int End) {
+        constexpr int CMany = 4 * TKxExtremes::CBlock;
+        if (End - First < CMany) return false;
         const auto ends = FY.GetVector()->GetEndsInBlocks(First, End);
+        if (ends.IsEmpty()) return true;
         if (FY.IsLogarithmic() && !(ends.Low > 0)) return false;
         const TKxAxisMap& map = FY.GetAxis()->GetMap();
         TRealPoint a{FColumns.Middle(), map.RealToPlace(ends.Low)}, b{a.X, map.RealToPlace(ends.High)};

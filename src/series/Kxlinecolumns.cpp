@@ -71,30 +71,62 @@ double TKxLineColumns::Column(int Index) const {
     return ColumnOf(FX.PlaceOf(Index), FPerPixel);
 }
 
+namespace {
+
+constexpr int CBlock = TKxExtremes::CBlock, CManyBlocks = 8;
+constexpr double CNarrow = 0.5; // of a column: what may stand in the one beside
+
+} // namespace
+
 int TKxLineColumns::Next(int Last) {
     FStart = FNext;
-    const int behind = FirstBehindColumn(FStart.At, Last);
-    FLength = behind - FStart.At;
-    FNext = {behind < Last ? EndAtBlock(FStart.At, behind) : Last, behind};
+    const bool isBlock = FStart.First == FStart.At && FStart.At == FX.GetVector()->GetBlockStart(FStart.At);
+    FColumn = isBlock && AreParts() ? ColumnOf(PlaceOfBlock(FStart.At), FPerPixel) : Column(FStart.At);
+    if (const int end = EndOfBlocks(Last); end > 0) {
+        FNext = {end, end};
+    } else {
+        const int behind = FirstBehindColumn(FStart.At, Last);
+        FNext = {behind < Last ? EndAtBlock(FStart.At, behind) : Last, behind};
+    }
+    FLength = FNext.At - FStart.At;
     return FNext.First;
+}
+
+double TKxLineColumns::PlaceOfBlock(int Index) const {
+    return FX.GetAxis()->GetMap().RealToPlace(FX.GetVector()->GetBlockFirst(Index, FIsAscending));
+}
+
+/// The end of a column that begins with a block and has many of them, as the one before had, found without a
+/// look at values; 0 if there is none like that.
+int TKxLineColumns::EndOfBlocks(int Last) const {
+    const auto& x = *FX.GetVector();
+    const auto start = [&x](int Index) { return x.GetBlockStart(Index); };
+    const int first = FStart.First;
+    if (!AreParts() || FLength < CManyBlocks * CBlock || start(first) != first) return 0;
+    const auto isBehind = [&](int Index) { return ColumnOf(PlaceOfBlock(Index), FPerPixel) != FColumn; };
+    int end = start(std::min(first + FLength, Last - 1));
+    while (end > first && isBehind(end)) end -= CBlock;
+    do end += CBlock;
+    while (end < Last && !isBehind(end));
+    if (end >= Last || end - first < CManyBlocks * CBlock) return 0;
+    const double over = std::abs(PlaceOfBlock(end) - PlaceOfBlock(end - 1));
+    return over * FPerPixel < CNarrow ? end : 0;
 }
 
 /// The extremes of a long column are found without its values if it ends with a block of them. What is over
 /// stands so near to the next column that it may as well be in that.
 int TKxLineColumns::EndAtBlock(int First, int End) const {
-    constexpr int CManyBlocks = 8;
-    if (!AreParts() || End - First < CManyBlocks * TKxExtremes::CBlock) return End;
+    if (!AreParts() || End - First < CManyBlocks * CBlock) return End;
     const int start = FY.GetVector()->GetBlockStart(End);
     const double over = std::abs(FX.PlaceOf(End - 1) - FX.PlaceOf(start));
-    return over * FPerPixel < 0.5 ? start : End;
+    return over * FPerPixel < CNarrow ? start : End;
 }
 
 /// In ever longer steps, then by halving: sparse points cost one step each, many in a column little more.
 /// Steps begin where a column as long as the one before would nearly end.
 int TKxLineColumns::FirstBehindColumn(int First, int Last) const {
     constexpr int CMany = 16, CAlmost = 2;
-    const double column = Column(First);
-    const auto isBehind = [&](int i) { return Column(i) != column; };
+    const auto isBehind = [&](int i) { return Column(i) != FColumn; };
     int known = First;
     if (FLength >= CMany && FLength < Last - First) {
         const int near = First + FLength - CAlmost;

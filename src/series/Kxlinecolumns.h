@@ -47,17 +47,21 @@ public:
     /// ends (Kxextremes.h).
     int Next(int Last);
     /// The middle along X of the present column, if columns are parts.
-    double Middle() const { return (Column(FStart.At) + 0.5) / FPerPixel; }
+    double Middle() const { return (FColumn + 0.5) / FPerPixel; }
 
 private:
     double Column(int Index) const;
     int FirstBehindColumn(int First, int Last) const;
     int EndAtBlock(int First, int End) const;
+    double PlaceOfBlock(int Index) const;
+    int EndOfBlocks(int Last) const;
 
     const TKxChannel &FX, &FY;
     int FPerPixel;
     TKxColumnStart FStart, FNext;
-    int FLength = 0; // of the column before
+    int FLength = 0;    // of the column before
+    double FColumn = 0; // the present one
+    bool FIsAscending = FX.GetVector()->IsAscending();
 };
 
 } // namespace kx

@@ -103,7 +103,7 @@ std::span<const T> TKxSeries::PaintedOf(const TCanvas& Canvas, std::span<const T
 
 std::vector<std::span<const TPoint>> TKxSeries::DrawableRuns(const TCanvas& Canvas) {
     if (KeepsLine()) return KeptRuns(Canvas);
-    return RunsOf(FPoints.Values().first(std::size_t(FPointsCount)), BreaksAtGaps(), FScratch);
+    return RunsOf(GetPoints().Values().first(std::size_t(FPointsCount)), BreaksAtGaps(), FScratch);
 }
 
 // Those of a line that is not kept are made for every painting: a smooth device is painted once, as a rule.

@@ -167,15 +167,18 @@ TKxPlacing TKxSeries::PresentPlacing() const {
 
 bool TKxSeries::IsBound() const { return GetXData() && GetYData() && GetXAxis() && GetYAxis(); }
 
-// Of a series that goes by its values, only a line that cannot be kept needs all points.
+// A series that goes by its values places points when they are asked for, as they are by a line that cannot
+// be kept; only that keeps room for them.
 void TKxSeries::PlacePoints() {
     if (!IsBound())
         FPointsCount = 0;
     else if (!GoesByValues())
         CalculateAllPoints();
-    else if (GetDrawingWorld() && DrawsLine() && !KeepsLine())
-        PlaceAll();
-    else if (FPlacing.Count >= 0 && FPlacing != PresentPlacing())
+    else if (FPlacing.Count < 0 || FPlacing == PresentPlacing())
+        return;
+    else if (DrawsLine() && !(MayKeepLine() && IsSorted(FX, FPointsCount)))
+        FPlacing = {};
+    else
         ForgetPoints();
 }
 
