@@ -116,7 +116,8 @@ std::vector<TComponent*> PasteComponents(TKxDesignDocument& Document, std::strin
     const std::string text = TRenaming(Document, Text).Renamed();
     std::vector<TComponent*> made;
     Document.Run({StepName}, [&] {
-        made = Outermost(UpdateForm(Document.GetForm(), text, Document.GetFileName(), {true}));
+        made = Outermost(
+            UpdateForm(Document.GetForm(), text, Document.GetFileName(), {.KeepsUnknownEvents = true}));
         for (TComponent* component : made)
             if (auto* control = dynamic_cast<TControl*>(component)) {
                 if (Parent) control->SetParent(Parent);

@@ -57,7 +57,7 @@ void TKxDesignDocument::Open(const std::string& FileName) {
 }
 
 void TKxDesignDocument::Read(std::string_view Text, const std::string& FileName, bool Modified) {
-    std::unique_ptr<TComponent> root = FormFromText(Text, FileName);
+    std::unique_ptr<TComponent> root = FormFromText(Text, FileName, {.KeepsUnknownEvents = true});
     auto* form = dynamic_cast<TForm*>(root.get());
     if (!form) throw EFormError(FileName + ": a form is expected, not a " + root->ClassName());
     root.release();

@@ -109,7 +109,8 @@ void TKxDesignDocument::BringTo(const TKxFormState& Target) {
 
 // The whole form is read again; what shows it is told before the old one goes.
 void TKxDesignDocument::Rebuild(const TKxFormState& Target) {
-    std::unique_ptr<TComponent> root = FormFromText(ObjectText(Target, {}), FFileName, {true});
+    std::unique_ptr<TComponent> root =
+        FormFromText(ObjectText(Target, {}), FFileName, {.KeepsUnknownEvents = true});
     const auto before = std::exchange(FForm, std::unique_ptr<TForm>(static_cast<TForm*>(root.release())));
     FForm->SetDesigning(true);
     Settle();

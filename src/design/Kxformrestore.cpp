@@ -112,7 +112,7 @@ void TKxFormRestorer::Attempt(const TKxFormState& Live, const TKxFormState& Targ
     const TKxFormState live = gone.empty() ? Live : CaptureForm(FRoot, FWriter, Live);
     FParents = ParentsIn(live);
     const std::string text = Patch(live, Target, {}, {});
-    if (!text.empty()) UpdateForm(FRoot, text, FFileName, {true});
+    if (!text.empty()) UpdateForm(FRoot, text, FFileName, {.KeepsUnknownEvents = true});
     int index = 0;
     PutInOrder(Target, {}, index);
     for (const auto& [name, part] : Target.Parts)

@@ -6,7 +6,7 @@
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/controls/control.h>
 #include <kxgraph/platform/objects/propertytext.h>
-#include <kxgraph/platform/streaming/events.h>
+#include <kxgraph/platform/streaming/keptevents.h>
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
@@ -235,7 +235,8 @@ private:
             const TComponent& component = *FForm.GetParts()[i].Component;
             for (const TProperty* row : FForm.GetParts()[i].Table->All()) {
                 if (row->Kind != TPropertyKind::Event) continue;
-                const std::string_view name = NameOfEvent(std::get<TEventValue>(row->Get(component)));
+                const std::string_view name =
+                    EventNameOf(component, row->Name, std::get<TEventValue>(row->Get(component)));
                 if (!name.empty())
                     FBody += Indented("// " + FNames[i] + "->" + std::string(row->Name) + " calls " +
                                       std::string(name) + ".");

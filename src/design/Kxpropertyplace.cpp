@@ -15,9 +15,9 @@ using TTarget = TKxPropertyTarget;
 
 /// An analysis calculates as soon as it gets its data, and fails, say, where its formula is still missing: it
 /// keeps and shows that error, and has what it was given.
-void SetOne(const TTarget& Target, const TPropertyValue& Value) {
+void SetOne(const TTarget& Target, const TPropertyValue& Value, TFormModels& Models) {
     try {
-        Target.Row().Set(Target.Object(), Value);
+        Target.Set(Value, Models);
     } catch (const EMathError&) {
         if (!IsSameValue(Target.Get(), Value)) throw;
     }
@@ -30,11 +30,7 @@ bool IsName(const TProperty& Row) { return &Row == TComponent::Properties().Find
 TKxPropertyPlace::TKxPropertyPlace(TKxDesignContext& Context, std::vector<TTarget> Targets)
     : FContext(&Context), FTargets(std::move(Targets)) {}
 
-std::string TKxPropertyPlace::GetPath() const {
-    std::string path;
-    for (const TProperty* row : FTargets.front().Way) path.append(path.empty() ? "" : ".").append(row->Name);
-    return path;
-}
+std::string TKxPropertyPlace::GetPath() const { return FTargets.front().GetPath(); }
 
 std::string TKxPropertyPlace::GetTold() const {
     if (FTargets.size() > 1 || GetComponent().GetName().empty()) return GetPath();
@@ -74,10 +70,11 @@ void TKxPropertyPlace::Set(const TPropertyValue& Value, bool IsContinued) {
             try {
                 for (const TTarget& target : FTargets) {
                     before.emplace_back(&target, target.Get());
-                    SetOne(target, Value);
+                    SetOne(target, Value, FContext->Models);
                 }
             } catch (...) {
-                for (const auto& old : before) Guarded([&] { SetOne(*old.first, old.second); });
+                for (const auto& old : before)
+                    Guarded([&] { SetOne(*old.first, old.second, FContext->Models); });
                 throw;
             }
         },

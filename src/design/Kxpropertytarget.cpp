@@ -1,6 +1,7 @@
 #include <kxgraph/design/Kxpropertytarget.h>
 
 #include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/streaming/keptevents.h>
 
 #include <memory>
 
@@ -68,7 +69,38 @@ TPersistent& TKxPropertyTarget::ObjectIn(const TComponent& Other) const {
     return const_cast<TPersistent&>(*object); // constness is the caller's to keep
 }
 
+std::string TKxPropertyTarget::GetPath() const {
+    std::string path;
+    for (const TProperty* row : Way) path.append(path.empty() ? "" : ".").append(row->Name);
+    return path;
+}
+
+TPropertyValue TKxPropertyTarget::Get() const {
+    TPropertyValue value = Row().Get(Object());
+    const auto* handler = std::get_if<TEventValue>(&value);
+    if (!handler || *handler) return value;
+    const std::string_view name = EventNameOf(*Component.Get(), GetPath(), *handler);
+    return name.empty() ? value : std::string(name);
+}
+
+void TKxPropertyTarget::Set(const TPropertyValue& Value, TFormModels& Models) const {
+    if (Row().Kind != TPropertyKind::Event) return Row().Set(Object(), Value);
+    const auto* name = std::get_if<std::string>(&Value);
+    if (name) KeepEventName(*Component.Get(), GetPath(), *name); // raises before anything has changed
+    Row().Set(Object(), name ? UnchangedIn(Models) : Value);
+    if (!name) KeepEventName(*Component.Get(), GetPath(), {});
+}
+
+TPropertyValue TKxPropertyTarget::UnchangedIn(TFormModels& Models) const {
+    const TComponent* fresh = Models.Of(*Component.Get()).Fresh;
+    const TPropertyValue value = Untouched(Row(), fresh ? &ObjectIn(*fresh) : nullptr, Way.size() == 1);
+    if (!std::holds_alternative<std::monostate>(value)) return value;
+    throw EPropertyError(std::string(Row().Name) + " has no value to go back to: no class of a " +
+                         Component->ClassName() + " is registered");
+}
+
 bool TKxPropertyTarget::IsDefault(TFormModels& Models) const {
+    if (Row().Kind == TPropertyKind::Event && std::holds_alternative<std::string>(Get())) return false;
     const TPersistent* fresh = Models.Of(*Component.Get()).Fresh;
     const TPersistent* object = Component.Get();
     for (const TProperty* row : Way) {
@@ -83,12 +115,7 @@ bool TKxPropertyTarget::IsDefault(TFormModels& Models) const {
 void TKxPropertyTarget::Reset(TFormModels& Models) const {
     const auto model = Models.Of(*Component.Get());
     if (model.Class && SetBackFlag(*model.Class, *this)) return;
-    const TPersistent* fresh = model.Fresh ? &ObjectIn(*model.Fresh) : nullptr;
-    const TPropertyValue value = Untouched(Row(), fresh, Way.size() == 1);
-    if (std::holds_alternative<std::monostate>(value))
-        throw EPropertyError(std::string(Row().Name) + " has no value to go back to: no class of a " +
-                             Component->ClassName() + " is registered");
-    Row().Set(Object(), value);
+    Set(UnchangedIn(Models), Models);
 }
 
 } // namespace kx

@@ -5,6 +5,7 @@
 #include <kxgraph/platform/objects/component.h>
 #include <kxgraph/platform/streaming/formmodels.h>
 
+#include <string>
 #include <vector>
 
 namespace kx {
@@ -18,13 +19,21 @@ struct TKxPropertyTarget {
     TPersistent& Object() const { return ObjectIn(*Component.Get()); }
     /// The same in another component of the class.
     TPersistent& ObjectIn(const TComponent& Other) const;
-    TPropertyValue Get() const { return Row().Get(Object()); }
+    /// "LineStyle.Color".
+    std::string GetPath() const;
+    /// An event whose handler this program has not got is the name of that, a text.
+    TPropertyValue Get() const;
+    /// Takes what Get returns.
+    void Set(const TPropertyValue& Value, TFormModels& Models) const;
 
     /// Whether a form file would not hold the property.
     bool IsDefault(TFormModels& Models) const;
     /// Gives it what an unchanged component has, or sets back the flag by which it follows another one.
     /// Raises EPropertyError where nobody knows that: no class of the component is registered.
     void Reset(TFormModels& Models) const;
+
+private:
+    TPropertyValue UnchangedIn(TFormModels& Models) const;
 };
 
 /// Whether two values of one property are the same, handlers as far as it can be told.

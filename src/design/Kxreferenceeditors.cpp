@@ -145,7 +145,12 @@ std::vector<TKxPropertyChoice> TKxEventEditor::GetChoices() const {
     return choices;
 }
 
+TKxEditorKind TKxEventEditor::GetKind() const {
+    return FPlace.GetComponent().IsIn(csDesigning) ? TKxEditorKind::Suggestions : TKxEditorKind::Choice;
+}
+
 std::string TKxEventEditor::TextOf(const TPropertyValue& Value) const {
+    if (const auto* kept = std::get_if<std::string>(&Value)) return *kept;
     const auto& handler = std::get<TEventValue>(Value);
     if (!handler) return {};
     const std::string_view name = NameOfEvent(handler);
@@ -156,8 +161,22 @@ std::string TKxEventEditor::TextOf(const TPropertyValue& Value) const {
 TPropertyValue TKxEventEditor::NoHandler() const {
     const auto& target = FPlace.GetTargets().front();
     const auto model = FPlace.GetContext().Models.Of(FPlace.GetComponent());
-    return model.Fresh ? target.Row().Get(target.ObjectIn(*model.Fresh)) : target.Get();
+    return (model.Fresh ? target.Row().Get(target.ObjectIn(*model.Fresh))
+                        : target.Row().Get(target.Object()));
 }
+
+namespace {
+
+bool IsName(std::string_view Text) {
+    try {
+        TComponent(nullptr).SetName(std::string(Text));
+    } catch (const EComponentError&) {
+        return false;
+    }
+    return true;
+}
+
+} // namespace
 
 TPropertyValue TKxEventEditor::ValueOf(const std::string& Text) const {
     const std::string_view name = Trimmed(Text);
@@ -165,6 +184,10 @@ TPropertyValue TKxEventEditor::ValueOf(const std::string& Text) const {
     if (name.empty()) return NoHandler();
     const TEventValue* handler = FindEvent(name);
     if (handler && Takes(*handler)) return *handler;
+    if (!handler && GetKind() == TKxEditorKind::Suggestions) {
+        if (IsName(name)) return std::string(name);
+        RaiseExpected(Text, "the name of a handler");
+    }
     const auto choices = GetChoices();
     RaiseExpected(Text, "an event that is registered for this" + DidYouMean(name, TextsOf(choices)));
 }

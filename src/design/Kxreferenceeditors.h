@@ -41,11 +41,12 @@ public:
     std::vector<TKxPropertyChoice> GetChoices() const override;
 };
 
-/// Handlers by their registered names, of which those of the property's type are offered.
+/// Handlers by their registered names, of which those of the property's type are offered. On a form that is
+/// designed any other name can be typed: the program that the form is made for registers it.
 class TKxEventEditor : public TKxPropertyEditor {
 public:
     using TKxPropertyEditor::TKxPropertyEditor;
-    TKxEditorKind GetKind() const override { return TKxEditorKind::Choice; }
+    TKxEditorKind GetKind() const override;
     std::vector<TKxPropertyChoice> GetChoices() const override;
 
 protected:

@@ -211,7 +211,7 @@ TEST(Inspector, ChangesSeveralComponentsAtOnceOrNone) {
           TCase{"Font.Style.fsBold", "maybe", "fsBold: 'maybe' is not one of 1, 0"},
           TCase{"Align", "alMiddle", "Align: 'alMiddle' is not one of alNone"},
           TCase{"PopupMenu", "XAxis1", "PopupMenu: 'XAxis1' is not a component of the form"},
-          TCase{"OnClick", "Nobody", "OnClick: 'Nobody' is not an event"},
+          TCase{"OnClick", "no one", "OnClick: 'no one' is not the name of a handler"},
           TCase{"Colour", "clRed", "there is no property 'Colour' here; did you mean 'Color'?"}}) {
         const auto message = test::MessageOf<EPropertyError>([&] { f.Inspector.SetText(c.Path, c.Text); });
         EXPECT_EQ(message.substr(0, std::string(c.Message).size()), c.Message);

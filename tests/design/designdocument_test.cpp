@@ -3,6 +3,7 @@
 #include <kxgraph/design/Kxdesignarrange.h>
 #include <kxgraph/design/Kxdesignclipboard.h>
 #include <kxgraph/design/Kxdesigncommands.h>
+#include <kxgraph/design/Kxinspector.h>
 
 #include "design/randomcommands.h"
 
@@ -14,6 +15,7 @@
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/host/application.h>
 #include <kxgraph/platform/text/files.h>
+#include <kxgraph/platform/widgets/button.h>
 #include <kxgraph/series/Kxdataseries.h>
 
 #include <gtest/gtest.h>
@@ -125,6 +127,34 @@ TEST_F(DesignDocument, PastesUnderFreeNamesThatReferToOneAnother) {
     EXPECT_EQ(dynamic_cast<TKxDataSeries&>(*other.Find("DataSeries1")).GetYData(), nullptr);
     EXPECT_EQ(dynamic_cast<TKxLiveVector&>(*other.Find("Time")).GetCount(), 20);
     EXPECT_THROW(PasteComponents(other, "object A: TKxAxis\n"), EFormError);
+}
+
+TEST_F(DesignDocument, KeepsAndTakesNamesOfHandlersThatOtherProgramsHave) {
+    Document.Read("object F: TForm\n  object B: TButton\n    OnClick = Theirs\n  end\nend\n", "", false);
+    TKxInspector inspector(Document);
+    inspector.Select(Document.GetForm(), std::vector{Document.Find("B")});
+    const auto shown = [&](const char* Row) { return inspector.Find(Row)->Text; };
+    const auto written = [&](const char* Line) { return Document.GetText().find(Line) != std::string::npos; };
+    EXPECT_EQ(shown("OnClick"), "Theirs");
+    EXPECT_FALSE(inspector.Find("OnClick")->IsDefault);
+    inspector.SetText("OnEnter", " Mine ");
+    EXPECT_THROW(inspector.SetText("OnExit", "no name"), Exception);
+    inspector.SetText("OnClick", "Other");
+    EXPECT_TRUE(written("OnClick = Other\n") && written("OnEnter = Mine\n") && !written("OnExit"));
+    Document.Select(Document.Find("B"));
+    CopySelected(Document);
+    inspector.Reset("OnClick");
+    EXPECT_TRUE(inspector.Find("OnClick")->IsDefault && !written("OnClick"));
+    for (const char* wanted : {"OnClick = Other\n", "OnClick = Theirs\n"}) {
+        Document.Undo();
+        EXPECT_TRUE(written(wanted)) << wanted;
+    }
+    while (Document.CanRedo()) Document.Redo();
+    EXPECT_FALSE(written("OnClick"));
+    Paste(Document);
+    EXPECT_TRUE(written("OnClick = Other\n")) << Document.GetText();
+    EXPECT_FALSE(Get<TButton>("B1").OnClick);
+    EXPECT_EQ(Document.GetRebuilds(), 0);
 }
 
 TEST_F(DesignDocument, SavesWhatItHasAndKnowsWhetherItHasChanged) {

@@ -227,7 +227,14 @@ TEST_F(FormFile, EventsGoByTheNamesThatTheProgramHasRegistered) {
               "'1st' is not a valid component name");
     for (const char* name : {"Clicked", "Model", "Nobody"}) RegisterEvent(name, TNotifyEvent());
     EXPECT_EQ(FormToText(*form).find("OnClick"), std::string::npos) << "nobody knows its name any more";
-    EXPECT_NO_THROW(FormFromText(text, "", {.IgnoresUnknownEvents = true}));
+    const auto designed = FormFromText(text, "", {.KeepsUnknownEvents = true});
+    EXPECT_FALSE(dynamic_cast<TForm&>(*designed).OnClick);
+    const std::string kept = FormToText(*designed);
+    EXPECT_NE(kept.find("OnClick = clicked\n"), kept.npos);
+    EXPECT_NE(kept.find("FittingFunction = Model\n"), kept.npos);
+    UpdateForm(*designed, "object F: TForm\n  OnClick = nil\nend\n");
+    EXPECT_EQ(FormToText(*designed).find("OnClick"), std::string::npos);
+    EXPECT_NE(test::MessageOf([&] { FormFromText(kept); }), "") << "programs that run have their handlers";
 }
 
 TEST_F(FormFile, TheOrderOfControlsComesBack) {

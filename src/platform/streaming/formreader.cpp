@@ -3,6 +3,7 @@
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/streaming/events.h>
 #include <kxgraph/platform/streaming/formvalues.h>
+#include <kxgraph/platform/streaming/keptevents.h>
 #include <kxgraph/platform/text/suggest.h>
 #include <kxgraph/platform/text/text.h>
 
@@ -203,7 +204,8 @@ void TFormReader::ReadValue(const TPart& Part, TPlace Place, const TFormProperty
     if (row.Kind == TPropertyKind::Reference)
         FReferences.push_back({Part.Component, Place.Object, &row, Property.First, Part.IsNew});
     else if (row.Kind == TPropertyKind::Event)
-        FEvents.push_back({Part.Component, Place.Object, &row, Property.First, Part.IsNew, Part.Class});
+        FEvents.push_back(
+            {Part.Component, Place.Object, &row, Property.First, Part.IsNew, Part.Class, Property.Name});
     else
         At(Property.First,
            [&] { Set(row, *Place.Object, ValueOf(FText, row, Property.First, Property.Last), Part.IsNew); });
@@ -258,21 +260,32 @@ TComponent* TFormReader::Referred(const TLater& Later) const {
 }
 
 void TFormReader::Connect() const {
-    for (const TLater& later : FEvents) {
-        const std::string_view name = FText.TextOf(later.Token);
-        const TEventValue* handler = FindEvent(name);
-        if (!handler && FIsUpdate && SameText(name, "nil")) {
-            const std::unique_ptr<TComponent> fresh(later.Class->Make(nullptr)); // knows none of that type
-            At(later.Token, [&] { Set(*later.Row, *later.Object, later.Row->Get(*fresh), later.IsNew); });
-            continue;
-        }
-        if (!handler && FReading.IgnoresUnknownEvents && FText.GetToken(later.Token).Kind == TTokenKind::Word)
-            continue;
-        if (!handler)
-            FText.Raise(later.Token,
-                        "no event " + Quoted(name) + " is registered" + DidYouMean(name, RegisteredEvents()));
-        At(later.Token, [&] { Set(*later.Row, *later.Object, *handler, later.IsNew); });
+    for (const TLater& later : FEvents) ConnectOne(later);
+}
+
+void TFormReader::ConnectOne(const TLater& Event) const {
+    const std::string_view name = FText.TextOf(Event.Token);
+    const TEventValue* handler = FindEvent(name);
+    if (handler) {
+        At(Event.Token, [&] { Set(*Event.Row, *Event.Object, *handler, Event.IsNew); });
+        return KeepEventName(*Event.Component, FText.TextOf(Event.Name), {});
     }
+    if ((FIsUpdate || FReading.KeepsUnknownEvents) && SameText(name, "nil")) return Disconnect(Event, {});
+    if (FReading.KeepsUnknownEvents && FText.GetToken(Event.Token).Kind == TTokenKind::Word)
+        return Disconnect(Event, std::string(name));
+    FText.Raise(Event.Token,
+                "no event " + Quoted(name) + " is registered" + DidYouMean(name, RegisteredEvents()));
+}
+
+/// Name is that of a handler that there is not.
+void TFormReader::Disconnect(const TLater& Event, const std::string& Name) const {
+    At(Event.Token, [&] {
+        if (!Event.IsNew) {
+            const std::unique_ptr<TComponent> fresh(Event.Class->Make(nullptr)); // knows none of that type
+            Set(*Event.Row, *Event.Object, Event.Row->Get(*fresh), false);
+        }
+        KeepEventName(*Event.Component, FText.TextOf(Event.Name), Name);
+    });
 }
 
 } // namespace kx

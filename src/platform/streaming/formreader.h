@@ -43,6 +43,7 @@ private:
         std::size_t Token;
         bool IsNew; ///< the part that it is set in
         const TComponentClass* Class = nullptr;
+        std::size_t Name = 0; ///< the token of the path
     };
     /// Where a path of names ends.
     struct TPlace {
@@ -68,6 +69,8 @@ private:
     void Stand() const;
     void Refer() const;
     void Connect() const;
+    void ConnectOne(const TLater& Event) const;
+    void Disconnect(const TLater& Event, const std::string& Name) const;
     void EndLoading() const;
     TComponent* Referred(const TLater& Later) const;
     /// Does what may raise for a value that the component does not take, and then says where that stands.

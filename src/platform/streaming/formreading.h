@@ -1,10 +1,12 @@
 #pragma once
-// What reading a form may pass over.
+// What reading a form puts up with.
 
 namespace kx {
 
 struct TFormReading {
-    bool IgnoresUnknownEvents = false; ///< events whose names the program has not registered stay empty
+    /// Events whose names the program has not registered stay empty; they are written with these names
+    /// (keptevents.h).
+    bool KeepsUnknownEvents = false;
 };
 
 } // namespace kx

@@ -1,10 +1,10 @@
 #include <kxgraph/platform/streaming/formwriter.h>
 
 #include <kxgraph/platform/base/exceptions.h>
-#include <kxgraph/platform/streaming/events.h>
 #include <kxgraph/platform/streaming/filer.h>
 #include <kxgraph/platform/streaming/formtree.h>
 #include <kxgraph/platform/streaming/formvalues.h>
+#include <kxgraph/platform/streaming/keptevents.h>
 #include <kxgraph/platform/text/text.h>
 
 namespace kx {
@@ -157,12 +157,18 @@ void TFormWriter::WriteRow(const TProperty& Row, bool IsPublished, TPair Pair, c
     if (Row.Kind == TPropertyKind::SubObject) return WriteSubObject(Row, Pair, Prefix, Whole);
     if (!Row.Set) return;
     const TPropertyValue value = Row.Get(Pair.Object);
+    if (Row.Kind == TPropertyKind::Event) {
+        const std::string path = Prefix + std::string(Row.Name);
+        return WriteLine(path, EventNameOf(*FWritten, path, std::get<TEventValue>(value)));
+    }
     const bool hasDefault = !std::holds_alternative<std::monostate>(Row.Default);
     if (IsPublished && hasDefault && value == Row.Default) return;
     if (!IsPublished && !Whole && value == Row.Get(Pair.Fresh)) return;
-    const std::string form = FormOf(Row, value);
-    if (!form.empty())
-        FText.append(FIndent).append(Prefix).append(Row.Name).append(" = ").append(form) += '\n';
+    WriteLine(Prefix + std::string(Row.Name), FormOf(Row, value));
+}
+
+void TFormWriter::WriteLine(std::string_view Path, std::string_view Form) {
+    if (!Form.empty()) FText.append(FIndent).append(Path).append(" = ").append(Form) += '\n';
 }
 
 // Where an object follows another one until it is changed (a font, the parent's), it begins, when it is read,
@@ -174,10 +180,9 @@ void TFormWriter::WriteSubObject(const TProperty& Row, TPair Pair, const std::st
               std::string(Prefix).append(Row.Name).append("."), Whole || followed);
 }
 
-/// Empty for what is not written.
+/// Of all but events.
 std::string TFormWriter::FormOf(const TProperty& Row, const TPropertyValue& Value) const {
     if (Row.Kind == TPropertyKind::Reference) return ReferenceForm(Row, std::get<TComponent*>(Value));
-    if (Row.Kind == TPropertyKind::Event) return std::string(NameOfEvent(std::get<TEventValue>(Value)));
     return ValueForm(Row, Value);
 }
 

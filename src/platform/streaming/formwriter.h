@@ -55,6 +55,7 @@ private:
     void WriteRows(const TPropertyTable& Table, TPair Pair, const std::string& Prefix, bool Whole);
     void WriteRow(const TProperty& Row, bool IsPublished, TPair Pair, const std::string& Prefix, bool Whole);
     void WriteSubObject(const TProperty& Row, TPair Pair, const std::string& Prefix, bool Whole);
+    void WriteLine(std::string_view Path, std::string_view Form);
     std::string FormOf(const TProperty& Row, const TPropertyValue& Value) const;
     std::string ReferenceForm(const TProperty& Row, const TComponent* Component) const;
 

@@ -49,7 +49,7 @@ std::string FormText(const TParts& Parts, const std::string& FileName) {
 TParts OpenedForm(const std::string& FileName) {
     RegisterComponents();
     qt::ResolveZones();
-    std::unique_ptr<TComponent> root = LoadForm(FileName, {.IgnoresUnknownEvents = true});
+    std::unique_ptr<TComponent> root = LoadForm(FileName, {.KeepsUnknownEvents = true});
     TParts parts;
     auto* form = dynamic_cast<TForm*>(root.get());
     parts.Graph = form ? FirstGraph(*form) : nullptr;
