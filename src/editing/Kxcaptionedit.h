@@ -7,12 +7,14 @@
 //   Ctrl+Up or Ctrl+Plus superscript   Ctrl+Down or Ctrl+Minus subscript   Ctrl+Space none of these
 //   Ctrl+Z undo   Ctrl+Y or Ctrl+Shift+Z redo   Ctrl+A all   Ctrl+Shift+V paste the text as it stands
 //
-// A look is switched for the selection or, without one, for what is typed next. Characters stand in the order
-// of the caption, whatever the direction of their script.
+// A press of the right button, or the menu key, shows a menu of the usual ones, unless the program has given
+// the control another one. A look is switched for the selection or, without one, for what is typed next.
+// Characters stand in the order of the caption, whatever the direction of their script.
 
 #include <kxgraph/annotation/Kxcaption.h>
 #include <kxgraph/editing/Kxcaptionmodel.h>
 #include <kxgraph/platform/widgets/caret.h>
+#include <kxgraph/platform/widgets/editmenu.h>
 #include <kxgraph/platform/widgets/inputcontrol.h>
 
 #include <memory>
@@ -22,7 +24,7 @@
 namespace kx {
 
 /// Places count shown characters, code points; 0 is before the first. Caption is the control's text.
-class TKxCaptionEdit : public TInputControl {
+class TKxCaptionEdit : public TInputControl, private TEditCommands {
 public:
     explicit TKxCaptionEdit(TComponent* Owner);
 
@@ -94,9 +96,13 @@ protected:
     void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
     void MouseMove(TShiftState Shift, int X, int Y) override;
     void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
+    THostMenu ContextMenu() override;
 
 private:
     struct TShortcut;
+    bool CanEdit(TEditCommand Command) const override;
+    void EditBy(TEditCommand Command) override;
+    void PressForMenu(int X);
     bool CanChange() const { return !FReadOnly && IsOperable(); }
     bool EditByKey(const TKeyStroke& Stroke);
     void SelectByPress(TShiftState Shift, int X);

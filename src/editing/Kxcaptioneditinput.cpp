@@ -104,12 +104,44 @@ bool TKxCaptionEdit::EraseByKey(const TKeyStroke& Stroke) {
 
 void TKxCaptionEdit::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
     const TComponentRef<TKxCaptionEdit> self(this);
-    if (Button == mbLeft && IsOperable()) {
+    if (Button != mbMiddle && IsOperable()) {
         if (THostWindow* window = GetHostWindow()) window->EndComposition();
         if (!self) return;
-        SelectByPress(Shift, X);
+        if (Button == mbLeft)
+            SelectByPress(Shift, X);
+        else
+            PressForMenu(X);
     }
-    TInputControl::MouseDown(Button, Shift, X, Y);
+    if (self) TInputControl::MouseDown(Button, Shift, X, Y);
+}
+
+/// What was selected, and is pressed, stays: the menu is for that.
+void TKxCaptionEdit::PressForMenu(int X) {
+    const TComponentRef<TKxCaptionEdit> self(this);
+    if (GetTabStop()) SetFocus();
+    if (!self) return;
+    const int at = PlaceAt(X);
+    if (at < FModel.GetSelStart() || at > FModel.GetSelEnd()) Select(at, at);
+}
+
+THostMenu TKxCaptionEdit::ContextMenu() { return IsOperable() ? MakeEditMenu(*this, *this) : THostMenu(); }
+
+bool TKxCaptionEdit::CanEdit(TEditCommand Command) const {
+    return TEditCommands::CanEdit(Command, {CanChange(), FModel.CanUndo(), FModel.CanRedo(),
+                                            FModel.GetLength(), FModel.GetSelEnd() - FModel.GetSelStart()});
+}
+
+void TKxCaptionEdit::EditBy(TEditCommand Command) {
+    if (!CanEdit(Command)) return;
+    switch (Command) {
+    case TEditCommand::Undo: return Undo();
+    case TEditCommand::Redo: return Redo();
+    case TEditCommand::Cut: return Cut();
+    case TEditCommand::Copy: return Copy();
+    case TEditCommand::Paste: return Paste();
+    case TEditCommand::Delete: return Take(FModel.EraseTo(GetCaret()));
+    case TEditCommand::SelectAll: return SelectAll();
+    }
 }
 
 /// A press puts the caret there, the second one selects the word, the third all; Shift extends.

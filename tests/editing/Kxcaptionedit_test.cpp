@@ -1,6 +1,8 @@
 // The caption edit by its keys and by the mouse; what is expected are the captions that come out.
 
 #include <kxgraph/editing/Kxcaptionbar.h>
+#include <kxgraph/platform/controls/popupmenu.h>
+#include <kxgraph/platform/widgets/edit.h>
 
 #include "support/keys.h"
 #include "support/recording.h"
@@ -274,6 +276,57 @@ TEST(CaptionBar, ShowsAndSwitchesTheLooksOfItsEdit) {
     bar.reset();
     f.Press("b"); // nobody is told any more
     EXPECT_EQ(f.Edit.GetCaption(), "x\\+2\\+\\sab\\s");
+}
+
+/// The right button is pressed and released at X; answers what can be picked.
+template <class T>
+std::string MenuAt(test::TWidgetForm<T>& F, int X) {
+    for (const TMouseKind kind : {TMouseKind::Down, TMouseKind::Up})
+        F.Client().HostMouse(kind, mbRight, kind == TMouseKind::Down ? TShiftState(ssRight) : 0,
+                             {20 + X, 20});
+    std::string text;
+    for (const THostMenuItem& item : test::ViewOf(F.Form).Menu)
+        if (item.Enabled && !item.Separator) text += item.Caption + " ";
+    return text;
+}
+
+/// Edits by menu alone.
+template <class T>
+void EditByMenu() {
+    test::TWidgetForm<T> f;
+    test::Host().CopyText("");
+    f.Widget.SetText("abc");
+    const auto pick = [&](const char* Caption) {
+        EXPECT_TRUE(test::Host().PickMenuItem(f.Client(), Caption)) << Caption;
+        return f.Widget.GetText();
+    };
+    EXPECT_EQ(MenuAt(f, 110), "Select &all ");
+    EXPECT_EQ(pick("Select &all"), "abc");
+    EXPECT_EQ(MenuAt(f, 10), "Cu&t &Copy &Delete ") << "what is selected stays";
+    EXPECT_EQ(pick("Cu&t"), "");
+    EXPECT_EQ(MenuAt(f, 10), "&Undo &Paste ");
+    EXPECT_EQ(pick("&Paste"), "abc");
+    MenuAt(f, 10);
+    EXPECT_EQ(pick("&Undo"), "");
+    MenuAt(f, 10);
+    EXPECT_EQ(pick("&Redo"), "abc");
+    f.Widget.SetReadOnly(true);
+    f.Widget.SelectAll();
+    f.Client().HostKey({.Key = kcMenu}, true);
+    EXPECT_FALSE(test::Host().PickMenuItem(f.Client(), "&Delete"));
+    EXPECT_EQ(MenuAt(f, 10), "&Copy ");
+    f.Widget.SetReadOnly(false);
+    MenuAt(f, 10);
+    EXPECT_EQ(pick("&Delete"), "");
+    TPopupMenu own(nullptr);
+    own.GetItems().Add("Own");
+    f.Widget.SetPopupMenu(&own);
+    EXPECT_EQ(MenuAt(f, 10), "Own ");
+}
+
+TEST(CaptionEdit, HasTheMenuThatFieldsHave) {
+    EditByMenu<TEdit>();
+    EditByMenu<TKxCaptionEdit>();
 }
 
 } // namespace

@@ -91,7 +91,7 @@ public:
     bool GetParentShowHint() const { return FParentShowHint; }
     void SetParentShowHint(bool ParentShowHint);
     /// What the release of the right button over the control, or over a child without one of its own, pops
-    /// up; not owned.
+    /// up in the place of its ContextMenu; not owned.
     TPopupMenu* GetPopupMenu() const { return FPopupMenu; }
     void SetPopupMenu(TPopupMenu* Menu);
     TDragMode GetDragMode() const { return FDragMode; }
@@ -176,6 +176,8 @@ protected:
     virtual void MouseLeave();
     /// Whether the control took the turn; its parent is asked next where it did not.
     virtual bool MouseWheel(const TWheelTurn& Turn, TShiftState Shift, int X, int Y);
+    /// The menu that the control has by itself; empty: its parent is asked.
+    virtual THostMenu ContextMenu() { return {}; }
     /// What a paint may touch, in this control's pixels: more than its client area where it lifts its clip.
     virtual TRect GetPaintedRect() const { return GetClientRect(); }
     /// Whether a paint covers every pixel of the control, whatever was there before.

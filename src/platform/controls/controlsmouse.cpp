@@ -169,14 +169,18 @@ void TWinControl::ForgetMouse(const TControl& Control) {
     }
 }
 
-/// Pops up the menu of this control or of its nearest parent that has one.
-/// Whether the control or one that it lies in has a menu.
+/// Pops up the menu of this control or of its nearest parent that has one. Answers whether there is one.
 bool TControl::PopUpMenuAt(TPoint Pos) {
     TControl* control = this;
-    while (control && !control->FPopupMenu) control = control->FParent;
+    THostMenu own;
+    while (control && !control->FPopupMenu && (own = control->ContextMenu()).empty())
+        control = control->FParent;
     if (!control) return false;
     const TPoint at = control->RootToClient(ClientToRoot(Pos));
-    control->FPopupMenu->Popup(control, at.X, at.Y);
+    if (control->FPopupMenu)
+        control->FPopupMenu->Popup(control, at.X, at.Y);
+    else
+        control->ShowMenu(std::move(own), at);
     return true;
 }
 

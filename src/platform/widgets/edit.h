@@ -3,6 +3,7 @@
 
 #include <kxgraph/platform/widgets/caret.h>
 #include <kxgraph/platform/widgets/editline.h>
+#include <kxgraph/platform/widgets/editmenu.h>
 #include <kxgraph/platform/widgets/inputcontrol.h>
 
 #include <optional>
@@ -16,7 +17,8 @@ namespace kx {
 ///
 /// Keys: Left, Right, Home, End, with Ctrl by words, with Shift selecting; Back and Delete, with Ctrl by
 /// words; Ctrl+A, C, X, V, Z, Y; Shift+Delete, Ctrl+Insert, Shift+Insert. All others go to the parent.
-class TCustomEdit : public TInputControl {
+/// Without a PopupMenu it has one of these commands.
+class TCustomEdit : public TInputControl, private TEditCommands {
 public:
     explicit TCustomEdit(TComponent* Owner);
 
@@ -74,11 +76,16 @@ protected:
     void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
     void MouseMove(TShiftState Shift, int X, int Y) override;
     void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
+    THostMenu ContextMenu() override;
     bool Compose(const TComposition& Composition) override;
     THostTextInput TextInput() const override;
 
 private:
     bool CanChange() const { return !FReadOnly && IsOperable(); }
+    bool CanEdit(TEditCommand Command) const override;
+    void EditBy(TEditCommand Command) override;
+    void Press(TShiftState Shift, int X);
+    void PressForMenu(int X);
     bool EditKey(const TKeyStroke& Stroke);
     bool MoveKey(const TKeyStroke& Stroke);
     bool ClipboardKey(const TKeyStroke& Stroke);

@@ -76,19 +76,55 @@ bool TCustomEdit::ClipboardKey(const TKeyStroke& Stroke) {
 
 void TCustomEdit::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
     const TComponentRef<TCustomEdit> self(this);
-    if (Button == mbLeft && IsOperable()) {
+    if (Button != mbMiddle && IsOperable()) {
         if (THostWindow* window = GetHostWindow()) window->EndComposition();
         if (!self) return;
-        const int place = PlaceAt(X);
-        if (Shift & ssDouble) {
-            FLine.SelectWord(std::min(place, PlaceAt(X - 3)));
-            ShowCaret();
-        } else {
-            MoveTo(place, (Shift & ssShift) != 0);
-            FPressed = true;
-        }
+        if (Button == mbLeft)
+            Press(Shift, X);
+        else
+            PressForMenu(X);
     }
-    TInputControl::MouseDown(Button, Shift, X, Y);
+    if (self) TInputControl::MouseDown(Button, Shift, X, Y);
+}
+
+void TCustomEdit::Press(TShiftState Shift, int X) {
+    const int place = PlaceAt(X);
+    if (Shift & ssDouble) {
+        FLine.SelectWord(std::min(place, PlaceAt(X - 3)));
+        return ShowCaret();
+    }
+    MoveTo(place, (Shift & ssShift) != 0);
+    FPressed = true;
+}
+
+/// What was selected, and is pressed, stays: the menu is for that.
+void TCustomEdit::PressForMenu(int X) {
+    const TComponentRef<TCustomEdit> self(this);
+    const bool wasFocused = IsFocused();
+    if (GetTabStop()) SetFocus();
+    if (!self) return;
+    const int place = PlaceAt(X);
+    if (!wasFocused || place < FLine.SelStart() || place > FLine.SelEnd()) MoveTo(place, false);
+}
+
+THostMenu TCustomEdit::ContextMenu() { return IsOperable() ? MakeEditMenu(*this, *this) : THostMenu(); }
+
+bool TCustomEdit::CanEdit(TEditCommand Command) const {
+    return TEditCommands::CanEdit(
+        Command, {CanChange(), FLine.CanUndo(), FLine.CanRedo(), FLine.GetCount(), GetSelLength()});
+}
+
+void TCustomEdit::EditBy(TEditCommand Command) {
+    if (!CanEdit(Command)) return;
+    switch (Command) {
+    case TEditCommand::Undo: return Undo();
+    case TEditCommand::Redo: return Redo();
+    case TEditCommand::Cut: return CutToClipboard();
+    case TEditCommand::Copy: return CopyToClipboard();
+    case TEditCommand::Paste: return PasteFromClipboard();
+    case TEditCommand::Delete: return ReplaceSelection({});
+    case TEditCommand::SelectAll: return SelectAll();
+    }
 }
 
 void TCustomEdit::MouseMove(TShiftState Shift, int X, int Y) {
