@@ -75,6 +75,25 @@ TEST(FormView, AndItsFormGoInAnyOrder) {
     EXPECT_EQ(test::OpenWindows().size(), 1u);
 }
 
+TEST(FormView, LeavesTheStateOfItsFormToAWindowOfItsOwn) {
+    TProbeForm f;
+    f.Form.SetWindowState(wsMaximized);
+    qt::FormView view(f.Form);
+    view.resize(200, 150);
+    view.show();
+    WaitFor(30);
+    EXPECT_EQ(f.Form.GetBoundsRect(), (TRect{0, 0, 200, 150}));
+    f.Form.SetBounds(5, 5, 350, 150);
+    EXPECT_EQ(view.sizeHint(), QSize(350, 150)) << "it is no window that could be maximised";
+    f.Form.SetWindowState(wsMinimized);
+    EXPECT_TRUE(view.isVisible());
+    f.Form.SetWindowState(wsMaximized);
+    view.setForm(nullptr);
+    view.hide();
+    EXPECT_EQ(f.Form.GetWindowState(), wsMaximized);
+    EXPECT_TRUE(f.Show().isMaximized());
+}
+
 TEST(FormView, TakesPartInTheOrderOfTab) {
     TProbeForm f;
     TProbe second(&f.Form);

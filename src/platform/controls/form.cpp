@@ -60,8 +60,7 @@ bool TForm::DialogKey(const TKeyStroke& Stroke) {
 
 void TForm::ShowIn(std::unique_ptr<THostWindow> Window) {
     FWindow = std::move(Window);
-    FShown = FWindow != nullptr;
-    FState = wsNormal;
+    FShown = FIsPart = FWindow != nullptr;
     if (FShown) SetVisible(true);
     UpdateWindow();
 }
@@ -80,7 +79,7 @@ void TForm::SetWindowState(TWindowState State) {
     if (FState == State) return;
     const TRect normal = FNormalBounds; // the host may tell of other bounds on the way
     FState = State;
-    if (!FWindow) return;
+    if (!FWindow || FIsPart) return;
     FWindow->SetState(State);
     EndRequests();
     if (State == wsNormal) SetBounds(normal.Left, normal.Top, normal.Width(), normal.Height());
@@ -95,7 +94,7 @@ void TForm::SetPosition(TPosition Position) {
 }
 
 void TForm::SetBounds(int Left, int Top, int Width, int Height) {
-    const bool normal = FState == wsNormal || !FWindow;
+    const bool normal = IsInNormalState();
     if (normal || !FTakingHostBounds) FNormalBounds = LimitedBounds(Left, Top, Width, Height);
     if (!normal && !FTakingHostBounds) return;
     TCustomControl::SetBounds(Left, Top, Width, Height);

@@ -33,6 +33,7 @@ public:
     void SetModalResult(int Result);
     bool IsModal() const { return FModal; }
     /// Shows the form in Window, a part of another window, instead of in one of its own; null takes it away.
+    /// Such a part is neither minimised nor maximised: WindowState waits for a window of the form's own.
     void ShowIn(std::unique_ptr<THostWindow> Window);
     bool IsShown() const { return FWindow != nullptr && FShown; }
     TWindowState GetWindowState() const { return FState; }
@@ -95,7 +96,10 @@ private:
 
     std::unique_ptr<THostWindow> FWindow;
     TFormDesigner* FDesigner = nullptr;
+    bool IsInNormalState() const { return FState == wsNormal || FIsPart || !FWindow; }
+
     bool FShown = false, FActive = false, FModal = false;
+    bool FIsPart = false; // of another window
     int FModalResult = mrNone;
     bool FTakingHostBounds = false;
     TRect FNormalBounds;
