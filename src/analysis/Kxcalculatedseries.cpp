@@ -285,6 +285,14 @@ void TKxCalculatedSeries::WriteResults(TKxIniList& List, const AnsiString& Secti
     kx::WriteResults(results, List, Section);
 }
 
+/// Results that show positions as the axis does follow it to dates and back.
+void TKxCalculatedSeries::RenewTexts() {
+    const bool hasResults = FFound.Find("Calculation") != nullptr;
+    if (!hasResults || !GetXAxis() || GetXAxis()->GetLabelKind() == FShownKind) return;
+    StoreResults();
+    TellResultLabels();
+}
+
 void TKxCalculatedSeries::StoreResults() {
     TKxResults found;
     if (FError.empty()) {
@@ -293,6 +301,7 @@ void TKxCalculatedSeries::StoreResults() {
         TKxCalculatedSeries::CollectResults(found);
         found.Set("Error", FError);
     }
+    if (GetXAxis()) FShownKind = GetXAxis()->GetLabelKind();
     const bool hasSameKeys = found.HasKeysOf(FFound);
     FFound = std::move(found);
     FParentSection.Store(FParentSeries->GetResults(), StripBlanks(GetCalculationID() + GetOwnIndex()),

@@ -197,6 +197,7 @@ private:
     bool TakesError(Exception& Error);
     void SetDisplayLimits();
     void StoreResults();
+    void RenewTexts();
     void UpdateAutoCaption();
     void TellResultLabels();
     bool AwaitsLayout() const;
@@ -217,6 +218,7 @@ private:
     double FCalculationStart = 0, FCalculationStop = 0, FDisplayStart = 0, FDisplayStop = 0;
     double FLastAxisStart = 0, FLastAxisStop = 0;
     int FLastAxisLength = -1;
+    TKxLabelKind FShownKind = lkNumbers; // of positions in the results
     TSampling FSampling = TSampling::None;
     std::vector<TKxResultListener*> FResultLabels;
     std::unique_ptr<TKxLiveVector> FDisplayX, FDisplayY;

@@ -169,6 +169,7 @@ bool TKxCalculatedSeries::CurveIsOutgrown() {
 }
 
 void TKxCalculatedSeries::CalculateLine() {
+    RenewTexts();
     if (!GetXAxis() || !HasCurve() || AwaitsLayout()) return;
     if (CurveIsOutgrown()) {
         GetContinousLine();
