@@ -19,19 +19,8 @@ THost& Host() { return TApplication::Instance().GetHost(); }
 
 } // namespace
 
-TKxCaptionEdit::TKxCaptionEdit(TComponent* Owner) : TInputControl(Owner) {
-    SetCursor(crIBeam);
+TKxCaptionEdit::TKxCaptionEdit(TComponent* Owner) : TTextField(Owner) {
     SetBounds(0, 0, CDefaultWidth, CFieldHeight);
-}
-
-void TKxCaptionEdit::SetReadOnly(bool ReadOnly) {
-    FReadOnly = ReadOnly;
-    Take(false);
-}
-
-void TKxCaptionEdit::SetAlignment(TAlignment Alignment) {
-    FAlignment = Alignment;
-    ShowCaret();
 }
 
 void TKxCaptionEdit::Select(int Anchor, int Caret) {
@@ -50,23 +39,23 @@ void TKxCaptionEdit::Take(bool Changed) {
 }
 
 void TKxCaptionEdit::Toggle(TKxCaptionSwitch Which) {
-    if (!FReadOnly) Take(FModel.Toggle(Which));
+    if (!GetReadOnly()) Take(FModel.Toggle(Which));
 }
 
 void TKxCaptionEdit::ClearLooks() {
-    if (!FReadOnly) Take(FModel.ClearLooks());
+    if (!GetReadOnly()) Take(FModel.ClearLooks());
 }
 
 void TKxCaptionEdit::Undo() {
-    if (!FReadOnly) Take(FModel.Undo());
+    if (!GetReadOnly()) Take(FModel.Undo());
 }
 
 void TKxCaptionEdit::Redo() {
-    if (!FReadOnly) Take(FModel.Redo());
+    if (!GetReadOnly()) Take(FModel.Redo());
 }
 
 void TKxCaptionEdit::TypeText(std::string_view Text) {
-    if (!FReadOnly) Take(FModel.Type(Text));
+    if (!GetReadOnly()) Take(FModel.Type(Text));
 }
 
 /// What is committed replaces what was composed; what is composed from now on is shown behind it.
@@ -82,33 +71,15 @@ bool TKxCaptionEdit::Compose(const TComposition& Composition) {
     return true;
 }
 
-THostTextInput TKxCaptionEdit::TextInput() const {
-    const TRect caret = FCaret.GetPlace();
-    return {.Takes = CanChange(),
-            .Left = caret.Left,
-            .Top = caret.Top,
-            .Width = caret.Width(),
-            .Height = caret.Height(),
-            .Text = TextOf(FModel.GetCells()),
-            .Caret = GetCaret(),
-            .Anchor = FModel.GetAnchor()};
-}
-
-void TKxCaptionEdit::Enter() {
-    FCaret.Update();
-    TInputControl::Enter();
+TTextField::TEdited TKxCaptionEdit::GetEdited() const {
+    return {TextOf(FModel.GetCells()), GetCaret(), FModel.GetAnchor()};
 }
 
 void TKxCaptionEdit::Exit() {
     FIsPressed = false;
     FModel.Compose({}, 0);
     Take(false);
-    TInputControl::Exit();
-}
-
-void TKxCaptionEdit::CMActiveChanged() {
-    TInputControl::CMActiveChanged();
-    FCaret.Update();
+    TTextField::Exit();
 }
 
 void TKxCaptionEdit::Copy() {
@@ -118,11 +89,11 @@ void TKxCaptionEdit::Copy() {
 
 void TKxCaptionEdit::Cut() {
     Copy();
-    if (!FReadOnly && FModel.HasSelection()) Take(FModel.EraseTo(GetCaret()));
+    if (!GetReadOnly() && FModel.HasSelection()) Take(FModel.EraseTo(GetCaret()));
 }
 
 void TKxCaptionEdit::Paste() {
-    if (FReadOnly) return;
+    if (GetReadOnly()) return;
     const std::string markup = Host().PasteMarkup(CMarkupType), text = Host().PasteText();
     if (!markup.empty())
         Take(FModel.Insert(CellsOf(markup)));
@@ -133,7 +104,7 @@ void TKxCaptionEdit::Paste() {
 }
 
 void TKxCaptionEdit::PasteAsText() {
-    if (!FReadOnly) Take(FModel.Insert(CellsOfText(Host().PasteText(), FModel.GetTypingLooks())));
+    if (!GetReadOnly()) Take(FModel.Insert(CellsOfText(Host().PasteText(), FModel.GetTypingLooks())));
 }
 
 void TKxCaptionEdit::AddViewer(TControl* Viewer) {
@@ -145,13 +116,13 @@ void TKxCaptionEdit::AddViewer(TControl* Viewer) {
 void TKxCaptionEdit::RemoveViewer(TControl* Viewer) { std::erase(FViewers, Viewer); }
 
 void TKxCaptionEdit::Notification(TComponent* Component, TOperation Operation) {
-    TInputControl::Notification(Component, Operation);
+    TTextField::Notification(Component, Operation);
     if (Operation == opRemove)
         std::erase_if(FViewers, [=](const TControl* Viewer) { return Viewer == Component; });
 }
 
 void TKxCaptionEdit::CMTextChanged() {
-    TInputControl::CMTextChanged();
+    TTextField::CMTextChanged();
     if (FTaking) return;
     FModel.SetCaption(GetText());
     UpdateShown();
@@ -160,40 +131,22 @@ void TKxCaptionEdit::CMTextChanged() {
 }
 
 void TKxCaptionEdit::CMFontChanged() {
-    TInputControl::CMFontChanged();
+    TTextField::CMFontChanged();
     UpdateShown();
 }
 
 void TKxCaptionEdit::CMEnabledChanged() {
-    TInputControl::CMEnabledChanged();
+    TTextField::CMEnabledChanged();
     Take(false);
-}
-
-void TKxCaptionEdit::SetBounds(int Left, int Top, int Width, int Height) {
-    TInputControl::SetBounds(Left, Top, Width, Height);
-    ShowCaret();
-}
-
-TAccessiblePart TKxCaptionEdit::Accessible() const {
-    TAccessiblePart part = TInputControl::Accessible();
-    part.Role = TAccessibleRole::Edit;
-    part.Editable = CanChange();
-    part.Value = TextOf(FModel.GetCells());
-    return part;
 }
 
 const TPropertyTable& TKxCaptionEdit::Properties() {
     using C = TKxCaptionEdit;
     static const TPropertyTable table(
-        "TKxCaptionEdit", &TInputControl::Properties(),
+        "TKxCaptionEdit", &TTextField::Properties(),
         {Published<&C::GetCaption, &C::SetCaption>("Caption", "", "The caption, with its markup"),
-         Published<&C::GetReadOnly, &C::SetReadOnly>("ReadOnly", false, "Whether it cannot be changed here"),
-         Published<&C::GetMaxLength, &C::SetMaxLength>("MaxLength", 0,
-                                                       "Most characters that can be entered; 0 for no limit"),
-         Published<&C::GetAlignment, &C::SetAlignment>("Alignment", taLeftJustify,
-                                                       "Where a short caption is kept"),
-         Published<&C::GetCursor, &C::SetCursor>("Cursor", crIBeam, "Mouse cursor over the control"),
-         PublishedEvent<&C::OnChange>("OnChange", "The caption has changed")});
+         Published<&C::GetMaxLength, &C::SetMaxLength>(
+             "MaxLength", 0, "Most characters that can be entered; 0 for no limit")});
     return table;
 }
 

@@ -13,9 +13,8 @@
 
 #include <kxgraph/annotation/Kxcaption.h>
 #include <kxgraph/editing/Kxcaptionmodel.h>
-#include <kxgraph/platform/widgets/caret.h>
 #include <kxgraph/platform/widgets/editmenu.h>
-#include <kxgraph/platform/widgets/inputcontrol.h>
+#include <kxgraph/platform/widgets/textfield.h>
 
 #include <memory>
 #include <string_view>
@@ -24,22 +23,16 @@
 namespace kx {
 
 /// Places count shown characters, code points; 0 is before the first. Caption is the control's text.
-class TKxCaptionEdit : public TInputControl, private TEditCommands {
+class TKxCaptionEdit : public TTextField, private TEditCommands {
 public:
     explicit TKxCaptionEdit(TComponent* Owner);
 
     TKxCaption GetCaption() const { return GetText(); }
     /// Another caption than the present one puts the caret behind it and forgets the steps of undo.
     void SetCaption(const TKxCaption& Caption) { SetText(Caption); }
-    /// Whether it is only looked at, selected and copied.
-    bool GetReadOnly() const { return FReadOnly; }
-    void SetReadOnly(bool ReadOnly);
     /// Most characters that can be entered, those of the markup not counted; 0 for no limit.
     int GetMaxLength() const { return FModel.GetMaxLength(); }
     void SetMaxLength(int Length) { FModel.SetMaxLength(Length); }
-    /// Where a caption stands that does not fill the control.
-    TAlignment GetAlignment() const { return FAlignment; }
-    void SetAlignment(TAlignment Alignment);
 
     const TKxCaptionModel& GetModel() const { return FModel; }
     int GetCaret() const { return FModel.GetCaret(); }
@@ -72,11 +65,6 @@ public:
     void AddViewer(TControl* Viewer);
     void RemoveViewer(TControl* Viewer);
 
-    /// After every change of the caption, by whomever.
-    TNotifyEvent OnChange;
-
-    void SetBounds(int Left, int Top, int Width, int Height) override;
-    TAccessiblePart Accessible() const override;
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
 
@@ -86,11 +74,10 @@ protected:
     void CMTextChanged() override;
     void CMFontChanged() override;
     void CMEnabledChanged() override;
-    void CMActiveChanged() override;
-    void Enter() override;
     void Exit() override;
     bool Compose(const TComposition& Composition) override;
-    THostTextInput TextInput() const override;
+    TEdited GetEdited() const override;
+    void ShowCaret() override;
     void Paint() override;
     bool KeyDown(const TKeyStroke& Stroke) override;
     void MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) override;
@@ -103,7 +90,6 @@ private:
     bool CanEdit(TEditCommand Command) const override;
     void EditBy(TEditCommand Command) override;
     void PressForMenu(int X);
-    bool CanChange() const { return !FReadOnly && IsOperable(); }
     bool EditByKey(const TKeyStroke& Stroke);
     void SelectByPress(TShiftState Shift, int X);
     bool MoveByKey(const TKeyStroke& Stroke);
@@ -115,18 +101,13 @@ private:
     void Take(bool Changed);
     void UpdateShown();
     const std::vector<double>& Places();
-    void ShowCaret();
-    TRect TextRect() const;
-    int TextLeft();
+    int TextLeft() { return TTextField::TextLeft(RoundToInt(Places().back())); }
     int PixelOfShown(int Place);
     void PaintText(TCanvas& Canvas, TColor Color);
     void PaintSelection(TCanvas& Canvas);
 
     TKxCaptionModel FModel;
-    TCaret FCaret{*this};
     bool FTaking = false; // the text from the model
-    bool FReadOnly = false;
-    TAlignment FAlignment = taLeftJustify;
     std::vector<TControl*> FViewers;
 
     // What is shown, with what is being composed, and where each place in it lies from the left of the text.
@@ -134,7 +115,6 @@ private:
     std::vector<double> FPlaces;
     bool FHasPlaces = false;
     bool FExactly = false; // as the last device showed it
-    int FScroll = 0;       // pixels of the text to the left of the control
 
     TKxCaptionStretch FPressed; // what the press has selected
     bool FIsPressed = false;

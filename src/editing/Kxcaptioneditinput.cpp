@@ -24,7 +24,7 @@ struct TKxCaptionEdit::TShortcut {
 
 bool TKxCaptionEdit::KeyDown(const TKeyStroke& Stroke) {
     const TComponentRef<TKxCaptionEdit> self(this);
-    if (TInputControl::KeyDown(Stroke)) return true;
+    if (TTextField::KeyDown(Stroke)) return true;
     if (!self || !IsOperable()) return false;
     return FModel.GetComposedLength() > 0 || EditByKey(Stroke); // what is composed is the input method's
 }
@@ -92,7 +92,7 @@ bool TKxCaptionEdit::MoveByKey(const TKeyStroke& Stroke) {
 bool TKxCaptionEdit::EraseByKey(const TKeyStroke& Stroke) {
     const bool before = Stroke.Key == kcBack, words = Stroke.Shift & ssCtrl;
     if ((!before && Stroke.Key != kcDelete) || Stroke.Shift & ssAlt) return false;
-    if (FReadOnly) return true;
+    if (GetReadOnly()) return true;
     const int caret = GetCaret();
     if (words)
         Take(FModel.EraseTo(before ? WordBefore(FModel.GetCells(), caret)
@@ -112,7 +112,7 @@ void TKxCaptionEdit::MouseDown(TMouseButton Button, TShiftState Shift, int X, in
         else
             PressForMenu(X);
     }
-    if (self) TInputControl::MouseDown(Button, Shift, X, Y);
+    if (self) TTextField::MouseDown(Button, Shift, X, Y);
 }
 
 /// What was selected, and is pressed, stays: the menu is for that.
@@ -166,12 +166,12 @@ void TKxCaptionEdit::SelectByPress(TShiftState Shift, int X) {
 
 void TKxCaptionEdit::MouseMove(TShiftState Shift, int X, int Y) {
     if (FIsPressed && !IsDragging()) ExtendTo(PlaceAt(X));
-    TInputControl::MouseMove(Shift, X, Y);
+    TTextField::MouseMove(Shift, X, Y);
 }
 
 void TKxCaptionEdit::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
     if (Button == mbLeft) FIsPressed = false;
-    TInputControl::MouseUp(Button, Shift, X, Y);
+    TTextField::MouseUp(Button, Shift, X, Y);
 }
 
 /// Selects from what was pressed as far as Place, by words after a double click.

@@ -6,17 +6,6 @@
 
 namespace kx {
 
-namespace {
-
-constexpr int CFrame = 2;
-
-} // namespace
-
-TRect TKxCaptionEdit::TextRect() const {
-    return {CFieldPadding, CFrame, std::max(GetWidth() - CFieldPadding, CFieldPadding),
-            std::max(GetHeight() - CFrame, CFrame)};
-}
-
 /// What is shown has changed, or the caret has moved.
 void TKxCaptionEdit::UpdateShown() {
     FShown = ParseCaption(FModel.GetShownCaption());
@@ -34,22 +23,11 @@ const std::vector<double>& TKxCaptionEdit::Places() {
     return FPlaces;
 }
 
-/// Brings the caret into sight and leaves no room at the right of a caption that has more at the left.
 void TKxCaptionEdit::ShowCaret() {
-    const int room = std::max(TextRect().Width() - 1, 0); // behind the last character the caret
-    const int width = RoundToInt(Places().back());
-    const int caret = RoundToInt(Places().at(std::size_t(FModel.GetShownCaret())));
-    FScroll = std::clamp(FScroll, caret - room, caret);
-    FScroll = std::clamp(FScroll, 0, std::max(width - room, 0));
+    ScrollTo(RoundToInt(Places().at(std::size_t(FModel.GetShownCaret()))), RoundToInt(Places().back()));
     FCaret.SetPlace(GetCaretRect());
     Invalidate();
     TextInputChanged();
-}
-
-int TKxCaptionEdit::TextLeft() {
-    const int spare = std::max(TextRect().Width() - 1 - RoundToInt(Places().back()), 0);
-    const int before = FAlignment == taCenter ? spare / 2 : FAlignment == taRightJustify ? spare : 0;
-    return TextRect().Left + before - FScroll;
 }
 
 int TKxCaptionEdit::PixelOfShown(int Place) {
@@ -76,7 +54,7 @@ TRect TKxCaptionEdit::GetCaretRect() {
     canvas.Font.Assign(GetFont());
     const int top = (GetHeight() - canvas.TextHeight("X")) / 2, left = PixelOfShown(FModel.GetShownCaret());
     const TKxCaptionLevel level = CaptionLevel(FModel.GetCaretLooks(), canvas);
-    return TRect{left, top + level.Top, left + 1, top + level.Top + level.Height}.Intersected(TextRect());
+    return TRect{left, top + level.Top, left + 1, top + level.Top + level.Height}.Intersected(GetTextRect());
 }
 
 void TKxCaptionEdit::Paint() {
@@ -89,10 +67,10 @@ void TKxCaptionEdit::Paint() {
     const TDrawState state = GetDrawState();
     PaintField(canvas, GetClientRect(), GetColor(), state);
     const TCanvas::TSaved saved(canvas);
-    canvas.SetClip(TextRect().Intersected(canvas.GetClipRect()));
+    canvas.SetClip(GetTextRect().Intersected(canvas.GetClipRect()));
     PaintText(canvas, TextColorFor(GetFont(), state));
     if (HasKeys() && FModel.HasSelection()) PaintSelection(canvas);
-    if (!FReadOnly) FCaret.Paint(canvas, clWindowText);
+    if (!GetReadOnly()) FCaret.Paint(canvas, clWindowText);
 }
 
 void TKxCaptionEdit::PaintText(TCanvas& Canvas, TColor Color) {
@@ -106,7 +84,7 @@ void TKxCaptionEdit::PaintText(TCanvas& Canvas, TColor Color) {
 /// Over the text, which is painted once more in other colours: nothing moves, whatever letters do to one
 /// another.
 void TKxCaptionEdit::PaintSelection(TCanvas& Canvas) {
-    const TRect text = TextRect();
+    const TRect text = GetTextRect();
     const TRect selected{PixelOf(FModel.GetSelStart()), text.Top + 1, PixelOf(FModel.GetSelEnd()),
                          text.Bottom - 1};
     const TCanvas::TSaved saved(Canvas);

@@ -65,21 +65,52 @@ private:
     bool FShowing = false;
 };
 
+/// A number of type T inside a range.
+template <class T>
+class TKxRangeEdit : public TKxNumberEdit {
+public:
+    using TKxNumberEdit::TKxNumberEdit;
+
+    /// The last valid one. What is set is moved into the range; a NaN counts as 0.
+    T GetValue() const { return FValue; }
+    void SetValue(T Value);
+    /// The range, where MinValue is less than MaxValue; any number otherwise.
+    T GetMinValue() const { return FMinValue; }
+    void SetMinValue(T Value) { SetRule(FMinValue, Value); }
+    T GetMaxValue() const { return FMaxValue; }
+    void SetMaxValue(T Value) { SetRule(FMaxValue, Value); }
+    T GetIncrement() const { return FIncrement; }
+    void SetIncrement(T Increment) { FIncrement = Increment; }
+
+protected:
+    std::string TakeValue(const std::string& Text) override;
+    void AddSteps(int Steps) override { TakeNumber(Stepped(Steps)); }
+    void FitValue() override { SetValue(FValue); }
+    /// The number of a text in point form; nothing where it is none.
+    virtual std::optional<T> NumberOf(const std::string& Text) const = 0;
+    virtual std::string NumberText(T Number) const = 0;
+    /// What a text that is none should have been.
+    virtual const char* KindOfNumber() const = 0;
+    /// The number Steps from the present one, inside the range.
+    virtual T Stepped(int Steps) const = 0;
+    /// Wide is wide enough for all that a step can come to.
+    template <class TWide>
+    T Limited(TWide Value) const;
+
+private:
+    void TakeNumber(T Value);
+    void SetRule(T& Rule, T Value);
+    T FValue = 0, FMinValue = 0, FMaxValue = 0, FIncrement = 1;
+};
+
+extern template class TKxRangeEdit<double>;
+extern template class TKxRangeEdit<int>;
+
 /// A real number.
-class TKxRealEdit : public TKxNumberEdit {
+class TKxRealEdit : public TKxRangeEdit<double> {
 public:
     explicit TKxRealEdit(TComponent* Owner);
 
-    /// The last valid one. What is set is moved into the range; a NaN counts as 0.
-    double GetValue() const { return FValue; }
-    void SetValue(double Value);
-    /// The range, where MinValue is less than MaxValue; any number otherwise.
-    double GetMinValue() const { return FMinValue; }
-    void SetMinValue(double Value);
-    double GetMaxValue() const { return FMaxValue; }
-    void SetMaxValue(double Value);
-    double GetIncrement() const { return FIncrement; }
-    void SetIncrement(double Increment) { FIncrement = Increment; }
     /// Significant digits that are shown, 1 to 18; the value keeps all.
     int GetDigits() const { return FDigits; }
     void SetDigits(int Digits);
@@ -89,46 +120,31 @@ public:
 
 protected:
     bool HearsOfAll() const override { return IsBeyond<TKxRealEdit>(); }
-    std::string TakeValue(const std::string& Text) override;
     std::string ValueText() const override;
-    void AddSteps(int Steps) override;
-    void FitValue() override { SetValue(FValue); }
+    std::optional<double> NumberOf(const std::string& Text) const override;
+    std::string NumberText(double Number) const override;
+    const char* KindOfNumber() const override { return "number"; }
+    double Stepped(int Steps) const override;
 
 private:
-    double Limited(double Value) const;
-    double FValue = 0, FMinValue = 0, FMaxValue = 0, FIncrement = 1;
     int FDigits = 15;
 };
 
 /// A whole number.
-class TKxIntegerEdit : public TKxNumberEdit {
+class TKxIntegerEdit : public TKxRangeEdit<int> {
 public:
     explicit TKxIntegerEdit(TComponent* Owner);
-
-    /// The last valid one. What is set is moved into the range.
-    int GetValue() const { return FValue; }
-    void SetValue(int Value);
-    /// The range, where MinValue is less than MaxValue; any number otherwise.
-    int GetMinValue() const { return FMinValue; }
-    void SetMinValue(int Value);
-    int GetMaxValue() const { return FMaxValue; }
-    void SetMaxValue(int Value);
-    int GetIncrement() const { return FIncrement; }
-    void SetIncrement(int Increment) { FIncrement = Increment; }
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
 
 protected:
     bool HearsOfAll() const override { return IsBeyond<TKxIntegerEdit>(); }
-    std::string TakeValue(const std::string& Text) override;
-    std::string ValueText() const override { return std::to_string(FValue); }
-    void AddSteps(int Steps) override;
-    void FitValue() override { SetValue(FValue); }
-
-private:
-    int Limited(std::int64_t Value) const;
-    int FValue = 0, FMinValue = 0, FMaxValue = 0, FIncrement = 1;
+    std::string ValueText() const override { return NumberText(GetValue()); }
+    std::optional<int> NumberOf(const std::string& Text) const override;
+    std::string NumberText(int Number) const override { return std::to_string(Number); }
+    const char* KindOfNumber() const override { return "whole number"; }
+    int Stepped(int Steps) const override;
 };
 
 /// The same with arrows at the right edge.

@@ -8,7 +8,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace kx {
 
@@ -30,131 +35,113 @@ std::string NoNumber(const std::string& Text, const char* Kind) {
     return "'" + Abridged(Trimmed(Text)) + "' is no " + Kind;
 }
 
-/// What is wrong with a value outside the range; empty for one in it.
-template <class T, class F>
-std::string OutOfRange(T Value, T Least, T Most, const F& ToText) {
-    if (!(Least < Most) || (Value >= Least && Value <= Most)) return {};
-    return ToText(Value) +
-           (Value < Least ? " is less than " + ToText(Least) : " is more than " + ToText(Most));
+/// The rows that fields for any numbers have.
+template <class C>
+std::vector<TProperty> RangeRows() {
+    using T = decltype(std::declval<const C&>().GetValue());
+    return {
+        Published<&C::GetMinValue, &C::SetMinValue>("MinValue", T(0), "Least value, if less than MaxValue"),
+        Published<&C::GetMaxValue, &C::SetMaxValue>("MaxValue", T(0),
+                                                    "Greatest value, if more than MinValue"),
+        Published<&C::GetIncrement, &C::SetIncrement>("Increment", T(1), "What an arrow or a notch adds"),
+        Published<&C::GetValue, &C::SetValue>("Value", T(0), "The number")};
 }
 
 } // namespace
 
-TKxRealEdit::TKxRealEdit(TComponent* Owner) : TKxNumberEdit(Owner) { ShowValue(false); }
-
-double TKxRealEdit::Limited(double Value) const {
-    constexpr double CMost = std::numeric_limits<double>::max();
-    if (std::isnan(Value)) return 0;
-    if (IsIn(csLoading) || !(FMinValue < FMaxValue)) return std::clamp(Value, -CMost, CMost);
-    return std::clamp(Value, FMinValue, FMaxValue);
+template <class T>
+template <class TWide>
+T TKxRangeEdit<T>::Limited(TWide Value) const {
+    if (Value != Value) return 0; // NaN
+    const bool any = IsIn(csLoading) || !(FMinValue < FMaxValue);
+    const TWide least = any ? std::numeric_limits<T>::lowest() : FMinValue;
+    const TWide most = any ? std::numeric_limits<T>::max() : FMaxValue;
+    return static_cast<T>(std::clamp(Value, least, most));
 }
 
-void TKxRealEdit::SetValue(double Value) {
-    const double value = Limited(Value);
-    const bool another = value != FValue;
-    FValue = value;
+template <class T>
+void TKxRangeEdit<T>::SetValue(T Value) {
+    TakeNumber(Limited(Value));
+}
+
+template <class T>
+void TKxRangeEdit<T>::TakeNumber(T Value) {
+    const bool another = Value != FValue;
+    FValue = Value;
     ShowValue(another);
 }
 
-void TKxRealEdit::SetMinValue(double Value) {
-    FMinValue = Value;
+template <class T>
+void TKxRangeEdit<T>::SetRule(T& Rule, T Value) {
+    Rule = Value;
     RulesChanged();
 }
 
-void TKxRealEdit::SetMaxValue(double Value) {
-    FMaxValue = Value;
-    RulesChanged();
+template <class T>
+std::string TKxRangeEdit<T>::TakeValue(const std::string& Text) {
+    const std::optional<T> value = NumberOf(PointForm(Text));
+    if (!value) return NoNumber(Text, KindOfNumber());
+    if (FMinValue < FMaxValue && *value < FMinValue)
+        return NumberText(*value) + " is less than " + NumberText(FMinValue);
+    if (FMinValue<FMaxValue&& * value> FMaxValue)
+        return NumberText(*value) + " is more than " + NumberText(FMaxValue);
+    FValue = *value;
+    return {};
 }
+
+template class TKxRangeEdit<double>;
+template class TKxRangeEdit<int>;
+
+TKxRealEdit::TKxRealEdit(TComponent* Owner) : TKxRangeEdit(Owner) { ShowValue(false); }
 
 void TKxRealEdit::SetDigits(int Digits) {
     FDigits = std::clamp(Digits, 1, 18);
     RulesChanged();
 }
 
-std::string TKxRealEdit::ValueText() const { return FloatToStrGeneral(FValue, FDigits, 0); }
+std::string TKxRealEdit::ValueText() const { return FloatToStrGeneral(GetValue(), FDigits, 0); }
 
-std::string TKxRealEdit::TakeValue(const std::string& Text) {
+std::string TKxRealEdit::NumberText(double Number) const { return FloatToStr(Number); }
+
+std::optional<double> TKxRealEdit::NumberOf(const std::string& Text) const {
     int position = 0;
-    const double value = Val(PointForm(Text), position);
-    if (position != 0 || !std::isfinite(value)) return NoNumber(Text, "number");
-    const std::string error = OutOfRange(value, FMinValue, FMaxValue, FloatToStr);
-    if (error.empty()) FValue = value;
-    return error;
+    const double value = Val(Text, position);
+    return position == 0 && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
 /// The value is that of the shown text, so that no binary errors add up.
-void TKxRealEdit::AddSteps(int Steps) {
-    const double before = FValue;
-    FValue = Limited(FValue + Steps * FIncrement);
-    int position = 0;
-    const double shown = Val(PointForm(FloatToStrGeneral(FValue, 15, 0)), position);
-    if (position == 0) FValue = Limited(shown);
-    ShowValue(FValue != before);
+double TKxRealEdit::Stepped(int Steps) const {
+    const double value = Limited(GetValue() + Steps * GetIncrement());
+    const auto shown = NumberOf(PointForm(FloatToStrGeneral(value, 15, 0)));
+    return shown ? Limited(*shown) : value;
 }
 
 const TPropertyTable& TKxRealEdit::Properties() {
     using C = TKxRealEdit;
-    static const TPropertyTable table(
-        "TKxRealEdit", &TKxNumberEdit::Properties(),
-        {Published<&C::GetMinValue, &C::SetMinValue>("MinValue", 0.0, "Least value, if less than MaxValue"),
-         Published<&C::GetMaxValue, &C::SetMaxValue>("MaxValue", 0.0,
-                                                     "Greatest value, if more than MinValue"),
-         Published<&C::GetIncrement, &C::SetIncrement>("Increment", 1.0, "What an arrow or a notch adds"),
-         Published<&C::GetDigits, &C::SetDigits>("Digits", 15, "Significant digits that are shown, 1 to 18"),
-         Published<&C::GetValue, &C::SetValue>("Value", 0.0, "The number")});
+    static const TPropertyTable table = [] {
+        std::vector<TProperty> rows = RangeRows<C>();
+        rows.push_back(Published<&C::GetDigits, &C::SetDigits>("Digits", 15,
+                                                               "Significant digits that are shown, 1 to 18"));
+        return TPropertyTable("TKxRealEdit", &TKxNumberEdit::Properties(), std::move(rows));
+    }();
     return table;
 }
 
-TKxIntegerEdit::TKxIntegerEdit(TComponent* Owner) : TKxNumberEdit(Owner) { ShowValue(false); }
+TKxIntegerEdit::TKxIntegerEdit(TComponent* Owner) : TKxRangeEdit(Owner) { ShowValue(false); }
 
-int TKxIntegerEdit::Limited(std::int64_t Value) const {
-    const bool any = IsIn(csLoading) || FMinValue >= FMaxValue;
-    const std::int64_t least = any ? std::numeric_limits<int>::min() : FMinValue;
-    const std::int64_t most = any ? std::numeric_limits<int>::max() : FMaxValue;
-    return static_cast<int>(std::clamp(Value, least, most));
-}
-
-void TKxIntegerEdit::SetValue(int Value) {
-    const int value = Limited(Value);
-    const bool another = value != FValue;
-    FValue = value;
-    ShowValue(another);
-}
-
-void TKxIntegerEdit::SetMinValue(int Value) {
-    FMinValue = Value;
-    RulesChanged();
-}
-
-void TKxIntegerEdit::SetMaxValue(int Value) {
-    FMaxValue = Value;
-    RulesChanged();
-}
-
-std::string TKxIntegerEdit::TakeValue(const std::string& Text) {
+std::optional<int> TKxIntegerEdit::NumberOf(const std::string& Text) const {
     int position = 0;
-    const int value = ValInt(PointForm(Text), position);
-    if (position != 0) return NoNumber(Text, "whole number");
-    const std::string error =
-        OutOfRange(value, FMinValue, FMaxValue, [](int Number) { return std::to_string(Number); });
-    if (error.empty()) FValue = value;
-    return error;
+    const int value = ValInt(Text, position);
+    return position == 0 ? std::optional(value) : std::nullopt;
 }
 
-void TKxIntegerEdit::AddSteps(int Steps) {
-    const int before = FValue;
-    FValue = Limited(FValue + std::int64_t(Steps) * FIncrement);
-    ShowValue(FValue != before);
+int TKxIntegerEdit::Stepped(int Steps) const {
+    return Limited(GetValue() + std::int64_t(Steps) * GetIncrement());
 }
 
 const TPropertyTable& TKxIntegerEdit::Properties() {
-    using C = TKxIntegerEdit;
-    static const TPropertyTable table(
-        "TKxIntegerEdit", &TKxNumberEdit::Properties(),
-        {Published<&C::GetMinValue, &C::SetMinValue>("MinValue", 0, "Least value, if less than MaxValue"),
-         Published<&C::GetMaxValue, &C::SetMaxValue>("MaxValue", 0, "Greatest value, if more than MinValue"),
-         Published<&C::GetIncrement, &C::SetIncrement>("Increment", 1, "What an arrow or a notch adds"),
-         Published<&C::GetValue, &C::SetValue>("Value", 0, "The number")});
+    static const TPropertyTable table("TKxIntegerEdit", &TKxNumberEdit::Properties(),
+                                      RangeRows<TKxIntegerEdit>());
     return table;
 }
 

@@ -24,7 +24,7 @@ public:
         const int rows = std::min(Combo.ItemCount(), Combo.FDropDownCount);
         const int width = std::max(Combo.GetWidth(), Combo.DropWidth());
         if (!FForm.Popup(Combo, {width, rows * FList.RowHeight() + 2})) return false;
-        FList.SetItemIndex(Combo.FItemIndex);
+        FList.SetItemIndex(Combo.GetItemIndex());
         FList.ItemsChanged();
         FList.SetFocus();
         return true;
@@ -70,32 +70,15 @@ private:
     TList FList;
 };
 
-TCustomComboBox::TCustomComboBox(TComponent* Owner) : TInputControl(Owner) {}
+TCustomComboBox::TCustomComboBox(TComponent* Owner) : TCustomChoice(Owner) {}
 
 TCustomComboBox::~TCustomComboBox() = default;
 
-void TCustomComboBox::SetItemIndex(int Index) {
-    FItemIndex = std::max(Index, -1);
-    Invalidate();
-}
-
 void TCustomComboBox::SetDropDownCount(int Count) { FDropDownCount = std::max(Count, 1); }
-
-void TCustomComboBox::SetItemHeight(int Height) { FItemHeight = std::clamp(Height, 0, CMostLength); }
 
 void TCustomComboBox::ItemsChanged() {
     CloseUp(false);
-    FPrefix.Clear();
-    Invalidate();
-}
-
-void TCustomComboBox::Select(int Index) {
-    SetItemIndex(Index);
-    OnSelect(this);
-}
-
-void TCustomComboBox::Choose(int Index) {
-    if (Index >= 0 && Index < ItemCount() && Index != FItemIndex && ItemEnabled(Index)) Select(Index);
+    TCustomChoice::ItemsChanged();
 }
 
 void TCustomComboBox::DropDown() {
@@ -119,40 +102,34 @@ void TCustomComboBox::CloseUp(bool Takes) {
 
 bool TCustomComboBox::KeyDown(const TKeyStroke& Stroke) {
     const TComponentRef<TCustomComboBox> self(this);
-    if (TInputControl::KeyDown(Stroke)) return true;
+    if (TCustomChoice::KeyDown(Stroke)) return true;
     if (!self || !IsOperable() || (Stroke.Shift & ssCtrl)) return false;
     const bool alt = (Stroke.Shift & ssAlt) != 0, arrow = Stroke.Key == kcDown || Stroke.Key == kcUp;
     if (Stroke.Key == kcF1 + 3 || Stroke.Key == kcSpace || (alt && arrow)) return DropDown(), true;
-    if (alt || ItemCount() == 0) return false;
-    const int at = HasItem() ? FItemIndex : -1;
-    if (const int target = KeyTarget(Stroke.Key, at, FDropDownCount); target >= 0)
-        return Choose(target), true;
-    if (Stroke.Text.empty()) return false;
-    Choose(TypedTarget(FPrefix, Stroke.Text, at));
-    return true;
+    return !alt && ChooseByKey(Stroke, FDropDownCount);
 }
 
 void TCustomComboBox::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
     const TComponentRef<TCustomComboBox> self(this);
-    TInputControl::MouseDown(Button, Shift, X, Y);
+    TCustomChoice::MouseDown(Button, Shift, X, Y);
     if (self && Button == mbLeft && !IsDragging()) FDrop ? CloseUp(false) : DropDown();
 }
 
 bool TCustomComboBox::MouseWheel(const TWheelTurn& Turn, TShiftState Shift, int X, int Y) {
-    if (TInputControl::MouseWheel(Turn, Shift, X, Y)) return true;
+    if (TCustomChoice::MouseWheel(Turn, Shift, X, Y)) return true;
     if (!HasKeys() || !IsOperable() || ItemCount() == 0) return false; // others scroll past it
-    if (const int steps = FWheel.Take(Turn, 1)) Choose(StepFrom(HasItem() ? FItemIndex : -1, steps));
+    if (const int steps = WheelSteps(Turn, 1)) Choose(StepFrom(ItemOrNone(), steps));
     return true;
 }
 
 void TCustomComboBox::CMEnabledChanged() {
     if (!GetEnabled()) CloseUp(false);
-    TInputControl::CMEnabledChanged();
+    TCustomChoice::CMEnabledChanged();
 }
 
 void TCustomComboBox::CMVisibleChanged() {
     if (!GetVisible()) CloseUp(false);
-    TInputControl::CMVisibleChanged();
+    TCustomChoice::CMVisibleChanged();
 }
 
 TRect TCustomComboBox::GetItemRect() const {
@@ -168,7 +145,7 @@ void TCustomComboBox::Paint() {
         const TCanvas::TSaved saved(canvas);
         canvas.SetClip(GetItemRect().Intersected(canvas.GetClipRect()));
         canvas.Font.SetColor(TextColorFor(GetFont(), state));
-        DrawItem(canvas, FItemIndex, GetItemRect(), state | odComboEdit);
+        DrawItem(canvas, GetItemIndex(), GetItemRect(), state | odComboEdit);
         canvas.Font.Assign(GetFont());
     }
     const TRect all = GetClientRect();
@@ -176,9 +153,9 @@ void TCustomComboBox::Paint() {
 }
 
 TAccessiblePart TCustomComboBox::Accessible() const {
-    TAccessiblePart part = TInputControl::Accessible();
+    TAccessiblePart part = TCustomChoice::Accessible();
     part.Role = TAccessibleRole::ComboBox;
-    if (HasItem()) part.Value = ItemText(FItemIndex);
+    if (HasItem()) part.Value = ItemText(GetItemIndex());
     part.Editable = true;
     return part;
 }
@@ -186,20 +163,11 @@ TAccessiblePart TCustomComboBox::Accessible() const {
 const TPropertyTable& TCustomComboBox::Properties() {
     using C = TCustomComboBox;
     static const TPropertyTable table(
-        "TCustomComboBox", &TInputControl::Properties(),
-        {Published<&C::GetItemIndex, &C::SetItemIndex>("ItemIndex", -1, "The chosen item; -1: none"),
-         Published<&C::GetDropDownCount, &C::SetDropDownCount>("DropDownCount", 8,
+        "TCustomComboBox", &TCustomChoice::Properties(),
+        {Published<&C::GetDropDownCount, &C::SetDropDownCount>("DropDownCount", 8,
                                                                "Most items that the list shows at once"),
-         Published<&C::GetItemHeight, &C::SetItemHeight>("ItemHeight", 0,
-                                                         "Height of an item, pixels; 0: that of its text"),
-         PublishedEvent<&C::OnSelect>("OnSelect", "The user has chosen another item"),
          PublishedEvent<&C::OnDropDown>("OnDropDown", "The list is about to drop down")});
     return table;
-}
-
-void TComboBox::SetItems(std::vector<std::string> Items) {
-    FItems = std::move(Items);
-    ItemsChanged();
 }
 
 const TPropertyTable& TComboBox::Properties() {

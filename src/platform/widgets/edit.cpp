@@ -9,23 +9,9 @@
 
 namespace kx {
 
-TCustomEdit::TCustomEdit(TComponent* Owner) : TInputControl(Owner) {
-    SetCursor(crIBeam);
-    ShowCaret();
-}
+TCustomEdit::TCustomEdit(TComponent* Owner) : TTextField(Owner) { ShowCaret(); }
 
 void TCustomEdit::SetMaxLength(int Count) { FMaxLength = std::max(Count, 0); }
-
-void TCustomEdit::SetReadOnly(bool ReadOnly) {
-    FReadOnly = ReadOnly;
-    Invalidate();
-    TextInputChanged();
-}
-
-void TCustomEdit::SetAlignment(TAlignment Alignment) {
-    FAlignment = Alignment;
-    ShowCaret();
-}
 
 void TCustomEdit::SetTextHint(const std::string& Hint) {
     FTextHint = Hint;
@@ -76,7 +62,7 @@ void TCustomEdit::LineChanged() {
 }
 
 void TCustomEdit::CMTextChanged() {
-    TInputControl::CMTextChanged();
+    TTextField::CMTextChanged();
     if (FLine.GetText() != GetText()) {
         FLine.SetText(GetText());
         FComposed = {};
@@ -85,25 +71,9 @@ void TCustomEdit::CMTextChanged() {
     if (!IsIn(csLoading)) Changed();
 }
 
-void TCustomEdit::CMFontChanged() {
-    TInputControl::CMFontChanged();
-    ShowCaret();
-}
-
-void TCustomEdit::SetBounds(int Left, int Top, int Width, int Height) {
-    TInputControl::SetBounds(Left, Top, Width, Height);
-    ShowCaret();
-}
-
-void TCustomEdit::CMActiveChanged() {
-    TInputControl::CMActiveChanged();
-    FCaret.Update();
-}
-
 void TCustomEdit::Enter() {
-    FCaret.Update();
     if (FAutoSelect) SelectAll();
-    TInputControl::Enter();
+    TTextField::Enter();
 }
 
 void TCustomEdit::Exit() {
@@ -111,7 +81,7 @@ void TCustomEdit::Exit() {
     FPressed = false;
     if (FLine.HasSelection()) FLine.Select(FLine.GetCaret(), FLine.GetCaret());
     ShowCaret();
-    TInputControl::Exit();
+    TTextField::Exit();
 }
 
 void TCustomEdit::MoveTo(int Place, bool Extends) { Select(Extends ? FLine.GetAnchor() : Place, Place); }
@@ -134,39 +104,15 @@ bool TCustomEdit::Compose(const TComposition& Composition) {
     return true;
 }
 
-THostTextInput TCustomEdit::TextInput() const {
-    const TRect caret = FCaret.GetPlace();
-    return {.Takes = CanChange(),
-            .Left = caret.Left,
-            .Top = caret.Top,
-            .Width = caret.Width(),
-            .Height = caret.Height(),
-            .Text = GetText(),
-            .Caret = FLine.GetCaret(),
-            .Anchor = FLine.GetAnchor()};
-}
-
-TAccessiblePart TCustomEdit::Accessible() const {
-    TAccessiblePart part = TInputControl::Accessible();
-    part.Role = TAccessibleRole::Edit;
-    part.Value = GetText();
-    part.Editable = !FReadOnly;
-    return part;
-}
-
 const TPropertyTable& TCustomEdit::Properties() {
     using C = TCustomEdit;
     static const TPropertyTable table(
-        "TCustomEdit", &TInputControl::Properties(),
-        {Published<&C::GetCursor, &C::SetCursor>("Cursor", crIBeam, "Mouse cursor over the control"),
-         Published<&C::GetMaxLength, &C::SetMaxLength>("MaxLength", 0,
+        "TCustomEdit", &TTextField::Properties(),
+        {Published<&C::GetMaxLength, &C::SetMaxLength>("MaxLength", 0,
                                                        "Most characters that can be typed; 0: any number"),
-         Published<&C::GetReadOnly, &C::SetReadOnly>("ReadOnly", false, "Whether the text is only shown"),
-         Published<&C::GetAlignment, &C::SetAlignment>("Alignment", taLeftJustify, "Where the text is kept"),
          Published<&C::GetTextHint, &C::SetTextHint>("TextHint", "", "Pale text while the field is empty"),
          Published<&C::GetAutoSelect, &C::SetAutoSelect>("AutoSelect", true,
-                                                         "Whether Tab into the field selects all"),
-         PublishedEvent<&C::OnChange>("OnChange", "The text was changed")});
+                                                         "Whether Tab into the field selects all")});
     return table;
 }
 

@@ -1,34 +1,26 @@
 #pragma once
 // The field in which a user types one line of text.
 
-#include <kxgraph/platform/widgets/caret.h>
 #include <kxgraph/platform/widgets/editline.h>
 #include <kxgraph/platform/widgets/editmenu.h>
-#include <kxgraph/platform/widgets/inputcontrol.h>
+#include <kxgraph/platform/widgets/textfield.h>
 
-#include <optional>
 #include <string>
 
 namespace kx {
 
 /// One line of text with caret, selection (mouse, Shift, double click), clipboard, undo, and input methods.
-/// The text scrolls where it is longer than the field. OnChange tells of every change of the text, also by
-/// the program.
 ///
 /// Keys: Left, Right, Home, End, with Ctrl by words, with Shift selecting; Back and Delete, with Ctrl by
 /// words; Ctrl+A, C, X, V, Z, Y; Shift+Delete, Ctrl+Insert, Shift+Insert. All others go to the parent.
 /// Without a PopupMenu it has one of these commands.
-class TCustomEdit : public TInputControl, private TEditCommands {
+class TCustomEdit : public TTextField, private TEditCommands {
 public:
     explicit TCustomEdit(TComponent* Owner);
 
     /// Most characters that a user may type; 0: any number. A text that the program sets is not cut.
     int GetMaxLength() const { return FMaxLength; }
     void SetMaxLength(int Count);
-    bool GetReadOnly() const { return FReadOnly; }
-    void SetReadOnly(bool ReadOnly);
-    TAlignment GetAlignment() const { return FAlignment; }
-    void SetAlignment(TAlignment Alignment);
     /// Shown, pale, while there is no text.
     const std::string& GetTextHint() const { return FTextHint; }
     void SetTextHint(const std::string& Hint);
@@ -53,23 +45,16 @@ public:
     void Undo();
     void Redo();
 
-    TNotifyEvent OnChange;
-
-    void SetBounds(int Left, int Top, int Width, int Height) override;
-    TAccessiblePart Accessible() const override;
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
 
 protected:
     /// The text was changed, by whomever.
     virtual void Changed() { OnChange(this); }
-    /// The part of the field that shows text.
-    virtual TRect GetTextRect() const;
-    TDrawState GetDrawState() const override { return TInputControl::GetDrawState(); }
+    TEdited GetEdited() const override { return {GetText(), FLine.GetCaret(), FLine.GetAnchor()}; }
+    void ShowCaret() override;
     void Paint() override;
     void CMTextChanged() override;
-    void CMFontChanged() override;
-    void CMActiveChanged() override;
     void Enter() override;
     void Exit() override;
     bool KeyDown(const TKeyStroke& Stroke) override;
@@ -78,10 +63,8 @@ protected:
     void MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) override;
     THostMenu ContextMenu() override;
     bool Compose(const TComposition& Composition) override;
-    THostTextInput TextInput() const override;
 
 private:
-    bool CanChange() const { return !FReadOnly && IsOperable(); }
     bool CanEdit(TEditCommand Command) const override;
     void EditBy(TEditCommand Command) override;
     void Press(TShiftState Shift, int X);
@@ -93,25 +76,21 @@ private:
     bool Type(std::string_view Text);
     void MoveTo(int Place, bool Extends);
     void LineChanged();
-    void ShowCaret();
     // Where things stand, in pixels of the control:
     std::string ShownText() const;
     int ShownPlace(int Character) const;
     int XOf(int ShownCharacter) const;
-    int TextLeft() const;
+    int TextLeft() const { return TTextField::TextLeft(TextWidth(GetFont(), ShownText())); }
     int PlaceAt(int X) const;
     TRect Strip(int From, int To) const;
     void PaintLine();
     void PaintSelection(const std::string& Shown);
 
     TEditLine FLine;
-    TCaret FCaret{*this};
     TComposition FComposed; // what an input method composes now
     int FMaxLength = 0;
-    int FScroll = 0; // pixels of the text to the left of the field
-    TAlignment FAlignment = taLeftJustify;
     std::string FTextHint;
-    bool FReadOnly = false, FAutoSelect = true;
+    bool FAutoSelect = true;
     bool FPressed = false;
 };
 

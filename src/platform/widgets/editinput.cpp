@@ -8,7 +8,7 @@ namespace kx {
 
 bool TCustomEdit::KeyDown(const TKeyStroke& Stroke) {
     const TComponentRef<TCustomEdit> self(this);
-    if (TInputControl::KeyDown(Stroke)) return true;
+    if (TTextField::KeyDown(Stroke)) return true;
     return self && IsOperable() && EditKey(Stroke);
 }
 
@@ -21,7 +21,7 @@ bool TCustomEdit::EditKey(const TKeyStroke& Stroke) {
 }
 
 bool TCustomEdit::Type(std::string_view Text) {
-    if (FReadOnly) return false;
+    if (GetReadOnly()) return false;
     FLine.Insert(Text, FMaxLength, true);
     LineChanged();
     return true;
@@ -41,7 +41,7 @@ bool TCustomEdit::MoveKey(const TKeyStroke& Stroke) {
     case kcBack:
     case kcDelete:
         if (Stroke.Key == kcDelete && extends) return false; // cuts
-        if (FReadOnly) return false;
+        if (GetReadOnly()) return false;
         return DeleteKey(Stroke.Key == kcDelete, words), true;
     default: return false;
     }
@@ -63,7 +63,7 @@ bool TCustomEdit::ClipboardKey(const TKeyStroke& Stroke) {
     const bool ctrl = shift == ssCtrl;
     if ((ctrl && Stroke.Key == 'C') || (ctrl && Stroke.Key == kcInsert)) return CopyToClipboard(), true;
     if (ctrl && Stroke.Key == 'A') return SelectAll(), true;
-    if (FReadOnly) return false;
+    if (GetReadOnly()) return false;
     if ((ctrl && Stroke.Key == 'X') || (shift == ssShift && Stroke.Key == kcDelete))
         return CutToClipboard(), true;
     if ((ctrl && Stroke.Key == 'V') || (shift == ssShift && Stroke.Key == kcInsert))
@@ -84,7 +84,7 @@ void TCustomEdit::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y
         else
             PressForMenu(X);
     }
-    if (self) TInputControl::MouseDown(Button, Shift, X, Y);
+    if (self) TTextField::MouseDown(Button, Shift, X, Y);
 }
 
 void TCustomEdit::Press(TShiftState Shift, int X) {
@@ -129,12 +129,12 @@ void TCustomEdit::EditBy(TEditCommand Command) {
 
 void TCustomEdit::MouseMove(TShiftState Shift, int X, int Y) {
     if (FPressed) MoveTo(PlaceAt(X), true);
-    TInputControl::MouseMove(Shift, X, Y);
+    TTextField::MouseMove(Shift, X, Y);
 }
 
 void TCustomEdit::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
     if (Button == mbLeft) FPressed = false;
-    TInputControl::MouseUp(Button, Shift, X, Y);
+    TTextField::MouseUp(Button, Shift, X, Y);
 }
 
 } // namespace kx

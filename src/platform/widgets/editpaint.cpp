@@ -20,11 +20,6 @@ std::string Head(const std::string& Text, int Count) {
 
 } // namespace
 
-TRect TCustomEdit::GetTextRect() const {
-    const TRect all = GetClientRect();
-    return {all.Left + CFieldPadding, all.Top + 2, all.Right - CFieldPadding, all.Bottom - 2};
-}
-
 /// The text with what is composed at the caret.
 std::string TCustomEdit::ShownText() const {
     if (FComposed.Text.empty()) return GetText();
@@ -34,14 +29,6 @@ std::string TCustomEdit::ShownText() const {
 
 int TCustomEdit::ShownPlace(int Character) const {
     return Character > FLine.GetCaret() ? Character + CharacterCount(FComposed.Text) : Character;
-}
-
-/// The left end of the text, with what has been scrolled away.
-int TCustomEdit::TextLeft() const {
-    const TRect room = GetTextRect();
-    const int free = room.Width() - 1 - TextWidth(GetFont(), ShownText());
-    if (free <= 0 || FAlignment == taLeftJustify) return room.Left - FScroll;
-    return room.Left + (FAlignment == taCenter ? free / 2 : free);
 }
 
 int TCustomEdit::XOf(int ShownCharacter) const {
@@ -69,14 +56,11 @@ TRect TCustomEdit::Strip(int From, int To) const {
     return {From, top, To, top + height};
 }
 
-/// Scrolls so that the caret is in sight, and puts it there.
 void TCustomEdit::ShowCaret() {
-    const TRect room = GetTextRect();
-    const int width = TextWidth(GetFont(), ShownText()), space = std::max(room.Width() - 1, 0);
+    const std::string shown = ShownText();
     const int at = FComposed.Text.empty() ? FLine.GetCaret() : FLine.GetCaret() + FComposed.Caret;
-    const int inText = TextWidth(GetFont(), Head(ShownText(), at));
-    FScroll = std::clamp(FScroll, std::max(inText - space, 0), std::max(inText, 0));
-    FScroll = std::clamp(FScroll, 0, std::max(width - space, 0));
+    const int inText = TextWidth(GetFont(), Head(shown, at));
+    ScrollTo(inText, TextWidth(GetFont(), shown));
     const int x = TextLeft() + inText;
     FCaret.SetPlace(Strip(x, x + 1));
     Invalidate();
@@ -89,7 +73,7 @@ void TCustomEdit::Paint() {
     GetCanvas().Font.SetColor(TextColorFor(GetFont(), state));
     if (ShownText().empty()) {
         GetCanvas().Font.SetColor(Blended(GetCanvas().Font.GetColor(), GetColor(), 0.55));
-        PaintText(GetCanvas(), GetTextRect(), FTextHint, FAlignment);
+        PaintText(GetCanvas(), GetTextRect(), FTextHint, GetAlignment());
         GetCanvas().Font.SetColor(TextColorFor(GetFont(), state));
     }
     PaintLine();
@@ -110,7 +94,7 @@ void TCustomEdit::PaintLine() {
         canvas.FillRect(TRect{under.Left, under.Bottom - 1, under.Right, under.Bottom});
     }
     if (HasKeys() && FLine.HasSelection()) PaintSelection(shown);
-    if (!FReadOnly) FCaret.Paint(canvas, canvas.Font.GetColor());
+    if (!GetReadOnly()) FCaret.Paint(canvas, canvas.Font.GetColor());
 }
 
 /// The same text once more in the colours of the selection, so that its characters stay where they are.

@@ -7,24 +7,13 @@
 
 namespace kx {
 
-TCustomListBox::TCustomListBox(TComponent* Owner) : TInputControl(Owner) {
+TCustomListBox::TCustomListBox(TComponent* Owner) : TCustomChoice(Owner) {
     TControl::SetBounds(0, 0, 120, 110);
 }
 
-void TCustomListBox::SetItemIndex(int Index) {
-    Index = std::max(Index, -1);
-    if (FItemIndex == Index) return;
-    FItemIndex = Index;
-    if (HasItem()) ShowItem(Index);
-    Invalidate();
+int TCustomListBox::RowHeight() const {
+    return GetItemHeight() > 0 ? GetItemHeight() : LineHeight(GetFont()) + 5;
 }
-
-void TCustomListBox::SetItemHeight(int Height) {
-    FItemHeight = std::clamp(Height, 0, CMostLength);
-    PlaceScroll();
-}
-
-int TCustomListBox::RowHeight() const { return FItemHeight > 0 ? FItemHeight : LineHeight(GetFont()) + 5; }
 
 TRect TCustomListBox::ItemsRect() const {
     const TRect all = GetClientRect();
@@ -35,10 +24,10 @@ int TCustomListBox::PageRows() const { return std::max((GetHeight() - 2) / RowHe
 
 void TCustomListBox::SetTopIndex(int Index) {
     FTopIndex = Index;
-    PlaceScroll();
+    PlaceItems();
 }
 
-void TCustomListBox::PlaceScroll() {
+void TCustomListBox::PlaceItems() {
     FTopIndex = std::clamp(FTopIndex, 0, std::max(ItemCount() - PageRows(), 0));
     const TRect all = GetClientRect();
     FScroll.Place({all.Right - 1 - CScrollWidth, 1, all.Right - 1, all.Bottom - 1}, ItemCount(), PageRows(),
@@ -55,9 +44,7 @@ void TCustomListBox::ShowItem(int Index) {
 
 void TCustomListBox::ItemsChanged() {
     FHotItem = -1;
-    FPrefix.Clear();
-    PlaceScroll();
-    if (HasItem()) ShowItem(FItemIndex);
+    TCustomChoice::ItemsChanged();
 }
 
 TRect TCustomListBox::ItemRect(int Index) const {
@@ -72,27 +59,11 @@ int TCustomListBox::ItemAt(TPoint Pos) const {
     return index < ItemCount() ? index : -1;
 }
 
-void TCustomListBox::Select(int Index) {
-    SetItemIndex(Index);
-    OnSelect(this);
-}
-
-void TCustomListBox::Choose(int Index) {
-    if (Index < 0 || Index >= ItemCount() || !ItemEnabled(Index)) return;
-    ShowItem(Index);
-    if (Index != FItemIndex) Select(Index);
-}
-
 bool TCustomListBox::KeyDown(const TKeyStroke& Stroke) {
     const TComponentRef<TCustomListBox> self(this);
-    if (TInputControl::KeyDown(Stroke)) return true;
-    if (!self || !IsOperable() || (Stroke.Shift & (ssCtrl | ssAlt)) || ItemCount() == 0) return false;
-    const int at = HasItem() ? FItemIndex : -1;
-    if (const int target = KeyTarget(Stroke.Key, at, std::max(PageRows() - 1, 1)); target >= 0)
-        return Choose(target), true;
-    if (Stroke.Text.empty() || Stroke.Text == " ") return false;
-    Choose(TypedTarget(FPrefix, Stroke.Text, at));
-    return true;
+    if (TCustomChoice::KeyDown(Stroke)) return true;
+    if (!self || !IsOperable() || (Stroke.Shift & (ssCtrl | ssAlt)) || Stroke.Text == " ") return false;
+    return ChooseByKey(Stroke, std::max(PageRows() - 1, 1));
 }
 
 void TCustomListBox::MouseDown(TMouseButton Button, TShiftState Shift, int X, int Y) {
@@ -105,7 +76,7 @@ void TCustomListBox::MouseDown(TMouseButton Button, TShiftState Shift, int X, in
             Choose(ItemAt({X, Y}));
         }
     }
-    if (self) TInputControl::MouseDown(Button, Shift, X, Y);
+    if (self) TCustomChoice::MouseDown(Button, Shift, X, Y);
 }
 
 void TCustomListBox::MouseMove(TShiftState Shift, int X, int Y) {
@@ -117,7 +88,7 @@ void TCustomListBox::MouseMove(TShiftState Shift, int X, int Y) {
     const int row = Y < 0 ? -1 : Y / RowHeight(); // beyond an edge the list scrolls along
     if (FPressed || (FollowsMouse() && item >= 0 && !FScroll.IsDragged()))
         Choose(item >= 0 ? item : FPressed ? std::clamp(FTopIndex + row, 0, ItemCount() - 1) : -1);
-    if (self) TInputControl::MouseMove(Shift, X, Y);
+    if (self) TCustomChoice::MouseMove(Shift, X, Y);
 }
 
 void TCustomListBox::MouseUp(TMouseButton Button, TShiftState Shift, int X, int Y) {
@@ -126,34 +97,34 @@ void TCustomListBox::MouseUp(TMouseButton Button, TShiftState Shift, int X, int 
         FScroll.Release();
         Invalidate();
     }
-    TInputControl::MouseUp(Button, Shift, X, Y);
+    TCustomChoice::MouseUp(Button, Shift, X, Y);
 }
 
 void TCustomListBox::MouseLeave() {
     FHotItem = -1;
-    TInputControl::MouseLeave();
+    TCustomChoice::MouseLeave();
 }
 
 bool TCustomListBox::MouseWheel(const TWheelTurn& Turn, TShiftState Shift, int X, int Y) {
-    if (TInputControl::MouseWheel(Turn, Shift, X, Y)) return true;
+    if (TCustomChoice::MouseWheel(Turn, Shift, X, Y)) return true;
     if (!IsOperable() || !FScroll.IsNeeded()) return false;
-    SetTopIndex(FTopIndex + FWheel.Take(Turn, 3));
+    SetTopIndex(FTopIndex + WheelSteps(Turn, 3));
     return true;
 }
 
 void TCustomListBox::CMFontChanged() {
-    TInputControl::CMFontChanged();
-    PlaceScroll();
+    TCustomChoice::CMFontChanged();
+    PlaceItems();
 }
 
 void TCustomListBox::SetBounds(int Left, int Top, int Width, int Height) {
-    TInputControl::SetBounds(Left, Top, Width, Height);
-    PlaceScroll();
+    TCustomChoice::SetBounds(Left, Top, Width, Height);
+    PlaceItems();
 }
 
 void TCustomListBox::PaintItem(int Index) {
     TDrawState state = GetDrawState() & ~unsigned(odHot);
-    if (Index == FItemIndex)
+    if (Index == GetItemIndex())
         state |= odSelected | (HasKeys() ? 0u : odInactive);
     else
         state &= ~unsigned(odFocused);
@@ -178,9 +149,9 @@ void TCustomListBox::Paint() {
 }
 
 TAccessiblePart TCustomListBox::Accessible() const {
-    TAccessiblePart part = TInputControl::Accessible();
+    TAccessiblePart part = TCustomChoice::Accessible();
     part.Role = TAccessibleRole::List;
-    if (HasItem()) part.Value = ItemText(FItemIndex);
+    if (HasItem()) part.Value = ItemText(GetItemIndex());
     const int last = std::min(FTopIndex + PageRows(), ItemCount());
     for (int i = FTopIndex; i < last; ++i)
         part.Parts.push_back({.Role = TAccessibleRole::ListItem,
@@ -189,24 +160,13 @@ TAccessiblePart TCustomListBox::Accessible() const {
                               .Description = {},
                               .Bounds = ItemRect(i),
                               .Enabled = ItemEnabled(i),
-                              .Checked = i == FItemIndex});
+                              .Checked = i == GetItemIndex()});
     return part;
 }
 
 const TPropertyTable& TCustomListBox::Properties() {
-    using C = TCustomListBox;
-    static const TPropertyTable table(
-        "TCustomListBox", &TInputControl::Properties(),
-        {Published<&C::GetItemIndex, &C::SetItemIndex>("ItemIndex", -1, "The chosen item; -1: none"),
-         Published<&C::GetItemHeight, &C::SetItemHeight>("ItemHeight", 0,
-                                                         "Height of an item, pixels; 0: that of its text"),
-         PublishedEvent<&C::OnSelect>("OnSelect", "The user has chosen another item")});
+    static const TPropertyTable table("TCustomListBox", &TCustomChoice::Properties(), {});
     return table;
-}
-
-void TListBox::SetItems(std::vector<std::string> Items) {
-    FItems = std::move(Items);
-    ItemsChanged();
 }
 
 const TPropertyTable& TListBox::Properties() {
