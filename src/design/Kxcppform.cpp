@@ -161,7 +161,7 @@ std::vector<TProperty> TKxCppForm::WayOf(const TPart& Part, std::string_view Pat
     const TPropertyTable* table = Part.Table;
     for (std::size_t begin = 0; begin <= Path.size();) {
         const std::size_t end = std::min(Path.find('.', begin), Path.size());
-        const TProperty* row = FRows.Of(*table).Find(Path.substr(begin, end - begin));
+        const TProperty* row = TFormRows::Of(*table).Find(Path.substr(begin, end - begin));
         if (!row) return {};
         way.push_back(*row);
         begin = end + 1;

@@ -65,7 +65,6 @@ private:
     TComponent& FRoot;
     std::string FText;
     TFormText FTokens;
-    TFormRowCache FRows;
     TFormModels FModels;
     std::vector<TPart> FParts;
     std::vector<TStep> FLast;

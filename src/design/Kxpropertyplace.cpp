@@ -53,7 +53,10 @@ bool TKxPropertyPlace::IsDefault() const {
     return std::ranges::all_of(FTargets, [this](const TTarget& T) { return T.IsDefault(FContext->Models); });
 }
 
-bool TKxPropertyPlace::CanReset() const { return GetRow().Set && !IsName(GetRow()) && !IsDefault(); }
+bool TKxPropertyPlace::CanReset() const {
+    const bool canBeSet = GetRow().Set || GetRow().Kind == TPropertyKind::SubObject;
+    return canBeSet && !IsName(GetRow()) && !IsDefault();
+}
 
 void TKxPropertyPlace::Run(const std::function<void()>& Edit, bool IsContinued) {
     std::string key;

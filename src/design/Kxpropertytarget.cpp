@@ -115,7 +115,20 @@ bool TKxPropertyTarget::IsDefault(TFormModels& Models) const {
 void TKxPropertyTarget::Reset(TFormModels& Models) const {
     const auto model = Models.Of(*Component.Get());
     if (model.Class && SetBackFlag(*model.Class, *this)) return;
-    Set(UnchangedIn(Models), Models);
+    if (Row().Kind == TPropertyKind::SubObject) return ResetParts(Models);
+    const TPropertyValue value = UnchangedIn(Models);
+    Set(value, Models);
+    // Some setters go one way only; form files load such a value past them.
+    if (Row().Load && !IsSameValue(Get(), value)) Row().Load(Object(), value);
+}
+
+void TKxPropertyTarget::ResetParts(TFormModels& Models) const {
+    for (const TProperty* row : std::get<TPersistent*>(Get())->PublishedProperties().All()) {
+        TKxPropertyTarget part = *this;
+        part.Way.push_back(row);
+        if ((row->Set || row->Kind == TPropertyKind::SubObject) && !part.IsDefault(Models))
+            part.Reset(Models);
+    }
 }
 
 } // namespace kx

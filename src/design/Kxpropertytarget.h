@@ -34,6 +34,7 @@ struct TKxPropertyTarget {
 
 private:
     TPropertyValue UnchangedIn(TFormModels& Models) const;
+    void ResetParts(TFormModels& Models) const;
 };
 
 /// Whether two values of one property are the same, handlers as far as it can be told.

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <atomic>
 #include <climits>
+#include <cstdint>
 
 namespace kx {
 
@@ -211,7 +212,11 @@ const TPropertyTable& TKxRealVector::Properties() {
          Published<&V::GetCapacity, &V::SetCapacity>("Capacity", std::monostate{},
                                                      "Number of values that there is room for"),
          Published<&V::GetIncrement, &V::SetIncrement>(
-             "Increment", std::monostate{}, "Number of values by which the capacity grows, 50 or more")});
+             "Increment", std::monostate{}, "Number of values by which the capacity grows, 50 or more")
+             .LoadedBy([](TPersistent& O, const TPropertyValue& Value) { // what programs only raise
+                 static_cast<V&>(O).FIncrement =
+                     int(std::max<std::int64_t>(std::get<std::int64_t>(Value), 50));
+             })});
     return table;
 }
 

@@ -39,13 +39,14 @@ void ChangeRow(TKxInspector& Inspector, const TKxInspectorRow& Row) {
     }
 }
 
-/// One component of each class that C++ is written for, all its properties other ones than at first.
+/// One component of each class, all its properties other ones than at first.
 std::unique_ptr<TForm> Everything() {
     auto form = std::make_unique<TForm>(nullptr);
     form->SetName("Everything");
     std::vector<TComponent*> parts;
     for (const TComponentClass& type : RegisteredClasses()) {
-        if (type.Name == "TForm" || CppHeaderOf(type.Name).empty()) continue;
+        if (type.Name == "TForm") continue;
+        if (CppHeaderOf(type.Name).empty()) throw kx::Exception(std::string(type.Name) + " has no header");
         parts.push_back(type.Make(form.get()));
         parts.back()->SetName("Part" + std::to_string(parts.size()));
         if (auto* control = dynamic_cast<TControl*>(parts.back())) control->SetParent(form.get());

@@ -4,6 +4,9 @@
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <mutex>
+#include <unordered_map>
 #include <utility>
 
 namespace kx {
@@ -19,9 +22,51 @@ const TPropertyTable& TPersistent::PublishedProperties() const {
 
 std::string TPersistent::ClassName() const { return std::string(PublishedProperties().GetClassName()); }
 
+namespace {
+
+using TRows = std::vector<const TProperty*>;
+
+/// What All answers, made once a table when somebody asks, as few tables are ever asked.
+class TAllRows {
+public:
+    static TAllRows& Instance() {
+        static TAllRows all;
+        return all;
+    }
+    /// Of a table that is made where another one may have been.
+    void Forget(const TPropertyTable& Table) {
+        const std::lock_guard lock(FMutex);
+        FMade.erase(&Table);
+    }
+    TRows Of(const TPropertyTable& Table) {
+        const std::lock_guard lock(FMutex);
+        return Made(Table);
+    }
+
+private:
+    const TRows& Made(const TPropertyTable& Table) {
+        if (const auto known = FMade.find(&Table); known != FMade.end()) return known->second;
+        TRows rows = Table.GetBase() ? Made(*Table.GetBase()) : TRows();
+        const std::size_t inherited = rows.size();
+        for (const TProperty& own : Table.GetOwn()) {
+            const auto end = rows.begin() + std::ptrdiff_t(inherited);
+            const auto before = std::find_if(
+                rows.begin(), end, [&](const TProperty* Row) { return SameText(Row->Name, own.Name); });
+            before == end ? rows.push_back(&own) : void(*before = &own);
+        }
+        return FMade[&Table] = std::move(rows);
+    }
+
+    std::mutex FMutex;
+    std::unordered_map<const TPropertyTable*, TRows> FMade;
+};
+
+} // namespace
+
 TPropertyTable::TPropertyTable(std::string_view ClassName, const TPropertyTable* Base,
                                std::vector<TProperty> Properties, const std::vector<TKept>& Kept)
     : FClassName(ClassName), FBase(Base), FOwn(std::move(Properties)) {
+    TAllRows::Instance().Forget(*this);
     FKept.reserve(Kept.size());
     for (const TKept& kept : Kept) {
         const TProperty* row = kept.Row.Get ? &kept.Row : Find(kept.Name);
@@ -45,20 +90,7 @@ const TProperty* TPropertyTable::FindKey(std::string_view Key) const {
     return nullptr;
 }
 
-std::vector<const TProperty*> TPropertyTable::All() const {
-    std::vector<const TProperty*> all;
-    if (FBase) all = FBase->All();
-    for (const TProperty& own : FOwn) {
-        const auto before = std::find_if(all.begin(), all.end(), [&](const TProperty* Property) {
-            return SameText(Property->Name, own.Name);
-        });
-        if (before == all.end())
-            all.push_back(&own);
-        else
-            *before = &own;
-    }
-    return all;
-}
+std::vector<const TProperty*> TPropertyTable::All() const { return TAllRows::Instance().Of(*this); }
 
 TProperty TPropertyTable::Promoted(std::string_view Name) const {
     for (const TProperty& row : FKept)

@@ -169,7 +169,7 @@ bool TFormReader::ReadParent(TPart& Part, const TFormProperty& Property) const {
 TFormReader::TPlace TFormReader::Find(const TPart& Part, const TFormProperty& Property) {
     const std::string_view path = FText.TextOf(Property.Name);
     TPersistent* object = Part.Component;
-    const TFormRows* rows = &FRows.Of(Part.Class->Properties());
+    const TFormRows* rows = &TFormRows::Of(Part.Class->Properties());
     std::string_view className = Part.Class->Name;
     for (std::size_t begin = 0;;) {
         const std::size_t end = std::min(path.find('.', begin), path.size());
@@ -182,7 +182,7 @@ TFormReader::TPlace TFormReader::Find(const TPart& Part, const TFormProperty& Pr
             FText.Raise(Property.Name, Quoted(name) + " of " + std::string(className) + " has no properties",
                         begin);
         object = std::get<TPersistent*>(row->Get(*object));
-        rows = &FRows.Of(object->PublishedProperties());
+        rows = &TFormRows::Of(object->PublishedProperties());
         className = object->PublishedProperties().GetClassName();
         begin = end + 1;
     }
@@ -218,7 +218,7 @@ void TFormReader::ReadData(const TPart& Part, std::vector<TReader::TData>& Data)
     At(place, [&] { known = reader.ReadData(*Part.Component); });
     for (const TReader::TData& data : Data) {
         if (data.IsRead) continue;
-        std::vector<std::string_view> names = FRows.Of(Part.Class->Properties()).Names();
+        std::vector<std::string_view> names = TFormRows::Of(Part.Class->Properties()).Names();
         names.insert(names.end(), known.begin(), known.end());
         RaiseUnknown(data.First - 2, 0, data.Name, Part.Class->Name, names);
     }

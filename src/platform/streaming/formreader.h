@@ -83,7 +83,6 @@ private:
     bool FIsUpdate = false;
     std::vector<TPart> FParts;
     std::vector<TLater> FReferences, FEvents;
-    TFormRowCache FRows;
 };
 
 } // namespace kx

@@ -3,9 +3,9 @@
 
 #include <kxgraph/platform/objects/persistent.h>
 
+#include <cstddef>
 #include <span>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace kx {
@@ -16,8 +16,12 @@ namespace kx {
 class TFormRows {
 public:
     explicit TFormRows(const TPropertyTable& Table);
+    /// Made once for each table, which is that of a class and therefore stays.
+    static const TFormRows& Of(const TPropertyTable& Table);
 
     std::span<const TProperty> All() const { return FRows; }
+    /// Whether that row of All is published, and not what outfits alone keep.
+    bool IsPublished(std::size_t Index) const { return FPublished[Index]; }
     /// Ignoring case; null when there is none.
     const TProperty* Find(std::string_view Name) const;
     std::vector<std::string_view> Names() const;
@@ -27,17 +31,7 @@ private:
     void AddPublished(const TProperty& Row, const TPropertyTable& Whole);
 
     std::vector<TProperty> FRows;
-};
-
-/// Made once for each table.
-class TFormRowCache {
-public:
-    const TFormRows& Of(const TPropertyTable& Table) {
-        return FRows.try_emplace(&Table, Table).first->second;
-    }
-
-private:
-    std::unordered_map<const TPropertyTable*, TFormRows> FRows;
+    std::vector<bool> FPublished; // of each
 };
 
 } // namespace kx

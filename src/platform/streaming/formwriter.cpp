@@ -125,10 +125,10 @@ TFormPart TFormWriter::WritePart(TComponent& Component, const TFormPart* Before)
 std::string TFormWriter::UnchangedForm(const TComponent& Component, std::string_view Path) {
     const TFormModels::TModel model = ModelOf(Component);
     const TPersistent* object = model.Fresh;
-    const TFormRows* rows = &FRows.Of(model.Class->Properties());
+    const TFormRows* rows = &TFormRows::Of(model.Class->Properties());
     for (std::size_t point; (point = Path.find('.')) != Path.npos; Path.remove_prefix(point + 1)) {
         object = &Inner(*rows->Find(Path.substr(0, point)), *object);
-        rows = &FRows.Of(object->PublishedProperties());
+        rows = &TFormRows::Of(object->PublishedProperties());
     }
     const TProperty* found = rows->Find(Path);
     if (!found) return {};
@@ -145,8 +145,9 @@ void TFormWriter::WriteParent(const TComponent& Component, int Depth) {
 }
 
 void TFormWriter::WriteRows(const TPropertyTable& Table, TPair Pair, const std::string& Prefix, bool Whole) {
-    for (const TProperty& row : FRows.Of(Table).All())
-        WriteRow(row, Table.Find(row.Name) != nullptr && Prefix.empty(), Pair, Prefix, Whole);
+    const TFormRows& rows = TFormRows::Of(Table);
+    for (std::size_t i = 0; i < rows.All().size(); ++i)
+        WriteRow(rows.All()[i], rows.IsPublished(i) && Prefix.empty(), Pair, Prefix, Whole);
 }
 
 // The default of what is declared without one, in a sub-object or for outfits alone, is what an unchanged

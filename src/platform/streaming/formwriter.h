@@ -62,8 +62,7 @@ private:
     TComponent& FRoot;
     std::string FFileName, FText, FIndent;
     const TComponent* FWritten = nullptr; // for messages
-    TFormRowCache FRows;
-    TChildren FChildren; // in the order of components
+    TChildren FChildren;                  // in the order of components
     TFormModels FModels;
 };
 
