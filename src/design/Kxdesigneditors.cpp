@@ -1,6 +1,7 @@
 #include <kxgraph/design/Kxdesigneditors.h>
 
 #include <kxgraph/annotation/Kxresultlabel.h>
+#include <kxgraph/design/Kxfonteditors.h>
 #include <kxgraph/design/Kxreferenceeditors.h>
 #include <kxgraph/design/Kxvalueeditors.h>
 #include <kxgraph/graph/Kxaxis.h>
@@ -42,6 +43,8 @@ bool EnterAll() {
     RegisterPropertyEditor<TKxSetEditor>(IsKind<TPropertyKind::Flags>);
     RegisterPropertyEditor<TKxColorEditor>(IsKind<TPropertyKind::Color>);
     RegisterPropertyEditor<TKxObjectEditor>(IsKind<TPropertyKind::SubObject>);
+    RegisterPropertyEditor<TKxFontEditor>(TKxFontEditor::Fits);
+    RegisterPropertyEditor<TKxFontFamilyEditor>(TKxFontFamilyEditor::Fits);
     RegisterPropertyEditor<TKxRealsEditor>(IsKind<TPropertyKind::Reals>);
     RegisterPropertyEditor<TKxReferenceEditor>(IsKind<TPropertyKind::Reference>);
     RegisterPropertyEditor<TKxEventEditor>(IsKind<TPropertyKind::Event>);

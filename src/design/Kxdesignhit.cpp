@@ -48,7 +48,11 @@ TControl& ControlAt(TForm& Form, TPoint Pos) {
     for (const TWinControl* container = &Form; container;) {
         TControl* child = ChildAt(*container, at);
         if (!child) break;
-        if (IsOfForm(Form, *child)) found = child;
+        auto* owner = dynamic_cast<TControl*>(child->GetOwner()); // of a part, such as the title of an axis
+        if (IsOfForm(Form, *child))
+            found = child;
+        else if (owner && IsOfForm(Form, *owner))
+            found = owner;
         container = dynamic_cast<TWinControl*>(child);
     }
     return *found;
@@ -95,6 +99,12 @@ std::string NaturalProperty(const TComponent& Component) {
     for (const std::string_view name : names)
         if (const TProperty* row = table.Find(name); row && row->Set) return std::string(name);
     return {};
+}
+
+std::string CaptionProperty(const TComponent& Component) {
+    const TProperty* row = Component.PublishedProperties().Find("Caption");
+    const bool isCaption = row && row->Set && row->TypeName == CTypeName<TKxCaption>;
+    return isCaption ? "Caption" : NaturalProperty(Component);
 }
 
 } // namespace kx

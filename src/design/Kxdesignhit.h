@@ -31,4 +31,7 @@ std::vector<TPoint> ShownPoints(const TKxGraphSeries& Series);
 /// Empty where none stands out.
 std::string NaturalProperty(const TComponent& Component);
 
+/// The caption that a component shows on the form; else its natural property.
+std::string CaptionProperty(const TComponent& Component);
+
 } // namespace kx

@@ -54,9 +54,10 @@ bool IsFit(const TComponent& C) { return dynamic_cast<const TKxFittedLine*>(&C) 
 bool IsSeries(const TComponent& C) { return dynamic_cast<const TKxSeries*>(&C) != nullptr; }
 
 /// What form files hold of series without its being published, and what a person wants to decide.
-TProperty OfSeries(std::string_view Name, std::string_view Help) {
+TProperty OfSeries(std::string_view Name, std::string_view Help, std::string_view Type = {}) {
     TProperty row = TKxSeries::Properties().Promoted(Name);
     row.Help = Help;
+    row.TypeName = Type;
     return row;
 }
 
@@ -84,7 +85,7 @@ std::list<TDesignRow> OwnRows() {
         {IsFit, std::move(start)},
         {IsSeries, OfSeries("YAxis", "vertical axis; of an analysis that of its series, until it is set")},
         {IsSeries, OfSeries("DoUserCaption", "UserCaption goes before the automatic caption")},
-        {IsSeries, OfSeries("UserCaption", "caption shown with DoUserCaption")}};
+        {IsSeries, OfSeries("UserCaption", "caption shown with DoUserCaption", CTypeName<TKxCaption>)}};
 }
 
 std::list<TDesignRow>& Rows() {

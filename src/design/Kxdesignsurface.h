@@ -18,7 +18,7 @@ namespace kx {
 /// what is selected, drawn to the edges of its neighbours and to the grid, with Alt freely; a handle resizes.
 /// With a class chosen a press or a drag makes a component of it. Arrows move by a pixel, with Ctrl by the
 /// grid, Shift and arrows resize, Tab selects the next component, Escape takes back a drag or selects the
-/// parent, Delete, Ctrl+A, C, X, V, D, Z, Y (and Shift+Z).
+/// parent, F2 edits the caption, Return what is natural, Delete, Ctrl+A, C, X, V, D, Z, Y (and Shift+Z).
 class TKxDesignSurface : private TFormDesigner, private TKxDesignObserver {
 public:
     /// The document must outlive this.
@@ -39,7 +39,8 @@ public:
     /// What is dragged or drawn at the moment, in pixels of the form, for a status line.
     std::optional<TRect> GetDragged() const;
 
-    /// A double click, or Return: somebody wants to change that property (empty: the component as a whole).
+    /// A double click, Return or F2: somebody wants to change that property (empty: the component as a
+    /// whole).
     TEvent<TComponent*, const std::string&> OnEdit;
     /// GetCreating, or GetDragged, is another one.
     TEvent<> OnState;

@@ -22,6 +22,9 @@ bool TKxDesignSurface::DesignKey(const TKeyStroke& Stroke, bool Down) {
     case kcReturn:
         if (TComponent* primary = FDocument.GetPrimary()) Edit(primary, {});
         return true;
+    case kcF1 + 1:
+        if (TComponent* primary = FDocument.GetPrimary()) Edit(primary, CaptionProperty(*primary));
+        return true;
     case kcEscape:
         if (FMode != TMode::None)
             StopDrag(), Changed();

@@ -20,6 +20,8 @@ enum class TKxEditorKind {
     Suggestions, ///< of GetChoices, or any other text
     Flag,        ///< a check box; texts True and False
     Color,
+    Font,        ///< a text, or its parts: TKxFontEditor
+    FontFamily,  ///< Suggestions, each of which is shown in its own face
     Object,      ///< nothing of its own; its parts are edited
     Values,      ///< a grid: TKxValuesGrid
     Coefficients ///< a grid: TKxCoefficientGrid
@@ -55,7 +57,7 @@ public:
     virtual bool IsReadOnly() const { return FPlace.IsReadOnly(); }
     virtual bool IsDefault() const { return FPlace.IsDefault(); }
     virtual bool CanReset() const { return FPlace.CanReset(); }
-    /// Of a Choice, or Suggestions.
+    /// Of a Choice, Suggestions or a FontFamily.
     virtual std::vector<TKxPropertyChoice> GetChoices() const { return {}; }
 
     /// Sets the property of all components, as one step of the history. Raises EPropertyError, or what the

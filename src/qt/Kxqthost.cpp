@@ -4,12 +4,22 @@
 #include <kxgraph/platform/host/application.h>
 #include <kxgraph/qt/Kxqtfont.h>
 
+#include <QFontDatabase>
+#include <QStringList>
+
 namespace kx::qt {
 
 TSize MeasureWithQt(const TFontFace& Face, std::string_view Text) { return TQtFont::Of(Face).Measure(Text); }
 
 double ExactWidthWithQt(const TFontFace& Face, std::string_view Text) {
     return TQtFont::Of(Face).ExactWidth(Text);
+}
+
+std::vector<std::string> FamiliesOfQt() {
+    std::vector<std::string> families;
+    for (const QString& family : QFontDatabase::families())
+        if (!QFontDatabase::isPrivateFamily(family)) families.push_back(family.toStdString());
+    return families;
 }
 
 void DemandInstalled() {

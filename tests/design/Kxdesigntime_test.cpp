@@ -5,12 +5,15 @@
 
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 #include <kxgraph/annotation/Kxclasses.h>
+#include <kxgraph/design/Kxcaptionplace.h>
+#include <kxgraph/design/Kxdesignhit.h>
 #include <kxgraph/design/Kxpalette.h>
 #include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/streaming/formfile.h>
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
 #include <set>
 #include <string>
@@ -55,6 +58,36 @@ TEST(DesignTime, SeriesFollowTheOrderOfComponentsAndDataAtOnce) {
         line.SetAutoStart(true);
         EXPECT_EQ(line.GetCalculationStart(), isDesigning ? 0 : 1);
     }
+}
+
+TEST(DesignTime, CaptionsAreEditedWhereTheyShow) {
+    test::TGraphForm f;
+    f.Set("Graph1.ShowTitle=1;Graph1.Caption=Title;XAxis1.ShowCaption=1;YAxis1.ShowCaption=1");
+    f.Set("XAxis1.Caption=c\\-0\\- / mM;YAxis1.Caption=absorption at 500 nm");
+    f.Draw();
+    const TRect room = f.Form->GetClientRect();
+    for (TComponent* component : std::initializer_list<TComponent*>{f.Graph, f.X, f.Y}) {
+        SCOPED_TRACE(component->GetName());
+        const auto place = CaptionPlaceOf(*component, "Caption");
+        ASSERT_TRUE(place);
+        const TPoint middle{(place->Shown.Left + place->Shown.Right) / 2,
+                            (place->Shown.Top + place->Shown.Bottom) / 2};
+        EXPECT_EQ(HitTest(*f.Form, middle).Component, component);
+        EXPECT_EQ(CaptionProperty(*component), "Caption");
+        EXPECT_EQ(place->Shown.Height() > place->Shown.Width(), component == f.Y);
+        const TRect field = CaptionFieldRect(place->Shown, {60, 26}, room);
+        EXPECT_TRUE(field.Contains(middle) || component == f.Y);
+        EXPECT_EQ(field.Intersected(room), field);
+        EXPECT_EQ(field.Height(), 26);
+    }
+    EXPECT_EQ(CaptionFieldRect({100, 40, 120, 240}, {60, 26}, room), TRect(80, 127, 140, 153)) << "turned";
+    EXPECT_EQ(CaptionFieldRect({400, 40, 480, 60}, {60, 26}, room).Right, room.Right);
+    f.Set("XAxis1.Caption=");
+    f.Draw();
+    EXPECT_TRUE(ShownRect(*f.X).Contains(CaptionPlaceOf(*f.X, "Caption")->Shown.TopLeft()));
+    f.X->SetVisible(false);
+    EXPECT_FALSE(CaptionPlaceOf(*f.X, "Caption") || CaptionPlaceOf(*f.Graph, "Name"));
+    EXPECT_FALSE(CaptionPlaceOf(*f.AddSeries(), "UserCaption")) << "shows nowhere";
 }
 
 TEST(Palette, HasEveryClassThatStandsOnAForm) {
