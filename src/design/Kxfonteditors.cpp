@@ -67,7 +67,9 @@ std::string TKxFontText::Write() const {
     if (Size) add(std::to_string(*Size));
     for (const std::string_view name : StyleRow().ValueNames)
         if (Style & StyleNamed(name)) add(name);
-    if (Color) add(ColorToText(*Color));
+    if (!Color) return text;
+    const std::string color = ColorToText(*Color);
+    add(color.starts_with("cl") ? color : ColorToHtml(*Color));
     return text;
 }
 

@@ -2,6 +2,7 @@
 // window.
 
 #include "kxdesign/formarea.h"
+#include "kxdesign/inplacecaption.h"
 #include "kxdesign/inspectorpanel.h"
 #include "kxdesign/mainwindow.h"
 #include "kxdesign/objecttree.h"
@@ -19,12 +20,15 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QDropEvent>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QPixmap>
 #include <QTreeWidget>
 #include <QUrl>
 #include <gtest/gtest.h>
@@ -89,10 +93,31 @@ public:
         FWindow.GetTree().ItemOf(Name)->setSelected(true);
         Look();
     }
+    void Key(QWidget& Widget, int Key, Qt::KeyboardModifiers Shift, const QString& Text = {}) {
+        QKeyEvent event(QEvent::KeyPress, Key, Shift, Text);
+        QApplication::sendEvent(&Widget, &event);
+    }
+    /// What is there is replaced; signs of the markup are typed as the keys that switch the looks.
+    void TypeCaption(TCaptionField& Field, const char* Caption) {
+        Key(Field, Qt::Key_Delete, {});
+        for (const char* letter = Caption; *letter; ++letter) {
+            if (*letter != '\\')
+                Key(Field, 0, {}, QString(QLatin1Char(*letter)));
+            else if (*++letter == 'i')
+                Key(Field, Qt::Key_I, Qt::ControlModifier);
+            else
+                Key(Field, *letter == '-' ? Qt::Key_Down : Qt::Key_Up, Qt::ControlModifier);
+        }
+        Key(Field, Qt::Key_Return, {});
+    }
     /// Types into the editor of a property that is open, or is opened by its name.
     void Type(const char* Text) {
         QWidget* viewport = FWindow.GetInspector().GetTree().viewport();
-        if (auto* box = viewport->findChild<QComboBox*>()) {
+        auto* caption = viewport->findChild<TCaptionField*>();
+        if (TCaptionField* inplace = FWindow.GetInplace().GetField()) caption = inplace;
+        if (caption) {
+            TypeCaption(*caption, Text);
+        } else if (auto* box = viewport->findChild<QComboBox*>()) {
             const int index = box->findData(Text);
             ASSERT_GE(index, 0) << Text;
             box->setCurrentIndex(index);
@@ -101,12 +126,9 @@ public:
             auto* line = viewport->findChild<QLineEdit*>();
             ASSERT_TRUE(line) << Text;
             line->selectAll();
-            for (const char* letter = Text; *letter; ++letter) {
-                QKeyEvent key(QEvent::KeyPress, 0, {}, QString(QLatin1Char(*letter)));
-                QApplication::sendEvent(line, &key);
-            }
-            QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, {});
-            QApplication::sendEvent(line, &enter);
+            for (const char* letter = Text; *letter; ++letter)
+                Key(*line, 0, {}, QString(QLatin1Char(*letter)));
+            Key(*line, Qt::Key_Return, {});
         }
         Look();
     }
@@ -118,9 +140,31 @@ public:
         FWindow.ActionNamed(Action)->trigger();
         Look();
     }
+    /// With what stands over the window: lists that have dropped down, dialogs.
     void Shoot(const char* Name) {
-        if (const char* directory = std::getenv("KX_DESIGN_SHOTS"))
-            FWindow.grab().save(QString(directory) + "/" + Name + ".png");
+        const char* directory = std::getenv("KX_DESIGN_SHOTS");
+        if (!directory) return;
+        QPixmap picture = FWindow.grab();
+        QPainter painter(&picture);
+        for (QWidget* other : QApplication::topLevelWidgets())
+            if (other != &FWindow && other->isVisible())
+                painter.drawPixmap(FWindow.mapFromGlobal(other->mapToGlobal(QPoint())), other->grab());
+        picture.save(QString(directory) + "/" + Name + ".png");
+    }
+    /// The editor that stands over the rows, a list of it dropped down; a dialog; null where nothing opens.
+    QWidget* Open(const char* Property) {
+        FWindow.GetInspector().EditProperty(Property);
+        Look();
+        for (QWidget* other : QApplication::topLevelWidgets())
+            if (auto* dialog = dynamic_cast<QDialog*>(other); dialog && dialog->isVisible()) return dialog;
+        for (QObject* child : FWindow.GetInspector().GetTree().viewport()->children())
+            if (auto* editor = dynamic_cast<QWidget*>(child); editor && editor->isVisible()) {
+                if (auto* box = editor->findChild<QComboBox*>()) box->showPopup();
+                if (auto* box = dynamic_cast<QComboBox*>(editor)) box->showPopup();
+                Look();
+                return editor;
+            }
+        return nullptr;
     }
 
 private:
@@ -169,18 +213,18 @@ TEST(Kxdesign, BuildsACalibrationFigureFromATable) {
     user.Set("Caption", "A\\-500 nm\\-");
     user.Shoot("done");
 
-    EXPECT_EQ(graph.GetPrimaryXAxis()->GetCaption(), "c\\-0\\- / mM");
+    EXPECT_EQ(graph.GetPrimaryXAxis()->GetCaption(), "c\\-0\\-  / mM"); // a sign swallows one blank
     EXPECT_TRUE(document.IsModified());
     user.Do("Save");
     EXPECT_FALSE(document.IsModified());
     const std::string built = ReadFile(form);
-    for (const char* part :
-         {"object C: TKxFileVector\n", "FileName = \"calibration.csv\"\n", "Column = \"c\"\n",
-          "object DataWithErrorSeries1: TKxDataWithErrorSeries\n", "dYPlus = DA\n", "dYMinus = DA\n",
-          "XData = C\n", "YData = A\n", "ParentSeries = DataWithErrorSeries1\n",
-          "Fit = LinearRegressionLine1\n", "object Legend1: TKxLegend\n", "Graph = Graph1\n",
-          "Identifier = \"Slope\"\n", "Identifier = \"Offset\"\n", "Prefix = \"\\\\iA\\\\i\\\\-1\\\\- = \"\n",
-          "Caption = \"c\\\\-0\\\\- / mM\"\n", "Caption = \"A\\\\-500 nm\\\\-\"\n"})
+    for (const char* part : {"object C: TKxFileVector\n", "FileName = \"calibration.csv\"\n",
+                             "Column = \"c\"\n", "object DataWithErrorSeries1: TKxDataWithErrorSeries\n",
+                             "dYPlus = DA\n", "dYMinus = DA\n", "XData = C\n", "YData = A\n",
+                             "ParentSeries = DataWithErrorSeries1\n", "Fit = LinearRegressionLine1\n",
+                             "object Legend1: TKxLegend\n", "Graph = Graph1\n", "Identifier = \"Slope\"\n",
+                             "Identifier = \"Offset\"\n", "Prefix = \"\\\\iA\\\\i\\\\-1\\\\-  = \"\n",
+                             "Caption = \"c\\\\-0\\\\-  / mM\"\n", "Caption = \"A\\\\-500 nm\\\\-\"\n"})
         EXPECT_NE(built.find(part), std::string::npos) << part << "in\n" << built;
     TKxDesignDocument again;
     again.Open(form);
@@ -191,6 +235,58 @@ TEST(Kxdesign, BuildsACalibrationFigureFromATable) {
     while (document.CanRedo()) user.Do("Redo");
     EXPECT_EQ(document.GetText(), built);
     EXPECT_EQ(document.GetRebuilds(), 0);
+}
+
+/// A table with a series of it, a line, a fit of a formula and a label: something to edit of every kind.
+struct TFilledWindow {
+    TFilledWindow() {
+        ReplaceFile(Directory / "t.csv", "t,U\n0,1\n1,3\n2,5.2\n3,6.9\n");
+        User.DropFile(Directory / "t.csv");
+        const TPoint corner = Only<TKx2DGraph>(Window.GetDocument()).GetDrawingWorld().ClientToRoot({30, 20});
+        for (const char* type : {"TKxLinearRegressionLine", "TKxFittedLine", "TKxResultLabel", "TKxLabel",
+                                 "TListBox", "TKxRealVector"}) {
+            User.Place(type, corner, corner);
+            User.Look();
+        }
+    }
+    const test::TTemporaryDirectory Directory;
+    TMainWindow Window;
+    TUser User{Window};
+};
+
+TEST(Kxdesign, OpensAnEditorForEveryKindOfProperty) {
+    TFilledWindow f;
+    f.Window.AskSave = [] { return TAnswer::Discard; };
+    struct TCase {
+        const char *Component, *Property, *File;
+    };
+    for (const TCase& c : {TCase{"XAxis", "Position", "enumeration"},
+                           {"XAxis", "Font.Style", "set"},
+                           {"Graph1", "Color", "color"},
+                           {"Graph1", "TitleFont", "font"},
+                           {"Graph1", "TitleFont.Name", "fontfamily"},
+                           {"DataSeries1", "LineStyle.Style", "pen"},
+                           {"DataSeries1", "AreaStyle.Style", "brush"},
+                           {"DataSeries1", "YAxis", "reference"},
+                           {"ResultLabel1", "Identifier", "result"},
+                           {"Label1", "Caption", "caption"},
+                           {"RealVector1", "Values", "values"},
+                           {"FittedLine1", "Coefficients", "coefficients"},
+                           {"Graph1", "OnClick", "event"},
+                           {"ListBox1", "Items", "lines"},
+                           {"DataSeries1", "PointStyle.Style", "symbol"}}) {
+        SCOPED_TRACE(c.File);
+        ASSERT_TRUE(f.Window.GetDocument().Find(c.Component));
+        f.User.Select(c.Component);
+        QWidget* editor = f.User.Open(c.Property);
+        ASSERT_TRUE(editor);
+        f.User.Shoot(c.File);
+        QWidget* rows = f.Window.GetInspector().GetTree().viewport();
+        EXPECT_TRUE(editor->parentWidget() != rows || rows->rect().contains(editor->geometry()));
+        if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+        if (auto* dialog = dynamic_cast<QDialog*>(editor)) dialog->reject();
+        f.User.Look();
+    }
 }
 
 TEST(Kxdesign, AsksBeforeUnsavedWorkGoes) {

@@ -12,6 +12,7 @@
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QPushButton>
 #include <QSpinBox>
@@ -70,6 +71,10 @@ public:
         FTable->setRowCount(std::min(Rows() + Spare, CMostShown));
         FTable->setColumnCount(int(Headers.size()));
         FTable->setHorizontalHeaderLabels(Headers);
+        constexpr int CFew = 6; // have room side by side
+        const bool areFew = FTable->columnCount() <= CFew;
+        FTable->horizontalHeader()->setSectionResizeMode(areFew ? QHeaderView::Stretch
+                                                                : QHeaderView::Interactive);
         for (int row = 0; row < FTable->rowCount(); ++row)
             for (int column = 0; column < FTable->columnCount(); ++column)
                 FTable->setItem(row, column,

@@ -41,7 +41,8 @@ TInspectorPanel::TInspectorPanel(TKxDesignDocument& Document, QWidget* Parent)
     FTree->setColumnCount(2);
     FTree->setHeaderHidden(true);
     FTree->header()->setStretchLastSection(true);
-    FTree->setColumnWidth(0, 150);
+    FTree->setColumnWidth(0, 160);
+    FTree->setIconSize({12, 12});
     FTree->setEditTriggers(QAbstractItemView::NoEditTriggers);
     FTree->setContextMenuPolicy(Qt::CustomContextMenu);
     FTree->setItemDelegateForColumn(

@@ -2,6 +2,7 @@
 
 #include "kxdesign/formarea.h"
 #include "kxdesign/guarded.h"
+#include "kxdesign/inplacecaption.h"
 #include "kxdesign/inspectorpanel.h"
 #include "kxdesign/objecttree.h"
 #include "kxdesign/palette.h"
@@ -30,7 +31,8 @@ namespace kxdesign {
 using namespace kx;
 
 TMainWindow::TMainWindow(const std::string& StateDirectory)
-    : FSurface(FDocument), FStateDirectory(StateDirectory), FArea(new TFormArea(FDocument, this)) {
+    : FSurface(FDocument), FStateDirectory(StateDirectory), FArea(new TFormArea(FDocument, this)),
+      FInplace(new TInplaceCaption(FDocument, FArea->GetView())) {
     TApplication::Instance().OnException = [this](const std::exception& Error) {
         ShowFault(this, Error.what());
     };
@@ -200,7 +202,7 @@ void TMainWindow::ShowState() {
 
 void TMainWindow::Edit(TComponent* Component, const std::string& Property) {
     FDocument.Select(Component);
-    FInspector->EditProperty(Property);
+    if (!FInplace->Begin(*Component, Property)) FInspector->EditProperty(Property);
 }
 
 void TMainWindow::ShowMenu(TPoint Pos) {

@@ -21,6 +21,7 @@ class QMenu;
 namespace kxdesign {
 
 class TFormArea;
+class TInplaceCaption;
 class TInspectorPanel;
 class TObjectTree;
 class TPalette;
@@ -39,6 +40,7 @@ public:
     TPalette& GetPalette() const { return *FPalette; }
     TObjectTree& GetTree() const { return *FTree; }
     TInspectorPanel& GetInspector() const { return *FInspector; }
+    TInplaceCaption& GetInplace() const { return *FInplace; }
 
     /// What was asked for at the start. Raises what cannot be read.
     void Start(const TOptions& Options);
@@ -99,6 +101,7 @@ private:
     std::unique_ptr<kx::TKxDesignAutosave> FAutosave;
     std::string FStateDirectory;
     TFormArea* FArea;
+    TInplaceCaption* FInplace; // the area's
     TPalette* FPalette = nullptr;
     TObjectTree* FTree = nullptr;
     TInspectorPanel* FInspector = nullptr;

@@ -1,18 +1,28 @@
 #include "kxdesign/propertydelegate.h"
 
+#include "kxdesign/captionfield.h"
+#include "kxdesign/fontfield.h"
 #include "kxdesign/guarded.h"
 
+#include <kxgraph/annotation/Kxcaption.h>
 #include <kxgraph/platform/text/colors.h>
+#include <kxgraph/qt/Kxqtdevice.h>
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QImage>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPixmap>
 #include <QTimer>
 #include <QToolButton>
 #include <QTreeWidget>
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace kxdesign {
@@ -22,6 +32,7 @@ using namespace kx;
 namespace {
 
 constexpr int CPath = Qt::UserRole;
+constexpr int CTextMargin = 3; // of texts in cells
 
 QColor ColorOf(const std::string& Text) {
     const auto color = ColorFromText(Text);
@@ -56,17 +67,23 @@ private:
 
 QComboBox* NewChoice(QWidget* Parent, const TKxInspectorRow& Row) {
     auto* box = new QComboBox(Parent);
+    if (Row.Editor->GetKind() == TKxEditorKind::FontFamily) return AddFamilies(*box, *Row.Editor), box;
     box->setEditable(Row.Editor->GetKind() == TKxEditorKind::Suggestions);
     for (const TKxPropertyChoice& choice : Row.Editor->GetChoices()) {
-        const QString text = Shown(choice.Text);
-        box->addItem(choice.Note.empty() ? text : text + "   " + Shown(choice.Note), text);
+        const QString text = Shown(choice.Text), note = Shown(choice.Note);
+        const QString noted = text.isEmpty() ? "(" + note + ")" : text + "   " + note;
+        box->addItem(note.isEmpty() ? text : noted, text);
     }
+    constexpr int CMostWidth = 420, CScrollBar = 24;
+    box->view()->setMinimumWidth(std::min(box->view()->sizeHintForColumn(0) + CScrollBar, CMostWidth));
     if (Row.Editor->GetKind() == TKxEditorKind::Flag && box->count() == 0)
         for (const char* text : {"True", "False"}) box->addItem(text, text);
     return box;
 }
 
 QString TextOf(QWidget* Editor) {
+    if (auto* caption = dynamic_cast<TCaptionField*>(Editor)) return Shown(caption->GetCaption());
+    if (auto* font = dynamic_cast<TFontField*>(Editor)) return Shown(font->GetText());
     if (auto* box = dynamic_cast<QComboBox*>(Editor)) {
         const int index = box->findText(box->currentText());
         return index >= 0 ? box->itemData(index).toString() : box->currentText();
@@ -75,10 +92,62 @@ QString TextOf(QWidget* Editor) {
     return static_cast<QLineEdit*>(Editor)->text();
 }
 
+/// Windows of their own, such as lists that drop down, are within what has opened them.
+bool IsWithin(const QWidget& Outer, const QWidget* Widget) {
+    while (Widget && Widget != &Outer) Widget = Widget->parentWidget();
+    return Widget;
+}
+
 } // namespace
 
 TPropertyDelegate::TPropertyDelegate(TKxInspector& Inspector, TTake Take, QObject* Parent)
     : QStyledItemDelegate(Parent), FInspector(Inspector), FTake(std::move(Take)) {}
+
+namespace {
+
+QImage PictureOf(const std::string& Caption, const QColor& Color, int Height, double Scale) {
+    const TKxParsedCaption caption = ParseCaption(Caption);
+    TCanvas measuring;
+    const int width = MeasureCaption(caption, measuring) + 2; // slanted letters lean out
+    QImage picture(int(std::ceil(width * Scale)), int(std::ceil(Height * Scale)),
+                   QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    kx::qt::TPainterDevice device(painter, {width, Height}, Scale, true);
+    TCanvas canvas(&device);
+    canvas.Brush.SetStyle(bsClear);
+    canvas.Font.SetColor(RGB(Color.red(), Color.green(), Color.blue()));
+    PaintCaption(caption, canvas, 0, (Height - canvas.TextHeight("X")) / 2, 0);
+    painter.end();
+    picture.setDevicePixelRatio(Scale);
+    return picture;
+}
+
+} // namespace
+
+void TPropertyDelegate::paint(QPainter* Painter, const QStyleOptionViewItem& Option,
+                              const QModelIndex& Index) const {
+    const TKxInspectorRow* row = RowAt(Index);
+    const bool hasLooks =
+        row && row->Editor->GetKind() == TKxEditorKind::Caption && row->Text.find('\\') != std::string::npos;
+    if (!hasLooks) return QStyledItemDelegate::paint(Painter, Option, Index);
+    QStyleOptionViewItem option(Option);
+    initStyleOption(&option, Index);
+    option.text.clear();
+    const QStyle& style = option.widget ? *option.widget->style() : *QApplication::style();
+    style.drawControl(QStyle::CE_ItemViewItem, &option, Painter, option.widget);
+    const auto role = option.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text;
+    Painter->save();
+    Painter->setClipRect(option.rect);
+    Painter->drawImage(option.rect.topLeft() + QPoint(CTextMargin, 0),
+                       PictureOf(row->Text, option.palette.color(role), option.rect.height(),
+                                 Painter->device()->devicePixelRatioF()));
+    Painter->restore();
+}
+
+QSize TPropertyDelegate::sizeHint(const QStyleOptionViewItem& Option, const QModelIndex& Index) const {
+    return QStyledItemDelegate::sizeHint(Option, Index).expandedTo({0, Option.fontMetrics.height() + 8});
+}
 
 const TKxInspectorRow* TPropertyDelegate::RowAt(const QModelIndex& Index) const {
     const QString path = Index.sibling(Index.row(), 0).data(CPath).toString();
@@ -92,20 +161,63 @@ QWidget* TPropertyDelegate::createEditor(QWidget* Parent, const QStyleOptionView
     switch (row->Editor->GetKind()) {
     case TKxEditorKind::Choice:
     case TKxEditorKind::Suggestions:
-    case TKxEditorKind::Flag: {
-        QComboBox* box = NewChoice(Parent, *row);
-        auto* self = const_cast<TPropertyDelegate*>(this);
-        connect(box, &QComboBox::activated, self, [self, box] {
-            Q_EMIT self->commitData(box);
-            Q_EMIT self->closeEditor(box);
-        });
-        return box;
+    case TKxEditorKind::FontFamily:
+    case TKxEditorKind::Flag: return NewBox(Parent, *row);
+    case TKxEditorKind::Color: {
+        auto* color = new TColorEdit(Parent);
+        FinishWhenLeft(*color);
+        return color;
     }
-    case TKxEditorKind::Color: return new TColorEdit(Parent);
+    case TKxEditorKind::Font: {
+        auto* font = new TFontField(Parent);
+        font->SetFont(static_cast<const TKxFontEditor&>(*row->Editor).GetFont());
+        FinishWhenLeft(*font);
+        return font;
+    }
+    case TKxEditorKind::Caption: {
+        auto* caption = new TCaptionField(Parent);
+        caption->SetCaption(row->Text);
+        return caption;
+    }
     default: return new QLineEdit(Parent);
     }
 }
 
+QComboBox* TPropertyDelegate::NewBox(QWidget* Parent, const TKxInspectorRow& Row) const {
+    QComboBox* box = NewChoice(Parent, Row);
+    auto* self = const_cast<TPropertyDelegate*>(this);
+    connect(box, &QComboBox::activated, self, [self, box] {
+        Q_EMIT self->commitData(box);
+        Q_EMIT self->closeEditor(box);
+    });
+    return box;
+}
+
+/// The view notices only of the editor itself that it loses the focus, not of what is in it.
+void TPropertyDelegate::FinishWhenLeft(QWidget& Editor) const {
+    auto* self = const_cast<TPropertyDelegate*>(this);
+    connect(qApp, &QApplication::focusChanged, &Editor, [self, &Editor](QWidget* Before, QWidget* Now) {
+        if (!Now || !IsWithin(Editor, Before) || IsWithin(Editor, Now)) return;
+        Q_EMIT self->commitData(&Editor);
+        Q_EMIT self->closeEditor(&Editor);
+    });
+}
+
+/// Some have more than one line, and hide a part of the next rows.
+void TPropertyDelegate::updateEditorGeometry(QWidget* Editor, const QStyleOptionViewItem& Option,
+                                             const QModelIndex& Index) const {
+    const QRect room = Editor->parentWidget()->rect();
+    if (auto* caption = dynamic_cast<TCaptionField*>(Editor)) {
+        const int more = caption->WantedSize().Height - Option.rect.height();
+        caption->PlaceOver(Option.rect.adjusted(0, -more / 2, 0, more - more / 2), room);
+    } else if (auto* font = dynamic_cast<TFontField*>(Editor)) {
+        font->PlaceOver(Option.rect, room);
+    } else {
+        QStyledItemDelegate::updateEditorGeometry(Editor, Option, Index);
+    }
+}
+
+// What an editor of a caption or a font has, it was given when it was made.
 void TPropertyDelegate::setEditorData(QWidget* Editor, const QModelIndex& Index) const {
     const TKxInspectorRow* row = RowAt(Index);
     const QString text = row ? Shown(row->Text) : QString();
@@ -114,8 +226,8 @@ void TPropertyDelegate::setEditorData(QWidget* Editor, const QModelIndex& Index)
         if (box->isEditable()) box->setCurrentText(text);
     } else if (auto* color = dynamic_cast<TColorEdit*>(Editor)) {
         color->Text().setText(text);
-    } else {
-        static_cast<QLineEdit*>(Editor)->setText(text);
+    } else if (auto* line = dynamic_cast<QLineEdit*>(Editor)) {
+        line->setText(text);
     }
 }
 
@@ -132,6 +244,11 @@ void ShowColor(QTreeWidgetItem& Item, const TKxInspectorRow& Row) {
     const QColor color = ColorOf(Row.Text);
     QPixmap square(12, 12);
     square.fill(color.isValid() ? color : QColor(Qt::transparent));
+    if (color.isValid()) { // white is seen on white
+        QPainter painter(&square);
+        painter.setPen(Qt::gray);
+        painter.drawRect(0, 0, 11, 11);
+    }
     Item.setIcon(1, QIcon(square));
 }
 

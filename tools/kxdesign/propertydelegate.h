@@ -8,6 +8,7 @@
 #include <functional>
 #include <string>
 
+class QComboBox;
 class QTreeWidgetItem;
 
 namespace kxdesign {
@@ -19,13 +20,22 @@ public:
     /// The inspector must outlive this.
     TPropertyDelegate(kx::TKxInspector& Inspector, TTake Take, QObject* Parent);
 
+    /// Captions as they will be painted.
+    void paint(QPainter* Painter, const QStyleOptionViewItem& Option,
+               const QModelIndex& Index) const override;
+    /// At least as high as a combo needs.
+    QSize sizeHint(const QStyleOptionViewItem& Option, const QModelIndex& Index) const override;
     QWidget* createEditor(QWidget* Parent, const QStyleOptionViewItem& Option,
                           const QModelIndex& Index) const override;
     void setEditorData(QWidget* Editor, const QModelIndex& Index) const override;
+    void updateEditorGeometry(QWidget* Editor, const QStyleOptionViewItem& Option,
+                              const QModelIndex& Index) const override;
     void setModelData(QWidget* Editor, QAbstractItemModel* Model, const QModelIndex& Index) const override;
 
 private:
     const kx::TKxInspectorRow* RowAt(const QModelIndex& Index) const;
+    QComboBox* NewBox(QWidget* Parent, const kx::TKxInspectorRow& Row) const;
+    void FinishWhenLeft(QWidget& Editor) const;
 
     kx::TKxInspector& FInspector;
     TTake FTake;
