@@ -96,14 +96,12 @@ void TKxDesignDocument::Go(TStep& Step, bool Back) {
 }
 
 void TKxDesignDocument::BringTo(const TKxFormState& Target) {
+    Settle();
     TKxFormState live = CaptureForm(*FForm, *FWriter, FState);
     TKxFormRestorer restorer(*FForm, *FWriter, FFileName);
     const bool restored = restorer.Restore(live, Target);
     for (const auto& [before, after] : restorer.GetRenamed()) std::ranges::replace(FSelected, before, after);
     if (!restored) return Rebuild(Target);
-    Settle();
-    live = CaptureForm(*FForm, *FWriter, live);
-    if (!(live == Target)) return Rebuild(Target);
     FState = std::move(live);
 }
 

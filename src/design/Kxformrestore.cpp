@@ -1,6 +1,6 @@
 #include <kxgraph/design/Kxformrestore.h>
 
-#include <kxgraph/platform/controls/control.h>
+#include <kxgraph/platform/controls/frame.h>
 #include <kxgraph/platform/streaming/formfile.h>
 
 #include <algorithm>
@@ -70,6 +70,7 @@ bool TKxFormRestorer::Restore(TKxFormState& Live, const TKxFormState& Target) {
         } catch (const std::exception&) {
             // what it has not set differs still, and the rounds that are left, or the whole form, mend it
         }
+        SettleTree(FRoot); // what that changes counts, too
         Live = CaptureForm(FRoot, FWriter, Live);
     }
     return Live == Target;

@@ -3,6 +3,7 @@
 // gone come back, and what differs is set.
 
 #include <kxgraph/design/Kxformstate.h>
+#include <kxgraph/platform/controls/form.h>
 
 #include <map>
 #include <string>
@@ -18,10 +19,10 @@ namespace kx {
 class TKxFormRestorer {
 public:
     /// FileName: what the form's own files lie beside.
-    TKxFormRestorer(TComponent& Root, TFormWriter& Writer, std::string FileName)
+    TKxFormRestorer(TForm& Root, TFormWriter& Writer, std::string FileName)
         : FRoot(Root), FWriter(Writer), FFileName(std::move(FileName)) {}
-    /// Live: what the form is now, and what it is afterwards. Whether that is Target. Raises nothing that a
-    /// component raises.
+    /// Live: what the form is now, and what it is afterwards, settled. Whether that is Target. Raises nothing
+    /// that a component raises.
     bool Restore(TKxFormState& Live, const TKxFormState& Target);
     /// Components that have got other names on the way: before, after.
     const std::vector<std::pair<std::string, std::string>>& GetRenamed() const { return FRenamed; }
@@ -36,7 +37,7 @@ private:
     void PutInOrder(const TKxFormState& Target, std::string_view Name, int& Index);
     void Stack(const TKxPartState& Target);
 
-    TComponent& FRoot;
+    TForm& FRoot;
     TFormWriter& FWriter;
     std::string FFileName;
     std::map<std::string, std::string, std::less<>> FParents; // as the form is
