@@ -1,6 +1,7 @@
 #include <kxgraph/qtwidgets/Kxclientwidget.h>
 
 #include <kxgraph/platform/objects/guarded.h>
+#include <kxgraph/qtwidgets/Kxqtaccessiblechanges.h>
 #include <kxgraph/qtwidgets/Kxqtmenu.h>
 #include <kxgraph/qtwidgets/Kxqttext.h>
 
@@ -76,6 +77,14 @@ bool TClientWidget::IsSeen() const { return FClient && isVisible() && !window()-
 void TClientWidget::InvalidateBy(const TRect& Rect) {
     FBacking.Add(QRect(Rect.Left, Rect.Top, Rect.Width(), Rect.Height()));
     AskFrame();
+    AskTelling();
+}
+
+/// What is said to screen readers shows, too: whatever changes it asks for a paint, or moves the caret. They
+/// are told a little later, of all that has come together.
+void TClientWidget::AskTelling() {
+    constexpr int CPause = 20; // milliseconds
+    if (HasReaders() && !FTellTimer.isActive()) FTellTimer.start(CPause, this);
 }
 
 /// What cannot be seen is painted when the window system asks for it.
@@ -117,6 +126,10 @@ void TClientWidget::paintEvent(QPaintEvent* Event) {
 }
 
 void TClientWidget::timerEvent(QTimerEvent* Event) {
+    if (Event->timerId() == FTellTimer.timerId()) {
+        FTellTimer.stop();
+        return Guarded([this] { TellAccessibleChanges(*this); });
+    }
     if (Event->timerId() != FFrameTimer.timerId()) return QWidget::timerEvent(Event);
     update(DrawFrame());
 }
@@ -239,6 +252,7 @@ QVariant TClientWidget::inputMethodQuery(Qt::InputMethodQuery Query) const {
 void TClientWidget::TextInputBy() {
     Tell([this](THostClient& C) { setAttribute(Qt::WA_InputMethodEnabled, C.HostTextInput().Takes); });
     updateMicroFocus();
+    AskTelling();
 }
 
 void TClientWidget::EndCompositionBy() {

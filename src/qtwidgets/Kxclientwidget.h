@@ -92,6 +92,7 @@ private:
         QPointer<TClientWidget> FWidget;
     };
     void AskFrame();
+    void AskTelling();
     QRegion DrawFrame();
     void SendMouse(QMouseEvent& Event, TMouseKind Kind, TShiftState More = 0);
     bool SendKey(const QKeyEvent& Event, bool Down);
@@ -100,7 +101,7 @@ private:
     THostClient* FClient = nullptr;
     TBacking FBacking;
     TWheelReader FWheel;
-    QBasicTimer FFrameTimer;
+    QBasicTimer FFrameTimer, FTellTimer;
     QElapsedTimer FSinceFrame;
     bool FFrameAsked = false, FPressed = false; // FPressed: any button is down
     bool FComposes = false;

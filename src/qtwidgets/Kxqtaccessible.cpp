@@ -1,6 +1,7 @@
 #include <kxgraph/qtwidgets/Kxqtaccessible.h>
 
 #include <kxgraph/qtwidgets/Kxclientwidget.h>
+#include <kxgraph/qtwidgets/Kxqtaccessiblechanges.h>
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -15,8 +16,7 @@ namespace kx::qt {
 
 namespace {
 
-/// Which part: the place among its neighbours on each level, from the top.
-using TPath = std::vector<int>;
+using TPath = TAccessiblePath;
 
 QAccessible::Role RoleOf(TAccessibleRole Role) {
     switch (Role) {
@@ -55,7 +55,7 @@ QString TextOf(const TAccessiblePart& Part, QAccessible::Text Kind) {
 }
 
 /// The widget: what its client tells, remembered for as long as a reader takes to ask for all of it.
-class TWindowAccess : public QAccessibleWidget {
+class TWindowAccess : public QAccessibleWidget, public TAccessibleTeller {
 public:
     explicit TWindowAccess(TClientWidget* Widget) : QAccessibleWidget(Widget, QAccessible::Client) {}
     ~TWindowAccess() override {
@@ -66,6 +66,10 @@ public:
     const TAccessiblePart* Find(const TPath& Path);
     QAccessibleInterface* InterfaceOf(const TPath& Path);
     QRect RectOf(const TPath& Path);
+    void TellChanges() override;
+    bool HasKeys() const {
+        return widget()->hasFocus() || (widget()->windowFlags() & Qt::Popup) == Qt::Popup;
+    }
 
     int childCount() const override {
         const TAccessiblePart* window = Self().Find({});
@@ -77,6 +81,11 @@ public:
             if (child(i) == Child) return i;
         return -1;
     }
+    QAccessibleInterface* focusChild() const override {
+        const TAccessiblePart* window = HasKeys() ? Self().Find({}) : nullptr;
+        const TPath path = window ? FocusIn(*window) : TPath();
+        return path.empty() ? QAccessibleWidget::focusChild() : Self().InterfaceOf(path);
+    }
     QString text(QAccessible::Text Kind) const override {
         const TAccessiblePart* window = Self().Find({});
         const QString text = window ? TextOf(*window, Kind) : QString();
@@ -87,13 +96,16 @@ private:
     /// What is made when it is asked for belongs to no state that Qt knows of.
     TWindowAccess& Self() const { return const_cast<TWindowAccess&>(*this); }
 
-    TAccessiblePart FTold;
+    bool Ask();
+
+    TAccessiblePart FTold, FBefore; // FBefore: what changes are told from
+    TPath FFocus;                   // the part that Qt was told of
     QElapsedTimer FSinceTold;
     std::map<TPath, QAccessible::Id> FInterfaces;
 };
 
 /// A part of it.
-class TPartAccess : public QAccessibleInterface {
+class TPartAccess : public QAccessibleInterface, private TTextAccess {
 public:
     TPartAccess(QWidget* Widget, TPath Path) : FWidget(Widget), FPath(std::move(Path)) {}
 
@@ -125,6 +137,7 @@ public:
             if (QAccessibleInterface* found = child(i); found && found->rect().contains(X, Y)) return found;
         return nullptr;
     }
+    using TTextAccess::text;
     QString text(QAccessible::Text Kind) const override {
         const TAccessiblePart* part = Part();
         return part ? TextOf(*part, Kind) : QString();
@@ -139,16 +152,14 @@ public:
         return part ? RoleOf(part->Role) : QAccessible::NoRole;
     }
     QAccessible::State state() const override {
-        const TAccessiblePart* part = Part();
+        if (const TAccessiblePart* part = Part()) return StateOf(*part, Access()->HasKeys());
         QAccessible::State state;
-        state.invalid = !part;
-        state.readOnly = !part || !part->Editable;
-        if (!part) return state;
-        state.focused = part->Focused;
-        state.disabled = !part->Enabled;
-        state.checked = part->Checked;
-        state.selected = part->Checked && part->Role == TAccessibleRole::ListItem;
+        state.invalid = state.readOnly = true;
         return state;
+    }
+    void* interface_cast(QAccessible::InterfaceType Type) override {
+        const TAccessiblePart* part = Type == QAccessible::TextInterface ? Part() : nullptr;
+        return part && part->Caret >= 0 ? static_cast<QAccessibleTextInterface*>(this) : nullptr;
     }
 
 private:
@@ -160,19 +171,27 @@ private:
         TWindowAccess* access = Access();
         return access ? access->Find(FPath) : nullptr;
     }
+    const TAccessiblePart* Field() const override { return Part(); }
+    QRect FieldRect() const override { return rect(); }
 
     QPointer<QWidget> FWidget;
     TPath FPath;
 };
 
+/// Whether there is anybody.
+bool TWindowAccess::Ask() {
+    auto* shown = dynamic_cast<TClientWidget*>(widget());
+    if (!shown || !shown->GetClient()) return false;
+    FTold = shown->GetClient()->HostAccessible();
+    FSinceTold.start();
+    return true;
+}
+
 const TAccessiblePart* TWindowAccess::Find(const TPath& Path) {
     constexpr qint64 CMemory = 100; // milliseconds
     auto* shown = dynamic_cast<TClientWidget*>(widget());
     if (!shown || !shown->GetClient()) return nullptr;
-    if (!FSinceTold.isValid() || FSinceTold.elapsed() > CMemory) {
-        FTold = shown->GetClient()->HostAccessible();
-        FSinceTold.start();
-    }
+    if (!FSinceTold.isValid() || FSinceTold.elapsed() > CMemory) Ask();
     const TAccessiblePart* part = &FTold;
     for (const int index : Path) {
         if (index < 0 || index >= int(part->Parts.size())) return nullptr;
@@ -200,6 +219,21 @@ QRect TWindowAccess::RectOf(const TPath& Path) {
     }
     const TRect bounds = part->Bounds;
     return QRect(bounds.Left, bounds.Top, bounds.Width(), bounds.Height()).translated(origin);
+}
+
+// Whoever is told asks at once, and may have all told anew: what is compared is kept apart.
+void TWindowAccess::TellChanges() {
+    const TAccessiblePart before = std::exchange(FBefore, Ask() ? FTold : TAccessiblePart()), now = FBefore;
+    const auto interfaceOf = [this](const TPath& Path) -> QAccessibleInterface* {
+        return Path.empty() ? this : InterfaceOf(Path);
+    };
+    qt::TellChanges(before, now, interfaceOf);
+    const TPath focus = HasKeys() ? FocusIn(now) : TPath();
+    if (std::exchange(FFocus, focus) == focus || focus.empty()) return;
+    if (QAccessibleInterface* focused = InterfaceOf(focus)) {
+        QAccessibleEvent event(focused, QAccessible::Focus);
+        Send(event);
+    }
 }
 
 QAccessibleInterface* Make(const QString&, QObject* Object) {

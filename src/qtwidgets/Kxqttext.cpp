@@ -11,11 +11,6 @@ namespace {
 
 int CharactersOf(const QString& Text) { return int(Text.toUcs4().size()); }
 
-int UnitsOf(const QString& Text, int Characters) {
-    return int(
-        QString::fromUcs4(Text.toStdU32String().data(), std::min(Characters, CharactersOf(Text))).size());
-}
-
 int CaretOf(const QInputMethodEvent& Event) {
     for (const auto& attribute : Event.attributes())
         if (attribute.type == QInputMethodEvent::Cursor)
@@ -24,6 +19,11 @@ int CaretOf(const QInputMethodEvent& Event) {
 }
 
 } // namespace
+
+int UnitsOf(const QString& Text, int Characters) {
+    return int(
+        QString::fromUcs4(Text.toStdU32String().data(), std::min(Characters, CharactersOf(Text))).size());
+}
 
 TComposition CompositionOf(const QInputMethodEvent& Event, const THostTextInput& Input) {
     const QString text = QString::fromStdString(Input.Text);

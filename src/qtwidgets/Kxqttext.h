@@ -5,9 +5,13 @@
 #include <kxgraph/platform/host/input.h>
 
 #include <QInputMethodEvent>
+#include <QString>
 #include <QVariant>
 
 namespace kx::qt {
+
+/// How many units so many characters of Text are; all of them where it has no more.
+int UnitsOf(const QString& Text, int Characters);
 
 /// Input: what the control that has the focus has told.
 TComposition CompositionOf(const QInputMethodEvent& Event, const THostTextInput& Input);

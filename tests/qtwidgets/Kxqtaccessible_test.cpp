@@ -3,13 +3,19 @@
 
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 #include <kxgraph/annotation/Kxlabel.h>
+#include <kxgraph/platform/widgets/button.h>
+#include <kxgraph/platform/widgets/edit.h>
+#include <kxgraph/platform/widgets/listbox.h>
 #include <kxgraph/qtwidgets/Kxformview.h>
+#include <kxgraph/qtwidgets/Kxqtaccessiblechanges.h>
 
 #include <QAccessible>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace kx {
 namespace {
@@ -61,6 +67,89 @@ TEST(Accessible, TellsWhatAGraphShows) {
     test::WaitFor(150);
     EXPECT_FALSE(note->isValid() || graph->isValid());
     EXPECT_EQ(window->childCount(), 0);
+}
+
+/// What Qt is told of the parts of windows, an event a word.
+std::string Told;
+
+void Hear(QAccessibleEvent& Event) {
+    QAccessibleInterface* part = Event.accessibleInterface();
+    const auto text = [](const QString& Text) { return Text.toStdString(); };
+    std::string what;
+    if (Event.type() == QAccessible::Focus) what = "focus";
+    if (const auto* e = dynamic_cast<QAccessibleTextInsertEvent*>(&Event))
+        what = "insert(" + text(e->textInserted()) + ")";
+    else if (const auto* e = dynamic_cast<QAccessibleTextRemoveEvent*>(&Event))
+        what = "remove(" + text(e->textRemoved()) + ")";
+    else if (const auto* e = dynamic_cast<QAccessibleTextUpdateEvent*>(&Event))
+        what = "update(" + text(e->textRemoved()) + "," + text(e->textInserted()) + ")";
+    else if (const auto* e = dynamic_cast<QAccessibleTextSelectionEvent*>(&Event))
+        what =
+            "select(" + std::to_string(e->selectionStart()) + "," + std::to_string(e->selectionEnd()) + ")";
+    else if (const auto* e = dynamic_cast<QAccessibleTextCursorEvent*>(&Event))
+        what = "caret(" + std::to_string(e->cursorPosition()) + ")";
+    else if (const auto* e = dynamic_cast<QAccessibleValueChangeEvent*>(&Event))
+        what = "value(" + text(e->value().toString()) + ")";
+    else if (const auto* e = dynamic_cast<QAccessibleStateChangeEvent*>(&Event))
+        what = e->changedStates().checked    ? "checked"
+               : e->changedStates().selected ? "selected"
+               : e->changedStates().disabled ? "disabled"
+                                             : "state";
+    Told += text(part->text(QAccessible::Name)) + ":" + what + " ";
+}
+
+TEST(Accessible, TellsOfWhatChanges) {
+    TForm form(nullptr);
+    TEdit edit(&form);
+    TCheckBox box(&form);
+    TListBox list(&form);
+    TWinControl* const controls[] = {&edit, &box, &list};
+    for (int i = 0; i < 3; ++i) {
+        controls[i]->SetParent(&form);
+        controls[i]->SetBounds(10, 10 + 40 * i, 120, 26 + 30 * (i / 2));
+    }
+    edit.SetName("Edit"), list.SetName("List"), box.SetCaption("&Box");
+    edit.SetText("\U0001D11Eab"), edit.SetAutoSelect(false);
+    list.SetItems({"one", "two"});
+    qt::FormView view(form);
+    qt::ListenToAccessible(Hear);
+    view.resize(300, 300);
+    view.show();
+    view.activateWindow();
+    view.setFocus();
+    test::WaitFor(60);
+    const std::pair<std::function<void()>, const char*> steps[] = {
+        {[&] { edit.SetFocus(); }, "Edit:focus "},
+        {[&] { edit.ReplaceSelection("c"); }, "Edit:insert(c) Edit:caret(5) "},
+        {[&] { edit.Select(0, 2); }, "Edit:caret(3) Edit:select(0,3) "},
+        {[&] { edit.ReplaceSelection("x"); }, "Edit:update(\U0001D11Ea,x) Edit:caret(1) Edit:select(1,1) "},
+        {[&] { edit.SetText(""); }, "Edit:remove(xbc) Edit:caret(0) "},
+        {[&] { box.SetChecked(true); }, "Box:checked "},
+        {[&] { box.SetEnabled(false); }, "Box:disabled "},
+        {[&] { list.SetItemIndex(1); }, "List:value(two) two:selected "},
+        {[&] { list.SetFocus(); }, "two:focus "},
+        {[&] { list.SetItems({"one"}); }, "List:value() List:focus "},
+    };
+    for (const auto& [act, wanted] : steps) {
+        Told.clear();
+        act();
+        test::WaitFor(40);
+        EXPECT_EQ(Told, wanted);
+    }
+    QAccessibleInterface* window = QAccessible::queryAccessibleInterface(&view);
+    QAccessibleInterface* field = window->child(0);
+    EXPECT_EQ(window->focusChild(), window->child(2));
+    EXPECT_TRUE(window->child(1)->state().checked && window->child(1)->state().disabled);
+    EXPECT_FALSE(window->child(1)->textInterface());
+    edit.SetText("\U0001D11Eab"), edit.SetReadOnly(true), edit.Select(1, 3);
+    test::WaitFor(40);
+    EXPECT_TRUE(field->state().readOnly && !field->state().editable);
+    QAccessibleTextInterface* text = field->textInterface();
+    int start = 0, end = 0;
+    text->selection(0, &start, &end);
+    EXPECT_EQ(text->text(start, end), "ab");
+    EXPECT_EQ(text->cursorPosition(), text->characterCount());
+    qt::ListenToAccessible(nullptr);
 }
 
 } // namespace

@@ -38,6 +38,8 @@ struct TAccessiblePart {
     bool Enabled = true;
     bool Checked = false;  ///< of a check box, or the chosen item of a list
     bool Editable = false; ///< whether the user can change Value
+    int Caret = -1;        ///< of a text that is edited: where in Value, in characters; -1: none
+    int Anchor = -1;       ///< the other end of what is selected
     std::vector<TAccessiblePart> Parts = {};
 };
 

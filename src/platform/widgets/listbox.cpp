@@ -159,6 +159,7 @@ TAccessiblePart TCustomListBox::Accessible() const {
                               .Value = {},
                               .Description = {},
                               .Bounds = ItemRect(i),
+                              .Focused = part.Focused && i == FItemIndex,
                               .Enabled = ItemEnabled(i),
                               .Checked = i == GetItemIndex()});
     return part;

@@ -74,8 +74,11 @@ THostTextInput TTextField::TextInput() const {
 TAccessiblePart TTextField::Accessible() const {
     TAccessiblePart part = TInputControl::Accessible();
     part.Role = TAccessibleRole::Edit;
-    part.Value = GetEdited().Text;
-    part.Editable = !FReadOnly;
+    TEdited edited = GetEdited();
+    part.Value = std::move(edited.Text);
+    part.Editable = CanChange();
+    part.Caret = edited.Caret;
+    part.Anchor = edited.Anchor;
     return part;
 }
 
