@@ -1,6 +1,7 @@
 # What cmake --install puts where.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
+set(KXGRAPH_QT_PLUGIN_DIR ${CMAKE_INSTALL_LIBDIR}/qt6/plugins CACHE STRING "Plugins of Qt, below the prefix")
 
 function(kx_install_library NAME COMPONENT ABOUT ROOMS PRIVATE REQUIRES ENTERS)
     install(TARGETS ${NAME} EXPORT kxgraph-${COMPONENT}

@@ -9,6 +9,16 @@ cmake_dependent_option(KXGRAPH_TOOLS "kxplot" ${PROJECT_IS_TOP_LEVEL} "KXGRAPH_F
 cmake_dependent_option(KXGRAPH_EXAMPLES "The programs of examples/" ${PROJECT_IS_TOP_LEVEL} "KXGRAPH_QT" OFF)
 option(KXGRAPH_INSTALL "Rules for cmake --install" ${PROJECT_IS_TOP_LEVEL})
 option(BUILD_SHARED_LIBS "Shared libraries" OFF)
+# A module needs code without a fixed place: with static libraries all of it is compiled so where this is asked for.
+set(kx_designer ${BUILD_SHARED_LIBS})
+if(NOT PROJECT_IS_TOP_LEVEL)
+    set(kx_designer OFF)
+endif()
+cmake_dependent_option(KXGRAPH_DESIGNER "FormView as a plugin of Qt Designer, where Qt's tools are installed"
+                       ${kx_designer} KXGRAPH_WIDGETS OFF)
+if(KXGRAPH_DESIGNER)
+    set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+endif()
 
 # For those who work on kxgraph itself.
 cmake_dependent_option(KXGRAPH_TESTS "Tests (GoogleTest); BUILD_TESTING switches them off, too" ${PROJECT_IS_TOP_LEVEL}
