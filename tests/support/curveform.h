@@ -3,15 +3,12 @@
 
 #include "support/graphfixture.h"
 
-#include <cmath>
-
 namespace kx::test {
 
 template <class T>
 struct TCurveForm : TGraphForm {
     TCurveForm() {
         Series->SetName("Series1");
-        Curve->SetName("Curve1");
         Curve->GetLineStyle().SetColor(clGreen);
     }
     /// Gives the curve its parent.
@@ -29,7 +26,7 @@ struct TCurveForm : TGraphForm {
         return joined;
     }
     TKxDataWithErrorSeries* Series = AddSeries();
-    T* Curve = new T(Form);
+    T* Curve = Make<T>("Curve1");
 };
 
 } // namespace kx::test

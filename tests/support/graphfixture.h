@@ -2,22 +2,13 @@
 // A form with a graph, two primary axes, live vectors and a series with error bars, all named, as a program
 // would have put them there.
 
-#include "support/errors.h"
+#include "support/headless.h"
+#include "support/testing.h"
 
 #include <kxgraph/graph/Kxgraph2d.h>
-#include <kxgraph/platform/controls/form.h>
 #include <kxgraph/platform/controls/frame.h>
-#include <kxgraph/platform/host/headlesshost.h>
 #include <kxgraph/platform/objects/propertytext.h>
 #include <kxgraph/series/Kxdataseries.h>
-
-#include <gtest/gtest.h>
-
-#include <array>
-#include <functional>
-#include <sstream>
-#include <string>
-#include <string_view>
 
 namespace kx::test {
 
@@ -53,15 +44,26 @@ struct TGraphForm {
             YV->Add(p.Y);
         }
     }
-    /// "XAxis1.Twisted=1; Graph1.Font.Height=-11": properties of the form's components by their texts.
-    void Set(const std::string& Assignments) {
+    /// "XAxis1.Twisted=1; Graph1.Font.Height=-11": properties of the form's components by their texts. Of
+    /// stands in front of each path.
+    void Set(const std::string& Assignments, const std::string& Of = "") {
         std::istringstream all(Assignments);
         for (std::string one; std::getline(all >> std::ws, one, ';');) {
+            one.insert(0, Of);
             const auto dot = one.find('.'), is = one.find('=');
             SetPropertyText(*Form->FindComponent(one.substr(0, dot)), one.substr(dot + 1, is - dot - 1),
                             one.substr(is + 1),
                             [this](std::string_view Name) { return Form->FindComponent(Name); });
         }
+    }
+    /// One more component of the form, controls on the graph; Assignments are of its own properties.
+    template <class T>
+    T* Make(const std::string& Name, const std::string& Assignments = "") {
+        auto* made = new T(Form);
+        made->SetName(Name);
+        if constexpr (std::is_base_of_v<TControl, T>) made->SetParent(Graph);
+        Set(Assignments, Name + ".");
+        return made;
     }
     void Fix(double X0, double X1, double Y0, double Y1) {
         for (auto [axis, start, stop] : {std::tuple{X, X0, X1}, {Y, Y0, Y1}}) {
@@ -121,6 +123,13 @@ inline TRecording SampleOf(TKxSeries& Series, const TRect& Place) {
     return std::move(recorder.Recording);
 }
 
+/// All texts of a picture: captions are painted letter by letter.
+inline std::string LettersOf(const TRecording& Recording) {
+    std::string letters;
+    for (const auto& call : Recording.Calls)
+        if (const auto* text = std::get_if<TRecording::TText>(&call)) letters += text->Text;
+    return letters;
+}
 /// The polylines of one colour.
 inline std::vector<TRecording::TPolyline> LinesOf(const TRecording& Recording, TColor Color) {
     std::vector<TRecording::TPolyline> lines;

@@ -3,7 +3,10 @@
 
 #include "support/cases.h"
 
+#include <kxgraph/analysis/Kxderivatives.h>
+
 #include <cmath>
+#include <span>
 
 namespace kx::test {
 
@@ -15,8 +18,16 @@ struct TNistSet {
     double SumOfSquares = 0, R2 = 0;
 };
 
+using TModel = double (*)(double X, const double* C);
+
+/// The model at the abscissae.
+inline TKxModelValues Over(const TReals& X, TModel Model) {
+    return [X, Model](std::span<const double> C, std::span<double> Values) {
+        for (std::size_t i = 0; i < X.size(); ++i) Values[i] = Model(X[i], C.data());
+    };
+}
+
 struct TNistNonlinear : TNistSet {
-    using TModel = double (*)(double X, const double* C);
     TNistNonlinear(const char* Name, TModel Model) : TNistSet(Name), Name(Name), Model(Model) {}
     std::string Name;
     TModel Model;
