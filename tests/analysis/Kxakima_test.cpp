@@ -1,20 +1,10 @@
 #include <kxgraph/analysis/Kxakima.h>
 
-#include "support/cases.h"
-#include "support/errors.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
+namespace kx::test::akima {
 
-#include <algorithm>
-#include <cmath>
-#include <random>
-
-namespace kx {
-namespace {
-
-using TValues = test::TReals;
-
-void Calculate(TKxAkima& Akima, const TValues& X, const TValues& Y, const TValues& Weights = {},
+void Calculate(TKxAkima& Akima, const TReals& X, const TReals& Y, const TReals& Weights = {},
                double Start = -1e300, double Stop = 1e300) {
     TKxRealVector x(nullptr), y(nullptr), w(nullptr);
     x.AddValues(X);
@@ -24,15 +14,15 @@ void Calculate(TKxAkima& Akima, const TValues& X, const TValues& Y, const TValue
 }
 
 /// The slopes by the article's formulas (1), (8) and (9), which know no equal chords on both sides.
-TValues PublishedSlopes(const TValues& X, const TValues& Y) {
+TReals PublishedSlopes(const TReals& X, const TReals& Y) {
     const std::size_t n = X.size();
-    TValues m(n + 3);
+    TReals m(n + 3);
     for (std::size_t i = 0; i + 1 < n; ++i) m[i + 2] = (Y[i + 1] - Y[i]) / (X[i + 1] - X[i]);
     m[1] = 2 * m[2] - m[3];
     m[0] = 2 * m[1] - m[2];
     m[n + 1] = 2 * m[n] - m[n - 1];
     m[n + 2] = 2 * m[n + 1] - m[n];
-    TValues slopes;
+    TReals slopes;
     for (std::size_t i = 0; i < n; ++i) {
         const double left = std::abs(m[i + 3] - m[i + 2]), right = std::abs(m[i + 1] - m[i]);
         const bool straight = left == 0 && right == 0;
@@ -42,10 +32,10 @@ TValues PublishedSlopes(const TValues& X, const TValues& Y) {
 }
 
 /// The cubics with these values and slopes at both ends of their pieces.
-void ExpectPublishedCurve(const TValues& X, const TValues& Y) {
+void ExpectPublishedCurve(const TReals& X, const TReals& Y) {
     TKxAkima akima;
     Calculate(akima, X, Y);
-    const TValues slopes = PublishedSlopes(X, Y);
+    const TReals slopes = PublishedSlopes(X, Y);
     for (std::size_t i = 0; i < X.size(); ++i) {
         ASSERT_EQ(akima.Interpolate(X[i]), Y[i]);
         ASSERT_NEAR(akima.Slope(X[i]), slopes[i], 1e-10 * (1 + std::abs(slopes[i])));
@@ -65,7 +55,7 @@ TEST(Akima, GivesThePublishedCurve) {
     std::mt19937 random(2);
     std::uniform_real_distribution<double> uniform;
     for (const int n : {3, 4, 5, 40, 3000}) {
-        TValues x{-3}, y{0};
+        TReals x{-3}, y{0};
         while (int(x.size()) < n) {
             x.push_back(x.back() + 0.05 + uniform(random));
             y.push_back(100 * uniform(random));
@@ -101,18 +91,18 @@ TEST(Akima, GivesEqualChordsStraightLinesAndTheirRightSlope) {
 }
 
 TEST(Akima, SelectsSortsAndMergesPoints) {
-    const auto cases = test::Cases<std::string, TValues, TValues, TValues, double, double, TValues, TValues>(
-        "curves", "knots");
+    const auto cases =
+        Cases<std::string, TReals, TReals, TReals, double, double, TReals, TReals>("curves", "knots");
     for (const auto& [what, x, y, weights, start, stop, knots, ordinates] : cases) {
         TKxAkima akima;
         Calculate(akima, x, y, weights, start, stop);
-        EXPECT_EQ(TValues(akima.X.begin(), akima.X.begin() + akima.Count), knots) << what;
-        EXPECT_EQ(TValues(akima.A.begin(), akima.A.begin() + akima.Count), ordinates) << what;
+        EXPECT_EQ(TReals(akima.X.begin(), akima.X.begin() + akima.Count), knots) << what;
+        EXPECT_EQ(TReals(akima.A.begin(), akima.A.begin() + akima.Count), ordinates) << what;
     }
 }
 
 TEST(Akima, HeedsNeitherOrderNorUnusablePoints) {
-    TValues x, y;
+    TReals x, y;
     for (int i = 0; i < 900; ++i) {
         x.push_back(i + 0.4 * std::sin(7 * i));
         y.push_back(std::cos(i * i));
@@ -120,7 +110,7 @@ TEST(Akima, HeedsNeitherOrderNorUnusablePoints) {
     TKxAkima plain, mixed;
     Calculate(plain, x, y);
     for (const std::size_t firstExchanged : {900, 700, 5}) {
-        TValues otherX = x, otherY = y;
+        TReals otherX = x, otherY = y;
         for (std::size_t i = firstExchanged; i + 50 < x.size(); i += 11) {
             std::swap(otherX[i], otherX[i + 50]);
             std::swap(otherY[i], otherY[i + 50]);
@@ -137,9 +127,9 @@ TEST(Akima, HeedsNeitherOrderNorUnusablePoints) {
 
 TEST(Akima, RaisesForFewerThanThreeDistinctPointsAndLeavesNoCurve) {
     TKxAkima akima;
-    for (const TValues& x : {TValues{}, {1, 1, 2}, {1, NAN, 2}}) {
+    for (const TReals& x : {TReals{}, {1, 1, 2}, {1, NAN, 2}}) {
         Calculate(akima, {1, 2, 3}, {1, 2, 3});
-        EXPECT_EQ(test::MessageOf<EMathError>([&] { Calculate(akima, x, {4, 5, 6}); }), "Not enough data!");
+        EXPECT_EQ(MessageOf<EMathError>([&] { Calculate(akima, x, {4, 5, 6}); }), "Not enough data!");
         EXPECT_EQ(akima.Count, 0);
     }
 }
@@ -157,11 +147,11 @@ TEST(Akima, InterpolatesSmoothedPoints) {
 }
 
 TEST(Akima, LosesNoCoefficientToOverflowOrRounding) {
-    const TValues y{1, 5, 2, 3};
-    for (const TValues& x : {TValues{-1e20, 0, 1, 1e20},
-                             {9007199254740991, 9007199254740992, 9007199254740994, 9007199254740996},
-                             {0, 5e-324, 1e-170, 1},
-                             {-1.7e308, 0, 1e308, 1.7e308}}) {
+    const TReals y{1, 5, 2, 3};
+    for (const TReals& x : {TReals{-1e20, 0, 1, 1e20},
+                            {9007199254740991, 9007199254740992, 9007199254740994, 9007199254740996},
+                            {0, 5e-324, 1e-170, 1},
+                            {-1.7e308, 0, 1e308, 1.7e308}}) {
         TKxAkima akima;
         Calculate(akima, x, y, {}, -INFINITY, INFINITY);
         for (std::size_t i = 0; i < x.size(); ++i) {
@@ -172,5 +162,4 @@ TEST(Akima, LosesNoCoefficientToOverflowOrRounding) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::akima

@@ -1,25 +1,15 @@
 #include <kxgraph/analysis/Kxapproxspline.h>
 
-#include "support/cases.h"
-#include "support/errors.h"
 #include "support/reference.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <random>
-
-namespace kx {
-namespace {
-
-using TNumbers = test::TReals;
+namespace kx::test::approxspline {
 
 constexpr double CFar = 1e300;
 
 /// Vectors of points, and the spline that is made of them.
 struct TFixture {
-    explicit TFixture(const TNumbers& Xs = {}, const TNumbers& Ys = {}, const TNumbers& Ws = {}) {
+    explicit TFixture(const TReals& Xs = {}, const TReals& Ys = {}, const TReals& Ws = {}) {
         X.AddValues(Xs);
         Y.AddValues(Ys);
         W.AddValues(Ws);
@@ -33,7 +23,7 @@ struct TFixture {
 
 /// Values and slopes at the knots that minimise the sum of squares plus the integral of the squared second
 /// derivative of the cubic pieces between them: dense normal equations, elimination with pivoting.
-std::vector<long double> DenseMinimum(const TNumbers& X, const TNumbers& Y, const TNumbers& W) {
+std::vector<long double> DenseMinimum(const TReals& X, const TReals& Y, const TReals& W) {
     const std::size_t n = X.size(), size = 2 * n;
     std::vector<std::vector<long double>> m(size, std::vector<long double>(size + 1));
     for (std::size_t i = 0; i < n; ++i) {
@@ -61,8 +51,8 @@ std::vector<long double> DenseMinimum(const TNumbers& X, const TNumbers& Y, cons
     return result;
 }
 
-void ExpectMinimum(TFixture& F, const TNumbers& W, const std::string& Name) {
-    const TNumbers x(F.X.Values().begin(), F.X.Values().end()), y(F.Y.Values().begin(), F.Y.Values().end());
+void ExpectMinimum(TFixture& F, const TReals& W, const std::string& Name) {
+    const TReals x(F.X.Values().begin(), F.X.Values().end()), y(F.Y.Values().begin(), F.Y.Values().end());
     const auto expected = DenseMinimum(x, y, W);
     EXPECT_TRUE(F.Spline.C[0] == 0 && F.Spline.C[F.Spline.Count - 1] == 0) << Name;
     for (std::size_t i = 0; i < x.size(); ++i) {
@@ -85,7 +75,7 @@ TEST(ApproxSpline, MinimisesDistancesAndCurvature) {
         for (const double unit : {0.05, 1.0, 30.0})
             for (const double weight : {1e-3, 0.02, 1.0, 1e6})
                 for (const int every : {1, 2, 3, 100}) { // the weight of how many knots is zero
-                    TNumbers x, y, w;
+                    TReals x, y, w;
                     for (int i = 0; i < n; ++i) {
                         x.push_back((i ? x.back() : -7) + unit * uniform(random));
                         y.push_back(std::sin(i) + 0.2 * uniform(random));
@@ -99,11 +89,11 @@ TEST(ApproxSpline, MinimisesDistancesAndCurvature) {
                 }
 }
 
-const TNumbers CX = {0, 1, 2.5, 3, 4, 5, 7};
-const TNumbers CY = {1, 3, 2, 0, 1, 4, 2};
+const TReals CX = {0, 1, 2.5, 3, 4, 5, 7};
+const TReals CY = {1, 3, 2, 0, 1, 4, 2};
 
 TEST(ApproxSpline, TakesExtremeWeightsForLimits) {
-    const auto cases = test::Cases<std::string, TNumbers, TNumbers, double>("curves", "extreme weights");
+    const auto cases = Cases<std::string, TReals, TReals, double>("curves", "extreme weights");
     for (const auto& [name, weights, same, factor] : cases) {
         TFixture f(CX, CY, weights), g(CX, CY, same);
         f.Spline.WeightFactor = factor;
@@ -126,7 +116,7 @@ TEST(ApproxSpline, KeepsTheDigitsOfTheBandSystemThatItCannotSolve) {
     std::uniform_real_distribution<double> uniform(0.5, 1.5);
     for (const double distance : {1e-3, 1e-5})
         for (const int n : {6, 7, 1000, 5001}) {
-            TNumbers x, y, w;
+            TReals x, y, w;
             for (int i = 0; i < n; ++i) {
                 x.push_back((i ? x.back() : 5) + distance * uniform(random));
                 y.push_back(std::sin(0.01 * i) + 0.1 * uniform(random));
@@ -134,7 +124,7 @@ TEST(ApproxSpline, KeepsTheDigitsOfTheBandSystemThatItCannotSolve) {
             }
             TFixture f(x, y, w);
             f.Calculate();
-            const auto expected = test::SmoothedBySpline(x, y, w);
+            const auto expected = SmoothedBySpline(x, y, w);
             for (std::size_t i = 0; i < x.size(); ++i)
                 ASSERT_NEAR(f.Spline.A[int(i)], expected[i], 1e-14) << n << ", " << i;
         }
@@ -162,8 +152,7 @@ TEST(ApproxSpline, KeepsItsDigitsWithManyCloseKnots) {
 }
 
 TEST(ApproxSpline, GivesCollinearPointsTheirLine) {
-    for (const TNumbers& weights :
-         {TNumbers{}, TNumbers{1, 9, 1e-5, 3, 2, 100}, TNumbers{1, 0, 0, 1, 0, 0}}) {
+    for (const TReals& weights : {TReals{}, TReals{1, 9, 1e-5, 3, 2, 100}, TReals{1, 0, 0, 1, 0, 0}}) {
         TFixture f({3, 1, 2, 6, 5, 4}, {-5, -1, -3, -11, -9, -7}, weights);
         f.Calculate();
         for (int i = 0; i < 6; ++i) EXPECT_NEAR(f.Spline.C[i], 0, 1e-12);
@@ -174,7 +163,7 @@ TEST(ApproxSpline, GivesCollinearPointsTheirLine) {
 
 TEST(ApproxSpline, FindsAnExtremumThatLiesOnAKnot) {
     for (const double shift : {0.0, 0.1, 1 / 3.0, 1e6}) {
-        TNumbers x, y;
+        TReals x, y;
         for (int i = 0; i < 9; ++i) {
             x.push_back(i + shift);
             y.push_back(-std::abs(i - 4) * 0.7);
@@ -196,7 +185,7 @@ TEST(ApproxSpline, TakesMergesAndRefusesPoints) {
                {1, 1, 1, 2, 4, 1, 1, 1, 1, 1, 6, 1, nan});
     f.Spline.WeightFactor = 1e6;
     f.Calculate(1, 9);
-    const TNumbers knots = {1, 2, 3, 4, 7, 9}; // the three at 2 are averaged in the order of the sort
+    const TReals knots = {1, 2, 3, 4, 7, 9}; // the three at 2 are averaged in the order of the sort
     ASSERT_EQ(f.Spline.Count, 6);
     EXPECT_TRUE(std::equal(knots.begin(), knots.end(), f.Spline.X.begin()));
     EXPECT_EQ(f.Spline.W[1], 3.5e6);
@@ -204,16 +193,15 @@ TEST(ApproxSpline, TakesMergesAndRefusesPoints) {
     EXPECT_EQ(f.Spline.X[6], 9);
     EXPECT_EQ(f.Spline.Interpolate(12), f.Spline.A[5] + 3 * f.Spline.B[4]) << "goes on straight";
 
-    const auto cases = test::Cases<TNumbers, TNumbers, double, double>("curves", "not enough for a spline");
+    const auto cases = Cases<TReals, TReals, double, double>("curves", "not enough for a spline");
     for (const auto& [x, w, start, factor] : cases) {
         TFixture few(x, x, w);
         few.Spline.WeightFactor = factor;
         few.Spline.Count = 99;
-        EXPECT_EQ(test::MessageOf<EMathError>([&, from = start] { few.Calculate(from); }),
-                  "Not enough data!");
+        EXPECT_EQ(MessageOf<EMathError>([&, from = start] { few.Calculate(from); }), "Not enough data!");
         EXPECT_EQ(few.Spline.Count, 0);
     }
-    TFixture close({0, 1e-320, 1, 2, 3, 4}, {0, 1, 0, 1, 0, 1}, TNumbers(6, 1e100));
+    TFixture close({0, 1e-320, 1, 2, 3, 4}, {0, 1, 0, 1, 0, 1}, TReals(6, 1e100));
     EXPECT_THROW(close.Calculate(), EMathError) << "a slope that no double can hold";
     EXPECT_EQ(close.Spline.Count, 0);
 }
@@ -225,11 +213,9 @@ TEST(ApproxSpline, LeavesNothingOfALongerCalculationBehind) {
     used.Spline.Minima.SetLength(3);
     used.Calculate(0, 5);
     fresh.Calculate(0, 5);
-    EXPECT_EQ(used.Spline.Minima.Length(), 0);
-    EXPECT_EQ(used.Spline.Index, 0);
+    EXPECT_EQ(std::tuple(used.Spline.Minima.Length(), used.Spline.Index), std::tuple(0, 0));
     for (const double x : {5.5, 100.0, -1.0, 2.0})
         EXPECT_EQ(used.Spline.Interpolate(x), fresh.Spline.Interpolate(x));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::approxspline

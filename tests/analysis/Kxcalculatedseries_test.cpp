@@ -5,12 +5,7 @@
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 #include <kxgraph/analysis/Kxpolinomial.h>
 
-namespace kx {
-namespace {
-
-using test::LinesOf;
-using test::MessageOf;
-using test::TFaults;
+namespace kx::test::calculatedseries {
 
 /// y = x^2 over the display range; fails on demand.
 class TSquare : public TKxCalculatedSeries {
@@ -39,7 +34,7 @@ public:
     bool Fails = false;
 };
 
-struct TFixture : test::TCurveForm<TSquare> {
+struct TFixture : TCurveForm<TSquare> {
     TFixture() { Fill({{0, 1}, {10, 3}, {20, 5}}); }
     double FirstX() const { return Curve->DisplayX().GetValue(0); }
     double LastX() const { return Curve->DisplayX().GetValue(Curve->DisplayX().GetCount() - 1); }
@@ -156,8 +151,7 @@ TEST(CalculatedSeries, ReachesItsEndExactlyInEqualSteps) {
         f.Curve->SetDisplayAutoStop(false);
         f.Join();
         f.Draw();
-        EXPECT_EQ(f.FirstX(), start);
-        EXPECT_EQ(f.LastX(), stop);
+        EXPECT_EQ(std::tuple(f.FirstX(), f.LastX()), std::tuple(start, stop));
         const auto x = f.Curve->DisplayX().Values();
         const auto place = [log = scaling != AxNormal](double X) { return log ? std::log(X) : X; };
         const double first = place(start), step = (place(stop) - first) / double(x.size() - 1);
@@ -205,8 +199,7 @@ TEST(CalculatedSeries, LetsItsAxisShrinkAgainAndLeavesAZoomAlone) {
     f.XV->Delete(3);
     f.YV->Delete(3);
     f.Draw();
-    EXPECT_EQ(f.X->GetStop(), 20);
-    EXPECT_EQ(f.Y->GetStop(), 400);
+    EXPECT_EQ(std::tuple(f.X->GetStop(), f.Y->GetStop()), std::tuple(20, 400));
     f.Graph->ZoomTo({20, 20, 40, 40});
     f.Draw();
     const auto range = [&] { return std::pair(f.Y->GetStart(), f.Y->GetStop()); };
@@ -293,8 +286,7 @@ TEST(CalculatedSeries, NamesTheSeriesInAFailureAndTakesOldResultsAway) {
     EXPECT_TRUE(f.Curve->GetFound().GetItems().empty());
 
     TKxCalculatedSeries base(f.Form);
-    EXPECT_NE(MessageOf<EMathError>([&] { base.SetParentSeries(f.Series); }).find("must be overridden"),
-              std::string::npos);
+    EXPECT_TRUE(Holds(MessageOf<EMathError>([&] { base.SetParentSeries(f.Series); }), "must be overridden"));
 }
 
 TEST(CalculatedSeries, NumbersSectionsOfOneKindAmongTheParentsChildren) {
@@ -342,5 +334,4 @@ TEST(CalculatedSeries, ReadsAnOutfitBackWithoutSwitchingAnAutomaticOff) {
     EXPECT_GT(other.Runs, runs) << "the next frame does";
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::calculatedseries

@@ -1,39 +1,19 @@
 #include <kxgraph/analysis/Kxcurvature.h>
 
 #include "support/nist.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
+namespace kx::test::curvature {
 
-namespace kx {
-namespace {
+const TReals CX = {1, 2, 3, 4, 5};
 
-using TNumbers = test::TReals;
-
-TKxModelValues Over(const TNumbers& X, double (*Model)(double, const double*)) {
-    return [&X, Model](std::span<const double> C, std::span<double> Values) {
-        for (std::size_t i = 0; i < X.size(); ++i) Values[i] = Model(X[i], C.data());
-    };
-}
-
-TEST(Curvature, GivesCertifiedStandardErrors) {
-    for (const auto& set : test::NistNonlinear()) {
-        const auto errors =
-            StandardErrors(set.Coefficients, Over(set.X, set.Model), int(set.X.size()), {}, set.SumOfSquares);
-        for (int k = 0; k < errors.Length(); ++k)
-            EXPECT_NEAR(errors[k] / set.Deviations[std::size_t(k)], 1, 2e-7)
-                << set.Name << ", coefficient " << k;
-    }
-}
-
-const TNumbers CX = {1, 2, 3, 4, 5};
-
-TKxRealArray ErrorsOf(double (*Model)(double, const double*), const TNumbers& Coefficients,
-                      const TNumbers& Weights = {}, int Points = 5, double SumOfSquares = 3) {
+TKxRealArray ErrorsOf(double (*Model)(double, const double*), const TReals& Coefficients,
+                      const TReals& Weights = {}, int Points = 5, double SumOfSquares = 3) {
     return StandardErrors(Coefficients, Over(CX, Model), Points, Weights, SumOfSquares);
 }
 
 /// Of the line a + b x, from the sums of textbooks.
-TNumbers LineErrors(const TNumbers& Weights, double Freedom) {
+TReals LineErrors(const TReals& Weights, double Freedom) {
     double s = 0, sx = 0, sxx = 0;
     for (std::size_t i = 0; i < Weights.size(); ++i) {
         const double w = std::abs(Weights[i]), x = CX[i];
@@ -47,14 +27,14 @@ double Line(double x, const double* c) { return c[0] + c[1] * x; }
 
 TEST(Curvature, HeedsWeightsAndOddScalesOfCoefficients) {
     const struct {
-        TNumbers Coefficients, Weights;
+        TReals Coefficients, Weights;
         double Freedom;
     } cases[] = {{{0, 3}, {1, -4, 2, 0.5, 7}, 3},
                  {{1e-19, 3}, {1, 4, 2, 0.5, 0}, 2},
                  {{-1e12, 1e-3}, {1e9, 1e9, 1e9, 1e9, 1e9}, 3}};
     for (const auto& [coefficients, weights, freedom] : cases) {
         const auto errors = ErrorsOf(Line, coefficients, weights);
-        const TNumbers expected = LineErrors(weights, freedom);
+        const TReals expected = LineErrors(weights, freedom);
         for (std::size_t k = 0; k < 2; ++k)
             EXPECT_NEAR(errors[int(k)] / expected[k], 1, 1e-4) << coefficients[0] << ", coefficient " << k;
     }
@@ -83,5 +63,4 @@ TEST(Curvature, MarksWhatCannotBeTold) {
     for (const double e : ErrorsOf(Line, {1, 1}, {}, 5, 0)) EXPECT_EQ(e, 0) << "on the model";
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::curvature

@@ -2,27 +2,13 @@
 #include <kxgraph/analysis/Kxdamped.h>
 
 #include "support/nist.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <utility>
-
-namespace kx {
-namespace {
-
-using TNumbers = test::TReals;
-using TModel = double (*)(double X, const double* C);
-
-TKxModelValues Over(const TNumbers& X, TModel Model) {
-    return [X, Model](std::span<const double> C, std::span<double> Values) {
-        for (std::size_t i = 0; i < X.size(); ++i) Values[i] = Model(X[i], C.data());
-    };
-}
+namespace kx::test::damped {
 
 TEST(Damped, ReachesCertifiedCoefficientsAndErrorsFromBothStarts) {
-    for (const auto& set : test::NistNonlinear())
-        for (const TNumbers& start : set.Starts) {
+    for (const auto& set : NistNonlinear())
+        for (const TReals& start : set.Starts) {
             TKxDamped fit({Over(set.X, set.Model), {}, set.Y, {}, {}});
             fit.Run(start, 1000);
             EXPECT_TRUE(fit.HasConverged()) << set.Name;
@@ -40,7 +26,7 @@ TEST(Damped, ReachesCertifiedCoefficientsAndErrorsFromBothStarts) {
 
 /// A bent valley and two coefficients, of which one is to stay within 0.1 to 0.4 or fixed at 0.3.
 struct TProblem {
-    TNumbers X = {0, .5, 1, 1.5, 2, 3, 4, 6}, Y;
+    TReals X = {0, .5, 1, 1.5, 2, 3, 4, 6}, Y;
     TModel Model = [](double x, const double* c) { return c[0] * std::exp(-c[1] * x) + c[2]; };
     TProblem() {
         const double truth[] = {5, .7, 0};
@@ -52,7 +38,7 @@ TEST(Damped, KeepsLimitsAndStartsAtZero) {
     const TProblem p;
     const struct {
         const char* Name;
-        TNumbers Start;
+        TReals Start;
         double Rate; ///< the second coefficient
         TKxCoefficientLimits Limits;
     } cases[] = {
@@ -87,11 +73,10 @@ TEST(Damped, KeepsLimitsAndStartsAtZero) {
         const TKxCovariance covariance(
             {model, {}, fit.Best(), int(p.X.size()), {}, fit.BestValue(), {{}, limits, {}}});
         if (limits.IsFixed()) {
-            EXPECT_EQ(covariance.ErrorOf(1), 0);
-            EXPECT_EQ(covariance.GetFreedom(), 6);
+            EXPECT_EQ(std::tuple(covariance.ErrorOf(1), covariance.GetFreedom()), std::tuple(0, 6));
             const double s = std::sqrt(fit.BestValue() / 6);
             EXPECT_NEAR(covariance.ErrorOf(0) / (s / std::sqrt(stt - st * st / n)), 1, 1e-8);
-            EXPECT_NEAR(covariance.ErrorAlong(TNumbers{st / n, 7, 1}) / (s / std::sqrt(n)), 1, 1e-8);
+            EXPECT_NEAR(covariance.ErrorAlong(TReals{st / n, 7, 1}) / (s / std::sqrt(n)), 1, 1e-8);
         } else if (rate != .7) {
             EXPECT_EQ(covariance.ErrorOf(1), CMaxReal) << name;
         }
@@ -102,7 +87,7 @@ TEST(Damped, TakesDerivativesAndSkipsPointsOfNoWeight) {
     TProblem p;
     p.X.push_back(9);
     p.Y.push_back(1e9);
-    TNumbers weights(p.X.size(), -2);
+    TReals weights(p.X.size(), -2);
     weights.back() = 0;
     int calls = 0, derivatives = 0;
     const auto model = [&](std::span<const double> C, std::span<double> Values) {
@@ -119,7 +104,7 @@ TEST(Damped, TakesDerivativesAndSkipsPointsOfNoWeight) {
         }
     };
     TKxDamped fit({model, given, p.Y, weights, {}});
-    fit.Run(TNumbers{1, 1, 1}, 200);
+    fit.Run(TReals{1, 1, 1}, 200);
     EXPECT_TRUE(fit.HasConverged());
     EXPECT_NEAR(fit.Best()[1], .7, 1e-12);
     EXPECT_GT(derivatives, 3);
@@ -134,17 +119,16 @@ TEST(Damped, SaysWhenItHasNotArrived) {
         return [&seen, Most](const TKxDamped&) { return ++seen < Most; };
     };
     TKxDamped fit({Over(p.X, p.Model), {}, p.Y, {}, {}});
-    fit.Run(TNumbers{1, 3, 1}, 3);
+    fit.Run(TReals{1, 3, 1}, 3);
     EXPECT_FALSE(fit.HasConverged()) << "too few steps";
-    fit.Run(TNumbers{1, 3, 1}, 100, stopAfter(2));
+    fit.Run(TReals{1, 3, 1}, 100, stopAfter(2));
     EXPECT_FALSE(fit.HasConverged());
     EXPECT_EQ(seen, 2);
-    fit.Run(TNumbers{5, .7, 0}, 100, stopAfter(9));
+    fit.Run(TReals{5, .7, 0}, 100, stopAfter(9));
     EXPECT_EQ(std::pair(fit.HasConverged(), fit.BestValue()), std::pair(true, 0.0));
     TKxDamped nowhere({Over(p.X, [](double, const double* c) { return std::log(c[0]); }), {}, p.Y, {}, {}});
-    nowhere.Run(TNumbers{-1}, 100);
+    nowhere.Run(TReals{-1}, 100);
     EXPECT_EQ(std::pair(nowhere.HasConverged(), nowhere.BestValue()), std::pair(false, double(INFINITY)));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::damped

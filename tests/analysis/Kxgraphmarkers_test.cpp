@@ -1,17 +1,10 @@
 #include <kxgraph/graph/Kxgraphmarkers.h>
 
 #include "support/curveform.h"
-#include "support/headless.h"
 
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-
-namespace kx::test {
-namespace {
+namespace kx::test::graphmarkers {
 
 /// y = x up to 50, constant behind.
 struct TMarkerForm : TCurveForm<TKxLinearRegressionLine> {
@@ -113,5 +106,4 @@ TEST(Markers, ArePaintedInTheWindowAlone) {
               "Markers need a series that calculates: Series1 has no start and no stop");
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::graphmarkers

@@ -1,22 +1,12 @@
 #include <kxgraph/analysis/Kxinterpol.h>
 
 #include "support/arrays.h"
-#include "support/cases.h"
-#include "support/errors.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <random>
-
-namespace kx {
-namespace {
-
-using test::ArrayOf;
-using TValues = test::TReals;
+namespace kx::test::interpol {
 
 /// Cubics with the values and slopes of a sine at the knots; the last one is straight.
-TKxIntPolynom WaveOf(const TValues& Knots) {
+TKxIntPolynom WaveOf(const TReals& Knots) {
     TKxIntPolynom curve;
     curve.Count = int(Knots.size());
     curve.X = ArrayOf(Knots);
@@ -33,8 +23,8 @@ TKxIntPolynom WaveOf(const TValues& Knots) {
     return curve;
 }
 
-TValues Steps(double From, double Step, int Count) {
-    TValues values;
+TReals Steps(double From, double Step, int Count) {
+    TReals values;
     for (int i = 0; i < Count; ++i) values.push_back(From + i * Step);
     return values;
 }
@@ -47,7 +37,7 @@ double Simpson(TKxIntPolynom& Curve, double From, double To) {
     return sum * h / 3;
 }
 
-TValues Integrals(TKxIntPolynom& Curve, const TValues& Abscissae) {
+TReals Integrals(TKxIntPolynom& Curve, const TReals& Abscissae) {
     TKxRealVector x(nullptr), y(nullptr);
     x.AddValues(Abscissae);
     Curve.Integrate(x, y);
@@ -55,7 +45,7 @@ TValues Integrals(TKxIntPolynom& Curve, const TValues& Abscissae) {
 }
 
 TEST(Interpolation, FindsThePieceOfXWhateverWasSearchedBefore) {
-    TValues knots{-7};
+    TReals knots{-7};
     for (int i = 0; i < 300; ++i) knots.push_back(knots.back() + (i % 7 == 3 ? 0 : 1 + i % 5));
     TKxIntPolynom curve = WaveOf(knots);
     std::mt19937 random(1);
@@ -103,7 +93,7 @@ TEST(Interpolation, FindsExtremaWhereTheSlopeChangesItsSign) {
 }
 
 /// Two pieces, [0, 2) and [2, 4).
-TKxIntPolynom TwoPieces(const TValues& First, const TValues& Second) {
+TKxIntPolynom TwoPieces(const TReals& First, const TReals& Second) {
     TKxIntPolynom curve;
     curve.Count = 3;
     curve.X = {0, 2, 4};
@@ -161,8 +151,8 @@ TEST(Interpolation, IntegratesFromTheFirstKnotOn) {
         for (const double x : Steps(1, 0.3, 80))
             EXPECT_NEAR(integral(x), Simpson(curve, std::max(from, 2.0), x), 1e-7) << from << " " << x;
     }
-    TValues x = Steps(2.6, 0.3, 80); // beyond the last knot too
-    TValues found = Integrals(curve, x);
+    TReals x = Steps(2.6, 0.3, 80); // beyond the last knot too
+    TReals found = Integrals(curve, x);
     EXPECT_EQ(found[0], 0);
     for (std::size_t k = 1; k < x.size(); ++k) EXPECT_NEAR(found[k], Simpson(curve, 2.5, x[k]), 1e-7) << x[k];
     x.insert(x.begin() + 5, {NAN, INFINITY});
@@ -170,14 +160,14 @@ TEST(Interpolation, IntegratesFromTheFirstKnotOn) {
     found.insert(found.begin() + 5, 2, found[4]);
     found.insert(found.begin(), 0);
     EXPECT_EQ(Integrals(curve, x), found) << "gaps repeat the value before";
-    EXPECT_TRUE(Integrals(curve, {NAN}) == TValues{0} && Integrals(curve, {}).empty());
+    EXPECT_TRUE(Integrals(curve, {NAN}) == TReals{0} && Integrals(curve, {}).empty());
 }
 
 TEST(Interpolation, PassesNoMorePiecesThanThereAreAbscissae) {
     TKxIntPolynom curve = TwoPieces({1, 0, 0, 0}, {7, 0, 0, 0});
-    EXPECT_EQ(Integrals(curve, {0, 1, 4}), (TValues{0, 1, 2 + 14}));
-    EXPECT_EQ(Integrals(curve, {0, 4}), (TValues{0, 4}));
-    EXPECT_EQ(Integrals(curve, {3, 4}), (TValues{0, 14}));
+    EXPECT_EQ(Integrals(curve, {0, 1, 4}), (TReals{0, 1, 2 + 14}));
+    EXPECT_EQ(Integrals(curve, {0, 4}), (TReals{0, 4}));
+    EXPECT_EQ(Integrals(curve, {3, 4}), (TReals{0, 14}));
 }
 
 TEST(Interpolation, RefinesTurningPointsOfTheIntegral) {
@@ -194,8 +184,7 @@ TEST(Interpolation, RefinesTurningPointsOfTheIntegral) {
 }
 
 TEST(Interpolation, TurnsTheIntegralWhereTheCurveChangesItsSign) {
-    const auto cases =
-        test::Cases<std::string, TValues, TValues, TValues, TValues>("curves", "turns of the integral");
+    const auto cases = Cases<std::string, TReals, TReals, TReals, TReals>("curves", "turns of the integral");
     for (const auto& [what, first, second, minima, maxima] : cases) {
         TKxIntPolynom curve = TwoPieces(first, second);
         Integrals(curve, {0, 4}); // however few they are
@@ -221,12 +210,11 @@ TEST(Interpolation, TurnsTheIntegralWhereTheCurveChangesItsSign) {
 
 TEST(Interpolation, EvaluatesNothingWithoutPieces) {
     TKxIntPolynom curve;
-    EXPECT_EQ(test::MessageOf<EMathError>([&] { curve.Interpolate(1); }), "Not enough data!");
-    EXPECT_EQ(test::MessageOf<EMathError>([&] { Integrals(curve, {1, 2}); }), "Not enough data!");
+    EXPECT_EQ(MessageOf<EMathError>([&] { curve.Interpolate(1); }), "Not enough data!");
+    EXPECT_EQ(MessageOf<EMathError>([&] { Integrals(curve, {1, 2}); }), "Not enough data!");
     curve.FindExtrema();
     curve.FindDiffExtrema();
     EXPECT_TRUE(curve.Minima.IsEmpty() && curve.DiffMaxima.IsEmpty());
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::interpol

@@ -8,22 +8,16 @@
 #include <kxgraph/analysis/Kxdifferential.h>
 #include <kxgraph/analysis/Kxintegral.h>
 
-#include <random>
+namespace kx::test::interpolatedline {
 
-namespace kx {
-namespace {
-
-using test::MessageOf;
-
-struct TFixture : test::TCurveForm<TKxInterpolatedLine> {
+struct TFixture : TCurveForm<TKxInterpolatedLine> {
     /// Points of a function at 0, Step, ..., Last.
     void Sample(double (*Function)(double), double Last, double Step) {
         for (double x = 0; x <= Last + Step / 2; x += Step) Fill({{x, Function(x)}});
     }
     template <class T>
     T* AddCurve(const char* Name) {
-        auto* curve = new T(Form);
-        curve->SetName(Name);
+        auto* curve = Make<T>(Name);
         curve->SetParentSeries(Series);
         return curve;
     }
@@ -80,8 +74,8 @@ double Wave(double X) { return std::sin(0.7 * X) + 0.1 * X; }
 /// A form whose curves come and go, change the number of their extrema and fail, as the steps have it.
 struct TChangingForm : TFixture {
     void Step(unsigned Number) {
-        test::MessageOf<EMathError>([&] { Change(Number); });
-        test::MessageOf<EMathError>([&] { Draw(); });
+        MessageOf<EMathError>([&] { Change(Number); });
+        MessageOf<EMathError>([&] { Draw(); });
     }
     void Change(unsigned Number) {
         auto* curve = Curves[Number % Curves.size()];
@@ -101,7 +95,7 @@ struct TChangingForm : TFixture {
         for (auto* curve : Curves) text += "----\n" + curve->GetResults().GetText();
         return text;
     }
-    test::TFaults Faults;
+    TFaults Faults;
     std::vector<TKxCalculatedSeries*> Curves{AddCurve<TKxInterpolatedLine>("One"),
                                              AddCurve<TKxDifferential>("Two"),
                                              AddCurve<TKxInterpolatedLine>("Three")};
@@ -217,8 +211,7 @@ TEST(SecondaryAxis, IsMadeSharedAndNumbered) {
     auto* first = f.AddCurve<TKxDifferential>("First");
     TKxAxis* axis = first->GetYAxis();
     ASSERT_NE(axis, nullptr);
-    EXPECT_EQ(axis->GetName(), "SecondaryAxis1");
-    EXPECT_EQ(axis->GetPosition(), AxRightPos);
+    EXPECT_EQ(std::tuple(axis->GetName(), axis->GetPosition()), std::tuple("SecondaryAxis1", AxRightPos));
     EXPECT_EQ(axis->GetParent(), f.Graph);
     axis->SetVisible(false);
     EXPECT_EQ(f.AddCurve<TKxIntegral>("Second")->GetYAxis(), axis) << "the one there is";
@@ -240,11 +233,7 @@ TEST(SecondaryAxis, IsTheParentsWithZeroOriginAndAMasterIsFollowedAgain) {
     f.Graph->SetZeroOrigin(true);
     EXPECT_EQ(f.AddCurve<TKxDifferential>("First")->GetYAxis(), f.Y);
     f.Graph->SetZeroOrigin(false);
-    auto* slave = new TKxAxis(f.Form);
-    slave->SetParent(f.Graph);
-    slave->SetPosition(AxRightPos);
-    slave->SetMasterAxis(f.Y);
-    slave->SetIsSlave(true);
+    auto* slave = f.Make<TKxAxis>("Slave1", "Position=AxRightPos; MasterAxis=YAxis1; IsSlaveAxis=1");
     auto* second = f.AddCurve<TKxIntegral>("Second");
     EXPECT_EQ(second->GetYAxis(), slave);
     EXPECT_FALSE(slave->GetIsSlaveAxis());
@@ -252,5 +241,4 @@ TEST(SecondaryAxis, IsTheParentsWithZeroOriginAndAMasterIsFollowedAgain) {
     EXPECT_TRUE(slave->GetIsSlaveAxis());
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::interpolatedline

@@ -1,23 +1,18 @@
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 
-#include "support/cases.h"
 #include "support/curveform.h"
 
-namespace kx {
-namespace {
+namespace kx::test::linearregressionline {
 
-using test::LinesOf;
-using test::MessageOf;
-using TFixture = test::TCurveForm<TKxLinearRegressionLine>;
+using TFixture = TCurveForm<TKxLinearRegressionLine>;
 
 TEST(LinearRegressionLine, RunsThroughTheDataOfEachKindOfAxes) {
-    struct TCase {
+    const struct {
         TKxAxScaling X, Y;
         double (*Function)(double);
         double Slope, Offset;
         const char* Formula;
-    };
-    const TCase cases[] = {
+    } cases[] = {
         {AxNormal, AxNormal, [](double x) { return 1 + 2 * x; }, 2, 1, "Y=a+b(X)"},
         {AxNormal, AxLogEE, [](double x) { return std::pow(10, 0.5 * x - 1); }, 0.5, -1, "lg(Y)=a+b(X)"},
         {AxLogEE, AxNormal, [](double x) { return 3 * std::log10(x) + 4; }, 3, 4, "Y=a+b(lg(X))"},
@@ -99,8 +94,8 @@ TEST(LinearRegressionLine, WritesItsKeysInOrderAndTheirNumbers) {
                                                        {"Offset", 1.09},
                                                        {"AverageY", 4},
                                                        {"ChiSquare", 0.0820},
-                                                       {"DeltaSlope", std::sqrt(0.0820 / 2 / 5)},
                                                        {"R2", 1 - 0.082 / 18.9},
+                                                       {"DeltaSlope", std::sqrt(0.0820 / 2 / 5)},
                                                        {"AdjR2", 1 - 0.082 / 18.9 * 3 / 2}};
     for (const auto& [key, value] : expected) EXPECT_NEAR(f.Result(key), value, 1e-12) << key;
     EXPECT_NEAR(f.Result("DeltaSlope%"), f.Result("DeltaSlope") / 1.94 * 100, 1e-10);
@@ -119,8 +114,8 @@ TEST(LinearRegressionLine, DrawsNothingWhereThereIsNoLine) {
 }
 
 TEST(LinearRegressionLine, WithoutMarkersKeysAreLeftOutThatDataLeaveOpen) {
-    const auto cases = test::Cases<std::string, test::TReals, test::TReals, bool, std::string>(
-        "fits", "keys that data leave open");
+    const auto cases =
+        Cases<std::string, TReals, TReals, bool, std::string>("fits", "keys that data leave open");
     for (const auto& [what, x, y, drawn, missing] : cases) {
         TFixture f;
         f.XV->AddValues(x);
@@ -156,5 +151,4 @@ TEST(LinearRegressionLine, ReachesAnAxisEndThatIsMovedOutAndStaysInAZoom) {
     EXPECT_EQ(f.Curve->GetXData()->GetValue(1), 20);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::linearregressionline

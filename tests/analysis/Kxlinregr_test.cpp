@@ -1,19 +1,12 @@
 #include <kxgraph/analysis/Kxlinregr.h>
 #include <kxgraph/numeric/Kxwide.h>
 
-#include "support/errors.h"
 #include "support/nist.h"
 #include "support/reference.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
+namespace kx::test::linregr {
 
-#include <algorithm>
-#include <random>
-
-namespace kx {
-namespace {
-
-using test::CInf, test::CNaN, test::TReals;
 using TResults = TKxLinearRegessionResults;
 using TExtended = long double;
 
@@ -42,7 +35,7 @@ std::array<double, 11> FieldsOf(const TResults& R) {
 double Digits(double Value, double Certified) { return -std::log10(std::abs(Value / Certified - 1) + 1e-17); }
 
 TEST(LinReg, MeetsCertifiedValues) {
-    const test::TNistSet norris("Norris"), noInt1("NoInt1"), noInt2("NoInt2");
+    const TNistSet norris("Norris"), noInt1("NoInt1"), noInt2("NoInt2");
     const TResults free = Fit(norris.X, norris.Y), weighted = Fit(norris.X, norris.Y, TReals(36, 1.0));
     for (const TResults& r : {free, weighted}) {
         EXPECT_GE(Digits(r.Offset, norris.Coefficients[0]), 13);
@@ -91,7 +84,7 @@ TEST(LinReg, KeepsTheDigitsOfDataFarFromZero) {
 }
 
 TEST(LinReg, GivesExactLinesMarkersAndZerosForSmallAndDegenerateData) {
-    const auto cases = test::Cases<std::string, double, TReals, TReals, TReals, std::array<double, 11>>(
+    const auto cases = Cases<std::string, double, TReals, TReals, TReals, std::array<double, 11>>(
         "fits", "lines of few points");
     for (const auto& [what, offset, x, y, w, expected] : cases) {
         const auto fields = FieldsOf(std::isnan(offset) ? Fit(x, y, w) : FitThrough(offset, x, y, w));
@@ -112,7 +105,7 @@ TEST(LinReg, GivesEqualYALevelLineWhereItIsAskedFor) {
 }
 
 TEST(LinReg, RaisesForTooFewPointsOrNoWeights) {
-    const auto cases = test::Cases<TReals, TReals, TReals, double, double, int>("fits", "enough points");
+    const auto cases = Cases<TReals, TReals, TReals, double, double, int>("fits", "enough points");
     for (const auto& [x, y, w, start, stop, points] : cases) {
         const auto free = [&, &x = x, &y = y, &w = w, start = start, stop = stop] {
             Fit(x, y, w, start, stop);
@@ -120,8 +113,8 @@ TEST(LinReg, RaisesForTooFewPointsOrNoWeights) {
         const auto through = [&, x = x, y = y, w = w, start = start, stop = stop] {
             FitThrough(1, x, y, w, start, stop);
         };
-        EXPECT_EQ(test::MessageOf<EMathError>(free), points < 2 ? "Not enough data!" : "") << x.size();
-        EXPECT_EQ(test::MessageOf<EMathError>(through), points < 1 ? "Not enough data!" : "") << x.size();
+        EXPECT_EQ(MessageOf<EMathError>(free), points < 2 ? "Not enough data!" : "") << x.size();
+        EXPECT_EQ(MessageOf<EMathError>(through), points < 1 ? "Not enough data!" : "") << x.size();
     }
 }
 
@@ -225,7 +218,7 @@ TEST(LinReg, GivesTheSameBitsInVectorsOfAnyWidth) {
             UsesWideVectors() = wide;
             EXPECT_EQ(FieldsOf(Fit(x, y, weights)), narrow) << count;
             EXPECT_EQ(FieldsOf(FitThrough(1, x, y, weights)), through) << count;
-            const auto expected = test::FittedPolynomial(x, y, weights, 1);
+            const auto expected = FittedPolynomial(x, y, weights, 1);
             const TResults found = Fit(x, y, weights);
             EXPECT_NEAR(found.Offset, expected[0], 1e-15 * std::abs(y[0])) << count;
             EXPECT_DOUBLE_EQ(found.Slope, expected[1]) << count;
@@ -243,8 +236,8 @@ TEST(LinReg, GivesFiniteResultsWhateverTheData) {
             for (TReals* values : {&x, &y, &w}) values->push_back(pool[random() % kinds]);
         for (const TReals& weights : {TReals{}, w}) {
             TResults free, through;
-            test::MessageOf<EMathError>([&] { free = Fit(x, y, weights); });
-            test::MessageOf<EMathError>([&] { through = FitThrough(1e155, x, y, weights); });
+            MessageOf<EMathError>([&] { free = Fit(x, y, weights); });
+            MessageOf<EMathError>([&] { through = FitThrough(1e155, x, y, weights); });
             for (double field : FieldsOf(free)) ASSERT_TRUE(std::isfinite(field)) << round;
             for (double field : FieldsOf(through)) ASSERT_TRUE(std::isfinite(field)) << round;
             ASSERT_LE(std::abs(free.R), 1);
@@ -267,5 +260,4 @@ TEST(LinReg, FitsVectorsLikeTheirValues) {
     for (int i = 0; i < 4; ++i) EXPECT_DOUBLE_EQ(r[i].Offset, offsets[i]);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::linregr

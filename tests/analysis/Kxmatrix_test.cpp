@@ -1,16 +1,8 @@
 #include <kxgraph/analysis/Kxmatrix.h>
 
-#include "support/errors.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-#include <random>
-#include <string>
-
-namespace kx {
-namespace {
+namespace kx::test::matrix {
 
 TEST(RealMatrix, SharesOnAssignmentUntilItIsResized) {
     TKxRealMatrix a(2, 3);
@@ -69,7 +61,7 @@ TEST(SolveBand, RaisesForWhatItCannotSolve) {
     TKxRealMatrix a(3, 3);
     TKxRealArray b(3);
     const auto message = [&](int N, int Lower, int Upper) {
-        return test::MessageOf<EMathError>([&] { SolveBand(N, Lower, Upper, a, b); });
+        return MessageOf<EMathError>([&] { SolveBand(N, Lower, Upper, a, b); });
     };
     constexpr int most = std::numeric_limits<int>::max();
     EXPECT_EQ(message(2, 0, 0), "Not enough data!");
@@ -104,7 +96,7 @@ TEST(Cholesky, SolvesWhatDoublesCannot) {
 
 TEST(Cholesky, RaisesForMatricesThatAreNotPositiveDefinite) {
     const auto message = [](TKxDoubledMatrix Matrix, double Tolerance = 0) {
-        return test::MessageOf<EMathError>([&] { CholeskyDecomposition(Matrix, Tolerance); });
+        return MessageOf<EMathError>([&] { CholeskyDecomposition(Matrix, Tolerance); });
     };
     const std::string later = "Cholesky Decomposition ([i,i]): Matrix is not positive definite!";
     EXPECT_EQ(message({{1, 2}, {2}}), "Cholesky Decomposition: Matrix is not square!");
@@ -115,5 +107,4 @@ TEST(Cholesky, RaisesForMatricesThatAreNotPositiveDefinite) {
     EXPECT_EQ(message({{1, 2}, {2, 4 + 1e-9}}, 1e-10), "");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::matrix

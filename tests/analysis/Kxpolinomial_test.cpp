@@ -2,11 +2,9 @@
 
 #include "support/curveform.h"
 
-namespace kx {
-namespace {
+namespace kx::test::polinomial {
 
-using test::MessageOf;
-using TFixture = test::TCurveForm<TKxPolynomLine>;
+using TFixture = TCurveForm<TKxPolynomLine>;
 
 TEST(PolynomLine, FitsDrawsAndWritesItsResults) {
     TFixture f;
@@ -40,17 +38,6 @@ TEST(PolynomLine, FitsDrawsAndWritesItsResults) {
     EXPECT_TRUE(std::isnan(f.Result("Coeff(5)"))) << "keys of a higher order are gone";
 }
 
-TEST(PolynomLine, NamesTheSeriesInFailures) {
-    TFixture f;
-    f.Curve->SetCaption("Parabola");
-    f.Fill({{0, 1}, {1, 6}});
-    EXPECT_EQ(MessageOf<EMathError>([&] { f.Join(); }), "Parabola: Not enough data!");
-    f.Fill({{1, 2}, {1, 4}});
-    EXPECT_EQ(MessageOf<EMathError>([&] { f.Curve->Calculate(); }),
-              "Parabola: Cholesky Decomposition ([i,i]): Matrix is not positive definite!");
-    EXPECT_EQ(f.Curve->GetCoeff(2), 0);
-}
-
 TEST(PolynomLine, TakesALogarithmicAxisADecadeBeyondTheDataAtMost) {
     TFixture f;
     f.Y->SetScaling(AxLogEE);
@@ -63,5 +50,4 @@ TEST(PolynomLine, TakesALogarithmicAxisADecadeBeyondTheDataAtMost) {
     EXPECT_LE(f.Y->GetStop(), 100);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::polinomial

@@ -1,23 +1,13 @@
 #include <kxgraph/analysis/Kxpolyregr.h>
 #include <kxgraph/numeric/Kxwide.h>
 
-#include "support/errors.h"
 #include "support/nist.h"
 #include "support/reference.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
+namespace kx::test::polyregr {
 
-#include <algorithm>
-#include <cstdint>
-#include <random>
-
-namespace kx {
-namespace {
-
-using test::CInf, test::CNaN;
-using TValues = test::TReals;
-
-TKxPolynomRegessionResults Fit(int Order, const TValues& X, const TValues& Y, double Start = -CInf,
+TKxPolynomRegessionResults Fit(int Order, const TReals& X, const TReals& Y, double Start = -CInf,
                                double Stop = CInf) {
     TKxPolynomRegessionResults results;
     results.Order = Order;
@@ -25,7 +15,7 @@ TKxPolynomRegessionResults Fit(int Order, const TValues& X, const TValues& Y, do
     return results;
 }
 
-TKxPolynomRegessionResults WeightedFit(int Order, const TValues& X, const TValues& Y, const TValues& W,
+TKxPolynomRegessionResults WeightedFit(int Order, const TReals& X, const TReals& Y, const TReals& W,
                                        TKxWeightMeaning Meaning = wmCounts) {
     TKxPolynomRegessionResults results;
     results.Order = Order;
@@ -40,8 +30,8 @@ void ExpectDigits(double Digits, double Value, double Expected, const std::strin
 }
 
 /// Coefficients and their errors.
-void ExpectFit(const TKxPolynomRegessionResults& Results, double Digits, const TValues& Coefficients,
-               double ErrorDigits, const TValues& Errors) {
+void ExpectFit(const TKxPolynomRegessionResults& Results, double Digits, const TReals& Coefficients,
+               double ErrorDigits, const TReals& Errors) {
     for (std::size_t k = 0; k < Coefficients.size(); ++k) {
         ExpectDigits(Digits, Results.Coefficients[int(k)], Coefficients[k], "coefficient");
         ExpectDigits(ErrorDigits, Results.DeltaCoefficients[int(k)], Errors[k], "error");
@@ -50,7 +40,7 @@ void ExpectFit(const TKxPolynomRegessionResults& Results, double Digits, const T
 
 TEST(PolynomRegression, AgreesWithCertifiedValues) {
     for (const char* name : {"Pontius", "Wampler1", "Wampler3", "Wampler4", "Wampler5"}) {
-        const test::TNistSet set(name);
+        const TNistSet set(name);
         const int order = int(set.Coefficients.size()) - 1, freedom = int(set.X.size()) - order - 1;
         const auto results = Fit(order, set.X, set.Y);
         ExpectFit(results, 12, set.Coefficients, 10, set.Deviations);
@@ -64,7 +54,7 @@ std::int64_t Noise(std::int64_t Index) { return Index * Index * 7919 % 1009 - 50
 
 // Expected values: the normal equations of the same doubles, solved with fractions of integers.
 TEST(PolynomRegression, KeepsAllDigitsOfIllConditionedData) {
-    TValues x[4], y[4], w[4];
+    TReals x[4], y[4], w[4];
     const auto add = [&](int Case, double X, double Y, double W = 1) {
         x[Case].push_back(X);
         y[Case].push_back(Y);
@@ -81,7 +71,7 @@ TEST(PolynomRegression, KeepsAllDigitsOfIllConditionedData) {
     for (int i = 1; i <= 5; ++i) add(3, i * 8, double(Noise(10 + i)));
     int i = 0;
     for (const auto& [chiSquare, coefficients, errors] :
-         test::Cases<double, TValues, TValues>("fits", "ill-conditioned polynomials")) {
+         Cases<double, TReals, TReals>("fits", "ill-conditioned polynomials")) {
         const auto results = WeightedFit(int(errors.size()) - 1, x[i], y[i], w[i]);
         ExpectFit(results, 14, coefficients, 12, errors);
         ExpectDigits(12, results.ChiSquare, chiSquare, "chi-square");
@@ -97,48 +87,39 @@ TEST(PolynomRegression, KeepsAllDigitsOfIllConditionedData) {
 TEST(PolynomRegression, GivesExactCoefficientsOfExactCurves) {
     auto results = Fit(2, {0, 1, 2}, {1, 6, 17});
     for (int k = 0; k <= 2; ++k) EXPECT_EQ(results.Coefficients[k], k + 1);
-    EXPECT_EQ(results.ChiSquare, 0);
-    EXPECT_EQ(results.QRel, 0);
-    EXPECT_EQ(results.DeltaCoefficients[2], 0);
+    EXPECT_EQ(std::tuple(results.ChiSquare, results.QRel, results.DeltaCoefficients[2]), std::tuple(0, 0, 0));
     EXPECT_EQ(results.AdjR2, results.R2);
     results = Fit(0, {1, 2, 4, 9}, {1, 2, 3, 6});
-    EXPECT_EQ(results.Coefficients[0], 3);
-    EXPECT_EQ(results.ChiSquare, 14);
-    EXPECT_EQ(results.VarianceX, 38.0 / 3);
-    EXPECT_EQ(results.VarianceY, 14.0 / 3);
+    EXPECT_EQ(std::tuple(results.Coefficients[0], results.ChiSquare, results.VarianceX, results.VarianceY),
+              std::tuple(3, 14, 38.0 / 3, 14.0 / 3));
     EXPECT_EQ(results.R2, 0);
     EXPECT_EQ(EvaluateFit(results, 1e300), 3);
     EXPECT_EQ(EvaluateFit(TKxPolynomRegessionResults(), 7), 0);
 }
 
 TEST(PolynomRegression, CallsValuesThatAreAllEqualExplained) {
-    const auto results = WeightedFit(3, {1, 2, 3, 4, 5.5, 7}, TValues(6, 0.1), {0.1, 0.7, 0.3, 1, 1.1, 0.9});
-    EXPECT_EQ(results.R2, 1);
-    EXPECT_EQ(results.AdjR2, 1);
-    EXPECT_EQ(results.VarianceY, 0);
-    EXPECT_EQ(results.ChiSquare, 0);
-    EXPECT_EQ(results.Coefficients[0], 0.1);
+    const auto results = WeightedFit(3, {1, 2, 3, 4, 5.5, 7}, TReals(6, 0.1), {0.1, 0.7, 0.3, 1, 1.1, 0.9});
+    EXPECT_EQ(std::tuple(results.R2, results.AdjR2, results.VarianceY), std::tuple(1, 1, 0));
+    EXPECT_EQ(std::tuple(results.ChiSquare, results.Coefficients[0]), std::tuple(0, 0.1));
     EXPECT_EQ(results.Coefficients[3], 0);
 }
 
 TEST(PolynomRegression, LeavesOutWhatIsOutsideOrNotFiniteAsWholePoints) {
-    const TValues x = {-5, 0, CNaN, 1, 2, 2.5, CInf, 3, -CInf, 4, 99};
-    const TValues y = {99, 1, 5, 2, 5, CNaN, 6, 10, 1, 17.5};
+    const TReals x = {-5, 0, CNaN, 1, 2, 2.5, CInf, 3, -CInf, 4, 99};
+    const TReals y = {99, 1, 5, 2, 5, CNaN, 6, 10, 1, 17.5};
     const auto results = Fit(2, x, y, 0, CInf);
     const auto expected = Fit(2, {0, 1, 2, 3, 4}, {1, 2, 5, 10, 17.5});
-    EXPECT_EQ(results.Coefficients[2], expected.Coefficients[2]);
-    EXPECT_EQ(results.QRel, expected.QRel);
-    EXPECT_EQ(results.AverageX, 2);
-    EXPECT_EQ(results.AverageY, 7.1);
+    EXPECT_EQ(std::tuple(results.Coefficients[2], results.QRel, results.AverageX, results.AverageY),
+              std::tuple(expected.Coefficients[2], expected.QRel, 2, 7.1));
     EXPECT_EQ(Fit(2, {60, 0, 1, 2, 3, 4}, {0, 1, 2, 5, 10, 17.5}, -CInf, 50).QRel, expected.QRel);
-    EXPECT_EQ(test::MessageOf<EMathError>([&] { Fit(2, x, y, CNaN, 5); }), "Not enough data!");
+    EXPECT_EQ(MessageOf<EMathError>([&] { Fit(2, x, y, CNaN, 5); }), "Not enough data!");
     const auto weighted =
         WeightedFit(2, {0, 1, 7, 2, 3, 8, 4}, {1, 2, 9, 5, 10, -3, 17.5}, {1, 1, CNaN, 1, 1, CInf, 1});
     EXPECT_EQ(weighted.Coefficients[2], expected.Coefficients[2]);
 }
 
 TEST(PolynomRegression, CountsAPointOfWeightTwoAsTwo) {
-    const TValues x = {1, 2, 3, 5, 8}, y = {2, 1, 4, 3, 9}, w = {2, 1, 1, 3, 1};
+    const TReals x = {1, 2, 3, 5, 8}, y = {2, 1, 4, 3, 9}, w = {2, 1, 1, 3, 1};
     const auto a = WeightedFit(2, x, y, w);
     const auto b = Fit(2, {1, 1, 2, 3, 5, 5, 5, 8}, {2, 2, 1, 4, 3, 3, 3, 9});
     for (int k = 0; k <= 2; ++k) ExpectDigits(15, a.Coefficients[k], b.Coefficients[k], "coefficient");
@@ -153,12 +134,12 @@ TEST(PolynomRegression, CountsAPointOfWeightTwoAsTwo) {
 }
 
 TEST(PolynomRegression, UsesWeightsOfAnySizeAndSign) {
-    const TValues x = {1, 2, 3, 5, 8, 9}, y = {2, 1, 4, 3, 9, 5};
+    const TReals x = {1, 2, 3, 5, 8, 9}, y = {2, 1, 4, 3, 9, 5};
     const auto plain = Fit(2, x, y);
-    const TValues coefficients(plain.Coefficients.begin(), plain.Coefficients.end()),
+    const TReals coefficients(plain.Coefficients.begin(), plain.Coefficients.end()),
         errors(plain.DeltaCoefficients.begin(), plain.DeltaCoefficients.end());
     for (const double weight : {1e-300, 1e300}) {
-        const auto results = WeightedFit(2, x, y, TValues(6, weight));
+        const auto results = WeightedFit(2, x, y, TReals(6, weight));
         ExpectFit(results, 14, coefficients, 14, errors);
         ExpectDigits(14, results.ChiSquare, plain.ChiSquare * weight, "chi-square");
         EXPECT_EQ(results.VarianceX == 0, weight < 1); // as the sum of weights is below 1
@@ -183,31 +164,31 @@ TEST(PolynomRegression, UsesWeightsOfAnySizeAndSign) {
 
 TEST(PolynomRegression, RaisesRatherThanFittingTooLittle) {
     const std::string singular = "Cholesky Decomposition ([i,i]): Matrix is not positive definite!";
-    const auto cases = test::Cases<int, TValues, TValues, std::string>("fits", "too little for a polynomial");
+    const auto cases = Cases<int, TReals, TReals, std::string>("fits", "too little for a polynomial");
     for (const auto& [order, x, w, what] : cases) {
         const auto fit = [order = order, &x = x, &w = w] { WeightedFit(order, x, {1, 2, 4, 8, 16}, w); };
-        EXPECT_EQ(test::MessageOf<EMathError>(fit), what == "singular" ? singular : what) << order;
+        EXPECT_EQ(MessageOf<EMathError>(fit), what == "singular" ? singular : what) << order;
     }
-    TValues many;
+    TReals many;
     for (int i = 0; i < 100; ++i) many.push_back(0.01 * i);
     for (const int order : {60, 65})
-        EXPECT_EQ(test::MessageOf<EMathError>([&] { Fit(order, many, many); }), singular);
+        EXPECT_EQ(MessageOf<EMathError>([&] { Fit(order, many, many); }), singular);
 
     TKxPolynomRegessionResults kept = Fit(2, {0, 1, 2}, {1, 6, 17});
-    EXPECT_THROW(PolynomRegression(TValues{1}, TValues{1}, 0, 2, kept), EMathError);
+    EXPECT_THROW(PolynomRegression(TReals{1}, TReals{1}, 0, 2, kept), EMathError);
     EXPECT_EQ(EvaluateFit(kept, 2), 17);
 }
 
 // Scales of x and y are powers of two, so the same digits come out wherever they fit into a double.
 TEST(PolynomRegression, WorksAtEveryScaleThatResultsHave) {
-    TValues shape;
+    TReals shape;
     for (int i = 0; i < 9; ++i) shape.push_back(1 + i * 0.25);
     const auto scaled = [&](int Exponent) {
-        TValues values = shape;
+        TReals values = shape;
         for (double& v : values) v = std::ldexp(v, Exponent);
         return values;
     };
-    TValues y = {3, 1, 4, 1, 5, 9, 2, 6, 5};
+    TReals y = {3, 1, 4, 1, 5, 9, 2, 6, 5};
     const auto plain = Fit(5, shape, y);
     for (const int exponent : {-200, 500}) { // up to 1e150
         const auto results = Fit(5, scaled(exponent), y);
@@ -218,14 +199,12 @@ TEST(PolynomRegression, WorksAtEveryScaleThatResultsHave) {
         EXPECT_EQ(results.R2, plain.R2);
         EXPECT_EQ(EvaluateFit(results, std::ldexp(1.1, exponent)), EvaluateFit(plain, 1.1));
     }
-    const TValues line = {1, 1.5, 2, 2.5, 3, 3.5, 4, 4.5, 5};
+    const TReals line = {1, 1.5, 2, 2.5, 3, 3.5, 4, 4.5, 5};
     const auto tiny = Fit(5, scaled(-664), line); // 1e-200
-    EXPECT_EQ(tiny.Coefficients[1], std::ldexp(2, 664));
-    EXPECT_EQ(tiny.Coefficients[5], 0);
+    EXPECT_EQ(std::tuple(tiny.Coefficients[1], tiny.Coefficients[5]), std::tuple(std::ldexp(2, 664), 0));
     for (double& v : y) v *= 0x1p-700;
     const auto small = Fit(5, shape, y);
-    EXPECT_EQ(small.R2, plain.R2);
-    EXPECT_EQ(small.QRel, plain.QRel * 0x1p-700);
+    EXPECT_EQ(std::tuple(small.R2, small.QRel), std::tuple(plain.R2, plain.QRel * 0x1p-700));
 
     EXPECT_THROW(Fit(5, scaled(-664), y = {3, 1, 4, 1, 5, 9, 2, 6, 5}), EOverflow); // coefficients
     EXPECT_THROW(Fit(5, scaled(664), y), EOverflow);                                // variance of x
@@ -236,7 +215,7 @@ TEST(PolynomRegression, WorksAtEveryScaleThatResultsHave) {
 // The blocks, their last odd point and the second pass for small residuals.
 TEST(PolynomRegression, GivesTheSameForEveryNumberOfPoints) {
     for (const int count : {4, 127, 128, 129, 256, 1000}) {
-        TValues x, y;
+        TReals x, y;
         for (int i = 0; i < count; ++i) {
             x.push_back(i - 0.5 * (count - 1));
             // Alternating signs about the middle: orthogonal to a line for counts that 4 divides.
@@ -250,5 +229,4 @@ TEST(PolynomRegression, GivesTheSameForEveryNumberOfPoints) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::polyregr

@@ -1,28 +1,20 @@
 #include <kxgraph/analysis/Kxsimplex.h>
 
-#include "support/errors.h"
 #include "support/nist.h"
+#include "support/testing.h"
 
-#include <kxgraph/platform/base/exceptions.h>
+namespace kx::test::simplex {
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-namespace kx {
-namespace {
-
-using TNumbers = test::TReals;
 using TValues = std::span<const double>;
 
-TNumbers BestOf(const TKxSimplex& Simplex) { return {Simplex.Best().begin(), Simplex.Best().end()}; }
+TReals BestOf(const TKxSimplex& Simplex) { return {Simplex.Best().begin(), Simplex.Best().end()}; }
 
 double Square(double Value) { return Value * Value; }
 
 TEST(Simplex, FindsKnownMinima) {
     const struct {
         TKxSimplex::TFunction Function;
-        TNumbers Start, Minimum;
+        TReals Start, Minimum;
     } cases[] = {
         {[](TValues c) { return 5 + 100 * Square(c[1] - c[0] * c[0]) + Square(1 - c[0]); },
          {-1.2, 1},
@@ -46,7 +38,7 @@ TEST(Simplex, FindsKnownMinima) {
 
 /// Gives the values of a list, whatever the vertex, and keeps the vertices, two numbers each.
 struct TScript {
-    TNumbers Values, Seen;
+    TReals Values, Seen;
     double operator()(TValues Vertex) {
         Seen.insert(Seen.end(), Vertex.begin(), Vertex.end());
         return Values.at(Seen.size() / 2 - 1);
@@ -54,14 +46,14 @@ struct TScript {
 };
 
 TEST(Simplex, StepsAsTheValuesSay) {
-    const auto cases = test::Cases<std::string, TNumbers, TNumbers, TNumbers>("simplex", "one step");
+    const auto cases = Cases<std::string, TReals, TReals, TReals>("simplex", "one step");
     for (const auto& [name, values, seen, best] : cases) {
         TScript script{values, {}};
         TKxSimplex simplex(std::ref(script));
-        simplex.Start(TNumbers{20, 20}, 5);
+        simplex.Start(TReals{20, 20}, 5);
         EXPECT_TRUE(simplex.Iterate()) << name;
         EXPECT_EQ(2 * script.Values.size(), script.Seen.size()) << name;
-        EXPECT_EQ(TNumbers(script.Seen.begin() + 6, script.Seen.end()), seen) << name;
+        EXPECT_EQ(TReals(script.Seen.begin() + 6, script.Seen.end()), seen) << name;
         EXPECT_EQ(BestOf(simplex), best) << name;
     }
 }
@@ -76,33 +68,32 @@ TEST(Simplex, EndsByBudgetByZeroAndOnRequest) {
     TKxSimplex bowl([](TValues c) { return Square(c[0] - 3) + Square(c[1] - 5) + 1; });
     for (const int iterations : {1, 50}) {
         history.clear();
-        bowl.Run(TNumbers{1, 1}, iterations, progress);
+        bowl.Run(TReals{1, 1}, iterations, progress);
         EXPECT_EQ(history.size(), std::size_t(iterations) + 1);
         EXPECT_EQ(bowl.Remaining(), -1);
     }
     EXPECT_TRUE(std::is_sorted(history.rbegin(), history.rend())) << "the best never gets worse";
     most = 10;
     history.clear();
-    bowl.Run(TNumbers{1, 1}, 50, progress);
+    bowl.Run(TReals{1, 1}, 50, progress);
     EXPECT_EQ(history.size(), most);
     history.clear();
     TKxSimplex exact([](TValues c) { return Square(c[0] - 3) + Square(c[1] - 5); });
-    exact.Run(TNumbers{3, 5}, 50, progress);
-    EXPECT_EQ(history, TNumbers{0});
-    EXPECT_EQ(test::MessageOf<EMathError>([&] { bowl.Run({}, 0); }), "Simplex Fit: no order set!");
-    EXPECT_EQ(test::MessageOf<EMathError>([&] { bowl.Run(TNumbers{1}, 0); }),
-              "Simplex Fit: no iterations set!");
+    exact.Run(TReals{3, 5}, 50, progress);
+    EXPECT_EQ(history, TReals{0});
+    EXPECT_EQ(MessageOf<EMathError>([&] { bowl.Run({}, 0); }), "Simplex Fit: no order set!");
+    EXPECT_EQ(MessageOf<EMathError>([&] { bowl.Run(TReals{1}, 0); }), "Simplex Fit: no iterations set!");
 }
 
 TEST(Simplex, LeavesACoordinateOfZero) {
     TKxSimplex simplex([](TValues c) { return Square(c[0] - 3) + Square(c[1] - 5) + Square(c[2] + 4); });
-    simplex.Run(TNumbers{1, 0, 1}, 500);
+    simplex.Run(TReals{1, 0, 1}, 500);
     EXPECT_EQ(simplex.Best()[1], 0);
     EXPECT_NEAR(simplex.BestValue(), 25, 1e-12);
 }
 
 TEST(Simplex, ReachesCertifiedMinima) {
-    for (const auto& set : test::NistNonlinear()) {
+    for (const auto& set : NistNonlinear()) {
         TKxSimplex simplex([&set](TValues c) {
             double sum = 0;
             for (std::size_t i = 0; i < set.X.size(); ++i)
@@ -118,7 +109,7 @@ TEST(Simplex, ReachesCertifiedMinima) {
         expectCertified();
         if (set.Name != "BoxBOD") continue;
         simplex.Run(set.Starts[0], 5000);
-        const TNumbers frozen = BestOf(simplex);
+        const TReals frozen = BestOf(simplex);
         EXPECT_GT(simplex.BestValue(), 2 * set.SumOfSquares) << "freezes above the minimum";
         simplex.Run(set.Starts[0], 9000);
         EXPECT_EQ(BestOf(simplex), frozen) << "more iterations do not help";
@@ -127,5 +118,4 @@ TEST(Simplex, ReachesCertifiedMinima) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::simplex

@@ -1,19 +1,10 @@
 #include <kxgraph/analysis/Kxsmoothing.h>
 
 #include "support/arrays.h"
-#include "support/errors.h"
 #include "support/reference.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <random>
-
-namespace kx {
-namespace {
-
-using test::ArrayOf, test::CInf, test::CNaN, test::TReals, test::TriangularMean;
+namespace kx::test::smoothing {
 
 TReals Smoothed(double M, const TReals& X, const TReals& Y) {
     TKxRealArray y = ArrayOf(Y);
@@ -65,15 +56,16 @@ TEST(Smoothing, KeepsItsDigitsBesideGreatValuesAndCrowdsAtTheRim) {
     }
 }
 
-TEST(Smoothing, ChangesNothingByWindowsThatAreNarrowOrNotPositive) {
-    const TReals x{0, 1, 3, 7}, y{0.1, -0.7, 1e17, 3};
-    for (const double m : {0.0, -1.0, CNaN, 1e-300, 1.0}) EXPECT_EQ(Smoothed(m, x, y), y) << m;
-}
-
-TEST(Smoothing, EndsTheWindowWhereXLeavesIt) {
-    // The third point is nearer than 2 to the first, but behind one that is not.
-    EXPECT_EQ(Smoothed(2, {0, 5, 1, 1}, {3, 6, 0, 12}), (TReals{3, 6, 6, 6}));
-    EXPECT_EQ(Smoothed(2, {3, 2, 1}, {2, 4, 8}), (TReals{8.0 / 3, 4.5, 20.0 / 3}));
+TEST(Smoothing, TakesPointsAsTheyComeAndRefusesFew) {
+    for (const auto& [what, m, x, y, expected] :
+         Cases<TText, double, TReals, TReals, TReals>("curves", "smoothed")) {
+        TReals found;
+        const auto smooth = [&, &width = m, &abscissae = x, &ordinates = y] {
+            found = Smoothed(width, abscissae, ordinates);
+        };
+        EXPECT_EQ(MessageOf<EMathError>(smooth), expected.empty() ? "Not enough data!" : "") << what;
+        EXPECT_EQ(found, expected) << what;
+    }
 }
 
 TEST(Smoothing, IsTheSameFromTheOtherEnd) {
@@ -96,11 +88,6 @@ TEST(Smoothing, IsTheSameFromTheOtherEnd) {
     }
 }
 
-TEST(Smoothing, LeavesOutPointsThatAreNotFinite) {
-    EXPECT_EQ(Smoothed(2, {0, CNaN, 1, 1.5, 2, CInf}, {2, 9, 4, -CInf, 8, 7}),
-              (TReals{8.0 / 3, 9, 4.5, -CInf, 20.0 / 3, 7}));
-}
-
 TEST(Smoothing, CountsLogarithmicDistancesInDecades) {
     std::mt19937 random(5);
     TReals x, logs, y;
@@ -114,14 +101,8 @@ TEST(Smoothing, CountsLogarithmicDistancesInDecades) {
     for (std::size_t i = 0; i < x.size(); ++i)
         EXPECT_NEAR(found[int(i)], TriangularMean(0.3, logs, y, i), 1e-10) << x[i];
     x[499] = 0;
-    EXPECT_EQ(test::MessageOf<EInvalidOp>([&] { SmoothVectorLog(0.3, ArrayOf(x), found); }),
+    EXPECT_EQ(MessageOf<EInvalidOp>([&] { SmoothVectorLog(0.3, ArrayOf(x), found); }),
               "Invalid floating point operation");
 }
 
-TEST(Smoothing, RaisesForFewerThanThreePoints) {
-    for (const TReals& x : {TReals{}, {1, 2}, {1, CNaN, 2}})
-        EXPECT_EQ(test::MessageOf<EMathError>([&] { Smoothed(1, x, {1, 2, 3}); }), "Not enough data!");
-}
-
-} // namespace
-} // namespace kx
+} // namespace kx::test::smoothing
