@@ -1,13 +1,8 @@
 #include <kxgraph/platform/drawing/canvas.h>
 
-#include "support/recording.h"
+#include "support/testing.h"
 
-#include <kxgraph/platform/drawing/recording.h>
-
-#include <gtest/gtest.h>
-
-namespace kx {
-namespace {
+namespace kx::test::canvas {
 
 /// A recorder with a canvas on it.
 struct TSheet {
@@ -32,7 +27,7 @@ TEST(Canvas, HandsDownResolvedValuesMovedByTheOrigin) {
     canvas.Pen.SetMode(pmXor);
     canvas.Ellipse(0, 0, 5, 5);
     canvas.FillRect({0, 0, 5, 5});
-    test::ExpectRecording("canvasorigin", sheet.Drawn());
+    ExpectRecording("canvasorigin", sheet.Drawn());
     EXPECT_EQ(canvas.GetClipRect(), (TRect{-100, -50, 100, 50}));
 }
 
@@ -95,8 +90,7 @@ TEST(Canvas, NarrowsClipsWithinTheBaseClipAndRestoresThem) {
     }
     EXPECT_EQ(canvas.GetOrigin(), TPoint{});
     canvas.SetDevice(nullptr);
-    test::ExpectRecording("canvasclips", sheet.Drawn());
+    ExpectRecording("canvasclips", sheet.Drawn());
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::canvas

@@ -1,16 +1,8 @@
 #include <kxgraph/platform/objects/component.h>
 
-#include "support/errors.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <functional>
-#include <memory>
-#include <utility>
-
-namespace kx {
-namespace {
+namespace kx::test::component {
 
 /// Keeps a reference to a partner and counts what it is told.
 class TWatcher : public TComponent {
@@ -75,7 +67,7 @@ TEST(Component, TellsOwnersTheirComponentsAndPartnersOnceOfComingAndGoing) {
     TWatcher owner(nullptr), other(nullptr), sibling(&owner), inner(&sibling), partner(nullptr);
     EXPECT_EQ(owner.Inserted, 1);
     EXPECT_EQ(sibling.Inserted, 1) << "an owner hears of what it owns itself";
-    test::TFaults faults;
+    TFaults faults;
     owner.OnInserted = [] { throw Exception("no"); };
     {
         TComponent guest(&owner); // it must not raise, for then it would stay in the list
@@ -123,7 +115,7 @@ TEST(Component, TellsEverybodyBeforeWhatItOwnsIsDeleted) {
     delete axis;
     EXPECT_TRUE(alive);
     EXPECT_EQ(sibling.Removed, 2);
-    test::TFaults faults;
+    TFaults faults;
     TWatcher second(&form);
     sibling.OnRemoved = second.OnRemoved = [] { throw Exception("no"); };
     delete new TWatcher(&form);
@@ -208,7 +200,7 @@ TEST(Component, HasAnIdentifierForANameThatIsUniqueWithinTheOwner) {
     a.SetName("Axis1");
     c.SetName("AXIS1");
     b.SetName("_b2");
-    EXPECT_EQ(test::MessageOf([&] { b.SetName("axis1"); }), "A component named axis1 already exists");
+    EXPECT_EQ(MessageOf([&] { b.SetName("axis1"); }), "A component named axis1 already exists");
     EXPECT_THROW(owner.InsertComponent(&c), EComponentError);
     for (const char* bad : {"1a", "a b", "\xC3\xA4", "a-"}) EXPECT_THROW(b.SetName(bad), EComponentError);
     EXPECT_EQ(b.GetName(), "_b2");
@@ -227,5 +219,4 @@ TEST(Component, HasAnIdentifierForANameThatIsUniqueWithinTheOwner) {
     EXPECT_EQ(owner.FindComponent(""), nullptr);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::component

@@ -1,20 +1,10 @@
-#include "support/errors.h"
 #include "support/headless.h"
+#include "support/testing.h"
 
-#include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/controls/customlabel.h>
 #include <kxgraph/platform/drawing/shifting.h>
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <random>
-#include <vector>
-
-namespace kx {
-namespace {
-
-using test::Host, test::ViewOf;
+namespace kx::test::controls {
 
 struct TMark : TGraphicControl {
     TMark(TWinControl* Parent, const TRect& R) : TGraphicControl(nullptr) {
@@ -112,7 +102,7 @@ struct TAsking : TGraphicControl {
 
 // Whatever happened before: who asks for a paint has his window know of all that shows of him. And once.
 TEST(Controls, AreAskedForByTheirWindowOnceAFrameAndNeverMissOne) {
-    const test::TFaults faults;
+    const TFaults faults;
     std::mt19937 random(11);
     const auto below = [&](int Count) { return int(random() % unsigned(Count)); };
     auto owned = std::make_unique<TAskedHost>();
@@ -199,8 +189,7 @@ TEST(Controls, TakeTheParentsFontAndColourUntilTheyHaveTheirOwn) {
     own.SetColor(clLime);
     form.GetFont().SetName("Courier");
     form.SetColor(clRed);
-    EXPECT_EQ(follower.GetFont().GetName(), "Courier");
-    EXPECT_EQ(follower.GetColor(), clRed);
+    EXPECT_EQ(std::tuple(follower.GetFont().GetName(), follower.GetColor()), std::tuple("Courier", clRed));
     EXPECT_EQ(own.GetColor(), clLime);
     own.SetParentColor(true);
     EXPECT_EQ(own.GetColor(), clRed);
@@ -241,5 +230,4 @@ TEST(Form, KeepsItsWindowUpToDateAndItsNormalBoundsWhileMaximised) {
     EXPECT_FALSE(form.IsShown() || view.Visible);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::controls

@@ -1,22 +1,11 @@
 #include <kxgraph/platform/data/datasource.h>
+
+#include "support/testing.h"
+
 #include <kxgraph/platform/data/datetext.h>
 #include <kxgraph/platform/data/memorydataset.h>
 
-#include "support/errors.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <functional>
-#include <memory>
-#include <random>
-#include <string>
-#include <vector>
-
-namespace kx {
-namespace {
-
-using test::MessageOf;
+namespace kx::test::dataset {
 
 /// Three fields and a few records.
 struct TReadings : TMemoryDataSet {
@@ -28,6 +17,8 @@ struct TReadings : TMemoryDataSet {
         for (int i = 0; i < Records; ++i) AppendRecord({double(i)});
     }
     TField& U() const { return GetField(0); }
+    void Quietly(const auto& Do) { DisableControls(), Do(), EnableControls(); }
+    void Put(double Value) { Edit(), U().SetAsFloat(Value); }
 };
 
 /// A link to u that writes down what it hears.
@@ -95,8 +86,7 @@ TEST(DataSet, HoldsWhatAListHoldsWhateverIsEdited) {
                 act == 2 ? set.Cancel() : set.Post();
                 if (act != 2) expected.insert(expected.begin() + (act == 1 ? at : count), {++id, step});
             } else if (act < 5) {
-                set.Edit();
-                set.U().SetAsFloat(step);
+                set.Put(step);
                 act == 3 ? set.Cancel() : set.Next(); // which posts
                 if (act == 4) expected[std::size_t(at)].second = step;
             } else {
@@ -119,14 +109,13 @@ TEST(DataSet, HoldsWhatAListHoldsWhateverIsEdited) {
 }
 
 TEST(DataSet, TellsThoseThatAreBound) {
-    struct TCase {
+    const struct {
         std::function<void(TReadings&, TBound&)> Do;
         std::string Heard;
-    };
-    const TCase cases[] = {
+    } cases[] = {
         {[](auto& s, auto&) { s.Next(); }, "1 "},
-        {[](auto& s, auto&) { s.Edit(), s.U().SetAsFloat(5), s.Post(); }, "5 5 "},
-        {[](auto& s, auto&) { s.Edit(), s.U().SetAsFloat(5), s.Cancel(); }, "5 0 0 "},
+        {[](auto& s, auto&) { s.Put(5), s.Post(); }, "5 5 "},
+        {[](auto& s, auto&) { s.Put(5), s.Cancel(); }, "5 0 0 "},
         {[](auto& s, auto&) { s.Edit(), s.GetField(1).SetAsFloat(5), s.Post(); }, "0 "},
         {[](auto& s, auto& b) { s.Edit(), b.Link.Modified(), s.Post(); }, "update 77 77 "},
         {[](auto& s, auto&) { s.AppendRecord({9.}); }, " 9 9 "},
@@ -137,16 +126,14 @@ TEST(DataSet, TellsThoseThatAreBound) {
         {[](auto& s, auto&) { s.Clear(); }, "records "},
         {[](auto& s, auto&) { s.Close(), s.Open(); }, "closed open "},
         {[](auto& s, auto& b) { b.Link.SetDataSource(nullptr), s.Next(); }, "closed "},
-        {[](auto& s, auto&) { // nested
-             s.DisableControls(), s.DisableControls(), s.Next(), s.EnableControls(), s.Next();
-             s.EnableControls(), s.EnableControls();
+        {[](auto& s, auto&) {
+             s.Quietly([&] { s.Quietly([&] { s.Next(); }), s.Next(); }), s.EnableControls();
          },
          "2 "},
-        {[](auto& s, auto&) { s.DisableControls(), s.AppendRecord({9.}), s.EnableControls(); }, "records "},
-        {[](auto& s, auto&) { s.DisableControls(), s.Close(), s.Open(), s.EnableControls(); },
-         "closed open records "},
+        {[](auto& s, auto&) { s.Quietly([&] { s.AppendRecord({9.}); }); }, "records "},
+        {[](auto& s, auto&) { s.Quietly([&] { s.Close(), s.Open(); }); }, "closed open records "},
     };
-    for (const TCase& c : cases) {
+    for (const auto& c : cases) {
         TReadings set(3);
         TDataSource source(nullptr);
         source.SetDataSet(&set);
@@ -170,8 +157,7 @@ TEST(DataSet, LetsHandlersPreventAndRepair) {
     EXPECT_EQ(second.Log, "1 ") << "told all the same";
     set.BeforePost = [](TDataSet*) { throw Exception("refused"); };
     first.Link.OnDataChange = nullptr;
-    set.Edit();
-    set.U().SetAsFloat(8);
+    set.Put(8);
     EXPECT_EQ(MessageOf([&] { set.First(); }), "refused");
     EXPECT_EQ(set.GetState(), dsEdit);
     set.BeforePost = [&](TDataSet*) { set.U().SetAsFloat(9); };
@@ -186,46 +172,23 @@ TEST(DataSet, LetsHandlersPreventAndRepair) {
 }
 
 TEST(DataSet, FieldsConvertWhatTheyAreGiven) {
-    struct TCase {
-        TFieldType Type;
-        std::string Text, Shown; // or the message
-        double Number = 0;
-    };
-    const TCase cases[] = {
-        {ftNumber, "0.1", "0.1", 0.1},
-        {ftNumber, "12.5x", "'12.5x' is not a number (field f)"},
-        {ftNumber, "", ""},
-        {ftInteger, "9007199254740993", "9007199254740993", 9007199254740992},
-        {ftInteger, "1.5", "'1.5' is not a whole number (field f)"},
-        {ftText, "7.5", "7.5", 7.5},
-        {ftText, "", ""},
-        {ftDate, "2004-02-29", "2004-02-29", 1078012800},
-        {ftDate, "1969-12-31 23:59", "1969-12-31", -86400},
-        {ftDate, "2003-02-29", "'2003-02-29' is not a date (field f)"},
-        {ftDateTime, "2003-09-19T13:05:07.25", "2003-09-19 13:05:07.25", 1063976707.25},
-        {ftDateTime, "2003-09-19 13:05+01:30", "2003-09-19 11:35:00", 1063971300},
-        {ftDateTime, "2003-09-19 13:05:07-02", "2003-09-19 15:05:07", 1063983907},
-        {ftDateTime, "0000-01-01 00:00:00Z", "0000-01-01 00:00:00", -62167219200},
-        {ftDateTime, "2003-09-19 24:00", "'2003-09-19 24:00' is not a date (field f)"},
-        {ftDateTime, "2003-9-19", "'2003-9-19' is not a date (field f)"},
-        {ftDateTime, "2003-09-19 13:05 ", "'2003-09-19 13:05 ' is not a date (field f)"},
-    };
-    for (const TCase& c : cases) {
+    const TText types[] = {"text", "integer", "number", "date", "moment"};
+    for (const auto& [type, text, expected, number] :
+         Cases<TText, TText, TText, double>("datasets", "fields")) {
+        SCOPED_TRACE(type + " " + text);
         TMemoryDataSet set(nullptr);
-        set.DefineField("f", c.Type);
+        set.DefineField("f", TFieldType(std::ranges::find(types, type) - types));
         set.Open();
         set.Append();
         TField& field = set.GetField(0);
-        std::string shown = MessageOf([&] { field.SetAsString(c.Text); });
+        TText shown = MessageOf([&, &given = text] { field.SetAsString(given); });
         if (shown.empty()) shown = field.GetDisplayText();
-        EXPECT_EQ(shown, c.Shown);
-        EXPECT_EQ(field.IsBlank(), c.Number == 0) << c.Text;
-        EXPECT_EQ(field.GetAsFloat(), c.Number) << c.Text;
-        EXPECT_EQ(field.GetIsNull(), c.Number == 0 && !(c.Type == ftText && c.Text.empty())) << c.Text;
+        EXPECT_EQ(shown, expected);
+        EXPECT_EQ(std::tuple(field.GetAsFloat(), field.IsBlank()), std::tuple(number, number == 0));
+        EXPECT_EQ(field.GetIsNull(), number == 0 && !(type == "text" && text.empty()));
     }
     TReadings set(1);
-    set.Edit();
-    set.U().SetAsFloat(1 / 3.);
+    set.Put(1 / 3.);
     EXPECT_EQ(set.U().GetDisplayText(), "0.333333333333333");
     EXPECT_EQ(std::stod(set.U().GetAsString()), 1 / 3.);
     set.U().SetReadOnly(true);
@@ -259,13 +222,11 @@ TEST(DataSet, MayGoBeforeOrAfterAllThatIsBound) {
                     if (std::exchange(done, true)) return;
                     ends[0](), ends[1]();
                 };
-                set->Edit();
-                set->U().SetAsFloat(5);
+                set->Put(5);
             }
             for (const auto& end : ends) end();
             EXPECT_FALSE(set || source || bound || last);
         }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::dataset

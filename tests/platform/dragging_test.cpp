@@ -1,13 +1,9 @@
 #include "support/headless.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/controls/popupmenu.h>
 
-#include <gtest/gtest.h>
-
-#include <functional>
-
-namespace kx {
-namespace {
+namespace kx::test::dragging {
 
 /// A form with a source at (0, 0) and a target at (50, 0), 40 square; the target refuses left of its
 /// pixel 10. Writes down the events and runs an action when a chosen one comes.
@@ -38,7 +34,7 @@ struct TStage {
     }
     void Send(TMouseKind Kind, int X, TShiftState Shift, TMouseButton Button = mbLeft) {
         if (Form) Form->AsHostClient().HostMouse(Kind, Button, Shift, {X, 5});
-        View = Form ? test::ViewOf(*Form) : THeadlessHost::TWindowView{};
+        View = Form ? ViewOf(*Form) : THeadlessHost::TWindowView{};
     }
     std::string Drag(std::initializer_list<int> Moves, int Release) {
         Send(TMouseKind::Down, 5, ssLeft);
@@ -103,5 +99,4 @@ TEST(Controls, PopUpTheNearestMenuAndTakeTheParentsHints) {
     EXPECT_TRUE(s.Target->GetShowHint());
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::dragging

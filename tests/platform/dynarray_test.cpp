@@ -1,8 +1,8 @@
 #include <kxgraph/platform/base/dynarray.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-namespace kx {
+namespace kx::test::dynarray {
 
 TEST(DynArray, SharesOnAssignmentUntilItIsResized) {
     TDynArray<int> a{1, 2, 3};
@@ -37,4 +37,4 @@ TEST(DynArray, KeepsValuesClearsNewOnesAndSeldomMoves) {
     EXPECT_EQ(a[10], 0); // not what was there before
 }
 
-} // namespace kx
+} // namespace kx::test::dynarray

@@ -1,9 +1,8 @@
 #include <kxgraph/platform/base/event.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-namespace kx {
-namespace {
+namespace kx::test::event {
 
 struct TListener {
     int Sum = 0;
@@ -39,5 +38,4 @@ TEST(Event, MayBeEmptiedWhileItRuns) {
     EXPECT_EQ(listener.Sum, 1);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::event

@@ -1,24 +1,16 @@
 #include <kxgraph/platform/text/files.h>
 
-#include "support/cases.h"
-#include "support/errors.h"
-#include "support/recording.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/text/filegroup.h>
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <set>
-
-namespace kx {
-namespace {
+namespace kx::test::files {
 
 namespace fs = std::filesystem;
 
 TEST(Files, HavePathsThatAreTakenApart) {
-    using T = std::string;
-    for (const auto& [name, path, file, ext, changed] : test::Cases<T, T, T, T, T>("texts", "paths")) {
+    for (const auto& [name, path, file, ext, changed] :
+         Cases<TText, TText, TText, TText, TText>("texts", "paths")) {
         EXPECT_EQ(ExtractFilePath(name), path);
         EXPECT_EQ(ExtractFileName(name), file);
         EXPECT_EQ(ExtractFileExt(name), ext);
@@ -36,9 +28,9 @@ protected:
         return names;
     }
     static std::string ReplaceFault(const std::string& Name) {
-        return test::MessageOf<EFileError>([&] { ReplaceFile(Name, "x"); });
+        return MessageOf<EFileError>([&] { ReplaceFile(Name, "x"); });
     }
-    test::TTemporaryDirectory Directory;
+    TTemporaryDirectory Directory;
     const std::string File = Directory / "x.ini";
 };
 
@@ -65,7 +57,7 @@ TEST_F(FilesOnDisk, AreNamedInAFailureThatLeavesNothingBehind) {
     EXPECT_EQ(ReplaceFault(missing), missing + ": No such file or directory");
     EXPECT_EQ(ReplaceFault(dir), dir + ": is a directory");
     EXPECT_EQ(ReplaceFault(loop), loop + ": Too many levels of symbolic links");
-    EXPECT_EQ(test::MessageOf<EFileError>([&] { ReadFile(dir); }), dir + ": is a directory");
+    EXPECT_EQ(MessageOf<EFileError>([&] { ReadFile(dir); }), dir + ": is a directory");
     ReplaceFile(File, "x");
     fs::permissions(File, fs::perms::owner_read);
     EXPECT_EQ(ReplaceFault(File), File + ": is write-protected");
@@ -129,5 +121,4 @@ TEST_F(FilesOnDisk, TellWhetherTheyWereCopied) {
     EXPECT_EQ(ReadFile(copy), "2");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::files

@@ -1,20 +1,14 @@
 #include <kxgraph/platform/controls/form.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <memory>
-#include <string>
-
-namespace kx {
-namespace {
+namespace kx::test::focus {
 
 struct TFocusForm {
     TFocusForm() {
         Form.SetName("Form");
         Panel.SetBounds(0, 0, 100, 100);
-        for (TWinControl* control :
-             {static_cast<TWinControl*>(&Panel), static_cast<TWinControl*>(Inner.get()),
-              static_cast<TWinControl*>(Other.get())}) {
+        for (TWinControl* control : {&Panel, Inner.get(), Other.get()}) {
             control->OnEnter = [this](TControl* C) { Log += "+" + C->GetName(); };
             control->OnExit = [this](TControl* C) { Log += "-" + C->GetName(); };
             control->OnMouseEnter = [this](TControl* C) { Log += ">" + C->GetName(); };
@@ -115,5 +109,4 @@ TEST(Hover, IsToldOfEveryChange) {
     EXPECT_EQ(f.Take(), ">I>P");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::focus

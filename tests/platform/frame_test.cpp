@@ -1,15 +1,10 @@
 #include <kxgraph/platform/controls/frame.h>
 
-#include "support/errors.h"
-#include "support/recording.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/controls/form.h>
-#include <kxgraph/platform/drawing/recording.h>
 
-#include <gtest/gtest.h>
-
-namespace kx {
-namespace {
+namespace kx::test::frame {
 
 /// Writes its text when painted; asks for some rounds of settling.
 struct TBox : TGraphicControl {
@@ -55,7 +50,7 @@ TEST(Frame, SettlesInRoundsUntilNobodyAsks) {
 }
 
 TEST(Frame, PaintsInOrderWithOriginAndClipAndGoesOnAfterAFailure) {
-    const test::TFaults faults;
+    const TFaults faults;
     TForm form(nullptr);
     form.SetBounds(300, 300, 100, 80);
     TCustomPanel panel(nullptr);
@@ -72,11 +67,10 @@ TEST(Frame, PaintsInOrderWithOriginAndClipAndGoesOnAfterAFailure) {
     PaintFrame(form, device);
     EXPECT_EQ(faults.Text, "failingfailing") << "once settling, once painting";
     EXPECT_EQ(below.Settled, 1);
-    test::ExpectRecording("frame", device.Recording.ToText());
+    ExpectRecording("frame", device.Recording.ToText());
     EXPECT_EQ(failing.GetCanvas().GetDevice(), nullptr) << "given back after the failure, too";
     PaintTree(form, part, {55, 55, 56, 56});
-    EXPECT_EQ(part.Recording.ToText().find("below"), std::string::npos);
+    EXPECT_FALSE(Holds(part.Recording.ToText(), "below"));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::frame

@@ -1,8 +1,8 @@
 #include <kxgraph/platform/drawing/geometry.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-namespace kx {
+namespace kx::test::geometry {
 
 TEST(Geometry, RoundsToPixelsHalfToEvenAndSaturates) {
     const std::pair<double, int> cases[] = {{0.5, 0},       {2.5, 2},           {-1.5, -2},
@@ -19,4 +19,4 @@ TEST(Geometry, JoinsAndMeetsRectanglesByPixels) {
     EXPECT_TRUE(a.Contains({0, 9}) && !a.Contains({10, 0}));
 }
 
-} // namespace kx
+} // namespace kx::test::geometry

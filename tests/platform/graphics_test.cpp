@@ -1,14 +1,11 @@
 #include <kxgraph/platform/drawing/graphics.h>
 
-#include "support/cases.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-namespace kx {
+namespace kx::test::graphics {
 
 TEST(Colors, ReadTheirTextsBack) {
-    using TText = std::string;
-    const auto cases = test::Cases<TText, TColor, TText, TText>("texts", "colours");
+    const auto cases = Cases<TText, TColor, TText, TText>("texts", "colours");
     for (const auto& [text, color, written, html] : cases) {
         EXPECT_EQ(ColorFromText(text), color) << text;
         EXPECT_EQ(ColorToText(color), written);
@@ -45,4 +42,4 @@ TEST(Graphics, KeepSizeAndHeightOfAFontAsOneValue) {
     EXPECT_LT(font.GetHeight(), 0);
 }
 
-} // namespace kx
+} // namespace kx::test::graphics

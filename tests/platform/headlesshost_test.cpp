@@ -1,16 +1,11 @@
 #include <kxgraph/platform/host/headlesshost.h>
 
-#include "support/errors.h"
 #include "support/headless.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/host/timer.h>
 
-#include <gtest/gtest.h>
-
-#include <functional>
-
-namespace kx {
-namespace {
+namespace kx::test::headlesshost {
 
 struct TClient : THostClient {
     void HostSettle() override {}
@@ -77,8 +72,8 @@ TEST(HeadlessHost, HasTimersTickInOrderOfDueTime) {
 }
 
 TEST(Timer, TicksWhileEnabledAndMayBeDeletedInItsTick) {
-    const test::TFaults faults;
-    auto& host = test::Host();
+    const TFaults faults;
+    auto& host = Host();
     int ticks = 0;
     auto* timer = new TTimer(nullptr);
     timer->OnTimer = [&] { ++ticks; };
@@ -107,5 +102,4 @@ TEST(Application, ReportsAnExceptionOnOneLineAndNeverRaises) {
               "kxgraph: two\\x0Alines\nkxgraph: first\nkxgraph: second\n");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::headlesshost

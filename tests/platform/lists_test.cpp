@@ -1,13 +1,8 @@
 #include <kxgraph/platform/objects/lists.h>
 
-#include "support/recording.h"
+#include "support/testing.h"
 
-#include <kxgraph/platform/base/exceptions.h>
-#include <kxgraph/platform/text/files.h>
-
-#include <gtest/gtest.h>
-
-namespace kx {
+namespace kx::test::lists {
 
 TEST(StringList, SplitAtAnyLineEnd) {
     TStringList lines;
@@ -29,7 +24,7 @@ TEST(StringList, SplitAtAnyLineEnd) {
 }
 
 TEST(StringList, ComeBackFromFilesAndStayWhenReadingFails) {
-    const test::TTemporaryDirectory directory;
+    const TTemporaryDirectory directory;
     TStringList lines, read;
     lines.SetText(std::string("x\0y\n\xE4\n", 6));
     lines.SaveToFile(directory / "lines.txt");
@@ -41,4 +36,4 @@ TEST(StringList, ComeBackFromFilesAndStayWhenReadingFails) {
     EXPECT_EQ(read.GetText(), "[A]\n") << "a byte-order mark belongs to no line";
 }
 
-} // namespace kx
+} // namespace kx::test::lists

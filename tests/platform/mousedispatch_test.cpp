@@ -1,12 +1,7 @@
-#include "support/errors.h"
 #include "support/headless.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-
-namespace kx {
-namespace {
+namespace kx::test::mousedispatch {
 
 /// A form with a panel at (50, 50), 100 square, and a graphic mark on it at (10, 10), 20 square. Writes down
 /// who got what where, and runs an action at a chosen moment.
@@ -41,7 +36,7 @@ protected:
         Form->AsHostClient().HostMouse(Kind, Button, Shift, Pos);
         return std::exchange(Log, "");
     }
-    const THeadlessHost::TWindowView& View() { return test::ViewOf(*Form); }
+    const THeadlessHost::TWindowView& View() { return ViewOf(*Form); }
 
     static constexpr auto Down = TMouseKind::Down, Move = TMouseKind::Move, Up = TMouseKind::Up;
     std::string Log, ActAt;
@@ -100,7 +95,7 @@ TEST_F(MouseDispatch, LetsHandlersDestroyOrRemoveWhatIsBeingServed) {
         {"mark.down", [] { throw std::runtime_error("x"); }, "mark.down(5,5) mark.click mark.up(5,5) "},
         {"mark.up", [this] { Form.reset(); }, "mark.down(5,5) mark.click mark.up(5,5) "},
     };
-    const test::TFaults faults;
+    const TFaults faults;
     for (const auto& c : cases) {
         Mark = std::make_unique<TGraphicControl>(nullptr);
         Panel = std::make_unique<TCustomPanel>(nullptr);
@@ -131,5 +126,4 @@ TEST_F(MouseDispatch, GivesUpTheMouseWhenThePressedTreeGetsAParent) {
     EXPECT_EQ(Log, "inner.up(5,5) ") << "no click of a press that has ended";
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::mousedispatch

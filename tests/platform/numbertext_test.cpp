@@ -1,21 +1,12 @@
 #include <kxgraph/platform/text/numbertext.h>
 
-#include "support/cases.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <bit>
 #include <clocale>
-#include <cmath>
-#include <random>
 
-namespace kx {
-namespace {
-
-using test::Cases, test::CInf;
+namespace kx::test::numbertext {
 
 TEST(NumberText, WritesTheGeneralAndTheFixedFormat) {
-    using TText = std::string;
     for (const auto& [value, precision, digits, text] :
          Cases<double, int, int, TText>("numbers", "general format"))
         EXPECT_EQ(FloatToStrGeneral(value, precision, digits), text);
@@ -25,9 +16,8 @@ TEST(NumberText, WritesTheGeneralAndTheFixedFormat) {
 }
 
 TEST(NumberText, AgreesWithAnExactPrinterForAllKindsOfDoubles) {
-    EXPECT_EQ(ScientificText(0), " 0.00000000000000E+0000");
-    EXPECT_EQ(ScientificText(-1.5e-300), "-1.50000000000000E-0300");
-    EXPECT_EQ(ScientificText(std::nan("")), "                    NAN");
+    EXPECT_EQ(std::tuple(ScientificText(0), ScientificText(-1.5e-300), ScientificText(std::nan(""))),
+              std::tuple(" 0.00000000000000E+0000", "-1.50000000000000E-0300", "                    NAN"));
     EXPECT_EQ(ScientificText(-CInf), "                   -INF");
     std::mt19937_64 random(7);
     for (int i = 0; i < 20000; ++i) {
@@ -77,5 +67,4 @@ TEST(NumberText, ReadsAllOfATextOrSaysWhereItStopped) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::numbertext

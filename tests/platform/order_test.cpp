@@ -1,15 +1,10 @@
 #include <kxgraph/platform/objects/order.h>
 
+#include "support/testing.h"
+
 #include <kxgraph/platform/objects/lists.h>
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <random>
-#include <vector>
-
-namespace kx {
-namespace {
+namespace kx::test::order {
 
 TEST(Order, KnowsIndicesAndNeighboursWhateverComesAndGoes) {
     std::mt19937 random(7);
@@ -69,5 +64,4 @@ TEST(List, AnswersAsAnArrayDoesWithOneItemSeveralTimes) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::order

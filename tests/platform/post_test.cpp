@@ -1,25 +1,19 @@
 #include <kxgraph/platform/host/post.h>
 
-#include "support/errors.h"
 #include "support/headless.h"
+#include "support/testing.h"
 
-#include <kxgraph/platform/controls/form.h>
+#include <kxgraph/numeric/Kxvector.h>
 #include <kxgraph/platform/objects/ownthread.h>
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
 #include <thread>
-#include <vector>
 
-namespace kx {
-namespace {
+namespace kx::test::post {
 
 TEST(Post, RunsOnTheThreadOfTheComponentsInOrderForOneWakeUp) {
-    const test::TFaults faults;
+    const TFaults faults;
     auto& application = TApplication::Instance();
-    const int wakes = test::Host().GetWakes();
+    const int wakes = Host().GetWakes();
     constexpr int CThreads = 4, CPosts = 500;
     std::vector<int> last(CThreads, -1);
     bool inOrder = true, here = true;
@@ -35,7 +29,7 @@ TEST(Post, RunsOnTheThreadOfTheComponentsInOrderForOneWakeUp) {
                     });
             });
     }
-    EXPECT_EQ(test::Host().GetWakes() - wakes, 1);
+    EXPECT_EQ(Host().GetWakes() - wakes, 1);
     application.ProcessMessages();
     EXPECT_EQ(last, std::vector<int>(CThreads, CPosts - 1));
     EXPECT_TRUE(inOrder && here);
@@ -56,7 +50,7 @@ TEST(Post, RunsOnTheThreadOfTheComponentsInOrderForOneWakeUp) {
 
     Post([&] { log = "kept"; });
     application.SetHost(nullptr);
-    EXPECT_EQ(test::Host().GetWakes(), 1) << "a new host is told of what waits";
+    EXPECT_EQ(Host().GetWakes(), 1) << "a new host is told of what waits";
     application.Run();
     EXPECT_EQ(log, "kept");
 }
@@ -67,16 +61,21 @@ TEST(OwnThreadDeathTest, StopsWhoTouchesComponentsFromAnotherThread) {
     TApplication::Instance();
     TForm form(nullptr);
     TCustomPanel panel(&form);
+    TKxLiveVector vector(&form);
+    vector.Add(1);
     const std::pair<const char*, std::function<void()>> touches[] = {
         {"make", [&] { TComponent made(&form); }},     {"name", [&] { panel.SetName("Panel1"); }},
         {"parent", [&] { panel.SetParent(&form); }},   {"bounds", [&] { panel.SetBounds(1, 2, 3, 4); }},
         {"colour", [&] { panel.SetColor(clRed); }},    {"text", [&] { panel.SetText("a"); }},
         {"visible", [&] { panel.SetVisible(false); }}, {"enabled", [&] { panel.SetEnabled(false); }},
         {"font", [&] { panel.GetFont().SetSize(20); }}};
+    const std::function<void()> changes[] = {[&] { vector.Add(1); }, [&] { vector.SetValue(0, 1); },
+                                             [&] { vector.Delete(0); }, [&] { vector.Clear(); }};
     for (const auto& [name, touch] : touches)
         EXPECT_DEATH(std::thread(touch).join(), "application's thread") << name;
+    for (const auto& change : changes)
+        EXPECT_DEATH(std::thread(change).join(), "application's thread") << &change - changes;
 }
 #endif
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::post

@@ -1,17 +1,13 @@
 #include <kxgraph/platform/objects/propertytext.h>
-#include <kxgraph/platform/objects/published.h>
 
-#include "support/cases.h"
-#include "support/errors.h"
+#include "support/testing.h"
+
+#include <kxgraph/platform/objects/published.h>
 
 #include <kxgraph/platform/drawing/graphics.h>
 #include <kxgraph/platform/objects/component.h>
-#include <kxgraph/platform/text/numbertext.h>
 
-#include <gtest/gtest.h>
-
-namespace kx {
-namespace {
+namespace kx::test::properties {
 
 class TThing : public TComponent {
 public:
@@ -58,7 +54,7 @@ class Properties : public testing::Test {
 protected:
     std::string Set(std::string_view Path, std::string_view Text) {
         const auto set = [&] { SetPropertyText(Thing, Path, Text, Find); };
-        const std::string message = test::MessageOf<EPropertyError>(set);
+        const std::string message = MessageOf<EPropertyError>(set);
         return message.empty() ? GetPropertyText(Thing, Path) : message;
     }
     TComponent Owner{nullptr};
@@ -66,11 +62,9 @@ protected:
     TComponentFinder Find = [this](std::string_view Name) { return Owner.FindComponent(Name); };
 };
 
-using TText = std::string;
-
 TEST_F(Properties, HaveTextFormsThatReadBack) {
     Thing.SetName("Thing1");
-    for (const auto& [path, text, readBack] : test::Cases<TText, TText, TText>("texts", "property texts"))
+    for (const auto& [path, text, readBack] : Cases<TText, TText, TText>("texts", "property texts"))
         EXPECT_EQ(Set(path, text), readBack) << path;
     SetDecimalSeparator(',');
     EXPECT_EQ(Set("Start", "2.5"), "2.5");
@@ -80,7 +74,7 @@ TEST_F(Properties, HaveTextFormsThatReadBack) {
 TEST_F(Properties, NameThePlaceOfAnErrorAndWhatWasExpected) {
     TComponent stranger(&Owner);
     stranger.SetName("Stranger");
-    for (const auto& [path, text, message] : test::Cases<TText, TText, TText>("texts", "property errors"))
+    for (const auto& [path, text, message] : Cases<TText, TText, TText>("texts", "property errors"))
         EXPECT_EQ(Set(path, text), message);
     EXPECT_EQ(Thing.GetCount(), 3);
 }
@@ -119,8 +113,7 @@ TEST_F(Properties, AssignToObjectsAndRefuseAnotherClass) {
     font.SetBold(true);
     TThing::Properties().Find("Font")->Set(Thing, static_cast<TPersistent*>(&font));
     EXPECT_TRUE(Thing.GetFont().GetBold());
-    EXPECT_EQ(test::MessageOf([&] { font.Assign(Thing); }), "Cannot assign a TThing to a TFont");
+    EXPECT_EQ(MessageOf([&] { font.Assign(Thing); }), "Cannot assign a TThing to a TFont");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::properties

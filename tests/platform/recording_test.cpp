@@ -1,9 +1,8 @@
 #include <kxgraph/platform/drawing/recording.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-namespace kx {
-namespace {
+namespace kx::test::recording {
 
 /// One call of each kind.
 void DrawEverything(TCanvasDevice& Device) {
@@ -39,5 +38,4 @@ TEST(Recording, ListsOneLineACallAndReplaysAsItWasOrMoved) {
     EXPECT_EQ(back.Recording.ToText(), expected + "clip none\n"); // a picture never leaves a clip behind
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::recording

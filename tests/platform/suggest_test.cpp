@@ -1,5 +1,7 @@
 #include <kxgraph/platform/text/suggest.h>
 
+#include "support/cases.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -10,19 +12,8 @@ using namespace kx;
 
 TEST(Suggest, FindsWhatATypistMeantAndNothingFarOff) {
     constexpr std::array<std::string_view, 5> known{"--style", "--stack", "temperature", "u", "Width"};
-    const std::pair<std::string_view, std::string_view> cases[]{{"--stlye", "--style"},
-                                                                {"--styl", "--style"},
-                                                                {"--sytle", "--style"},
-                                                                {"--stuck", "--stack"},
-                                                                {"TEMPRATURE", "temperature"},
-                                                                {"teperatrue", "temperature"},
-                                                                {"With", "Width"},
-                                                                {"v", ""},
-                                                                {"weight", ""},
-                                                                {"", ""},
-                                                                {"--style", ""},
-                                                                {"Depth", ""}};
-    for (const auto& [text, meant] : cases) EXPECT_EQ(Closest(text, known), meant) << text;
+    for (const auto& [text, meant] : test::Cases<std::string, std::string>("texts", "meant"))
+        EXPECT_EQ(Closest(text, known), meant) << text;
     EXPECT_EQ(DidYouMean("Witdh", known), "; did you mean 'Width'?");
     EXPECT_EQ(SlipsBetween("kitten", "sitting"), 3);
     EXPECT_EQ(SlipsBetween("ca", "ABC"), 3); // no character is exchanged and then parted from its neighbour

@@ -1,10 +1,8 @@
 #include <kxgraph/platform/text/text.h>
 
-#include "support/cases.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-namespace kx {
+namespace kx::test::text {
 
 TEST(Text, EncodesAndDecodesEveryCodePoint) {
     for (char32_t value = 0; value <= 0x10FFFF; value += value < 0x900 ? 1 : 251) {
@@ -34,8 +32,8 @@ TEST(Text, AbridgesToSixtyCharacters) {
 }
 
 TEST(Text, CountsForeignBytesAsLatin1Characters) {
-    using T = std::string;
-    for (const auto& [bytes, valid, escaped, count] : test::Cases<T, T, T, int>("texts", "foreign bytes")) {
+    for (const auto& [bytes, valid, escaped, count] :
+         Cases<TText, TText, TText, int>("texts", "foreign bytes")) {
         EXPECT_EQ(ToValidUtf8(bytes), valid);
         EXPECT_EQ(Escaped(bytes), escaped);
         EXPECT_EQ(CharacterCount(bytes), count);
@@ -48,4 +46,4 @@ TEST(Text, KnowsTheCaseOfAsciiLettersOnly) {
     EXPECT_TRUE(StartsWithText("Axis1", "AXIS") && !StartsWithText("Ax", "Axis"));
 }
 
-} // namespace kx
+} // namespace kx::test::text
