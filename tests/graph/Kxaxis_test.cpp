@@ -1,20 +1,11 @@
 #include "support/graphfixture.h"
 
 #include "support/cputime.h"
-#include "support/recording.h"
 
 #include <kxgraph/numeric/Kxarithm.h>
 #include <kxgraph/platform/base/scopedvalue.h>
-#include <kxgraph/platform/text/files.h>
 
-#include <cmath>
-#include <random>
-#include <set>
-
-using namespace kx;
-using namespace kx::test;
-
-namespace {
+namespace kx::test::axis {
 
 /// The value that a label tells.
 double ValueOf(const TKxAxis& Axis, const std::string& Text) {
@@ -22,8 +13,6 @@ double ValueOf(const TKxAxis& Axis, const std::string& Text) {
     return std::stod(Axis.GetUseScaleExponent() ? Text + "E" + std::to_string(Axis.GetScaleExponent())
                                                 : Text);
 }
-
-} // namespace
 
 TEST(Axis, TickGridLineLabelAndValueStandAtOnePlaceInsideTheCaption) {
     std::mt19937 random(3);
@@ -45,19 +34,13 @@ TEST(Axis, TickGridLineLabelAndValueStandAtOnePlaceInsideTheCaption) {
         axis.SetLabelPart(any(1, 90) / 100.0);
         axis.SetStartEnd(TKxAxEnd(any(0, 2)));
         axis.SetStopEnd(TKxAxEnd(any(0, 2)));
-        axis.SetCaption("Axis");
-        axis.SetShowCaption(true);
-        axis.SetBorderCaptionGap(3);
-        axis.SetMajorTickLength(7);
         axis.SetAxisThicknes(any(0, 3));
-        axis.SetTickColor(clLime);
-        axis.SetMajorTickColor(clFuchsia);
-        TKxLineStyle* const grids[2][2] = {{&f.Graph->GetMajorGridY(), &f.Graph->GetMinorGridY()},
-                                           {&f.Graph->GetMajorGridX(), &f.Graph->GetMinorGridX()}};
-        for (int minor = 0; minor < 2; ++minor) {
-            grids[side.IsHorizontal()][minor]->SetVisible(true);
-            grids[side.IsHorizontal()][minor]->SetColor(minor ? clTeal : clRed);
-        }
+        f.Set("Caption=Axis; ShowCaption=1; BorderCaptionGap=3; MajorTickLength=7; TickColor=clLime;"
+              "MajorTickColor=clFuchsia",
+              axis.GetName() + ".");
+        const std::string grid = side.IsHorizontal() ? "GridX." : "GridY.";
+        f.Set("Visible=1; Color=clRed", "Graph1.Major" + grid);
+        f.Set("Visible=1; Color=clTeal", "Graph1.Minor" + grid);
         const TRecording drawn = f.Draw();
         const TPoint world = f.World();
         ASSERT_EQ(side.Outward() *
@@ -105,11 +88,9 @@ TEST(Axis, FollowsManySeriesWithoutLookingAtAllWheneverOneChanges) {
         for (int i = Count; --i > 0;) ranges[std::size_t(i)].SetStartStop(3, 4); // the widest first
         EXPECT_EQ(std::pair(axis.GetStart(), axis.GetStop()), std::pair(0.0, 4.0));
     };
-    const double few = test::CpuSeconds([&] { follow(4000); });
-    EXPECT_LT(test::CpuSeconds([&] { follow(40000); }), 35 * few) << "not the square of their number";
+    const double few = CpuSeconds([&] { follow(4000); });
+    EXPECT_LT(CpuSeconds([&] { follow(40000); }), 35 * few) << "not the square of their number";
 }
-
-namespace {
 
 using TEnds = std::pair<double, double>;
 
@@ -128,8 +109,6 @@ struct TAnyEnds {
     }
     std::mt19937 Random{7};
 };
-
-} // namespace
 
 TEST(Axis, ZoomingBackAndLoadingShowExactlyWhatWasShown) {
     TAnyEnds any;
@@ -219,12 +198,10 @@ TEST(Axis, MirrorsShowTicksAndZoomOfAnotherWithoutLabels) {
          {"", "XAxis1.Twisted=1", "XAxis1.Scaling=AxLog", "XAxis1.Scaling=AxNormal",
           "XAxis1.LabelKind=lkDates", "XAxis1.AutoTicks=0; XAxis1.LabelKind=0; XAxis1.TickPart=0.5", "zoom",
           "back", "XAxis1.Visible=0"}) {
-        if (std::string(change) == "zoom")
-            f.Graph->ZoomTo({20, 20, 150, 90});
-        else if (std::string(change) == "back")
-            f.X->ZoomBack();
-        else
-            f.Set(change);
+        const std::string what = change;
+        if (what == "zoom") f.Graph->ZoomTo({20, 20, 150, 90});
+        if (what == "back") f.X->ZoomBack();
+        if (what.find('.') != what.npos) f.Set(what);
         f.Draw();
         for (const TKxAxis* axis : {&mirror, &second}) {
             EXPECT_EQ(ticks(*axis), ticks(*f.X)) << change;
@@ -277,3 +254,5 @@ TEST(Axis, TheSettingsFileReplacesTheStepTables) {
     EXPECT_EQ(std::pair(table.Tick[1], table.Tick[10]), std::pair(0.5, 0.5));
     EXPECT_EQ(table.MajorTick, CBuiltInSteps.MajorTick) << "a missing row stays";
 }
+
+} // namespace kx::test::axis

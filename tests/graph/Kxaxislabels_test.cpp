@@ -1,9 +1,8 @@
 #include <kxgraph/graph/Kxaxislabels.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-namespace kx {
-namespace {
+namespace kx::test::axislabels {
 
 /// Ticks at 0 and 90 of 100 pixels, labels 6 pixels a letter wide and 10 high.
 struct TFixture {
@@ -54,5 +53,4 @@ TEST(AxisLabels, AreMeasuredOnceInAFont) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::axislabels

@@ -1,11 +1,8 @@
 #include <kxgraph/graph/Kxaxisrange.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <utility>
-
-namespace kx {
-namespace {
+namespace kx::test::axisrange {
 
 using TEnds = std::pair<double, double>;
 
@@ -98,5 +95,4 @@ TEST(AxisRange, AZoomedViewStaysWhileTheUnzoomedOneFollowsTheData) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::axisrange

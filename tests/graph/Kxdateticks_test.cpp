@@ -1,20 +1,13 @@
-#include "support/cases.h"
-#include "support/errors.h"
 
 #include <kxgraph/graph/Kxaxis.h>
-#include <kxgraph/platform/text/numbertext.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <cstdio>
 #include <ctime>
-#include <random>
 
-namespace kx {
-namespace {
+namespace kx::test::dateticks {
 
 double Moment(const std::string& Text) {
     int y = 0, hour = 0, minute = 0;
@@ -54,9 +47,8 @@ std::string TextsOf(const TKxAxis& Axis) {
 }
 
 TEST(DateTicks, LabelsCarryTheLargerUnitOnce) {
-    using TText = std::string;
     for (const auto& [from, to, side, pixels, zone, labels] :
-         test::Cases<TText, TText, TText, int, TText, TText>("dates", "labels")) {
+         Cases<TText, TText, TText, int, TText, TText>("dates", "labels")) {
         TKxAxis axis(nullptr);
         axis.SetPosition(side == "bottom" ? AxBottomPos
                          : side == "top"  ? AxTopPos
@@ -69,9 +61,7 @@ TEST(DateTicks, LabelsCarryTheLargerUnitOnce) {
 }
 
 TEST(DateTicks, PositionsAreToldAsDates) {
-    using TText = std::string;
-    for (const auto& [at, resolution, zone, text] :
-         test::Cases<TText, double, TText, TText>("dates", "texts")) {
+    for (const auto& [at, resolution, zone, text] : Cases<TText, double, TText, TText>("dates", "texts")) {
         const TKxCalendar calendar(zone == "summer" ? TKxZoneOffset(SummerTime) : TKxZoneOffset());
         EXPECT_EQ(calendar.TextOf(Moment(at), resolution), text);
     }
@@ -145,46 +135,29 @@ TEST(LabelKinds, AreKeptAndRefusedByLogarithmicAxes) {
     EXPECT_TRUE(other.GetLabelKind() == lkCategories && other.GetScaling() == AxNormal);
     other.LoadOutfit("Axis", none);
     EXPECT_EQ(other.GetLabelKind(), lkCategories);
-    EXPECT_EQ(test::MessageOf([&] { axis.SetScaling(AxLogEE); }),
+    EXPECT_EQ(MessageOf([&] { axis.SetScaling(AxLogEE); }),
               "A logarithmic axis cannot show categories: Scaling must be AxNormal or LabelKind lkNumbers");
     EXPECT_EQ(axis.GetScaling(), AxNormal);
     TKxAxis log(nullptr);
     log.SetScaling(AxLog);
-    EXPECT_NE(test::MessageOf([&] { log.SetLabelKind(lkDates); }), "");
+    EXPECT_NE(MessageOf([&] { log.SetLabelKind(lkDates); }), "");
     EXPECT_EQ(log.GetLabelKind(), lkNumbers);
 }
 
 TEST(LabelKinds, CategoriesStandInTheMiddleOfUnitsAndBreakOrTurnBeforeTheyTouch) {
-    const struct {
-        double From, To;
-        int Pixels;
-        const char *Second, *Ends, *Texts;
-        int Angle;
-    } cases[] = {
-        {1, 3, 300, "copper", "0.5 3.5", "iron, copper, tin", 0},
-        {0.5, 3.5, 300, "copper", "0.5 3.5", "iron, copper, tin", 0}, // the edges of bars
-        {1.2, 2.1, 300, "copper", "0.5 2.5", "iron, copper", 0},
-        {2, 2, 300, "copper", "1.5 2.5", "copper", 0},
-        {-3, 9, 900, "copper", "-3.5 9.5", "iron, copper, tin", 0},
-        {1, 3, 90, "copper", "0.5 3.5", "iron, copper, tin", 900},
-        {1, 3, 50, "copper", "0.5 3.5", "iron, tin", 900},
-        {1, 3, 190, "copper in solution", "0.5 3.5", "iron, copper in/solution, tin", 0},
-        {1, 3, 165, "copper in solution", "0.5 3.5", "iron, copper/in/solution, tin", 0},
-        {1, 3, 90, "copper in solution", "0.5 3.5", "iron, copper in\u2026, tin", 900},
-        {1, 3, 190, "\\b copper in solution", "0.5 3.5", "iron, copper in\u2026, tin", 900},
-    };
-    for (const auto& c : cases) {
+    for (const auto& [from, to, pixels, second, ends, texts, angle] :
+         Cases<double, double, int, TText, TText, TText, int>("dates", "categories")) {
+        SCOPED_TRACE(second + " in " + std::to_string(pixels));
         TKxAxis axis(nullptr);
         axis.SetPosition(AxBottomPos);
-        axis.SetCategories({"iron", c.Second, "tin"});
-        Show(axis, c.From, c.To, c.Pixels, lkCategories);
-        EXPECT_EQ(TextsOf(axis), c.Texts) << c.Pixels;
-        EXPECT_EQ(FloatToStr(axis.GetStart()) + " " + FloatToStr(axis.GetStop()), c.Ends);
-        EXPECT_EQ(axis.GetLabelRecs()[0].Angle, c.Angle) << c.Pixels;
+        axis.SetCategories({"iron", second, "tin"});
+        Show(axis, from, to, pixels, lkCategories);
+        EXPECT_EQ(TextsOf(axis), texts);
+        EXPECT_EQ(FloatToStr(axis.GetStart()) + " " + FloatToStr(axis.GetStop()), ends);
+        EXPECT_EQ(axis.GetLabelRecs()[0].Angle, angle);
         for (int i = 0; i < axis.GetTickCount(); ++i) EXPECT_TRUE(axis.GetTickIsMajor()[i]);
-        EXPECT_EQ(axis.GetValueText(1.6), GetStrippedString(c.Second));
+        EXPECT_EQ(axis.GetValueText(1.6), GetStrippedString(second));
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::dateticks

@@ -1,27 +1,13 @@
 #include "support/graphfixture.h"
 
-#include "support/recording.h"
-
 #include <kxgraph/analysis/Kxinterpolatedline.h>
 #include <kxgraph/annotation/Kxlegend.h>
 
-#include <algorithm>
-#include <array>
-#include <cmath>
-#include <functional>
-#include <limits>
-#include <random>
-
-using namespace kx;
-using namespace kx::test;
-
-namespace {
-
-constexpr double CNan = std::numeric_limits<double>::quiet_NaN();
+namespace kx::test::graph2d {
 
 struct TScene : TGraphForm {
     explicit TScene(bool Loaded = false, TKxAxScaling Scaling = AxNormal) {
-        Fill({{1, 2}, {10, 30}, {CNan, 5}, {40, 8}, {100, 90}});
+        Fill({{1, 2}, {10, 30}, {CNaN, 5}, {40, 8}, {100, 90}});
         for (const double e : {0.5, 3.0, 1.0, 9.0}) {
             DX->Add(e);
             DY->Add(e);
@@ -36,30 +22,24 @@ struct TScene : TGraphForm {
             "Graph1.MinorGridY.Visible=1; XAxis1.UserCaption=Caption of XAxis1; XAxis1.Twisted=1;"
             "YAxis1.UserCaption=Caption of YAxis1; YAxis1.TickLength=-4; Series1.LineStyle.Color=clGreen;"
             "Series1.LineStyle.Width=3; Series1.PointStyle.Style=SyDiamond; Series1.AreaStyle.Visible=1;"
-            "Series1.dXPlus=DX1; Series1.dYMinus=DY1");
+            "Series1.dXPlus=DX1; Series1.dYMinus=DY1; Series1.ErrorIndicatorsColor=clMaroon");
         Series->SetUserCaption("points");
         Series->SetDoUserCaption(true);
-        Series->SetErrorColor(clMaroon);
         for (TKxAxis* axis : {X, Y}) {
-            axis->SetDoUserCaption(true);
-            axis->SetShowCaption(true);
+            Set("DoUserCaption=1; ShowCaption=1; CaptionFont.Style=fsBold", axis->GetName() + ".");
             axis->SetScaling(Scaling);
-            axis->GetCaptionFont().SetStyle(fsBold);
         }
     }
     TKxDataWithErrorSeries* Series;
 };
 
 int FramesOf(TForm& Form) {
-    auto& host = dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost());
-    for (int i = 0; i < 10; ++i) host.ProcessMessages();
-    const int frames = host.WindowOf(Form.AsHostClient())->Frames;
-    host.ProcessMessages();
-    EXPECT_EQ(host.WindowOf(Form.AsHostClient())->Frames, frames) << "frames come to an end";
+    for (int i = 0; i < 10; ++i) Host().ProcessMessages();
+    const int frames = ViewOf(Form).Frames;
+    Host().ProcessMessages();
+    EXPECT_EQ(ViewOf(Form).Frames, frames) << "frames come to an end";
     return frames;
 }
-
-} // namespace
 
 TEST(Graph, ASavedOutfitBringsTheSamePictureAndTheSameFile) {
     for (const auto scaling : {AxNormal, AxLog, AxLogEE}) {
@@ -159,7 +139,7 @@ TEST(Graph, AFrameFollowsOnlyWhereSomethingWasModified) {
     };
     scene.AddSeries<TFailing>();
     FramesOf(*scene.Form);
-    EXPECT_NE(faults.Text.find("no extents"), std::string::npos);
+    EXPECT_TRUE(Holds(faults.Text, "no extents"));
     EXPECT_TRUE(scene.Graph->NotUpdating());
     EXPECT_EQ(Screen.GetCursor(), crDefault);
 }
@@ -249,13 +229,10 @@ TEST(Graph, FramesEndWhateverComponentsDoToOneAnother) {
         std::mt19937 random(seed);
         const auto any = [&](int Low, int High) { return std::uniform_int_distribution(Low, High)(random); };
         TScene scene(true);
-        auto* legend = new TKxLegend(scene.Form);
-        legend->SetParent(scene.Graph);
-        legend->SetGraph(scene.Graph);
-        auto* curve = new TKxInterpolatedLine(scene.Form);
+        auto* legend = scene.Make<TKxLegend>("Legend1", "Graph=Graph1");
+        auto* curve = scene.Make<TKxInterpolatedLine>("Curve1");
         curve->SetParentSeries(scene.Series);
-        auto* label = new TKxLabel(scene.Form);
-        label->SetParent(scene.Graph);
+        auto* label = scene.Make<TKxLabel>("Label1");
         scene.Form->Show();
         TControl* const controls[] = {scene.X, scene.Y, legend, label, scene.Graph};
         const std::function<void()> changes[] = {
@@ -355,8 +332,7 @@ TEST(Graph, TheMetafileHasAWhiteGroundInPlaceOfTheButtonFace) {
     }
     EXPECT_FALSE(scene.Graph->GetWhiteBackground());
     scene.Graph->CopyToClipboard();
-    auto& host = dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost());
-    EXPECT_EQ(host.GetClipboard().ToText(), picture.ToText());
+    EXPECT_EQ(Host().GetClipboard().ToText(), picture.ToText());
 }
 
 TEST(Graph, InwardTicksLeaveOutTheEndsWhereAnotherAxisStands) {
@@ -373,3 +349,5 @@ TEST(Graph, InwardTicksLeaveOutTheEndsWhereAnotherAxisStands) {
     f.X->SetTickLength(-6);
     EXPECT_EQ(LinesOf(f.Draw(), clFuchsia).size(), all) << "the tick at the end is an outward one";
 }
+
+} // namespace kx::test::graph2d

@@ -1,12 +1,8 @@
 #include <kxgraph/graph/Kxgraphlayout.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <random>
-
-using namespace kx;
-
-namespace {
+namespace kx::test::graphlayout {
 
 TKxLayoutAxis Axis(TKxAxisPos Position, int Thickness) {
     TKxLayoutAxis axis;
@@ -16,8 +12,6 @@ TKxLayoutAxis Axis(TKxAxisPos Position, int Thickness) {
 }
 
 bool Contains(const TRect& Outer, const TRect& Inner) { return Outer.United(Inner) == Outer; }
-
-} // namespace
 
 TEST(GraphLayout, StacksAxesFromTheEdgeAndGivesTheRestToTheDrawingWorld) {
     TKxLayoutInput input{{400, 300}, 20, {0, 0, 50, 0}, 0, {}};
@@ -92,3 +86,5 @@ TEST(GraphLayout, AxesLieInsideTheGraphAndAlongTheWorldWhateverThereIs) {
         }
     }
 }
+
+} // namespace kx::test::graphlayout

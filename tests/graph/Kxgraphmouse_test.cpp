@@ -1,15 +1,8 @@
 #include <kxgraph/graph/Kxgraphzoom.h>
 
-#include "support/cases.h"
 #include "support/graphfixture.h"
-#include "support/headless.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-namespace kx::test {
-namespace {
+namespace kx::test::graphmouse {
 
 constexpr int CPause = TKxGraphZoom::CGesturePause;
 
@@ -119,11 +112,7 @@ TEST(GraphMouse, AGestureIsOneEntryOfTheZoomStack) {
 
 TEST(GraphMouse, ZoomsTheAxesThatAreMeant) {
     TMouseForm f;
-    auto* slave = new TKxAxis(f.Form);
-    slave->SetParent(f.Graph);
-    slave->SetPosition(AxTopPos);
-    slave->SetMasterAxis(f.X);
-    slave->SetIsSlave(true);
+    auto* slave = f.Make<TKxAxis>("Slave1", "Position=AxTopPos; MasterAxis=XAxis1; IsSlaveAxis=1");
     const auto full = f.View();
     const TPoint at{100, 100};
     const auto spans = [&] {
@@ -242,5 +231,4 @@ TEST(GraphMouse, EventsOfTheDrawingWorldCarryItsPixels) {
     EXPECT_EQ(found, 1);
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::graphmouse

@@ -1,16 +1,10 @@
 #include <kxgraph/graph/Kxreadout.h>
 
 #include "support/graphfixture.h"
-#include "support/headless.h"
 
 #include <kxgraph/numeric/Kxextremes.h>
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-
-namespace kx::test {
-namespace {
+namespace kx::test::readout {
 
 struct TReadoutForm : TGraphForm {
     explicit TReadoutForm(const std::string& Settings = "Graph1.Readout=1") {
@@ -64,7 +58,7 @@ TEST(Readout, TellsTheNearestVisiblePointAsItsAxesShowIt) {
     EXPECT_EQ(f.Text(), "Pressure1 [1];x: 10.0;y: 42.0;") << "follows the data";
     f.Set("XAxis1.LabelKind=lkDates");
     f.Frame();
-    EXPECT_NE(near(30, 90, {0, 0}).find("x: 1970-01-01"), std::string::npos) << f.Text();
+    EXPECT_TRUE(Holds(near(30, 90, {0, 0}), "x: 1970-01-01")) << f.Text();
     const TRect world = f.Graph->GetDrawingWorld().GetBoundsRect().MovedBy({10, 10});
     for (const auto& at : {f.At(0, 0), f.At(40, 50), f.At(30, 90)}) {
         f.Move(at + TPoint{3, -3});
@@ -74,7 +68,7 @@ TEST(Readout, TellsTheNearestVisiblePointAsItsAxesShowIt) {
         EXPECT_FALSE(box.Contains(at + world.TopLeft()));
     }
     f.Graph->PaintToMetafile();
-    EXPECT_EQ(f.Graph->GetMetafile().ToText().find("x: "), std::string::npos) << "a picture has no mouse";
+    EXPECT_FALSE(Holds(f.Graph->GetMetafile().ToText(), "x: ")) << "a picture has no mouse";
     f.Form->AsHostClient().HostMouseLeft();
     EXPECT_EQ(f.Text(), "");
 }
@@ -143,5 +137,4 @@ TEST(CrossHair, GoesThroughTheMouseAcrossTheDrawingWorld) {
     EXPECT_TRUE(LinesOf(ViewOf(*f.Form).LastFrame, clGray).empty());
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::readout

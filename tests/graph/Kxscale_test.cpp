@@ -1,70 +1,28 @@
 #include <kxgraph/graph/Kxscale.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <cmath>
-#include <limits>
-#include <random>
-#include <tuple>
-#include <vector>
-
-namespace kx {
-namespace {
-
-constexpr double CInf = std::numeric_limits<double>::infinity();
-constexpr double CNaN = std::numeric_limits<double>::quiet_NaN();
+namespace kx::test::scale {
 
 TEST(Scale, LinearEndsAreRoundAndStepsFollowTheSpan) {
-    const struct {
-        double Start, Stop, RoundStart, RoundStop, Tick, Label;
-        int SpanExponent, ScaleExponent, Digits;
-        bool Factored, Corrected;
-    } cases[] = {
-        {0.3, 8.7, 0, 9, 0.2, 2, 0, 0, 1, false, false},
-        {0.3, 2.8, 0.25, 3, 0.1, 1, 0, 0, 1, false, false}, // the mantissa 2.5 belongs to row 2: half to even
-        {5, 5, 4, 6, 0.05, 0.5, 0, 0, 2, false, true},
-        {0, 0, -1, 1, 0.05, 0.5, 0, 0, 2, false, true},
-        {9, 3, 0, 100, 0.02, 0.2, 2, 2, 2, false, true},
-        {0, 20000, 0, 20000, 0.05, 0.5, 4, 4, 2, true, false},
-        {-30, 0, -30, 0, 0.1, 1, 1, 1, 1, false, false},
-        {1e15, 1e15 + 1, 0, 2e15, 0.05, 0.5, 15, 15, 2, true, true}, // vanishes in fifteen digits
-        {5e-324, 1e-300, -1, 1, 0.05, 0.5, 0, 0, 2, false, true},
-        {-CInf, CInf, -8.5e307, 8.5e307, 0.05, 0.5, 308, 307, 1, true, false},
-    };
-    for (const auto& c : cases) {
-        const TKxScaleEnds e = CalculateEnds({AxNormal, c.Start, c.Stop});
-        EXPECT_EQ(std::tuple(e.Start, e.Stop, e.TickPart, e.LabelPart, e.SpanExponent, e.ScaleExponent,
-                             e.LabelDigits, e.UseScaleExponent, e.EndsCorrected),
-                  std::tuple(c.RoundStart, c.RoundStop, c.Tick, c.Label, c.SpanExponent, c.ScaleExponent,
-                             c.Digits, c.Factored, c.Corrected))
-            << c.Start << " to " << c.Stop;
+    using TEnds = std::array<double, 9>;
+    for (const auto& [start, stop, expected] : Cases<double, double, TEnds>("scales", "linear ends")) {
+        const TKxScaleEnds e = CalculateEnds({AxNormal, start, stop});
+        EXPECT_EQ(
+            (TEnds{e.Start, e.Stop, e.TickPart, e.LabelPart, double(e.SpanExponent), double(e.ScaleExponent),
+                   double(e.LabelDigits), double(e.UseScaleExponent), double(e.EndsCorrected)}),
+            expected)
+            << start << " to " << stop;
     }
 }
 
 TEST(Scale, LogarithmicEndsOpenToDecadesUnlessFixedOverOne) {
-    const struct {
-        double Start, Stop;
-        TKxAxEnd StartEnd, StopEnd;
-        double RoundStart, RoundStop;
-        bool Corrected;
-    } cases[] = {
-        {3, 700, AxAutoRange, AxAutoRange, 1, 1000, false},
-        {3, 700, AxFixed, AxAutoRange, 3, 1000, false},
-        {3.05, 705, AxFixed, AxFixed, 3, 720, false},
-        {2, 20, AxFixed, AxFixed, 2, 20, false},
-        {2, 15, AxFixed, AxFixed, 1, 100, false},
-        {1e-5, 1e-3, AxAutoRange, AxAutoRange, 1e-5, 1e-3, false},
-        {100, 100.5, AxFixed, AxFixed, 10, 1000, false},
-        {700, 3, AxAutoRange, AxAutoRange, 1, 10, true},
-        {-5, 1e-20, AxFixed, AxFixed, 1e-21, 1e-20, true},
-        {1e-320, 1e-315, AxFixed, AxFixed, 1e-307, 1e-306, false},
-        {-CInf, CInf, AxAutoRange, AxAutoRange, 1e-10, 1e308, false},
-    };
-    for (const auto& c : cases) {
-        const TKxScaleEnds ends = CalculateEnds({AxLog, c.Start, c.Stop, c.StartEnd, c.StopEnd});
-        EXPECT_EQ(std::tuple(ends.Start, ends.Stop, ends.EndsCorrected),
-                  std::tuple(c.RoundStart, c.RoundStop, c.Corrected))
-            << c.Start << " to " << c.Stop;
+    using TEnds = std::array<double, 3>;
+    for (const auto& [start, stop, startEnd, stopEnd, expected] :
+         Cases<double, double, TKxAxEnd, TKxAxEnd, TEnds>("scales", "logarithmic ends")) {
+        const TKxScaleEnds ends = CalculateEnds({AxLog, start, stop, startEnd, stopEnd});
+        EXPECT_EQ((TEnds{ends.Start, ends.Stop, double(ends.EndsCorrected)}), expected)
+            << start << " to " << stop;
     }
 }
 
@@ -114,5 +72,4 @@ TEST(Scale, ManyValuesGoToTheSamePixelsAsOneAndBack) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::scale

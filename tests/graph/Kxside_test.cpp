@@ -1,12 +1,8 @@
 #include <kxgraph/graph/Kxside.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <tuple>
-#include <utility>
-
-namespace kx {
-namespace {
+namespace kx::test::side {
 
 TEST(Side, KnowsAlongAndAcrossNearAndFar) {
     const TRect rect{1, 2, 11, 22};
@@ -29,15 +25,13 @@ TEST(Side, KnowsAlongAndAcrossNearAndFar) {
         SCOPED_TRACE(testing::Message() << side.Position() << " " << side.Orientation());
         const bool horizontal = start == AxLeftPos;
         EXPECT_EQ(std::tuple(side.IsHorizontal(), side.Outward()), std::tuple(horizontal, outward));
-        EXPECT_EQ(side.Opposite(), opposite);
-        EXPECT_EQ(side.AtStart(), start);
+        EXPECT_EQ(std::tuple(side.Opposite(), side.AtStart()), std::tuple(opposite, start));
         EXPECT_EQ(side.AtStop(), horizontal ? AxRightPos : AxTopPos);
         EXPECT_EQ(side.Near(), horizontal ? AxBottomPos : AxLeftPos);
         EXPECT_EQ(std::pair(side.OuterPixel(rect), side.InnerPixel(rect)), std::pair(outer, inner));
         EXPECT_EQ(side.LeastFrom(50, 7), least);
         EXPECT_EQ(side.LeastInside(rect, 3, 2), outer - outward * 3 - (outward > 0)) << "reaches inwards";
-        EXPECT_EQ(side.Band(rect, 50, 7), band);
-        EXPECT_EQ(side.Cut(rect, 4), cut);
+        EXPECT_EQ(std::tuple(side.Band(rect, 50, 7), side.Cut(rect, 4)), std::tuple(band, cut));
         EXPECT_TRUE(side.Cut(rect, 999).IsEmpty()) << "no further than to the other side";
         TRect sides{};
         side.Of(sides) = 5;
@@ -53,5 +47,4 @@ TEST(Side, KnowsAlongAndAcrossNearAndFar) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::side

@@ -1,18 +1,8 @@
 #include <kxgraph/graph/Kxticks.h>
 
-#include <kxgraph/platform/text/numbertext.h>
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <limits>
-
-namespace kx {
-namespace {
-
-constexpr double CInf = std::numeric_limits<double>::infinity();
-constexpr double CNaN = std::numeric_limits<double>::quiet_NaN();
+namespace kx::test::ticks {
 
 TKxScaleInput Auto(double Start, double Stop, TKxAxScaling Scaling = AxNormal, TKxAxEnd End = AxAutoRange) {
     return {Scaling, Start, Stop, End, End};
@@ -106,5 +96,4 @@ TEST(Ticks, LabelsAreLeftOutOnlyWhereAskedAndMajorsNever) {
     EXPECT_EQ(Texts(Ticks(Auto(-1, 0), 100, {AxVertical, true, true})), "-1.0|-0.8|-0.6|-0.4|-0.2|0.0|");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::ticks
