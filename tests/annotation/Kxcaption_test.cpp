@@ -1,16 +1,11 @@
 #include <kxgraph/annotation/Kxcaption.h>
 
 #include "scenes/scenes.h"
-#include "support/recording.h"
+#include "support/testing.h"
 
-#include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/drawing/screentext.h>
-#include <kxgraph/platform/host/application.h>
 
-#include <gtest/gtest.h>
-
-namespace kx {
-namespace {
+namespace kx::test::caption {
 
 /// A caption on a recording canvas whose font is 10 pixels high, so that each character is 6 wide.
 struct TSheet {
@@ -41,29 +36,18 @@ std::string Shown(const std::string& Caption) {
 }
 
 TEST(Captions, EscapesAreTakenOutAndSwallowOneBlank) {
-    const struct {
-        const char *Caption, *Shown, *Stripped;
-        std::vector<int> Index;
-    } cases[] = {
-        {"plain", "plain", "plain", {1, 2, 3, 4, 5}},
-        {"\\b bold\\b text", "boldtext", "boldtext", {4, 5, 6, 7, 11, 12, 13, 14}},
-        {"\\B  x", " x", " x", {4, 5}},
-        {"a\\\\b", "a\\b", "ab", {1, 3, 4}},
-        {"a\\\\ b", "a\\b", "ab", {1, 3, 5}},
-        {"\\q\\ x", "q x", "q x", {2, 4, 5}},
-        {"ab\\", "ab", "ab", {1, 2}},
-        {"\\b\xC3\xA4\\b\xE2\x82\xAC\xFF", "\xC3\xA4\xE2\x82\xAC\xFF", "\xC3\xA4\xE2\x82\xAC\xFF", {3, 6, 7}},
-    };
-    for (const auto& c : cases) {
-        TSheet sheet(c.Caption, false);
+    for (const auto& [caption, shown, stripped, indices] :
+         Cases<TText, TText, TText, TReals>("captions", "escapes")) {
+        SCOPED_TRACE(caption);
+        TSheet sheet(caption, false);
         EXPECT_TRUE(sheet.Run().empty()) << "measuring draws nothing";
-        EXPECT_EQ(Shown(c.Caption), c.Shown) << c.Caption;
-        EXPECT_EQ(sheet.Rec.Stripped, c.Stripped) << c.Caption;
-        EXPECT_EQ(GetStrippedString(c.Caption), c.Stripped);
-        auto index = c.Index;
-        index.resize(std::size_t(CharacterCount(c.Caption)) + 1);
-        EXPECT_TRUE(std::ranges::equal(sheet.Rec.CharIndex, index)) << c.Caption;
-        EXPECT_EQ(sheet.Rec.Width, 6 * int(c.Index.size()));
+        EXPECT_EQ(Shown(caption), shown);
+        EXPECT_EQ(sheet.Rec.Stripped, stripped);
+        EXPECT_EQ(GetStrippedString(caption), stripped);
+        auto index = indices;
+        index.resize(std::size_t(CharacterCount(caption)) + 1);
+        EXPECT_TRUE(std::ranges::equal(sheet.Rec.CharIndex, index));
+        EXPECT_EQ(sheet.Rec.Width, 6 * int(indices.size()));
     }
     for (const char* text : {"a b", "\\", "\\ x", "\\  \\b\\\\ ", "C:\\sub dir\\x", "\xC3\xA4\\ \xC3\xA4"})
         EXPECT_EQ(Shown(EscapeCaption(text)), text) << "plain text shows literally";
@@ -187,8 +171,7 @@ TEST(Captions, TheSymbolSheetIsDrawnAsRecorded) {
     TRecorder device(scenes::CSymbolSheetSize);
     TCanvas canvas(&device);
     scenes::PaintSymbolSheet(canvas);
-    test::ExpectRecording("symbolsheet", device.Recording.ToText());
+    ExpectRecording("symbolsheet", device.Recording.ToText());
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::caption

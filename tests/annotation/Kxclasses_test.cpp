@@ -2,29 +2,17 @@
 
 #include <kxgraph/annotation/Kxclasses.h>
 
-#include "support/errors.h"
-#include "support/recording.h"
+#include "support/testing.h"
 
 #include <kxgraph/graph/Kxgraph2d.h>
 #include <kxgraph/persist/Kxoutfit.h>
 #include <kxgraph/platform/controls/form.h>
 #include <kxgraph/platform/controls/frame.h>
-#include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/objects/classes.h>
 #include <kxgraph/platform/objects/propertytext.h>
 #include <kxgraph/platform/streaming/formfile.h>
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <memory>
-#include <numeric>
-#include <random>
-#include <set>
-#include <sstream>
-
-namespace kx {
-namespace {
+namespace kx::test::classes {
 
 /// A form with one component of each class, two of those that go in pairs.
 struct TAll {
@@ -110,7 +98,7 @@ void CheckText(TAll& All, const TComponentClass& Class, const std::string& Path,
 
 TEST(Classes, PropertiesBeginWithTheirDefaultsAndReadTheirTextsBack) {
     TAll all;
-    test::TFaults faults;
+    TFaults faults;
     for (const auto& type : RegisteredClasses()) {
         const std::unique_ptr<TComponent> fresh(type.Make(all.Form));
         for (const TProperty* property : type.Properties().All()) {
@@ -133,14 +121,14 @@ void ChangeRows(const TAll& All, TPersistent& Object, const TPropertyTable& Tabl
             TPersistent& inner = *std::get<TPersistent*>(row.Get(Object));
             ChangeRows(All, inner, inner.PublishedProperties());
         } else if (row.Set) {
-            test::MessageOf([&] { row.Set(Object, Other(All, row, Object)); }); // some exclude one another
+            MessageOf([&] { row.Set(Object, Other(All, row, Object)); }); // some exclude one another
         }
     }
 }
 
 TEST(Classes, OutfitsBringBackWhatWasSaved) {
     TAll all;
-    test::TFaults faults;
+    TFaults faults;
     std::string listed;
     for (const auto& type : RegisteredClasses()) {
         SCOPED_TRACE(type.Name);
@@ -161,7 +149,7 @@ TEST(Classes, OutfitsBringBackWhatWasSaved) {
             if (missing.GetLine(i) != text.GetLine(i)) text.Add("without the key " + missing.GetLine(i));
         listed += fresh.GetText() + text.GetText();
     }
-    test::ExpectRecording("outfits", listed);
+    ExpectRecording("outfits", listed);
 }
 
 /// What a property has and what an outfit keeps beside, sub-objects' rows with the path to them.
@@ -220,7 +208,7 @@ TEST(Classes, FormFilesBringBackEachPropertyOffItsDefault) {
     RegisterClasses();
     for (const auto& type : RegisteredClasses()) {
         TAll all;
-        test::TFaults faults;
+        TFaults faults;
         const std::unique_ptr<TComponent> fresh(type.Make(nullptr));
         const std::vector<TPath> paths = PathsOf(type.Properties(), *fresh);
         std::vector<TComponent*> changed;
@@ -230,7 +218,7 @@ TEST(Classes, FormFilesBringBackEachPropertyOffItsDefault) {
             Prepare(part, name);
             TPersistent& inner = path.Inner(part);
             const std::string before = path.Text(part), kept = part.GetName();
-            test::MessageOf([&] { path.Rows.back().Set(inner, Other(all, path.Rows.back(), inner)); });
+            MessageOf([&] { path.Rows.back().Set(inner, Other(all, path.Rows.back(), inner)); });
             if (path.Text(part) == before) unset.insert(std::string(type.Name) + "." + name);
             part.SetName(kept);
             changed.push_back(&part);
@@ -284,7 +272,7 @@ struct TBound : TAll {
         for (const char* name : {"TKxRealVector1", "TKxLiveVector1", "TKxLiveVector2"})
             for (const double value : {1, 2, 4, 3, 6}) Get<TKxRealVector>(name).Add(value);
         ForReferences([this](TComponent* Part, const TProperty& Property) {
-            test::MessageOf([&] { Property.Set(*Part, For(Property, Part)); }); // some cannot be calculated
+            MessageOf([&] { Property.Set(*Part, For(Property, Part)); }); // some cannot be calculated
         });
         Draw();
     }
@@ -318,7 +306,7 @@ struct TBound : TAll {
 };
 
 TEST(Classes, FormFilesBringBackAWholeFormWithAllItsReferences) {
-    test::TFaults faults;
+    TFaults faults;
     TBound all;
     for (int round = 0; round < 2; ++round) {
         const std::string text = FormToText(*all.Form);
@@ -335,7 +323,7 @@ TEST(Classes, FormFilesBringBackAWholeFormWithAllItsReferences) {
 }
 
 TEST(Classes, EitherOfTwoThatReferToOneAnotherMayBeDestroyedFirst) {
-    test::TFaults faults;
+    TFaults faults;
     std::vector<std::pair<std::size_t, std::size_t>> pairs;
     {
         TBound all;
@@ -356,7 +344,7 @@ TEST(Classes, EitherOfTwoThatReferToOneAnotherMayBeDestroyedFirst) {
 }
 
 TEST(Classes, AllMayBeDestroyedInAnyOrder) {
-    test::TFaults faults;
+    TFaults faults;
     std::mt19937 random(5);
     for (int round = 0; round < 20; ++round) {
         TBound all;
@@ -368,5 +356,4 @@ TEST(Classes, AllMayBeDestroyedInAnyOrder) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::classes

@@ -1,29 +1,16 @@
 #include <kxgraph/annotation/Kxlegend.h>
 
 #include "support/graphfixture.h"
-#include "support/recording.h"
 
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 
-#include <algorithm>
-#include <cstdlib>
-
-namespace kx {
-namespace {
-
-using test::CallsOf;
-using test::TGraphForm;
+namespace kx::test::legend {
 
 /// A graph whose legend has characters that are 6 wide and 10 high.
 struct TFixture : TGraphForm {
     TFixture() { Fill({{0, 1}, {1, 3.5}, {2, 6}}); }
-    TKxLegend* AddLegend(const char* Name) {
-        auto* legend = new TKxLegend(Form);
-        legend->SetName(Name);
-        legend->SetParent(Graph);
-        legend->SetGraph(Graph);
-        legend->GetFont().SetHeight(-10);
-        return legend;
+    TKxLegend* AddLegend(const char* Name, const std::string& Assignments = "") {
+        return Make<TKxLegend>(Name, "Graph=Graph1; Font.Height=-10; " + Assignments);
     }
     TKxDataSeries* Add(const AnsiString& Caption) {
         auto* series = AddSeries<TKxDataSeries>();
@@ -38,12 +25,6 @@ struct TFixture : TGraphForm {
 
     TKxLegend* Legend = AddLegend("Legend1");
 };
-
-std::string LettersOf(const TRecording& Picture) {
-    std::string letters; // captions are painted letter by letter
-    for (const auto& text : CallsOf<TRecording::TText>(Picture)) letters += text.Text;
-    return letters;
-}
 
 bool Overlap(const TRect& A, const TRect& B) { return !A.Intersected(B).IsEmpty(); }
 
@@ -79,7 +60,7 @@ TEST(Legend, ShowsTheSeriesInDrawingOrderAndChildrenAfterTheirParent) {
     using TShown = std::vector<TKxGraphSeries*>;
     second->SetName("Series2");
     EXPECT_EQ(shown(), (TShown{first, fit, grandchild, second}));
-    EXPECT_NE(LettersOf(f.Draw()).find("firstfitgrandchildSeries2"), std::string::npos);
+    EXPECT_TRUE(Holds(LettersOf(f.Draw()), "firstfitgrandchildSeries2"));
     first->SetIncludeInLegend(false);
     EXPECT_EQ(shown(), (TShown{fit, grandchild, second})) << "its children stay";
     second->SetComponentIndex(0);
@@ -123,8 +104,7 @@ TEST(Legend, TheGraphMakesRoomOutside) {
         for (const bool zeroOrigin : {false, true}) {
             TFixture f;
             f.Add("abc");
-            f.Graph->SetShowTitle(true);
-            f.Graph->SetCaption("Title");
+            f.Set("Graph1.ShowTitle=1; Graph1.Caption=Title");
             f.Graph->SetZeroOrigin(zeroOrigin);
             f.Fix(-1, 2, -0.1, 6);
             for (TKxAxis* axis : {f.X, f.Y}) axis->SetCaption("Caption"), axis->SetShowCaption(true);
@@ -170,33 +150,20 @@ TEST(Legend, TheFirstOfASideStandsNextToTheAxesAndAllLeaveHalfOfTheWorld) {
 }
 
 TEST(Legend, ColumnsAreFilledOneAfterTheOtherAndAsManyAsFit) {
-    // A column is 38 + 6 a letter wide, the next one 16 further; 7 lie around.
-    const struct {
-        TKxLegendPlacement Placement;
-        int Columns, Letters, Count, Width;
-        TPoint Last; // of the last entry, from the first one
-        int Lines;
-    } cases[] = {{lgFree, 4, 2, 5, 0, {198, 0}, 2}, // 2, 1, 1, 1
-                 {lgFree, 9, 2, 3, 0, {132, 0}, 1},
-                 {lgFree, 0, 2, 3, 14 + 50 * 3 + 32, {132, 0}, 1},
-                 {lgFree, 0, 2, 3, 14 + 50 * 3 + 31, {66, 0}, 2},
-                 {lgFree, 3, 2, 3, 14 + 50 * 2 + 16, {66, 0}, 2}, // fewer than wanted
-                 {lgTop, 0, 2, 8, 0, {66 * 4, 0}, 2},             // 400 less 2 * 8: 5 of them
-                 {lgTop, 3, 20, 3, 0, {174, 0}, 2},
-                 {lgRight, 0, 2, 30, 0, {66, 14 * 12}, 15}}; // 300 high: 22 lines
-    for (const auto& c : cases) {
+    for (const auto& [placement, columns, letters, count, width, last, lines] :
+         Cases<TKxLegendPlacement, int, int, int, int, std::array<int, 2>, int>("legends", "columns")) {
+        SCOPED_TRACE(testing::Message() << placement << " " << columns << " " << width);
         TFixture f;
-        for (int i = 0; i < c.Count; ++i) f.Add(std::string(std::size_t(c.Letters), 'x'));
-        f.Legend->SetPlacement(c.Placement);
-        f.Legend->SetColumns(c.Columns);
-        f.Legend->SetAutoSize(!c.Width);
-        if (c.Width) f.Legend->SetBounds(0, 0, c.Width, 40);
+        for (int i = 0; i < count; ++i) f.Add(std::string(std::size_t(letters), 'x'));
+        f.Legend->SetPlacement(placement);
+        f.Legend->SetColumns(columns);
+        f.Legend->SetAutoSize(!width);
+        if (width) f.Legend->SetBounds(0, 0, width, 40);
         const TRect b = f.Bounds(), first = f.Legend->GetEntryRect(0);
-        EXPECT_EQ(first, TRect::Bounds(7, 7, 38 + 6 * c.Letters, 10));
-        EXPECT_EQ(f.Legend->GetEntryRect(c.Count - 1).TopLeft() - first.TopLeft(), c.Last)
-            << c.Placement << " " << c.Columns << " " << c.Width;
-        EXPECT_EQ(b.Height(), c.Width ? 40 : 14 + 12 * c.Lines - 2);
-        EXPECT_TRUE(!c.Width || b.Width() == c.Width);
+        EXPECT_EQ(first, TRect::Bounds(7, 7, 38 + 6 * letters, 10));
+        EXPECT_EQ(f.Legend->GetEntryRect(count - 1).TopLeft() - first.TopLeft(), (TPoint{last[0], last[1]}));
+        EXPECT_EQ(b.Height(), width ? 40 : 14 + 12 * lines - 2);
+        EXPECT_TRUE(!width || b.Width() == width);
     }
     TFixture f; // a free one is fitted into what its parent has to the right of it
     for (int i = 0; i < 4; ++i) f.Add("xx");
@@ -210,10 +177,8 @@ TEST(Legend, ColumnsAreFilledOneAfterTheOtherAndAsManyAsFit) {
 
 TEST(Legend, IsPaintedWithTheSamplesOfTheSeries) {
     TFixture f;
-    auto* bars = f.AddSeries();
-    bars->SetCaption("\\iy\\i (x)");
-    bars->SetdYPlus(f.DY);
-    bars->GetLineStyle().SetVisible(false);
+    f.AddSeries()->SetName("Bars1");
+    f.Set("Caption=\\iy\\i (x); dYPlus=DY1; LineStyle.Visible=0", "Bars1.");
     auto* area = f.Add("");
     area->GetAreaStyle().SetVisible(true);
     area->GetPointStyle().SetVisible(false);
@@ -223,13 +188,10 @@ TEST(Legend, IsPaintedWithTheSamplesOfTheSeries) {
     panel.SetBounds(0, 0, 150, 90);
     f.Legend->SetParent(&panel);
     f.Legend->SetBounds(20, 10, 1, 1);
-    f.Legend->SetCaption("Samples");
-    f.Legend->SetShowTitle(true);
-    f.Legend->GetFrameLine().SetWidth(2);
-    f.Legend->SetColor(clYellow);
+    f.Set("Caption=Samples; ShowTitle=1; FrameLine.Width=2; Color=clYellow", "Legend1.");
     TRecorder device(panel.GetBoundsRect().Size());
     PaintFrame(panel, device);
-    test::ExpectRecording("legend", device.Recording.ToText());
+    ExpectRecording("legend", device.Recording.ToText());
 }
 
 TEST(Legend, ASampleStaysInItsPlaceWhateverItDoesToTheCanvas) {
@@ -246,7 +208,7 @@ TEST(Legend, ASampleStaysInItsPlaceWhateverItDoesToTheCanvas) {
     };
     TFixture f;
     f.AddSeries<TUnruly>()->SetCaption("Q");
-    test::TFaults faults;
+    TFaults faults;
     std::optional<TRect> clip;
     int seen = 0;
     for (const auto& call : f.Draw().Calls) {
@@ -324,12 +286,10 @@ TEST(Legend, PickingHidesASeriesAndFadesItsEntry) {
     auto* shown = f.Add("a");
     auto* picked = f.Add("b");
     picked->GetLineStyle().SetColor(clFuchsia);
-    f.Legend->GetFont().SetColor(clBlack);
-    f.Legend->SetPlacement(lgRight);
-    f.Graph->SetLegendPicking(true);
+    f.Set("Legend1.Font.Color=clBlack; Legend1.Placement=lgRight; Graph1.LegendPicking=1");
     f.Graph->SetFocus();
     f.Draw();
-    const auto extent = test::ExtentsOf(*picked);
+    const auto extent = ExtentsOf(*picked);
     const TPoint at = f.Legend->ClientToRoot(f.Legend->GetEntryRect(1).TopLeft());
     const std::pair<const char*, std::function<void()>> picks[] = {
         {"click",
@@ -342,11 +302,11 @@ TEST(Legend, PickingHidesASeriesAndFadesItsEntry) {
         pick();
         EXPECT_FALSE(picked->GetVisible()) << how;
         const TRecording hidden = f.Draw();
-        EXPECT_TRUE(shown->GetVisible() && test::LinesOf(hidden, clFuchsia).empty()) << how;
+        EXPECT_TRUE(shown->GetVisible() && LinesOf(hidden, clFuchsia).empty()) << how;
         EXPECT_EQ(CallsOf<TRecording::TText>(hidden).back().Color, 0xB4B4B4) << how << ": a quarter is left";
-        EXPECT_EQ(test::ExtentsOf(*picked), extent) << "the axes stay";
+        EXPECT_EQ(ExtentsOf(*picked), extent) << "the axes stay";
         pick();
-        EXPECT_EQ(test::LinesOf(f.Draw(), clFuchsia).size(), 2u) << how << ": the line and its sample";
+        EXPECT_EQ(LinesOf(f.Draw(), clFuchsia).size(), 2u) << how << ": the line and its sample";
     }
     EXPECT_EQ(f.Legend->GetCursor(), crHandPoint);
     f.Graph->SetLegendPicking(false);
@@ -361,16 +321,16 @@ TEST(Legend, AChangedCaptionReachesThePictureByTheNextFrame) {
         auto* counting = new TCounting(f.Form);
         counting->SetParentSeries(series);
         f.Legend->SetPlacement(placement);
-        auto& host = dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost());
+        auto& host = Host();
         f.Form->Show();
         for (int i = 0; i < 3; ++i) host.ProcessMessages();
-        const auto& view = *host.WindowOf(f.Form->AsHostClient());
+        const auto& view = ViewOf(*f.Form);
         const TRect before = f.Legend->GetBoundsRect();
         int frames = view.Frames;
 
         f.Fill({{3, 9}, {4, 9}, {5, 9}, {6, 9}}); // the curve is told its caption while the graph calculates
         host.ProcessMessages();
-        EXPECT_NE(LettersOf(view.LastFrame).find("pointsn+++++++"), std::string::npos) << placement;
+        EXPECT_TRUE(Holds(LettersOf(view.LastFrame), "pointsn+++++++")) << placement;
         EXPECT_EQ(f.Legend->GetWidth(), 14 + 38 + 6 * 8);
         const int right = placement == lgFree    ? before.Right + 12
                           : placement == lgRight ? f.Graph->GetWidth() - 8
@@ -403,11 +363,9 @@ TEST(Legend, TheOutfitIsKeptWithTheGraphs) {
         f.Graph->SetDataColor(clWhite);
         f.Legend->SetPlacement(lgBottom);
         auto* second = f.AddLegend("Legend2");
-        second->SetPlacement(lgFree);
-        second->SetAutoSize(false);
+        f.Set("Placement=lgFree; AutoSize=0; Color=clYellow", "Legend2.");
         second->SetBounds(120, 44, 55, 33);
-        second->SetColor(clYellow);
-        f.AddLegend("Legend3")->SetVisible(false);
+        f.AddLegend("Legend3", "Visible=0");
         picture = f.Draw().ToText();
         f.Graph->SaveOutfit("G", saved);
     }
@@ -418,8 +376,7 @@ TEST(Legend, TheOutfitIsKeptWithTheGraphs) {
     f.Graph->LoadOutfit("G", saved); // fewer than were saved
     EXPECT_EQ(second->GetBoundsRect(), TRect::Bounds(120, 44, 55, 33));
     f.AddLegend("Legend3");
-    auto* fourth = f.AddLegend("Legend4");
-    fourth->SetGap(1);
+    auto* fourth = f.AddLegend("Legend4", "Gap=1");
     f.Graph->LoadOutfit("G", saved); // more
     EXPECT_EQ(fourth->GetGap(), 1);
     EXPECT_TRUE(fourth->GetParentColor());
@@ -436,5 +393,4 @@ TEST(Legend, TheOutfitIsKeptWithTheGraphs) {
     EXPECT_EQ(f.Legend->GetColor(), clLime) << "it still follows its parent";
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::legend

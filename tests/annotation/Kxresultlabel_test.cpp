@@ -4,23 +4,16 @@
 
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 
-#include <memory>
-
-namespace kx {
-namespace {
-
-using test::TGraphForm;
+namespace kx::test::resultlabel {
 
 struct TFixture : TGraphForm {
     TFixture() {
         Fill({{0, 1}, {1, 3.5}, {2, 6}});
-        Fit->SetName("Fit1");
         Fit->SetParentSeries(Series);
-        Label->SetParent(Graph);
     }
     TKxDataWithErrorSeries* Series = AddSeries();
-    TKxLinearRegressionLine* Fit = new TKxLinearRegressionLine(Form);
-    std::unique_ptr<TKxResultLabel> Label = std::make_unique<TKxResultLabel>(Form);
+    TKxLinearRegressionLine* Fit = Make<TKxLinearRegressionLine>("Fit1");
+    TKxResultLabel* Label = Make<TKxResultLabel>("Label1");
 };
 
 TEST(ResultLabel, ShowsNothingOfWhatHasBeenDestroyed) {
@@ -30,25 +23,14 @@ TEST(ResultLabel, ShowsNothingOfWhatHasBeenDestroyed) {
                            [](TFixture& F) { delete F.Series; }, [](TFixture& F) { delete F.Fit; }};
     for (const TDeed deed : deeds) {
         TFixture f;
-        test::TFaults faults;
-        f.Label->SetIdentifier("Slope");
-        f.Label->SetSeries(f.Fit);
-        f.Fit->GetLineStyle().SetColor(clFuchsia);
-        EXPECT_FALSE(test::LinesOf(f.Draw(), clFuchsia).empty());
+        TFaults faults;
+        f.Set("Label1.Identifier=Slope; Label1.Series=Fit1; Fit1.LineStyle.Color=clFuchsia");
+        EXPECT_FALSE(LinesOf(f.Draw(), clFuchsia).empty());
         deed(f);
-        EXPECT_TRUE(test::LinesOf(f.Draw(), clFuchsia).empty());
+        EXPECT_TRUE(LinesOf(f.Draw(), clFuchsia).empty());
         EXPECT_EQ(f.Label->GetCaption(), "...");
         EXPECT_EQ(faults.Text, "");
     }
-}
-
-TEST(ResultLabel, ItsTextIsComputedAndNotPublished) {
-    TKxResultLabel label(nullptr);
-    EXPECT_EQ(label.PublishedProperties().Find("Caption"), nullptr);
-    EXPECT_EQ(label.PublishedProperties().Find("Prefix")->TypeName, "TKxCaption");
-    EXPECT_EQ(label.PublishedProperties().Find("Identifier")->TypeName, "TKxIDString");
-    EXPECT_EQ(TKxLabel::Properties().Find("Caption")->TypeName, "TKxCaption");
-    EXPECT_EQ(label.PublishedProperties().Find("OnClick")->Kind, TPropertyKind::Event);
 }
 
 TEST(ResultLabel, ShowsAResultAndStaysTrue) {
@@ -75,9 +57,7 @@ TEST(ResultLabel, ShowsAResultAndStaysTrue) {
         EXPECT_EQ(f.Label->GetCaption(), std::string("Slope = ") + text + " mV/s") << digits;
     }
 
-    f.Label->SetPrefix("");
-    f.Label->SetSuffix("");
-    f.Label->SetDigits(3);
+    f.Set("Prefix=; Suffix=; Digits=3", "Label1.");
     for (const auto& [digits, stored, error, text] : {std::tuple{4, 4, "", "2.725"},
                                                       {2, 2, "", "2.7"},
                                                       {3, 3, "DeltaSlope", "2.73 ± 0.13"},
@@ -104,50 +84,40 @@ TEST(ResultLabel, ShowsAResultAndStaysTrue) {
 
 TEST(ResultLabel, AnAppendedPointReachesThePictureByTheHostsNextFrame) {
     TFixture f;
-    f.Fit->GetLineStyle().SetColor(clGreen);
-    f.Label->SetIdentifier("Slope");
-    f.Label->SetSeries(f.Fit);
-    auto& host = dynamic_cast<THeadlessHost&>(TApplication::Instance().GetHost());
+    f.Set("Label1.Identifier=Slope; Label1.Series=Fit1; Fit1.LineStyle.Color=clGreen");
     f.Form->Show();
-    host.ProcessMessages();
-    const auto& view = *host.WindowOf(f.Form->AsHostClient());
-    const auto lineBefore = test::LinesOf(view.LastFrame, clGreen);
+    Host().ProcessMessages();
+    const auto& view = ViewOf(*f.Form);
+    const auto lineBefore = LinesOf(view.LastFrame, clGreen);
     const int frames = view.Frames;
-
-    f.XV->Add(3);
-    f.YV->Add(2);
-    host.ProcessMessages();
-    EXPECT_EQ(view.Frames, frames + 1);
+    f.Fill({{3, 2}});
+    for (int i = 0; i < 2; ++i) {
+        Host().ProcessMessages();
+        EXPECT_EQ(view.Frames, frames + 1) << "and that is all";
+    }
     EXPECT_EQ(f.Series->GetResults().ReadReal("LinearRegression", "Slope", 0), 0.55);
-    std::string letters; // captions are painted letter by letter
-    for (const auto& text : test::CallsOf<TRecording::TText>(view.LastFrame)) letters += text.Text;
-    EXPECT_NE(letters.find("0.55"), std::string::npos) << letters;
-    const auto line = test::LinesOf(view.LastFrame, clGreen);
+    EXPECT_TRUE(Holds(LettersOf(view.LastFrame), "0.55"));
+    const auto line = LinesOf(view.LastFrame, clGreen);
     ASSERT_EQ(line.size(), 1u);
     EXPECT_NE(line[0].Points, lineBefore[0].Points);
     const TPoint world = f.World();
     for (const TPoint end : line[0].Points)
         EXPECT_NEAR(end.Y - world.Y,
                     f.Y->RealToIntPosition(f.Fit->GetY(f.X->IntToRealPosition(end.X - world.X))), 1);
-    host.ProcessMessages();
-    EXPECT_EQ(view.Frames, frames + 1) << "and that is all";
 }
 
 TEST(ResultLabel, FollowsOneSeriesOnly) {
     TFixture f;
-    auto other = std::make_unique<TKxLinearRegressionLine>(f.Form);
-    other->SetName("Fit2");
+    auto* other = f.Make<TKxLinearRegressionLine>("Fit2");
     other->SetParentSeries(f.Series);
     other->SetFixedOffset(0);
     f.Draw();
-    f.Label->SetIdentifier("Offset");
-    f.Label->SetSeries(f.Fit);
-    f.Label->SetSeries(other.get());
+    for (const char* fit : {"Fit1", "Fit2"})
+        f.Set("Identifier=Offset; Series=" + std::string(fit), "Label1.");
     EXPECT_EQ(f.Label->GetCaption(), "0");
     f.YV->SetValue(0, -7);
     f.Fit->Calculate();
     EXPECT_EQ(f.Label->GetCaption(), "0");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::resultlabel
