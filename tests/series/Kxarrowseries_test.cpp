@@ -1,12 +1,9 @@
 #include <kxgraph/series/Kxarrowseries.h>
 
 #include "following.h"
-#include "support/cases.h"
 
-namespace kx {
-namespace {
+namespace kx::test::arrowseries {
 
-using namespace test;
 using T4 = std::array<double, 4>;
 
 struct TArrow {
@@ -145,5 +142,4 @@ TEST(ArrowSeries, ShowsOneArrowInsideThePlaceOfASample) {
     for (const TPoint p : heads[0].Points) EXPECT_TRUE(place.Contains(p)) << p.X << ", " << p.Y;
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::arrowseries

@@ -1,13 +1,9 @@
 #include <kxgraph/series/Kxbargeometry.h>
 
-#include "support/cases.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
+namespace kx::test::bargeometry {
 
-namespace kx {
-namespace {
-
-using test::Cases;
 using TReals4 = std::array<double, 4>;
 using TInts4 = std::array<int, 4>;
 
@@ -36,7 +32,7 @@ TEST(BarGeometry, StandsBarsOnZeroOrOnTheStartOfALogarithmicAxis) {
 }
 
 TEST(BarGeometry, AddsUpWhatLiesBelowAndLeavesOutWhatIsMissing) {
-    const double first[] = {1, 2, 4}, second[] = {10, test::CNaN};
+    const double first[] = {1, 2, 4}, second[] = {10, CNaN};
     const TKxBarValues below[] = {first, second};
     const double sums[] = {11, 2, 4, 0};
     for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(StackBelow(below, i), sums[i]) << i;
@@ -89,5 +85,4 @@ TEST(BarGeometry, TakesTenthsOfTheChannelsForFacesAndWrapsInEightBits) {
     EXPECT_EQ(BarSideColor(clBtnFace), BarSideColor(ColorToRGB(clBtnFace)));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::bargeometry

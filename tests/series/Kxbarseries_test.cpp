@@ -2,12 +2,8 @@
 
 #include "following.h"
 
-#include <set>
+namespace kx::test::barseries {
 
-namespace kx {
-namespace {
-
-using namespace test;
 using TRects = std::vector<TRect>;
 
 /// Counts full scans of the heights.
@@ -112,8 +108,7 @@ TEST(BarSeries, BeginsAtTheStartOfALogarithmicAxis) {
     EXPECT_EQ(bars->GetYRange().GetStart(), 20);
     EXPECT_EQ(f.Y->GetStart(), 10);
     ASSERT_EQ(found.size(), 3u);
-    EXPECT_EQ(found[0], f.Between(0, 10, 1, 20));
-    EXPECT_EQ(found[1], f.Between(1, 10, 2, 10));
+    EXPECT_EQ(std::tuple(found[0], found[1]), std::tuple(f.Between(0, 10, 1, 20), f.Between(1, 10, 2, 10)));
     EXPECT_EQ(found[2], f.Between(2, 10, 3, 3000));
     f.Y->SetScaling(AxNormal);
     f.Draw();
@@ -134,10 +129,8 @@ TEST(BarSeries, SharesEachBinWithTheSmallestGapWhenShifted) {
     ASSERT_EQ(found.size(), 6u);
     const int left = f.OnForm(0, 0).X, right = f.OnForm(50, 0).X, gap = RoundToInt((right - left) / 10.0);
     const int middle = left + gap + RoundToInt((right - left - 2 * gap) / 2.0);
-    EXPECT_EQ(found[0].Left, left + gap);
-    EXPECT_EQ(found[0].Right, middle + 1);
-    EXPECT_EQ(found[4].Left, middle);
-    EXPECT_EQ(found[4].Right, right - gap + 1);
+    EXPECT_EQ(std::tuple(found[0].Left, found[0].Right, found[4].Left, found[4].Right),
+              std::tuple(left + gap, middle + 1, middle, right - gap + 1));
     EXPECT_EQ(found[2].Width(), right - left + 1) << "not in the group";
     bars[2]->SetStackOverlays(true);
     EXPECT_FALSE(bars[2]->GetShiftOverlays());
@@ -264,8 +257,7 @@ TEST(BarSeries, IsFilledAndOutlinedAsItsStylesSay) {
     const TRect outline = (f.Draw(), f.Between(20, 0, 40, 50));
     auto rectangles = CallsOf<TRecording::TRectangle>(of(true, true));
     ASSERT_EQ(rectangles.size(), 1u);
-    EXPECT_EQ(rectangles[0].Fill.Color, clNavy);
-    EXPECT_EQ(rectangles[0].Fill.Style, bsSolid);
+    EXPECT_EQ(std::tuple(rectangles[0].Fill.Color, rectangles[0].Fill.Style), std::tuple(clNavy, bsSolid));
     EXPECT_EQ(rectangles[0].Stroke.Color, clBlue);
     rectangles = CallsOf<TRecording::TRectangle>(of(true, false));
     ASSERT_EQ(rectangles.size(), 1u);
@@ -303,9 +295,8 @@ TEST(BarSeries, PaintsBoxesOfSeveralSeriesBinByBin) {
     const TRect first = f.Between(0, 0, 50, 20);
     const int width = first.Width() - 1, dx = RoundToInt(width * 50 / 240.0), dy = RoundToInt(width / 8.0);
     EXPECT_EQ(faces[0].Points[2], (TPoint{first.Right - 1 + dx, first.Top - dy - 1}));
-    EXPECT_EQ(faces[0].Fill.Color, RGB(69, 69, 69));
-    EXPECT_EQ(faces[1].Fill.Color, RGB(150, 150, 150));
-    EXPECT_EQ(faces[0].Stroke.Color, clBlue);
+    EXPECT_EQ(std::tuple(faces[0].Fill.Color, faces[1].Fill.Color, faces[0].Stroke.Color),
+              std::tuple(RGB(69, 69, 69), RGB(150, 150, 150), clBlue));
     f.X->SetTwisted(true);
     EXPECT_LT(f.Outlines()[0].Left, f.Outlines()[2].Left) << "from the left in any case";
 }
@@ -381,8 +372,7 @@ TEST(BarSeries, FillsInSampleEdgesInTheDesigner) {
     f.Form->SetDesigning(true);
     auto *edges = f.Vector(), *values = f.Vector({1, 2});
     f.Bars(edges, values);
-    EXPECT_EQ(edges->GetCount(), 11);
-    EXPECT_EQ(edges->GetValue(10), 100);
+    EXPECT_EQ(std::tuple(edges->GetCount(), edges->GetValue(10)), std::tuple(11, 100));
     EXPECT_EQ(values->GetCount(), 2);
 }
 
@@ -403,5 +393,4 @@ TEST(BarSeries, ShowsOneBarInsideThePlaceOfASample) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::barseries

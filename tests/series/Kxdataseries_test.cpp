@@ -2,10 +2,7 @@
 
 #include <kxgraph/series/Kxarrowseries.h>
 
-namespace kx {
-namespace {
-
-using namespace test;
+namespace kx::test::dataseries {
 
 /// Counts full scans.
 struct TCounting : TKxDataSeries {
@@ -29,8 +26,7 @@ TEST(DataSeries, ScansOnlyWhenAnExtremeMovesInward) {
     for (int i = 0; i < 100; ++i) f.Fill({{double(i), double(-i)}});
     f.Draw();
     EXPECT_LE(series->Scans, before + 1) << "the first points of an empty series at most";
-    EXPECT_EQ(series->GetXMaxIndex(), 99);
-    EXPECT_EQ(series->GetYMinIndex(), 99);
+    EXPECT_EQ(std::tuple(series->GetXMaxIndex(), series->GetYMinIndex()), std::tuple(99, 99));
     EXPECT_EQ(f.X->GetStop(), 100);
 
     const struct {
@@ -68,12 +64,10 @@ TEST(DataSeries, ShrinksAnAutomaticAxisAsPointsGo) {
     EXPECT_EQ(f.X->GetStop(), 9);
     f.XV->Clear();
     f.Draw();
-    EXPECT_EQ(series->FindPoint(0, 0, 1000), -1);
-    EXPECT_EQ(series->GetXMinIndex(), -1);
+    EXPECT_EQ(std::tuple(series->FindPoint(0, 0, 1000), series->GetXMinIndex()), std::tuple(-1, -1));
     f.Fill({{7, 7}});
     f.Draw();
-    EXPECT_EQ(series->GetPointsCount(), 1);
-    EXPECT_EQ(series->GetXRange().GetStop(), 7);
+    EXPECT_EQ(std::tuple(series->GetPointsCount(), series->GetXRange().GetStop()), std::tuple(1, 7));
 }
 
 TEST(DataSeries, HoldsWhatAFullScanFindsAfterFollowingValueByValue) {
@@ -99,18 +93,17 @@ TEST(DataSeries, HoldsWhatAFullScanFindsAfterFollowingValueByValue) {
 }
 
 TEST(DataSeries, CountsNothingThatIsDestroyedByTheNextFrame) {
-    struct TCase {
-        void (*Destroy)(TGraphForm&, TKxDataWithErrorSeries*);
-        double XStop, YStop;
-    };
     using S = TKxDataWithErrorSeries;
-    const TCase cases[] = {{[](TGraphForm&, S*) {}, 900, 90},
-                           {[](TGraphForm& F, S*) { delete F.XV; }, 10, 10},
-                           {[](TGraphForm& F, S*) { delete F.YV; }, 10, 10},
-                           {[](TGraphForm&, S* Series) { delete Series; }, 10, 10},
-                           {[](TGraphForm& F, S*) { delete F.DX; }, 500, 90},
-                           {[](TGraphForm&, S* Series) { Series->SetYData(nullptr); }, 10, 10}};
-    for (const TCase& c : cases) {
+    const struct {
+        void (*Destroy)(TGraphForm&, S*);
+        double XStop, YStop;
+    } cases[] = {{[](TGraphForm&, S*) {}, 900, 90},
+                 {[](TGraphForm& F, S*) { delete F.XV; }, 10, 10},
+                 {[](TGraphForm& F, S*) { delete F.YV; }, 10, 10},
+                 {[](TGraphForm&, S* Series) { delete Series; }, 10, 10},
+                 {[](TGraphForm& F, S*) { delete F.DX; }, 500, 90},
+                 {[](TGraphForm&, S* Series) { Series->SetYData(nullptr); }, 10, 10}};
+    for (const auto& c : cases) {
         TGraphForm f;
         TKxLiveVector x(f.Form), y(f.Form);
         auto* small = f.AddSeries<TKxDataSeries>();
@@ -137,8 +130,7 @@ TEST(DataSeries, MayOwnAndMoveVectorsAndAxes) {
     series->SetXData(inAxis);
     inAxis->Add(3);
     delete f.X;
-    EXPECT_EQ(series->GetXAxis(), nullptr);
-    EXPECT_EQ(series->GetXData(), nullptr);
+    EXPECT_EQ(std::tuple(series->GetXAxis(), series->GetXData()), std::tuple(nullptr, nullptr));
     EXPECT_EQ(series->GetDrawingWorld(), nullptr) << "as when the axis is set to null";
     EXPECT_EQ(f.Graph->GetSeriesList().GetCount(), 0);
 
@@ -157,8 +149,7 @@ TEST(DataSeries, LeavesOutValuesThatAreNoNumbers) {
     EXPECT_EQ(series->GetXMinIndex(), -1);
     f.Fill({{3, 4}, {CInf, 5}, {8, 1e308}});
     EXPECT_TRUE(SettleTree(*f.Form));
-    EXPECT_EQ(series->GetXRange().GetStart(), 3);
-    EXPECT_EQ(series->GetXRange().GetStop(), 8);
+    EXPECT_EQ(std::tuple(series->GetXRange().GetStart(), series->GetXRange().GetStop()), std::tuple(3, 8));
     EXPECT_EQ(series->GetYMinIndex(), 1);
 }
 
@@ -237,11 +228,8 @@ TEST(DataSeries, EndsErrorBarsAtValueAndErrorInEveryDirectionAndScaling) {
                 axis->SetStart(1);
             }
             auto* series = f.AddSeries();
-            series->SetErrorColor(clFuchsia);
-            series->SetdXPlus(f.DX);
-            series->SetdXMinus(f.DY);
-            series->SetdYPlus(f.DX);
-            series->SetdYMinus(f.DY);
+            series->SetName("S");
+            f.Set("ErrorIndicatorsColor=clFuchsia; dXPlus=DX1; dXMinus=DY1; dYPlus=DX1; dYMinus=DY1", "S.");
             f.Fill({{20, 30}, {60, 60}});
             f.DX->Add(-10); // the magnitude counts
             f.DY->Add(scaling == AxLog ? 200 : 15);
@@ -348,8 +336,7 @@ TEST(DataSeries, LeavesTheListenerThatReplacedItAndTheWorldItStoodOn) {
     EXPECT_EQ(f.X->GetStop(), 80) << "a plain vector tells nobody";
     second->RangesModified();
     f.Draw();
-    EXPECT_EQ(f.X->GetStop(), 6000);
-    EXPECT_EQ(f.XV->Listeners().GetCount(), 0);
+    EXPECT_EQ(std::tuple(f.X->GetStop(), f.XV->Listeners().GetCount()), std::tuple(6000, 0));
     auto* third = f.AddSeries();
     third->SetComponentIndex(0);
     f.Draw();
@@ -361,5 +348,4 @@ TEST(DataSeries, LeavesTheListenerThatReplacedItAndTheWorldItStoodOn) {
     EXPECT_EQ(TKxLineSeries(f.Form).GetGraph(), &bare) << "the last graph wins, axes or not";
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::dataseries

@@ -1,13 +1,10 @@
 #include <kxgraph/series/Kxdraw.h>
 
-#include <kxgraph/platform/base/exceptions.h>
-#include <kxgraph/platform/drawing/recording.h>
+#include "support/testing.h"
+
 #include <kxgraph/platform/objects/component.h>
 
-#include <gtest/gtest.h>
-
-namespace kx {
-namespace {
+namespace kx::test::draw {
 
 struct TOwner : TComponent, TKxStyleOwner {
     TOwner() : TComponent(nullptr) {}
@@ -82,5 +79,4 @@ TEST(Bars, HaveTheirDepthUpAndRightWhateverTheSigns) {
     EXPECT_EQ(bar(30, 10, -8, -5), bar(10, 30, 8, 5));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::draw

@@ -2,11 +2,10 @@
 
 #include "support/graphfixture.h"
 
-namespace kx {
-namespace {
+namespace kx::test::ruleseries {
 
 TEST(RuleSeries, CrossesTheGraphAndWidensOneAxis) {
-    test::TGraphForm f;
+    TGraphForm f;
     f.AddSeries();
     f.Fill({{0, 0}, {10, 100}});
     TKxLiveVector at(f.Form);
@@ -19,8 +18,7 @@ TEST(RuleSeries, CrossesTheGraphAndWidensOneAxis) {
         rule->SetDirection(direction);
         const std::string drawn = f.Draw().ToText();
         const bool upright = direction == rdVertical;
-        EXPECT_EQ(f.X->GetStop(), upright ? 20 : 10);
-        EXPECT_EQ(f.Y->GetStop(), 100);
+        EXPECT_EQ(std::tuple(f.X->GetStop(), f.Y->GetStop()), std::tuple(upright ? 20 : 10, 100));
         std::size_t lines = 0;
         for (auto i = drawn.find("010203"); i != drawn.npos; i = drawn.find("010203", i + 1)) ++lines;
         EXPECT_EQ(lines, 2U) << drawn;
@@ -30,5 +28,4 @@ TEST(RuleSeries, CrossesTheGraphAndWidensOneAxis) {
     EXPECT_EQ(f.X->GetStop(), 10);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::ruleseries

@@ -1,10 +1,7 @@
 #pragma once
 // Whether series that follow their vectors value by value hold what a full scan finds.
 
-#include "support/cases.h"
 #include "support/graphfixture.h"
-
-#include <random>
 
 namespace kx::test {
 
