@@ -1,17 +1,10 @@
 #include <kxgraph/numeric/Kxarithm.h>
 
-#include "support/cases.h"
-
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 #include <cfloat>
-#include <cmath>
-#include <random>
 
-namespace kx {
-namespace {
-
-using test::Cases;
+namespace kx::test::arithm {
 
 TEST(Arithm, GivesExactPowersOfTenAndNeverRaises) {
     for (int n = -22; n <= 22; ++n) EXPECT_EQ(IntExp10(n), std::stod("1e" + std::to_string(n)));
@@ -62,5 +55,4 @@ TEST(Arithm, RoundsToMultiplesOfADecade) {
     EXPECT_THROW(RoundLogDown(1, 0, 1), EZeroDivide);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::arithm

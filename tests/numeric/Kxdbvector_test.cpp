@@ -1,25 +1,12 @@
 #include <kxgraph/numeric/Kxdbvector.h>
 
-#include "support/cases.h"
-#include "support/errors.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/data/memorydataset.h>
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <functional>
-#include <memory>
-#include <random>
-#include <string>
-#include <vector>
-
-namespace kx {
-namespace {
+namespace kx::test::dbvector {
 
 using TCalls = std::vector<std::pair<int, bool>>;
-using test::TReals;
 
 /// Readings of x and y behind a source.
 struct TReadings {
@@ -33,6 +20,12 @@ struct TReadings {
         Source->SetDataSet(Set.get());
     }
     TField& X() { return Set->FieldByName("x"); }
+    void Quietly(const auto& Do) { Set->DisableControls(), Do(), Set->EnableControls(); }
+    /// Leaves the record in editing.
+    void Put(double Value, const char* Field = "x") {
+        if (Set->GetState() == dsBrowse) Set->Edit();
+        Set->FieldByName(Field).SetAsFloat(Value);
+    }
     std::unique_ptr<TMemoryDataSet> Set = std::make_unique<TMemoryDataSet>(nullptr);
     std::unique_ptr<TDataSource> Source = std::make_unique<TDataSource>(nullptr);
 };
@@ -57,76 +50,37 @@ struct TBoundVector : TKxDBVector {
 
 TEST(DBVector, FollowsItsField) {
     const std::vector<TFieldValue> whole{1., 2., 3.}, gap{1., {}, 3.};
-    const TCalls again{{-1, true}};
-    struct TCase {
+    const TCalls again{{-1, true}}, first{{0, false}}, twice{{0, false}, {0, false}},
+        undone{{3, false}, {-1, true}}, redone{{0, false}, {-1, true}};
+    const TReals same{1, 2, 3}, more{1, 2, 3, 9}, before{9, 1, 2, 3}, changed{7, 2, 3};
+    const struct {
         std::vector<TFieldValue> X;
-        std::function<void(TReadings&)> Do;
-        TReals Values, WithGaps;
+        TReals Values, WithGaps; ///< without and with values that are no numbers
         TCalls Heard;
+        std::function<void(TReadings&)> Do;
+    } cases[] = {
+        {gap, {1}, {1, -99, 3}, {}, [](auto&) {}},
+        {whole, {1, 7, 3}, {1, 7, 3}, {{1, false}}, [](auto& r) { r.Set->Next(), r.Put(7); }},
+        {whole, same, same, twice, [](auto& r) { r.Put(7), r.Set->Cancel(); }},
+        {whole, same, same, {}, [](auto& r) { r.Put(7, "y"), r.Set->Post(); }},
+        {whole, {0, 2, 3}, {-99, 2, 3}, first, [](auto& r) { r.Set->Edit(), r.X().Clear(), r.Set->Post(); }},
+        {whole, more, more, {{3, false}}, [](auto& r) { r.Set->AppendRecord({9.}); }},
+        {whole, same, same, undone, [](auto& r) { r.Set->Append(), r.Put(9), r.Set->Cancel(); }},
+        {whole, before, before, undone, [](auto& r) { r.Set->Insert(), r.Put(9), r.Set->Post(); }},
+        {whole, {1, 3}, {1, 3}, {{1, true}}, [](auto& r) { r.Set->Next(), r.Set->Delete(); }},
+        {gap, {}, {1, 3}, {{1, true}}, [](auto& r) { r.Set->Next(), r.Set->Delete(); }},
+        {{}, {8}, {8}, twice, [](auto& r) { r.Set->AppendRecord({9.}), r.Put(8); }},
+        {whole, more, more, again,
+         [](auto& r) { r.Quietly([&] { r.Set->AppendRecord({9.}), r.Set->Last(); }); }},
+        {whole, changed, changed, redone, [](auto& r) { r.Quietly([&] { r.Put(7); }), r.Set->Post(); }},
+        {whole, same, same, {}, [](auto& r) { r.Set->Close(); }},
+        {whole, same, same, again, [](auto& r) { r.Set->Close(), r.Set->Open(); }},
+        {whole, {}, {}, again, [](auto& r) { r.Set->Clear(); }},
+        {whole, same, same, {}, [](auto& r) { r.Source->SetDataSet(nullptr), r.Set->Delete(); }},
+        {whole, same, same, {}, [](auto& r) { r.Set.reset(); }},
+        {whole, same, same, {}, [](auto& r) { r.Source.reset(), r.Set->Delete(); }},
     };
-    const TCase cases[] = {
-        {gap, [](auto&) {}, {1}, {1, -99, 3}, {}},
-        {whole,
-         [](auto& r) { r.Set->Next(), r.Set->Edit(), r.X().SetAsFloat(7); },
-         {1, 7, 3},
-         {1, 7, 3},
-         {{1, false}}},
-        {whole,
-         [](auto& r) { r.Set->Edit(), r.X().SetAsFloat(7), r.Set->Cancel(); },
-         {1, 2, 3},
-         {1, 2, 3},
-         {{0, false}, {0, false}}},
-        {whole,
-         [](auto& r) { r.Set->Edit(), r.Set->FieldByName("y").SetAsFloat(7), r.Set->Post(); },
-         {1, 2, 3},
-         {1, 2, 3},
-         {}},
-        {whole,
-         [](auto& r) { r.Set->Edit(), r.X().Clear(), r.Set->Post(); },
-         {0, 2, 3},
-         {-99, 2, 3},
-         {{0, false}}},
-        {whole, [](auto& r) { r.Set->AppendRecord({9.}); }, {1, 2, 3, 9}, {1, 2, 3, 9}, {{3, false}}},
-        {whole,
-         [](auto& r) { r.Set->Append(), r.X().SetAsFloat(9), r.Set->Cancel(); },
-         {1, 2, 3},
-         {1, 2, 3},
-         {{3, false}, {-1, true}}},
-        {whole,
-         [](auto& r) { r.Set->Insert(), r.X().SetAsFloat(9), r.Set->Post(); },
-         {9, 1, 2, 3},
-         {9, 1, 2, 3},
-         {{3, false}, {-1, true}}},
-        {whole, [](auto& r) { r.Set->Next(), r.Set->Delete(); }, {1, 3}, {1, 3}, {{1, true}}},
-        {gap, [](auto& r) { r.Set->Next(), r.Set->Delete(); }, {}, {1, 3}, {{1, true}}},
-        {{},
-         [](auto& r) { r.Set->AppendRecord({9.}), r.Set->Edit(), r.X().SetAsFloat(8); },
-         {8},
-         {8},
-         {{0, false}, {0, false}}},
-        {whole,
-         [](auto& r) {
-             r.Set->DisableControls(), r.Set->AppendRecord({9.}), r.Set->Last(), r.Set->EnableControls();
-         },
-         {1, 2, 3, 9},
-         {1, 2, 3, 9},
-         again},
-        {whole,
-         [](auto& r) {
-             r.Set->DisableControls(), r.Set->Edit(), r.X().SetAsFloat(7), r.Set->EnableControls(),
-                 r.Set->Post();
-         },
-         {7, 2, 3},
-         {7, 2, 3},
-         {{0, false}, {-1, true}}},
-        {whole, [](auto& r) { r.Set->Close(); }, {1, 2, 3}, {1, 2, 3}, {}},
-        {whole, [](auto& r) { r.Set->Close(), r.Set->Open(); }, {1, 2, 3}, {1, 2, 3}, again},
-        {whole, [](auto& r) { r.Set->Clear(); }, {}, {}, again},
-        {whole, [](auto& r) { r.Source->SetDataSet(nullptr), r.Set->Delete(); }, {1, 2, 3}, {1, 2, 3}, {}},
-        {whole, [](auto& r) { r.Set.reset(); }, {1, 2, 3}, {1, 2, 3}, {}},
-        {whole, [](auto& r) { r.Source.reset(), r.Set->Delete(); }, {1, 2, 3}, {1, 2, 3}, {}},
-    };
-    for (const TCase& c : cases)
+    for (const auto& c : cases)
         for (const bool asNaN : {false, true})
             for (const bool sequenced : {true, false}) {
                 TReadings readings(c.X);
@@ -172,7 +126,7 @@ TEST(DBVector, SharesOnePassAndLeavesTheCursor) {
     x.SetValue(0, 99);
     y.SetValue(0, 99);
     y.Heard.clear();
-    EXPECT_EQ(test::MessageOf<EConvertError>([&] { readings.Set->Open(); }),
+    EXPECT_EQ(MessageOf<EConvertError>([&] { readings.Set->Open(); }),
               "'no number' is not a number (field name)");
     EXPECT_EQ(x.All(), (TReals{1, 2, 3}));
     EXPECT_EQ(seen, (TReals{1, 1, 1})) << "read before the first listener is called";
@@ -222,5 +176,4 @@ TEST(DBVector, KeepsASourceThatIsFixedWhileItIsLoaded) {
     EXPECT_THROW(vector.SetDataSource(other.Source.get()), EDataSetError);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::dbvector

@@ -1,17 +1,8 @@
 #include <kxgraph/numeric/Kxdecimal.h>
 
-#include <kxgraph/platform/text/numbertext.h>
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <bit>
-#include <cmath>
-#include <random>
-#include <string>
-#include <utility>
-
-namespace kx {
-namespace {
+namespace kx::test::decimal {
 
 /// The same by the text of fifteen digits.
 TKxDecimal ReadDecimal(const std::string& Text) {
@@ -51,5 +42,4 @@ TEST(Decimal, CountsItsDigitsAndItsMultiples) {
     EXPECT_EQ(step.Shifted(-(std::int64_t{1} << 40)).Value(), 0);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::decimal

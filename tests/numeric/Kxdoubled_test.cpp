@@ -1,20 +1,8 @@
 #include <kxgraph/numeric/Kxdoubled.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <cstdint>
-#include <random>
-
-namespace kx {
-namespace {
-
-TEST(Doubled, KeepsWhatRoundingDrops) {
-    EXPECT_EQ(TwoSum(0x1p-60, 1.0), TKxDoubled(1, 0x1p-60));
-    EXPECT_EQ(FastTwoSum(1.0, -0x1p-60), TKxDoubled(1, -0x1p-60));
-    const double a = 1 + 0x1p-30, b = 1 - 0x1p-30; // the product is 1 - 2^-60
-    EXPECT_EQ(TwoProduct(a, b), TKxDoubled(1, -0x1p-60));
-    EXPECT_EQ(TwoProduct(3e150, 7e-160).Hi, 3e150 * 7e-160);
-}
+namespace kx::test::doubled {
 
 // Integers of more than 53 bits have exact sums and products to compare with.
 TEST(Doubled, AgreesWithIntegersBeyondADouble) {
@@ -48,5 +36,4 @@ TEST(Doubled, GivesQuotientsAndRootsOfMoreThanAHundredBits) {
     EXPECT_THROW(Sqrt(TKxDoubled(-1)), EInvalidOp);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::doubled

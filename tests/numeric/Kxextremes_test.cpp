@@ -1,13 +1,8 @@
 #include <kxgraph/numeric/Kxvector.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <algorithm>
-#include <cmath>
-#include <random>
-
-namespace kx {
-namespace {
+namespace kx::test::extremes {
 
 /// By looking at all values.
 TKxExtremes::TEnds SlowEnds(std::span<const double> Values, int First, int Last) {
@@ -102,5 +97,4 @@ TEST(Extremes, CostTheBlocksThatHaveChanged) {
     EXPECT_LE(touched(), 100 * 500u) << "the first value left each time";
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::extremes

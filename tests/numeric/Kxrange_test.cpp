@@ -1,11 +1,8 @@
 #include <kxgraph/numeric/Kxrange.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <cmath>
-
-namespace kx {
-namespace {
+namespace kx::test::range {
 
 TEST(Range, WidensAndTellsWhichEndMovedOnce) {
     TRange range;
@@ -35,5 +32,4 @@ TEST(RangeList, HoldsEachRangeOnceAtTheEnd) {
     EXPECT_EQ(list.GetCount(), 1);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::range

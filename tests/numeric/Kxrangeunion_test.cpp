@@ -1,13 +1,8 @@
 #include <kxgraph/numeric/Kxrangeunion.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <array>
-#include <limits>
-#include <random>
-
-namespace kx {
-namespace {
+namespace kx::test::rangeunion {
 
 TEST(RangeUnion, IsWhatLookingAtAllRangesTellsWhateverComesAndGoes) {
     constexpr double CNan = std::numeric_limits<double>::quiet_NaN();
@@ -38,5 +33,4 @@ TEST(RangeUnion, IsWhatLookingAtAllRangesTellsWhateverComesAndGoes) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::rangeunion

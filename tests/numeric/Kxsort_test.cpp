@@ -1,16 +1,9 @@
 #include <kxgraph/numeric/Kxsort.h>
 
 #include "support/cputime.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <random>
-#include <vector>
-
-namespace kx {
-namespace {
+namespace kx::test::sort {
 
 TEST(Sort, LeavesEqualValuesInTheOrderOfThePartition) {
     using TCase = std::tuple<TKxRealArray, std::vector<double>>;
@@ -54,7 +47,7 @@ TEST(Sort, TakesNoLongerForSweepsThereAndBack) {
     const auto timeOf = [](auto ValueAt) {
         TKxRealArray x(CCount), y(CCount), w(CCount);
         for (int i = 0; i < CCount; ++i) x[i] = y[i] = w[i] = ValueAt(i);
-        const double time = test::CpuSeconds([&] { QuickSortYWtoX(0, CCount - 1, x, y, w); });
+        const double time = CpuSeconds([&] { QuickSortYWtoX(0, CCount - 1, x, y, w); });
         for (const auto& sorted : {x, y, w}) EXPECT_TRUE(std::is_sorted(sorted.begin(), sorted.end()));
         return time;
     };
@@ -64,5 +57,4 @@ TEST(Sort, TakesNoLongerForSweepsThereAndBack) {
     EXPECT_LT(timeOf([](int i) { return double(std::max(i, CCount - i)); }), 20 * anyOrder);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::sort

@@ -1,17 +1,8 @@
 #include <kxgraph/numeric/Kxstrings.h>
 
-#include "support/cases.h"
+#include "support/testing.h"
 
-#include <kxgraph/platform/base/exceptions.h>
-#include <kxgraph/platform/text/numbertext.h>
-
-#include <gtest/gtest.h>
-
-namespace kx {
-namespace {
-
-using test::Cases;
-using TText = std::string;
+namespace kx::test::strings {
 
 TEST(Strings, FitRealsToTheDigitsAskedForAndUseTheSeparatorInTheLocalForm) {
     EXPECT_EQ(RealToStr(1.0 / 3), "0.33333333333333");
@@ -74,5 +65,4 @@ TEST(Strings, FindTokensBetweenDelimiters) {
     EXPECT_EQ(ReplaceTokenWithBracket("x*x", 'x', "(2)"), "(2)*(2)");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::strings

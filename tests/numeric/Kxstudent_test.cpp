@@ -1,21 +1,13 @@
 #include <kxgraph/numeric/Kxstudent.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <cmath>
 #include <numbers>
 
-namespace kx {
-namespace {
+namespace kx::test::student {
 
 TEST(Student, HasTheLimitsOfTablesAndOfClosedForms) {
-    const struct {
-        double Level, Freedom, Limit;
-    } cases[] = {{.95, 3, 3.18244630528371},    {.95, 5, 2.57058183563631},  {.95, 10, 2.22813885198627},
-                 {.99, 10, 3.16927267261695},   {.95, 30, 2.04227245630124}, {.9, 120, 1.65765089935525},
-                 {.5, 7, 0.71114177808179},     {.999, 4, 8.61030158137926}, {.95, 1e9, 1.95996398691194},
-                 {.95, 1e300, 1.95996398454005}};
-    for (const auto& [level, freedom, limit] : cases)
+    for (const auto& [level, freedom, limit] : Cases<double, double, double>("numbers", "student limits"))
         EXPECT_NEAR(StudentLimit(level, freedom) / limit, 1, 5e-13) << level << " of " << freedom;
     const double z = StudentLimit(.95, 1e300); // and what 1 / freedom adds to the normal distribution
     for (const double freedom : {1.9999e5, 2.0001e5, 1e6}) {
@@ -36,5 +28,4 @@ TEST(Student, HasTheLimitsOfTablesAndOfClosedForms) {
         EXPECT_TRUE(std::isnan(none));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::student

@@ -1,18 +1,10 @@
 #include <kxgraph/numeric/Kxvector.h>
 
-#include "support/cases.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <random>
-#include <thread>
-#include <utility>
-
-namespace kx {
-namespace {
+namespace kx::test::vector {
 
 using TCalls = std::vector<std::pair<int, bool>>;
-using test::TReals;
 
 struct TWatcher {
     TCalls Heard;
@@ -39,14 +31,13 @@ TEST(Vectors, GrowTheirCapacityInStepsAheadOfCount) {
 }
 
 TEST(Vectors, ChangeAndTellAsTheyShould) {
-    struct TCase {
+    const TReals two{5, 6};
+    const struct {
         std::function<void(TKxRealVector&)> Act;
         TCalls Heard; // by the live vector's listener; the plain one tells nobody
         TReals After;
         bool OnlyLive = false;
-    };
-    const TReals two{5, 6};
-    const TCase cases[] = {
+    } cases[] = {
         {[&](auto& v) { v.AddValues(two); }, {{3, false}, {4, false}}, {0, 1, 2, 5, 6}},
         {[](auto& v) { v.Insert(1, 5); }, {{1, false}}, {0, 5, 1, 2}},
         {[](auto& v) { v.Insert(3, 5); }, {}, {0, 1, 2}},
@@ -108,13 +99,12 @@ TEST(Vectors, HoldWhatAnArrayHoldsWhicheverEndValuesLeaveAt) {
 }
 
 TEST(LiveVector, KeepsTheLastValuesUpToItsBound) {
-    struct TCase {
+    const TReals five{5, 6, 7, 8, 9};
+    const struct {
         std::function<void(TKxLiveVector&)> Act;
         TCalls Heard;
         TReals After;
-    };
-    const TReals five{5, 6, 7, 8, 9};
-    const TCase cases[] = {
+    } cases[] = {
         {[](auto& v) { v.Add(5); }, {{3, false}, {0, true}}, {1, 2, 5}},
         {[](auto& v) { v.SetValue(1, 5); }, {{1, false}}, {0, 5, 2}},
         {[](auto& v) { v.Insert(2, 5); }, {{2, false}, {0, true}}, {1, 5, 2}},
@@ -137,8 +127,7 @@ TEST(LiveVector, KeepsTheLastValuesUpToItsBound) {
     TKxLiveVector v(nullptr);
     v.SetMaxCount(1000);
     for (int i = 0; i < 100000; ++i) v.Add(i);
-    EXPECT_EQ(v.GetCapacity(), 1050);
-    EXPECT_EQ(v.GetValue(0), 99000);
+    EXPECT_EQ(std::tuple(v.GetCapacity(), v.GetValue(0)), std::tuple(1050, 99000));
 }
 
 TEST(LiveVector, CompletesAChangeWhoseListenerFails) {
@@ -191,19 +180,4 @@ TEST(Listeners, MayLeaveAndEnterWhileCalled) {
     }
 }
 
-#ifndef NDEBUG
-TEST(RealVectorDeathTest, ChangesOnTheApplicationsThreadAlone) {
-    testing::FLAGS_gtest_death_test_style = "threadsafe";
-    const std::function<void(TKxLiveVector&)> changes[] = {
-        [](auto& V) { V.Add(1); }, [](auto& V) { V.SetValue(0, 1); }, [](auto& V) { V.Delete(0); },
-        [](auto& V) { V.Clear(); }};
-    for (const auto& change : changes) {
-        TKxLiveVector vector(nullptr);
-        vector.Add(1);
-        EXPECT_DEATH(std::thread([&] { change(vector); }).join(), "application's thread");
-    }
-}
-#endif
-
-} // namespace
-} // namespace kx
+} // namespace kx::test::vector
