@@ -2,15 +2,12 @@
 // Command lines in tests.
 
 #include "kxplot/options/commandline.h"
-
-#include <iterator>
-#include <sstream>
-#include <string>
-#include <vector>
+#include "support/testing.h"
 
 namespace kxplot::test {
 
 using TNames = std::vector<std::string>;
+using kx::test::Cases, kx::test::Holds, kx::test::TText;
 
 inline TNames Words(const std::string& Text) {
     std::istringstream words(Text);

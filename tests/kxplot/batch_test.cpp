@@ -22,7 +22,7 @@ TEST_F(Batch, DrawsEachTableAndTellsOfThoseThatFail) {
         << outcome.Errors;
     EXPECT_EQ(Files(), (TNames{"a1-plot.svg", "a1.csv", "a1.json", "a2.csv", "a3-plot.svg", "a3.csv",
                                "a3.json", "a4-plot.svg", "a4.csv", "a4.json"}));
-    EXPECT_NE(Read("a4.json").find("\"Slope\": 0.5,"), std::string::npos);
+    EXPECT_TRUE(Holds(Read("a4.json"), "\"Slope\": 0.5,"));
     ExpectError(2, "--batch a*.csv -o p.svg", "--batch: p.svg would be written for several tables; .*");
     ExpectError(2, "--batch b*.csv", "--batch: 'b\\*.csv' names no file");
     ExpectError(2, "d.csv --batch a*.csv", "--batch: 'd.csv' does not go with it: .*");
@@ -35,7 +35,7 @@ TEST_F(Batch, WritesCurvesAsATable) {
     const std::string table = Read("c.csv");
     EXPECT_TRUE(table.starts_with("t / s,quadratic fit,cubic fit,t / s,linear fit\n0,1,1,0,1\n"))
         << table.substr(0, 80);
-    EXPECT_NE(table.find("\n3,7,"), std::string::npos);
+    EXPECT_TRUE(Holds(table, "\n3,7,"));
     EXPECT_EQ(Run(Words("c.csv -o c.svg")).Status, 0);
 }
 
@@ -45,7 +45,7 @@ TEST_F(Batch, SeveralTablesAndFunctionsStandInOnePicture) {
     Write("c.csv", "t,u\n0,1\n1,2\n2,4\n");
     EXPECT_EQ(Run(Words("a.csv b.csv --fit line --function=-x --results r.ini -o p.svg")).Errors, "");
     for (const char* text : {">a: u<", ">b: u<", ">-x<", ">a: u: linear fit<"})
-        EXPECT_NE(Read("p.svg").find(text), std::string::npos) << text;
+        EXPECT_TRUE(Holds(Read("p.svg"), text)) << text;
     EXPECT_EQ(Value(Read("r.ini"), "Series1.LinearRegression", "Points"), "3");
     EXPECT_EQ(Value(Read("r.ini"), "Series2.LinearRegression", "Points"), "4");
     EXPECT_EQ(Run(Words("a.csv c.csv --difference c.csv,a.csv --fit line --results r.ini -o p.svg")).Errors,
@@ -54,7 +54,7 @@ TEST_F(Batch, SeveralTablesAndFunctionsStandInOnePicture) {
     ExpectError(1, "a.csv b.csv --difference a.csv,b.csv",
                 "b.csv: --difference: its x are not those of a.csv");
     EXPECT_EQ(Run(Words("--function sin(x)/x --range=-10:10 -o f.svg")).Errors, "");
-    EXPECT_NE(Read("f.svg").find(">sin(x)/x<"), std::string::npos); // the y axis is called so
+    EXPECT_TRUE(Holds(Read("f.svg"), ">sin(x)/x<")); // the y axis is called so
     ExpectError(2, "--function sin(x)", "--function: without DATA it needs --range");
 }
 
@@ -69,11 +69,10 @@ TEST_F(Batch, ResultsAreNumbersAndTextsInJson) {
 TEST_F(Batch, ListsPropertiesAsSetTakesThem) {
     const std::string list =
         Run(Words("--properties Series1 --set Series1.Line.Width=3 --style line")).Output;
-    EXPECT_NE(list.find("\nSeries1.LineStyle.Width=3\n    whole number; default 1. "), std::string::npos)
-        << list;
+    EXPECT_TRUE(Holds(list, "\nSeries1.LineStyle.Width=3\n    whole number; default 1. "));
     const std::string all = Run(Words("d.csv -y u --fit line --properties")).Output;
     for (const char* line : {"\nGraph1.MajorGridX.Style=psSolid\n", "\nXAxis.", "\nFit1.", "\nLegend1."})
-        EXPECT_NE(all.find(line), std::string::npos) << line;
+        EXPECT_TRUE(Holds(all, line)) << line;
     ExpectError(2, "--properties Sries1",
                 "--properties: 'Sries1' is no component of this picture; did you mean 'Series1'\\?");
 }
@@ -92,12 +91,11 @@ TEST_F(Batch, HelpManPageAndCompletionsHaveAllOptions) {
             for (const auto& row : group.Rows) {
                 if (row.IsArgument()) continue;
                 const std::string& name = row.Names.back();
-                EXPECT_NE(script.find(name.substr(name.find_first_not_of('-'))), std::string::npos)
-                    << shell << name;
-                EXPECT_NE(help.find("  " + row.Names.front()), std::string::npos) << name;
+                EXPECT_TRUE(Holds(script, name.substr(name.find_first_not_of('-')))) << shell << name;
+                EXPECT_TRUE(Holds(help, "  " + row.Names.front())) << name;
                 std::string inPage;
                 for (const char c : name) (inPage += c == '-' ? "\\" : "") += c;
-                EXPECT_NE(man.find("\\fB" + inPage + "\\fR"), std::string::npos) << name;
+                EXPECT_TRUE(Holds(man, "\\fB" + inPage + "\\fR")) << name;
             }
     }
     Write("c.bash", Run({"--completions", "bash"}).Output);

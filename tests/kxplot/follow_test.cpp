@@ -3,9 +3,6 @@
 #include "kxplot/follow/followedtable.h"
 #include "kxplot/program.h"
 
-#include <fstream>
-#include <memory>
-
 namespace {
 
 using namespace kxplot::test;
@@ -57,7 +54,7 @@ TEST_F(Follow, TakesWholeLinesThatFitAndBeginsAnewWithTheFile) {
     const std::string told = testing::internal::GetCapturedStderr();
     EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 3) << told;
     for (const char* piece : {":4: column t: 'x' is not a number", ":5: 1 cell where", ":6: column u: 'y'"})
-        EXPECT_NE(told.find(piece), std::string::npos) << told;
+        EXPECT_TRUE(Holds(told, piece));
 }
 
 TEST_F(Follow, RemembersWhatTheFirstLinesHaveTold) {
@@ -76,10 +73,10 @@ TEST_F(Follow, WritesWhatWasAskedForAtCtrlCAndAtTheEndOfItsInput) {
     WaitUntilOpen(child, "g.csv");
     kill(child, SIGINT);
     EXPECT_EQ(StatusOf(child), 0) << Read("err");
-    EXPECT_NE(Read("r.ini").find("Slope=2\n"), std::string::npos);
+    EXPECT_TRUE(Holds(Read("r.ini"), "Slope=2\n"));
     EXPECT_TRUE(Has("p.svg"));
     const TOutcome outcome = Run(Words("- --follow --window 3 --fit line --results -"), "1 1\n2 5\n3 3\n4 1");
-    EXPECT_NE(outcome.Output.find("CalcStart=2\n"), std::string::npos) << outcome.Errors;
+    EXPECT_TRUE(Holds(outcome.Output, "CalcStart=2\n")) << outcome.Errors;
     ExpectError(2, "d.csv --window 3", "--window: goes with --follow alone");
     ExpectError(2, "d.csv --follow d.csv", "--follow: goes with one table alone");
 }

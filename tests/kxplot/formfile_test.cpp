@@ -6,8 +6,6 @@
 #include <kxgraph/platform/objects/classes.h>
 #include <kxgraph/platform/streaming/describe.h>
 
-#include <sstream>
-
 namespace {
 
 using namespace kxplot::test;
@@ -60,14 +58,8 @@ TEST_F(FormFile, DrawsThePicturesOfTheExamples) {
 
 TEST_F(FormFile, DrawsWhatOptionsMake) {
     Write("d.csv", "t,u,v,e,n\n1,2,3,0.1,x\n2,4,5,0.2,y\n3,3,nan,0.1,z\n4,8,2,0.3,x\n5,7,9,0.2,w\n");
-    for (const char* line :
-         {"-y u --fit line --residuals --band confidence --label Slope:3+-",
-          "-y u -y v --fit 'a+b*x^c' --start a=1,b=1,c=1 --repeat 3 --no-legend",
-          "-y u --style bars3d -y v --stack", "-x t -y u --vx e --vy v --style arrows --box",
-          "-y u --y2 v --curve akima --derivative --integral",
-          "--hist 4 --fit 'a*exp(-(x-b)^2)' --start a=1,b=3", "-x n -y u",
-          "-y u-2*t --text 2,1,here --vline 2", "-y u --set XAxis.LabelKind=lkDates --zone Asia/Tokyo",
-          "-y u --function x^2 --theme dark --ground none"}) {
+    for (const auto& row : kx::test::RowsOf("programs", "pictures")) {
+        const std::string& line = row[0];
         SCOPED_TRACE(line);
         TNames words = Split(line);
         words.insert(words.begin(), "d.csv");
@@ -80,33 +72,13 @@ TEST_F(FormFile, TakesOptionsOfPicturesAloneAndSaysWhatIsWrong) {
     const TOutcome set =
         Run({"f.kxf", "-o", "b.svg", "--set", "Graph1.Caption=Again", "--set", "Graph1.ShowTitle=1"});
     EXPECT_EQ(set.Status, 0) << set.Errors;
-    EXPECT_NE(Read("b.svg").find(">Again</text>"), std::string::npos);
-    const struct {
-        int Status;
-        TNames Words;
-        const char* Error;
-    } cases[] = {
-        {2, {"f.kxf", "--fit", "line"}, "--fit: does not go with a form, which holds all that is drawn"},
-        {2, {"f.kxf", "d.csv"}, "a form is drawn alone: kxplot f.kxf"},
-        {2, {"d.csv", "--inline"}, "--inline: there is no --save-form that it could be for"},
-        {2,
-         {"d.csv", "--save-form", "f.txt"},
-         "--save-form: a name that ends with .kxf is expected, not 'f.txt'"},
-        {2,
-         {"--describe", "TKxAxes"},
-         "--describe: 'TKxAxes' is no class of components; did you mean 'TKxAxis'?"},
-        {1, {"g.kxf"}, "g.kxf:1:8: unknown class 'TKxForm'; did you mean 'TForm'?"},
-        {1, {"h.kxf"}, "h.kxf: there is no form with a graph in it"},
-    };
+    EXPECT_TRUE(Holds(Read("b.svg"), ">Again</text>"));
     Write("g.kxf", "object TKxForm\nend\n");
     Write("h.kxf", "object TForm\nend\n");
-    for (const auto& [status, words, error] : cases) {
-        const TOutcome outcome = Run(words);
-        EXPECT_EQ(outcome.Status, status);
-        EXPECT_EQ(outcome.Errors, std::string("kxplot: ") + error + "\n");
-    }
+    for (const auto& [status, arguments, message] : Cases<int, TText, TText>("programs", "forms"))
+        ExpectError(status, arguments, message);
     fs::remove(Path("d.csv"));
-    EXPECT_NE(Run({"f.kxf", "-o", "c.png"}).Errors.find("XData: d.csv: No such file"), std::string::npos);
+    EXPECT_TRUE(Holds(Run({"f.kxf", "-o", "c.png"}).Errors, "XData: d.csv: No such file"));
     EXPECT_FALSE(Has("c.png"));
 }
 
@@ -116,8 +88,8 @@ TEST_F(FormFile, TheReferenceIsThatOfTheRows) {
         << "kxplot --describe > docs/properties.md";
     EXPECT_EQ(Run({"--describe"}).Output, kx::ReadFile(KX_SOURCE "/docs/properties.md"));
     const std::string axis = Run({"--describe", "tkxaxis"}).Output;
-    EXPECT_NE(axis.find("| `Twisted` | `True`, `False` | `False` | runs in reverse |\n"), axis.npos);
-    EXPECT_NE(axis.find("## TControl\n"), axis.npos);
+    EXPECT_TRUE(Holds(axis, "| `Twisted` | `True`, `False` | `False` | runs in reverse |\n"));
+    EXPECT_TRUE(Holds(axis, "## TControl\n"));
 }
 
 } // namespace

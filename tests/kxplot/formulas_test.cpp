@@ -9,7 +9,6 @@
 #include <kxgraph/series/Kxdataseries.h>
 
 #include <csignal>
-#include <cstdlib>
 
 namespace {
 

@@ -4,11 +4,6 @@
 #include "kxplot/methods/methods.h"
 #include "kxplot/options/usageerror.h"
 
-#include <kxgraph/platform/text/files.h>
-#include <kxgraph/platform/text/numbertext.h>
-
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace kxplot;
@@ -20,17 +15,7 @@ std::string Text(TStyle Style) {
     return std::vector{"line", "points", "both", "bars", "bars3d", "arrows"}[std::size_t(Style)];
 }
 std::string Text(kx::TKxLegendPlacement Place) {
-    switch (Place) {
-    case kx::lgInsideTopLeft: return "inside top left";
-    case kx::lgInsideTopRight: return "inside top right";
-    case kx::lgInsideBottomLeft: return "inside bottom left";
-    case kx::lgInsideBottomRight: return "inside bottom right";
-    case kx::lgRight: return "at right";
-    case kx::lgLeft: return "at left";
-    case kx::lgTop: return "at top";
-    case kx::lgBottom: return "at bottom";
-    default: return "elsewhere";
-    }
+    return std::string(kx::CEnumNames<kx::TKxLegendPlacement>[std::size_t(Place)]);
 }
 /// Kind and name; of what is derived of a curve, that of the curve.
 std::string Text(TAnalysisRequest Request) {

@@ -2,23 +2,13 @@
 // Runs the program itself, as a shell would, in a directory of its own.
 
 #include "kxplot/arguments.h"
-#include "support/recording.h"
-
-#include <kxgraph/platform/text/files.h>
-
-#include <gtest/gtest.h>
 
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cmath>
 #include <csignal>
-#include <filesystem>
 #include <regex>
-#include <string>
-#include <vector>
 
 namespace kxplot::test {
 

@@ -4,17 +4,13 @@
 
 #include <sys/resource.h>
 
-#include <set>
-#include <tuple>
-
 namespace {
 
 using namespace kxplot::test;
 
 TEST_F(Program, WritesAPngOfDefaultSizeBesideTheDataAndNothingElse) {
     const TOutcome outcome = Run({"d.csv"});
-    EXPECT_EQ(outcome.Status, 0);
-    EXPECT_EQ(outcome.Output + outcome.Errors, "");
+    EXPECT_EQ(std::tuple(outcome.Status, outcome.Output + outcome.Errors), std::tuple(0, ""));
     EXPECT_EQ(Files(), TNames{"d.png"});
     EXPECT_EQ(Read("d.png").substr(0, 4), "\x89PNG");
     EXPECT_EQ(Read("d.png").substr(16, 8), std::string("\0\0\x03\x84\0\0\x02\x58", 8));
@@ -27,7 +23,7 @@ TEST_F(Program, WritesAllFormatsAtOnceAndReadsStandardInput) {
     EXPECT_EQ(outcome.Status, 0) << outcome.Errors;
     EXPECT_EQ(Files(), (TNames{"a.svg", "b.PDF", "c.png"}));
     EXPECT_EQ(Read("a.svg").substr(0, 5) + Read("b.PDF").substr(0, 5), "<?xml%PDF-");
-    EXPECT_NE(Read("a.svg").find(" width=\"300\" height=\"200\""), std::string::npos) << "has no pixels";
+    EXPECT_TRUE(Holds(Read("a.svg"), " width=\"300\" height=\"200\"")) << "has no pixels";
     EXPECT_EQ(Read("c.png").substr(16, 8), std::string("\0\0\x02\x58\0\0\x01\x90", 8));
 }
 
@@ -36,19 +32,9 @@ TEST_F(Program, NeverWritesOverWhatItReadsOrOverAnotherOutput) {
     fs::create_symlink("d.csv", Path("link.png"));
     fs::create_hard_link(Path("e.png"), Path("hard.png"));
     Write("o.ini", "[Graph1]\nColor=255\n");
-    const std::pair<const char*, const char*> cases[] = {
-        {"e.png", "-o: e\\.png is the file of the data"},
-        {"e.png -o ./e.png", "-o: \\./e\\.png is the file of the data"},
-        {"e.png -o hard.png", "-o: hard\\.png is the file of the data"},
-        {"d.csv -o link.png", "-o: link\\.png is the file of the data"},
-        {"d.csv --fit line --results d.csv", "--results: d\\.csv is the file of the data"},
-        {"d.csv -o a.png -o ./a.png", "-o: \\./a\\.png is written by -o, too"},
-        {"d.csv --fit line --results r.ini --save-outfit r.ini",
-         "--results: r\\.ini is written by --save-outfit, too"},
-        {"d.csv --fit line --outfit o.ini --results o.ini", "--results: o\\.ini is the file of --outfit"},
-    };
     const TNames before = Files();
-    for (const auto& [arguments, message] : cases) ExpectError(2, arguments, message);
+    for (const auto& [arguments, message] : Cases<TText, TText>("programs", "files twice"))
+        ExpectError(2, arguments, message);
     EXPECT_EQ(Read("d.csv") + Read("hard.png"), Read("e.png") + Read("e.png"));
     EXPECT_EQ(Files(), before);
     EXPECT_EQ(Run(Words("d.csv --outfit o.ini --save-outfit o.ini --fit line --results /dev/null")).Status,
@@ -166,24 +152,7 @@ TEST_F(Program, KeepsErrorLinesShort) {
 }
 
 TEST_F(Program, TellsWhatIsWrongInOneLineAndLeavesNoFile) {
-    const std::tuple<int, const char*, const char*> cases[] = {
-        {1, "- --header", "standard input:2: column 2: 'n/a' is not a number; --missing TEXT .*"},
-        {1, "missing.csv", "missing\\.csv: .+"},
-        {1, ".", "\\.: is a directory"},
-        {1, "d.csv -o none/p.svg", "none/p\\.svg: .+"},
-        {1, "d.csv -o none/p.pdf", "none/p\\.pdf: .+"},
-        {1, "d.csv -o p.png -o none/p.png", "none/p\\.png: .+"},
-        {1, "d.csv -o p.png --outfit none.ini", "none\\.ini: .+"},
-        {1, "d.csv -o p.png --save-outfit none/o.ini", "none/o\\.ini: .+"},
-        {1, "d.csv -o p.png --outfit d.csv", "d\\.csv: is no outfit: it has no section \\[Graph1\\]"},
-        {1, "d.csv -o p.png --fit line --results none/r.ini", "none/r\\.ini: .+"},
-        {2, "", "[^\n]+"},
-        {2, "--no-such-option", "[^\n]+"},
-        {1, "d.csv other.csv", "other.csv: No such file or directory"},
-        {2, "d.csv --scale two", "[^\n]+"},
-        {2, "d.csv -o p.gif", "-o: 'p\\.gif' does not end with .*"},
-    };
-    for (const auto& [status, arguments, message] : cases)
+    for (const auto& [status, arguments, message] : Cases<int, TText, TText>("programs", "faults"))
         ExpectError(status, arguments, message, "1,2\n2,n/a\n3,4\n");
     for (const TNames& empty :
          {TNames{""}, {"d.csv", "--outfit", ""}, {"d.csv", "--size", ""}, {"d.csv", "--style", ""}})
@@ -192,7 +161,7 @@ TEST_F(Program, TellsWhatIsWrongInOneLineAndLeavesNoFile) {
     EXPECT_EQ(StatusOf(Start({"--help"}, "/dev/null", "/dev/full", "/dev/null")), 1);
     const TOutcome help = Run({"--help"});
     EXPECT_EQ(help.Status, 0);
-    EXPECT_NE(help.Output.find("--dx-minus"), std::string::npos);
+    EXPECT_TRUE(Holds(help.Output, "--dx-minus"));
 }
 
 TEST_F(Program, DrawsEachStyleAndTheErrorsOnIt) {
@@ -204,7 +173,7 @@ TEST_F(Program, DrawsEachStyleAndTheErrorsOnIt) {
     const std::string two = Svg("--style line"), one = Svg("-y u --style line");
     for (const auto& [colour, inOne] : {std::pair{"#0072b2", true}, {"#d55e00", false}}) {
         EXPECT_EQ(one.find(colour) != std::string::npos, inOne);
-        EXPECT_NE(two.find(colour), std::string::npos);
+        EXPECT_TRUE(Holds(two, colour));
     }
 }
 
@@ -212,15 +181,15 @@ TEST_F(Program, AnOutfitGoesBeforeTheOwnLookAndOptionsBeforeTheOutfit) {
     const std::string dressed = "--set Graph1.MajorGridX.Visible=1 --set XAxis.TickLength=9 "
                                 "--set Series1.LineStyle.Color=#123456 --title T --y-caption given";
     const std::string first = Svg(dressed + " --save-outfit o.ini");
-    EXPECT_NE(first.find("#123456"), std::string::npos);
+    EXPECT_TRUE(Holds(first, "#123456"));
     EXPECT_EQ(first, Svg(dressed)) << "saving changes nothing";
     EXPECT_EQ(Svg("--outfit o.ini"), first);
 
     const std::string outfit = Read("o.ini");
     const std::string changed = Svg("--outfit o.ini --set Series1.LineStyle.Color=#654321 --title U");
-    EXPECT_EQ(changed.find("#123456"), std::string::npos);
-    EXPECT_NE(changed.find("#654321"), std::string::npos);
-    EXPECT_NE(changed.find(">U<"), std::string::npos);
+    EXPECT_FALSE(Holds(changed, "#123456"));
+    EXPECT_TRUE(Holds(changed, "#654321"));
+    EXPECT_TRUE(Holds(changed, ">U<"));
     EXPECT_EQ(Read("o.ini"), outfit) << "an outfit that is loaded is not written";
     EXPECT_EQ(Files(), (TNames{"o.ini", "p.svg"}));
 }
@@ -232,62 +201,20 @@ TEST_F(Program, RefusesAnOutfitThatHoldsNoNumbersWhereTheyBelong) {
                 "o\\.ini: \\[Graph1\\.Series\\(1\\)\\.Child\\(1\\)\\] Coefs: '1;2;x' .*");
 }
 
+/// The file beside this one: a table ("|" for the end of a line), options, and what is told of it.
 TEST_F(Program, ExplainsHowATableIsReadAndDrawsNothing) {
-    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-        {"made by hand\nTag;Temp\n-;\xB0"
-         "C\n1.2.2003;1,5\n27.2.2003;NA\n",
-         "",
-         "what is no UTF-8 is read as Latin-1\n"
-         "the table begins in line 2; a preamble stands above\n"
-         "cells are parted by semicolons\n"
-         "numbers may have a decimal comma\n"
-         "line 2 is the header\n"
-         "line 3 holds units\n"
-         "there are 2 rows of 2 cells\n"
-         "column 1, Tag: dates, the day first\n"
-         "column 2, Temp in °C: numbers; 1 of 2 cells stand for no value\n"
-         "x: column 1, Tag\n"
-         "y: column 2, Temp\n"
-         "style: both, because there are few points\n",
-         ""},
-        {"\"a\",\"b\"\n\"u\",3,\"1,000.5\"\n\"v\",1,\"2,000\"\n\"w\",2,1\n\"x\",0,1\n", "--dy 2",
-         "cells are parted by commas\n"
-         "line 1 is the header; it has no cell for the first column, which names the rows\n"
-         "there are 4 rows of 3 cells\n"
-         "column 1: texts\n"
-         "column 2, a: numbers\n"
-         "column 3, b: numbers, thousands in groups by commas\n"
-         "x: column 2, a\n"
-         "left out: the texts of column 1, which name the rows; -x takes them\n"
-         "y: column 3, b\n"
-         "errors by --dy of series 1: column 2, a\n"
-         "style: points, because x changes its direction 2 times in 3 steps\n",
-         ""},
-        {"# t u\n20200101 1\n20200102 2\n\n20200103 3\n20200104 3\n", "",
-         "cells are parted by blanks\n"
-         "line 1, a comment, is the header\n"
-         "empty lines part 2 blocks\n"
-         "there are 4 rows of 2 cells\n"
-         "column 1, t: numbers\n"
-         "column 2, u: numbers\n"
-         "x: column 1, t, whose numbers are dates\n"
-         "y: column 2, u\n"
-         "style: both, because there are few points\n",
-         ""},
-        {"c,u\na,1\nb,n.d.\n", "",
-         "cells are parted by commas\n"
-         "line 1 is the header\n"
-         "there are 2 rows of 2 cells\n"
-         "column 1, c: texts\n"
-         "column 2, u: numbers\n",
-         "kxplot: t.csv:3: column u: 'n.d.' is not a number; --missing TEXT makes such cells gaps\n"},
-    };
-    for (const auto& [text, options, output, error] : cases) {
-        Write("t.csv", text);
-        const TOutcome outcome = Run(Words(std::string("t.csv --explain ") + options));
+    std::istringstream file(kx::ReadFile(KX_SOURCE "/tests/kxplot/explained.txt"));
+    for (std::string table, options; std::getline(file, table, '\n') && std::getline(file, options);) {
+        SCOPED_TRACE(table);
+        std::string output, error;
+        for (std::string line; std::getline(file, line) && !line.empty();)
+            (line.starts_with("kxplot: ") ? error : output) += line + "\n";
+        std::ranges::replace(table, '|', '\n');
+        Write("t.csv", table);
+        const TOutcome outcome = Run(Words("t.csv --explain " + options));
         EXPECT_EQ(outcome.Output, output);
         EXPECT_EQ(outcome.Errors, error);
-        EXPECT_EQ(outcome.Status, *error ? 1 : 0);
+        EXPECT_EQ(outcome.Status, error.empty() ? 0 : 1);
         EXPECT_EQ(Files(), TNames{"t.csv"});
     }
 }
@@ -296,11 +223,10 @@ TEST_F(Program, WritesResultsToAFileOrToStandardOutputAlone) {
     const std::string one = Results("-y u --fit line"), two = Results("-y u -y e --fit line");
     EXPECT_EQ(one.substr(0, 24), "[Datapoints]\nCaption=u\n\n");
     EXPECT_EQ(two.substr(0, 32), "[Series1.Datapoints]\nCaption=u\n\n");
-    EXPECT_EQ(two.find("\n\n\n"), std::string::npos);
+    EXPECT_FALSE(Holds(two, "\n\n\n"));
     EXPECT_EQ(Value(two, "Series2.LinearRegression", "Caption"), "e: linear fit");
     const TOutcome outcome = Run(Words("d.csv -y u --fit line --results r.ini -o p.png"));
-    EXPECT_EQ(outcome.Status, 0);
-    EXPECT_EQ(outcome.Output + outcome.Errors, "");
+    EXPECT_EQ(std::tuple(outcome.Status, outcome.Output + outcome.Errors), std::tuple(0, ""));
     EXPECT_EQ(Read("r.ini"), one);
 }
 

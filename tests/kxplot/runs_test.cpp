@@ -2,8 +2,6 @@
 
 #include "kxplot/program.h"
 
-#include <algorithm>
-
 namespace {
 
 using namespace kxplot::test;

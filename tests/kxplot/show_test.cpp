@@ -1,18 +1,10 @@
 #include "kxplot/show/show.h"
 
-#include "kxplot/arguments.h"
 #include "kxplot/plan/planner.h"
 #include "kxplot/plugins/plugin.h"
 #include "kxplot/program.h"
-#include "support/errors.h"
 
 #include <kxgraph/qt/Kxqtinstall.h>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <functional>
-#include <string>
 
 namespace kxplot::test {
 namespace {
@@ -52,16 +44,16 @@ TEST_F(ShownProgram, SavesWhatItShowsInItsSizeWithFitsAndWithout) {
             EXPECT_TRUE(P.HasFits);
             EXPECT_EQ(P.Title, "d.csv - kxplot");
             const std::string whole = Saved(P);
-            EXPECT_NE(whole.find("linear fit"), std::string::npos);
+            EXPECT_TRUE(Holds(whole, "linear fit"));
             P.ShowFits(false);
             const std::string bare = Saved(P);
             EXPECT_LT(Parts(bare), Parts(whole));
-            EXPECT_EQ(bare.find("linear fit"), std::string::npos);
+            EXPECT_FALSE(Holds(bare, "linear fit"));
             P.ShowFits(true);
             EXPECT_EQ(Saved(P), whole);
             P.Form.SetBounds(0, 0, 500, 350);
             P.Resized();
-            EXPECT_NE(Saved(P).find("width=\"500\" height=\"350\""), std::string::npos);
+            EXPECT_TRUE(Holds(Saved(P), "width=\"500\" height=\"350\""));
             EXPECT_EQ(P.Record().GetWidth(), 500);
             P.Form.SetBounds(0, 0, 900, 600);
             P.Resized();
@@ -97,8 +89,8 @@ TEST_F(Program, OpensAWindowWhereThereIsADisplayAndWritesWhatIsAskedFor) {
 TEST(Plugin, ThatIsNotThereIsTold) {
     const std::string message =
         kx::test::MessageOf([] { PluginFunction("--show", "kxplot-nothing", "Entry"); });
-    EXPECT_NE(message.find("--show: this part of kxplot is not installed"), std::string::npos) << message;
-    EXPECT_NE(message.find("kxplot-nothing.so"), std::string::npos) << message;
+    EXPECT_TRUE(Holds(message, "--show: this part of kxplot is not installed"));
+    EXPECT_TRUE(Holds(message, "kxplot-nothing.so"));
 }
 
 } // namespace
