@@ -1,16 +1,8 @@
 #include "raster.h"
 
-#include "support/recording.h"
-
-#include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/drawing/visible.h>
 
-#include <gtest/gtest.h>
-
-#include <random>
-
-namespace kx::test {
-namespace {
+namespace kx::test::qtdevice {
 
 TEST(QtRasterLines, LeaveOutTheEndPixelInEveryDirection) {
     const QImage image = Painted({{30, 10}}, [](auto& Device) {
@@ -221,5 +213,4 @@ TEST(QtRasterStamps, ThatOthersHideAreLeftOutAndShowInNoDetail) {
     }
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::qtdevice

@@ -4,53 +4,32 @@
 
 #include "support/graphfixture.h"
 
-#include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/qt/Kxqtinstall.h>
 #include <kxgraph/qt/Kxqtpicture.h>
 #include <kxgraph/svg/Kxsvgdevice.h>
 
 #include <QByteArray>
+#include <QTransform>
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <random>
-#include <sstream>
-
-namespace kx::test {
-namespace {
+namespace kx::test::qtexact {
 
 using TPlaces = std::vector<TRealPoint>;
 using TPaths = std::vector<TPlaces>; // in edges: 0.5 is the middle of pixel 0
 
-/// Numbers and letters of path data one by one.
-class TPathReader {
-public:
-    explicit TPathReader(std::string_view Data) : FAt(Data.data()), FEnd(Data.data() + Data.size()) {}
-    bool AtEnd() const { return FAt == FEnd; }
-    char Letter() { return *FAt++; }
-    double Number() {
-        char* behind;
-        const double value = std::strtod(FAt, &behind);
-        FAt = behind;
-        return value;
-    }
-
-private:
-    const char *FAt, *FEnd;
-};
-
-TPlaces PathOf(std::string_view Data) {
+TPlaces PathOf(const std::string& Data) {
     TPlaces path;
-    TRealPoint at;
-    for (TPathReader reader(Data); !reader.AtEnd();) {
-        switch (reader.Letter()) {
-        case 'M': at.X = reader.Number(), at.Y = reader.Number(); break;
-        case 'l': at.X += reader.Number(), at.Y += reader.Number(); break;
-        case 'h': at.X += reader.Number(); break;
-        case 'v': at.Y += reader.Number(); break;
+    TRealPoint at, way;
+    std::istringstream data(Data);
+    for (char letter = 0; data >> letter;) {
+        way = {};
+        switch (letter) {
+        case 'M': at = {}; [[fallthrough]];
+        case 'l': data >> way.X >> way.Y; break;
+        case 'h': data >> way.X; break;
+        case 'v': data >> way.Y; break;
         default: continue;
         }
+        at = at + way;
         path.push_back(at);
     }
     return path;
@@ -60,8 +39,7 @@ TPaths PathsOfSvg(const std::string& Document) {
     TPaths paths;
     for (auto at = Document.find("<path d=\""); at != std::string::npos;
          at = Document.find("<path d=\"", at + 1))
-        paths.push_back(
-            PathOf(std::string_view(Document).substr(at + 9, Document.find('"', at + 9) - at - 9)));
+        paths.push_back(PathOf(Document.substr(at + 9, Document.find('"', at + 9) - at - 9)));
     return paths;
 }
 
@@ -71,10 +49,8 @@ TPaths PathsOfPdf(const std::string& Pdf, double Height) {
     const QByteArray packed = QByteArray(4, '\x7F') + QByteArray(Pdf.data() + begin, qsizetype(end - begin));
     std::istringstream page(qUncompress(packed).toStdString());
     TPaths paths;
-    struct TMatrix {
-        double A = 1, B = 0, C = 0, D = 1, E = 0, F = 0;
-    } matrix;
-    std::vector<TMatrix> saved;
+    QTransform matrix;
+    std::vector<QTransform> saved;
     std::vector<double> numbers;
     for (std::string word; page >> word;) {
         char* behind;
@@ -86,16 +62,11 @@ TPaths PathsOfPdf(const std::string& Pdf, double Height) {
         const auto n = [&](std::size_t FromEnd) { return numbers.at(numbers.size() - FromEnd); };
         if (word == "q") saved.push_back(matrix);
         if (word == "Q") matrix = saved.back(), saved.pop_back();
-        if (word == "cm") {
-            const TMatrix m{n(6), n(5), n(4), n(3), n(2), n(1)}, o = matrix;
-            matrix = {m.A * o.A + m.B * o.C, m.A * o.B + m.B * o.D,       m.C * o.A + m.D * o.C,
-                      m.C * o.B + m.D * o.D, m.E * o.A + m.F * o.C + o.E, m.E * o.B + m.F * o.D + o.F};
-        }
+        if (word == "cm") matrix = QTransform(n(6), n(5), n(4), n(3), n(2), n(1)) * matrix;
         if (word == "m") paths.emplace_back();
         if (word == "m" || word == "l") {
-            const double x = n(2) * matrix.A + n(1) * matrix.C + matrix.E,
-                         y = n(2) * matrix.B + n(1) * matrix.D + matrix.F;
-            paths.back().push_back({x / 0.75, Height - y / 0.75});
+            const QPointF at = matrix.map(QPointF(n(2), n(1)));
+            paths.back().push_back({at.x() / 0.75, Height - at.y() / 0.75});
         }
         numbers.clear();
     }
@@ -230,5 +201,4 @@ TEST(QtExact, ManyPicturesStandWhereEachWouldStand) {
         }
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::qtexact

@@ -6,14 +6,7 @@
 
 #include <kxgraph/numeric/Kxextremes.h>
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
-#include <random>
-
-namespace kx::test {
-namespace {
+namespace kx::test::qtkeptline {
 
 constexpr double CNaN = std::numeric_limits<double>::quiet_NaN(), CInf = HUGE_VAL;
 
@@ -123,15 +116,12 @@ std::vector<TLook> LivesOf(const TScene& Scene, unsigned Seed, int Steps) {
         }
         TLook look;
         look.Picture = Painted({{420, 320}}, [&](auto& Device) { PaintFrame(*f.Form, Device); });
-        look.Numbers = {series->GetXRange().GetStart(),
-                        series->GetXRange().GetStop(),
-                        series->GetYRange().GetStart(),
-                        series->GetYRange().GetStop(),
-                        double(series->GetXMinIndex()),
-                        double(series->GetXMaxIndex()),
-                        double(series->GetYMinIndex()),
-                        double(series->GetYMaxIndex()),
-                        double(series->FindPoint(any(0, 400), any(0, 300), any(0, 50)))};
+        const auto extents = ExtentsOf(*series);
+        look.Numbers.assign(extents.begin(), extents.end());
+        for (const int number :
+             {series->GetXMinIndex(), series->GetXMaxIndex(), series->GetYMinIndex(), series->GetYMaxIndex(),
+              series->FindPoint(any(0, 400), any(0, 300), any(0, 50))})
+            look.Numbers.push_back(number);
         if (!any(0, 20))
             for (const TPoint p : series->GetPoints().Values())
                 look.Numbers.insert(look.Numbers.end(), {double(p.X), double(p.Y)});
@@ -185,5 +175,4 @@ TEST(QtKeptLine, AFrameTouchesWhatChanged) {
     EXPECT_LE(frame(), 1000u);
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::qtkeptline

@@ -3,16 +3,8 @@
 #include "raster.h"
 
 #include "support/graphfixture.h"
-#include "support/headless.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <random>
-
-namespace kx::test {
-namespace {
+namespace kx::test::qtlive {
 
 /// A window that keeps its picture and paints what it is asked for.
 struct TLiveForm : TGraphForm {
@@ -104,5 +96,4 @@ TEST(Live, OverlaysLeaveNothingBehind) {
     }
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::qtlive

@@ -1,16 +1,10 @@
 #include <kxgraph/qt/Kxqtpicture.h>
 
-#include "support/errors.h"
-#include "support/recording.h"
-
-#include <kxgraph/platform/text/files.h>
+#include "support/testing.h"
 
 #include <QImage>
 
-#include <gtest/gtest.h>
-
-namespace kx::test {
-namespace {
+namespace kx::test::qtpicture {
 
 using qt::TPictureOptions;
 
@@ -27,9 +21,8 @@ QImage Decoded(const std::string& Png) {
 TEST(QtPicture, HasItsSizeGroundAndTitleAsPng) {
     const TPictureOptions options{{100, 60}, 2, false, clAqua, "A title"};
     const QImage image = Decoded(qt::PngBytes(options, Scene));
-    EXPECT_EQ(image.size(), QSize(200, 120));
-    EXPECT_EQ(image.pixelColor(199, 119), QColor(Qt::cyan));
-    EXPECT_EQ(image.pixelColor(19, 1), QColor(Qt::red));
+    EXPECT_EQ(std::tuple(image.size(), image.pixelColor(199, 119), image.pixelColor(19, 1)),
+              std::tuple(QSize(200, 120), QColor(Qt::cyan), QColor(Qt::red)));
     EXPECT_EQ(image.text("Title"), "A title");
     EXPECT_NEAR(image.dotsPerMeterX(), 2 * 96 / 0.0254, 1);
 }
@@ -42,9 +35,8 @@ TEST(QtPicture, WithoutAGroundShowsWhatLiesBehindIt) {
                 for (int i = 0; many && i < 300; ++i)
                     Device.FillRect(TRect::Bounds(i % 60, 20 + i / 60, 1, 1), {TColor(i * 5003)});
             }));
-        EXPECT_EQ(image.size(), QSize(251, 151));
-        EXPECT_EQ(image.pixelColor(3, 3), QColor(Qt::red));
-        EXPECT_EQ(image.pixelColor(200, 100).alpha(), 0);
+        EXPECT_EQ(std::tuple(image.size(), image.pixelColor(3, 3), image.pixelColor(200, 100).alpha()),
+                  std::tuple(QSize(251, 151), QColor(Qt::red), 0));
     }
 }
 
@@ -68,9 +60,9 @@ TEST(QtPicture, IsOnePageOfItsSizeWithTextAndNoTimeAsPdf) {
         EXPECT_FALSE(Device.CanXor());
         Scene(Device);
     });
-    EXPECT_NE(pdf.find("/MediaBox [0 0 300"), std::string::npos);
-    EXPECT_NE(pdf.find("/FontFile2"), std::string::npos);
-    EXPECT_EQ(pdf.find("CreationDate"), std::string::npos);
+    EXPECT_TRUE(Holds(pdf, "/MediaBox [0 0 300"));
+    EXPECT_TRUE(Holds(pdf, "/FontFile2"));
+    EXPECT_FALSE(Holds(pdf, "CreationDate"));
 }
 
 TEST(QtPicture, NamesTheFileInAFailureAndLeavesItAsItWas) {
@@ -94,5 +86,4 @@ TEST(QtPicture, NamesTheFileInAFailureAndLeavesItAsItWas) {
     EXPECT_EQ(ReadFile(file), before);
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::qtpicture

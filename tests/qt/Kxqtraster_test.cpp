@@ -1,16 +1,10 @@
 #include "raster.h"
 
-#include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/qt/Kxqtraster.h>
 
 #include <QPixmap>
 
-#include <gtest/gtest.h>
-
-#include <random>
-
-namespace kx::test {
-namespace {
+namespace kx::test::qtraster {
 
 class TScene {
 public:
@@ -134,5 +128,4 @@ TEST(QtRasterAccess, IsForAPainterThatStandsDirectlyOnAnImageOf32Bits) {
     EXPECT_FALSE(qt::TRasterAccess(painter).Pixels(whole, pmCopy)) << "another kind of device";
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::qtraster

@@ -2,12 +2,7 @@
 
 #include <kxgraph/platform/drawing/reduction.h>
 
-#include <gtest/gtest.h>
-
-#include <random>
-
-namespace kx::test {
-namespace {
+namespace kx::test::qtreduction {
 
 constexpr TSize CSize{1200, 800};
 
@@ -88,5 +83,4 @@ TEST(QtReduction, ChangesNoPixelOfALargeArea) {
     }
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::qtreduction

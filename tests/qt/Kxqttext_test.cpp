@@ -1,19 +1,12 @@
 #include "raster.h"
 
-#include "support/errors.h"
-
-#include <kxgraph/platform/host/application.h>
 #include <kxgraph/platform/host/headlesshost.h>
 #include <kxgraph/qt/Kxqtinstall.h>
 #include <kxgraph/qt/Kxqtpicture.h>
 
-#include <gtest/gtest.h>
-
 #include <clocale>
-#include <memory>
 
-namespace kx::test {
-namespace {
+namespace kx::test::qttext {
 
 QImage Written(const std::string& Text, const TFontFace& Face = {"Arial"}, TPoint Pos = {60, 60},
                double Scale = 1) {
@@ -94,5 +87,4 @@ TEST(QtText, ShowsFamiliesStylesAndWhatReachesIntoThePicture) {
 
 TEST(QtInstall, LeavesTheDecimalPointOfNumbers) { EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C"); }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::qttext

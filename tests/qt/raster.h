@@ -1,14 +1,12 @@
 #pragma once
 // A small image with a device on it, for tests that look at pixels.
 
+#include "support/testing.h"
+
 #include <kxgraph/qt/Kxqtdevice.h>
 
 #include <QImage>
 #include <QPainter>
-
-#include <functional>
-#include <string>
-#include <vector>
 
 namespace kx::test {
 
