@@ -2,30 +2,23 @@
 
 #include "qtsql/peer.h"
 #include "qtsql/server.h"
-#include "support/cases.h"
-#include "support/errors.h"
 
 #include <kxgraph/numeric/Kxdbvector.h>
 #include <kxgraph/qtsql/Kxqtsqlscan.h>
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <fstream>
-#include <functional>
-#include <memory>
-#include <optional>
 #include <regex>
-#include <string>
-#include <vector>
 
 namespace kx::qt {
 namespace {
 
-using test::MessageOf;
-using test::TReals;
+using test::Cases, test::MessageOf, test::TReals, test::TText;
 
 struct TQuery : TQtSqlDataSet {
+    /// Leaves the record in editing.
+    void Put(const char* Field, double Value) {
+        if (GetState() == dsBrowse) Edit();
+        FieldByName(Field).SetAsFloat(Value);
+    }
     explicit TQuery(const std::string& Url, const std::string& Statement = "") : TQtSqlDataSet(nullptr) {
         SetDatabase(Url);
         SetQuery(Statement);
@@ -39,6 +32,10 @@ protected:
         TPeer(Sqlite).Run("");
         std::ofstream(FDirectory / "file.db") << std::string(1000, 'x');
         if (!test::TServer::Programs().empty()) Server.emplace();
+    }
+    /// Whether a case of "sqlite", "server" or "both" is meant for a database.
+    bool IsOf(const std::string& Of, const std::string& Url) const {
+        return Of == "both" || (Of == "sqlite") == (Url == Sqlite);
     }
     void WithBoth(const std::function<void(const std::string&)>& Test) {
         for (const auto& url : {Sqlite, Server ? Server->Url() : ""}) {
@@ -54,54 +51,27 @@ protected:
 };
 
 TEST_F(SqlDataSet, KeepsTheTypesOfADatabase) {
-    struct TCase {
-        const char* Expression;
-        TFieldType Type;
-        std::string Text;
-        double Number;
-        bool OfSqlite = true, OfServer = true;
-    };
-    const TCase cases[] = {
-        {"9007199254740993", ftInteger, "9007199254740993", 9007199254740992},
-        {"cast(0.1 as double precision)", ftNumber, "0.1", 0.1},
-        {"null", ftText, "", 0},
-        {"'it''s'", ftText, "it's", NAN},
-        {"''", ftText, "", 0},
-        {"'7.5'", ftText, "7.5", 7.5},
-        {"'2003-09-19'", ftDate, "2003-09-19", 1063929600, true, false},
-        {"'2003-09-19T13:05:07.25'", ftDateTime, "2003-09-19 13:05:07.25", 1063976707.25, true, false},
-        {"x'00ff'", ftText, "00ff", NAN, true, false},
-        {"'2003-09-19'", ftText, "2003-09-19", NAN, false, true},
-        {"123456789.123456789::numeric", ftNumber, "123456789.12345679", 123456789.123456789, false, true},
-        {"'NaN'::float8", ftNumber, "nan", NAN, false, true},
-        {"true", ftInteger, "1", 1, false, true},
-        {"null::int", ftInteger, "", 0, false, true},
-        {"date '2003-09-19'", ftDate, "2003-09-19", 1063929600, false, true},
-        {"timestamp '2024-03-31 02:30:00.25'", ftDateTime, "2024-03-31 02:30:00.25", 1711852200.25, false,
-         true},
-        {"timestamptz '2003-09-19 13:05:07+04:30'", ftDateTime, "2003-09-19 08:35:07", 1063960507, false,
-         true},
-        {"time '13:05'", ftDateTime, "1970-01-01 13:05:00", 47100, false, true},
-    };
+    const std::string types[] = {"text", "integer", "number", "date", "moment"};
     WithBoth([&](const std::string& Url) {
-        for (const TCase& c : cases) {
-            if (Url == Sqlite ? !c.OfSqlite : !c.OfServer) continue;
-            SCOPED_TRACE(c.Expression);
-            TQuery set(Url, std::string("select ") + c.Expression + " as f");
+        for (const auto& [of, expression, type, text, number] :
+             Cases<TText, TText, TText, TText, double>("sql", "types")) {
+            if (!IsOf(of, Url)) continue;
+            SCOPED_TRACE(expression);
+            TQuery set(Url, "select " + expression + " as f");
             set.Open();
             TField& field = set.FieldByName("f");
-            EXPECT_EQ(field.GetDataType(), c.Type);
-            EXPECT_EQ(field.GetAsString(), c.Text);
-            if (!std::isnan(c.Number)) {
-                EXPECT_EQ(field.GetAsFloat(), c.Number);
+            EXPECT_EQ(types[field.GetDataType()], type);
+            EXPECT_EQ(field.GetAsString(), text);
+            if (!std::isnan(number)) {
+                EXPECT_EQ(field.GetAsFloat(), number);
             }
         }
     });
     TQuery mixed(Sqlite, "select 1 as n, 2 as m, null as d union all select 2.5, 'x', '2003-09-19' "
                          "union all select null, 3.5, '2003-09-20 01:00'");
     mixed.Open();
-    const TFieldType types[] = {ftNumber, ftText, ftDateTime};
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(mixed.GetField(i).GetDataType(), types[i]);
+    const TFieldType mixedTypes[] = {ftNumber, ftText, ftDateTime};
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(mixed.GetField(i).GetDataType(), mixedTypes[i]);
     EXPECT_EQ(mixed.GetField(1).GetAsString(), "2");
     EXPECT_TRUE(mixed.GetField(2).GetIsNull());
     mixed.Next();
@@ -116,38 +86,35 @@ constexpr const char* CTable =
 
 TEST_F(SqlDataSet, ChangesTheTableAndTheGraphsVectors) {
     struct TStep {
-        std::function<void(TDataSet&)> Do;
         const char *Statement, *Found;
         TReals Vector;
+        std::function<void(TQuery&)> Do;
     };
     const TStep steps[] = {
-        {[](auto& s) { s.Edit(), s.FieldByName("x").SetAsFloat(1 / 3.), s.Post(); },
-         "select note from r where id = 1",
+        {"select note from r where id = 1",
          "a ",
-         {1 / 3., 2, 3}},
-        {[](auto& s) {
-             s.Last(), s.Edit(), s.FieldByName("x").SetAsFloat(8),
-                 s.FieldByName("day").SetAsString("2005-01-01"), s.Post();
-         },
-         "select x, day from r where id = 9007199254740993",
+         {1 / 3., 2, 3},
+         [](auto& s) { s.Put("x", 1 / 3.), s.Post(); }},
+        {"select x, day from r where id = 9007199254740993",
          "8 2005-01-01 ",
-         {1 / 3., 2, 8}},
-        {[](auto& s) {
-             s.First(), s.Edit(), s.FieldByName("day").Clear(), s.FieldByName("note").SetAsString("it's"),
-                 s.Post();
-         },
-         "select day, note from r where id = 1",
+         {1 / 3., 2, 8},
+         [](auto& s) { s.Last(), s.Put("x", 8), s.FieldByName("day").SetAsString("2005-01-01"), s.Post(); }},
+        {"select day, note from r where id = 1",
          "- it's ",
-         {1 / 3., 2, 8}},
-        {[](auto& s) { s.Append(), s.FieldByName("id").SetAsFloat(7), s.Post(); },
-         "select x, note from r where id = 7",
+         {1 / 3., 2, 8},
+         [](auto& s) {
+             s.First(), s.Edit(), s.FieldByName("day").Clear(), s.FieldByName("note").SetAsString("it's");
+             s.Post();
+         }},
+        {"select x, note from r where id = 7",
          "5 - ",
-         {1 / 3., 2, 8, 5}},
-        {[](auto& s) { s.First(), s.Next(), s.Delete(); }, "select count(*) from r", "3 ", {1 / 3., 8, 5}},
-        {[](auto& s) { s.First(), s.Edit(), s.FieldByName("id").SetAsFloat(4), s.Post(); },
-         "select count(*) from r where id = 4",
+         {1 / 3., 2, 8, 5},
+         [](auto& s) { s.Append(), s.Put("id", 7), s.Post(); }},
+        {"select count(*) from r", "3 ", {1 / 3., 8, 5}, [](auto& s) { s.First(), s.Next(), s.Delete(); }},
+        {"select count(*) from r where id = 4",
          "1 ",
-         {1 / 3., 8, 5}},
+         {1 / 3., 8, 5},
+         [](auto& s) { s.First(), s.Put("id", 4), s.Post(); }},
     };
     WithBoth([&](const std::string& Url) {
         TPeer peer(Url);
@@ -182,36 +149,15 @@ TEST_F(SqlDataSet, ChangesTheTableAndTheGraphsVectors) {
 }
 
 TEST_F(SqlDataSet, SaysInOneLineWhatIsWrong) {
-    struct TCase {
-        const char *Query, *Message;
-        bool OfSqlite = true, OfServer = true;
-    };
-    const TCase cases[] = {
-        {"select nowhere from r", "no such column: nowhere", true, false},
-        {"select id\n  , nothing from r", "column \"nothing\" does not exist (line 2, column 5 of the query)",
-         false},
-        {"selec 1", "near \"selec\": syntax error", true, false},
-        {"selec 1", "syntax error at or near \"selec\" (line 1, column 1 of the query)", false},
-        {"select 1/(id-2) from r", "division by zero", false},
-        {" ; ", "there is no query"},
-        {"delete from r where id = 77", "the query gives no records"},
-    };
-    const std::pair<const char*, const char*> readOnly[] = {
-        {"select a.id from r a, r b", "it is on more than one table"},
-        {"select max(id) as id from r group by note", "its records are made of several ones of the table"},
-        {"select x from r", "it does not give a primary key of the table r"},
-        {"select id+0 as id from r", "it does not give a primary key of the table r"},
-        {"select 1", "it is on no table"},
-    };
     WithBoth([&](const std::string& Url) {
         TPeer(Url).Run(CTable);
         const std::string name = Url == Sqlite ? Sqlite : Server->Name();
-        for (const TCase& c : cases)
-            if (Url == Sqlite ? c.OfSqlite : c.OfServer) {
-                EXPECT_EQ(MessageOf<EDataSetError>([&] { TQuery(Url, c.Query).Open(); }),
-                          name + ": " + c.Message);
+        for (const auto& [of, query, message] : Cases<TText, TText, TText>("sql", "queries"))
+            if (IsOf(of, Url)) {
+                const auto open = [&, &query = query] { TQuery(Url, query).Open(); };
+                EXPECT_EQ(MessageOf<EDataSetError>(open), name + ": " + message);
             }
-        for (const auto& [query, message] : readOnly) {
+        for (const auto& [query, message] : Cases<TText, TText>("sql", "read only")) {
             TQuery set(Url, query);
             set.Open();
             for (const auto& act : {&TDataSet::Edit, &TDataSet::Append, &TDataSet::Delete})
@@ -251,7 +197,7 @@ TEST_F(SqlDataSet, KeepsWhatWasLoadedWhenItCannotBeReadAgain) {
         set.FieldByName("x").SetAsFloat(4);
         const std::string message = MessageOf<EDataSetError>([&] { set.Post(); });
         EXPECT_NE(message, "");
-        EXPECT_EQ(message.find('\n'), message.npos);
+        EXPECT_FALSE(test::Holds(message, "\n"));
         set.Cancel();
         EXPECT_EQ(TReals(vector.begin(), vector.end()), (TReals{0.1, 2, 3}));
         if (Url == Sqlite)
@@ -269,30 +215,10 @@ TEST_F(SqlDataSet, KeepsWhatWasLoadedWhenItCannotBeReadAgain) {
 }
 
 TEST(SqlScan, FindsTheOneTableOfAQuery) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"select * from t", "t"},
-        {"SELECT a, (select max(b) from u) FROM \"my t\" AS q WHERE a in (select c from v) ORDER BY 1",
-         "\"my t\""},
-        {"select 'from x, y' as s -- from z\n from /* join */ public.t p limit 5;", "public.t"},
-        {"select extract(year from d) from [a b] where x = 'join'", "[a b]"},
-        {"select * from t, u", ""},
-        {"select * from t a, u b", ""},
-        {"select * from t join u on t.a = u.a", ""},
-        {"select * from t natural join u", ""},
-        {"select * from t union all select * from t", ""},
-        {"select distinct a from t", ""},
-        {"select count(*) from t group by a", ""},
-        {"select * from (select * from t)", ""},
-        {"select * from generate_series(1, 2)", ""},
-        {"with t as (select 1) select * from t", ""},
-        {"select 1", ""},
-        {"values (1)", ""},
-        {"select 'from t", ""},
-    };
-    for (const auto& [query, table] : cases) {
+    for (const auto& [query, table] : Cases<TText, TText>("sql", "one table")) {
         const TOneTable found = OneTableOf(query);
         EXPECT_EQ(found.Table, table) << query;
-        EXPECT_EQ(found.Reason.empty(), *table != 0) << query;
+        EXPECT_EQ(found.Reason.empty(), !table.empty()) << query;
     }
 }
 

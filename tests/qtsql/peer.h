@@ -1,7 +1,7 @@
 #pragma once
 // Another client of a database than the one that is tested.
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
 #include <QSqlDatabase>
 #include <QSqlError>
@@ -9,8 +9,6 @@
 #include <QSqlRecord>
 #include <QUrl>
 #include <QVariant>
-
-#include <string>
 
 namespace kx::qt {
 

@@ -2,9 +2,7 @@
 // A PostgreSQL server of a test's own: in a temporary directory, on a free port of the loopback, without
 // sync.
 
-#include "support/recording.h"
-
-#include <kxgraph/platform/base/exceptions.h>
+#include "support/testing.h"
 
 #include <netinet/in.h>
 #include <pwd.h>
@@ -13,14 +11,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <chrono>
 #include <csignal>
-#include <filesystem>
-#include <fstream>
-#include <string>
 #include <thread>
-#include <vector>
 
 namespace kx::test {
 
