@@ -10,15 +10,8 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <gtest/gtest.h>
 
-#include <cmath>
-#include <memory>
-
-namespace kx {
-namespace {
-
-using test::TProbe, test::TProbeForm, test::Wait, test::WaitFor;
+namespace kx::test::formview {
 
 /// A Qt program: a view between two fields.
 struct TProgram {
@@ -72,7 +65,7 @@ TEST(FormView, AndItsFormGoInAnyOrder) {
     }
     EXPECT_FALSE(kept.Form.IsShown());
     kept.Show();
-    EXPECT_EQ(test::OpenWindows().size(), 1u);
+    EXPECT_EQ(OpenWindows().size(), 1u);
 }
 
 TEST(FormView, LeavesTheStateOfItsFormToAWindowOfItsOwn) {
@@ -124,7 +117,7 @@ TEST(FormView, TakesPartInTheOrderOfTab) {
     EXPECT_FALSE(f.Form.IsActive());
 }
 
-struct TShownGraph : test::TGraphForm {
+struct TShownGraph : TGraphForm {
     TShownGraph() {
         Graph->SetAlign(alClient);
         Graph->SetAutoZoom(true);
@@ -235,12 +228,8 @@ TEST(FormView, TellsInputMethodsWhereTextGoesAndHearsWhatTheyCompose) {
     event.setCommitString("x", -3, 3);
     QApplication::sendEvent(&view, &event);
     const TComposition& heard = field.Heard;
-    EXPECT_EQ(heard.Text, "\U0001D11E\u304B");
-    EXPECT_EQ(heard.Caret, 1);
-    EXPECT_EQ(heard.Commit, "x");
-    EXPECT_EQ(heard.ReplaceFrom, -2);
-    EXPECT_EQ(heard.ReplaceLength, 2);
+    EXPECT_EQ(std::tuple(heard.Text, heard.Caret, heard.Commit), std::tuple("\U0001D11E\u304B", 1, "x"));
+    EXPECT_EQ(std::tuple(heard.ReplaceFrom, heard.ReplaceLength), std::tuple(-2, 2));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::formview

@@ -2,22 +2,14 @@
 
 #include "qtwidgets/windows.h"
 #include "support/graphfixture.h"
-#include "support/recording.h"
-
-#include <kxgraph/platform/text/files.h>
 
 #include <QImage>
 #include <QPointer>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
-#include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
-
-namespace kx {
-namespace {
+namespace kx::test::qtprinting {
 
 TEST(Printing, PutsAPictureIntoTheMiddleOfThePageInItsSizeOrSmaller) {
     const struct {
@@ -44,8 +36,8 @@ TEST(Printing, PutsAPictureIntoTheMiddleOfThePageInItsSizeOrSmaller) {
 }
 
 TEST(Printing, WritesAPdfOfAGraphAndOfAForm) {
-    const test::TTemporaryDirectory directory;
-    test::TGraphForm g;
+    const TTemporaryDirectory directory;
+    TGraphForm g;
     g.Fill({{1, 2}, {3, 4}});
     const std::string file = directory / "page.pdf";
     for (const bool form : {false, true}) {
@@ -58,8 +50,8 @@ TEST(Printing, WritesAPdfOfAGraphAndOfAForm) {
             qt::PrintGraph(*g.Graph, printer);
         const std::string pdf = ReadFile(file);
         EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
-        EXPECT_NE(pdf.find("/Count 1"), std::string::npos) << "one page";
-        EXPECT_NE(pdf.find("/Font"), std::string::npos) << "text is text";
+        EXPECT_TRUE(Holds(pdf, "/Count 1")) << "one page";
+        EXPECT_TRUE(Holds(pdf, "/Font")) << "text is text";
         std::filesystem::remove(file);
     }
 }
@@ -69,20 +61,19 @@ TEST(Printing, PreviewKeepsItsPictureWhenTheGraphHasGone) {
     window.show();
     QPrintPreviewDialog* dialog = nullptr;
     {
-        test::TGraphForm g;
+        TGraphForm g;
         g.Fill({{1, 2}, {3, 4}});
         g.Graph->PaintToMetafile();
         dialog = qt::PreviewPrint(&window, g.Graph->GetMetafile(), "a title");
     }
     auto* preview = dialog->findChild<QPrintPreviewWidget*>();
     ASSERT_NE(preview, nullptr);
-    EXPECT_TRUE(test::Wait([&] { return preview->pageCount() == 1; }));
+    EXPECT_TRUE(Wait([&] { return preview->pageCount() == 1; }));
     EXPECT_EQ(preview->orientation(), QPageLayout::Landscape);
     preview->updatePreview();
     QPointer<QPrintPreviewDialog> gone(dialog);
     dialog->close();
-    EXPECT_TRUE(test::Wait([&] { return gone.isNull(); }));
+    EXPECT_TRUE(Wait([&] { return gone.isNull(); }));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::qtprinting

@@ -1,5 +1,4 @@
 #include "qtwidgets/windows.h"
-#include "support/errors.h"
 
 #include <kxgraph/platform/controls/popupmenu.h>
 #include <kxgraph/platform/host/post.h>
@@ -13,15 +12,10 @@
 #include <QMouseEvent>
 #include <QToolTip>
 #include <QWheelEvent>
-#include <gtest/gtest.h>
 
-#include <memory>
 #include <thread>
 
-namespace kx {
-namespace {
-
-using test::TProbe, test::TProbeForm, test::Wait, test::WaitFor;
+namespace kx::test::windowwidget {
 
 void Mouse(QWidget& Widget, QEvent::Type Type, QPointF Pos, Qt::MouseButton Button, Qt::MouseButtons Buttons,
            Qt::KeyboardModifiers Modifiers = {}) {
@@ -45,31 +39,32 @@ bool Key(QWidget& Widget, int Code, Qt::KeyboardModifiers Modifiers = {}, const 
 
 /// Writes down what a control hears.
 void Listen(TWinControl& Control, std::string& Log) {
-    const auto mouse = [&Log](const char* What) {
-        return [&Log, What](TControl*, TMouseButton Button, TShiftState Shift, int X, int Y) {
-            Log += What + std::to_string(Button) + "/" + std::to_string(Shift) + "@" + std::to_string(X) +
-                   "," + std::to_string(Y) + " ";
+    const auto note = [&Log](const auto&... Parts) {
+        std::ostringstream all;
+        (all << ... << Parts) << " ";
+        Log += all.str();
+    };
+    const auto mouse = [note](const char* What) {
+        return [=](TControl*, TMouseButton Button, TShiftState Shift, int X, int Y) {
+            note(What, int(Button), "/", Shift, "@", X, ",", Y);
         };
     };
-    const auto key = [&Log](const char* What) {
-        return [&Log, What](TControl*, const TKeyStroke& Stroke, bool& Taken) {
-            Log += What + std::to_string(Stroke.Key) + "/" + std::to_string(Stroke.Shift) + "'" +
-                   std::string(Stroke.Text) + "' ";
+    const auto key = [note](const char* What) {
+        return [=](TControl*, const TKeyStroke& Stroke, bool& Taken) {
+            note(What, Stroke.Key, "/", Stroke.Shift, "'", Stroke.Text, "'");
             Taken = Stroke.Key != kcF1;
         };
     };
     Control.OnMouseDown = mouse("down");
     Control.OnMouseUp = mouse("up");
-    Control.OnMouseMove = [&Log](TControl*, TShiftState Shift, int X, int Y) {
-        Log += "move" + std::to_string(Shift) + "@" + std::to_string(X) + "," + std::to_string(Y) + " ";
+    Control.OnMouseMove = [=](TControl*, TShiftState Shift, int X, int Y) {
+        note("move", Shift, "@", X, ",", Y);
     };
-    Control.OnDblClick = [&Log](TControl*) { Log += "double "; };
-    Control.OnMouseEnter = [&Log](TControl*) { Log += "in "; };
-    Control.OnMouseLeave = [&Log](TControl*) { Log += "out "; };
-    Control.OnMouseWheel = [&Log](TControl*, const TWheelTurn& Turn, TShiftState Shift, int, int,
-                                  bool& Taken) {
-        Log += "wheel" + std::to_string(int(100 * Turn.Right)) + "," + std::to_string(int(100 * Turn.Up)) +
-               (Turn.Continues ? "+" : "") + "/" + std::to_string(Shift) + " ";
+    Control.OnDblClick = [=](TControl*) { note("double"); };
+    Control.OnMouseEnter = [=](TControl*) { note("in"); };
+    Control.OnMouseLeave = [=](TControl*) { note("out"); };
+    Control.OnMouseWheel = [=](TControl*, const TWheelTurn& Turn, TShiftState Shift, int, int, bool& Taken) {
+        note("wheel", int(100 * Turn.Right), ",", int(100 * Turn.Up), Turn.Continues ? "+" : "", "/", Shift);
         Taken = Turn.Right == 0;
     };
     Control.OnKeyDown = key("key");
@@ -157,8 +152,7 @@ TEST(Window, AStormOfSizesIsFewPaintsAndTheFormHasTheLast) {
     auto& window = f.Show();
     for (int i = 0; i < 300; ++i) window.resize(200 + i, 500 - i);
     WaitFor(60);
-    EXPECT_EQ(f.Form.GetWidth(), 499);
-    EXPECT_EQ(f.Form.GetHeight(), 201);
+    EXPECT_EQ(std::tuple(f.Form.GetWidth(), f.Form.GetHeight()), std::tuple(499, 201));
     EXPECT_LE(f.Probe.Paints, 3);
     f.Form.SetBounds(5, 6, 250, 150);
     EXPECT_EQ(window.size(), QSize(250, 150));
@@ -168,8 +162,7 @@ TEST(Window, AStormOfSizesIsFewPaintsAndTheFormHasTheLast) {
     EXPECT_GT(f.Form.GetWidth(), 400);
     window.showNormal(); // as the user does
     WaitFor(30);
-    EXPECT_EQ(f.Form.GetWindowState(), wsNormal);
-    EXPECT_EQ(f.Form.GetWidth(), 250);
+    EXPECT_EQ(std::tuple(f.Form.GetWindowState(), f.Form.GetWidth()), std::tuple(wsNormal, 250));
     window.showMinimized();
     WaitFor(30);
     EXPECT_EQ(f.Form.GetWindowState(), wsMinimized);
@@ -214,7 +207,7 @@ TEST(Window, ShowsHintsCursorsAndMenus) {
 }
 
 TEST(Window, MayGoFromItsOwnHandlers) {
-    const test::TFaults faults;
+    const TFaults faults;
     const std::pair<const char*, std::function<void(QWidget&)>> ways[] = {
         {"close", [](QWidget& W) { W.close(); }},
         {"press",
@@ -236,7 +229,7 @@ TEST(Window, MayGoFromItsOwnHandlers) {
         act(window);
         WaitFor(30);
         EXPECT_EQ(f, nullptr) << name;
-        EXPECT_TRUE(test::OpenWindows().empty()) << name;
+        EXPECT_TRUE(OpenWindows().empty()) << name;
     }
     EXPECT_EQ(faults.Text, "");
 }
@@ -268,7 +261,7 @@ TEST(Window, ClosesWhileDataArriveFromTimersAndThreads) {
         window.close();
         const int before = arrived;
         EXPECT_TRUE(Wait([&] { return arrived > before + 20; })) << "the rest of the program goes on";
-        EXPECT_TRUE(test::OpenWindows().empty());
+        EXPECT_TRUE(OpenWindows().empty());
         instrument.request_stop();
         instrument.join();
         WaitFor(5);
@@ -288,12 +281,9 @@ TEST(WidgetsHost, RunsTimersUntilItQuits) {
     EXPECT_EQ(ticks, 3);
     THost& host = TApplication::Instance().GetHost();
     host.CopyMarkup("x2", "text/x-marked", "x\\+2");
-    EXPECT_EQ(host.PasteText(), "x2");
-    EXPECT_EQ(host.PasteMarkup("text/x-marked"), "x\\+2");
+    EXPECT_EQ(std::tuple(host.PasteText(), host.PasteMarkup("text/x-marked")), std::tuple("x2", "x\\+2"));
     host.CopyText("12 \u00b5s");
-    EXPECT_EQ(host.PasteText(), "12 \u00b5s");
-    EXPECT_EQ(host.PasteMarkup("text/x-marked"), "");
+    EXPECT_EQ(std::tuple(host.PasteText(), host.PasteMarkup("text/x-marked")), std::tuple("12 \u00b5s", ""));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::windowwidget

@@ -1,18 +1,14 @@
 #pragma once
 // A form that writes down what it hears, and the user in front of its window.
 
+#include "support/testing.h"
+
 #include <kxgraph/platform/controls/form.h>
-#include <kxgraph/platform/host/application.h>
 #include <kxgraph/qtwidgets/Kxclientwidget.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QThread>
-
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace kx::test {
 
