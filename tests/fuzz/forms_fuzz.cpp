@@ -11,6 +11,7 @@
 #include <kxgraph/platform/text/text.h>
 
 #include <memory>
+#include <sstream>
 
 namespace kx {
 namespace {
@@ -42,43 +43,30 @@ std::string Original() {
     return FormToText(form);
 }
 
+/// What is put into a text; the 20th to the 22nd are lines.
+const std::vector<std::string>& Pieces() {
+    static const std::vector<std::string> pieces = [] {
+        std::vector<std::string> parts;
+        std::istringstream all(
+            "\n|object |end\n| = |True|nil|TKxAxis1|TKx2DGraph1|XAxis|YAxis|XData|YData|TKxLiveVector1|(1 2 "
+            "nan inf -1e308 0)|[fsBold]|\"\\xFF\\n\"|1e-5|-0|AxLogEE|AxFixed|PrimaryXAxis = "
+            "TKxAxis1\n|ParentSeries = TKxDataSeries1\n|Values = (1 2 3)\n|.|:|$FF|//");
+        for (std::string part; std::getline(all, part, '|');) parts.push_back(part);
+        return parts;
+    }();
+    return pieces;
+}
+
 std::string Changed(fuzz::TData& Data) {
     static const std::string original = Original();
     std::string text = original;
-    static constexpr const char* pieces[] = {"\n",
-                                             "object ",
-                                             "end\n",
-                                             " = ",
-                                             "True",
-                                             "nil",
-                                             "TKxAxis1",
-                                             "TKx2DGraph1",
-                                             "XAxis",
-                                             "YAxis",
-                                             "XData",
-                                             "YData",
-                                             "TKxLiveVector1",
-                                             "(1 2 nan inf -1e308 0)",
-                                             "[fsBold]",
-                                             "\"\\xFF\\n\"",
-                                             "1e-5",
-                                             "-0",
-                                             "AxLogEE",
-                                             "AxFixed",
-                                             "PrimaryXAxis = TKxAxis1\n",
-                                             "ParentSeries = TKxDataSeries1\n",
-                                             "Values = (1 2 3)\n",
-                                             ".",
-                                             ":",
-                                             "$FF",
-                                             "//"};
     for (int changes = Data.Between(0, 12); changes > 0; --changes) {
         const std::size_t at = std::size_t(Data.Between(0, 65535)) % text.size();
         const std::size_t line = std::min(text.find('\n', at) + 1, text.size());
         switch (Data.Between(0, 4)) {
         case 0: text.erase(at, std::size_t(Data.Between(1, 200))); break;
-        case 1: text.insert(at, pieces[Data.Between(0, int(std::size(pieces)) - 1)]); break;
-        case 2: text.insert(line, pieces[Data.Between(20, 22)]); break;
+        case 1: text.insert(at, Pieces()[std::size_t(Data.Between(0, int(Pieces().size()) - 1))]); break;
+        case 2: text.insert(line, Pieces()[std::size_t(Data.Between(20, 22))]); break;
         case 3: text.insert(at, Data.Text(12)); break;
         case 4: text.insert(line, text.substr(at, std::size_t(Data.Between(1, 300)))); break;
         }
@@ -98,7 +86,7 @@ std::unique_ptr<TComponent> Read(const std::string& Text) {
 
 KX_FUZZ(forms) {
     RegisterClasses();
-    fuzz::TQuiet quiet;
+    test::TFaults quiet;
     const std::string text = Data.Flag() ? Changed(Data) : Data.Rest();
     if (!IsCheap(text)) return;
     const auto form = Read(text);

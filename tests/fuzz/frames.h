@@ -2,24 +2,13 @@
 // What a frame must do, for targets that draw.
 
 #include "fuzz/fuzz.h"
+#include "support/errors.h"
 
 #include <kxgraph/platform/controls/form.h>
 #include <kxgraph/platform/controls/frame.h>
 #include <kxgraph/platform/drawing/recording.h>
-#include <kxgraph/platform/host/application.h>
 
 namespace kx::fuzz {
-
-/// Takes what goes to the application while it lives.
-struct TQuiet {
-    TQuiet() {
-        TApplication::Instance().OnException = [this](const std::exception& Error) { Last = Error.what(); };
-    }
-    ~TQuiet() { TApplication::Instance().OnException = nullptr; }
-    TQuiet(const TQuiet&) = delete;
-    TQuiet& operator=(const TQuiet&) = delete;
-    std::string Last;
-};
 
 inline std::string Drawn(TForm& Form) {
     TRecorder recorder(Form.GetBoundsRect().Size());
@@ -36,12 +25,12 @@ inline std::string Asking(const TControl& Control) {
 }
 
 /// A frame settles, unless something was raised, and a second one without a change in between is the same.
-inline void DemandFrame(TForm& Form, TQuiet& Quiet) {
-    Quiet.Last.clear();
+inline void DemandFrame(TForm& Form, test::TFaults& Quiet) {
+    Quiet.Text.clear();
     const bool settled = SettleTree(Form);
-    KX_DEMAND(settled || !Quiet.Last.empty(), "for" + Asking(Form));
+    KX_DEMAND(settled || !Quiet.Text.empty(), "for" + Asking(Form));
     const std::string once = Drawn(Form);
-    if (Quiet.Last.empty()) KX_DEMAND(Drawn(Form) == once, +once);
+    if (Quiet.Text.empty()) KX_DEMAND(Drawn(Form) == once, +once);
 }
 
 } // namespace kx::fuzz

@@ -106,18 +106,13 @@ private:
     }
 
     void Act() {
-        switch (FData.Between(0, 15)) {
-        case 0:
-        case 1:
-        case 2: Create(); break;
-        case 3:
-        case 4: Bind(); break;
-        case 5:
-        case 6: Fill(); break;
-        case 7: Place(); break;
-        case 8: Zoom(); break;
-        case 9: ChangeProperty(); break;
-        case 10: SaveAndLoad(); break;
+        static constexpr void (TLife::*deeds[])() = {
+            &TLife::Create, &TLife::Create,         &TLife::Create,     &TLife::Bind,
+            &TLife::Bind,   &TLife::Fill,           &TLife::Fill,       &TLife::Place,
+            &TLife::Zoom,   &TLife::ChangeProperty, &TLife::SaveAndLoad};
+        const int deed = FData.Between(0, 15);
+        if (deed < int(std::size(deeds))) return (this->*deeds[deed])();
+        switch (deed) {
         case 11: FHandling = FData.Between(0, 5); break;
         case 12: delete Any<TComponent>(); break;
         case 13: Move(); break;
@@ -262,7 +257,7 @@ private:
     }
 
     fuzz::TData& FData;
-    fuzz::TQuiet FQuiet;
+    test::TFaults FQuiet;
     std::vector<TComponent*> FAlive;
     int FHandling = 0;
 };

@@ -15,9 +15,7 @@ namespace {
 
 /// A graph with everything that an outfit holds.
 struct TPlot {
-    TPlot()
-        : Form(nullptr), Graph(&Form), X(&Form), Y(&Form), XV(&Form), YV(&Form), Series(&Form), Bars(&Form),
-          Line(&Form), Legend(&Form) {
+    TPlot() {
         Form.SetName("Form1");
         Form.SetBounds(0, 0, 320, 240);
         Graph.SetParent(&Form);
@@ -57,14 +55,14 @@ struct TPlot {
         }
     }
 
-    TForm Form;
-    TKx2DGraph Graph;
-    TKxAxis X, Y;
-    TKxRealVector XV, YV;
-    TKxDataWithErrorSeries Series;
-    TKxBarSeries Bars;
-    TKxLinearRegressionLine Line;
-    TKxLegend Legend;
+    TForm Form{nullptr};
+    TKx2DGraph Graph{&Form};
+    TKxAxis X{&Form}, Y{&Form};
+    TKxRealVector XV{&Form}, YV{&Form};
+    TKxDataWithErrorSeries Series{&Form};
+    TKxBarSeries Bars{&Form};
+    TKxLinearRegressionLine Line{&Form};
+    TKxLegend Legend{&Form};
 };
 
 /// The outfit of a new graph with some of its values replaced.
@@ -84,7 +82,7 @@ std::string Changed(fuzz::TData& Data) {
 }
 
 KX_FUZZ(outfits) {
-    fuzz::TQuiet quiet;
+    test::TFaults quiet;
     TPlot first, second;
     const std::string changed = Changed(Data);
     first.Load(changed + Data.Text(200));

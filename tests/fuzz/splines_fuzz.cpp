@@ -1,6 +1,7 @@
 // Akima's curve, the approximating spline, smoothing and sorting over all doubles.
 
 #include "fuzz/fuzz.h"
+#include "support/arrays.h"
 
 #include <kxgraph/analysis/Kxakima.h>
 #include <kxgraph/analysis/Kxapproxspline.h>
@@ -11,11 +12,7 @@
 namespace kx {
 namespace {
 
-TKxRealArray ArrayOf(const std::vector<double>& Values) {
-    TKxRealArray array(int(Values.size()));
-    std::ranges::copy(Values, array.begin());
-    return array;
-}
+using test::ArrayOf;
 
 /// Knots ascend, coefficients are numbers, extrema lie in order, and integrals are not NaN where the curve is
 /// mild.
