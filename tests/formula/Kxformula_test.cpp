@@ -1,9 +1,7 @@
 #include <kxgraph/formula/Kxformula.h>
 #include <kxgraph/formula/Kxformulablocks.h>
 
-#include "support/cases.h"
 #include "support/cputime.h"
-#include "support/errors.h"
 #include "support/graphfixture.h"
 
 #include <kxgraph/annotation/Kxclasses.h>
@@ -11,26 +9,19 @@
 #include <kxgraph/design/Kxvaluesgrid.h>
 #include <kxgraph/platform/streaming/formfile.h>
 
-#include <algorithm>
-#include <bit>
 #include <clocale>
-#include <cmath>
-#include <cstdint>
 #include <locale>
 #include <numbers>
-#include <random>
 
 #include <muParser.h>
 
-namespace kx {
-namespace {
+namespace kx::test::formula {
 
 TEST(Formula, GivesTheValuesOfItsTextForAnyNumberOfPoints) {
-    struct TCase {
+    const struct {
         const char* Text;
         double (*Function)(double x, double a, double b);
-    };
-    const TCase cases[] = {
+    } cases[] = {
         {"a*exp(-b*x)", [](double x, double a, double b) { return a * std::exp(-b * x); }},
         {"a*x^2 + b/(1+x)", [](double x, double a, double b) { return a * x * x + b / (1 + x); }},
         {"a*sin(2*pi*x)+b*e",
@@ -125,41 +116,20 @@ TEST(Formula, IsParsedOnceHoweverFewPointsAreEvaluated) {
     TKxFormula formula(text);
     const double coefficients[] = {1.7, 0.3};
     std::vector<double> x(2000, 0.5), y(x.size());
-    const double together = test::CpuSeconds([&] { formula.Evaluate(x, coefficients, y); });
-    const double oneByOne = test::CpuSeconds([&] {
+    const double together = CpuSeconds([&] { formula.Evaluate(x, coefficients, y); });
+    const double oneByOne = CpuSeconds([&] {
         for (const double at : x) EXPECT_EQ(formula.Evaluate(at, coefficients), y[0]);
     });
     EXPECT_LT(oneByOne, 20 * together);
 }
 
 TEST(Formula, SaysWhatIsWrongAndWhere) {
-    struct TCase {
-        const char* Text;
-        int Position;
-        const char* What;
-    };
-    const TCase cases[] = {
-        {"", 0, "empty"},
-        {"a*", 0, "ends too early"},
-        {"a*(x+1", 0, "parenthesis is missing"},
-        {"a*x)", 4, "')' is not expected"},
-        {"a*fun(x)", 3, "no function 'fun'"},
-        {"2x", 2, "'x' is not expected"},
-        {"a b", 3, "not expected"},
-        {"1,5*x", 0, ""},
-        {"a=x", 2, "'=' is not expected"},
-        {"sin(x,a)", 0, "too many arguments"},
-        {"a#x", 2, ""},
-        {"a*µ*x", 3, "'µ"},
-        {"µ", 1, ""},
-        {"\"a\"", 0, ""},
-    };
-    for (const auto& [text, position, what] : cases) {
+    for (const auto& [text, position, what] : Cases<std::string, int, std::string>("formulas", "faults")) {
         try {
             TKxFormula formula(text);
             ADD_FAILURE() << text << " was taken";
         } catch (const EFormulaError& error) {
-            EXPECT_NE(error.Message().find(what), std::string::npos) << text << ": " << error.Message();
+            EXPECT_TRUE(Holds(error.Message(), what)) << text << ": " << error.Message();
             EXPECT_TRUE(position == 0 || error.GetPosition() == position) << text << ": " << error.Message();
         }
     }
@@ -169,17 +139,16 @@ TEST(Formula, SaysWhatIsWrongAndWhere) {
         FAIL();
     } catch (const EFormulaError& error) {
         EXPECT_EQ(error.GetPosition(), 11);
-        EXPECT_NE(error.Message().find("'bb' has no value at character 11"), std::string::npos);
+        EXPECT_TRUE(Holds(error.Message(), "'bb' has no value at character 11"));
     }
     EXPECT_THROW(formula.SetCoefficientNames({"b", "bb", "pi"}), EFormulaError);
 }
 
 TEST(Formula, BecomesTheModelOfAFittedLine) {
-    test::TGraphForm f;
+    TGraphForm f;
     auto* series = f.AddSeries();
     for (double x = 0; x < 6; x += 0.2) f.Fill({{x, 3 * std::exp(-0.5 * x) + 0.7}});
-    TKxFittedLine fit(f.Form);
-    fit.SetName("Fit1");
+    auto& fit = *f.Make<TKxFittedLine>("Fit1");
     SetFormula(fit, "A0*exp(-k*x)+c", {"k", "A0", "c"});
     ASSERT_EQ(fit.GetOrder(), 3);
     for (int i = 0; i < 3; ++i) fit.SetCoefficient(i, 1);
@@ -192,9 +161,8 @@ TEST(Formula, BecomesTheModelOfAFittedLine) {
 }
 
 TEST(Formula, FitsWhatIsKnownToBeHardByDampedLeastSquares) {
-    using test::TReals;
     const auto cases =
-        test::Cases<std::string, TReals, TReals, TReals, TReals, TReals>("hardfits", "least squares");
+        Cases<std::string, TReals, TReals, TReals, TReals, TReals>("hardfits", "least squares");
     for (const auto& [text, first, second, expected, xs, ys] : cases)
         for (const TReals& start : {first, second}) {
             TKxLiveVector x(nullptr), y(nullptr);
@@ -216,37 +184,7 @@ TEST(Formula, FitsWhatIsKnownToBeHardByDampedLeastSquares) {
         }
 }
 
-constexpr const char* CFit = R"(object F: TForm
-  object X: TKxLiveVector
-    PersistentValues = True
-    Values = (0 1 2 3)
-  end
-  object Y: TKxLiveVector
-    PersistentValues = True
-    Values = (1 3.1 4.9 7)
-  end
-  object S: TKxDataSeries
-    XAxis = A
-    YAxis = B
-    XData = X
-    YData = Y
-  end
-  object L: TKxFittedLine
-    ParentSeries = S
-    Expression = "b*x+a"
-    Coefficients = (0.5 2)
-    CoefficientNames = ("a" "b")
-  end
-  object G: TKx2DGraph
-    PrimaryXAxis = A
-    PrimaryYAxis = B
-    object A: TKxAxis
-    end
-    object B: TKxAxis
-    end
-  end
-end
-)";
+const std::string CFit = ReadFile(KX_SOURCE "/tests/data/fit.kxf");
 
 TEST(Formula, BindsItselfToALineThatIsReadAndAFitLeavesTheFileAsItIs) {
     RegisterClasses();
@@ -257,7 +195,7 @@ TEST(Formula, BindsItselfToALineThatIsReadAndAFitLeavesTheFileAsItIs) {
     EXPECT_NEAR(line.GetCoefficient(0), 1.03, 1e-6);
     EXPECT_NEAR(line.GetCoefficient(1), 1.98, 1e-6);
     EXPECT_EQ(FormToText(*form), before) << "neither coefficients nor caption nor ends of axes";
-    EXPECT_NE(before.find("Coefficients = (0.5 2)\n    CoefficientNames = (\"a\" \"b\")\n"), before.npos);
+    EXPECT_TRUE(Holds(before, "Coefficients = (0.5 2)\n    CoefficientNames = (\"a\" \"b\")\n"));
     EXPECT_EQ(FormToText(*FormFromText(before)), before);
     // Words of a program's own, and a formula of other coefficients, stay what they are.
     std::string other = CFit;
@@ -286,11 +224,10 @@ TEST(Formula, FillsCellsOfAGridOfValues) {
     grid.Fill(0, 0, 2, "10*T + i/n");
     grid.Fill(0, 1, 1, "-x");
     EXPECT_EQ(grid.Copy(0, 2), "10.333333333333334\n-20.666666666666668\n41\n");
-    EXPECT_EQ(test::MessageOf([&] { grid.Fill(0, 0, 2, "V+1"); }),
+    EXPECT_EQ(MessageOf([&] { grid.Fill(0, 0, 2, "V+1"); }),
               "there is no vector 'V'; a formula may have x, i, n and vectors");
-    EXPECT_NE(test::MessageOf([&] { grid.Fill(0, 0, 2, "1+"); }), "");
+    EXPECT_NE(MessageOf([&] { grid.Fill(0, 0, 2, "1+"); }), "");
     EXPECT_EQ(grid.GetText(2, 0), "41");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::formula

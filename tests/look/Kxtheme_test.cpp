@@ -1,17 +1,12 @@
 // Themes as text, and what they do to a graph.
 
-#include "support/errors.h"
 #include "support/graphfixture.h"
 
 #include <kxgraph/look/Kxlook.h>
 
-#include <gtest/gtest.h>
+namespace kx::test::theme {
 
-namespace {
-
-using namespace kx;
-
-class Theme : public testing::Test, public test::TGraphForm {};
+class Theme : public testing::Test, public TGraphForm {};
 
 TEST_F(Theme, TellsNineSeriesApartAndLeavesAloneWhatIsNotMeant) {
     std::vector<TKxDataWithErrorSeries*> series;
@@ -27,32 +22,21 @@ TEST_F(Theme, TellsNineSeriesApartAndLeavesAloneWhatIsNotMeant) {
     EXPECT_NE(series[0]->GetLineStyle().GetStyle(), series[8]->GetLineStyle().GetStyle());
     EXPECT_NE(series[0]->GetPointStyle().GetStyle(), series[8]->GetPointStyle().GetStyle());
     for (std::size_t i = 0; i < 9; ++i) EXPECT_EQ(series[i]->GetLineStyle().GetWidth(), i == 1 ? 1 : 4) << i;
-    EXPECT_EQ(X->GetTickLength(), 7);
-    EXPECT_EQ(X->GetAxisColor(), RGB(0xd8, 0xd8, 0xd8));
+    EXPECT_EQ(std::tuple(X->GetTickLength(), X->GetAxisColor()), std::tuple(7, RGB(0xd8, 0xd8, 0xd8)));
     EXPECT_EQ(Graph->GetDataColor(), RGB(0x1e, 0x1e, 0x1e));
 }
 
 TEST_F(Theme, SaysWhereItCannotBeRead) {
-    const std::pair<const char*, const char*> cases[]{
-        {"Ink = #12\n", "t:1: '#12' is not a colour (a name such as clRed, or #RRGGBB)"},
-        {"Ink = clRed\nBase = dark", "t:2: Base stands before all else"},
-        {"Base = drak", "t:1: 'drak' is no theme to start from"},
-        {"\nnothing", "t:2: 'nothing' is not NAME = VALUE"},
-        {"Inks = clRed",
-         "t:1: 'Inks' is not Base, Ink, Ground, Grid, Colors, Symbols, Dashes or NAME.PROPERTY"},
-        {"Grid = clRed, clRed, clRed", "t:1: Grid has a major and a minor colour, no more"},
-        {"XAxis.TikLength = 3", "t:1: no component has a property 'TikLength'; did you mean 'TickLength'?"}};
-    for (const auto& [text, message] : cases)
-        EXPECT_EQ(test::MessageOf([text = text] { TKxTheme::Parse(text, "t"); }), message);
-    EXPECT_NE(test::MessageOf([] {
-                  TKxTheme::Parse("Dashes = psSolid, dotted", "t");
-              }).find("t:1: Style: 'dotted'"),
-              std::string::npos);
+    const auto faultOf = [](const std::string& Text) {
+        return MessageOf([&] { TKxTheme::Parse(Text, "t"); });
+    };
+    for (const auto& [text, message] : Cases<std::string, std::string>("texts", "theme faults"))
+        EXPECT_EQ(faultOf(text), message);
+    EXPECT_TRUE(Holds(faultOf("Dashes = psSolid, dotted"), "t:1: Style: 'dotted'"));
     const TKxTheme wrong = TKxTheme::Parse("\nTKxAxis.TickLength = long", "t");
-    EXPECT_EQ(test::MessageOf([&] { wrong.ApplyTo(*X); }).substr(0, 17), "t:2: TickLength: ");
+    EXPECT_EQ(MessageOf([&] { wrong.ApplyTo(*X); }).substr(0, 17), "t:2: TickLength: ");
     for (const auto name : TKxTheme::Names()) EXPECT_NO_THROW(Dress(*Graph, TKxTheme::Named(name)));
-    EXPECT_EQ(test::MessageOf([] { TKxTheme::Named("drak"); }),
-              "there is no theme 'drak'; did you mean 'dark'?");
+    EXPECT_EQ(MessageOf([] { TKxTheme::Named("drak"); }), "there is no theme 'drak'; did you mean 'dark'?");
 }
 
-} // namespace
+} // namespace kx::test::theme

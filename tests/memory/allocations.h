@@ -2,12 +2,7 @@
 // Memory that runs out when a test wants it. This program's operator new, and the library's realloc, free and
 // fsync, are replaced by ones that count or tell.
 
-#include "support/errors.h"
-
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <string>
+#include "support/testing.h"
 
 namespace kx::test {
 

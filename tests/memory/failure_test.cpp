@@ -17,14 +17,10 @@
 #include <kxgraph/series/Kxarrowseries.h>
 #include <kxgraph/series/Kxbarseries.h>
 
-#include <algorithm>
 #include <new>
-#include <set>
-#include <sstream>
 #include <type_traits>
 
-namespace kx::test {
-namespace {
+namespace kx::test::failure {
 
 /// A small graph with what an analysis shows.
 struct TScene : TGraphForm {
@@ -32,25 +28,19 @@ struct TScene : TGraphForm {
         Form->SetBounds(0, 0, 200, 150);
         Graph->SetBounds(0, 0, 200, 150);
         Series->SetdYPlus(DY);
-        Line.SetParentSeries(Series);
-        Label.SetParent(Graph);
-        Label.SetSeries(&Line);
-        Label.SetIdentifier("Slope");
-        Legend.SetParent(Graph);
-        Legend.SetGraph(Graph);
+        Line->SetParentSeries(Series);
+        Make<TKxResultLabel>("Label1", "Series=Line1; Identifier=Slope");
+        Make<TKxLegend>("Legend1", "Graph=Graph1");
         Fill({{1, 2}, {2, 3.5}, {3, 4}, {4, 6}});
         DY->Add(0.5);
     }
     std::string Changed() {
-        for (TKxSeries* one : {static_cast<TKxSeries*>(Series), static_cast<TKxSeries*>(&Line)})
-            one->Modified();
+        Series->Modified(), Line->Modified();
         Graph->Modified();
         return Draw().ToText();
     }
     TKxDataWithErrorSeries* Series = AddSeries();
-    TKxLinearRegressionLine Line{Form};
-    TKxResultLabel Label{Form};
-    TKxLegend Legend{Form};
+    TKxLinearRegressionLine* Line = Make<TKxLinearRegressionLine>("Line1");
 };
 
 /// Draws, for every failure.
@@ -104,17 +94,16 @@ void Construct(long Step) {
 void Rejoin(long Step) {
     TScene scene;
     auto* other = scene.AddSeries();
-    const long failures = ForEveryFailure(
-        [&] { scene.Line.SetParentSeries(other); },
-        [&] {
-            for (TKxNotCalculatedSeries* parent : {static_cast<TKxNotCalculatedSeries*>(scene.Series),
-                                                   static_cast<TKxNotCalculatedSeries*>(other)})
-                EXPECT_EQ(std::ranges::count(parent->GetChildren(), &scene.Line),
-                          scene.Line.GetParentSeries() == parent);
-            scene.Line.SetParentSeries(scene.Series);
-            scene.Draw();
-        },
-        Step);
+    const long failures =
+        ForEveryFailure([&] { scene.Line->SetParentSeries(other); },
+                        [&] {
+                            for (TKxNotCalculatedSeries* parent : {scene.Series, other})
+                                EXPECT_EQ(std::ranges::count(parent->GetChildren(), scene.Line),
+                                          scene.Line->GetParentSeries() == parent);
+                            scene.Line->SetParentSeries(scene.Series);
+                            scene.Draw();
+                        },
+                        Step);
     EXPECT_GT(failures, 10);
 }
 
@@ -190,5 +179,4 @@ TEST(AllocationFailure, IsToldOnceAFrame) {
     }
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::failure

@@ -1,19 +1,13 @@
 // Whatever fails while stores change and files are written: each is as it was or new, and none is lost.
 
 #include "memory/allocations.h"
-#include "support/recording.h"
 
 #include <kxgraph/persist/Kxlargeini.h>
 #include <kxgraph/platform/text/filegroup.h>
-#include <kxgraph/platform/text/files.h>
-
-#include <filesystem>
-#include <memory>
 
 #include <sys/stat.h>
 
-namespace kx::test {
-namespace {
+namespace kx::test::files {
 
 const std::string COld =
     "[Window]\nLeft=10\nTop=20\n\n[Graph]\nTitle=a title that is too long for a short string\n";
@@ -126,5 +120,4 @@ TEST(AllocationFailure, LeavesAStoreAsItWasOrNew) {
     EXPECT_GT(tried, 10);
 }
 
-} // namespace
-} // namespace kx::test
+} // namespace kx::test::files

@@ -1,17 +1,11 @@
 
 #include <kxgraph/persist/Kxlargeini.h>
+
+#include "support/testing.h"
+
 #include <kxgraph/platform/text/text.h>
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <array>
-#include <memory>
-#include <random>
-#include <string>
-
-namespace kx {
-namespace {
+namespace kx::test::iniindex {
 
 /// The store as plain lines that are scanned, word for word as the rules are told.
 class TScannedStore : public TStringList {
@@ -95,5 +89,4 @@ TEST(IniIndex, NeverScansItsKeys) {
         ASSERT_EQ(ini.ReadInteger(std::to_string(i % 1000), std::to_string(i), -1), i);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::iniindex

@@ -1,18 +1,10 @@
 #include <kxgraph/persist/Kxlargeini.h>
 
-#include "support/errors.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/controls/form.h>
-#include <kxgraph/platform/host/application.h>
-#include <kxgraph/platform/text/files.h>
-#include <kxgraph/platform/text/numbertext.h>
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
-namespace kx {
-namespace {
+namespace kx::test::largeini {
 
 std::string Joined(const TStrings& Lines) {
     std::string text = Lines.GetText();
@@ -156,68 +148,56 @@ TEST(IniList, ReferencesAreFoundByTheirPath) {
 }
 
 TEST(LargeIniFile, IsWrittenOnlyWhenChangedAndBeginsWithAHeader) {
-    const std::string name = ::testing::TempDir() + "kxlargeini_test.ini";
+    const TTemporaryDirectory directory;
+    const std::string name = directory / "x.ini";
     ReplaceFile(name, "\r\n[A]\r\nk=1\r\n");
     EXPECT_EQ(TKxLargeIniFile(name).ReadInteger("A", "k", 0), 1);
     EXPECT_EQ(ReadFile(name), "\r\n[A]\r\nk=1\r\n");
     TKxLargeIniFile(name).WriteString("A", "k", "\xE4");
     EXPECT_EQ(ReadFile(name), "[A]\nk=\xE4\n");
-    std::filesystem::remove(name);
-    TKxLargeIniFile(name).ReadString("A", "k", "");
-    EXPECT_FALSE(FileExists(name));
+    TKxLargeIniFile(directory / "none.ini").ReadString("A", "k", "");
+    EXPECT_FALSE(FileExists(directory / "none.ini"));
+    ReplaceFile(name, "\xEF\xBB\xBF[A]\nk=1\n");
+    {
+        TKxLargeIniFile file(name);
+        EXPECT_EQ(file.ReadInteger("A", "k", 0), 1) << "behind a byte-order mark";
+        file.WriteInteger("A", "l", 2);
+    }
+    EXPECT_EQ(ReadFile(name), "\xEF\xBB\xBF[A]\nk=1\nl=2\n");
 }
 
 TEST(LargeIniFile, WhatCouldNotBeReadIsNeverOverwritten) {
-    const std::string name = ::testing::TempDir() + "kxlargeini_unread.ini";
-    std::filesystem::remove(name);
-    const std::string contents[] = {"[A]\nk=1\n", std::string("\xFF\xFE[\0A\0]\0", 8)};
+    const TTemporaryDirectory directory;
+    const std::string name = directory / "unread.ini", contents[] = {"[A]\nk=1\n", {"\xFF\xFE[\0A\0]\0", 8}};
     for (const std::string& before : contents) {
         const bool closed = &before == contents; // for the moment: a link that leads to itself
         if (closed)
             std::filesystem::create_symlink(name, name);
         else
             ReplaceFile(name, before);
-        test::TFaults faults;
+        TFaults faults;
         {
             TKxLargeIniFile file(name);
-            if (closed) {
-                std::filesystem::remove(name);
-                ReplaceFile(name, before);
-            }
-            EXPECT_NE(file.GetLoadError().find("kxlargeini_unread.ini"), std::string::npos);
+            std::filesystem::remove(name);
+            ReplaceFile(name, before);
+            EXPECT_TRUE(Holds(file.GetLoadError(), "unread.ini"));
             file.WriteString("B", "k", "2");
             EXPECT_THROW(file.Save(), EFileError);
         }
         EXPECT_EQ(faults.Count, 1) << "the destructor tells, too";
         EXPECT_EQ(ReadFile(name), before);
     }
-    std::filesystem::remove(name);
-}
-
-TEST(LargeIniFile, AByteOrderMarkLosesNothing) {
-    const std::string name = ::testing::TempDir() + "kxlargeini_mark.ini";
-    ReplaceFile(name, "\xEF\xBB\xBF[A]\nk=1\n");
-    {
-        TKxLargeIniFile file(name);
-        EXPECT_EQ(file.ReadInteger("A", "k", 0), 1);
-        file.WriteInteger("A", "l", 2);
-    }
-    EXPECT_EQ(ReadFile(name), "\xEF\xBB\xBF[A]\nk=1\nl=2\n");
-    std::filesystem::remove(name);
 }
 
 TEST(LargeIniFile, AFailingSaveIsReportedAndDoesNotEndTheProgram) {
-    std::string message;
-    TApplication::Instance().OnException = [&](const std::exception& Error) { message = Error.what(); };
+    const TFaults faults;
     {
         TKxLargeIniFile file(::testing::TempDir() + "no such folder/x.ini");
         file.WriteString("A", "k", "1");
         EXPECT_THROW(file.Save(), EFileError);
-        EXPECT_EQ(message, "");
+        EXPECT_EQ(faults.Text, "");
     }
-    TApplication::Instance().OnException = nullptr;
-    EXPECT_NE(message.find("x.ini"), std::string::npos) << message;
+    EXPECT_TRUE(Holds(faults.Text, "x.ini"));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::largeini

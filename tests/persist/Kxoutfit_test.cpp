@@ -1,13 +1,11 @@
 #include <kxgraph/persist/Kxoutfit.h>
 
+#include "support/testing.h"
+
 #include <kxgraph/platform/drawing/graphics.h>
-#include <kxgraph/platform/host/application.h>
 #include <kxgraph/platform/objects/published.h>
 
-#include <gtest/gtest.h>
-
-namespace kx {
-namespace {
+namespace kx::test::outfit {
 
 class TKeeper : public TComponent {
 public:
@@ -59,9 +57,7 @@ TEST(Outfit, RowsAreSavedAndLoadedInTheirOrder) {
         "My.Font.StrikeOut=0\nMy.Name=Thing1\nMy.Shown=1\nMy.Pen=2\nMy.Begin=0.5\nMy.Level=3\nMy.Count=0\n"
         "My.Reals=3;4.5\nMy.Friend=Thing1\n");
     for (int round = 0; round < 2; ++round) LoadRows(read, "S", ini, "My.");
-    EXPECT_EQ(read.GetName(), "Thing1");
-    EXPECT_EQ(read.Pen, psDot);
-    EXPECT_EQ(read.Start, 0.5);
+    EXPECT_EQ(std::tuple(read.GetName(), read.Pen, read.Start), std::tuple("Thing1", psDot, 0.5));
     EXPECT_TRUE(read.Shown) << "the setter of Start was called";
     EXPECT_EQ(read.Reals, thing.Reals);
     EXPECT_TRUE(read.Font.GetBold());
@@ -76,13 +72,10 @@ TEST(Outfit, WhatIsMissingOrNoValueLeavesWhatThereIs) {
     TKxIniList ini;
     ini.SetText("[S]\nPen=7\nLevel=128\nReals=1;2;3\nFriend=Other\nBegin=x\n");
     LoadRows(thing, "S", ini);
-    EXPECT_EQ(thing.Pen, psDash);
-    EXPECT_EQ(thing.Level, 3);
-    EXPECT_EQ(thing.Reals, (std::vector<double>{1, 2}));
-    EXPECT_EQ(thing.Befriended, 0);
+    EXPECT_EQ(std::tuple(thing.Pen, thing.Level, thing.Reals, thing.Befriended),
+              std::tuple(psDash, 3, (std::vector<double>{1, 2}), 0));
     EXPECT_EQ(thing.Start, 0.0);
     EXPECT_TRUE(thing.Shown) << "what the row says";
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::outfit

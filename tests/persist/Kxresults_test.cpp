@@ -1,11 +1,8 @@
 #include <kxgraph/persist/Kxresults.h>
 
-#include <gtest/gtest.h>
+#include "support/testing.h"
 
-#include <random>
-
-namespace kx {
-namespace {
+namespace kx::test::results {
 
 std::string TextOf(const TKxResults& Results) {
     std::string text;
@@ -57,5 +54,4 @@ TEST(Results, HaveTheKeysAndValuesOfTheirPoints) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::results

@@ -1,18 +1,11 @@
 #include <kxgraph/svg/Kxsvgdevice.h>
 
-#include "support/recording.h"
+#include "support/testing.h"
 #include "support/xml.h"
 
-#include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/drawing/reduction.h>
-#include <kxgraph/platform/text/files.h>
 
-#include <gtest/gtest.h>
-
-#include <functional>
-
-namespace kx {
-namespace {
+namespace kx::test::svgdevice {
 
 std::string Drawn(const std::function<void(TCanvasDevice&)>& Draw) {
     TSvgDevice device({200, 100}, 1.25, clSilver);
@@ -44,7 +37,7 @@ void DrawEverything(TCanvasDevice& Device) {
 }
 
 TEST(SvgDevice, WritesAWellFormedDocumentWhateverIsDrawn) {
-    EXPECT_NO_THROW(test::TextOfXml(Drawn(DrawEverything)));
+    EXPECT_NO_THROW(TextOfXml(Drawn(DrawEverything)));
 }
 
 TEST(SvgDevice, CoversThePixelsOfARasterWithShapes) {
@@ -53,41 +46,41 @@ TEST(SvgDevice, CoversThePixelsOfARasterWithShapes) {
     const TRect box{1, 2, 11, 8}, bar{1, 2, 2, 8};
     const TStroke thin{clBlack, 1}, wide{clRed, 4}, clear{clBlack, 1, psClear};
     const TFill green{clLime}, none{clWhite, bsClear};
-    test::ExpectRecording("svgshapes", Drawn([&](TCanvasDevice& D) {
-                              for (const auto& line : {right, left, slanted, nowhere})
-                                  D.Polyline(std::span(line, 2), thin);
-                              D.Polyline(bent, {});
-                              D.Polyline(right, wide);
-                              D.Rectangle(box, thin, green);
-                              D.Rectangle(box, {clRed, 4, psInsideFrame}, none);
-                              D.FillRect(box, green);
-                              D.Ellipse(box, thin, none);
-                              D.Ellipse(bar, {clLime}, {});
-                              D.Polygon(bent, clear, green);
-                              D.Polygon(bent, {clBlack, 2, psDash}, none);
-                              D.Polygon(nowhere, thin, none);
-                              // Seen on the ground, and not hiding what is below.
-                              D.Rectangle(box, {clWhite, 1, psSolid, pmXor}, {clAqua, bsSolid, pmXor});
-                          }));
+    ExpectRecording("svgshapes", Drawn([&](TCanvasDevice& D) {
+                        for (const auto& line : {right, left, slanted, nowhere})
+                            D.Polyline(std::span(line, 2), thin);
+                        D.Polyline(bent, {});
+                        D.Polyline(right, wide);
+                        D.Rectangle(box, thin, green);
+                        D.Rectangle(box, {clRed, 4, psInsideFrame}, none);
+                        D.FillRect(box, green);
+                        D.Ellipse(box, thin, none);
+                        D.Ellipse(bar, {clLime}, {});
+                        D.Polygon(bent, clear, green);
+                        D.Polygon(bent, {clBlack, 2, psDash}, none);
+                        D.Polygon(nowhere, thin, none);
+                        // Seen on the ground, and not hiding what is below.
+                        D.Rectangle(box, {clWhite, 1, psSolid, pmXor}, {clAqua, bsSolid, pmXor});
+                    }));
 }
 
 TEST(SvgDevice, SharesGroupsAndDefinesHatchesAndClipsOnce) {
     const TRect inner{10, 10, 50, 50}, empty{5, 5, 5, 9};
-    test::ExpectRecording("svggroups", Drawn([&](TCanvasDevice& D) {
-                              int x = 0;
-                              const auto fill = [&](std::optional<TRect> Clip, TBrushStyle Style) {
-                                  D.SetClip(Clip);
-                                  ++x;
-                                  D.FillRect({x, 0, x + 9, 9}, {clRed, Style});
-                              };
-                              fill(inner, bsCross);
-                              D.SetClip({});
-                              fill(inner, bsCross);
-                              fill(TRect{0, 0, 20, 300}, bsFDiagonal);
-                              fill(empty, bsVertical);
-                              fill(TRect{-5, 0, 900, 900}, bsCross);
-                              fill(inner, bsFDiagonal);
-                          }));
+    ExpectRecording("svggroups", Drawn([&](TCanvasDevice& D) {
+                        int x = 0;
+                        const auto fill = [&](std::optional<TRect> Clip, TBrushStyle Style) {
+                            D.SetClip(Clip);
+                            ++x;
+                            D.FillRect({x, 0, x + 9, 9}, {clRed, Style});
+                        };
+                        fill(inner, bsCross);
+                        D.SetClip({});
+                        fill(inner, bsCross);
+                        fill(TRect{0, 0, 20, 300}, bsFDiagonal);
+                        fill(empty, bsVertical);
+                        fill(TRect{-5, 0, 900, 900}, bsCross);
+                        fill(inner, bsFDiagonal);
+                    }));
 }
 
 TEST(SvgDevice, ReducesLongSolidLines) {
@@ -105,7 +98,7 @@ TEST(SvgDevice, ShowsManyDiscsInFewElements) {
     disc.Ellipse({-3, -3, 4, 4}, {clBlue, 1}, {clBlue});
     ring.Ellipse({-3, -3, 4, 4}, {clBlue, 1}, {clWhite});
     const auto discs = Drawn([&](auto& D) { D.Stamps(places, disc.Recording); });
-    EXPECT_NE(discs.find("stroke-width=\"7\""), std::string::npos);
+    EXPECT_TRUE(Holds(discs, "stroke-width=\"7\""));
     EXPECT_LT(Count(discs, "<path"), 60);
     EXPECT_EQ(Count(discs, "<ellipse"), 0);
     const auto rings = Drawn([&](auto& D) { D.Stamps(places, ring.Recording); });
@@ -118,18 +111,18 @@ TEST(SvgDevice, CutsOffValuesOffTheScaleOutsideThePicture) {
         {-CMaxPixel, -CMaxPixel}, {50, 50}, {CMaxPixel, 50}, {CMaxPixel, CMaxPixel}, {60, 60}};
     const TRect tall{10, -CMaxPixel, 50, CMaxPixel}, flat{-CMaxPixel, -100, CMaxPixel, 50};
     const auto cut = Drawn([&](auto& D) { D.Polyline(through, {}); });
-    EXPECT_NE(cut.find("\"M-4096-4096l4146.5 4146.5h4245.5\""), std::string::npos) << cut;
-    EXPECT_NE(cut.find("\"M4197 4197l-4136-4136\""), std::string::npos) << cut;
+    EXPECT_TRUE(Holds(cut, "\"M-4096-4096l4146.5 4146.5h4245.5\""));
+    EXPECT_TRUE(Holds(cut, "\"M4197 4197l-4136-4136\""));
     for (const std::string& drawn : {cut, Drawn([&](auto& D) { D.Polygon(through, {}, {}); }),
                                      Drawn([&](auto& D) { D.Rectangle(tall, {}, {}); }),
                                      Drawn([&](auto& D) { D.Ellipse(flat, {}, {}); })}) {
         EXPECT_GT(drawn.size(), Drawn([](auto&) {}).size() + 30);
-        EXPECT_EQ(drawn.find("107374"), std::string::npos) << drawn;
+        EXPECT_FALSE(Holds(drawn, "107374"));
     }
 }
 
 TEST(WriteSvg, ReplacesTheFileAsAWhole) {
-    const test::TTemporaryDirectory directory;
+    const TTemporaryDirectory directory;
     const std::string file = directory / "a.svg";
     const auto write = [&](auto Paint) { WriteSvg(file, {200, 100}, 1.25, clSilver, Paint); };
     write(DrawEverything);
@@ -137,5 +130,4 @@ TEST(WriteSvg, ReplacesTheFileAsAWhole) {
     EXPECT_EQ(ReadFile(file), Drawn(DrawEverything));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::svgdevice

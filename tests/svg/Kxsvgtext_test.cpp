@@ -1,14 +1,10 @@
 #include <kxgraph/svg/Kxsvgdevice.h>
 
-#include "support/recording.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
 #include <numbers>
 
-namespace kx {
-namespace {
+namespace kx::test::svgtext {
 
 const TFontFace CFace{"Arial", -10, 0, fpDefault, 0}; // 6 pixels a letter on the headless host
 
@@ -90,8 +86,7 @@ TEST(SvgText, WritesFacesDirectionsAndPositions) {
     device.Text({10, 10}, CFace, clBlack, "abc");
     device.Text({29, 10}, CFace, clBlack, "\xCE\xA9x");
     device.Text({40, 10}, CFace, clBlack, "de");
-    test::ExpectRecording("svgtext", device.Document());
+    ExpectRecording("svgtext", device.Document());
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::svgtext

@@ -1,19 +1,12 @@
 #include <kxgraph/table/Kxfilevector.h>
 
-#include "support/errors.h"
-#include "support/recording.h"
+#include "support/testing.h"
 
 #include <kxgraph/annotation/Kxclasses.h>
 #include <kxgraph/platform/controls/form.h>
 #include <kxgraph/platform/streaming/formfile.h>
-#include <kxgraph/platform/text/files.h>
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
-namespace kx {
-namespace {
+namespace kx::test::filevector {
 
 struct FileVector : testing::Test {
     FileVector() {
@@ -31,7 +24,7 @@ struct FileVector : testing::Test {
         const auto values = dynamic_cast<const TKxFileVector&>(*Form.FindComponent(Name)).Values();
         return {values.begin(), values.end()};
     }
-    const test::TTemporaryDirectory Directory;
+    const TTemporaryDirectory Directory;
     const std::string Folder = Directory / "";
 };
 
@@ -42,13 +35,12 @@ TEST_F(FileVector, ReadsItsColumnBesideTheForm) {
     EXPECT_EQ(ValuesOf(*form, "V"), (std::vector<double>{300.5, 290, 281.25}));
     EXPECT_EQ(ValuesOf(*form, "W"), (std::vector<double>{0, 1, 2}));
     const std::string text = FormToText(*form, file);
-    EXPECT_NE(text.find("Column = \"T / K\"\n"), text.npos);
-    EXPECT_EQ(text.find("300"), text.npos) << "values stay where they are";
+    EXPECT_TRUE(Holds(text, "Column = \"T / K\"\n"));
+    EXPECT_FALSE(Holds(text, "300")) << "values stay where they are";
     auto& vector = dynamic_cast<TKxFileVector&>(*form->FindComponent("V"));
-    EXPECT_EQ(test::MessageOf([&] { vector.SetColumn("p"); }),
+    EXPECT_EQ(MessageOf([&] { vector.SetColumn("p"); }),
               Folder + "data/cooling.csv: has no column 'p'; it has 2 columns");
-    EXPECT_EQ(vector.GetColumn(), "T / K");
-    EXPECT_EQ(vector.GetCount(), 3);
+    EXPECT_EQ(std::tuple(vector.GetColumn(), vector.GetCount()), std::tuple("T / K", 3));
     int told = 0;
     vector.Listeners().Add(TKxValueIChangedEvent([&](int, bool) { ++told; }));
     vector.SetColumn("t");
@@ -61,12 +53,10 @@ TEST_F(FileVector, ReadsItsColumnBesideTheForm) {
 TEST_F(FileVector, TellsWhereWhatIsMissingIsNamed) {
     const std::string file = Folder + "form.kxf";
     ReplaceFile(file, FormOf("gone.csv", "t"));
-    EXPECT_EQ(test::MessageOf<EFormError>([&] { LoadForm(file); }),
+    EXPECT_EQ(MessageOf<EFormError>([&] { LoadForm(file); }),
               file + ":2:13: V: " + Folder + "gone.csv: No such file or directory");
     ReplaceFile(file, FormOf("data/cooling.csv", "p"));
-    EXPECT_EQ(test::MessageOf<EFormError>([&] { LoadForm(file); }).substr(0, file.size() + 9),
-              file + ":2:13: V:");
+    EXPECT_EQ(MessageOf<EFormError>([&] { LoadForm(file); }).substr(0, file.size() + 9), file + ":2:13: V:");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::filevector

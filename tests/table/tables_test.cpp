@@ -1,20 +1,12 @@
 // Small tables, one oddity each, as the list beside them says that they are read.
 
 #include <kxgraph/platform/text/files.h>
-#include <kxgraph/platform/text/numbertext.h>
+
+#include "support/testing.h"
+
 #include <kxgraph/table/Kxtable.h>
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <set>
-#include <sstream>
-#include <string>
-#include <vector>
-
-namespace {
-
-using namespace kx;
+namespace kx::test::tables {
 
 constexpr const char* CFolder = KX_SOURCE "/tests/table/tables/";
 
@@ -104,4 +96,4 @@ TEST(Tables, AreReadAsAPersonWould) {
         EXPECT_TRUE(file.path().filename() == "list.txt" || names.count(file.path().filename())) << file;
 }
 
-} // namespace
+} // namespace kx::test::tables
