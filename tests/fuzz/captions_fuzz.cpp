@@ -7,8 +7,7 @@
 #include <kxgraph/platform/controls/frame.h>
 #include <kxgraph/platform/drawing/recording.h>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::captionstarget {
 
 std::string WithoutBackslashes(std::string Text) {
     std::erase(Text, '\\');
@@ -86,5 +85,4 @@ KX_FUZZ(captions) {
     DemandLabel(text, angle, alignment);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::captionstarget

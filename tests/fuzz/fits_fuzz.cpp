@@ -6,13 +6,11 @@
 #include <kxgraph/analysis/Kxlinregr.h>
 #include <kxgraph/analysis/Kxpolyregr.h>
 #include <kxgraph/analysis/Kxsimplex.h>
-#include <kxgraph/platform/base/exceptions.h>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::fitstarget {
 
 using TValues = std::vector<double>;
-struct TCase : fuzz::TPoints {
+struct TCase : TPoints {
     double Start, Stop;
 };
 
@@ -37,8 +35,8 @@ void DemandLine(const TCase& Case, bool Weighted, bool FixedOffset, double Offse
         return KX_DEMAND(Weighted || Taking(Case, false) < 2);
     }
     KX_DEMAND(r.Points == Taking(Case, Weighted), +std::to_string(r.Points));
-    fuzz::DemandFinite(TValues{r.Slope, r.DeltaSlope, r.DeltaOffset, r.AverageX, r.AverageY, r.VarianceX,
-                               r.VarianceY, r.Determination, r.R, r.ChiSquare});
+    DemandFinite(TValues{r.Slope, r.DeltaSlope, r.DeltaOffset, r.AverageX, r.AverageY, r.VarianceX,
+                         r.VarianceY, r.Determination, r.R, r.ChiSquare});
     KX_DEMAND(FixedOffset ? std::memcmp(&r.Offset, &Offset, sizeof Offset) == 0 : std::isfinite(r.Offset));
     if (Weighted) return; // weights may be negative
     KX_DEMAND(r.ChiSquare >= 0 && r.DeltaSlope >= 0 && r.VarianceX >= 0 && r.VarianceY >= 0);
@@ -57,8 +55,8 @@ void DemandPolynomial(const TCase& Case, bool Weighted, int Order) {
         return KX_DEMAND(r.Points == 0 && r.Coefficients.IsEmpty());
     }
     KX_DEMAND(r.Points == Taking(Case, Weighted) && r.Coefficients.Length() == Order + 1);
-    for (const auto& values : {r.Coefficients, r.DeltaCoefficients}) fuzz::DemandFinite(values);
-    fuzz::DemandFinite(
+    for (const auto& values : {r.Coefficients, r.DeltaCoefficients}) DemandFinite(values);
+    DemandFinite(
         TValues{r.AverageX, r.AverageY, r.VarianceX, r.VarianceY, r.R2, r.QRel, r.ChiSquare, r.AdjR2});
     if (!Weighted) KX_DEMAND(r.ChiSquare >= 0 && r.R2 <= 1.0000001);
 }
@@ -70,7 +68,7 @@ void DemandSimplex(const TCase& Case, TValues Vertex) {
         return C[0] + (C.size() > 1 ? C[1] * Case.X[I] : 0) + (C.size() > 2 ? std::sin(C[2] * Case.X[I]) : 0);
     };
     TKxSimplex simplex([&](std::span<const double> C) {
-        fuzz::DemandFinite(C);
+        DemandFinite(C);
         double sum = 0;
         for (std::size_t i = 0; i < Case.X.size(); ++i) sum += std::pow(Case.Y[i] - model(C, i), 2);
         return sum;
@@ -87,7 +85,7 @@ void DemandSimplex(const TCase& Case, TValues Vertex) {
             for (std::size_t i = 0; i < V.size(); ++i) V[i] = model(C, i);
         },
         int(Case.X.size()), {}, simplex.BestValue());
-    fuzz::DemandFinite(errors);
+    DemandFinite(errors);
     for (const double error : errors) KX_DEMAND(error >= 0, +std::to_string(error));
 }
 
@@ -103,5 +101,4 @@ KX_FUZZ(fits) {
     DemandSimplex(c, Data.Reals(4));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::fitstarget

@@ -4,7 +4,6 @@
 #include "fuzz/frames.h"
 
 #include <kxgraph/annotation/Kxclasses.h>
-#include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/objects/classes.h>
 #include <kxgraph/platform/objects/component.h>
 #include <kxgraph/platform/streaming/formfile.h>
@@ -13,8 +12,7 @@
 #include <memory>
 #include <sstream>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::formstarget {
 
 /// Bounded by memory and time alone: large numbers of these would try the machine, not the reader.
 bool IsCheap(const std::string& Text) {
@@ -57,7 +55,7 @@ const std::vector<std::string>& Pieces() {
     return pieces;
 }
 
-std::string Changed(fuzz::TData& Data) {
+std::string Changed(TData& Data) {
     static const std::string original = Original();
     std::string text = original;
     for (int changes = Data.Between(0, 12); changes > 0; --changes) {
@@ -102,9 +100,8 @@ KX_FUZZ(forms) {
     KX_DEMAND(FormToText(*again) == written, +written + "\n--- becomes ---\n" + FormToText(*again));
     if (auto* window = dynamic_cast<TForm*>(form.get())) {
         window->SetBounds(0, 0, 320, 240);
-        fuzz::DemandFrame(*window, quiet);
+        DemandFrame(*window, quiet);
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::formstarget

@@ -4,10 +4,9 @@
 
 #include <kxgraph/formula/Kxformula.h>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::formulastarget {
 
-void DemandEvaluation(TKxFormula& Formula, fuzz::TData& Data) {
+void DemandEvaluation(TKxFormula& Formula, TData& Data) {
     const auto& names = Formula.GetNames();
     for (const auto& name : names)
         KX_DEMAND(name != "x" && name != "pi" && name != "e" && !name.empty(), +name);
@@ -31,5 +30,4 @@ KX_FUZZ(formulas) {
     }
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::formulastarget

@@ -3,6 +3,8 @@
 // whatever they are. Built by itself over libFuzzer (preset fuzz, scripts/fuzz), and together with the others
 // into kxgraph_fuzz_replay, which puts the files of corpus/<target> through it.
 
+#include <kxgraph/platform/base/exceptions.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>

@@ -3,18 +3,16 @@
 #include "fuzz/fuzz.h"
 
 #include <kxgraph/persist/Kxlargeini.h>
-#include <kxgraph/platform/base/exceptions.h>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::initarget {
 
-std::string ValueOf(fuzz::TData& Data, int Most = 20) {
+std::string ValueOf(TData& Data, int Most = 20) {
     std::string value = Data.Text(Most);
     std::erase_if(value, [](char c) { return c == '\r' || c == '\n'; });
     return value;
 }
 
-std::string NameOf(fuzz::TData& Data) {
+std::string NameOf(TData& Data) {
     static constexpr const char* names[] = {"a", "A", "section", "key", "x.y", "",
                                             "[", "=", "]",       "Ü",   " ",   "a=b"};
     const int kind = Data.Between(0, 15);
@@ -39,7 +37,7 @@ void DemandSameAnswers(const TKxIniList& Store,
 }
 
 /// Values come back from a store that was written by the program alone, under names without markup.
-void DemandRoundTrips(fuzz::TData& Data) {
+void DemandRoundTrips(TData& Data) {
     TKxIniList written, read;
     const std::string text = ValueOf(Data);
     const double real = Data.Real();
@@ -64,7 +62,7 @@ void DemandRoundTrips(fuzz::TData& Data) {
     for (std::size_t i = 0; i < many.size(); ++i) KX_DEMAND(reads(many[i], back[i]), +written.GetText());
 }
 
-void Change(TKxIniList& Store, fuzz::TData& Data, const std::string& Section, const std::string& Key) {
+void Change(TKxIniList& Store, TData& Data, const std::string& Section, const std::string& Key) {
     const auto line = [&] { return Data.Between(0, std::max(Store.GetCount() - 1, 0)); };
     switch (Data.Between(0, 9)) {
     case 0:
@@ -105,5 +103,4 @@ KX_FUZZ(ini) {
     DemandSameAnswers(store, keys);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::initarget

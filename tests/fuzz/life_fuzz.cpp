@@ -15,19 +15,17 @@
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/annotation/Kxresultlabel.h>
 #include <kxgraph/graph/Kxgraph2d.h>
-#include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/objects/propertytext.h>
 #include <kxgraph/series/Kxarrowseries.h>
 #include <kxgraph/series/Kxbarseries.h>
 #include <kxgraph/series/Kxdataseries.h>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::lifetarget {
 
 /// Plays one life. Knows which components there are by their notices.
 class TLife : public TComponent {
 public:
-    explicit TLife(fuzz::TData& Data) : TComponent(nullptr), FData(Data) {
+    explicit TLife(TData& Data) : TComponent(nullptr), FData(Data) {
         for (int i = 0; i < 2; ++i) Keep(new TForm(nullptr))->SetBounds(0, 0, 300, 200);
         Make<TKx2DGraph>()->SetParent(Any<TForm>());
     }
@@ -117,7 +115,7 @@ private:
         case 12: delete Any<TComponent>(); break;
         case 13: Move(); break;
         default:
-            if (auto* form = Any<TForm>()) fuzz::DemandFrame(*form, FQuiet);
+            if (auto* form = Any<TForm>()) DemandFrame(*form, FQuiet);
         }
     }
 
@@ -256,7 +254,7 @@ private:
             owner->InsertComponent(component);
     }
 
-    fuzz::TData& FData;
+    TData& FData;
     test::TFaults FQuiet;
     std::vector<TComponent*> FAlive;
     int FHandling = 0;
@@ -267,5 +265,4 @@ KX_FUZZ(life) {
     for (int steps = 0; steps < 200 && !Data.IsEmpty(); ++steps) life.Step();
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::lifetarget

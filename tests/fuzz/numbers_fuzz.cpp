@@ -3,11 +3,9 @@
 #include "fuzz/fuzz.h"
 
 #include <kxgraph/numeric/Kxstrings.h>
-#include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/text/numbertext.h>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::numberstarget {
 
 /// Reads back what was written; Digits significant digits were kept.
 void DemandReadsBack(double Value, const std::string& Text, int Digits) {
@@ -85,5 +83,4 @@ KX_FUZZ(numbers) {
     DemandTexts(Data.Rest());
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::numberstarget

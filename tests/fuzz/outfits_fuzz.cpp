@@ -6,12 +6,10 @@
 #include <kxgraph/analysis/Kxlinearregressionline.h>
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/graph/Kxgraph2d.h>
-#include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/series/Kxbarseries.h>
 #include <kxgraph/series/Kxdataseries.h>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::outfitstarget {
 
 /// A graph with everything that an outfit holds.
 struct TPlot {
@@ -66,7 +64,7 @@ struct TPlot {
 };
 
 /// The outfit of a new graph with some of its values replaced.
-std::string Changed(fuzz::TData& Data) {
+std::string Changed(TData& Data) {
     static const std::string original = TPlot().Saved();
     TStringList lines;
     lines.SetText(original);
@@ -86,12 +84,11 @@ KX_FUZZ(outfits) {
     TPlot first, second;
     const std::string changed = Changed(Data);
     first.Load(changed + Data.Text(200));
-    fuzz::DemandFrame(first.Form, quiet);
+    DemandFrame(first.Form, quiet);
     const std::string saved = first.Saved();
     KX_DEMAND(second.Load(saved), +saved);
-    fuzz::DemandFrame(second.Form, quiet);
+    DemandFrame(second.Form, quiet);
     KX_DEMAND(second.Saved() == saved, +saved + "\n--- becomes ---\n" + second.Saved());
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::outfitstarget

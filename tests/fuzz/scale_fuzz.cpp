@@ -5,10 +5,9 @@
 #include <kxgraph/graph/Kxticks.h>
 #include <kxgraph/platform/text/numbertext.h>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::scaletarget {
 
-TKxScaleInput InputOf(fuzz::TData& Data) {
+TKxScaleInput InputOf(TData& Data) {
     TKxScaleInput input;
     input.Scaling = Data.OneOf({AxNormal, AxNormal, AxLog, AxLogEE});
     input.StartEnd = Data.OneOf({AxAutoRange, AxFirstSet, AxFixed});
@@ -94,5 +93,4 @@ KX_FUZZ(scale) {
     DemandTicks(ends, map, {orientation, true, Data.Flag()});
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::scaletarget

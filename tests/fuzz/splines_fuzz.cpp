@@ -7,10 +7,8 @@
 #include <kxgraph/analysis/Kxapproxspline.h>
 #include <kxgraph/analysis/Kxsmoothing.h>
 #include <kxgraph/numeric/Kxsort.h>
-#include <kxgraph/platform/base/exceptions.h>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::splinestarget {
 
 using test::ArrayOf;
 
@@ -88,7 +86,7 @@ KX_FUZZ(splines) {
     akima.SmoothLog = akima.Smooth && Data.Flag();
     akima.SmoothM = Data.Real();
     spline.WeightFactor = Data.Flag() ? 1 : Data.Real();
-    fuzz::TPoints points;
+    TPoints points;
     points.Take(Data, Data.Between(0, 24), weighted);
     TKxRealVector x(nullptr), y(nullptr), w(nullptr);
     x.AddValues(points.X);
@@ -100,5 +98,4 @@ KX_FUZZ(splines) {
     DemandSmoothed(akima.SmoothM, ArrayOf(points.X), ArrayOf(points.Y), akima.SmoothLog);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::splinestarget

@@ -8,16 +8,15 @@
 #include <kxgraph/svg/Kxsvgdevice.h>
 #include <kxgraph/svg/Kxsvgmarkup.h>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::svgtarget {
 
-TPoint PointOf(fuzz::TData& Data) {
+TPoint PointOf(TData& Data) {
     const auto one = [&] { return Data.Between(0, 7) ? Data.Between(0, 400) - 100 : Data.Integer() / 2; };
     const int x = one();
     return {x, one()};
 }
 
-void DrawOne(TCanvas& Canvas, fuzz::TData& Data) {
+void DrawOne(TCanvas& Canvas, TData& Data) {
     Canvas.Pen.SetWidth(Data.Between(0, 5));
     Canvas.Pen.SetStyle(Data.OneOf({psSolid, psDash, psDot, psClear}));
     Canvas.Pen.SetColor(TColor(Data.Integer()));
@@ -51,5 +50,4 @@ KX_FUZZ(svg) {
     if (!SameText(canvas.Font.GetName(), "symbol") && text.size() < 60) KX_DEMAND(content == shown, +content);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::svgtarget

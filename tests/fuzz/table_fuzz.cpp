@@ -7,8 +7,7 @@
 #include <kxgraph/table/Kxtable.h>
 #include <kxgraph/table/Kxtablenumber.h>
 
-namespace kx {
-namespace {
+namespace kx::fuzz::tabletarget {
 
 using TColumns = std::vector<std::vector<double>>;
 
@@ -68,5 +67,4 @@ KX_FUZZ(table) {
     KX_DEMAND(Same(columns, Read(written, "again")), +written);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::fuzz::tabletarget

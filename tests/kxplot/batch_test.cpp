@@ -5,9 +5,7 @@
 #include "kxplot/options/optiontable.h"
 #include "kxplot/program.h"
 
-namespace {
-
-using namespace kxplot::test;
+namespace kxplot::test::batch {
 
 class Batch : public Program {};
 
@@ -102,4 +100,4 @@ TEST_F(Batch, HelpManPageAndCompletionsHaveAllOptions) {
     EXPECT_EQ(std::system(("bash -n " + Path("c.bash")).c_str()), 0);
 }
 
-} // namespace
+} // namespace kxplot::test::batch

@@ -3,10 +3,7 @@
 #include "kxplot/follow/followedtable.h"
 #include "kxplot/program.h"
 
-namespace {
-
-using namespace kxplot::test;
-using kxplot::TFollowedTable;
+namespace kxplot::test::follow {
 
 class Follow : public Program {
 protected:
@@ -81,4 +78,4 @@ TEST_F(Follow, WritesWhatWasAskedForAtCtrlCAndAtTheEndOfItsInput) {
     ExpectError(2, "d.csv --follow d.csv", "--follow: goes with one table alone");
 }
 
-} // namespace
+} // namespace kxplot::test::follow

@@ -6,9 +6,7 @@
 #include <kxgraph/platform/objects/classes.h>
 #include <kxgraph/platform/streaming/describe.h>
 
-namespace {
-
-using namespace kxplot::test;
+namespace kxplot::test::formfile {
 
 class FormFile : public Program {
 protected:
@@ -92,4 +90,4 @@ TEST_F(FormFile, TheReferenceIsThatOfTheRows) {
     EXPECT_TRUE(Holds(axis, "## TControl\n"));
 }
 
-} // namespace
+} // namespace kxplot::test::formfile

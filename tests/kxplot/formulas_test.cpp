@@ -10,9 +10,7 @@
 
 #include <csignal>
 
-namespace {
-
-using namespace kxplot::test;
+namespace kxplot::test::formulas {
 
 class Formulas : public Program {
 protected:
@@ -126,4 +124,4 @@ TEST(FitWatchDeathTest, CatchesOneInterruptAndNoneWhereTheyAreIgnored) {
     EXPECT_EXIT(twice(), testing::KilledBySignal(SIGINT), "alive$");
 }
 
-} // namespace
+} // namespace kxplot::test::formulas

@@ -4,10 +4,7 @@
 #include "kxplot/methods/methods.h"
 #include "kxplot/options/usageerror.h"
 
-namespace {
-
-using namespace kxplot;
-using test::Parsed;
+namespace kxplot::test::options {
 
 std::string Text(double Value) { return kx::FloatToStr(Value); }
 std::string Text(const std::string& Value) { return Value; }
@@ -158,4 +155,4 @@ TEST(Options, MeanWhatTheFileSays) {
     EXPECT_EQ(MeaningOf(Parsed("-")), "-; write kxplot.png");
 }
 
-} // namespace
+} // namespace kxplot::test::options

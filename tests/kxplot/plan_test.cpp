@@ -9,10 +9,8 @@
 
 #include <kxgraph/table/Kxtable.h>
 
-namespace {
+namespace kxplot::test::plan {
 
-using namespace kxplot;
-using test::Cases, test::Parsed, test::TText;
 using TList = std::vector<double>;
 
 constexpr const char* CTable = "t,u,v,e\n1,2,3,0.1\n2,4,5,0.2\n4,3,1,0.1\n";
@@ -177,4 +175,4 @@ TEST(Bins, CountEachFiniteValueOnce) {
     }
 }
 
-} // namespace
+} // namespace kxplot::test::plan

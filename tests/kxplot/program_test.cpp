@@ -4,9 +4,7 @@
 
 #include <sys/resource.h>
 
-namespace {
-
-using namespace kxplot::test;
+namespace kxplot::test::program {
 
 TEST_F(Program, WritesAPngOfDefaultSizeBesideTheDataAndNothingElse) {
     const TOutcome outcome = Run({"d.csv"});
@@ -230,4 +228,4 @@ TEST_F(Program, WritesResultsToAFileOrToStandardOutputAlone) {
     EXPECT_EQ(Read("r.ini"), one);
 }
 
-} // namespace
+} // namespace kxplot::test::program

@@ -2,9 +2,7 @@
 
 #include "kxplot/program.h"
 
-namespace {
-
-using namespace kxplot::test;
+namespace kxplot::test::runs {
 
 class Runs : public Program {
 protected:
@@ -91,4 +89,4 @@ TEST_F(Runs, ShowFindAndSayWhatTheFileSays) {
     EXPECT_GT(count, 80);
 }
 
-} // namespace
+} // namespace kxplot::test::runs
