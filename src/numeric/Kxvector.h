@@ -110,8 +110,8 @@ public:
     }
     /// Where GetEnds finds it easy to begin: at or before Index, by less than TKxExtremes::CBlock.
     int GetBlockStart(int Index) const { return Extremes().BlockStart(Index); }
-    /// GetValue(GetBlockStart(Index)), of a vector that has just been found ascending (or descending), without
-    /// a look at the values.
+    /// GetValue(GetBlockStart(Index)), of a vector that has just been found ascending (or descending),
+    /// without a look at the values.
     double GetBlockFirst(int Index, bool Ascending) const { return Extremes().BlockFirst(Index, Ascending); }
     /// Whether the values never fall (rise), and all of them are numbers.
     bool IsAscending() const { return Extremes().IsAscending(Values()); }

@@ -81,8 +81,7 @@ QString FormView::FindFile(const QString& FileName) const {
 std::unique_ptr<TForm> FormView::Read(const QString& FileName) const {
     QFile file(FileName);
     const std::string name = file.fileName().toStdString();
-    if (!file.open(QIODevice::ReadOnly))
-        throw EFileError(name + ": " + file.errorString().toStdString());
+    if (!file.open(QIODevice::ReadOnly)) throw EFileError(name + ": " + file.errorString().toStdString());
     const QByteArray text = file.readAll();
     std::unique_ptr<TComponent> root =
         FormFromText({text.constData(), std::size_t(text.size())}, name, Reading());
