@@ -312,6 +312,22 @@ TEST(CalculatedSeries, NumbersSectionsOfOneKindAmongTheParentsChildren) {
     EXPECT_FALSE(stored.SectionExists("PolynomialRegression(2)"));
 }
 
+TEST(CalculatedSeries, ShowsPositionsAsItsAxisDoesFromThenOn) {
+    TFixture f;
+    f.Curve->SetParentSeries(f.Series);
+    f.Draw();
+    const int runs = f.Curve->Runs;
+    const auto stop = [&f] { return f.Curve->GetResults().ReadString("Curve1", "CalcStop", ""); };
+    const AnsiString number = stop();
+    f.Set("XAxis1.LabelKind=lkDates");
+    f.Draw();
+    EXPECT_EQ(stop(), "1970-01-01T00:00:20");
+    EXPECT_EQ(f.Curve->Runs, runs) << "without a calculation";
+    f.Set("XAxis1.LabelKind=lkNumbers");
+    f.Draw();
+    EXPECT_EQ(stop(), number);
+}
+
 TEST(CalculatedSeries, ReadsAnOutfitBackWithoutSwitchingAnAutomaticOff) {
     TFixture f;
     f.Join();
