@@ -159,7 +159,7 @@ TAccessiblePart TCustomListBox::Accessible() const {
                               .Value = {},
                               .Description = {},
                               .Bounds = ItemRect(i),
-                              .Focused = part.Focused && i == FItemIndex,
+                              .Focused = part.Focused && i == GetItemIndex(),
                               .Enabled = ItemEnabled(i),
                               .Checked = i == GetItemIndex()});
     return part;
