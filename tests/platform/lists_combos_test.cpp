@@ -100,6 +100,60 @@ TEST(ListBox, IsChosenFromAndScrolledByTheMouse) {
     EXPECT_FALSE(Turn(f.Client(), -1, row(0))) << "nothing to scroll: the turn is another's";
 }
 
+TEST(ListBox, HasSeveralItemsChosenByMouseAndKeys) {
+    TChoiceForm<TListBox> f; // without item 2
+    f.Widget.SetBounds(20, 10, 120, 220);
+    f.Widget.SetItemIndex(1);
+    f.Widget.SetMultiSelect(true);
+    const auto at = [&](int Item) { return f.Widget.ClientToRoot(f.Widget.ItemRect(Item).TopLeft()); };
+    struct TStep {
+        int Item; ///< where it is pressed; -1: Keys
+        TShiftState Shift;
+        const char *Keys, *Chosen;
+        int ItemIndex, Selected;
+    };
+    const TStep steps[] = {{-1, 0, "", "1 ", 1, 0},
+                           {4, ssCtrl, "", "1 4 ", 4, 1},
+                           {1, ssCtrl, "", "4 ", 1, 1},
+                           {5, ssShift, "", "1 3 4 5 ", 5, 1},
+                           {3, ssShift, "", "1 3 ", 3, 1},
+                           {6, 0, "", "6 ", 6, 1},
+                           {0, ssShift | ssCtrl, "", "0 1 3 4 5 6 ", 0, 1},
+                           {2, 0, "", "0 1 3 4 5 6 ", 0, 0},
+                           {-1, 0, "{Down}", "1 ", 1, 1},
+                           {-1, 0, "{S-Down}{S-Down}", "1 3 4 ", 4, 2},
+                           {-1, 0, "{C-Down}", "1 3 4 ", 5, 0},
+                           {-1, 0, "{C-Down}{Space}", "1 3 4 6 ", 6, 1},
+                           {-1, 0, "{Space}", "1 3 4 6 ", 6, 0},
+                           {-1, 0, "{C-Space}", "1 3 4 ", 6, 1},
+                           {-1, 0, "{C-a}", "0 1 3 4 5 6 7 ", 6, 1},
+                           {-1, 0, "d", "4 ", 4, 1}};
+    const auto chosen = [&] {
+        std::string text;
+        for (const int item : f.Widget.GetSelected()) text += std::to_string(item) + " ";
+        return text;
+    };
+    for (const TStep& s : steps) {
+        SCOPED_TRACE(std::to_string(s.Item) + s.Keys + " " + s.Chosen);
+        f.Selected = 0;
+        if (s.Item >= 0)
+            Click(f.Client(), at(s.Item), s.Shift);
+        else
+            Type(f.Client(), s.Keys);
+        EXPECT_EQ(chosen(), s.Chosen);
+        EXPECT_EQ(f.Widget.GetItemIndex(), s.ItemIndex);
+        EXPECT_EQ(f.Selected, s.Selected);
+    }
+    Mouse(f.Client(), TMouseKind::Down, at(3));
+    for (const int item : {5, 4}) Mouse(f.Client(), TMouseKind::Move, at(item));
+    EXPECT_EQ(chosen(), "3 4 ") << "dragged over";
+    EXPECT_TRUE(f.Widget.Accessible().Parts[4].Checked && !f.Widget.Accessible().Parts[5].Checked);
+    f.Widget.SetItems({"a", "b", "c", "d"});
+    EXPECT_EQ(chosen(), "3 ") << "what there is no more";
+    f.Widget.SetMultiSelect(false);
+    EXPECT_EQ(chosen(), "");
+}
+
 struct TComboForm : TChoiceForm<TComboBox> {
     THostClient* Popup() { return Host().PopupBeside(Client()); }
     const THeadlessHost::TWindowView& View() { return *Host().WindowOf(*Popup()); }

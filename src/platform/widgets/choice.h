@@ -38,7 +38,7 @@ protected:
     /// OnSelect.
     virtual void Select(int Index);
     /// The user wants the item, which may be the chosen one already, or none.
-    void Choose(int Index);
+    virtual void Choose(int Index);
     /// Chooses what Stroke goes to, Page items a page, or what its text finds; false where it means neither.
     bool ChooseByKey(const TKeyStroke& Stroke, int Page);
     int ItemOrNone() const { return HasItem() ? FItemIndex : -1; }

@@ -44,6 +44,7 @@ void TCustomListBox::ShowItem(int Index) {
 
 void TCustomListBox::ItemsChanged() {
     FHotItem = -1;
+    FMarks.Limit(ItemCount());
     TCustomChoice::ItemsChanged();
 }
 
@@ -62,7 +63,9 @@ int TCustomListBox::ItemAt(TPoint Pos) const {
 bool TCustomListBox::KeyDown(const TKeyStroke& Stroke) {
     const TComponentRef<TCustomListBox> self(this);
     if (TCustomChoice::KeyDown(Stroke)) return true;
-    if (!self || !IsOperable() || (Stroke.Shift & (ssCtrl | ssAlt)) || Stroke.Text == " ") return false;
+    if (!self || !IsOperable() || (Stroke.Shift & ssAlt) || ItemCount() == 0) return false;
+    if (FMultiSelect && MarkByKey(Stroke)) return true;
+    if ((Stroke.Shift & ssCtrl) || Stroke.Text == " ") return false;
     return ChooseByKey(Stroke, std::max(PageRows() - 1, 1));
 }
 
@@ -73,7 +76,7 @@ void TCustomListBox::MouseDown(TMouseButton Button, TShiftState Shift, int X, in
             if (const auto top = FScroll.Press({X, Y})) SetTopIndex(RoundToInt(*top));
         } else {
             FPressed = true;
-            Choose(ItemAt({X, Y}));
+            Pick(ItemAt({X, Y}), Shift);
         }
     }
     if (self) TCustomChoice::MouseDown(Button, Shift, X, Y);
@@ -86,8 +89,10 @@ void TCustomListBox::MouseMove(TShiftState Shift, int X, int Y) {
     if (item != FHotItem) Invalidate();
     FHotItem = item;
     const int row = Y < 0 ? -1 : Y / RowHeight(); // beyond an edge the list scrolls along
-    if (FPressed || (FollowsMouse() && item >= 0 && !FScroll.IsDragged()))
-        Choose(item >= 0 ? item : FPressed ? std::clamp(FTopIndex + row, 0, ItemCount() - 1) : -1);
+    if (FPressed || (FollowsMouse() && item >= 0 && !FScroll.IsDragged())) {
+        const int target = item >= 0 ? item : FPressed ? std::clamp(FTopIndex + row, 0, ItemCount() - 1) : -1;
+        if (target != GetItemIndex()) Pick(target, Shift | ssShift);
+    }
     if (self) TCustomChoice::MouseMove(Shift, X, Y);
 }
 
@@ -124,10 +129,8 @@ void TCustomListBox::SetBounds(int Left, int Top, int Width, int Height) {
 
 void TCustomListBox::PaintItem(int Index) {
     TDrawState state = GetDrawState() & ~unsigned(odHot);
-    if (Index == GetItemIndex())
-        state |= odSelected | (HasKeys() ? 0u : odInactive);
-    else
-        state &= ~unsigned(odFocused);
+    if (IsSelected(Index)) state |= odSelected | (HasKeys() ? 0u : odInactive);
+    if (Index != GetItemIndex()) state &= ~unsigned(odFocused);
     if (Index == FHotItem && IsHot()) state |= odHot;
     if (!ItemEnabled(Index)) state |= odDisabled;
     const TRect rect = ItemRect(Index);
@@ -137,6 +140,8 @@ void TCustomListBox::PaintItem(int Index) {
     GetCanvas().Font.SetColor(TextColorFor(GetFont(), state));
     DrawItem(GetCanvas(), Index, rect, state);
     GetCanvas().Font.Assign(GetFont());
+    if (FMultiSelect && (state & odFocused)) // it need not be chosen
+        PaintOutline(GetCanvas(), rect, Blended(clHighlight, clBlack, 0.4));
 }
 
 void TCustomListBox::Paint() {
@@ -161,7 +166,7 @@ TAccessiblePart TCustomListBox::Accessible() const {
                               .Bounds = ItemRect(i),
                               .Focused = part.Focused && i == GetItemIndex(),
                               .Enabled = ItemEnabled(i),
-                              .Checked = i == GetItemIndex()});
+                              .Checked = IsSelected(i)});
     return part;
 }
 
@@ -174,7 +179,9 @@ const TPropertyTable& TListBox::Properties() {
     using C = TListBox;
     static const TPropertyTable table(
         "TListBox", &TCustomListBox::Properties(),
-        {Published<&C::GetLines, &C::SetLines>("Items", "", "The items, a line each")});
+        {Published<&C::GetLines, &C::SetLines>("Items", "", "The items, a line each"),
+         Published<&C::GetMultiSelect, &C::SetMultiSelect>("MultiSelect", false,
+                                                           "Whether several items can be chosen")});
     return table;
 }
 
