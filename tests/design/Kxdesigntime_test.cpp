@@ -11,15 +11,9 @@
 #include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/streaming/formfile.h>
 
-#include <gtest/gtest.h>
-
 #include <initializer_list>
-#include <memory>
-#include <set>
-#include <string>
 
-namespace kx {
-namespace {
+namespace kx::test::designtime {
 
 std::string OrderOf(TKx2DGraph& Graph) {
     std::string names;
@@ -30,7 +24,7 @@ std::string OrderOf(TKx2DGraph& Graph) {
 
 TEST(DesignTime, SeriesFollowTheOrderOfComponentsAndDataAtOnce) {
     for (const bool isDesigning : {true, false}) {
-        test::TGraphForm f;
+        TGraphForm f;
         f.Fill({{0, 1}, {1, 3}, {2, 5}});
         auto *first = f.AddSeries(), *second = f.AddSeries();
         first->SetName("A");
@@ -38,12 +32,12 @@ TEST(DesignTime, SeriesFollowTheOrderOfComponentsAndDataAtOnce) {
         f.Form->SetDesigning(isDesigning); // as a form that was read
         TRecorder recorder({420, 320}, 96, false);
         PaintFrame(*f.Form, recorder);
-        test::Host().Advance(150);
+        Host().Advance(150);
         PaintFrame(*f.Form, recorder);
         EXPECT_EQ(OrderOf(*f.Graph), "AB");
         second->SetComponentIndex(0);
         EXPECT_FALSE(f.Graph->NeedsSettling());
-        test::Host().Advance(150);
+        Host().Advance(150);
         EXPECT_EQ(f.Graph->NeedsSettling(), isDesigning);
 
         // What is bound at design time has its points, and its children theirs, before the next frame.
@@ -61,7 +55,7 @@ TEST(DesignTime, SeriesFollowTheOrderOfComponentsAndDataAtOnce) {
 }
 
 TEST(DesignTime, CaptionsAreEditedWhereTheyShow) {
-    test::TGraphForm f;
+    TGraphForm f;
     f.Set("Graph1.ShowTitle=1;Graph1.Caption=Title;XAxis1.ShowCaption=1;YAxis1.ShowCaption=1");
     f.Set("XAxis1.Caption=c\\-0\\- / mM;YAxis1.Caption=absorption at 500 nm");
     f.Draw();
@@ -110,5 +104,4 @@ TEST(Palette, HasEveryClassThatStandsOnAForm) {
     EXPECT_TRUE(controls.contains("TKxAxis") && !controls.contains("TKxDataSeries"));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::designtime

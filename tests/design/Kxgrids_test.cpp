@@ -1,25 +1,15 @@
 #include <kxgraph/design/Kxcoefficientgrid.h>
 #include <kxgraph/design/Kxvaluesgrid.h>
 
-#include "support/errors.h"
 #include "support/graphfixture.h"
 
 #include <kxgraph/analysis/Kxfittedline.h>
 #include <kxgraph/design/Kxdesignrows.h>
 #include <kxgraph/table/Kxfilevector.h>
 
-#include <gtest/gtest.h>
+namespace kx::test::grids {
 
-#include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <vector>
-
-namespace kx {
-namespace {
-
-struct TGrids : test::TGraphForm {
+struct TGrids : TGraphForm {
     TKxPropertyPlace PlaceOf(std::string_view Name, const std::vector<TComponent*>& Components) {
         std::vector<TKxPropertyTarget> targets;
         for (TComponent* component : Components)
@@ -52,7 +42,7 @@ TEST(ValuesGrid, PastesWhatSpreadsheetsCopyOrRefusesItWhole) {
         f.XV->AddValues(std::vector<double>{1, 2, 3});
         f.YV->AddValues(std::vector<double>{1, 2});
         TKxValuesGrid grid(f.PlaceOf("Values", {f.XV, f.YV}));
-        EXPECT_EQ(test::MessageOf<EPropertyError>([&] { grid.Paste(1, 0, c.Text); }), c.Message);
+        EXPECT_EQ(MessageOf<EPropertyError>([&] { grid.Paste(1, 0, c.Text); }), c.Message);
         grid.Apply();
         EXPECT_EQ(f.Told(*f.XV), c.X) << c.Text;
         EXPECT_EQ(f.Told(*f.YV), c.Y) << c.Text;
@@ -67,7 +57,7 @@ TEST(ValuesGrid, EditsACopyUntilItIsApplied) {
     EXPECT_EQ(grid.GetHeader(1), "Y1");
     grid.SetText(0, 0, "1,5");
     EXPECT_EQ(grid.GetText(0, 0) + "," + grid.GetText(0, 1), "1.5,");
-    EXPECT_EQ(test::MessageOf([&] { grid.SetText(1, 0, "two"); }), "row 2: 'two' is not a number");
+    EXPECT_EQ(MessageOf([&] { grid.SetText(1, 0, "two"); }), "row 2: 'two' is not a number");
     grid.Insert(1, 2);
     grid.SetText(5, 1, "9");
     grid.Delete(3);
@@ -96,7 +86,7 @@ TEST(ValuesGrid, LoadsAColumnOfATable) {
     vector.SetColumn("t");
     TKxValuesGrid other(f.PlaceOf("Values", {&vector}));
     other.SetText(0, 0, "8");
-    EXPECT_NE(test::MessageOf<EPropertyError>([&] { other.Apply(); }), "");
+    EXPECT_NE(MessageOf<EPropertyError>([&] { other.Apply(); }), "");
     EXPECT_EQ(vector.GetValue(0), 1);
     std::filesystem::remove(file);
 }
@@ -131,7 +121,7 @@ TEST(CoefficientGrid, WritesNamesStartsAndLimits) {
                            TCase{grid.ccStart, "", "row 3: a coefficient starts from a number"},
                            TCase{grid.ccPresent, "1", "what a fit has found is no setting"}}) {
         grid.Revert();
-        EXPECT_EQ(test::MessageOf<EPropertyError>([&] { grid.SetText(2, c.Column, c.Text), grid.Apply(); }),
+        EXPECT_EQ(MessageOf<EPropertyError>([&] { grid.SetText(2, c.Column, c.Text), grid.Apply(); }),
                   c.Message);
         EXPECT_EQ(line.GetBounds(), "k=0.., c=-2..4");
     }
@@ -140,5 +130,4 @@ TEST(CoefficientGrid, WritesNamesStartsAndLimits) {
     EXPECT_EQ(grid.GetProblem(), "Fitted Line: 'k=5' is not NAME=LOW..HIGH");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::grids

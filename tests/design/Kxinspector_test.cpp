@@ -1,6 +1,5 @@
 #include <kxgraph/design/Kxinspector.h>
 
-#include "support/errors.h"
 #include "support/graphfixture.h"
 #include "support/othertext.h"
 
@@ -15,16 +14,7 @@
 #include <kxgraph/platform/streaming/events.h>
 #include <kxgraph/series/Kxbarseries.h>
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <memory>
-#include <set>
-#include <string>
-#include <vector>
-
-namespace kx {
-namespace {
+namespace kx::test::inspector {
 
 /// Lists what is done; a failing step passes through.
 struct TSteps : TKxDesignChange {
@@ -61,7 +51,7 @@ void RegisterHandlers() {
     RegisterEvent("Model", TKxFittingFkt([](double X, const TKxRealArray&) { return X; }));
 }
 
-struct TInspected : test::TGraphForm {
+struct TInspected : TGraphForm {
     TInspected() {
         RegisterClasses();
         Form->SetDesigning(true);
@@ -101,10 +91,10 @@ struct TEveryClass : TInspected {
         EXPECT_FALSE(row.Help.empty());
         if (property.Kind == TPropertyKind::SubObject) return EditPartAndReset(row, told);
         if (!property.Set) return; // only shown
-        const std::string before = row.Text, other = test::OtherText(row);
+        const std::string before = row.Text, other = OtherText(row);
         if (isEvent && other.empty()) return; // of a type without a handler here
         if (row.IsReadOnly || other.empty()) return Note(row.IsReadOnly ? ReadOnly : Without, told);
-        const std::string error = test::MessageOf([&] { Inspector.SetText(Path, other); });
+        const std::string error = MessageOf([&] { Inspector.SetText(Path, other); });
         if (row.Text == before) return Note(Unset, told + error);
         ++(isEvent ? Connected : Edited);
         const bool hasEnds = row.Editor->GetKind() == TKxEditorKind::Number;
@@ -118,8 +108,8 @@ struct TEveryClass : TInspected {
     /// An object is reset with all its parts.
     void EditPartAndReset(const TKxInspectorRow& Row, const std::string& Told) {
         for (const auto& part : Row.Parts) {
-            const std::string other = part->IsReadOnly ? std::string() : test::OtherText(*part);
-            if (!other.empty()) test::MessageOf([&] { Inspector.SetText(part->Path, other); });
+            const std::string other = part->IsReadOnly ? std::string() : OtherText(*part);
+            if (!other.empty()) MessageOf([&] { Inspector.SetText(part->Path, other); });
         }
         if (Row.IsDefault) return; // its parts are objects
         if (Row.CanReset) Inspector.Reset(Row.Path);
@@ -149,7 +139,7 @@ struct TEveryClass : TInspected {
 
 TEST(Inspector, EditsAndResetsEveryPropertyOfEveryClass) {
     TEveryClass all;
-    test::TFaults faults;
+    TFaults faults;
     for (const TComponentClass& type : RegisteredClasses()) {
         std::vector<std::string> paths;
         {
@@ -221,10 +211,10 @@ TEST(Inspector, ChangesSeveralComponentsAtOnceOrNone) {
           TCase{"PopupMenu", "XAxis1", "PopupMenu: 'XAxis1' is not a component of the form"},
           TCase{"OnClick", "no one", "OnClick: 'no one' is not the name of a handler"},
           TCase{"Colour", "clRed", "there is no property 'Colour' here; did you mean 'Color'?"}}) {
-        const auto message = test::MessageOf<EPropertyError>([&] { f.Inspector.SetText(c.Path, c.Text); });
+        const auto message = MessageOf<EPropertyError>([&] { f.Inspector.SetText(c.Path, c.Text); });
         EXPECT_EQ(message.substr(0, std::string(c.Message).size()), c.Message);
     }
-    EXPECT_EQ(test::MessageOf([&] { f.Select({f.Label}), f.Inspector.SetText("Name", "Fit1"); }),
+    EXPECT_EQ(MessageOf([&] { f.Select({f.Label}), f.Inspector.SetText("Name", "Fit1"); }),
               "A component named Fit1 already exists");
     EXPECT_EQ(f.Label->GetName(), "Label1");
 }
@@ -254,7 +244,7 @@ TEST(Inspector, EditsFontsInOneLine) {
         EXPECT_EQ(f.Steps.Text, "Change Font;");
     }
     for (const char* text : {"Arial, Times", "10, 12", "Arial, 0"})
-        EXPECT_EQ(test::MessageOf<EPropertyError>([&] { f.Inspector.SetText("Font", text); }),
+        EXPECT_EQ(MessageOf<EPropertyError>([&] { f.Inspector.SetText("Font", text); }),
                   "Font: '" + std::string(text) + "' is not a font such as 'Arial, 10, fsBold'");
     f.Inspector.Reset("Font");
     EXPECT_EQ(f.TextOf("Font"), first);
@@ -373,5 +363,4 @@ TEST(Inspector, OutlivesAStepThatReplacesWhatItShows) {
     EXPECT_TRUE(inspector.GetSelected().empty());
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::inspector

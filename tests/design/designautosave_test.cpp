@@ -3,26 +3,19 @@
 #include <kxgraph/design/Kxdesignautosave.h>
 
 #include "support/headless.h"
+#include "support/testing.h"
 
 #include <kxgraph/annotation/Kxclasses.h>
 #include <kxgraph/design/Kxdesigncommands.h>
-#include <kxgraph/platform/text/files.h>
-
-#include <gtest/gtest.h>
 
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
-#include <filesystem>
-#include <random>
-#include <string>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
-namespace kx {
-namespace {
+namespace kx::test::designautosave {
 
 class DesignAutosave : public testing::Test {
 protected:
@@ -41,10 +34,10 @@ TEST_F(DesignAutosave, WritesEveryFewSecondsWhatHasChangedAndGoesWithTheDocument
     const std::string file = testing::TempDir() + "/autosaved.kxf";
     {
         TKxDesignAutosave autosave(document, Directory);
-        test::Host().Advance(10000);
+        Host().Advance(10000);
         EXPECT_EQ(autosave.GetFileName(), "") << "nothing to keep";
         CreateComponent(document, "TKxLabel");
-        test::Host().Advance(TKxDesignAutosave::CInterval);
+        Host().Advance(TKxDesignAutosave::CInterval);
         ASSERT_NE(autosave.GetFileName(), "");
         EXPECT_TRUE(ReadFile(autosave.GetFileName()).ends_with(document.GetText()));
         EXPECT_TRUE(FindRecoveries(Directory).empty()) << "this program still runs";
@@ -98,5 +91,4 @@ TEST_F(DesignAutosave, LosesNoMoreThanWhatCameAfterTheLastWriteWhenItIsKilled) {
     munmap(const_cast<int*>(done), sizeof(int));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::designautosave

@@ -6,27 +6,17 @@
 #include <kxgraph/design/Kxinspector.h>
 
 #include "design/randomcommands.h"
+#include "support/testing.h"
 
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 #include <kxgraph/analysis/Kxfitband.h>
 #include <kxgraph/annotation/Kxclasses.h>
 #include <kxgraph/graph/Kxgraph2d.h>
 #include <kxgraph/numeric/Kxvector.h>
-#include <kxgraph/platform/base/exceptions.h>
-#include <kxgraph/platform/host/application.h>
-#include <kxgraph/platform/text/files.h>
 #include <kxgraph/platform/widgets/button.h>
 #include <kxgraph/series/Kxdataseries.h>
 
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <string>
-#include <vector>
-
-namespace kx {
-namespace {
+namespace kx::test::designdocument {
 
 class DesignDocument : public testing::Test {
 protected:
@@ -227,5 +217,4 @@ TEST_F(DesignDocument, UndoesRandomCommandsToTheBeginningAndRedoesThemToTheEnd) 
     EXPECT_LE(Document.GetRebuilds(), 2 + count / 50) << "setters bring nearly all of it back";
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::designdocument

@@ -2,18 +2,13 @@
 
 #include <kxgraph/design/Kxdesignimport.h>
 
+#include "support/testing.h"
+
 #include <kxgraph/annotation/Kxclasses.h>
 #include <kxgraph/graph/Kxgraph2d.h>
 #include <kxgraph/series/Kxdataseries.h>
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <string>
-
-namespace kx {
-namespace {
+namespace kx::test::designimport {
 
 class DesignImport : public testing::Test {
 protected:
@@ -87,5 +82,4 @@ TEST_F(DesignImport, NamesTablesBesideTheFormByTheWayFromThere) {
     EXPECT_EQ(again.GetText(), Document.GetText());
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::designimport

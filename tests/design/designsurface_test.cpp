@@ -4,6 +4,7 @@
 #include <kxgraph/design/Kxdesignsurface.h>
 
 #include "support/headless.h"
+#include "support/testing.h"
 
 #include <kxgraph/annotation/Kxclasses.h>
 #include <kxgraph/annotation/Kxlabel.h>
@@ -12,12 +13,7 @@
 #include <kxgraph/platform/controls/frame.h>
 #include <kxgraph/series/Kxdataseries.h>
 
-#include <gtest/gtest.h>
-
-#include <string>
-
-namespace kx {
-namespace {
+namespace kx::test::designsurface {
 
 class DesignSurface : public testing::Test {
 protected:
@@ -200,13 +196,12 @@ TEST_F(DesignSurface, PaintsHandlesInTheWindowAlone) {
         return recorder.Recording.ToText();
     };
     const auto before = picture();
-    test::Host().ProcessMessages();
-    const auto window = test::ViewOf(Document.GetForm()).LastFrame.ToText();
+    Host().ProcessMessages();
+    const auto window = ViewOf(Document.GetForm()).LastFrame.ToText();
     Click({50, 50});
-    test::Host().ProcessMessages();
+    Host().ProcessMessages();
     EXPECT_EQ(picture(), before);
-    EXPECT_NE(test::ViewOf(Document.GetForm()).LastFrame.ToText(), window);
+    EXPECT_NE(ViewOf(Document.GetForm()).LastFrame.ToText(), window);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::designsurface

@@ -5,14 +5,9 @@
 #include <kxgraph/platform/widgets/edit.h>
 
 #include "support/keys.h"
-#include "support/recording.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <random>
-
-namespace kx {
-namespace {
+namespace kx::test::captionedit {
 
 /// An edit whose characters are 6 wide and 10 high (4 wide in scripts), on a window.
 struct TEditForm {
@@ -25,12 +20,12 @@ struct TEditForm {
         Form.AsHostClient().HostActivated(true);
         Edit.SetFocus();
     }
-    void Press(std::string_view Keys) { test::Type(Form.AsHostClient(), Keys); }
+    void Press(std::string_view Keys) { Type(Form.AsHostClient(), Keys); }
     void MouseAt(int From, int To, TShiftState Shift = 0) {
         const auto at = [&](int Place) { return Edit.ClientToRoot({Edit.PixelOf(Place) + 1, 12}); };
-        test::Mouse(Form.AsHostClient(), TMouseKind::Down, at(From), Shift);
-        test::Mouse(Form.AsHostClient(), TMouseKind::Move, at(To));
-        test::Mouse(Form.AsHostClient(), TMouseKind::Up, at(To));
+        Mouse(Form.AsHostClient(), TMouseKind::Down, at(From), Shift);
+        Mouse(Form.AsHostClient(), TMouseKind::Move, at(To));
+        Mouse(Form.AsHostClient(), TMouseKind::Up, at(To));
     }
     /// The text with | for the caret and [ for the other end of the selection.
     std::string Shown() const {
@@ -136,7 +131,7 @@ TEST(CaptionEdit, UndoesWhatWasDoneInOneGo) {
 
 TEST(CaptionEdit, CopiesTextAndMarkupAndTakesBoth) {
     TEditForm f;
-    THeadlessHost& host = test::Host();
+    THeadlessHost& host = Host();
     f.Edit.SetCaption("x\\+2\\+  y");
     f.Press("{C-A}{C-X}{C-V}{C-V}");
     EXPECT_EQ(f.Edit.GetCaption(), "x\\+2\\+  yx\\+2\\+  y");
@@ -186,7 +181,7 @@ TEST(CaptionEdit, TakesTheMouseAtTheCharactersThatItShows) {
     EXPECT_EQ(shown(2, 2, ssDouble), "[Tmax| of x2, K");
     EXPECT_EQ(shown(2, 2), "[Tmax of x2, K|"); // the third
     EXPECT_EQ(shown(6, 6, ssDouble), "Tmax [of| x2, K");
-    test::Host().Advance(1000);
+    Host().Advance(1000);
     EXPECT_EQ(shown(6, 6), "Tmax o|f x2, K");
     EXPECT_EQ(shown(6, 2, ssDouble), "|Tmax of[ x2, K");
     EXPECT_EQ(shown(0, 6, ssDouble), "[Tmax of| x2, K");
@@ -233,16 +228,16 @@ TEST(CaptionEdit, PaintsCaptionSelectionAndCaret) {
     TEditForm f;
     f.Edit.SetCaption("x\\+2\\+ of \\sa\\s\\-i\\-");
     f.Press("{Home}{Right}{S-Right}{S-Right}");
-    test::Host().ProcessMessages();
-    std::string listing = test::ViewOf(f.Form).LastFrame.ToText();
+    Host().ProcessMessages();
+    std::string listing = ViewOf(f.Form).LastFrame.ToText();
     f.Press("{Left}");
     f.Edit.SetAlignment(taRightJustify);
-    test::Host().ProcessMessages();
-    listing += "-- without selection, at the right\n" + test::ViewOf(f.Form).LastFrame.ToText();
+    Host().ProcessMessages();
+    listing += "-- without selection, at the right\n" + ViewOf(f.Form).LastFrame.ToText();
     f.Edit.SetEnabled(false);
-    test::Host().ProcessMessages();
-    listing += "-- disabled\n" + test::ViewOf(f.Form).LastFrame.ToText();
-    test::ExpectRecording("captionedit", listing);
+    Host().ProcessMessages();
+    listing += "-- disabled\n" + ViewOf(f.Form).LastFrame.ToText();
+    ExpectRecording("captionedit", listing);
 }
 
 TEST(CaptionBar, ShowsAndSwitchesTheLooksOfItsEdit) {
@@ -253,11 +248,11 @@ TEST(CaptionBar, ShowsAndSwitchesTheLooksOfItsEdit) {
     bar->SetEdit(&f.Edit);
     const auto press = [&](TKxCaptionSwitch Which) {
         const TRect rect = bar->ButtonRect(Which);
-        test::Click(f.Form.AsHostClient(), bar->ClientToRoot({rect.Left + 3, rect.Top + 3}));
+        Click(f.Form.AsHostClient(), bar->ClientToRoot({rect.Left + 3, rect.Top + 3}));
     };
     const auto frame = [&] {
-        test::Host().ProcessMessages();
-        return test::ViewOf(f.Form).LastFrame.ToText();
+        Host().ProcessMessages();
+        return ViewOf(f.Form).LastFrame.ToText();
     };
     f.Press("x");
     const std::string off = frame();
@@ -280,12 +275,12 @@ TEST(CaptionBar, ShowsAndSwitchesTheLooksOfItsEdit) {
 
 /// The right button is pressed and released at X; answers what can be picked.
 template <class T>
-std::string MenuAt(test::TWidgetForm<T>& F, int X) {
+std::string MenuAt(TWidgetForm<T>& F, int X) {
     for (const TMouseKind kind : {TMouseKind::Down, TMouseKind::Up})
         F.Client().HostMouse(kind, mbRight, kind == TMouseKind::Down ? TShiftState(ssRight) : 0,
                              {20 + X, 20});
     std::string text;
-    for (const THostMenuItem& item : test::ViewOf(F.Form).Menu)
+    for (const THostMenuItem& item : ViewOf(F.Form).Menu)
         if (item.Enabled && !item.Separator) text += item.Caption + " ";
     return text;
 }
@@ -293,11 +288,11 @@ std::string MenuAt(test::TWidgetForm<T>& F, int X) {
 /// Edits by menu alone.
 template <class T>
 void EditByMenu() {
-    test::TWidgetForm<T> f;
-    test::Host().CopyText("");
+    TWidgetForm<T> f;
+    Host().CopyText("");
     f.Widget.SetText("abc");
     const auto pick = [&](const char* Caption) {
-        EXPECT_TRUE(test::Host().PickMenuItem(f.Client(), Caption)) << Caption;
+        EXPECT_TRUE(Host().PickMenuItem(f.Client(), Caption)) << Caption;
         return f.Widget.GetText();
     };
     EXPECT_EQ(MenuAt(f, 110), "Select &all ");
@@ -313,7 +308,7 @@ void EditByMenu() {
     f.Widget.SetReadOnly(true);
     f.Widget.SelectAll();
     f.Client().HostKey({.Key = kcMenu}, true);
-    EXPECT_FALSE(test::Host().PickMenuItem(f.Client(), "&Delete"));
+    EXPECT_FALSE(Host().PickMenuItem(f.Client(), "&Delete"));
     EXPECT_EQ(MenuAt(f, 10), "&Copy ");
     f.Widget.SetReadOnly(false);
     MenuAt(f, 10);
@@ -329,5 +324,4 @@ TEST(CaptionEdit, HasTheMenuThatFieldsHave) {
     EditByMenu<TKxCaptionEdit>();
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::captionedit

@@ -1,20 +1,14 @@
 #include <kxgraph/editing/Kxnumberedit.h>
 
 #include "support/keys.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/text/numbertext.h>
 
-#include <gtest/gtest.h>
-
-#include <string>
-
-namespace kx {
-namespace {
-
-using test::Click, test::Host, test::Turn, test::Type;
+namespace kx::test::numberedit {
 
 template <class T>
-struct TNumberForm : test::TWidgetForm<T> {
+struct TNumberForm : TWidgetForm<T> {
     TNumberForm() {
         this->Widget.OnChange = [this](TControl*) { ++Changes; };
     }
@@ -106,5 +100,4 @@ TEST(IntegerEdit, TakesWholeNumbersOfItsRange) {
     EXPECT_EQ(f.Widget.GetValue(), 3);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::numberedit

@@ -1,18 +1,13 @@
 #include <kxgraph/editing/Kxpickers.h>
 
 #include "support/keys.h"
+#include "support/testing.h"
 
 #include <kxgraph/annotation/Kxclasses.h>
 #include <kxgraph/editing/Kxcolorpicker.h>
 #include <kxgraph/platform/objects/classes.h>
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <set>
-
-namespace kx {
-namespace {
+namespace kx::test::pickers {
 
 std::string Drawn(TListItems& Items, int Index, TDrawState State = 0) {
     TRecorder device({220, 20});
@@ -44,10 +39,10 @@ TEST(Pickers, OfferEveryValueByKeysAndMouseWithItsNameBeside) {
         type.Properties().Find("OnChange")->Set(*made, told);
         const auto now = [&] { return std::get<std::int64_t>(value->Get(*made)); };
 
-        test::Type(form.AsHostClient(), "{End}{Home}");
+        Type(form.AsHostClient(), "{End}{Home}");
         const std::int64_t first = now();
         std::set<std::string> names, drawings;
-        for (int i = 0; i < items->ItemCount(); ++i, test::Type(form.AsHostClient(), "{Down}")) {
+        for (int i = 0; i < items->ItemCount(); ++i, Type(form.AsHostClient(), "{Down}")) {
             EXPECT_EQ(now(), first + i);
             names.insert(items->ItemText(i));
             const std::string drawn = Drawn(*items, i);
@@ -62,12 +57,12 @@ TEST(Pickers, OfferEveryValueByKeysAndMouseWithItsNameBeside) {
         changes = 0;
         if (auto* list = dynamic_cast<TCustomListBox*>(&control)) {
             const TRect second = list->ItemRect(2);
-            test::Click(form.AsHostClient(), control.ClientToRoot(second.TopLeft() + TPoint{3, 3}));
+            Click(form.AsHostClient(), control.ClientToRoot(second.TopLeft() + TPoint{3, 3}));
         } else {
-            test::Type(form.AsHostClient(), "{F4}");
-            THostClient* popup = test::Host().PopupBeside(form.AsHostClient());
+            Type(form.AsHostClient(), "{F4}");
+            THostClient* popup = Host().PopupBeside(form.AsHostClient());
             ASSERT_NE(popup, nullptr);
-            test::Type(*popup, "{Down}{Return}");
+            Type(*popup, "{Down}{Return}");
         }
         EXPECT_EQ(now(), first + 2);
         EXPECT_EQ(changes, 1);
@@ -120,14 +115,14 @@ TEST(ColorPicker, TakesWhatIsTypedAndMarksWhatIsNone) {
         picker.SetParent(&form);
         picker.SetValue(clLime);
         form.Show();
-        test::Type(form.AsHostClient(), "{Tab}{Tab}{C-A}{Del}");
-        test::Type(form.AsHostClient(), c.Typed);
+        Type(form.AsHostClient(), "{Tab}{Tab}{C-A}{Del}");
+        Type(form.AsHostClient(), c.Typed);
         EXPECT_EQ(picker.IsWrong(), !c.Color) << c.Typed;
         EXPECT_EQ(picker.GetValue(), c.Color.value_or(c.Last)) << c.Typed;
         EXPECT_EQ(picker.GetTyped(), c.Typed);
-        test::Type(form.AsHostClient(), "{Return}");
+        Type(form.AsHostClient(), "{Return}");
         EXPECT_EQ(picker.GetTyped(), c.Shown);
-        test::Type(form.AsHostClient(), "{Tab}");
+        Type(form.AsHostClient(), "{Tab}");
         EXPECT_EQ(picker.IsWrong(), !c.Color) << c.Typed;
         picker.SetValue(clLime);
         EXPECT_EQ(picker.GetTyped(), "clLime");
@@ -145,12 +140,12 @@ TEST(ColorPicker, PicksSquaresByMouseAndKeysAndKeepsTheLastOnes) {
     std::vector<TColor> picked;
     for (int row = 0; row < 7; ++row) {
         const TRect square = picker.SquareRect(row, row + 2);
-        test::Click(form.AsHostClient(), picker.ClientToRoot(square.TopLeft() + TPoint{2, 2}));
+        Click(form.AsHostClient(), picker.ClientToRoot(square.TopLeft() + TPoint{2, 2}));
         picked.insert(picked.begin(), picker.GetValue());
         EXPECT_EQ(picker.GetValue(), picker.ColorAt(row, row + 2));
     }
     EXPECT_EQ(changes, 7);
-    test::Type(form.AsHostClient(), "{Home}{Up}{Right}{Space}{Space}");
+    Type(form.AsHostClient(), "{Home}{Up}{Right}{Space}{Space}");
     EXPECT_EQ(picker.GetValue(), picker.ColorAt(5, 1));
     picked.insert(picked.begin(), picker.GetValue());
     EXPECT_EQ(changes, 8);
@@ -159,13 +154,12 @@ TEST(ColorPicker, PicksSquaresByMouseAndKeysAndKeepsTheLastOnes) {
     EXPECT_EQ(recent, picked);
     EXPECT_EQ(other.ColorAt(7, 7), picked[7]);
     const TRect square = picker.SquareRect(7, 4);
-    test::Click(form.AsHostClient(), picker.ClientToRoot(square.TopLeft() + TPoint{2, 2}));
+    Click(form.AsHostClient(), picker.ClientToRoot(square.TopLeft() + TPoint{2, 2}));
     EXPECT_EQ(picker.GetValue(), picked[4]);
     EXPECT_EQ(other.ColorAt(7, 0), picked[0]); // the row does not move under the mouse
     picker.SetEnabled(false);
-    test::Click(form.AsHostClient(), {8, 8});
+    Click(form.AsHostClient(), {8, 8});
     EXPECT_EQ(picker.GetValue(), picked[4]);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::pickers

@@ -7,15 +7,13 @@
 #include "kxdesign/mainwindow.h"
 #include "kxdesign/objecttree.h"
 #include "kxdesign/palette.h"
-#include "support/recording.h"
+#include "support/testing.h"
 
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 #include <kxgraph/annotation/Kxlegend.h>
 #include <kxgraph/annotation/Kxresultlabel.h>
 #include <kxgraph/design/Kxdesignhit.h>
 #include <kxgraph/graph/Kxgraph2d.h>
-#include <kxgraph/platform/host/application.h>
-#include <kxgraph/platform/text/files.h>
 
 #include <QAction>
 #include <QApplication>
@@ -31,13 +29,8 @@
 #include <QPixmap>
 #include <QTreeWidget>
 #include <QUrl>
-#include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <string>
-
-namespace kxdesign {
-namespace {
+namespace kxdesign::test {
 
 using namespace kx;
 
@@ -325,5 +318,4 @@ TEST(Kxdesign, TakesUpWhatAKilledProgramHasLeft) {
     EXPECT_FALSE(IsMissing(directory / "") || FileExists(directory / "left-1-1.kxf"));
 }
 
-} // namespace
-} // namespace kxdesign
+} // namespace kxdesign::test

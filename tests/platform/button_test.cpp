@@ -1,23 +1,17 @@
 // Buttons, check boxes, spin buttons, and the keys of dialogs.
 
 #include "support/keys.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/host/post.h>
 #include <kxgraph/platform/widgets/button.h>
 #include <kxgraph/platform/widgets/edit.h>
 #include <kxgraph/platform/widgets/spinbutton.h>
 
-#include <gtest/gtest.h>
-
-#include <string>
-
-namespace kx {
-namespace {
-
-using test::Click, test::Host, test::Mouse, test::Turn, test::Type;
+namespace kx::test::button {
 
 /// A field and two buttons.
-struct TDialog : test::TWidgetForm<TEdit> {
+struct TDialog : TWidgetForm<TEdit> {
     TDialog() {
         Ok.SetCaption("&OK"), Cancel.SetCaption("Give && &up");
         Ok.SetDefault(true), Cancel.SetCancel(true);
@@ -107,7 +101,7 @@ TEST(Button, LeavesAModalFormWithItsResult) {
 }
 
 TEST(CheckBox, ChangesItsMarkBeforeItTells) {
-    test::TWidgetForm<TCheckBox> f;
+    TWidgetForm<TCheckBox> f;
     std::string told;
     f.Widget.SetCaption("&Mark");
     f.Widget.OnClick = [&](TControl*) { told += f.Widget.GetChecked() ? "+" : "-"; };
@@ -123,7 +117,7 @@ TEST(CheckBox, ChangesItsMarkBeforeItTells) {
 }
 
 TEST(SpinButton, StepsWhileItIsHeld) {
-    test::TWidgetForm<TSpinButton> f;
+    TWidgetForm<TSpinButton> f;
     std::string steps;
     f.Widget.OnUpClick = [&](TControl*) { steps += "+"; };
     f.Widget.OnDownClick = [&](TControl*) { steps += "-"; };
@@ -145,5 +139,4 @@ TEST(SpinButton, StepsWhileItIsHeld) {
     EXPECT_EQ(taken(), "");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::button

@@ -1,17 +1,11 @@
 #include "support/keys.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/widgets/edit.h>
 
-#include <gtest/gtest.h>
+namespace kx::test::edit {
 
-#include <string>
-
-namespace kx {
-namespace {
-
-using test::Click, test::Host, test::Mouse, test::Type, test::ViewOf;
-
-struct TEditForm : test::TWidgetForm<TEdit> {
+struct TEditForm : TWidgetForm<TEdit> {
     bool Keys(std::string_view Script) { return Type(Client(), Script); }
     /// The text with | at the caret and the selection in brackets.
     std::string Shown() const {
@@ -180,5 +174,4 @@ TEST(Edit, ShowsWhatIsComposedAndTakesWhatIsCommitted) {
     EXPECT_EQ(f.Widget.GetText(), "!b");
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::edit

@@ -1,19 +1,13 @@
 #include "support/keys.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/widgets/stringgrid.h>
 #include <kxgraph/platform/widgets/tabtext.h>
 
-#include <gtest/gtest.h>
-
-#include <string>
-
-namespace kx {
-namespace {
-
-using test::Click, test::Host, test::Mouse, test::Turn, test::Type, test::ViewOf;
+namespace kx::test::grid {
 
 /// Four columns of 40 and five rows of 20, a header each, in the form's corner.
-struct TGridForm : test::TWidgetForm<TStringGrid> {
+struct TGridForm : TWidgetForm<TStringGrid> {
     TGridForm() {
         Widget.SetBounds(0, 0, 200, 122);
         Widget.SetDefaultColWidth(40), Widget.SetDefaultRowHeight(20);
@@ -144,7 +138,7 @@ struct TMany : TCustomGrid {
 };
 
 TEST(Grid, AsksOnlyForCellsInSight) {
-    test::TWidgetForm<TMany> f;
+    TWidgetForm<TMany> f;
     f.Widget.SetBounds(0, 0, 200, 122);
     f.Widget.SetDefaultColWidth(100);
     Type(f.Client(), "{C-End}{PgUp}{PgUp}{C-Down}");
@@ -170,5 +164,4 @@ TEST(Grid, WidensColumnsByTheirEdges) {
     EXPECT_EQ(f.Widget.CellAt(f.At(1, 1)), (TPoint{2, 1}));
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::grid

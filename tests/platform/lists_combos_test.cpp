@@ -1,19 +1,12 @@
 // Lists, combos and what they have in common.
 
 #include "support/keys.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/widgets/combobox.h>
 #include <kxgraph/platform/widgets/listbox.h>
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-
-namespace kx {
-namespace {
-
-using test::Click, test::Host, test::Mouse, test::Turn, test::Type, test::ViewOf;
+namespace kx::test::lists_combos {
 
 const std::vector<std::string> CFruits{"Apple", "Banana", "Blueberry", "Cherry",
                                        "Date",  "Elder",  "Fig",       "Grape"};
@@ -26,7 +19,7 @@ struct TWithout3 : T {
 };
 
 template <class T>
-struct TChoiceForm : test::TWidgetForm<TWithout3<T>> {
+struct TChoiceForm : TWidgetForm<TWithout3<T>> {
     TChoiceForm() {
         this->Widget.SetItems(CFruits);
         this->Widget.OnSelect = [this](TControl*) { ++Selected; };
@@ -234,5 +227,4 @@ TEST(ComboBox, MayGoWhileItsListIsOpen) {
     form.reset();
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::lists_combos

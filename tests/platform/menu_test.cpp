@@ -1,14 +1,9 @@
 #include <kxgraph/platform/controls/popupmenu.h>
 
 #include "support/headless.h"
+#include "support/testing.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-
-namespace kx {
-namespace {
+namespace kx::test::menu {
 
 TEST(Menu, IsShownByTheWindowAndItsItemsMayGoBeforeTheyArePicked) {
     TForm form(nullptr);
@@ -27,16 +22,14 @@ TEST(Menu, IsShownByTheWindowAndItsItemsMayGoBeforeTheyArePicked) {
     const auto pop = [&] { menu->Popup(&panel, 5, 6); };
     pop(); // no window: nobody shows it
     form.Show();
-    const auto& view = test::ViewOf(form);
+    const auto& view = ViewOf(form);
     EXPECT_TRUE(view.Menu.empty());
     menu->OnPopup = [&](TControl*, int, int) { copy.SetShortCut("Ctrl+C"); };
     pop();
     EXPECT_EQ(view.Menu[0].ShortCut, "Ctrl+C");
     EXPECT_TRUE(view.Menu[1].Items[0].Checked);
     EXPECT_EQ(view.MenuPos, (TPoint{105, 56}));
-    const auto pick = [&](const char* Caption) {
-        return test::Host().PickMenuItem(form.AsHostClient(), Caption);
-    };
+    const auto pick = [&](const char* Caption) { return Host().PickMenuItem(form.AsHostClient(), Caption); };
     EXPECT_TRUE(pick("Line"));
     log.clear();
     panel.SetFocus();
@@ -72,5 +65,4 @@ TEST(Hint, IsThatOfTheDeepestControlThatShowsOne) {
     EXPECT_EQ(client.HostHint({5, 5}).Text, "") << "the form has none";
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::menu

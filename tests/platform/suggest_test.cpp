@@ -1,10 +1,6 @@
 #include <kxgraph/platform/text/suggest.h>
 
-#include "support/cases.h"
-
-#include <gtest/gtest.h>
-
-#include <array>
+#include "support/testing.h"
 
 namespace {
 

@@ -1,20 +1,12 @@
 // Carets, input methods, popups and modal forms: what controls and hosts tell one another.
 
 #include "support/headless.h"
+#include "support/testing.h"
 
-#include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/host/post.h>
 #include <kxgraph/platform/widgets/caret.h>
 
-#include <gtest/gtest.h>
-
-#include <memory>
-#include <string>
-
-namespace kx {
-namespace {
-
-using test::Host, test::ViewOf;
+namespace kx::test::textinput {
 
 /// Takes text at a caret that stands at (3, 2).
 struct TField : TCustomControl {
@@ -189,5 +181,4 @@ TEST(Popup, StandsBesideAPlaceWhereTheScreenHasRoom) {
     EXPECT_FALSE(Host().PressOutside(f.Client())) << "no popup";
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::textinput

@@ -50,6 +50,17 @@ protected:
     std::optional<test::TServer> Server;
 };
 
+/// Follows the field x.
+struct TBound {
+    explicit TBound(TDataSet& Set) {
+        Source.SetDataSet(&Set);
+        X.SetDataSource(&Source);
+        X.SetDataField("x");
+    }
+    TDataSource Source{nullptr};
+    TKxDBVector X{nullptr};
+};
+
 TEST_F(SqlDataSet, KeepsTheTypesOfADatabase) {
     const std::string types[] = {"text", "integer", "number", "date", "moment"};
     WithBoth([&](const std::string& Url) {
@@ -120,11 +131,8 @@ TEST_F(SqlDataSet, ChangesTheTableAndTheGraphsVectors) {
         TPeer peer(Url);
         peer.Run(std::string(CTable));
         TQuery set(Url, "select id, x, day, note, x*2 as y from r -- all\n order by id;");
-        TDataSource source(nullptr);
-        TKxDBVector vector(nullptr);
-        source.SetDataSet(&set);
-        vector.SetDataSource(&source);
-        vector.SetDataField("x");
+        const TBound bound(set);
+        const TKxDBVector& vector = bound.X;
         set.Open();
         for (const TStep& step : steps) {
             SCOPED_TRACE(step.Statement);
@@ -181,11 +189,8 @@ TEST_F(SqlDataSet, KeepsWhatWasLoadedWhenItCannotBeReadAgain) {
     WithBoth([&](const std::string& Url) {
         TPeer(Url).Run(CTable);
         TQuery set(Url, "select id, x from r order by id");
-        TDataSource source(nullptr);
-        TKxDBVector vector(nullptr);
-        source.SetDataSet(&set);
-        vector.SetDataSource(&source);
-        vector.SetDataField("x");
+        const TBound bound(set);
+        const TKxDBVector& vector = bound.X;
         set.Open();
         set.SetRecNo(2);
         if (Url == Sqlite)

@@ -1,6 +1,7 @@
 // Fields, combos and modal forms in windows of Qt.
 
 #include "qtwidgets/windows.h"
+#include "support/testing.h"
 
 #include <kxgraph/platform/host/post.h>
 #include <kxgraph/platform/widgets/button.h>
@@ -12,14 +13,8 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <gtest/gtest.h>
 
-#include <memory>
-
-namespace kx {
-namespace {
-
-using test::Wait, test::WaitFor;
+namespace kx::test::popupwidget {
 
 void Key(QWidget& Widget, int Code, const QString& Text = {}) {
     QKeyEvent down(QEvent::KeyPress, Code, Qt::NoModifier, Text),
@@ -147,5 +142,4 @@ TEST(Edit, ComposesInAView) {
     EXPECT_FALSE(part->state().readOnly);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::popupwidget

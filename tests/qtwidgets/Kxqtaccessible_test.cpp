@@ -10,15 +10,8 @@
 #include <kxgraph/qtwidgets/Kxqtaccessiblechanges.h>
 
 #include <QAccessible>
-#include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
-#include <string>
-#include <utility>
-
-namespace kx {
-namespace {
+namespace kx::test::qtaccessible {
 
 /// All that a reader reads: role number, name and description, a part a line, indented.
 std::string Read(QAccessibleInterface& Part, const std::string& Indent = "") {
@@ -33,7 +26,7 @@ std::string Read(QAccessibleInterface& Part, const std::string& Indent = "") {
 }
 
 TEST(Accessible, TellsWhatAGraphShows) {
-    auto g = std::make_unique<test::TGraphForm>();
+    auto g = std::make_unique<TGraphForm>();
     g->Form->SetCaption("measurement");
     g->Graph->SetCaption("\\b Decay\\b ");
     g->X->SetCaption("t / s");
@@ -50,7 +43,7 @@ TEST(Accessible, TellsWhatAGraphShows) {
     qt::FormView view(*g->Form);
     view.resize(420, 320);
     view.show();
-    test::WaitFor(150); // longer than what was told before is remembered
+    WaitFor(150); // longer than what was told before is remembered
     QAccessibleInterface* window = QAccessible::queryAccessibleInterface(&view);
     const std::string told = Read(*window);
     for (const char* piece :
@@ -64,7 +57,7 @@ TEST(Accessible, TellsWhatAGraphShows) {
     EXPECT_EQ(note->rect(), QRect(view.mapToGlobal(QPoint(40, 50)), QSize(50, 20)));
     EXPECT_EQ(graph->childAt(note->rect().center().x(), note->rect().center().y()), note);
     view.setForm(nullptr);
-    test::WaitFor(150);
+    WaitFor(150);
     EXPECT_FALSE(note->isValid() || graph->isValid());
     EXPECT_EQ(window->childCount(), 0);
 }
@@ -117,7 +110,7 @@ TEST(Accessible, TellsOfWhatChanges) {
     view.show();
     view.activateWindow();
     view.setFocus();
-    test::WaitFor(60);
+    WaitFor(60);
     const std::pair<std::function<void()>, const char*> steps[] = {
         {[&] { edit.SetFocus(); }, "Edit:focus "},
         {[&] { edit.ReplaceSelection("c"); }, "Edit:insert(c) Edit:caret(5) "},
@@ -133,7 +126,7 @@ TEST(Accessible, TellsOfWhatChanges) {
     for (const auto& [act, wanted] : steps) {
         Told.clear();
         act();
-        test::WaitFor(40);
+        WaitFor(40);
         EXPECT_EQ(Told, wanted);
     }
     QAccessibleInterface* window = QAccessible::queryAccessibleInterface(&view);
@@ -142,7 +135,7 @@ TEST(Accessible, TellsOfWhatChanges) {
     EXPECT_TRUE(window->child(1)->state().checked && window->child(1)->state().disabled);
     EXPECT_FALSE(window->child(1)->textInterface());
     edit.SetText("\U0001D11Eab"), edit.SetReadOnly(true), edit.Select(1, 3);
-    test::WaitFor(40);
+    WaitFor(40);
     EXPECT_TRUE(field->state().readOnly && !field->state().editable);
     QAccessibleTextInterface* text = field->textInterface();
     int start = 0, end = 0;
@@ -152,5 +145,4 @@ TEST(Accessible, TellsOfWhatChanges) {
     qt::ListenToAccessible(nullptr);
 }
 
-} // namespace
-} // namespace kx
+} // namespace kx::test::qtaccessible

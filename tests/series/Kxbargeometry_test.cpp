@@ -54,15 +54,6 @@ TEST(BarGeometry, LeavesBarsThatOnlyTouchTheWorldOutside) {
         EXPECT_EQ(IsBarInside(RectOf(outline), {101, 51}), inside) << outline[0] << ", " << outline[1];
 }
 
-TEST(BarGeometry, UnitesLinesOfOnePixelWhereTheyMeet) {
-    const TRect line{10, 20, 11, 40};
-    for (const auto& [other, one] : Cases<TInts4, bool>("bars", "one line")) {
-        const auto turned = [](const TRect& R) { return TRect{R.Top, R.Left, R.Bottom, R.Right}; };
-        EXPECT_EQ(AreOneLine(line, RectOf(other), false), one);
-        EXPECT_EQ(AreOneLine(turned(line), turned(RectOf(other)), true), one);
-    }
-}
-
 TEST(BarGeometry, PaintsBoxesFromTheLeftAndFromBelow) {
     EXPECT_TRUE(PaintsInEdgeOrder(0, 10, false));
     EXPECT_FALSE(PaintsInEdgeOrder(10, 0, false));
