@@ -30,11 +30,18 @@ namespace kxdesign {
 
 using namespace kx;
 
+namespace {
+
+constexpr int CFaultShows = 15000; // ms
+
+} // namespace
+
 TMainWindow::TMainWindow(const std::string& StateDirectory)
     : FSurface(FDocument), FStateDirectory(StateDirectory), FArea(new TFormArea(FDocument, this)),
       FInplace(new TInplaceCaption(FDocument, FArea->GetView())) {
+    // Of a frame: a fit that has no function yet says so time and again, and nobody has asked for it.
     TApplication::Instance().OnException = [this](const std::exception& Error) {
-        ShowFault(this, Error.what());
+        statusBar()->showMessage(Shown(Error.what()), CFaultShows);
     };
     setCentralWidget(FArea);
     setAcceptDrops(true);
