@@ -30,7 +30,8 @@
 #include <QTreeWidget>
 #include <QUrl>
 
-namespace kxdesign::test {
+namespace kxdesign {
+namespace {
 
 using namespace kx;
 
@@ -318,4 +319,5 @@ TEST(Kxdesign, TakesUpWhatAKilledProgramHasLeft) {
     EXPECT_FALSE(IsMissing(directory / "") || FileExists(directory / "left-1-1.kxf"));
 }
 
-} // namespace kxdesign::test
+} // namespace
+} // namespace kxdesign
