@@ -321,7 +321,7 @@ TEST(CalculatedSeries, ShowsPositionsAsItsAxisDoesFromThenOn) {
     const AnsiString number = stop();
     f.Set("XAxis1.LabelKind=lkDates");
     f.Draw();
-    EXPECT_EQ(stop(), "1970-01-01T00:00:20");
+    EXPECT_EQ(stop(), "1970-01-01 00:00:20.00000");
     EXPECT_EQ(f.Curve->Runs, runs) << "without a calculation";
     f.Set("XAxis1.LabelKind=lkNumbers");
     f.Draw();
