@@ -16,8 +16,7 @@ namespace kx {
 
 namespace {
 
-constexpr auto CHeaders =
-    std::to_array<const char*>({"Name", "Start", "Fixed", "From", "To", "Present value"});
+constexpr auto CHeaders = std::to_array<const char*>({"Name", "Start", "Fixed", "From", "To", "Fitted"});
 
 /// An infinite end is none.
 double EndOrNone(double End) { return std::isinf(End) ? NAN : End; }

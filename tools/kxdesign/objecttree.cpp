@@ -7,6 +7,7 @@
 
 #include <QDropEvent>
 #include <QHash>
+#include <QHeaderView>
 #include <QTimer>
 
 #include <unordered_map>
@@ -19,6 +20,8 @@ TObjectTree::TObjectTree(TKxDesignDocument& Document, QWidget* Parent)
     : QTreeWidget(Parent), FDocument(Document) {
     setHeaderHidden(true);
     setColumnCount(2);
+    header()->setMinimumSectionSize(0);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionMode(ExtendedSelection);
     setDragDropMode(InternalMove);
     setEditTriggers(SelectedClicked | EditKeyPressed);
@@ -54,6 +57,7 @@ QTreeWidgetItem* NewItem(const TComponent& Component) {
     item->setData(0, Qt::UserRole, Shown(Component.GetName()));
     item->setFlags(item->flags() | Qt::ItemIsEditable);
     item->setForeground(1, Qt::gray);
+    for (int column = 0; column < 2; ++column) item->setToolTip(column, item->text(1)); // it may be cut off
     return item;
 }
 
