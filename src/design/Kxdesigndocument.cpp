@@ -91,6 +91,19 @@ void TKxDesignDocument::NameAll() {
         if (component->GetName().empty()) component->SetName(UniqueName(component->ClassName()));
 }
 
+/// Form files tell objects apart by their names alone.
+void TKxDesignDocument::DemandOwnNames() const {
+    if (FForm->FindComponent(FForm->GetName()))
+        throw EComponentError("A component named " + FForm->GetName() + " already exists");
+}
+
+/// What DemandOwnNames refuses cannot be compared either; Form is what the form was called.
+void TKxDesignDocument::PartNames(const std::string& Form) {
+    if (!FForm->FindComponent(FForm->GetName())) return;
+    FForm->SetName(Form);
+    if (TComponent* twin = FForm->FindComponent(Form)) twin->SetName(UniqueName(twin->ClassName()));
+}
+
 void TKxDesignDocument::Save() { SaveAs(FFileName); }
 
 /// Whether that has changed any name.

@@ -102,6 +102,8 @@ private:
     };
     void Take(std::unique_ptr<TForm> Form, std::string FileName, bool Modified);
     void NameAll();
+    void DemandOwnNames() const;
+    void PartNames(const std::string& Form);
     bool RebaseTables(const std::string& FileName);
     void Settle();
     void RunWhole(const TKxDesignStep& Step, const std::function<void()>& Change);

@@ -24,13 +24,16 @@ void TKxDesignDocument::Run(const TKxDesignStep& Step, const std::function<void(
 
 void TKxDesignDocument::RunWhole(const TKxDesignStep& Step, const std::function<void()>& Change) {
     const TScopedValue running(FRunning, true);
+    const std::string name = FForm->GetName();
     TKxFormState now;
     try {
         Change();
         NameAll();
+        DemandOwnNames();
         Settle();
         now = CaptureForm(*FForm, *FWriter, FState);
     } catch (...) {
+        PartNames(name);
         NameAll();
         const TKxFormState before = FState;
         BringTo(before);

@@ -92,7 +92,12 @@ TEST_F(DesignDocument, TakesBackAChangeThatFailsAndMergesSteps) {
                                   throw Exception("no");
                               }),
                  Exception);
-    EXPECT_EQ(Document.GetText(), before);
+    const std::string form = Document.GetForm().GetName();
+    for (TComponent* component : {static_cast<TComponent*>(&Document.GetForm()), Document.Find("Graph1")}) {
+        const auto taken = component == &Document.GetForm() ? "Graph1" : form;
+        EXPECT_THROW(Document.Run({"Rename"}, [&] { component->SetName(taken); }), EComponentError) << taken;
+        EXPECT_EQ(Document.GetText(), before) << "it could not be saved";
+    }
     Document.Select(Document.Find("Graph1"));
     for (int i = 0; i < 3; ++i) MoveSelected(Document, {1, 0}, "move");
     EXPECT_EQ(Get<TControl>("Graph1").GetLeft(), 19);
