@@ -287,8 +287,7 @@ void TKxCalculatedSeries::WriteResults(TKxIniList& List, const AnsiString& Secti
 
 /// Results that show positions as the axis does follow it to dates and back.
 void TKxCalculatedSeries::RenewTexts() {
-    const bool hasResults = FFound.Find("Calculation") != nullptr;
-    if (!hasResults || !GetXAxis() || GetXAxis()->GetLabelKind() == FShownKind) return;
+    if (!GetXAxis() || GetXAxis()->GetLabelKind() == FShownKind || !FFound.Find("Calculation")) return;
     StoreResults();
     TellResultLabels();
 }
