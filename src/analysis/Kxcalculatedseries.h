@@ -149,8 +149,9 @@ protected:
     void SetCurve(std::span<const double> X, std::span<const double> Y);
     /// To be called when the curve has changed outside of Calculate: screen points and extents follow.
     void CurveChanged();
-    /// Moves the automatic display ends outward where the axis reaches further; whether any moved.
-    bool ExtendDisplay();
+    /// Moves the automatic display ends to those of the axis, inward only where it is not zoomed; whether any
+    /// moved.
+    bool FollowAxis();
     /// Asks the parent to have everything calculated by the next frame.
     void ParentModified();
     /// Calls a handler of the program from within CalculateFunction. Does not come back (by an exception that

@@ -46,11 +46,17 @@ void TKxCalculatedSeries::SetDisplayLimits() {
     if (FDisplayAutoStop) FDisplayStop = GetXAxis()->GetStop();
 }
 
-bool TKxCalculatedSeries::ExtendDisplay() {
-    const bool before = FDisplayAutoStart && AutomaticDisplayStart() < FDisplayStart;
-    const bool behind = FDisplayAutoStop && GetXAxis()->GetStop() > FDisplayStop;
-    if (before) FDisplayStart = AutomaticDisplayStart();
-    if (behind) FDisplayStop = GetXAxis()->GetStop();
+// A zoomed view narrows no curve: it lies inside of what the curve covers.
+bool TKxCalculatedSeries::FollowAxis() {
+    const bool narrows = !GetXAxis()->CanZoomBack();
+    const auto follow = [narrows](double& End, double Wanted, bool Further) {
+        if (Wanted == End || std::isnan(Wanted) || !(Further || narrows)) return false;
+        End = Wanted;
+        return true;
+    };
+    const double start = AutomaticDisplayStart(), stop = GetXAxis()->GetStop();
+    const bool before = FDisplayAutoStart && follow(FDisplayStart, start, start < FDisplayStart);
+    const bool behind = FDisplayAutoStop && follow(FDisplayStop, stop, stop > FDisplayStop);
     return before || behind;
 }
 
@@ -159,13 +165,13 @@ void TKxCalculatedSeries::CurveChanged() {
         RangesModified();
 }
 
-// The first layout, a resize, or an automatic display end that the axis has outgrown. Moves such ends.
+// The first layout, a resize, or an automatic display end that the axis has left. Moves such ends.
 bool TKxCalculatedSeries::CurveIsOutgrown() {
     if (FSampling == TSampling::Due) {
         SetDisplayLimits();
         return true;
     }
-    return ExtendDisplay() || GetXAxis()->GetAxisLength() != FLastAxisLength;
+    return FollowAxis() || GetXAxis()->GetAxisLength() != FLastAxisLength;
 }
 
 void TKxCalculatedSeries::CalculateLine() {

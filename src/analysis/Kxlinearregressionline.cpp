@@ -101,7 +101,7 @@ void TKxLinearRegressionLine::PlaceEnds() {
 }
 
 void TKxLinearRegressionLine::CalculateLine() {
-    if (!GetXAxis() || DisplayX().GetCount() == 0 || !ExtendDisplay()) return;
+    if (!GetXAxis() || DisplayX().GetCount() == 0 || !FollowAxis()) return;
     PlaceEnds();
     CurveChanged();
 }
