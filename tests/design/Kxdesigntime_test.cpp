@@ -74,7 +74,7 @@ TEST(DesignTime, CaptionsAreEditedWhereTheyShow) {
         EXPECT_EQ(field.Intersected(room), field);
         EXPECT_EQ(field.Height(), 26);
     }
-    EXPECT_EQ(CaptionFieldRect({100, 40, 120, 240}, {60, 26}, room), TRect(80, 127, 140, 153)) << "turned";
+    EXPECT_EQ(CaptionFieldRect({100, 40, 120, 240}, {60, 26}, room), (TRect{80, 127, 140, 153})) << "turned";
     EXPECT_EQ(CaptionFieldRect({400, 40, 480, 60}, {60, 26}, room).Right, room.Right);
     f.Set("XAxis1.Caption=");
     f.Draw();
