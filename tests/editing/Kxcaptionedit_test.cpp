@@ -27,13 +27,13 @@ struct TEditForm {
         Mouse(Form.AsHostClient(), TMouseKind::Move, at(To));
         Mouse(Form.AsHostClient(), TMouseKind::Up, at(To));
     }
-    /// The text with | for the caret and [ for the other end of the selection.
+    /// The text with ^ for the caret and [ for the other end of the selection.
     std::string Shown() const {
         const TKxCaptionModel& model = Edit.GetModel();
         std::string text;
         for (int i = 0; i <= model.GetLength(); ++i) {
             if (i == model.GetAnchor() && model.HasSelection()) text += '[';
-            if (i == model.GetCaret()) text += '|';
+            if (i == model.GetCaret()) text += '^';
             if (i < model.GetLength()) text += model.GetCells()[std::size_t(i)].Text;
         }
         return text;
@@ -60,59 +60,21 @@ TEST(CaptionCells, GiveTheCaptionThatShowsThem) {
 }
 
 TEST(CaptionEdit, WritesTheCaptionThatIsTypedAndSwitched) {
-    const struct {
-        const char *Before, *Keys, *After, *Shown;
-    } cases[] = {
-        {"", "H{C-Down}2{C-Down}O", "H\\-2\\-O", "H2O|"},
-        {"", "E=mc{C-Plus}2{C-Plus} {C-G}a", "E=mc\\+2\\+  \\sa\\s", "E=mc2 a|"},
-        {"", "C:\\bin", "C:\\\\bin", "C:\\bin|"},
-        {"", "x{C-Up}2{C-Down}i", "x\\+2\\+\\-i\\-", "x2i|"},
-        {"", "a{C-B}{C-I}b{C-Space}c", "a\\b\\ib\\b\\ic", "abc|"},
-        {"abcd", "{Home}{Right}{S-Right}{S-Right}{C-B}", "a\\bbc\\bd", "a[bc|d"},
-        {"a\\bb\\bc", "{C-A}{C-B}", "\\babc\\b", "[abc|"},
-        {"\\babc\\b", "{C-A}{C-B}{C-U}", "\\uabc\\u", "[abc|"},
-        {"a\\bb\\bc", "{C-A}{C-Space}{Left}", "abc", "|abc"},
-        {"one two_2, three", "{C-Left}{C-Left}{C-Left}x", "one xtwo_2, three", "one x|two_2, three"},
-        {"one two, three", "{Home}{C-Right}{C-Right}{S-C-Right}", "one two, three", "one two[, |three"},
-        {"one two", "{C-Back}", "one ", "one |"},
-        {"one two", "{Home}{C-Del}{Del}{Del}", "o", "|o"},
-        {"abc", "{Left}{S-Home}x", "xc", "x|c"},
-        {"abc", "{Left}{S-End}{S-Left}{Left}{Back}", "bc", "|bc"},
-        {"a\\\\b", "{Back}{Back}c", "ac", "ac|"},
-        {"a\\\\b", "{Left}{Left}{C-T}x", "a\\ox\\o\\\\b", "ax|\\b"},
-        {"\\sa\\sb", "{Home}x{Left}{Right}{Right}y", "\\sxay\\sb", "xay|b"},
-        {"", "\xC3\xA4\xE2\x82\xAC{Left}{Back}", "\xE2\x82\xAC", "|\xE2\x82\xAC"},
-        {"\xE4", "x", "\xC3\xA4x", "\xC3\xA4x|"},
-        {"ab", "{C-X}{A-x}", "ab", "ab|"},
-    };
-    for (const auto& c : cases) {
+    for (const auto& [before, keys, after, shown] : Cases<TText, TText, TText, TText>("keys", "captions")) {
+        SCOPED_TRACE(before + " " + keys);
         TEditForm f;
-        f.Edit.SetCaption(c.Before);
-        f.Press(c.Keys);
-        EXPECT_EQ(f.Edit.GetCaption(), c.After) << c.Before << " " << c.Keys;
-        EXPECT_EQ(f.Shown(), c.Shown) << c.Before << " " << c.Keys;
+        f.Edit.SetCaption(before);
+        f.Press(keys);
+        EXPECT_EQ(f.Edit.GetCaption(), after);
+        EXPECT_EQ(f.Shown(), shown);
     }
 }
 
 TEST(CaptionEdit, UndoesWhatWasDoneInOneGo) {
-    const struct {
-        const char *Keys, *Shown;
-    } cases[] = {
-        {"one two{C-Z}", "one |"},
-        {"one two{C-Z}{C-Z}", "|"},
-        {"one two{C-Z}{C-Z}{C-Z}{C-Y}", "one |"},
-        {"one{Left}x{C-Z}", "on|e"},
-        {"one{Back}{Back}{C-Z}", "one|"},
-        {"one{Home}{Del}{Del}{C-Z}", "|one"},
-        {"one{S-Home}{C-B}{C-Z}{Del}", "|"},
-        {"one{S-Home}xyz{C-Z}", "|one["},
-        {"one{Back}{C-Z}{C-Z}{C-S-Z}{C-S-Z}", "on|"},
-        {"one{Back}{C-Z}x{C-Y}{C-Z}", "one|"},
-    };
-    for (const auto& c : cases) {
+    for (const auto& [typed, shown] : Cases<TText, TText>("keys", "undo of captions")) {
         TEditForm f;
-        f.Press(c.Keys);
-        EXPECT_EQ(f.Shown(), c.Shown) << c.Keys;
+        f.Press(typed);
+        EXPECT_EQ(f.Shown(), shown) << typed;
     }
     static const char* keys[] = {"a",      " ",        "\\",    "{Back}",    "{Del}", "{C-B}",
                                  "{Left}", "{C-Down}", "{C-A}", "{S-Right}", "{C-C}", "{C-V}",
@@ -175,16 +137,16 @@ TEST(CaptionEdit, TakesTheMouseAtTheCharactersThatItShows) {
         f.MouseAt(From, To, Shift);
         return f.Shown();
     };
-    EXPECT_EQ(shown(2, 2), "Tm|ax of x2, K");
-    EXPECT_EQ(shown(1, 6), "T[max o|f x2, K");
-    EXPECT_EQ(shown(9, 9, ssShift), "T[max of x|2, K");
-    EXPECT_EQ(shown(2, 2, ssDouble), "[Tmax| of x2, K");
-    EXPECT_EQ(shown(2, 2), "[Tmax of x2, K|"); // the third
-    EXPECT_EQ(shown(6, 6, ssDouble), "Tmax [of| x2, K");
+    EXPECT_EQ(shown(2, 2), "Tm^ax of x2, K");
+    EXPECT_EQ(shown(1, 6), "T[max o^f x2, K");
+    EXPECT_EQ(shown(9, 9, ssShift), "T[max of x^2, K");
+    EXPECT_EQ(shown(2, 2, ssDouble), "[Tmax^ of x2, K");
+    EXPECT_EQ(shown(2, 2), "[Tmax of x2, K^"); // the third
+    EXPECT_EQ(shown(6, 6, ssDouble), "Tmax [of^ x2, K");
     Host().Advance(1000);
-    EXPECT_EQ(shown(6, 6), "Tmax o|f x2, K");
-    EXPECT_EQ(shown(6, 2, ssDouble), "|Tmax of[ x2, K");
-    EXPECT_EQ(shown(0, 6, ssDouble), "[Tmax of| x2, K");
+    EXPECT_EQ(shown(6, 6), "Tmax o^f x2, K");
+    EXPECT_EQ(shown(6, 2, ssDouble), "^Tmax of[ x2, K");
+    EXPECT_EQ(shown(0, 6, ssDouble), "[Tmax of^ x2, K");
 }
 
 TEST(CaptionEdit, KeepsTheCaretInSightAndTheTextAtTheEdge) {
@@ -216,7 +178,7 @@ TEST(CaptionEdit, TellsOfChangesAndShowsWhatIsComposed) {
     client.HostCompose({.Text = "i", .Caret = 1, .Commit = "k"});
     EXPECT_EQ(f.Edit.GetModel().GetShownCaption(), "k\\ui\\ub");
     client.HostCompose({.Commit = "K", .ReplaceFrom = -1, .ReplaceLength = 1});
-    EXPECT_EQ(f.Shown(), "K|b");
+    EXPECT_EQ(f.Shown(), "K^b");
     f.Press("{C-A}{C-B}");
     client.HostCompose({.Commit = "x"});
     EXPECT_EQ(f.Edit.GetCaption(), "\\bx\\b");

@@ -7,7 +7,7 @@ namespace kx::test::edit {
 
 struct TEditForm : TWidgetForm<TEdit> {
     bool Keys(std::string_view Script) { return Type(Client(), Script); }
-    /// The text with | at the caret and the selection in brackets.
+    /// The text with ^ at the caret and the selection in brackets.
     std::string Shown() const {
         std::string shown;
         TEditLine line;
@@ -15,9 +15,9 @@ struct TEditForm : TWidgetForm<TEdit> {
         const int from = Widget.GetSelStart(), to = from + Widget.GetSelLength(),
                   caret = Widget.GetCaretPos();
         for (int i = 0; i <= line.GetCount(); ++i) {
-            if (i == to && from < to) shown += caret == to ? "|]" : "]";
-            if (i == from && from < to) shown += caret == from ? "[|" : "[";
-            if (i == caret && from == to) shown += "|";
+            if (i == to && from < to) shown += caret == to ? "^]" : "]";
+            if (i == from && from < to) shown += caret == from ? "[^" : "[";
+            if (i == caret && from == to) shown += "^";
             shown += line.Part(i, i + 1);
         }
         return shown;
@@ -25,41 +25,12 @@ struct TEditForm : TWidgetForm<TEdit> {
 };
 
 TEST(Edit, TakesKeysAsLinesOfTextDo) {
-    struct TCase {
-        const char *Text, *Keys, *Shown;
-    };
-    const TCase cases[] = {
-        {"", "Grüße", "Grüße|"},
-        {"aé漢b", "{Left}{Left}{Back}", "a|漢b"},
-        {"aé漢b", "{Home}{Right}{Del}x", "ax|漢b"},
-        {"one two", "{S-Left}{S-Left}", "one t[|wo]"},
-        {"one two", "{S-Home}", "[|one two]"},
-        {"one two", "{C-S-Left}x", "one x|"},
-        {"one, two", "{C-Left}{C-Left}", "one|, two"},
-        {"one, two", "{Home}{C-Right}{C-Right}", "one, |two"},
-        {"one, two", "{C-Back}", "one, |"},
-        {"one two", "{Home}{C-Del}", "|two"},
-        {"one two", "{C-a}{Left}", "|one two"},
-        {"one two", "{C-a}{Right}", "one two|"},
-        {"one", "{Left}{Left}{Left}{Left}x", "x|one"},
-        {"one", "{Right}{Del}", "one|"},
-        {"ab", "{S-Left}{C-c}{End}{C-v}{C-v}", "abbb|"},
-        {"ab", "{C-a}{C-x}x{C-v}", "xab|"},
-        {"ab", "{C-a}{S-Del}{S-Ins}{S-Ins}", "abab|"},
-        {"", "abc{Back}{Back}{C-z}", "abc|"},
-        {"", "abc{Back}{Back}{C-z}{C-z}", "|"},
-        {"", "abc{Back}{Back}{C-z}{C-z}{C-y}", "abc|"},
-        {"", "abc{Back}{Back}{C-z}{C-z}{C-S-z}{C-y}", "a|"},
-        {"", "ab{Left}c{C-z}", "a|b"},
-        {"", "ab{C-z}c{C-y}", "c|"},
-        {"ab", "{C-a}x{C-z}", "[ab|]"},
-    };
-    for (const TCase& c : cases) {
-        SCOPED_TRACE(std::string(c.Text) + " " + c.Keys);
+    for (const auto& [text, keys, shown] : Cases<TText, TText, TText>("keys", "texts")) {
+        SCOPED_TRACE(text + " " + keys);
         TEditForm f;
-        f.Widget.SetText(c.Text);
-        f.Keys(c.Keys);
-        EXPECT_EQ(f.Shown(), c.Shown);
+        f.Widget.SetText(text);
+        f.Keys(keys);
+        EXPECT_EQ(f.Shown(), shown);
     }
 }
 
@@ -102,15 +73,15 @@ TEST(Edit, IsSelectedByTheMouse) {
     const auto at = [](int Character) { return TPoint{20 + 5 + 8 * Character + 1, 22}; };
     static const auto place = at;
     const TCase cases[] = {
-        {"press", [](TEditForm& F) { Click(F.Client(), place(2)); }, "on|e two"},
+        {"press", [](TEditForm& F) { Click(F.Client(), place(2)); }, "on^e two"},
         {"behind the end",
          [](TEditForm& F) {
              Click(F.Client(), {139, 22});
          },
-         "one two|"},
+         "one two^"},
         {"with Shift",
          [](TEditForm& F) { Click(F.Client(), place(1)), Click(F.Client(), place(3), ssShift); },
-         "o[ne|] two"},
+         "o[ne^] two"},
         {"drag to the left",
          [](TEditForm& F) {
              Mouse(F.Client(), TMouseKind::Down, place(3));
@@ -118,8 +89,8 @@ TEST(Edit, IsSelectedByTheMouse) {
              Mouse(F.Client(), TMouseKind::Up, {1, 22});
              Mouse(F.Client(), TMouseKind::Move, place(6));
          },
-         "[|one] two"},
-        {"double click", [](TEditForm& F) { Click(F.Client(), place(5), ssDouble); }, "one [two|]"},
+         "[^one] two"},
+        {"double click", [](TEditForm& F) { Click(F.Client(), place(5), ssDouble); }, "one [two^]"},
     };
     for (const TCase& c : cases) {
         SCOPED_TRACE(c.What);
@@ -163,9 +134,9 @@ TEST(Edit, ShowsWhatIsComposedAndTakesWhatIsCommitted) {
     EXPECT_EQ(f.Widget.GetText(), "ab");
     EXPECT_EQ(changes, 0);
     f.Client().HostCompose({.Commit = "可"});
-    EXPECT_EQ(f.Shown(), "a可|b");
+    EXPECT_EQ(f.Shown(), "a可^b");
     f.Client().HostCompose({.Commit = "!", .ReplaceFrom = -2, .ReplaceLength = 2});
-    EXPECT_EQ(f.Shown(), "!|b");
+    EXPECT_EQ(f.Shown(), "!^b");
     f.Keys("{C-a}");
     f.Client().HostCompose({.Text = "x"});
     EXPECT_EQ(f.Widget.GetText(), "") << "composing replaces what is selected";
