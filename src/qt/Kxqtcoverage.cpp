@@ -1,6 +1,9 @@
 #include <kxgraph/qt/Kxqtcoverage.h>
 
+#include <kxgraph/numeric/Kxwide.h>
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -12,6 +15,20 @@ namespace {
 constexpr double CNowhere = std::numeric_limits<double>::infinity();
 constexpr int CFinest = 32, CCoarsest = 8; // bars a pixel; wide pens need fewer
 constexpr double CBarsAPen = 96;
+constexpr std::size_t CWidenedTogether = 1024; // bars that stay near to the processor
+
+/// What the pen reaches upward from two places beside the middles of bars.
+struct TUnderPen {
+    template <bool Fused>
+    static KX_INLINED void Run(float* Reached, const std::array<const float*, 2>& Edges, std::size_t Count,
+                               float Pen) {
+        const float *left = Edges[0], *right = Edges[1];
+        for (std::size_t i = 0; i < Count; ++i) {
+            const float edge = (right[i] < left[i] ? right[i] : left[i]) - Pen;
+            Reached[i] = edge < Reached[i] ? edge : Reached[i];
+        }
+    }
+};
 
 } // namespace
 
@@ -64,25 +81,35 @@ void TLineCoverage::AddSegment(QPointF From, QPointF To) {
     }
 }
 
-/// From the middle of the line to what a round pen covers. The middle of a bar lies between two halves.
+/// From the middle of the line to what a round pen covers. The middle of a bar lies between two halves, the
+/// left one of them even.
 void TLineCoverage::Widen(double Radius) {
     FReach.clear();
     for (double aside = 0.25 / FParts; aside < Radius; aside += 0.5 / FParts)
-        FReach.push_back(std::sqrt(Radius * Radius - aside * aside));
-    FWide.assign(FHalves.size() / 2, TBar{CNowhere, -CNowhere});
-    const auto count = std::ptrdiff_t(FHalves.size()), reach = std::ptrdiff_t(FReach.size());
-    for (std::ptrdiff_t middle = 1; middle < count; middle += 2) {
-        TBar wide{CNowhere, -CNowhere};
-        const auto take = [&wide](const TBar& Half, double Pen) {
-            wide.Top = std::min(wide.Top, Half.Top - Pen);
-            wide.Bottom = std::max(wide.Bottom, Half.Bottom + Pen);
-        };
-        for (std::ptrdiff_t i = 0; i < std::min(reach, middle); ++i)
-            take(FHalves[std::size_t(middle - 1 - i)], FReach[std::size_t(i)]);
-        for (std::ptrdiff_t i = 0; i < std::min(reach, count - middle); ++i)
-            take(FHalves[std::size_t(middle + i)], FReach[std::size_t(i)]);
-        FWide[std::size_t(middle / 2)] = wide;
+        FReach.push_back(float(std::sqrt(Radius * Radius - aside * aside)));
+    const std::size_t count = FHalves.size() / 2, beyond = FReach.size() / 2 + 1;
+    FEdges.resize(4);
+    for (auto& edges : FEdges) edges.assign(count + 2 * beyond, float(CNowhere));
+    for (std::size_t i = 0; i < FHalves.size(); ++i) {
+        FEdges[i % 2][beyond + i / 2] = float(FHalves[i].Top);
+        FEdges[2 + i % 2][beyond + i / 2] = -float(FHalves[i].Bottom);
     }
+    FTops.assign(count, float(CNowhere));
+    FBottoms = FTops;
+    for (std::size_t first = 0; first < count; first += CWidenedTogether) {
+        const std::size_t bars = std::min(CWidenedTogether, count - first);
+        for (std::size_t i = 0; i < FReach.size(); ++i) {
+            const std::size_t left = first + beyond - (i + 1) / 2, right = first + beyond + i / 2 + i % 2;
+            const auto under = [&](std::size_t Edge) {
+                const std::vector<float>&even = FEdges[Edge], &odd = FEdges[Edge + 1];
+                return std::array{(i % 2 ? odd : even).data() + left, (i % 2 ? even : odd).data() + right};
+            };
+            RunKernel<TUnderPen>(FTops.data() + first, under(0), bars, FReach[i]);
+            RunKernel<TUnderPen>(FBottoms.data() + first, under(2), bars, FReach[i]);
+        }
+    }
+    FWide.resize(count);
+    for (std::size_t i = 0; i < count; ++i) FWide[i] = {FTops[i], -FBottoms[i]};
 }
 
 /// Paints the columns of Window, at most CTogether; the first one is Column of those that bars are known of.

@@ -45,11 +45,14 @@ private:
     void AddBar(TBar Bar, int Top, std::size_t Column);
     void Step(TCovered& Covered, const TRow& Row) const;
 
-    int FParts = 1;             // bars a pixel
-    double FFirst = 0;          // where the first bar begins
-    std::vector<TBar> FHalves;  // of bars: what the line passes
-    std::vector<TBar> FWide;    // what the pen covers
-    std::vector<double> FReach; // of the pen, at the halves beside its middle
+    int FParts = 1;            // bars a pixel
+    double FFirst = 0;         // where the first bar begins
+    std::vector<TBar> FHalves; // of bars: what the line passes
+    std::vector<TBar> FWide;   // what the pen covers
+    std::vector<float> FReach; // of the pen, at the halves beside its middle
+    // Tops of even and of odd halves, negative bottoms of both, and those of what the pen covers.
+    std::vector<std::vector<float>> FEdges;
+    std::vector<float> FTops, FBottoms;
     std::vector<TRow> FRows;
 };
 

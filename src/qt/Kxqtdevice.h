@@ -4,6 +4,7 @@
 #include <kxgraph/platform/drawing/device.h>
 #include <kxgraph/qt/Kxqtcoverage.h>
 #include <kxgraph/qt/Kxqtfont.h>
+#include <kxgraph/qt/Kxqtlinemask.h>
 #include <kxgraph/qt/Kxqtraster.h>
 #include <kxgraph/qt/Kxqtstamp.h>
 
@@ -100,6 +101,7 @@ private:
     TRect FWindow;     // the same in device pixels
     TRepeatedShape FShape{PaintStamp};
     TLineCoverage FCoverage;
+    TLineMask FMask;
     std::vector<TPoint> FKept, FPixels;         // scratch, kept for their storage
     std::vector<TRealPoint> FExact, FExactKept; // likewise
     std::vector<QPointF> FCurve, FSpare, FBand; // likewise

@@ -119,16 +119,20 @@ void TPainterDevice::PaintWide(TPointSpan Points, const TStroke& Stroke, bool Cl
     });
 }
 
-/// Writes a smooth line that runs from left to right past the painter, all of its points; false if the
-/// painter has to.
+/// Writes a smooth line past the painter, all of its points; false if the painter has to.
 bool TPainterDevice::WriteCoverage(std::span<const TRealPoint> Line, const QPen& Pen, TPenMode Mode) {
     const bool isSolid = Pen.capStyle() == Qt::RoundCap && Mode == pmCopy;
-    if (!FRaster || !FAntialias || !isSolid || !TLineCoverage::IsFor(Line)) return false;
+    if (!FRaster || !FAntialias || !isSolid) return false;
+    const bool runsOneWay = TLineCoverage::IsFor(Line);
+    if (!runsOneWay && !TLineMask::IsFor(Line.size(), Pen.widthF())) return false;
     const auto image = FAccess.MixedPixels(FWindow);
     if (!image) return false;
     SetCurve(Line);
     const int columns = int(std::ceil(FColumnsPerPixel / FScale));
-    FCoverage.Paint(*image, FWindow, FCurve, columns, Pen.widthF(), Pen.color().rgb());
+    if (runsOneWay)
+        FCoverage.Paint(*image, FWindow, FCurve, columns, Pen.widthF(), Pen.color().rgb());
+    else
+        FMask.Paint(*image, FWindow, FCurve, Pen.widthF(), Pen.color().rgb());
     return true;
 }
 
