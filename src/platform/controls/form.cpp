@@ -121,15 +121,16 @@ void TForm::HostSettle() { SettleTree(*this); }
 
 void TForm::HostPaint(TCanvasDevice& Device, const TRect& Dirty) {
     EndRequests(); // what is asked for from here on is for the next frame
+    const TComponentRef<TForm> self(this); // which whoever settles or paints may take away
     SettleTree(*this);
-    PaintTree(*this, Device, Dirty);
-    if (FDesigner) {
+    if (self) PaintTree(*this, Device, Dirty);
+    if (self && FDesigner) {
         TCanvas canvas(&Device);
         canvas.SetBaseClip(Dirty);
         Guarded([&] { FDesigner->PaintDesign(canvas); });
         Device.SetClip({});
     }
-    EndRequests(); // a window may count what was asked for meanwhile as painted
+    if (self) EndRequests(); // a window may count what was asked for meanwhile as painted
 }
 
 void TForm::HostMouse(TMouseKind Kind, TMouseButton Button, TShiftState Shift, TPoint Pos) {

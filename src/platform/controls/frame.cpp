@@ -14,9 +14,9 @@ namespace {
 /// Settles a tree in rounds. A control that raised is reported once and left alone from then on.
 class TSettling {
 public:
-    /// Whether any control of the tree asked.
+    /// Whether any control of the tree asked. What settles calls handlers, which may take controls away.
     bool Round(TControl& Control) {
-        const auto* container = dynamic_cast<const TWinControl*>(&Control);
+        const TComponentRef<const TWinControl> container(dynamic_cast<const TWinControl*>(&Control));
         bool asked = Ask(Control);
         for (int i = 0; container && i < container->GetControlCount(); ++i)
             asked = Round(*container->GetControl(i)) || asked;
@@ -67,8 +67,9 @@ bool SettleTree(TWinControl& Root) {
     constexpr int CFewRounds = 6; // more than a frame needs unless something goes round in a circle
     TSettling settling;
     std::vector<std::vector<double>> states;
+    const TComponentRef<const TWinControl> root(&Root);
     for (int round = 0; round < CMaxSettleRounds; ++round) {
-        if (!settling.Round(Root)) return !settling.AnyFailed();
+        if (!settling.Round(Root) || !root) return !settling.AnyFailed();
         if (round < CFewRounds) continue;
         std::vector<double> state = StateOf(Root);
         const bool comesBack = std::ranges::find(states, state) != states.end();
