@@ -287,7 +287,8 @@ void TKxCalculatedSeries::WriteResults(TKxIniList& List, const AnsiString& Secti
 
 /// Results that show positions as the axis does follow it to dates and back.
 void TKxCalculatedSeries::RenewTexts() {
-    if (!GetXAxis() || GetXAxis()->GetLabelKind() == FShownKind || !FFound.Find("Calculation")) return;
+    if (!GetXAxis() || GetXAxis()->GetLabelling().Reading() == FShownReading || !FFound.Find("Calculation"))
+        return;
     StoreResults();
     TellResultLabels();
 }
@@ -300,7 +301,7 @@ void TKxCalculatedSeries::StoreResults() {
         TKxCalculatedSeries::CollectResults(found);
         found.Set("Error", FError);
     }
-    if (GetXAxis()) FShownKind = GetXAxis()->GetLabelKind();
+    if (GetXAxis()) FShownReading = GetXAxis()->GetLabelling().Reading();
     const bool hasSameKeys = found.HasKeysOf(FFound);
     FFound = std::move(found);
     FParentSection.Store(FParentSeries->GetResults(), StripBlanks(GetCalculationID() + GetOwnIndex()),

@@ -8,6 +8,7 @@
 #include <kxgraph/series/Kxdataseries.h>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace kx {
@@ -219,7 +220,7 @@ private:
     double FCalculationStart = 0, FCalculationStop = 0, FDisplayStart = 0, FDisplayStop = 0;
     double FLastAxisStart = 0, FLastAxisStop = 0;
     int FLastAxisLength = -1;
-    TKxLabelKind FShownKind = lkNumbers; // of positions in the results
+    std::pair<TKxLabelKind, int> FShownReading{}; // of positions in the results
     TSampling FSampling = TSampling::None;
     std::vector<TKxResultListener*> FResultLabels;
     std::unique_ptr<TKxLiveVector> FDisplayX, FDisplayY;

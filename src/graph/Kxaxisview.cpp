@@ -2,6 +2,7 @@
 
 #include <kxgraph/graph/Kxaxis.h>
 
+#include <atomic>
 #include <cmath>
 #include <utility>
 
@@ -46,6 +47,8 @@ void TKxAxis::SetCategories(const TKxCategories& Categories) {
 void TKxAxis::SetOnZoneOffset(const TKxZoneOffset& Offset) {
     TKxLabelling labelling = FRange.Labelling();
     labelling.ZoneOffset = Offset;
+    static std::atomic<int> zones = 0;
+    labelling.Zone = ++zones;
     SetLabelling(std::move(labelling));
 }
 

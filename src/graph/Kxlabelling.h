@@ -11,6 +11,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace kx {
 
@@ -28,7 +29,11 @@ struct TKxLabelling {
     TKxLabelKind Kind = lkNumbers;
     TKxCategories Categories;
     TKxZoneOffset ZoneOffset;
+    /// One of its own for each ZoneOffset: functions cannot be compared.
+    int Zone = 0;
 
+    /// Equal where dates read alike.
+    std::pair<TKxLabelKind, int> Reading() const { return {Kind, Kind == lkDates ? Zone : 0}; }
     TKxScaleEnds CalculateEnds(const TKxScaleInput& Input) const;
     TKxTicks CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map,
                             const TKxTickOptions& Options) const;

@@ -322,6 +322,9 @@ TEST(CalculatedSeries, ShowsPositionsAsItsAxisDoesFromThenOn) {
     f.Set("XAxis1.LabelKind=lkDates");
     f.Draw();
     EXPECT_EQ(stop(), "1970-01-01 00:00:20.00000");
+    f.X->SetOnZoneOffset([](double) { return 3600; });
+    f.Draw();
+    EXPECT_EQ(stop(), "1970-01-01 01:00:20.00000");
     EXPECT_EQ(f.Curve->Runs, runs) << "without a calculation";
     f.Set("XAxis1.LabelKind=lkNumbers");
     f.Draw();
