@@ -3,6 +3,7 @@
 #include <kxgraph/annotation/Kxresultlabel.h>
 #include <kxgraph/design/Kxfonteditors.h>
 #include <kxgraph/design/Kxreferenceeditors.h>
+#include <kxgraph/design/Kxsampleeditors.h>
 #include <kxgraph/design/Kxvalueeditors.h>
 #include <kxgraph/graph/Kxaxis.h>
 
@@ -36,10 +37,18 @@ bool IsAxis(const TKxPropertyPlace& Place) {
 bool IsCaption(const TKxPropertyPlace& Place) { return Place.GetRow().TypeName == CTypeName<TKxCaption>; }
 bool IsResultKey(const TKxPropertyPlace& Place) { return Place.GetRow().TypeName == CTypeName<TKxIDString>; }
 
+template <class TKind>
+void EnterSamples() {
+    RegisterPropertyEditor<TKxSampleEditorOf<TKind>>(TKxSampleEditorOf<TKind>::Fits);
+}
+
 bool EnterAll() {
     RegisterPropertyEditor<TKxNumberEditor>(IsNumber);
     RegisterPropertyEditor<TKxFlagEditor>(IsKind<TPropertyKind::Bool>);
     RegisterPropertyEditor<TKxChoiceEditor>(IsChoice);
+    EnterSamples<TKxBrushStyles>();
+    EnterSamples<TKxLineStyles>();
+    EnterSamples<TKxPointSymbols>();
     RegisterPropertyEditor<TKxSetEditor>(IsKind<TPropertyKind::Flags>);
     RegisterPropertyEditor<TKxColorEditor>(IsKind<TPropertyKind::Color>);
     RegisterPropertyEditor<TKxObjectEditor>(IsKind<TPropertyKind::SubObject>);

@@ -17,6 +17,7 @@ enum class TKxEditorKind {
     Caption, ///< a text with rich markup, for the caption edit
     Number,
     Choice,      ///< of GetChoices, and no other text
+    Sample,      ///< a Choice, each of which is drawn: TKxSampleEditor
     Suggestions, ///< of GetChoices, or any other text
     Flag,        ///< a check box; texts True and False
     Color,
@@ -57,7 +58,7 @@ public:
     virtual bool IsReadOnly() const { return FPlace.IsReadOnly(); }
     virtual bool IsDefault() const { return FPlace.IsDefault(); }
     virtual bool CanReset() const { return FPlace.CanReset(); }
-    /// Of a Choice, Suggestions or a FontFamily.
+    /// Of a Choice, a Sample, Suggestions or a FontFamily.
     virtual std::vector<TKxPropertyChoice> GetChoices() const { return {}; }
 
     /// Sets the property of all components, as one step of the history. Raises EPropertyError, or what the

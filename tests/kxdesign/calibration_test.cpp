@@ -30,6 +30,8 @@
 #include <QTreeWidget>
 #include <QUrl>
 
+#include <set>
+
 namespace kxdesign {
 namespace {
 
@@ -248,19 +250,32 @@ struct TFilledWindow {
     TUser User{Window};
 };
 
+/// How many of the entries that Editor offers have a picture that no other one has.
+std::size_t PicturesOf(const QWidget& Editor) {
+    std::set<QByteArray> pictures;
+    const auto* box = dynamic_cast<const QComboBox*>(&Editor);
+    for (int i = 0; box && i < box->count(); ++i) {
+        const QImage picture = box->itemIcon(i).pixmap(box->iconSize()).toImage();
+        const auto* bits = reinterpret_cast<const char*>(picture.constBits());
+        if (!picture.isNull()) pictures.emplace(bits, picture.sizeInBytes());
+    }
+    return pictures.size();
+}
+
 TEST(Kxdesign, OpensAnEditorForEveryKindOfProperty) {
     TFilledWindow f;
     f.Window.AskSave = [] { return TAnswer::Discard; };
     struct TCase {
         const char *Component, *Property, *File;
+        std::size_t Pictures = 0;
     };
     for (const TCase& c : {TCase{"XAxis", "Position", "enumeration"},
                            {"XAxis", "Font.Style", "set"},
                            {"Graph1", "Color", "color"},
                            {"Graph1", "TitleFont", "font"},
                            {"Graph1", "TitleFont.Name", "fontfamily"},
-                           {"DataSeries1", "LineStyle.Style", "pen"},
-                           {"DataSeries1", "AreaStyle.Style", "brush"},
+                           {"DataSeries1", "LineStyle.Style", "pen", 6},
+                           {"DataSeries1", "AreaStyle.Style", "brush", 8},
                            {"DataSeries1", "YAxis", "reference"},
                            {"ResultLabel1", "Identifier", "result"},
                            {"Label1", "Caption", "caption"},
@@ -268,7 +283,7 @@ TEST(Kxdesign, OpensAnEditorForEveryKindOfProperty) {
                            {"FittedLine1", "Coefficients", "coefficients"},
                            {"Graph1", "OnClick", "event"},
                            {"ListBox1", "Items", "lines"},
-                           {"DataSeries1", "PointStyle.Style", "symbol"}}) {
+                           {"DataSeries1", "PointStyle.Style", "symbol", 16}}) {
         SCOPED_TRACE(c.File);
         ASSERT_TRUE(f.Window.GetDocument().Find(c.Component));
         f.User.Select(c.Component);
@@ -276,6 +291,7 @@ TEST(Kxdesign, OpensAnEditorForEveryKindOfProperty) {
         ASSERT_TRUE(editor);
         f.User.Shoot(c.File);
         QWidget* rows = f.Window.GetInspector().GetTree().viewport();
+        EXPECT_EQ(PicturesOf(*editor), c.Pictures);
         EXPECT_TRUE(editor->parentWidget() != rows || rows->rect().contains(editor->geometry()));
         if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
         if (auto* dialog = dynamic_cast<QDialog*>(editor)) dialog->reject();

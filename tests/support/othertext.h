@@ -23,7 +23,8 @@ inline std::string OtherText(const TKxInspectorRow& Row) {
         return GridText(0.4 * std::stod(Row.Text) + 0.25);
     case TKxEditorKind::Values:
     case TKxEditorKind::Coefficients: return "1;2.5;-3";
-    case TKxEditorKind::Choice: return {};
+    case TKxEditorKind::Choice:
+    case TKxEditorKind::Sample: return {};
     default: return "Other" + Row.Text;
     }
 }

@@ -1,16 +1,14 @@
 #include "kxdesign/palette.h"
 
 #include "kxdesign/guarded.h"
+#include "kxdesign/pictures.h"
 
 #include <kxgraph/design/Kxpalette.h>
-#include <kxgraph/qt/Kxqtpicture.h>
 
 #include <QIcon>
 #include <QListWidget>
 #include <QPixmap>
 #include <QSignalBlocker>
-
-#include <optional>
 
 namespace kxdesign {
 
@@ -18,18 +16,13 @@ using namespace kx;
 
 namespace {
 
-QIcon IconOf(const TComponentClass& Class) {
-    constexpr int CSize = 24;
-    const std::string png =
-        qt::PngBytes({.Size = {CSize, CSize}, .Scale = 2, .Antialias = true, .Ground = std::nullopt},
-                     [&](TCanvasDevice& Device) {
-                         TCanvas canvas(&Device);
-                         PaintPaletteIcon(canvas, {0, 0, CSize, CSize}, Class);
-                     });
-    QPixmap picture;
-    picture.loadFromData(reinterpret_cast<const uchar*>(png.data()), unsigned(png.size()), "PNG");
-    picture.setDevicePixelRatio(2);
-    return QIcon(picture);
+constexpr int CIcon = 24;
+
+QIcon IconOf(const TComponentClass& Class, double Scale) {
+    const TSize size{CIcon, CIcon};
+    return QIcon(QPixmap::fromImage(Drawn(size, Scale, [&](TCanvas& Canvas) {
+        PaintPaletteIcon(Canvas, {0, 0, CIcon, CIcon}, Class);
+    })));
 }
 
 } // namespace
@@ -40,9 +33,10 @@ TPalette::TPalette(QWidget* Parent) : QTabWidget(Parent) {
 
 void TPalette::AddPage(const TKxPalettePage& Page) {
     auto* list = new QListWidget;
-    list->setIconSize({24, 24});
+    list->setIconSize({CIcon, CIcon});
     for (const TKxPaletteEntry& entry : Page.Entries) {
-        auto* item = new QListWidgetItem(IconOf(*entry.Class), Shown(entry.Caption), list);
+        auto* item =
+            new QListWidgetItem(IconOf(*entry.Class, devicePixelRatioF()), Shown(entry.Caption), list);
         item->setData(Qt::UserRole, Shown(std::string(entry.Class->Name)));
         item->setToolTip(Shown(entry.Hint));
     }

@@ -3,17 +3,17 @@
 #include "kxdesign/captionfield.h"
 #include "kxdesign/fontfield.h"
 #include "kxdesign/guarded.h"
+#include "kxdesign/pictures.h"
 
 #include <kxgraph/annotation/Kxcaption.h>
+#include <kxgraph/design/Kxsampleeditors.h>
 #include <kxgraph/platform/text/colors.h>
-#include <kxgraph/qt/Kxqtdevice.h>
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QImage>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPixmap>
@@ -22,7 +22,6 @@
 #include <QTreeWidget>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace kxdesign {
@@ -33,6 +32,7 @@ namespace {
 
 constexpr int CPath = Qt::UserRole;
 constexpr int CTextMargin = 3; // of texts in cells
+constexpr TSize CSample{40, 16};
 
 QColor ColorOf(const std::string& Text) {
     const auto color = ColorFromText(Text);
@@ -65,6 +65,21 @@ private:
     QLineEdit* FText;
 };
 
+QPixmap SampleOf(const TKxSampleEditor& Editor, int Index, double Scale) {
+    return QPixmap::fromImage(Drawn(CSample, Scale, [&](TCanvas& Canvas) {
+        const TRect all{0, 0, CSample.Width, CSample.Height};
+        Canvas.Brush.SetColor(clWhite); // of graphs
+        Canvas.FillRect(all);
+        Editor.DrawChoice(Canvas, all, Index);
+    }));
+}
+
+void AddSamples(QComboBox& Box, const TKxSampleEditor& Editor) {
+    Box.setIconSize({CSample.Width, CSample.Height});
+    for (int i = 0; i < Box.count(); ++i) Box.setItemIcon(i, SampleOf(Editor, i, Box.devicePixelRatioF()));
+    Box.setMaxVisibleItems(Box.count()); // all at a glance
+}
+
 QComboBox* NewChoice(QWidget* Parent, const TKxInspectorRow& Row) {
     auto* box = new QComboBox(Parent);
     if (Row.Editor->GetKind() == TKxEditorKind::FontFamily) return AddFamilies(*box, *Row.Editor), box;
@@ -74,6 +89,8 @@ QComboBox* NewChoice(QWidget* Parent, const TKxInspectorRow& Row) {
         const QString noted = text.isEmpty() ? "(" + note + ")" : text + "   " + note;
         box->addItem(note.isEmpty() ? text : noted, text);
     }
+    if (const auto* samples = dynamic_cast<const TKxSampleEditor*>(Row.Editor.get()))
+        AddSamples(*box, *samples);
     constexpr int CMostWidth = 420, CScrollBar = 24;
     box->view()->setMinimumWidth(std::min(box->view()->sizeHintForColumn(0) + CScrollBar, CMostWidth));
     if (Row.Editor->GetKind() == TKxEditorKind::Flag && box->count() == 0)
@@ -109,18 +126,11 @@ QImage PictureOf(const std::string& Caption, const QColor& Color, int Height, do
     const TKxParsedCaption caption = ParseCaption(Caption);
     TCanvas measuring;
     const int width = MeasureCaption(caption, measuring) + 2; // slanted letters lean out
-    QImage picture(int(std::ceil(width * Scale)), int(std::ceil(Height * Scale)),
-                   QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    kx::qt::TPainterDevice device(painter, {width, Height}, Scale, true);
-    TCanvas canvas(&device);
-    canvas.Brush.SetStyle(bsClear);
-    canvas.Font.SetColor(RGB(Color.red(), Color.green(), Color.blue()));
-    PaintCaption(caption, canvas, 0, (Height - canvas.TextHeight("X")) / 2, 0);
-    painter.end();
-    picture.setDevicePixelRatio(Scale);
-    return picture;
+    return Drawn({width, Height}, Scale, [&](TCanvas& Canvas) {
+        Canvas.Brush.SetStyle(bsClear);
+        Canvas.Font.SetColor(RGB(Color.red(), Color.green(), Color.blue()));
+        PaintCaption(caption, Canvas, 0, (Height - Canvas.TextHeight("X")) / 2, 0);
+    });
 }
 
 } // namespace
@@ -145,6 +155,21 @@ void TPropertyDelegate::paint(QPainter* Painter, const QStyleOptionViewItem& Opt
     Painter->restore();
 }
 
+/// A style that was chosen by its looks shows them in its line, too.
+void TPropertyDelegate::initStyleOption(QStyleOptionViewItem* Option, const QModelIndex& Index) const {
+    QStyledItemDelegate::initStyleOption(Option, Index);
+    const TKxInspectorRow* row = RowAt(Index);
+    const auto* samples = row ? dynamic_cast<const TKxSampleEditor*>(row->Editor.get()) : nullptr;
+    if (!samples || row->IsMixed) return;
+    const auto choices = samples->GetChoices();
+    const auto chosen = std::ranges::find(choices, row->Text, &TKxPropertyChoice::Text);
+    if (chosen == choices.end()) return;
+    const double scale = Option->widget ? Option->widget->devicePixelRatioF() : 1;
+    Option->features |= QStyleOptionViewItem::HasDecoration;
+    Option->icon = QIcon(SampleOf(*samples, int(chosen - choices.begin()), scale));
+    Option->decorationSize = {CSample.Width, CSample.Height};
+}
+
 QSize TPropertyDelegate::sizeHint(const QStyleOptionViewItem& Option, const QModelIndex& Index) const {
     return QStyledItemDelegate::sizeHint(Option, Index).expandedTo({0, Option.fontMetrics.height() + 8});
 }
@@ -160,6 +185,7 @@ QWidget* TPropertyDelegate::createEditor(QWidget* Parent, const QStyleOptionView
     if (!row) return nullptr;
     switch (row->Editor->GetKind()) {
     case TKxEditorKind::Choice:
+    case TKxEditorKind::Sample:
     case TKxEditorKind::Suggestions:
     case TKxEditorKind::FontFamily:
     case TKxEditorKind::Flag: return NewBox(Parent, *row);
@@ -212,6 +238,8 @@ void TPropertyDelegate::updateEditorGeometry(QWidget* Editor, const QStyleOption
         caption->PlaceOver(Option.rect.adjusted(0, -more / 2, 0, more - more / 2), room);
     } else if (auto* font = dynamic_cast<TFontField*>(Editor)) {
         font->PlaceOver(Option.rect, room);
+    } else if (dynamic_cast<QComboBox*>(Editor)) {
+        Editor->setGeometry(Option.rect); // a sample shows in it, not beside it
     } else {
         QStyledItemDelegate::updateEditorGeometry(Editor, Option, Index);
     }

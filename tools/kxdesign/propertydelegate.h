@@ -32,6 +32,9 @@ public:
                               const QModelIndex& Index) const override;
     void setModelData(QWidget* Editor, QAbstractItemModel* Model, const QModelIndex& Index) const override;
 
+protected:
+    void initStyleOption(QStyleOptionViewItem* Option, const QModelIndex& Index) const override;
+
 private:
     const kx::TKxInspectorRow* RowAt(const QModelIndex& Index) const;
     QComboBox* NewBox(QWidget* Parent, const kx::TKxInspectorRow& Row) const;
