@@ -4,6 +4,7 @@
 #include <kxgraph/design/Kxfonteditors.h>
 #include <kxgraph/design/Kxreferenceeditors.h>
 #include <kxgraph/design/Kxsampleeditors.h>
+#include <kxgraph/design/Kxtextseditor.h>
 #include <kxgraph/design/Kxvalueeditors.h>
 #include <kxgraph/graph/Kxaxis.h>
 
@@ -57,6 +58,7 @@ bool EnterAll() {
     RegisterPropertyEditor<TKxRealsEditor>(IsKind<TPropertyKind::Reals>);
     RegisterPropertyEditor<TKxReferenceEditor>(IsKind<TPropertyKind::Reference>);
     RegisterPropertyEditor<TKxEventEditor>(IsKind<TPropertyKind::Event>);
+    RegisterPropertyEditor<TKxTextsEditor>(TKxTextsEditor::Fits);
     RegisterPropertyEditor<TKxCaptionEditor>(IsCaption);
     RegisterPropertyEditor<TKxResultKeyEditor>(IsResultKey);
     RegisterPropertyEditor<TKxAxisEditor>(IsAxis);

@@ -23,6 +23,7 @@ enum class TKxEditorKind {
     Color,
     Font,        ///< a text, or its parts: TKxFontEditor
     FontFamily,  ///< Suggestions, each of which is shown in its own face
+    Texts,       ///< a list of them: TKxTextsEditor
     Object,      ///< nothing of its own; its parts are edited
     Values,      ///< a grid: TKxValuesGrid
     Coefficients ///< a grid: TKxCoefficientGrid

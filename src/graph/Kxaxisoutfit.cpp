@@ -3,7 +3,7 @@
 #include <kxgraph/graph/Kxaxis.h>
 
 #include <kxgraph/persist/Kxoutfit.h>
-#include <kxgraph/platform/objects/published.h>
+#include <kxgraph/platform/objects/textlists.h>
 
 namespace kx {
 
@@ -45,8 +45,8 @@ const TPropertyTable& TKxAxis::Properties() {
                 "LabelKind", lkNumbers,
                 "labels are numbers, dates (values are seconds since 1970, UTC) or Categories; on linear "
                 "axes"),
-            Published<&TKxAxis::GetCategoriesText, &TKxAxis::SetCategoriesText>(
-                "Categories", "",
+            PublishedTexts<&TKxAxis::GetCategoriesText, &TKxAxis::SetCategoriesText>(
+                CCategoriesType, "Categories",
                 "texts at 1, 2, 3, ..., joined by semicolons; within \" where they have one"),
             PublishedEvent<&TKxAxis::GetOnZoneOffset, &TKxAxis::SetOnZoneOffset>(
                 "OnZoneOffset", "Asked for the seconds that local time is ahead of UTC at a moment"),

@@ -2,6 +2,7 @@
 // window.
 
 #include "kxdesign/formarea.h"
+#include "kxdesign/guarded.h"
 #include "kxdesign/inplacecaption.h"
 #include "kxdesign/inspectorpanel.h"
 #include "kxdesign/mainwindow.h"
@@ -17,8 +18,10 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QDropEvent>
 #include <QElapsedTimer>
 #include <QKeyEvent>
@@ -27,6 +30,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTreeWidget>
 #include <QUrl>
 
@@ -240,7 +245,7 @@ struct TFilledWindow {
         User.DropFile(Directory / "t.csv");
         const TPoint corner = Only<TKx2DGraph>(Window.GetDocument()).GetDrawingWorld().ClientToRoot({30, 20});
         for (const char* type : {"TKxLinearRegressionLine", "TKxFittedLine", "TKxResultLabel", "TKxLabel",
-                                 "TListBox", "TKxRealVector"}) {
+                                 "TListBox", "TStringGrid", "TKxRealVector"}) {
             User.Place(type, corner, corner);
             User.Look();
         }
@@ -296,6 +301,42 @@ TEST(Kxdesign, OpensAnEditorForEveryKindOfProperty) {
         if (QWidget* popup = QApplication::activePopupWidget()) popup->close();
         if (auto* dialog = dynamic_cast<QDialog*>(editor)) dialog->reject();
         f.User.Look();
+    }
+}
+
+TEST(Kxdesign, EditsListsOfTextsAsOneStep) {
+    TFilledWindow f;
+    f.Window.AskSave = [] { return TAnswer::Discard; };
+    struct TCase {
+        const char *Component, *Property, *Typed, *Text, *Shown;
+    };
+    for (const TCase& c : {TCase{"ListBox1", "Items", "one\r\ntwo\n", "one\ntwo", "one; two"},
+                           {"XAxis", "Categories", "Fe\nFe; hot\n", "Fe; \"Fe; hot\"", "Fe; \"Fe; hot\""},
+                           {"StringGrid1", "Cells", "a\tb\nc", "a\tb\nc", "a\tb; c"}}) {
+        SCOPED_TRACE(c.Property);
+        f.User.Select(c.Component);
+        const auto row = [&]() -> TKxInspectorRow& {
+            return *f.Window.GetInspector().GetInspector().Find(c.Property);
+        };
+        const std::string before = row().Text;
+        for (const bool types : {false, true}) {
+            QWidget* dialog = f.User.Open(c.Property);
+            auto* edit = dialog->findChild<QPlainTextEdit*>();
+            ASSERT_TRUE(edit);
+            if (types) {
+                QApplication::clipboard()->setText(c.Typed);
+                edit->selectAll();
+                edit->paste();
+                f.User.Shoot(c.Property);
+            }
+            dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+            f.User.Look();
+            EXPECT_TRUE(types || row().Text == before) << row().Text;
+        }
+        EXPECT_EQ(row().Text.substr(0, row().Text.find_last_not_of('\n') + 1), c.Text);
+        EXPECT_EQ(Told(f.Window.GetInspector().ItemOf(c.Property)->text(1)), c.Shown);
+        f.User.Do("Undo");
+        EXPECT_EQ(row().Text, before);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "kxdesign/gridwindow.h"
 #include "kxdesign/guarded.h"
 #include "kxdesign/propertydelegate.h"
+#include "kxdesign/textswindow.h"
 
 #include <kxgraph/design/Kxdesigneditors.h>
 #include <kxgraph/platform/base/scopedvalue.h>
@@ -24,6 +25,12 @@ using namespace kx;
 namespace {
 
 constexpr int CPath = Qt::UserRole;
+
+/// Lists of texts have several lines, the last of which may end.
+QString InOneLine(QString Text) {
+    if (Text.endsWith('\n')) Text.chop(1);
+    return Text.replace('\n', "; ");
+}
 
 TKxDesignChange& WithEditors(TKxDesignDocument& Document) {
     RegisterPropertyEditors();
@@ -135,7 +142,7 @@ void TInspectorPanel::ShowTexts() {
         QFont font = FTree->font();
         font.setBold(!row->IsDefault && row->Parts.empty());
         (*item)->setFont(1, font);
-        (*item)->setText(1, Shown(row->Text));
+        (*item)->setText(1, InOneLine(Shown(row->Text)));
         if (row->Editor->GetKind() == TKxEditorKind::Color) ShowColor(**item, *row);
         (*item)->setToolTip(1, Shown(row->Help));
     }
@@ -163,6 +170,7 @@ void TInspectorPanel::Open(QTreeWidgetItem* Item) {
     switch (row->Editor->GetKind()) {
     case TKxEditorKind::Values: return EditValues(this, row->Editor->GetPlace());
     case TKxEditorKind::Coefficients: return EditCoefficients(this, row->Editor->GetPlace());
+    case TKxEditorKind::Texts: return EditTexts(this, row->Editor->GetPlace());
     case TKxEditorKind::Object: return Item->setExpanded(true);
     default: break;
     }

@@ -1,6 +1,6 @@
 #include <kxgraph/platform/widgets/combobox.h>
 
-#include <kxgraph/platform/objects/published.h>
+#include <kxgraph/platform/objects/textlists.h>
 #include <kxgraph/platform/widgets/listbox.h>
 #include <kxgraph/platform/widgets/popupform.h>
 
@@ -174,7 +174,7 @@ const TPropertyTable& TComboBox::Properties() {
     using C = TComboBox;
     static const TPropertyTable table(
         "TComboBox", &TCustomComboBox::Properties(),
-        {Published<&C::GetLines, &C::SetLines>("Items", "", "The items, a line each")});
+        {PublishedTexts<&C::GetLines, &C::SetLines>(CLinesType, "Items", "The items, a line each")});
     return table;
 }
 

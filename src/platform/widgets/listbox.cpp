@@ -1,6 +1,6 @@
 #include <kxgraph/platform/widgets/listbox.h>
 
-#include <kxgraph/platform/objects/published.h>
+#include <kxgraph/platform/objects/textlists.h>
 
 #include <algorithm>
 #include <cmath>
@@ -179,7 +179,7 @@ const TPropertyTable& TListBox::Properties() {
     using C = TListBox;
     static const TPropertyTable table(
         "TListBox", &TCustomListBox::Properties(),
-        {Published<&C::GetLines, &C::SetLines>("Items", "", "The items, a line each"),
+        {PublishedTexts<&C::GetLines, &C::SetLines>(CLinesType, "Items", "The items, a line each"),
          Published<&C::GetMultiSelect, &C::SetMultiSelect>("MultiSelect", false,
                                                            "Whether several items can be chosen")});
     return table;

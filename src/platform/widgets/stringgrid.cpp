@@ -1,6 +1,6 @@
 #include <kxgraph/platform/widgets/stringgrid.h>
 
-#include <kxgraph/platform/objects/published.h>
+#include <kxgraph/platform/objects/textlists.h>
 #include <kxgraph/platform/widgets/tabtext.h>
 
 #include <algorithm>
@@ -59,8 +59,8 @@ const TPropertyTable& TStringGrid::Properties() {
     using C = TStringGrid;
     static const TPropertyTable table(
         "TStringGrid", &TCustomGrid::Properties(),
-        {Published<&C::GetCells, &C::SetCells>("Cells", "",
-                                               "The texts, headers among them, with tabs between them"),
+        {PublishedTexts<&C::GetCells, &C::SetCells>(CCellsType, "Cells",
+                                                    "The texts, headers among them, with tabs between them"),
          Published<&C::GetRightAligned, &C::SetRightAligned>(
              "RightAligned", false, "Whether texts are kept to the right, as numbers are")});
     return table;
