@@ -3,6 +3,8 @@
 #include "support/keys.h"
 #include "support/testing.h"
 
+#include <kxgraph/platform/controls/frame.h>
+#include <kxgraph/platform/drawing/recording.h>
 #include <kxgraph/platform/widgets/combobox.h>
 #include <kxgraph/platform/widgets/listbox.h>
 
@@ -137,6 +139,10 @@ TEST(ListBox, HasSeveralItemsChosenByMouseAndKeys) {
         EXPECT_EQ(f.Widget.GetItemIndex(), s.ItemIndex);
         EXPECT_EQ(f.Selected, s.Selected);
     }
+    TRecorder recorder({200, 260}, 96, false);
+    PaintFrame(f.Form, recorder);
+    EXPECT_NE(recorder.Recording.ToText().find("clip (22,12)-"), std::string::npos)
+        << "the ring of the keys stays whole";
     Mouse(f.Client(), TMouseKind::Down, at(3));
     for (const int item : {5, 4}) Mouse(f.Client(), TMouseKind::Move, at(item));
     EXPECT_EQ(chosen(), "3 4 ") << "dragged over";

@@ -133,15 +133,18 @@ void TCustomListBox::PaintItem(int Index) {
     if (Index != GetItemIndex()) state &= ~unsigned(odFocused);
     if (Index == FHotItem && IsHot()) state |= odHot;
     if (!ItemEnabled(Index)) state |= odDisabled;
-    const TRect rect = ItemRect(Index);
+    const TRect rect = ItemRect(Index), room = ItemsRect();
+    const TRect inner{room.Left + 1, room.Top + 1, room.Right - 1,
+                      room.Bottom - 1}; // within the ring of the keys
     const TCanvas::TSaved saved(GetCanvas());
-    GetCanvas().SetClip(rect.Intersected(ItemsRect()).Intersected(GetCanvas().GetClipRect()));
+    GetCanvas().SetClip(rect.Intersected(inner).Intersected(GetCanvas().GetClipRect()));
     PaintItemGround(GetCanvas(), rect, state);
     GetCanvas().Font.SetColor(TextColorFor(GetFont(), state));
     DrawItem(GetCanvas(), Index, rect, state);
     GetCanvas().Font.Assign(GetFont());
-    if (FMultiSelect && (state & odFocused)) // it need not be chosen
-        PaintOutline(GetCanvas(), rect, Blended(clHighlight, clBlack, 0.4));
+    if (FMultiSelect && (state & odFocused)) // it need not be chosen, and is seen among others that are
+        PaintOutline(GetCanvas(), {rect.Left + 2, rect.Top + 1, rect.Right - 2, rect.Bottom - 1},
+                     state & odSelected ? Blended(clHighlight, clHighlightText, 0.75) : clHighlight);
 }
 
 void TCustomListBox::Paint() {

@@ -108,9 +108,10 @@ void PaintFieldButton(TCanvas& Canvas, const TRect& Rect, TDrawState State) {
 }
 
 void PaintItemGround(TCanvas& Canvas, const TRect& Rect, TDrawState State) {
-    if (Has(State, odSelected))
-        Fill(Canvas, Rect,
-             Has(State, odInactive) || Has(State, odDisabled) ? RGB(218, 218, 218) : clHighlight);
+    if (Has(State, odSelected) && Has(State, odDisabled))
+        Fill(Canvas, Rect, Blended(CDisabledGround, clBlack, 0.06)); // its text is pale
+    else if (Has(State, odSelected))
+        Fill(Canvas, Rect, Has(State, odInactive) ? RGB(218, 218, 218) : clHighlight);
     else if (Has(State, odHot))
         Fill(Canvas, Rect, Blended(clWhite, clHighlight, 0.12));
 }
