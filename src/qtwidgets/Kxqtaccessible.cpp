@@ -8,7 +8,9 @@
 #include <QElapsedTimer>
 #include <QPointer>
 
+#include <algorithm>
 #include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -76,11 +78,7 @@ public:
         return window ? int(window->Parts.size()) : 0;
     }
     QAccessibleInterface* child(int Index) const override { return Self().InterfaceOf({Index}); }
-    int indexOfChild(const QAccessibleInterface* Child) const override {
-        for (int i = 0; i < childCount(); ++i)
-            if (child(i) == Child) return i;
-        return -1;
-    }
+    int indexOfChild(const QAccessibleInterface* Child) const override;
     QAccessibleInterface* focusChild() const override {
         const TAccessiblePart* window = HasKeys() ? Self().Find({}) : nullptr;
         const TPath path = window ? FocusIn(*window) : TPath();
@@ -96,10 +94,17 @@ private:
     /// What is made when it is asked for belongs to no state that Qt knows of.
     TWindowAccess& Self() const { return const_cast<TWindowAccess&>(*this); }
 
-    bool Ask();
+    using TMatches = std::vector<TAccessibleMatch>;
 
-    TAccessiblePart FTold, FBefore; // FBefore: what changes are told from
-    TPath FFocus;                   // the part that Qt was told of
+    bool Ask();
+    void TellGone(const TMatches& Matches);
+    void Follow(const TMatches& Matches);
+    void TellKeptAndNew(const TMatches& Matches);
+    void TellFocus(const TAccessiblePart& Window);
+
+    TAccessiblePart FTold;
+    std::optional<TAccessiblePart> FBefore; // what changes are told from
+    TPath FFocus;                           // the part that Qt was told of
     QElapsedTimer FSinceTold;
     std::map<TPath, QAccessible::Id> FInterfaces;
 };
@@ -108,6 +113,16 @@ private:
 class TPartAccess : public QAccessibleInterface, private TTextAccess {
 public:
     TPartAccess(QWidget* Widget, TPath Path) : FWidget(Widget), FPath(std::move(Path)) {}
+
+    /// The part stands somewhere else now.
+    void Move(TPath Path) { FPath = std::move(Path); }
+    /// The place of Part among those right inside of what is at Outer; -1 where it is none of them.
+    static int IndexIn(const TPath& Outer, const QAccessibleInterface* Part) {
+        const auto* part = dynamic_cast<const TPartAccess*>(Part);
+        const bool isIn = part && part->FPath.size() == Outer.size() + 1 &&
+                          std::equal(Outer.begin(), Outer.end(), part->FPath.begin());
+        return isIn ? part->FPath.back() : -1;
+    }
 
     bool isValid() const override { return Part() != nullptr; }
     QObject* object() const override { return nullptr; }
@@ -127,11 +142,7 @@ public:
         TWindowAccess* access = Access();
         return access ? access->InterfaceOf(path) : nullptr;
     }
-    int indexOfChild(const QAccessibleInterface* Child) const override {
-        for (int i = 0; i < childCount(); ++i)
-            if (child(i) == Child) return i;
-        return -1;
-    }
+    int indexOfChild(const QAccessibleInterface* Child) const override { return IndexIn(FPath, Child); }
     QAccessibleInterface* childAt(int X, int Y) const override {
         for (int i = childCount() - 1; i >= 0; --i)
             if (QAccessibleInterface* found = child(i); found && found->rect().contains(X, Y)) return found;
@@ -221,19 +232,66 @@ QRect TWindowAccess::RectOf(const TPath& Path) {
     return QRect(bounds.Left, bounds.Top, bounds.Width(), bounds.Height()).translated(origin);
 }
 
+int TWindowAccess::indexOfChild(const QAccessibleInterface* Child) const {
+    return TPartAccess::IndexIn({}, Child);
+}
+
+/// As long as what has gone can be asked who it was.
+void TWindowAccess::TellGone(const TMatches& Matches) {
+    for (const TAccessibleMatch& match : Matches)
+        if (!match.Now)
+            if (QAccessibleInterface* gone = InterfaceOf(match.WasAt))
+                Tell(*gone, QAccessible::ObjectDestroyed);
+}
+
+/// Who keeps an interface of a part keeps it where the part now is.
+void TWindowAccess::Follow(const TMatches& Matches) {
+    std::map<TPath, QAccessible::Id> kept;
+    TPath focus;
+    for (const TAccessibleMatch& match : Matches) {
+        auto known =
+            match.Before && match.Now ? FInterfaces.extract(match.WasAt) : decltype(FInterfaces)::node_type();
+        if (known.empty()) continue;
+        static_cast<TPartAccess*>(QAccessible::accessibleInterface(known.mapped()))->Move(match.IsAt);
+        if (match.WasAt == FFocus) focus = match.IsAt;
+        known.key() = match.IsAt;
+        kept.insert(std::move(known));
+    }
+    FFocus = focus;
+    std::swap(FInterfaces, kept);
+    for (const auto& [path, id] : kept) QAccessible::deleteAccessibleInterface(id);
+}
+
+void TWindowAccess::TellKeptAndNew(const TMatches& Matches) {
+    for (const TAccessibleMatch& match : Matches) {
+        if (!match.Now || (match.Before && IsSameAlone(*match.Before, *match.Now))) continue;
+        QAccessibleInterface* of = match.IsAt.empty() ? this : InterfaceOf(match.IsAt);
+        if (!of) continue;
+        match.Before ? TellChange(*of, *match.Before, *match.Now) : Tell(*of, QAccessible::ObjectCreated);
+    }
+}
+
 // Whoever is told asks at once, and may have all told anew: what is compared is kept apart.
 void TWindowAccess::TellChanges() {
-    const TAccessiblePart before = std::exchange(FBefore, Ask() ? FTold : TAccessiblePart()), now = FBefore;
-    const auto interfaceOf = [this](const TPath& Path) -> QAccessibleInterface* {
-        return Path.empty() ? this : InterfaceOf(Path);
-    };
-    qt::TellChanges(before, now, interfaceOf);
-    const TPath focus = HasKeys() ? FocusIn(now) : TPath();
-    if (std::exchange(FFocus, focus) == focus || focus.empty()) return;
-    if (QAccessibleInterface* focused = InterfaceOf(focus)) {
-        QAccessibleEvent event(focused, QAccessible::Focus);
-        Send(event);
+    const auto before = std::exchange(FBefore, Ask() ? FTold : TAccessiblePart());
+    const TAccessiblePart now = *FBefore;
+    if (before) {
+        const TMatches matches = MatchParts(*before, now);
+        if (std::ranges::any_of(matches, [](const auto& Match) { return !Match.Before || !Match.Now; })) {
+            FTold = *before;
+            TellGone(matches);
+            FTold = now;
+            Follow(matches);
+        }
+        TellKeptAndNew(matches);
     }
+    TellFocus(now);
+}
+
+void TWindowAccess::TellFocus(const TAccessiblePart& Window) {
+    const TPath focus = HasKeys() ? FocusIn(Window) : TPath();
+    if (std::exchange(FFocus, focus) == focus || focus.empty()) return;
+    if (QAccessibleInterface* focused = InterfaceOf(focus)) Tell(*focused, QAccessible::Focus);
 }
 
 QAccessibleInterface* Make(const QString&, QObject* Object) {

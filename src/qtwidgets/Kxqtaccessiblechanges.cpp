@@ -71,12 +71,60 @@ void TellState(QAccessibleInterface& Of, const TAccessiblePart& Before, const TA
     Send(event);
 }
 
+using TParts = std::vector<TAccessiblePart>;
+
+bool IsSameKind(const TAccessiblePart& A, const TAccessiblePart& B) { return A.Role == B.Role; }
+bool IsSamePart(const TAccessiblePart& A, const TAccessiblePart& B) {
+    return A.Role == B.Role && A.Name == B.Name;
+}
+
+TAccessiblePath Within(TAccessiblePath Path, std::size_t Index) {
+    Path.push_back(int(Index));
+    return Path;
+}
+
+/// How many at the beginning and at the end are who they were.
+struct TKept {
+    TKept(const TParts& Before, const TParts& Now) {
+        const std::size_t most = std::min(Before.size(), Now.size());
+        if (Before.size() == Now.size() && std::ranges::equal(Before, Now, IsSameKind)) First = most;
+        while (First < most && IsSamePart(Before[First], Now[First])) ++First;
+        while (Last < most - First &&
+               IsSamePart(Before[Before.size() - 1 - Last], Now[Now.size() - 1 - Last]))
+            ++Last;
+    }
+    std::size_t First = 0, Last = 0;
+};
+
+void AddMatches(std::vector<TAccessibleMatch>& All, TAccessibleMatch Match) {
+    const TParts &before = Match.Before->Parts, &now = Match.Now->Parts;
+    const TKept kept(before, now);
+    const auto keep = [&](std::size_t Was, std::size_t Is) {
+        AddMatches(All, {&before[Was], &now[Is], Within(Match.WasAt, Was), Within(Match.IsAt, Is)});
+    };
+    All.push_back(Match);
+    for (std::size_t i = 0; i < kept.First; ++i) keep(i, i);
+    for (std::size_t i = kept.First; i < before.size() - kept.Last; ++i)
+        All.push_back({&before[i], nullptr, Within(Match.WasAt, i), {}});
+    for (std::size_t i = kept.First; i < now.size() - kept.Last; ++i)
+        All.push_back({nullptr, &now[i], {}, Within(Match.IsAt, i)});
+    for (std::size_t i = kept.Last; i > 0; --i) keep(before.size() - i, now.size() - i);
+}
+
+} // namespace
+
+std::vector<TAccessibleMatch> MatchParts(const TAccessiblePart& Before, const TAccessiblePart& Now) {
+    std::vector<TAccessibleMatch> all;
+    AddMatches(all, {&Before, &Now, {}, {}});
+    return all;
+}
+
 void Tell(QAccessibleInterface& Of, QAccessible::Event What) {
     QAccessibleEvent event(&Of, What);
     Send(event);
 }
 
-void TellOne(QAccessibleInterface& Of, const TAccessiblePart& Before, const TAccessiblePart& Now) {
+void TellChange(QAccessibleInterface& Of, const TAccessiblePart& Before, const TAccessiblePart& Now) {
     if (Before.Name != Now.Name) Tell(Of, QAccessible::NameChanged);
     if (HasText(Before) && HasText(Now)) {
         TellField(Of, Before, Now);
@@ -92,28 +140,6 @@ bool IsSameAlone(const TAccessiblePart& A, const TAccessiblePart& B) {
     return A.Name == B.Name && A.Value == B.Value && A.Description == B.Description &&
            A.Enabled == B.Enabled && A.Checked == B.Checked && A.Editable == B.Editable &&
            A.Caret == B.Caret && A.Anchor == B.Anchor;
-}
-
-using TInterfaceOf = std::function<QAccessibleInterface*(const TAccessiblePath&)>;
-
-void TellAll(const TAccessiblePart& Before, const TAccessiblePart& Now, TAccessiblePath& Path,
-             const TInterfaceOf& InterfaceOf) {
-    if (Before.Role != Now.Role) return;
-    if (!IsSameAlone(Before, Now))
-        if (QAccessibleInterface* changed = InterfaceOf(Path)) TellOne(*changed, Before, Now);
-    if (Before.Parts.size() != Now.Parts.size()) return;
-    for (std::size_t i = 0; i < Now.Parts.size(); ++i) {
-        Path.push_back(int(i));
-        TellAll(Before.Parts[i], Now.Parts[i], Path, InterfaceOf);
-        Path.pop_back();
-    }
-}
-
-} // namespace
-
-void TellChanges(const TAccessiblePart& Before, const TAccessiblePart& Now, const TInterfaceOf& InterfaceOf) {
-    TAccessiblePath path;
-    TellAll(Before, Now, path, InterfaceOf);
 }
 
 bool HasReaders() { return Listener || QAccessible::isActive(); }

@@ -24,10 +24,21 @@ void ListenToAccessible(TAccessibleListener Listener);
 /// The way to the part that the user's keys go to; empty for none.
 TAccessiblePath FocusIn(const TAccessiblePart& Window);
 
-/// Tells of all that differs from one state of a window to the next. Of what has other parts than before
-/// only its own values are compared; readers ask for the rest.
-void TellChanges(const TAccessiblePart& Before, const TAccessiblePart& Now,
-                 const std::function<QAccessibleInterface*(const TAccessiblePath&)>& InterfaceOf);
+/// A part in two states of a window. Of one that has gone there is no Now, of one that has come no Before;
+/// what lies in these is not listed.
+struct TAccessibleMatch {
+    const TAccessiblePart *Before, *Now;
+    TAccessiblePath WasAt, IsAt; ///< empty: the window, or nowhere
+};
+/// All parts of both, outer ones first. Parts with as many neighbours as before are who stands in their
+/// place; otherwise those of one kind and name that lie before or behind all that has come or gone.
+std::vector<TAccessibleMatch> MatchParts(const TAccessiblePart& Before, const TAccessiblePart& Now);
+
+/// Tells of all that differs between two states of one part, apart from what lies in it.
+void TellChange(QAccessibleInterface& Of, const TAccessiblePart& Before, const TAccessiblePart& Now);
+/// Tells of nothing but that something has happened to a part.
+void Tell(QAccessibleInterface& Of, QAccessible::Event What);
+bool IsSameAlone(const TAccessiblePart& A, const TAccessiblePart& B);
 
 /// An interface of a window that tells Qt of all that is different from what it has told before.
 class TAccessibleTeller {

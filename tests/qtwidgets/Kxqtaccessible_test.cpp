@@ -70,6 +70,10 @@ void Hear(QAccessibleEvent& Event) {
     const auto text = [](const QString& Text) { return Text.toStdString(); };
     std::string what;
     if (Event.type() == QAccessible::Focus) what = "focus";
+    if (Event.type() == QAccessible::NameChanged) what = "renamed";
+    if (Event.type() == QAccessible::ObjectCreated) what = "new";
+    if (Event.type() == QAccessible::ObjectDestroyed) what = "gone";
+    EXPECT_TRUE(part->isValid()) << "a reader that is told asks";
     if (const auto* e = dynamic_cast<QAccessibleTextInsertEvent*>(&Event))
         what = "insert(" + text(e->textInserted()) + ")";
     else if (const auto* e = dynamic_cast<QAccessibleTextRemoveEvent*>(&Event))
@@ -121,7 +125,7 @@ TEST(Accessible, TellsOfWhatChanges) {
         {[&] { box.SetEnabled(false); }, "Box:disabled "},
         {[&] { list.SetItemIndex(1); }, "List:value(two) two:selected "},
         {[&] { list.SetFocus(); }, "two:focus "},
-        {[&] { list.SetItems({"one"}); }, "List:value() List:focus "},
+        {[&] { list.SetItems({"one"}); }, "two:gone List:value() List:focus "},
     };
     for (const auto& [act, wanted] : steps) {
         Told.clear();
@@ -142,6 +146,39 @@ TEST(Accessible, TellsOfWhatChanges) {
     text->selection(0, &start, &end);
     EXPECT_EQ(text->text(start, end), "ab");
     EXPECT_EQ(text->cursorPosition(), text->characterCount());
+    qt::ListenToAccessible(nullptr);
+}
+
+TEST(Accessible, TellsOfPartsThatComeAndGo) {
+    TGraphForm g;
+    g.Fill({{1, 3}, {2, 5}});
+    qt::FormView view(*g.Form);
+    std::unique_ptr<TKxSeries> first, second;
+    const auto add = [&](std::unique_ptr<TKxSeries>& Series, const char* Caption) {
+        Series.reset(g.AddSeries<TKxDataSeries>());
+        Series->SetCaption(Caption);
+    };
+    add(first, "first"), add(second, "second");
+    qt::ListenToAccessible(Hear);
+    view.resize(420, 320);
+    view.show();
+    WaitFor(60);
+    QAccessibleInterface* graph = QAccessible::queryAccessibleInterface(&view)->child(0);
+    const int count = graph->childCount();
+    QAccessibleInterface* kept = graph->child(count - 1);
+    const std::pair<std::function<void()>, const char*> steps[] = {
+        {[&] { first.reset(); }, "first:gone "},
+        {[&] { add(first, "third"); }, "third:new "},
+        {[&] { second->SetCaption("other"), g.Graph->Invalidate(); }, "other:renamed "},
+    };
+    for (const auto& [act, wanted] : steps) {
+        Told.clear();
+        act();
+        WaitFor(60);
+        EXPECT_EQ(Told, wanted);
+        EXPECT_EQ(graph->indexOfChild(kept), count - 2);
+        EXPECT_EQ(kept->text(QAccessible::Name).toStdString(), second->GetCaption());
+    }
     qt::ListenToAccessible(nullptr);
 }
 
