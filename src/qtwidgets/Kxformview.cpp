@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QPainter>
+#include <QUrl>
 
 #include <exception>
 #include <memory>
@@ -73,6 +74,7 @@ void FormView::setFormFile(const QString& FileName) {
 }
 
 QString FormView::FindFile(const QString& FileName) const {
+    if (const QUrl url(FileName); url.scheme() == "qrc") return ":" + url.path();
     const QString beside = QDir(QCoreApplication::applicationDirPath()).filePath(FileName);
     return QFile::exists(FileName) || !QFile::exists(beside) ? FileName : beside;
 }

@@ -33,9 +33,10 @@ public:
     void setForm(TForm* Form);
     TForm* form() const { return FForm; }
     /// The form file that is shown, as it was set. A relative name is looked for in the working directory,
-    /// then beside the program; it may be a resource (":/figure.kxf") or stand in a search path of QDir. The
-    /// file is read when it is set, also to the name that it has. A file that cannot be shown leaves the view
-    /// without a form, and it shows formError in its place. An empty name: no form.
+    /// then beside the program; it may be a resource (":/figure.kxf", "qrc:/figure.kxf"), which holds its
+    /// data itself, since tables are no resources, or stand in a search path of QDir. The file is read when
+    /// it is set, also to the name that it has. A file that cannot be shown leaves the view without a form,
+    /// and it shows formError in its place. An empty name: no form.
     const QString& formFile() const { return FFormFile; }
     void setFormFile(const QString& FileName);
     /// What is wrong with the file; empty when nothing is.

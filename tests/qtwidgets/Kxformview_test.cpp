@@ -3,6 +3,8 @@
 #include "qtwidgets/windows.h"
 #include "support/graphfixture.h"
 
+#include <kxgraph/annotation/Kxclasses.h>
+
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QImage>
@@ -44,6 +46,19 @@ TEST(FormView, ShowsAFormInALayoutInItsSize) {
     EXPECT_EQ(program.View->sizeHint(), QSize(350, 150));
     WaitFor(30);
     EXPECT_EQ(f.Form.GetWidth(), program.View->width()) << "the layout decides";
+}
+
+TEST(FormView, ReadsFormsThatAreResources) {
+    RegisterClasses();
+    qt::FormView view;
+    for (const auto& [name, error] : {std::pair{":/figures/figure.kxf", ""},
+                                      {"qrc:/figures/figure.kxf", ""},
+                                      {"qrc:///figures/figure.kxf", ""},
+                                      {"qrc:/nowhere.kxf", ":/nowhere.kxf: No such file or directory"}}) {
+        view.setFormFile(name);
+        EXPECT_EQ(view.formError().toStdString(), error);
+        EXPECT_EQ(view.form() != nullptr, *error == 0) << name;
+    }
 }
 
 TEST(FormView, AndItsFormGoInAnyOrder) {
