@@ -120,7 +120,7 @@ void TForm::CMVisibleChanged() {
 void TForm::HostSettle() { SettleTree(*this); }
 
 void TForm::HostPaint(TCanvasDevice& Device, const TRect& Dirty) {
-    EndRequests(); // what is asked for from here on is for the next frame
+    EndRequests();                         // what is asked for from here on is for the next frame
     const TComponentRef<TForm> self(this); // which whoever settles or paints may take away
     SettleTree(*this);
     if (self) PaintTree(*this, Device, Dirty);
