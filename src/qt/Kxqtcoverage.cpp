@@ -1,7 +1,5 @@
 #include <kxgraph/qt/Kxqtcoverage.h>
 
-#include <kxgraph/numeric/Kxwide.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -18,17 +16,13 @@ constexpr double CBarsAPen = 96;
 constexpr std::size_t CWidenedTogether = 1024; // bars that stay near to the processor
 
 /// What the pen reaches upward from two places beside the middles of bars.
-struct TUnderPen {
-    template <bool Fused>
-    static KX_INLINED void Run(float* Reached, const std::array<const float*, 2>& Edges, std::size_t Count,
-                               float Pen) {
-        const float *left = Edges[0], *right = Edges[1];
-        for (std::size_t i = 0; i < Count; ++i) {
-            const float edge = (right[i] < left[i] ? right[i] : left[i]) - Pen;
-            Reached[i] = edge < Reached[i] ? edge : Reached[i];
-        }
+void KeepReached(float* Reached, std::array<const float*, 2> Edges, std::size_t Count, float Pen) {
+    const float *left = Edges[0], *right = Edges[1];
+    for (std::size_t i = 0; i < Count; ++i) {
+        const float edge = (right[i] < left[i] ? right[i] : left[i]) - Pen;
+        Reached[i] = edge < Reached[i] ? edge : Reached[i];
     }
-};
+}
 
 } // namespace
 
@@ -104,8 +98,8 @@ void TLineCoverage::Widen(double Radius) {
                 const std::vector<float>&even = FEdges[Edge], &odd = FEdges[Edge + 1];
                 return std::array{(i % 2 ? odd : even).data() + left, (i % 2 ? even : odd).data() + right};
             };
-            RunKernel<TUnderPen>(FTops.data() + first, under(0), bars, FReach[i]);
-            RunKernel<TUnderPen>(FBottoms.data() + first, under(2), bars, FReach[i]);
+            KeepReached(FTops.data() + first, under(0), bars, FReach[i]);
+            KeepReached(FBottoms.data() + first, under(2), bars, FReach[i]);
         }
     }
     FWide.resize(count);
