@@ -80,6 +80,22 @@ TEST_F(FormFile, TakesOptionsOfPicturesAloneAndSaysWhatIsWrong) {
     EXPECT_FALSE(Has("c.png"));
 }
 
+TEST_F(FormFile, IsWrittenAgainWithWhatOtherProgramsHandle) {
+    ASSERT_EQ(Run({"d.csv", "-y", "u", "--fit", "line", "--save-form", "f.kxf"}).Status, 0);
+    std::string text = Read("f.kxf");
+    const std::string graph = ": TKx2DGraph\n", handler = "OnMouseDown = PickedByTheirProgram\n";
+    text.insert(text.find(graph) + graph.size(), "    " + handler);
+    Write("f.kxf", text);
+    fs::create_directory(Path("inner"));
+    const TOutcome set = Run({"f.kxf", "--set", "Graph1.Caption=Again", "--save-form", "inner/g.kxf"});
+    EXPECT_EQ(set.Status, 0) << set.Errors;
+    for (const char* part : {handler.c_str(), "Caption = \"Again\"", "FileName = \"../d.csv\""})
+        EXPECT_TRUE(Holds(Read("inner/g.kxf"), part)) << part;
+    EXPECT_EQ(Run({"inner/g.kxf", "-o", "g.png", "--save-form", "inner/h.kxf"}).Status, 0);
+    EXPECT_EQ(Read("inner/h.kxf"), Read("inner/g.kxf"));
+    EXPECT_TRUE(Has("g.png"));
+}
+
 TEST_F(FormFile, TheReferenceIsThatOfTheRows) {
     kx::RegisterClasses();
     EXPECT_EQ(kx::ReadFile(KX_SOURCE "/docs/properties.md"), "# Properties\n\n" + kx::DescribeClasses())

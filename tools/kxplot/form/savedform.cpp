@@ -46,6 +46,12 @@ std::string FormText(const TParts& Parts, const std::string& FileName) {
     return FormToText(*Parts.Form, FileName);
 }
 
+std::string OpenedFormText(const TParts& Parts, const std::string& FileName) {
+    for (TComponent* component : Parts.Form->GetComponents())
+        if (auto* vector = dynamic_cast<TKxFileVector*>(component)) vector->Rebase(FileName);
+    return FormToText(*Parts.Form, FileName);
+}
+
 TParts OpenedForm(const std::string& FileName) {
     RegisterComponents();
     qt::ResolveZones();

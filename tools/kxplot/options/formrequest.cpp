@@ -19,7 +19,7 @@ namespace {
 /// What a form is drawn with.
 constexpr auto CForForms =
     std::to_array<std::string_view>({"DATA", "-o", "--set", "--scale", "--dpi", "--antialias",
-                                     "--no-antialias", "--show", "--show-for", "--edit"});
+                                     "--no-antialias", "--show", "--show-for", "--edit", "--save-form"});
 
 } // namespace
 

@@ -69,9 +69,10 @@ int DrawForm(const TOptions& Options) {
     TellAll(found.Failures);
     faults.reset();
     if (window) ShowForm(*window, parts, Options);
-    if (Options.Outputs.Form.Edit) {
-        const bool asItIs = Options.Look.Assignments.empty();
-        GoOnEditing(asItIs ? Options.Data.File : std::string(), asItIs ? std::string() : FormText(parts, {}));
+    if (const TFormRequest& form = Options.Outputs.Form; form.Edit) {
+        const bool isNew = form.Save.empty() && !Options.Look.Assignments.empty();
+        const std::string& file = form.Save.empty() ? Options.Data.File : form.Save;
+        GoOnEditing(isNew ? std::string() : file, isNew ? OpenedFormText(parts, {}) : std::string());
     }
     if (found.Interrupted) return CInterrupted;
     return found.Failures.empty() ? 0 : CFailure;

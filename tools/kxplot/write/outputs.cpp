@@ -142,6 +142,8 @@ void WritePictures(const TParts& Parts, TOutputRequest Outputs, const TFrameFaul
     TContents contents;
     for (const auto& name : Outputs.Pictures)
         contents.emplace_back(name, PictureBytes(Parts, Outputs, name, Faults));
+    if (const auto& name = Outputs.Form.Save; !name.empty())
+        contents.emplace_back(name, OpenedFormText(Parts, name));
     Write(contents);
 }
 

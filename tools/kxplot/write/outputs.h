@@ -23,7 +23,7 @@ void CheckOutputs(const TOutputRequest& Outputs, const std::vector<std::string>&
 void WriteOutputs(TPicture& Picture, const TFindings& Found, const TOutputRequest& Outputs,
                   const TFrameFaults& Faults);
 
-/// The same of a form that was read from a file: pictures alone, as large as it is.
+/// The same of a form that was read from a file: pictures, as large as it is, and the form.
 void WritePictures(const TParts& Parts, TOutputRequest Outputs, const TFrameFaults& Faults);
 
 } // namespace kxplot
