@@ -24,6 +24,8 @@
 
 namespace kx {
 
+inline constexpr TSize CSize{800, 600};
+
 /// A window that is a picture and knows what of it is to be painted.
 struct TLiveWindow : THostWindow {
     explicit TLiveWindow(QRegion& Dirty) : FDirty(Dirty) {}
