@@ -132,6 +132,7 @@ std::vector<TKxDesignRecovery> FindRecoveries(const std::string& Directory) {
     }
     std::ranges::sort(found, [](const auto& A, const auto& B) { return A.first > B.first; });
     std::vector<TKxDesignRecovery> recoveries;
+    recoveries.reserve(found.size());
     for (auto& [time, recovery] : found) recoveries.push_back(std::move(recovery));
     return recoveries;
 }

@@ -195,25 +195,26 @@ void ReparentSelected(TKxDesignDocument& Document, TWinControl& Parent) {
 
 namespace {
 
-void Restack(TKxDesignDocument& Document, bool ToFront) {
+void Restack(TComponent& Component, bool ToFront) {
+    if (auto* control = dynamic_cast<TControl*>(&Component))
+        ToFront ? control->BringToFront() : control->SendToBack();
+    else
+        Component.SetComponentIndex(ToFront ? Component.GetOwner()->GetComponentCount() - 1 : 0);
+}
+
+void RestackSelected(TKxDesignDocument& Document, bool ToFront) {
     auto selection = Document.GetSelection();
     std::erase(selection, &Document.GetForm());
     if (selection.empty()) return;
     Document.Run({ToFront ? "Bring to Front" : "Send to Back"}, [&] {
-        for (TComponent* component : selection) {
-            auto* control = dynamic_cast<TControl*>(component);
-            if (control)
-                ToFront ? control->BringToFront() : control->SendToBack();
-            else
-                component->SetComponentIndex(ToFront ? component->GetOwner()->GetComponentCount() - 1 : 0);
-        }
+        for (TComponent* component : selection) Restack(*component, ToFront);
     });
 }
 
 } // namespace
 
-void BringSelectedToFront(TKxDesignDocument& Document) { Restack(Document, true); }
-void SendSelectedToBack(TKxDesignDocument& Document) { Restack(Document, false); }
+void BringSelectedToFront(TKxDesignDocument& Document) { RestackSelected(Document, true); }
+void SendSelectedToBack(TKxDesignDocument& Document) { RestackSelected(Document, false); }
 
 void SelectAll(TKxDesignDocument& Document) {
     const auto* primary = dynamic_cast<const TControl*>(Document.GetPrimary());

@@ -58,10 +58,9 @@ void TKxDesignDocument::Open(const std::string& FileName) {
 
 void TKxDesignDocument::Read(std::string_view Text, const std::string& FileName, bool Modified) {
     std::unique_ptr<TComponent> root = FormFromText(Text, FileName, {.KeepsUnknownEvents = true});
-    auto* form = dynamic_cast<TForm*>(root.get());
-    if (!form) throw EFormError(FileName + ": a form is expected, not a " + root->ClassName());
-    root.release();
-    Take(std::unique_ptr<TForm>(form), FileName, Modified);
+    if (!dynamic_cast<TForm*>(root.get()))
+        throw EFormError(FileName + ": a form is expected, not a " + root->ClassName());
+    Take(std::unique_ptr<TForm>(static_cast<TForm*>(root.release())), FileName, Modified);
 }
 
 void TKxDesignDocument::Take(std::unique_ptr<TForm> Form, std::string FileName, bool Modified) {

@@ -119,7 +119,10 @@ void TKxDesignDocument::Rebuild(const TKxFormState& Target) {
     // Steps are differences of wanted states: what a form makes of its own text otherwise belongs to the next
     // one.
     TKxFormState made = CaptureForm(*FForm, *FWriter, Target);
-    FState = made == Target ? std::move(made) : Target;
+    if (made == Target)
+        FState = std::move(made);
+    else
+        FState = Target;
     ++FRebuilds;
     Tell(&TKxDesignObserver::FormReplaced);
 }

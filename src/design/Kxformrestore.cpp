@@ -107,7 +107,7 @@ void TKxFormRestorer::Attempt(const TKxFormState& Live, const TKxFormState& Targ
         const auto target = Target.Parts.find(name);
         const bool stays = target != Target.Parts.end() && part->Part.Class == target->second->Part.Class;
         if (name.empty() || (stays && !(Anew && Differs(name, part, target->second)))) continue;
-        delete Find(name);
+        delete FRoot.FindComponent(name);
         gone.insert(name);
     }
     const TKxFormState live = gone.empty() ? Live : CaptureForm(FRoot, FWriter, Live);

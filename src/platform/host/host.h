@@ -92,7 +92,7 @@ public:
     virtual void SetCapture(bool Captured) = 0;
     virtual void SetCursor(TCursor Cursor) = 0;
     /// Shows a menu at a point of the client area and returns; its items are picked later, or never.
-    virtual void ShowMenu(THostMenu, TPoint) {}
+    virtual void ShowMenu(THostMenu, TPoint) {} // NOLINT(performance-unnecessary-value-param): hosts keep it
     /// What HostTextInput answers has changed.
     virtual void TextInputChanged() {}
     /// Has what is being composed committed now, to the control that has composed it.
