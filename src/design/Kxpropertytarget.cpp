@@ -93,7 +93,7 @@ void TKxPropertyTarget::Set(const TPropertyValue& Value, TFormModels& Models) co
 
 TPropertyValue TKxPropertyTarget::UnchangedIn(TFormModels& Models) const {
     const TComponent* fresh = Models.Of(*Component.Get()).Fresh;
-    const TPropertyValue value = Untouched(Row(), fresh ? &ObjectIn(*fresh) : nullptr, Way.size() == 1);
+    TPropertyValue value = Untouched(Row(), fresh ? &ObjectIn(*fresh) : nullptr, Way.size() == 1);
     if (!std::holds_alternative<std::monostate>(value)) return value;
     throw EPropertyError(std::string(Row().Name) + " has no value to go back to: no class of a " +
                          Component->ClassName() + " is registered");

@@ -18,6 +18,7 @@ constexpr std::string_view CUnnamedHandler = "(assigned)";
 
 std::vector<std::string_view> TextsOf(const std::vector<TKxPropertyChoice>& Choices) {
     std::vector<std::string_view> texts;
+    texts.reserve(Choices.size());
     for (const TKxPropertyChoice& choice : Choices) texts.push_back(choice.Text);
     return texts;
 }

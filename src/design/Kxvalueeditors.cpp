@@ -31,7 +31,7 @@ std::string TKxFlagEditor::TextOf(const TPropertyValue& Value) const {
 
 TPropertyValue TKxNumberEditor::ValueOf(const std::string& Text) const {
     const TProperty& row = FPlace.GetRow();
-    const TPropertyValue value =
+    TPropertyValue value =
         TKxPropertyEditor::ValueOf(row.Kind == TPropertyKind::Real ? WithPoint(Text) : Text);
     const auto* whole = std::get_if<std::int64_t>(&value);
     if (whole && (*whole < row.Lowest || *whole > row.Highest))
@@ -133,7 +133,7 @@ std::string TKxRealsEditor::TextOf(const TPropertyValue& Value) const {
 
 /// What is shown of many numbers does not stand for them: whoever leaves it as it is has changed nothing.
 TPropertyValue TKxRealsEditor::ValueOf(const std::string& Text) const {
-    const TPropertyValue value = FPlace.GetValue();
+    TPropertyValue value = FPlace.GetValue();
     if (Text == TextOf(value)) return value;
     return TKxPropertyEditor::ValueOf(Text);
 }

@@ -77,7 +77,7 @@ private:
 
 TKxCaptionBar::TKxCaptionBar(TComponent* Owner) : TCustomControl(Owner) {
     for (const TBarButton& button : CButtons) FButtons.push_back(std::make_unique<TButton>(*this, button));
-    SetBounds(0, 0, CButtonSize * int(CButtons.size()), CButtonSize);
+    TKxCaptionBar::SetBounds(0, 0, CButtonSize * int(CButtons.size()), CButtonSize);
 }
 
 TKxCaptionBar::~TKxCaptionBar() = default;

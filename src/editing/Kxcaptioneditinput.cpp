@@ -72,7 +72,7 @@ bool TKxCaptionEdit::MoveByKey(const TKeyStroke& Stroke) {
     const bool extend = Stroke.Shift & ssShift, words = Stroke.Shift & ssCtrl;
     const bool leaves = FModel.HasSelection() && !extend && !words;
     const int caret = GetCaret();
-    int to = caret;
+    int to = 0;
     switch (Stroke.Key) {
     case kcLeft:
         to = leaves ? FModel.GetSelStart() : words ? WordBefore(FModel.GetCells(), caret) : caret - 1;

@@ -117,8 +117,8 @@ private:
 TKxColorPicker::TKxColorPicker(TComponent* Owner)
     : TInputControl(Owner), FField(std::make_unique<TField>(*this)) {
     FField->Show(FValue);
-    SetBounds(0, 0, CColumns * CSquare + 2 * CMargin,
-              (CRows + 1) * CSquare + 2 * CMargin + 2 * CGap + CFieldHeight);
+    TKxColorPicker::SetBounds(0, 0, CColumns * CSquare + 2 * CMargin,
+                              (CRows + 1) * CSquare + 2 * CMargin + 2 * CGap + CFieldHeight);
 }
 
 TKxColorPicker::~TKxColorPicker() = default;

@@ -89,6 +89,7 @@ std::string ColorToText(TColor Color) {
 
 std::vector<std::string_view> ColorNames() {
     std::vector<std::string_view> names;
+    names.reserve(CNamedColors.size());
     for (const TNamedColor& named : CNamedColors) names.push_back(named.Name);
     return names;
 }
