@@ -1,6 +1,7 @@
 #include <kxgraph/design/Kxdesigndocument.h>
 
 #include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/base/ownedcast.h>
 #include <kxgraph/platform/base/scopedvalue.h>
 #include <kxgraph/platform/objects/guarded.h>
 #include <kxgraph/platform/streaming/formfile.h>
@@ -58,9 +59,9 @@ void TKxDesignDocument::Open(const std::string& FileName) {
 
 void TKxDesignDocument::Read(std::string_view Text, const std::string& FileName, bool Modified) {
     std::unique_ptr<TComponent> root = FormFromText(Text, FileName, {.KeepsUnknownEvents = true});
-    if (!dynamic_cast<TForm*>(root.get()))
-        throw EFormError(FileName + ": a form is expected, not a " + root->ClassName());
-    Take(std::unique_ptr<TForm>(static_cast<TForm*>(root.release())), FileName, Modified);
+    std::unique_ptr<TForm> form = OwnedCast<TForm>(root);
+    if (!form) throw EFormError(FileName + ": a form is expected, not a " + root->ClassName());
+    Take(std::move(form), FileName, Modified);
 }
 
 void TKxDesignDocument::Take(std::unique_ptr<TForm> Form, std::string FileName, bool Modified) {

@@ -4,6 +4,7 @@
 
 #include <kxgraph/design/Kxformrestore.h>
 #include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/base/ownedcast.h>
 #include <kxgraph/platform/base/scopedvalue.h>
 #include <kxgraph/platform/controls/frame.h>
 #include <kxgraph/platform/streaming/formfile.h>
@@ -112,7 +113,7 @@ void TKxDesignDocument::BringTo(const TKxFormState& Target) {
 void TKxDesignDocument::Rebuild(const TKxFormState& Target) {
     std::unique_ptr<TComponent> root =
         FormFromText(ObjectText(Target, {}), FFileName, {.KeepsUnknownEvents = true});
-    const auto before = std::exchange(FForm, std::unique_ptr<TForm>(static_cast<TForm*>(root.release())));
+    const auto before = std::exchange(FForm, OwnedCast<TForm>(root));
     FForm->SetDesigning(true);
     Settle();
     FWriter = std::make_unique<TFormWriter>(*FForm, FFileName);

@@ -46,8 +46,8 @@ private:
 
     double FWidth = 0;
     TRows FBand, FDot;
-    std::array<std::vector<TPixelPlaces>, 2 * CSlopes> FBands;
-    std::array<std::vector<TPixelPlaces>, CDotFractions * CDotFractions> FDots;
+    std::array<std::vector<TPixelPlaces>, std::size_t{2} * CSlopes> FBands;
+    std::array<std::vector<TPixelPlaces>, std::size_t{CDotFractions} * CDotFractions> FDots;
 };
 
 } // namespace kx::qt

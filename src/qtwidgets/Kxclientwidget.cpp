@@ -108,7 +108,7 @@ QRegion TClientWidget::DrawFrame() {
     FBacking.Fit(size(), devicePixelRatioF());
     Tell([](THostClient& C) { C.HostSettle(); });
     if (!IsSeen()) return {};
-    const QRegion dirty = FBacking.TakeDirty();
+    QRegion dirty = FBacking.TakeDirty();
     FBacking.Paint(dirty, [this] { return FClient; });
     return dirty;
 }

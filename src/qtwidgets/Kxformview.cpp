@@ -1,6 +1,7 @@
 #include <kxgraph/qtwidgets/Kxformview.h>
 
 #include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/base/ownedcast.h>
 #include <kxgraph/platform/streaming/formfile.h>
 #include <kxgraph/qtwidgets/Kxpopupwidget.h>
 #include <kxgraph/qtwidgets/Kxqtaccessible.h>
@@ -87,10 +88,9 @@ std::unique_ptr<TForm> FormView::Read(const QString& FileName) const {
     const QByteArray text = file.readAll();
     std::unique_ptr<TComponent> root =
         FormFromText({text.constData(), std::size_t(text.size())}, name, Reading());
-    auto* form = dynamic_cast<TForm*>(root.get());
+    std::unique_ptr<TForm> form = OwnedCast<TForm>(root);
     if (!form) throw EFormError(name + ": a form is expected, not a " + root->ClassName());
-    root.release();
-    return std::unique_ptr<TForm>(form);
+    return form;
 }
 
 void FormView::paintEvent(QPaintEvent* Event) {

@@ -109,6 +109,7 @@ void InstallWidgets() {
         if (!HasDisplay())
             throw Exception("There is no display for a window: none of DISPLAY, WAYLAND_DISPLAY and "
                             "QT_QPA_PLATFORM is set");
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): lives as long as the process
         MakeApplication([](int& Count, char** Arguments) { new QApplication(Count, Arguments); });
     }
     if (!qobject_cast<QApplication*>(QCoreApplication::instance()))

@@ -18,10 +18,12 @@ void TDesignView::ShowForm(TForm& Form) {
 }
 
 // A size that the form has given itself is no news to it; where it stands on the screen is not ours to say.
+// NOLINTBEGIN(bugprone-parent-virtual-call): the view's own way is left out
 void TDesignView::resizeEvent(QResizeEvent* Event) {
     const bool known = form() && size() == QSize(form()->GetWidth(), form()->GetHeight());
     known ? TClientWidget::resizeEvent(Event) : FormView::resizeEvent(Event);
 }
+// NOLINTEND(bugprone-parent-virtual-call)
 
 TFormArea::TFormArea(TKxDesignDocument& Document, QWidget* Parent)
     : QScrollArea(Parent), FDocument(Document), FView(new TDesignView) {

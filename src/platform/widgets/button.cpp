@@ -15,7 +15,7 @@ TForm* FormOf(TControl* Control) {
 } // namespace
 
 TCustomButton::TCustomButton(TComponent* Owner) : TInputControl(Owner) {
-    TControl::SetBounds(0, 0, 88, CFieldHeight);
+    TWinControl::SetBounds(0, 0, 88, CFieldHeight);
 }
 
 TDrawState TCustomButton::GetDrawState() const {
@@ -153,7 +153,7 @@ const TPropertyTable& TButton::Properties() {
     return table;
 }
 
-TCheckBox::TCheckBox(TComponent* Owner) : TCustomButton(Owner) { TControl::SetBounds(0, 0, 120, 20); }
+TCheckBox::TCheckBox(TComponent* Owner) : TCustomButton(Owner) { TWinControl::SetBounds(0, 0, 120, 20); }
 
 void TCheckBox::SetChecked(bool Checked) {
     FChecked = Checked;

@@ -9,7 +9,7 @@
 
 namespace kx {
 
-TCustomEdit::TCustomEdit(TComponent* Owner) : TTextField(Owner) { ShowCaret(); }
+TCustomEdit::TCustomEdit(TComponent* Owner) : TTextField(Owner) { TCustomEdit::ShowCaret(); }
 
 void TCustomEdit::SetMaxLength(int Count) { FMaxLength = std::max(Count, 0); }
 

@@ -7,7 +7,7 @@
 
 namespace kx {
 
-TCustomGrid::TCustomGrid(TComponent* Owner) : TInputControl(Owner) { TControl::SetBounds(0, 0, 320, 120); }
+TCustomGrid::TCustomGrid(TComponent* Owner) : TInputControl(Owner) { TWinControl::SetBounds(0, 0, 320, 120); }
 
 TCustomGrid::~TCustomGrid() = default;
 

@@ -7,7 +7,7 @@ namespace kx {
 TInputControl::TInputControl(TComponent* Owner) : TCustomControl(Owner) {
     SetTabStop(true);
     SetColor(clWindow);
-    TControl::SetBounds(0, 0, 120, CFieldHeight);
+    TWinControl::SetBounds(0, 0, 120, CFieldHeight);
 }
 
 bool TInputControl::IsUsable() const {

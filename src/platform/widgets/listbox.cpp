@@ -8,7 +8,7 @@
 namespace kx {
 
 TCustomListBox::TCustomListBox(TComponent* Owner) : TCustomChoice(Owner) {
-    TControl::SetBounds(0, 0, 120, 110);
+    TWinControl::SetBounds(0, 0, 120, 110);
 }
 
 int TCustomListBox::RowHeight() const {

@@ -168,10 +168,10 @@ TCaptionKey CaptionKeyOf(std::string_view Caption) {
     for (std::size_t i = 0; i < Caption.size(); ++i) {
         if (Caption[i] == '&' && i + 1 < Caption.size()) {
             ++i;
-            const std::string upper = UpperCase(Caption.substr(i, 1));
-            const bool isKey = (upper[0] >= 'A' && upper[0] <= 'Z') || (upper[0] >= '0' && upper[0] <= '9');
+            const int key = static_cast<unsigned char>(UpperCase(Caption.substr(i, 1))[0]);
+            const bool isKey = (key >= 'A' && key <= 'Z') || (key >= '0' && key <= '9');
             if (isKey && found.Key == 0) {
-                found.Key = upper[0];
+                found.Key = key;
                 found.At = static_cast<int>(found.Text.size());
             }
         }

@@ -9,7 +9,7 @@
 namespace kx {
 
 TSpinButton::TSpinButton(TComponent* Owner) : TInputControl(Owner) {
-    TControl::SetBounds(0, 0, CFieldButton, CFieldHeight);
+    TWinControl::SetBounds(0, 0, CFieldButton, CFieldHeight);
 }
 
 void TSpinButton::SetInField(bool InField) {

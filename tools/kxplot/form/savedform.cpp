@@ -4,6 +4,7 @@
 
 #include <kxgraph/analysis/Kxcalculatedseries.h>
 #include <kxgraph/platform/base/exceptions.h>
+#include <kxgraph/platform/base/ownedcast.h>
 #include <kxgraph/platform/streaming/formfile.h>
 #include <kxgraph/platform/text/text.h>
 #include <kxgraph/qt/Kxqtzoneevents.h>
@@ -57,13 +58,11 @@ TParts OpenedForm(const std::string& FileName) {
     qt::ResolveZones();
     std::unique_ptr<TComponent> root = LoadForm(FileName, {.KeepsUnknownEvents = true});
     TParts parts;
-    auto* form = dynamic_cast<TForm*>(root.get());
-    parts.Graph = form ? FirstGraph(*form) : nullptr;
+    parts.Form = OwnedCast<TForm>(root);
+    parts.Graph = parts.Form ? FirstGraph(*parts.Form) : nullptr;
     if (!parts.Graph) throw EFormError(Escaped(FileName) + ": there is no form with a graph in it");
-    root.release();
-    parts.Form.reset(form);
-    parts.Sheet = SheetOf(*form);
-    for (TComponent* component : form->GetComponents())
+    parts.Sheet = SheetOf(*parts.Form);
+    for (TComponent* component : parts.Form->GetComponents())
         if (auto* line = dynamic_cast<TKxCalculatedSeries*>(component))
             line->OnError = [](TComponent*, const Exception&) {}; // told at the end
     return parts;
