@@ -85,7 +85,7 @@ public:
         setCentralWidget(new qt::FormView(FPicture.Form, this));
         QMenu& menu = *menuBar()->addMenu("&Graph");
         QToolBar& bar = *addToolBar("Graph");
-        const auto add = [&](const char* Text, QKeySequence Keys, auto Act) {
+        const auto add = [&](const char* Text, const QKeySequence& Keys, auto Act) {
             QAction* action = menu.addAction(Text);
             action->setShortcut(Keys);
             connect(action, &QAction::triggered, this, Act);

@@ -32,12 +32,13 @@ struct TWindowOptions {
     /// Shows Window until it is closed; returns the exit status.
     int Run(QWidget& Window) const {
         bool saved = true;
+        QTimer end;
+        QObject::connect(&end, &QTimer::timeout, &Window, [&] {
+            saved = Save.empty() || Window.grab().save(QString::fromStdString(Save));
+            Window.close();
+        });
         Window.show();
-        if (Seconds > 0)
-            QTimer::singleShot(int(1000 * Seconds), &Window, [&] {
-                saved = Save.empty() || Window.grab().save(QString::fromStdString(Save));
-                Window.close();
-            });
+        if (Seconds > 0) end.start(int(1000 * Seconds));
         const int status = QApplication::exec();
         return saved ? status : 1;
     }
