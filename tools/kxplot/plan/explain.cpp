@@ -36,6 +36,18 @@ std::string XSentence(const TKxTable& Table, const TColumns& Columns, const TAxe
     return text;
 }
 
+/// That a line would show next to nothing of values with gaps about them.
+std::string AloneSentence(const TKxTable& Table, const TColumns& Columns, const TPlan& Plan,
+                          const TStyleChoice& Style) {
+    std::vector<int> alone;
+    for (std::size_t k = 0; k < Plan.Series.size(); ++k) {
+        const auto* points = std::get_if<TPointsPlan>(&Plan.Series[k].Kind);
+        if (points && points->Style != Style.Style) alone.push_back(Columns.Y[k]);
+    }
+    if (alone.empty()) return {};
+    return "symbols too, because most values stand alone between gaps: " + ListOf(Table, alone);
+}
+
 /// That small values are a flat line beside large ones.
 std::string Y2Sentence(const TKxTable& Table, const TColumns& Columns, const TPlan& Plan) {
     std::vector<std::vector<double>> values;
@@ -70,6 +82,8 @@ std::vector<std::string> ExplainColumns(const TKxTable& Table, const TColumns& C
                 told.push_back(std::string("errors by ") + option + " of series " + std::to_string(k + 1) +
                                ": " + Named(Table, (*columns)[k]));
     told.push_back("style: " + WordOf(Style.Style) + ", because " + Style.Why);
+    if (const std::string alone = AloneSentence(Table, Columns, Plan, Style); !alone.empty())
+        told.push_back(alone);
     if (const std::string y2 = Y2Sentence(Table, Columns, Plan); !y2.empty()) told.push_back(y2);
     return told;
 }

@@ -183,12 +183,11 @@ TStyleChoice TSeriesPlanner::Chosen() const {
 }
 
 TPointsPlan TSeriesPlanner::Points(std::size_t Index) const {
-    return {FStyle.Style,
-            FStyle.SmallSymbols,
-            Errors("dX", Index, FColumns.DXPlus),
-            Errors("dXMinus", Index, FColumns.DXMinus),
-            Errors("dY", Index, FColumns.DYPlus),
-            Errors("dYMinus", Index, FColumns.DYMinus)};
+    const bool alone =
+        FStyle.Style == TStyle::Line && !FDrawing.Style && StandAlone(FValues.Of(FColumns.Y[Index]));
+    return {alone ? TStyle::Both : FStyle.Style,  alone ? IsCloud(FValues.Rows()) : FStyle.SmallSymbols,
+            Errors("dX", Index, FColumns.DXPlus), Errors("dXMinus", Index, FColumns.DXMinus),
+            Errors("dY", Index, FColumns.DYPlus), Errors("dYMinus", Index, FColumns.DYMinus)};
 }
 
 // Bars of several series that are beside or upon one another belong together.

@@ -1,10 +1,12 @@
 #include "kxplot/plan/style.h"
 
+#include <cmath>
+
 namespace kxplot {
 
 TStyleChoice ChooseStyle(const TStyleQuestion& Question) {
-    constexpr std::size_t few = 50, many = 500;
-    const bool isCloud = Question.Rows > many;
+    constexpr std::size_t few = 50;
+    const bool isCloud = IsCloud(Question.Rows);
     if (Question.HasCategories && Question.AreDistinct && Question.MayHaveBars && !Question.HasAnalysis)
         return {TStyle::Bars, false, "there are texts over x"};
     if (Question.HasCategories) return {TStyle::Points, isCloud, "there are texts over x"};
@@ -15,6 +17,19 @@ TStyleChoice ChooseStyle(const TStyleQuestion& Question) {
                     std::to_string(Question.X.Steps) + " steps"};
     if (Question.Rows <= few) return {TStyle::Both, false, "there are few points"};
     return {TStyle::Line, false, "there are many points"};
+}
+
+bool StandAlone(std::span<const double> Values) {
+    const auto isGap = [&](std::size_t Index) {
+        return Index >= Values.size() || !std::isfinite(Values[Index]);
+    };
+    std::size_t all = 0, alone = 0;
+    for (std::size_t i = 0; i < Values.size(); ++i) {
+        if (isGap(i)) continue;
+        ++all;
+        if (isGap(i - 1) && isGap(i + 1)) ++alone; // in front of the first is beyond the end
+    }
+    return 2 * alone > all;
 }
 
 } // namespace kxplot

@@ -5,6 +5,7 @@
 #include "kxplot/plan/direction.h"
 
 #include <cstddef>
+#include <span>
 #include <string>
 
 namespace kxplot {
@@ -25,5 +26,11 @@ struct TStyleChoice {
 };
 
 TStyleChoice ChooseStyle(const TStyleQuestion& Question);
+
+/// Whether there are so many points that their symbols are small.
+constexpr bool IsCloud(std::size_t Points) { return Points > 500; }
+
+/// Whether most values have gaps on both sides, so that a line through them shows next to nothing.
+bool StandAlone(std::span<const double> Values);
 
 } // namespace kxplot
