@@ -122,8 +122,8 @@ const std::string& TextOf(const TKxGraphSeries& Series) {
 
 /// The width on the screen; more where the letters of a smooth device would reach over half of the padding.
 int RoomFor(const TKxParsedCaption& Caption, TCanvas& Canvas, int Padding) {
-    const double exact = ExactCaptionWidth(Caption, Canvas) - Padding / 2;
-    return std::max(MeasureCaption(Caption, Canvas), RoundToInt(std::ceil(exact)));
+    const int exact = RoundToInt(std::ceil(ExactCaptionWidth(Caption, Canvas)));
+    return std::max(MeasureCaption(Caption, Canvas), exact - Padding / 2);
 }
 
 } // namespace

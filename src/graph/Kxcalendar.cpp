@@ -241,7 +241,7 @@ std::string TKxCalendar::TextOf(double Moment, double Resolution) const {
     const bool isDay = Resolution >= CDaySeconds || (Resolution <= 0 && local % CDay == 0);
     if (!isDay) local = FloorDiv(local + unit / 2, unit) * unit;
     const auto date = DateOf(local);
-    const std::string day =
+    std::string day =
         Formatted("%04d-%02u-%02u", int(date.year()), unsigned(date.month()), unsigned(date.day()));
     if (isDay) return day;
     return day + " " + ClockText(local, unit) + (unit < CSecond ? FractionText(local, unit) : "");

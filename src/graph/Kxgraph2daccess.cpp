@@ -55,6 +55,7 @@ TAccessiblePart PartOf(TKxGraphSeries& Series, const TRect& World) {
 } // namespace
 
 TAccessiblePart TKx2DGraph::Accessible() const {
+    // What stands in it is told by the graph. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     TAccessiblePart graph = TControl::Accessible();
     graph.Role = TAccessibleRole::Graph;
     graph.Name = NameOf(GetCaption(), *this);

@@ -17,7 +17,10 @@ constexpr double CMany = 2e5; // degrees of freedom: the continued fraction woul
 /// logarithms of the gamma function would lose what they have in common.
 double GammaRatio(double A) {
     double factor = 1;
-    for (; A < 60; ++A) factor *= A / (A + 0.5);
+    while (A < 60) {
+        factor *= A / (A + 0.5);
+        ++A;
+    }
     const double u = 1 / A;
     const double series =
         1 + u * (-1.0 / 8 + u * (1.0 / 128 + u * (5.0 / 1024 + u * (-21.0 / 32768 + u * (-399.0 / 262144)))));

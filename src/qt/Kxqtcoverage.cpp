@@ -79,8 +79,8 @@ void TLineCoverage::AddSegment(QPointF From, QPointF To) {
 /// left one of them even.
 void TLineCoverage::Widen(double Radius) {
     FReach.clear();
-    for (double aside = 0.25 / FParts; aside < Radius; aside += 0.5 / FParts)
-        FReach.push_back(float(std::sqrt(Radius * Radius - aside * aside)));
+    const auto next = [this] { return (0.25 + 0.5 * double(FReach.size())) / FParts; };
+    while (next() < Radius) FReach.push_back(float(std::sqrt(Radius * Radius - next() * next())));
     const std::size_t count = FHalves.size() / 2, beyond = FReach.size() / 2 + 1;
     FEdges.resize(4);
     for (auto& edges : FEdges) edges.assign(count + 2 * beyond, float(CNowhere));
@@ -134,7 +134,8 @@ void TLineCoverage::Step(TCovered& Covered, const TRow& Row) const {
     const float to256 = 256.0f / float(FParts);
     for (std::size_t i = 0; i < CTogether; ++i) {
         Covered.Bars[i] += Row.Steps[i];
-        Covered.Of256[i] = unsigned(int(Covered.Bars[i] * to256 + 0.5f)); // rounding never leaves 0..256
+        // Never leaves 0..256, and in one vector. NOLINTNEXTLINE(bugprone-incorrect-roundings)
+        Covered.Of256[i] = unsigned(int(Covered.Bars[i] * to256 + 0.5f));
     }
 }
 

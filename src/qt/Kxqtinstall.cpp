@@ -13,6 +13,7 @@ namespace kx::qt {
 
 void Install(bool Offscreen) {
     if (!QCoreApplication::instance())
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): lives as long as the process
         MakeApplication([](int& Count, char** Arguments) { new QGuiApplication(Count, Arguments); },
                         Offscreen || !HasDisplay());
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))

@@ -50,6 +50,7 @@ void TLineMask::TSheet::Clear(int Count, int Length, int Margin) {
 
 void TLineMask::Paint(const TPixels& Image, const TRect& Window, std::span<const QPointF> Line, double Width,
                       QRgb Color) {
+    if (Line.empty()) return;
     FPen.SetWidth(Width);
     const auto [leftmost, rightmost] = std::ranges::minmax(Line, {}, &QPointF::x);
     const auto [highest, lowest] = std::ranges::minmax(Line, {}, &QPointF::y);
@@ -114,7 +115,7 @@ void TLineMask::Draw(bool IsSteep, double Begin, double From, double End, double
     const auto step = std::int64_t(slope * one);
     const auto next = [&, reach = reach, span = span](int Line, auto... Part) {
         const auto fraction = std::uint32_t(place) / std::uint32_t(one / TPenCoverage::CFractions);
-        const TPixelPlaces* band = bands + fraction * unsigned(span);
+        const TPixelPlaces* band = bands + std::size_t{fraction} * std::size_t(span);
         TPixelPlaces* pixels = sheet.At(Line, int(place >> 32) - reach);
         if constexpr (sizeof...(Part) == 0)
             Cover(pixels, band, span);
@@ -141,7 +142,7 @@ void TLineMask::AddDot(QPointF Place) {
     const int top = y / fractions - 2 * reach, left = x / fractions - 2 * reach;
     const int bottom = std::min(top + 2 * reach, FRows.Count - 1);
     for (int row = std::max(top, 0); row <= bottom; ++row)
-        Cover(FRows.At(row, left), dot + (row - top) * span, span);
+        Cover(FRows.At(row, left), dot + std::ptrdiff_t{row - top} * span, span);
 }
 
 void TLineMask::Mix(const TPixels& Image, QRgb Color) {

@@ -45,7 +45,7 @@ TCuts MakeCuts(double (*Along)(int)) {
 
 TPixelPlaces PlacesFrom(double Part, bool IsSteep) {
     static const std::array cuts{MakeCuts(XOf), MakeCuts(YOf)};
-    return cuts[IsSteep][std::size_t(Part * CPlaces + 0.5)];
+    return cuts[IsSteep][std::size_t(std::lround(Part * CPlaces))];
 }
 
 void TPenCoverage::SetWidth(double Width) {
@@ -59,15 +59,15 @@ void TPenCoverage::SetWidth(double Width) {
 
 const TPixelPlaces* TPenCoverage::Bands(double Slope, bool IsSteep) {
     constexpr int middle = CSlopes / 2;
-    const int slope = int((Slope + 1) * middle + 0.5);
-    auto& bands = FBands[std::size_t(slope * 2 + IsSteep)];
+    const int slope = int(std::lround((Slope + 1) * middle));
+    auto& bands = FBands[2 * std::size_t(slope) + std::size_t(IsSteep)];
     if (bands.empty()) MakeBands(bands, double(slope - middle) / middle, IsSteep);
     return bands.data();
 }
 
 void TPenCoverage::MakeBands(std::vector<TPixelPlaces>& Bands, double Slope, bool IsSteep) const {
     const double cosine = 1 / std::sqrt(1 + Slope * Slope);
-    Bands.reserve(std::size_t(CFractions * FBand.Span));
+    Bands.reserve(CFractions * std::size_t(FBand.Span));
     for (int fraction = 0; fraction < CFractions; ++fraction)
         for (int i = 0; i < FBand.Span; ++i)
             Bands.push_back(PlacesWithin(FWidth / 2, [&](double X, double Y) {
@@ -78,14 +78,14 @@ void TPenCoverage::MakeBands(std::vector<TPixelPlaces>& Bands, double Slope, boo
 }
 
 const TPixelPlaces* TPenCoverage::Dot(int Right, int Down) {
-    auto& dot = FDots[std::size_t(Down * CDotFractions + Right)];
+    auto& dot = FDots[std::size_t(Down) * CDotFractions + std::size_t(Right)];
     if (dot.empty()) MakeDot(dot, (Right + 0.5) / CDotFractions, (Down + 0.5) / CDotFractions);
     return dot.data();
 }
 
 void TPenCoverage::MakeDot(std::vector<TPixelPlaces>& Dot, double Right, double Down) const {
     const int rows = 2 * FDot.Reach + 1;
-    Dot.reserve(std::size_t(rows * FDot.Span));
+    Dot.reserve(std::size_t(rows) * std::size_t(FDot.Span));
     for (int row = 0; row < rows; ++row)
         for (int i = 0; i < FDot.Span; ++i)
             Dot.push_back(PlacesWithin(FWidth / 2, [&](double X, double Y) {

@@ -32,7 +32,7 @@ void MixFrame(const TPixels& Image, const TRect& Window, const QRectF& Outer, co
     const auto part = [&](int X, double InOuter, double InInner) {
         const double taken = InInner > 0 ? InInner * PartIn(X, Inner.left(), Inner.right()) : 0;
         const double mixed = InOuter * PartIn(X, Outer.left(), Outer.right()) - taken;
-        return unsigned(256 * std::max(0.0, mixed) + 0.5);
+        return unsigned(std::lround(256 * std::max(0.0, mixed)));
     };
     // Nearly all rows lie wholly in both and are alike.
     QVarLengthArray<std::pair<int, unsigned>, 64> alike;

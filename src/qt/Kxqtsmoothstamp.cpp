@@ -19,7 +19,7 @@ inline QRgb Over(QRgb Color, QRgb Ground) {
 const QImage& TSmoothStamp::At(int PhaseX, int PhaseY) {
     // Not quite on whole pixels: there lines would end as whole pixels have them.
     constexpr double aside = 1.0 / 1024;
-    QImage& picture = FPictures[std::size_t(PhaseY * CPhases + PhaseX)];
+    QImage& picture = FPictures[std::size_t(PhaseY) * CPhases + std::size_t(PhaseX)];
     if (!picture.isNull()) return picture;
     const int size = 2 * FReach + 1;
     picture = QImage(size, size, QImage::Format_ARGB32_Premultiplied);

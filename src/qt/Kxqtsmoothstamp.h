@@ -29,7 +29,7 @@ private:
 
     int FReach;
     TPaint FPaint;
-    std::array<QImage, CPhases * CPhases> FPictures; // null until wanted
+    std::array<QImage, std::size_t{CPhases} * CPhases> FPictures; // null until wanted
 };
 
 } // namespace kx::qt
