@@ -1,4 +1,6 @@
+#include <kxgraph/platform/controls/controlclasses.h>
 #include <kxgraph/platform/controls/popupmenu.h>
+#include <kxgraph/platform/streaming/formfile.h>
 
 #include "support/headless.h"
 #include "support/testing.h"
@@ -47,6 +49,40 @@ TEST(Menu, IsShownByTheWindowAndItsItemsMayGoBeforeTheyArePicked) {
     menu.reset();
     EXPECT_TRUE(pick("Line"));
     EXPECT_EQ(log, "Line ");
+}
+
+TEST(Menu, TakesItemsOfTheSameFormWhichStayWhatTheyAreInAFormFile) {
+    RegisterControlClasses();
+    const std::string text =
+        "object Form1: TForm\n"
+        "  object Sub: TMenuItem\n    Caption = \"Sub\"\n    Menu = Fits\n  end\n"
+        "  object Menu1: TPopupMenu\n  end\n"
+        "  object Fits: TMenuItem\n    Caption = \"Fits\"\n    Menu = Menu1\n  end\n"
+        "  object Last: TMenuItem\n    Caption = \"Last\"\n    Menu = Menu1\n  end\nend\n";
+    const auto root = FormFromText(text);
+    EXPECT_EQ(FormToText(*root), text);
+    auto& form = dynamic_cast<TForm&>(*root);
+    auto* menu = dynamic_cast<TPopupMenu*>(form.FindComponent("Menu1"));
+    auto* fits = dynamic_cast<TMenuItem*>(form.FindComponent("Fits"));
+    const auto shown = [&] {
+        form.Show();
+        menu->Popup(&form, 0, 0);
+        std::string captions;
+        for (const THostMenuItem& item : ViewOf(form).Menu) {
+            captions += item.Caption;
+            for (const THostMenuItem& below : item.Items) captions += "(" + below.Caption + ")";
+        }
+        return captions;
+    };
+    EXPECT_EQ(shown(), "Fits(Sub)Last");
+    menu->GetItems().Add("First");
+    EXPECT_EQ(shown(), "FirstFits(Sub)Last");
+    EXPECT_THROW(fits->SetMenu(fits), Exception);
+    EXPECT_THROW(fits->SetMenu(dynamic_cast<TMenuItem*>(form.FindComponent("Sub"))), Exception);
+    fits->Add("Own").SetMenu(fits);
+    EXPECT_EQ(shown(), "FirstFits(Own)(Sub)Last");
+    delete fits;
+    EXPECT_EQ(shown(), "FirstLast");
 }
 
 TEST(Hint, IsThatOfTheDeepestControlThatShowsOne) {

@@ -13,10 +13,28 @@ namespace kx {
 class TMenuItem;
 using TMenuEvent = TEvent<TMenuItem*>;
 
-/// A line of a menu. Its sub-menu are the items that it owns, in their order.
-class TMenuItem : public TComponent {
+/// What menu items stand in: a menu, or an item for its sub-menu.
+class TCustomMenu : public TComponent {
+public:
+    explicit TCustomMenu(TComponent* Owner) : TComponent(Owner) {}
+
+protected:
+    /// The items of this one's owner whose Menu it is, in their order.
+    std::vector<TMenuItem*> GivenItems() const;
+    bool HearsOfAll() const override { return IsBeyond<TCustomMenu>(); }
+};
+
+/// A line of a menu. Its sub-menu are the items that it owns and then those of its owner whose Menu it is, in
+/// their order.
+class TMenuItem : public TCustomMenu {
 public:
     explicit TMenuItem(TComponent* Owner);
+
+    /// The menu or the item that it stands in, which has the same owner, as in a form; null for an item that
+    /// is owned by the one that it stands in. Not owned. Raises Exception for an item that would stand in
+    /// itself.
+    TCustomMenu* GetMenu() const { return FMenu; }
+    void SetMenu(TCustomMenu* Menu);
 
     /// An ampersand stands before the letter that picks the item; "-" is a separator.
     const std::string& GetCaption() const { return FCaption; }
@@ -39,15 +57,21 @@ public:
     virtual void Click() { OnClick(this); }
 
     /// The visible items of the sub-menu. Items may go before they are picked.
-    THostMenu ToHostMenu() const;
+    THostMenu ToHostMenu() const { return ToHostMenu(GetItems()); }
+    /// Those of Items that are visible.
+    static THostMenu ToHostMenu(const std::vector<TMenuItem*>& Items);
 
     const TPropertyTable& PublishedProperties() const override { return Properties(); }
     static const TPropertyTable& Properties();
 
 protected:
+    void Notification(TComponent* Component, TOperation Operation) override;
     bool HearsOfAll() const override { return IsBeyond<TMenuItem>(); }
 
 private:
+    TCustomMenu* Above() const;
+
+    TCustomMenu* FMenu = nullptr;
     std::string FCaption, FShortCut;
     bool FChecked = false, FEnabled = true, FVisible = true;
 };

@@ -3,7 +3,6 @@
 
 #include <kxgraph/platform/base/event.h>
 #include <kxgraph/platform/controls/menuitem.h>
-#include <kxgraph/platform/objects/component.h>
 
 namespace kx {
 
@@ -11,7 +10,7 @@ class TControl;
 
 /// Controls refer to it by PopupMenu; one may serve many. Its items are shown by the host; a program that
 /// shows a menu of its own gives it none.
-class TPopupMenu : public TComponent {
+class TPopupMenu : public TCustomMenu {
 public:
     explicit TPopupMenu(TComponent* Owner);
 
@@ -19,7 +18,7 @@ public:
     /// items, then shows them in Source's window.
     virtual void Popup(TControl* Source, int X, int Y);
     TEvent<TControl*, int, int> OnPopup;
-    /// The item whose sub-menu is this menu; owned.
+    /// The item whose sub-menu is this menu; owned. Items whose Menu this is stand behind that item's.
     TMenuItem& GetItems() { return *FItems; }
 
     const TPropertyTable& PublishedProperties() const override;
