@@ -54,7 +54,7 @@ TEST(Menu, IsShownByTheWindowAndItsItemsMayGoBeforeTheyArePicked) {
 TEST(Menu, TakesItemsOfTheSameFormWhichStayWhatTheyAreInAFormFile) {
     RegisterControlClasses();
     const std::string text =
-        "object Form1: TForm\n"
+        "object Form1: TForm\n  Left = 0\n  Top = 0\n  Width = 640\n  Height = 480\n"
         "  object Sub: TMenuItem\n    Caption = \"Sub\"\n    Menu = Fits\n  end\n"
         "  object Menu1: TPopupMenu\n  end\n"
         "  object Fits: TMenuItem\n    Caption = \"Fits\"\n    Menu = Menu1\n  end\n"
