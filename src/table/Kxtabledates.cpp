@@ -19,7 +19,7 @@ std::optional<int> DayOfDate(int Year, int Month, int Day) {
 void TKxDateOrders::Add(const TKxDateCell& Cell) {
     if (Cell.KnowsItsOrder()) return;
     FWasAsked = true;
-    bool allowed[3];
+    bool allowed[3] = {};
     for (const auto order :
          {TKxDateOrder::DayMonthYear, TKxDateOrder::MonthDayYear, TKxDateOrder::YearMonthDay})
         allowed[int(order)] = FAllowed[int(order)] && Cell.Allows(order);

@@ -20,6 +20,7 @@ TKxTable::TKxTable(std::vector<TKxGivenColumn> Columns, std::string Name)
 
 std::vector<std::vector<double>> TKxTable::GivenColumns(const std::vector<int>& Columns) const {
     std::vector<std::vector<double>> values;
+    values.reserve(Columns.size());
     for (const int column : Columns) values.push_back(FGiven[std::size_t(column)].Values);
     return values;
 }

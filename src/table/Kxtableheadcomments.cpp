@@ -73,6 +73,7 @@ bool AreNames(const std::vector<std::string>& Cells, const TKxTableShape& Shape)
 void FindHeaderInComments(const TKxTableLines& Lines, TKxTableShape& Shape) {
     const std::vector<TComment> comments = LastComments(Lines, Shape);
     std::vector<std::vector<std::string>> cells;
+    cells.reserve(comments.size());
     for (const TComment& comment : comments) cells.push_back(CellsOfComment(comment, Shape));
     const std::size_t header = cells.size() > 1 && AreUnits(cells[0]) && AreNames(cells[1], Shape) ? 1 : 0;
     if (cells.size() <= header || !AreNames(cells[header], Shape)) return;

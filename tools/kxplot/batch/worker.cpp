@@ -82,6 +82,7 @@ std::pair<int, std::string> TWorker::Finish() {
 
 std::size_t AwaitOne(std::vector<TWorker>& Workers) {
     std::vector<pollfd> pipes;
+    pipes.reserve(Workers.size());
     for (const TWorker& worker : Workers) pipes.push_back({worker.FPipe, POLLIN, 0});
     for (;;) {
         poll(pipes.data(), pipes.size(), -1);

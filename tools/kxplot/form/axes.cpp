@@ -44,7 +44,7 @@ TKxNotCalculatedSeries* OnlySeriesOn(const TParts& Parts, const TKxAxis* Axis) {
 
 TKxZoneOffset OffsetOf(const std::optional<std::string>& Zone) {
     if (!Zone) return {};
-    const auto offset = qt::ZoneOffset(*Zone);
+    auto offset = qt::ZoneOffset(*Zone);
     if (!offset)
         FailUsage("--zone", *Zone, "is no time zone that is known here, such as Europe/Berlin or UTC+02:00");
     return offset;
