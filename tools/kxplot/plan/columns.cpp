@@ -109,13 +109,18 @@ std::vector<int> ErrorColumns(const kx::TKxTable& Table, const std::vector<std::
 
 } // namespace
 
-std::vector<int> TColumns::All() const {
+std::vector<int> TColumns::Uses() const {
     std::vector<int> all{X, Weight};
     for (const auto* list : {&Y, &DXPlus, &DYPlus, &DXMinus, &DYMinus, &VX, &VY})
         all.insert(all.end(), list->begin(), list->end());
     std::sort(all.begin(), all.end());
-    all.erase(std::unique(all.begin(), all.end()), all.end());
     std::erase_if(all, [](int Column) { return Column < 0; });
+    return all;
+}
+
+std::vector<int> TColumns::All() const {
+    std::vector<int> all = Uses();
+    all.erase(std::unique(all.begin(), all.end()), all.end());
     return all;
 }
 

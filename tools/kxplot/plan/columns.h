@@ -22,7 +22,8 @@ struct TColumns {
     std::vector<int> DXPlus, DYPlus, DXMinus, DYMinus; ///< one a series, -1: none; empty with --hist
     std::vector<int> VX, VY;                           ///< one a series of arrows
 
-    std::vector<int> All() const; ///< each once, ascending
+    std::vector<int> Uses() const; ///< ascending, each as often as it is drawn as something
+    std::vector<int> All() const;  ///< each once
 };
 
 /// Texts in the first column stand over x, unless they rather name rows beside two columns of numbers: they

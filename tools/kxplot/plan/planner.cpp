@@ -24,19 +24,35 @@ using namespace kx;
 namespace {
 
 /// The values of some columns.
-struct TValues {
-    std::vector<int> Columns;      ///< ascending
+class TValues {
+public:
     std::vector<std::size_t> Gaps; ///< rows between blocks
-    std::vector<std::vector<double>> Values;
 
-    TValues(const TKxTable& Table, std::vector<int> Wanted)
-        : Columns(std::move(Wanted)), Values(Table.ReadColumns(Columns, &Gaps)) {}
+    TValues(const TKxTable& Table, const TColumns& Columns)
+        : FColumns(Columns.All()), FUses(Columns.Uses()), FValues(Table.ReadColumns(FColumns, &Gaps)),
+          FRows(FValues.front().size()) {}
 
-    std::size_t Rows() const { return Values.front().size(); }
-    const std::vector<double>& Of(int Column) const {
-        return Values[std::size_t(std::lower_bound(Columns.begin(), Columns.end(), Column) -
-                                  Columns.begin())];
+    std::size_t Rows() const { return FRows; }
+    const std::vector<double>& Of(int Column) const { return FValues[IndexOf(Column)]; }
+    /// For one use: the last one gets the very values that were read, and the column has none from then on.
+    std::vector<double> Take(int Column) {
+        const auto [first, last] = std::equal_range(FUses.begin(), FUses.end(), Column);
+        if (last - first > 1) {
+            FUses.erase(first);
+            return Of(Column);
+        }
+        return std::move(FValues[IndexOf(Column)]);
     }
+
+private:
+    std::size_t IndexOf(int Column) const {
+        return std::size_t(std::lower_bound(FColumns.begin(), FColumns.end(), Column) - FColumns.begin());
+    }
+
+    std::vector<int> FColumns; // ascending
+    std::vector<int> FUses;    // those that are left
+    std::vector<std::vector<double>> FValues;
+    std::size_t FRows;
 };
 
 /// Plans series by series what they hold.
@@ -46,22 +62,22 @@ public:
 
     /// What is drawn, where the style was not asked for.
     const TDrawingRequest& Drawing() const { return FDrawing; }
-    TVectorPlan X() const;
+    TVectorPlan X();
     void PlanLabels(TAxesPlan& Axes) const;
     const TStyleChoice& Style() const { return FStyle; }
-    std::optional<TVectorPlan> Weight() const;
-    TSeriesPlan Series(std::size_t Index, const TVectorPlan& X) const;
+    // Each of them once: values are handed over.
+    std::optional<TVectorPlan> Weight();
+    TSeriesPlan Series(std::size_t Index, const TVectorPlan& X);
 
 private:
     using TKind = decltype(TSeriesPlan::Kind);
-    TVectorPlan Vector(const char* Name, std::size_t Index, int Column) const;
-    std::optional<TVectorPlan> Errors(const char* Name, std::size_t Index,
-                                      const std::vector<int>& Columns) const;
+    TVectorPlan Vector(const char* Name, std::size_t Index, int Column);
+    std::optional<TVectorPlan> Errors(const char* Name, std::size_t Index, const std::vector<int>& Columns);
     std::vector<double> BinEdges() const;
     TVectorPlan ErrorWeight(std::size_t Index, const TVectorPlan& X) const;
-    TKind Kind(std::size_t Index) const;
-    TPointsPlan Points(std::size_t Index) const;
-    TXValues RowsOfX() const;
+    TKind Kind(std::size_t Index);
+    TPointsPlan Points(std::size_t Index);
+    TXValues RowsOfX();
     TStyleChoice Chosen() const;
     bool AreDates(std::span<const int> Columns) const;
 
@@ -76,26 +92,26 @@ private:
 
 // One pass over the table reads every column once.
 TSeriesPlanner::TSeriesPlanner(const TKxTable& Table, const TOptions& Options, const TColumns& Columns)
-    : FTable(Table), FOptions(Options), FColumns(Columns), FDrawing(Options.Drawing),
-      FValues(Table, Columns.All()), FX(RowsOfX()), FStyle(Chosen()) {
+    : FTable(Table), FOptions(Options), FColumns(Columns), FDrawing(Options.Drawing), FValues(Table, Columns),
+      FX(RowsOfX()), FStyle(Chosen()) {
     if (FStyle.Style != TStyle::Bars || FDrawing.Style) return;
-    FDrawing.Style = FStyle.Style;
+    FDrawing.Style = FStyle.Style; // of texts alone, which are read again
     FX = RowsOfX();
 }
 
-TXValues TSeriesPlanner::RowsOfX() const {
+TXValues TSeriesPlanner::RowsOfX() {
     if (FDrawing.Bins) return {};
     if (FColumns.Texts >= 0) return XOfTexts(FTable, FColumns.Texts, FDrawing.HasBars());
     if (FColumns.X < 0) return XOfRows(FValues.Rows(), FValues.Gaps);
-    return XOfColumn(FTable, FColumns.X, FValues.Of(FColumns.X), FOptions.Data.Table.Time.has_value());
+    return XOfColumn(FTable, FColumns.X, FValues.Take(FColumns.X), FOptions.Data.Table.Time.has_value());
 }
 
-TVectorPlan TSeriesPlanner::Vector(const char* Name, std::size_t Index, int Column) const {
-    return {Name + std::to_string(Index + 1), FValues.Of(Column)};
+TVectorPlan TSeriesPlanner::Vector(const char* Name, std::size_t Index, int Column) {
+    return {Name + std::to_string(Index + 1), FValues.Take(Column)};
 }
 
 std::optional<TVectorPlan> TSeriesPlanner::Errors(const char* Name, std::size_t Index,
-                                                  const std::vector<int>& Columns) const {
+                                                  const std::vector<int>& Columns) {
     if (Columns[Index] < 0) return std::nullopt;
     return Vector(Name, Index, Columns[Index]);
 }
@@ -113,10 +129,10 @@ std::vector<double> TSeriesPlanner::BinEdges() const {
     return EqualBins(range, *FOptions.Drawing.Bins);
 }
 
-// A bar of a text stands around its place.
-TVectorPlan TSeriesPlanner::X() const {
+// A bar of a text stands around its place. Nobody else asks for the values.
+TVectorPlan TSeriesPlanner::X() {
     if (FDrawing.Bins) return {"XData", BinEdges()};
-    if (!FDrawing.HasBars()) return {"XData", FX.Values};
+    if (!FDrawing.HasBars()) return {"XData", std::move(FX.Values)};
     std::vector<double> edges = WithLastEdge(FX.Values);
     if (FColumns.Texts >= 0)
         for (double& edge : edges) edge -= 0.5;
@@ -146,9 +162,9 @@ void TSeriesPlanner::PlanLabels(TAxesPlan& Axes) const {
     refuse(FOptions.Look.LogY, "--log-y", Axes.YLabels);
 }
 
-std::optional<TVectorPlan> TSeriesPlanner::Weight() const {
+std::optional<TVectorPlan> TSeriesPlanner::Weight() {
     if (FColumns.Weight < 0) return std::nullopt;
-    return TVectorPlan{"Weight", FValues.Of(FColumns.Weight)};
+    return TVectorPlan{"Weight", FValues.Take(FColumns.Weight)};
 }
 
 TVectorPlan TSeriesPlanner::ErrorWeight(std::size_t Index, const TVectorPlan& X) const {
@@ -182,7 +198,7 @@ TStyleChoice TSeriesPlanner::Chosen() const {
     return choice;
 }
 
-TPointsPlan TSeriesPlanner::Points(std::size_t Index) const {
+TPointsPlan TSeriesPlanner::Points(std::size_t Index) {
     const bool alone =
         FStyle.Style == TStyle::Line && !FDrawing.Style && StandAlone(FValues.Of(FColumns.Y[Index]));
     return {alone ? TStyle::Both : FStyle.Style,  alone ? IsCloud(FValues.Rows()) : FStyle.SmallSymbols,
@@ -191,7 +207,7 @@ TPointsPlan TSeriesPlanner::Points(std::size_t Index) const {
 }
 
 // Bars of several series that are beside or upon one another belong together.
-TSeriesPlanner::TKind TSeriesPlanner::Kind(std::size_t Index) const {
+TSeriesPlanner::TKind TSeriesPlanner::Kind(std::size_t Index) {
     constexpr double gap = 10;
     const TDrawingRequest& drawing = FDrawing;
     if (drawing.HasBars())
@@ -201,7 +217,7 @@ TSeriesPlanner::TKind TSeriesPlanner::Kind(std::size_t Index) const {
     return Points(Index);
 }
 
-TSeriesPlan TSeriesPlanner::Series(std::size_t Index, const TVectorPlan& X) const {
+TSeriesPlan TSeriesPlanner::Series(std::size_t Index, const TVectorPlan& X) {
     const int column = FColumns.Y[Index];
     TSeriesPlan series;
     series.Name = "Series" + std::to_string(Index + 1);
@@ -209,11 +225,11 @@ TSeriesPlan TSeriesPlanner::Series(std::size_t Index, const TVectorPlan& X) cons
         EscapeCaption(FTable.GetHeader(column).empty() ? FTable.ColumnName(column)
                                                        : Escaped(HeaderWithUnit(FTable, column)));
     series.ShownColumn = FTable.ShownName(column);
-    series.Y = Vector("YData", Index, column);
-    if (FOptions.Drawing.Bins) series.Y.Values = CountInBins(X.Values, series.Y.Values);
-    series.Kind = Kind(Index);
     series.OnY2 = Index >= FColumns.FirstOnY2;
     if (FOptions.Columns.WeightByErrors) series.Weight = ErrorWeight(Index, X);
+    series.Kind = Kind(Index);
+    series.Y = Vector("YData", Index, column);
+    if (FOptions.Drawing.Bins) series.Y.Values = CountInBins(X.Values, series.Y.Values);
     return series;
 }
 
@@ -257,7 +273,7 @@ void CompletePlan(TPlan& Plan, const TOptions& Options) {
 
 TPlan MakePlan(const TKxTable& Table, const TOptions& Options, std::vector<std::string>* Told) {
     const TColumns columns = ChooseColumns(Table, Options);
-    const TSeriesPlanner planner(Table, Options, columns);
+    TSeriesPlanner planner(Table, Options, columns);
     TPlan plan;
     plan.Table = Table.GetName();
     plan.Size = Options.Outputs.Size.Whole();

@@ -20,15 +20,15 @@ TStyleChoice ChooseStyle(const TStyleQuestion& Question) {
 }
 
 bool StandAlone(std::span<const double> Values) {
+    std::size_t gaps = 0, alone = 0;
+    for (const double value : Values) gaps += !(value - value == 0); // infinite ones are gaps, too
+    const std::size_t all = Values.size() - gaps;
+    if (all > 2 * gaps + 2) return false; // between gaps there are at most one more
     const auto isGap = [&](std::size_t Index) {
         return Index >= Values.size() || !std::isfinite(Values[Index]);
     };
-    std::size_t all = 0, alone = 0;
-    for (std::size_t i = 0; i < Values.size(); ++i) {
-        if (isGap(i)) continue;
-        ++all;
-        if (isGap(i - 1) && isGap(i + 1)) ++alone; // in front of the first is beyond the end
-    }
+    for (std::size_t i = 0; i < Values.size(); ++i)
+        alone += !isGap(i) && isGap(i - 1) && isGap(i + 1); // in front of the first is beyond the end
     return 2 * alone > all;
 }
 

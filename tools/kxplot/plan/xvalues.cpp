@@ -7,7 +7,7 @@
 
 namespace kxplot {
 
-TXValues XOfColumn(const kx::TKxTable& Table, int Column, const std::vector<double>& Read, bool IsUnixTime) {
+TXValues XOfColumn(const kx::TKxTable& Table, int Column, std::vector<double> Read, bool IsUnixTime) {
     TXValues x;
     x.IsDate = IsUnixTime || Table.IsDate(Column);
     if (!x.IsDate && !Table.IsGiven())
@@ -15,7 +15,7 @@ TXValues XOfColumn(const kx::TKxTable& Table, int Column, const std::vector<doub
             x.Values = std::move(*dates);
             x.IsDate = true;
         }
-    if (x.Values.empty()) x.Values = Read;
+    if (x.Values.empty()) x.Values = std::move(Read);
     x.Turns = TurnsOf(x.Values);
     return x;
 }

@@ -24,7 +24,7 @@ struct TXValues {
 };
 
 /// Of a column of numbers or dates, whose values are Read. Days of eight digits become dates.
-TXValues XOfColumn(const kx::TKxTable& Table, int Column, const std::vector<double>& Read, bool IsUnixTime);
+TXValues XOfColumn(const kx::TKxTable& Table, int Column, std::vector<double> Read, bool IsUnixTime);
 /// Of a column of texts: as bars each row stands by itself.
 TXValues XOfTexts(const kx::TKxTable& Table, int Column, bool AsBars);
 /// 1, 2, 3, ...: rows between blocks, which are given, do not count.
