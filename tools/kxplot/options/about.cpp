@@ -21,7 +21,7 @@ constexpr const char *CVersion = "kxplot " KXGRAPH_VERSION,
                          "options every numeric column is drawn against the first one.";
 
 std::string Completions(const std::string& Shell, const CLI::App& App) {
-    const std::string text = CompletionsFor(Shell, TableOf(App));
+    std::string text = CompletionsFor(Shell, TableOf(App));
     if (text.empty()) FailUsage("--completions", Shell, "is not bash, zsh or fish");
     return text;
 }
@@ -55,7 +55,7 @@ std::string SuggestionFor(const std::vector<std::string>& Unknown, const CLI::Ap
     for (const auto& group : table)
         for (const auto& row : group.Rows) names.insert(names.end(), row.Names.begin(), row.Names.end());
     for (const auto& argument : Unknown) {
-        const auto text = kx::DidYouMean(std::string_view(argument).substr(0, argument.find('=')), names);
+        auto text = kx::DidYouMean(std::string_view(argument).substr(0, argument.find('=')), names);
         if (!text.empty()) return text;
     }
     return {};

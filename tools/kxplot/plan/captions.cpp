@@ -28,7 +28,8 @@ TKxCaption SideCaption(TQuantity Quantity, const TKxCaption& X, const TKxCaption
 } // namespace
 
 std::string HeaderWithUnit(const TKxTable& Table, int Column) {
-    const std::string header = Table.GetHeader(Column), unit = Table.GetUnit(Column);
+    std::string header = Table.GetHeader(Column);
+    const std::string unit = Table.GetUnit(Column);
     if (unit.empty() || header.empty()) return header;
     const bool isEnclosed = unit.front() == '(' || unit.front() == '[';
     return header + (isEnclosed ? " " : " / ") + unit;
