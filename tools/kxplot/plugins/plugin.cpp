@@ -19,7 +19,7 @@ fs::path ProgramDirectory() {
     return failed ? fs::path(".") : program.parent_path();
 }
 
-[[noreturn]] void Fail(const char* What, std::string Reason) {
+[[noreturn]] void Fail(const char* What, const std::string& Reason) {
     throw kx::Exception(std::string(What).append(": ").append(Reason));
 }
 
