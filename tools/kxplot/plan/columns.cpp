@@ -6,6 +6,7 @@
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <string>
 
@@ -65,6 +66,19 @@ void ChooseX(const kx::TKxTable& Table, const TColumnRequest& Request, const TDr
     }
 }
 
+/// The column behind X if its times are those of X's days; -1 if not.
+int ClockOf(const kx::TKxTable& Table, const TColumns& Columns) {
+    constexpr double day = 86400;
+    const int clock = Columns.X + 1;
+    if (Columns.X < 0 || clock == Table.GetColumnCount() || Contains(Columns.Y, clock)) return -1;
+    if (!Table.IsDate(Columns.X) || !Table.IsDate(clock)) return -1;
+    const auto values = Table.ReadColumns({Columns.X, clock});
+    const bool areDays =
+        std::ranges::none_of(values[0], [](double At) { return std::abs(std::fmod(At, day)) > 0; });
+    const bool areTimes = std::ranges::none_of(values[1], [](double At) { return At < 0 || At >= day; });
+    return areDays && areTimes ? clock : -1;
+}
+
 /// Every numeric column that is nothing else.
 std::vector<int> OtherColumns(const kx::TKxTable& Table, const TColumns& Columns,
                               const std::vector<int>& Y2) {
@@ -110,7 +124,7 @@ std::vector<int> ErrorColumns(const kx::TKxTable& Table, const std::vector<std::
 } // namespace
 
 std::vector<int> TColumns::Uses() const {
-    std::vector<int> all{X, Weight};
+    std::vector<int> all{X, Clock, Weight};
     for (const auto* list : {&Y, &DXPlus, &DYPlus, &DXMinus, &DYMinus, &VX, &VY})
         all.insert(all.end(), list->begin(), list->end());
     std::sort(all.begin(), all.end());
@@ -135,6 +149,7 @@ TColumns ChooseColumns(const kx::TKxTable& Table, const TOptions& Options) {
         return columns;
     }
     ChooseX(Table, request, drawing, columns);
+    if (!request.X) columns.Clock = ClockOf(Table, columns);
     const std::vector<int> y2 = Found(Table, Options.Axes.Y2);
     columns.VX = Found(Table, request.VX);
     columns.VY = Found(Table, request.VY);

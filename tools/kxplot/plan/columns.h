@@ -13,6 +13,7 @@ namespace kxplot {
 /// Columns of a table, zero-based.
 struct TColumns {
     int X = -1;      ///< -1: 1, 2, 3, ..., or texts
+    int Clock = -1;  ///< times of day, which belong to the dates of X; -1: none
     int Texts = -1;  ///< that stand over x; -1: none
     int Names = -1;  ///< of the rows, which are left out; -1: none
     int Weight = -1; ///< -1: none
@@ -27,7 +28,8 @@ struct TColumns {
 };
 
 /// Texts in the first column stand over x, unless they rather name rows beside two columns of numbers: they
-/// have no header, or the same one stands in several rows. Dates go before them.
+/// have no header, or the same one stands in several rows. Dates go before them. Beside days in X a column of
+/// times of day belongs to them, unless it or X was asked for.
 /// Raises kx::ETableError for columns that the table has not or that are not numeric, and TUsageError for
 /// more error columns than series or another number of arrow components.
 TColumns ChooseColumns(const kx::TKxTable& Table, const TOptions& Options);

@@ -31,6 +31,7 @@ std::string XSentence(const TKxTable& Table, const TColumns& Columns, const TAxe
     if (Columns.Texts >= 0) return "x: the texts of " + Named(Table, Columns.Texts) + ", at 1, 2, 3, ...";
     if (Columns.X < 0) return "x: the number of the row";
     std::string text = "x: " + Named(Table, Columns.X);
+    if (Columns.Clock >= 0) text += ", with the times of " + Named(Table, Columns.Clock);
     const bool dates = Axes.XLabels.Kind == lkDates || Axes.YLabels.Kind == lkDates; // where bars lie
     if (dates && Table.IsNumeric(Columns.X)) text += ", whose numbers are dates";
     return text;

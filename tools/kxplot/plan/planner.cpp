@@ -13,6 +13,7 @@
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <span>
 #include <utility>
@@ -103,7 +104,10 @@ TXValues TSeriesPlanner::RowsOfX() {
     if (FDrawing.Bins) return {};
     if (FColumns.Texts >= 0) return XOfTexts(FTable, FColumns.Texts, FDrawing.HasBars());
     if (FColumns.X < 0) return XOfRows(FValues.Rows(), FValues.Gaps);
-    return XOfColumn(FTable, FColumns.X, FValues.Take(FColumns.X), FOptions.Data.Table.Time.has_value());
+    std::vector<double> read = FValues.Take(FColumns.X);
+    if (FColumns.Clock >= 0)
+        std::ranges::transform(read, FValues.Of(FColumns.Clock), read.begin(), std::plus());
+    return XOfColumn(FTable, FColumns.X, std::move(read), FOptions.Data.Table.Time.has_value());
 }
 
 TVectorPlan TSeriesPlanner::Vector(const char* Name, std::size_t Index, int Column) {
