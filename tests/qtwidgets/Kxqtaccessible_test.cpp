@@ -114,7 +114,7 @@ TEST(Accessible, TellsOfWhatChanges) {
     view.show();
     view.activateWindow();
     view.setFocus();
-    WaitFor(60);
+    WaitFor(150);
     const std::pair<std::function<void()>, const char*> steps[] = {
         {[&] { edit.SetFocus(); }, "Edit:focus "},
         {[&] { edit.ReplaceSelection("c"); }, "Edit:insert(c) Edit:caret(5) "},
@@ -130,7 +130,8 @@ TEST(Accessible, TellsOfWhatChanges) {
     for (const auto& [act, wanted] : steps) {
         Told.clear();
         act();
-        WaitFor(40);
+        Wait([&, wanted = wanted] { return Told == wanted; });
+        WaitFor(20); // for what should not come
         EXPECT_EQ(Told, wanted);
     }
     QAccessibleInterface* window = QAccessible::queryAccessibleInterface(&view);
@@ -162,7 +163,7 @@ TEST(Accessible, TellsOfPartsThatComeAndGo) {
     qt::ListenToAccessible(Hear);
     view.resize(420, 320);
     view.show();
-    WaitFor(60);
+    WaitFor(150);
     QAccessibleInterface* graph = QAccessible::queryAccessibleInterface(&view)->child(0);
     const int count = graph->childCount();
     QAccessibleInterface* kept = graph->child(count - 1);
@@ -174,8 +175,9 @@ TEST(Accessible, TellsOfPartsThatComeAndGo) {
     for (const auto& [act, wanted] : steps) {
         Told.clear();
         act();
-        WaitFor(60);
-        EXPECT_EQ(Told, wanted);
+        Wait([&, wanted = wanted] { return Told == wanted; });
+        WaitFor(20); // for what should not come
+        ASSERT_EQ(Told, wanted);
         EXPECT_EQ(graph->indexOfChild(kept), count - 2);
         EXPECT_EQ(kept->text(QAccessible::Name).toStdString(), second->GetCaption());
     }
