@@ -52,8 +52,11 @@ void TLineMask::Paint(const TPixels& Image, const TRect& Window, std::span<const
                       QRgb Color) {
     if (Line.empty()) return;
     FPen.SetWidth(Width);
-    const auto [leftmost, rightmost] = std::ranges::minmax(Line, {}, &QPointF::x);
-    const auto [highest, lowest] = std::ranges::minmax(Line, {}, &QPointF::y);
+    QPointF least = Line.front(), most = least;
+    for (const QPointF at : Line) {
+        least = {std::min(least.x(), at.x()), std::min(least.y(), at.y())};
+        most = {std::max(most.x(), at.x()), std::max(most.y(), at.y())};
+    }
     const int around = FPen.GetBand().Reach + 1;
     const auto from = [around](double Place, int Low, int High) {
         return int(std::clamp(std::floor(Place) - around, double(Low), double(High)));
@@ -61,8 +64,8 @@ void TLineMask::Paint(const TPixels& Image, const TRect& Window, std::span<const
     const auto to = [around](double Place, int Low, int High) {
         return int(std::clamp(std::ceil(Place) + around, double(Low), double(High)));
     };
-    FArea = {from(leftmost.x(), Window.Left, Window.Right), from(highest.y(), Window.Top, Window.Bottom),
-             to(rightmost.x(), Window.Left, Window.Right), to(lowest.y(), Window.Top, Window.Bottom)};
+    FArea = {from(least.x(), Window.Left, Window.Right), from(least.y(), Window.Top, Window.Bottom),
+             to(most.x(), Window.Left, Window.Right), to(most.y(), Window.Top, Window.Bottom)};
     if (FArea.IsEmpty()) return;
     const int margin = 2 * around + FPen.GetBand().Span + CTile;
     FRows.Clear(FArea.Height() + CTile, FArea.Width(), margin); // whole tiles
