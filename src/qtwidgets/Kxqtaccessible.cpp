@@ -145,8 +145,8 @@ public:
     int indexOfChild(const QAccessibleInterface* Child) const override { return IndexIn(FPath, Child); }
     QAccessibleInterface* childAt(int X, int Y) const override {
         for (int i = childCount() - 1; i >= 0; --i)
-            if (QAccessibleInterface* found = child(i); found && found->rect().contains(X, Y))
-                return found; // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): Qt keeps it
+            // Qt keeps it. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
+            if (QAccessibleInterface* found = child(i); found && found->rect().contains(X, Y)) return found;
         return nullptr;
     }
     using TTextAccess::text;
