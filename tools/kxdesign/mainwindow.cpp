@@ -63,7 +63,7 @@ TMainWindow::TMainWindow(const std::string& StateDirectory)
         Try(this, [&] { FAutosave = std::make_unique<TKxDesignAutosave>(FDocument, FStateDirectory); });
     resize(1280, 820);
     ShowTitle();
-    FormChanged();
+    TMainWindow::FormChanged();
 }
 
 TMainWindow::~TMainWindow() {
