@@ -54,6 +54,7 @@ TAnswerOfDatabase Ask(const std::string& Url, const std::string& Query) {
     set.SetQuery(Query);
     set.Open();
     std::vector<TColumnOfField> columns;
+    columns.reserve(std::size_t(set.GetFieldCount()));
     for (int i = 0; i < set.GetFieldCount(); ++i) columns.emplace_back(set.GetField(i));
     for (; !set.GetEof(); set.Next())
         for (auto& column : columns) column.Add();

@@ -32,7 +32,7 @@ std::string TitleOf(const TOptions& Options) {
     return name.empty() || name == "-" ? "kxplot" : name + " - kxplot";
 }
 
-void Save(TPicture& Picture, const TFindings& Found, TOutputRequest Outputs) {
+void Save(TPicture& Picture, const TFindings& Found, const TOutputRequest& Outputs) {
     const TFrameFaults faults;
     WriteOutputs(Picture, Found, Outputs, faults);
 }
