@@ -144,8 +144,8 @@ public:
     }
     int indexOfChild(const QAccessibleInterface* Child) const override { return IndexIn(FPath, Child); }
     QAccessibleInterface* childAt(int X, int Y) const override {
+        // Qt keeps what child makes. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
         for (int i = childCount() - 1; i >= 0; --i)
-            // Qt keeps it. NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
             if (QAccessibleInterface* found = child(i); found && found->rect().contains(X, Y)) return found;
         return nullptr;
     }
