@@ -62,8 +62,13 @@ const TKindRules& RulesOf(const TKxLabelling& Labelling) {
 
 } // namespace
 
+// Steps that a kind leaves alone are kept until the axis shows numbers again; those that no store holds are
+// as a new axis has them.
 TKxScaleEnds TKxLabelling::CalculateEnds(const TKxScaleInput& Input) const {
-    return RulesOf(*this).Ends(Input, *this);
+    TKxScaleEnds ends = RulesOf(*this).Ends(Input, *this);
+    for (const auto part : {&TKxScaleEnds::TickPart, &TKxScaleEnds::MajorTickPart, &TKxScaleEnds::LabelPart})
+        if (!std::isfinite(ends.*part)) ends.*part = TKxScaleEnds().*part;
+    return ends;
 }
 
 TKxTicks TKxLabelling::CalculateTicks(const TKxScaleEnds& Ends, const TKxAxisMap& Map,
