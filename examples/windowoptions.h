@@ -33,6 +33,7 @@ struct TWindowOptions {
     int Run(QWidget& Window) const {
         bool saved = true;
         QTimer end;
+        end.setSingleShot(true);
         QObject::connect(&end, &QTimer::timeout, &Window, [&] {
             saved = Save.empty() || Window.grab().save(QString::fromStdString(Save));
             Window.close();

@@ -67,10 +67,11 @@ void ChooseX(const kx::TKxTable& Table, const TColumnRequest& Request, const TDr
 }
 
 /// The column behind X if its times are those of X's days; -1 if not.
-int ClockOf(const kx::TKxTable& Table, const TColumns& Columns) {
+int ClockOf(const kx::TKxTable& Table, const TColumns& Columns, const std::vector<int>& Y2) {
     constexpr double day = 86400;
     const int clock = Columns.X + 1;
-    if (Columns.X < 0 || clock == Table.GetColumnCount() || Contains(Columns.Y, clock)) return -1;
+    if (Columns.X < 0 || clock == Table.GetColumnCount()) return -1;
+    if (Contains(Columns.Y, clock) || Contains(Y2, clock)) return -1;
     if (!Table.IsDate(Columns.X) || !Table.IsDate(clock)) return -1;
     const auto values = Table.ReadColumns({Columns.X, clock});
     const bool areDays =
@@ -149,8 +150,8 @@ TColumns ChooseColumns(const kx::TKxTable& Table, const TOptions& Options) {
         return columns;
     }
     ChooseX(Table, request, drawing, columns);
-    if (!request.X) columns.Clock = ClockOf(Table, columns);
     const std::vector<int> y2 = Found(Table, Options.Axes.Y2);
+    if (!request.X) columns.Clock = ClockOf(Table, columns, y2);
     columns.VX = Found(Table, request.VX);
     columns.VY = Found(Table, request.VY);
     if (!request.X && columns.X == 0) Table.FindNumericColumn("1"); // raises what is wrong with it
