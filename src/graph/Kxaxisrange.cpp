@@ -87,7 +87,7 @@ void TKxAxisRange::Mirror(const TKxAxisRange& Other) {
 }
 
 /// Moves the ends of View that follow the data; returns whether one moved. An end that only grows grows from
-/// where it is shown, for it must never be seen to move back.
+/// where it is shown, for it must never be seen to move back; ends in the wrong order are not what is shown.
 bool TKxAxisRange::FollowValues(TView& View) const {
     const auto follow = [](TKxAxEnd Kind, double& End, double Value, bool Grows) {
         const bool moves = (Kind == AxAutoRange && End != Value) || (Kind == AxFirstSet && Grows);
@@ -96,7 +96,7 @@ bool TKxAxisRange::FollowValues(TView& View) const {
     };
     const double start = FValues.GetStart(), stop = FValues.GetStop();
     const bool growing = Rules.StartEnd == AxFirstSet || Rules.StopEnd == AxFirstSet;
-    const TView shown = growing ? ShownUnzoomed() : View;
+    const TView shown = growing && !(View.Start > View.Stop) ? ShownUnzoomed() : View;
     TView moved = View;
     if (Rules.StartEnd == AxFirstSet) moved.Start = shown.Start;
     if (Rules.StopEnd == AxFirstSet) moved.Stop = shown.Stop;
