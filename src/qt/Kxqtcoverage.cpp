@@ -10,10 +10,9 @@ namespace kx::qt {
 
 namespace {
 
-constexpr double CNowhere = std::numeric_limits<double>::infinity();
+constexpr float CNowhere = std::numeric_limits<float>::infinity();
 constexpr int CFinest = 32, CCoarsest = 8; // bars a pixel; wide pens need fewer
 constexpr double CBarsAPen = 96;
-constexpr std::size_t CWidenedTogether = 1024; // bars that stay near to the processor
 
 /// What the pen reaches upward from two places beside the middles of bars.
 void KeepReached(float* Reached, std::array<const float*, 2> Edges, std::size_t Count, float Pen) {
@@ -34,94 +33,92 @@ bool TLineCoverage::IsFor(std::span<const TRealPoint> Line) {
 void TLineCoverage::Paint(const TPixels& Image, const TRect& Window, std::span<const QPointF> Line,
                           int Columns, double Width, QRgb Color) {
     FParts = std::clamp(int(CBarsAPen / Width), CCoarsest, std::clamp(Columns, CCoarsest, CFinest));
-    const double radius = Width / 2;
-    const int around = int(std::ceil(radius)) + 1;
-    const auto [low, high] = std::minmax({Line.front().x(), Line.back().x()});
-    if (high < Window.Left - around || low > Window.Right + around) return;
-    const double first = Window.Left, last = Window.Right;
-    const int left = int(std::floor(std::clamp(low, first, last))) - around,
-              right = int(std::ceil(std::clamp(high, first, last))) + around;
-    FFirst = left;
-    FHalves.assign(std::size_t(right - left) * std::size_t(2 * FParts), TBar{CNowhere, -CNowhere});
-    Gather(Line);
-    Widen(radius);
-    const TRect part = Window.Intersected({left, Window.Top, right, Window.Bottom});
-    for (int x = part.Left; x < part.Right; x += CTogether) {
-        const TRect columns{x, part.Top, std::min(x + CTogether, part.Right), part.Bottom};
-        PaintColumns(Image, columns, x - left, Color);
+    KeepReach(Width / 2);
+    FLine = Line;
+    FPassed = 0;
+    FIsBackward = Line.back().x() < Line.front().x();
+    const double around = std::ceil(Width / 2) + 1, first = Window.Left, last = Window.Right;
+    const auto within = [&](double X, double Further) { return int(std::clamp(X + Further, first, last)); };
+    const int right = within(std::ceil(Point(Line.size() - 1).x()), around);
+    for (int x = within(std::floor(Point(0).x()), -around); x < right; x += CTogether) {
+        const TRect columns{x, Window.Top, std::min(x + CTogether, right), Window.Bottom};
+        if (!Gather(x, columns.Width())) continue;
+        Widen();
+        PaintColumns(Image, columns, Color);
     }
 }
 
-void TLineCoverage::Gather(std::span<const QPointF> Line) {
-    AddSegment(Line[0], Line[0]);
-    for (std::size_t i = 1; i < Line.size(); ++i)
-        Line[i - 1].x() <= Line[i].x() ? AddSegment(Line[i - 1], Line[i]) : AddSegment(Line[i], Line[i - 1]);
+/// The middle of a bar lies between two halves, the left one of them even.
+void TLineCoverage::KeepReach(double Radius) {
+    FReach.clear();
+    const auto next = [this] { return (0.25 + 0.5 * double(FReach.size())) / FParts; };
+    while (next() < Radius) FReach.push_back(float(std::sqrt(Radius * Radius - next() * next())));
+}
+
+/// What the line passes in the bars of Columns pixels from Left and in those that the pen reaches from there;
+/// whether there is anything.
+bool TLineCoverage::Gather(int Left, int Columns) {
+    const double beyond = double(Beyond()) / FParts;
+    FFirst = Left - beyond;
+    const double behind = Left + Columns + beyond;
+    const std::size_t bars = std::size_t(Columns) * std::size_t(FParts), last = FLine.size() - 1;
+    FTops.assign(bars, CNowhere);
+    FBottoms.assign(bars, CNowhere);
+    for (auto& edges : FEdges) edges.assign(bars + 2 * Beyond(), CNowhere);
+    while (FPassed < last && Point(FPassed + 1).x() < FFirst) ++FPassed;
+    if (Point(FPassed).x() > behind || Point(last).x() < FFirst) return false;
+    AddSegment(Point(FPassed), Point(FPassed));
+    for (std::size_t i = FPassed; i < last && Point(i).x() <= behind; ++i) AddSegment(Point(i), Point(i + 1));
+    return true;
 }
 
 /// From has the smaller x.
 void TLineCoverage::AddSegment(QPointF From, QPointF To) {
     const double begin = (From.x() - FFirst) * 2 * FParts, end = (To.x() - FFirst) * 2 * FParts;
-    const double last = double(FHalves.size()) - 1;
+    const double last = double(2 * FEdges[0].size()) - 1;
     if (end < 0 || begin > last + 1) return;
-    const int first = int(std::clamp(std::floor(begin), 0.0, last)),
-              behind = int(std::clamp(std::floor(end), 0.0, last));
+    const auto first = std::size_t(std::clamp(std::floor(begin), 0.0, last)),
+               behind = std::size_t(std::clamp(std::floor(end), 0.0, last));
     const double slope = end > begin ? (To.y() - From.y()) / (end - begin) : 0;
-    for (int i = first; i <= behind; ++i) {
-        const double a = i <= begin ? From.y() : From.y() + slope * (i - begin);
-        const double b = i + 1 >= end ? To.y() : From.y() + slope * (i + 1 - begin);
-        TBar& bar = FHalves[std::size_t(i)];
-        bar.Top = std::min({bar.Top, a, b});
-        bar.Bottom = std::max({bar.Bottom, a, b});
+    for (std::size_t i = first; i <= behind; ++i) {
+        const double left = double(i), right = left + 1;
+        const double a = left <= begin ? From.y() : From.y() + slope * (left - begin);
+        const double b = right >= end ? To.y() : From.y() + slope * (right - begin);
+        float &top = FEdges[i % 2][i / 2], &bottom = FEdges[2 + i % 2][i / 2];
+        top = std::min(top, float(std::min(a, b)));
+        bottom = std::min(bottom, -float(std::max(a, b)));
     }
 }
 
-/// From the middle of the line to what a round pen covers. The middle of a bar lies between two halves, the
-/// left one of them even.
-void TLineCoverage::Widen(double Radius) {
-    FReach.clear();
-    const auto next = [this] { return (0.25 + 0.5 * double(FReach.size())) / FParts; };
-    while (next() < Radius) FReach.push_back(float(std::sqrt(Radius * Radius - next() * next())));
-    const std::size_t count = FHalves.size() / 2, beyond = FReach.size() / 2 + 1;
-    FEdges.resize(4);
-    for (auto& edges : FEdges) edges.assign(count + 2 * beyond, float(CNowhere));
-    for (std::size_t i = 0; i < FHalves.size(); ++i) {
-        FEdges[i % 2][beyond + i / 2] = float(FHalves[i].Top);
-        FEdges[2 + i % 2][beyond + i / 2] = -float(FHalves[i].Bottom);
+/// From the middle of the line to what a round pen covers.
+void TLineCoverage::Widen() {
+    for (std::size_t i = 0; i < FReach.size(); ++i) {
+        const std::size_t left = Beyond() - (i + 1) / 2, right = Beyond() + i / 2 + i % 2;
+        const auto under = [&](std::size_t Edge) {
+            const std::vector<float>&even = FEdges[Edge], &odd = FEdges[Edge + 1];
+            return std::array{(i % 2 ? odd : even).data() + left, (i % 2 ? even : odd).data() + right};
+        };
+        KeepReached(FTops.data(), under(0), FTops.size(), FReach[i]);
+        KeepReached(FBottoms.data(), under(2), FTops.size(), FReach[i]);
     }
-    FTops.assign(count, float(CNowhere));
-    FBottoms = FTops;
-    for (std::size_t first = 0; first < count; first += CWidenedTogether) {
-        const std::size_t bars = std::min(CWidenedTogether, count - first);
-        for (std::size_t i = 0; i < FReach.size(); ++i) {
-            const std::size_t left = first + beyond - (i + 1) / 2, right = first + beyond + i / 2 + i % 2;
-            const auto under = [&](std::size_t Edge) {
-                const std::vector<float>&even = FEdges[Edge], &odd = FEdges[Edge + 1];
-                return std::array{(i % 2 ? odd : even).data() + left, (i % 2 ? even : odd).data() + right};
-            };
-            KeepReached(FTops.data() + first, under(0), bars, FReach[i]);
-            KeepReached(FBottoms.data() + first, under(2), bars, FReach[i]);
-        }
-    }
-    FWide.resize(count);
-    for (std::size_t i = 0; i < count; ++i) FWide[i] = {FTops[i], -FBottoms[i]};
 }
 
-/// Paints the columns of Window, at most CTogether; the first one is Column of those that bars are known of.
-void TLineCoverage::PaintColumns(const TPixels& Image, const TRect& Window, int Column, QRgb Color) {
-    const auto bars = std::span(FWide).subspan(std::size_t(Column) * std::size_t(FParts),
-                                               std::size_t(Window.Width()) * std::size_t(FParts));
+/// Paints the columns of Window, at most CTogether.
+void TLineCoverage::PaintColumns(const TPixels& Image, const TRect& Window, QRgb Color) {
+    const auto within = [&](std::size_t Bar) {
+        return TBar{std::max(FTops[Bar], float(Window.Top)), std::min(-FBottoms[Bar], float(Window.Bottom))};
+    };
     TBar all{CNowhere, -CNowhere};
-    for (TBar& bar : bars) {
-        bar.Top = std::max(bar.Top, double(Window.Top));
-        bar.Bottom = std::min(bar.Bottom, double(Window.Bottom));
+    for (std::size_t i = 0; i < FTops.size(); ++i) {
+        const TBar bar = within(i);
         if (bar.Top < bar.Bottom) all = {std::min(all.Top, bar.Top), std::max(all.Bottom, bar.Bottom)};
     }
     if (all.Top >= all.Bottom) return;
     const int top = int(std::floor(all.Top)), bottom = int(std::ceil(all.Bottom));
     FRows.resize(std::max(FRows.size(), std::size_t(bottom - top) + 2));
     for (int y = top; y < bottom + 2; ++y) FRows[std::size_t(y - top)].IsStep = false;
-    for (std::size_t i = 0; i < bars.size(); ++i)
-        if (bars[i].Top < bars[i].Bottom) AddBar(bars[i], top, i / std::size_t(FParts));
+    for (std::size_t i = 0; i < FTops.size(); ++i)
+        if (const TBar bar = within(i); bar.Top < bar.Bottom) AddBar(bar, top, i / std::size_t(FParts));
     TCovered covered{};
     for (int y = top; y < bottom; ++y) {
         const TRow& row = FRows[std::size_t(y - top)];

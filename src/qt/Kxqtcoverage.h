@@ -26,7 +26,7 @@ public:
 
 private:
     struct TBar {
-        double Top, Bottom; ///< none where Top is greater
+        float Top, Bottom; ///< none where Top is greater
     };
     static constexpr int CTogether = 64; // columns: some cache lines of the image
     /// Of each column, how many bars more (or less) are covered than in the row before.
@@ -38,21 +38,27 @@ private:
         std::array<float, CTogether> Bars{};
         std::array<unsigned, CTogether> Of256{};
     };
-    void Gather(std::span<const QPointF> Line);
+    void KeepReach(double Radius);
+    bool Gather(int Left, int Columns);
     void AddSegment(QPointF From, QPointF To);
-    void Widen(double Radius);
-    void PaintColumns(const TPixels& Image, const TRect& Window, int Column, QRgb Color);
+    void Widen();
+    void PaintColumns(const TPixels& Image, const TRect& Window, QRgb Color);
     void AddBar(TBar Bar, int Top, std::size_t Column);
     void Step(TCovered& Covered, const TRow& Row) const;
+    /// From left to right.
+    QPointF Point(std::size_t Index) const { return FLine[FIsBackward ? FLine.size() - 1 - Index : Index]; }
+    /// Bars beside those of the columns that the pen reaches from there.
+    std::size_t Beyond() const { return FReach.size() / 2 + 1; }
 
+    std::span<const QPointF> FLine;
+    std::size_t FPassed = 0; // points on the left of the columns
+    bool FIsBackward = false;
     int FParts = 1;            // bars a pixel
-    double FFirst = 0;         // where the first bar begins
-    std::vector<TBar> FHalves; // of bars: what the line passes
-    std::vector<TBar> FWide;   // what the pen covers
     std::vector<float> FReach; // of the pen, at the halves beside its middle
-    // Tops of even and of odd halves, negative bottoms of both, and those of what the pen covers.
-    std::vector<std::vector<float>> FEdges;
-    std::vector<float> FTops, FBottoms;
+    // Of some columns together, which stay near to the processor.
+    double FFirst = 0;                        // where the first bar begins
+    std::array<std::vector<float>, 4> FEdges; // tops of even and of odd halves, and negative bottoms of both
+    std::vector<float> FTops, FBottoms;       // of what the pen covers, the latter negative
     std::vector<TRow> FRows;
 };
 

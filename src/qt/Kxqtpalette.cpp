@@ -2,6 +2,8 @@
 
 #include <QList>
 
+#include <cstring>
+#include <span>
 #include <unordered_map>
 
 namespace kx::qt {
@@ -47,13 +49,18 @@ std::optional<QImage> WithPalette(const QImage& Picture) {
     if (result.isNull()) return std::nullopt;
     TPalette palette;
     const QRgb ignored = Picture.hasAlphaChannel() ? 0 : ~RGB_MASK; // of an opaque picture the last byte
+    const auto width = std::size_t(Picture.width());
     for (int y = 0; y < Picture.height(); ++y) {
-        const auto* from = reinterpret_cast<const QRgb*>(Picture.constScanLine(y));
+        const auto row = std::span(reinterpret_cast<const QRgb*>(Picture.constScanLine(y)), width);
         uchar* to = result.scanLine(y);
-        for (int x = 0; x < Picture.width(); ++x) {
-            const std::size_t number = palette.Number(from[x] | ignored);
+        if (y > 0 && std::memcmp(row.data(), Picture.constScanLine(y - 1), row.size_bytes()) == 0) {
+            std::memcpy(to, result.constScanLine(y - 1), width);
+            continue;
+        }
+        for (const QRgb color : row) {
+            const std::size_t number = palette.Number(color | ignored);
             if (number == CMostColors) return std::nullopt;
-            to[x] = uchar(number);
+            *to++ = uchar(number);
         }
     }
     result.setColorTable(Picture.hasAlphaChannel() ? Unpremultiplied(palette.Colors()) : palette.Colors());

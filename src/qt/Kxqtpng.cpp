@@ -55,6 +55,7 @@ public:
     explicit operator bool() const { return FInfo != nullptr; }
     /// False when memory runs out. Holds no object with a destructor: the library jumps over them.
     bool Write(const QImage& Image, const TPalette& Palette, const std::string& Title) {
+        FRow.resize(std::size_t(Image.width()) * CColorBytes);
         if (setjmp(png_jmpbuf(FPng))) return false;
         const int type = !Palette.Colors.empty()   ? PNG_COLOR_TYPE_PALETTE
                          : Image.hasAlphaChannel() ? PNG_COLOR_TYPE_RGB_ALPHA
@@ -71,14 +72,26 @@ public:
             png_set_tRNS(FPng, FInfo, Palette.Alphas.data(), int(Palette.Alphas.size()), nullptr);
         if (!Title.empty()) WriteTitle(Title);
         png_write_info(FPng, FInfo);
-        if (Palette.Colors.empty()) png_set_bgr(FPng);
-        if (type == PNG_COLOR_TYPE_RGB) png_set_filler(FPng, 0, PNG_FILLER_AFTER);
-        for (int y = 0; y < Image.height(); ++y) png_write_row(FPng, Image.constScanLine(y));
+        if (type == PNG_COLOR_TYPE_RGB_ALPHA) png_set_bgr(FPng);
+        for (int y = 0; y < Image.height(); ++y)
+            png_write_row(FPng, type == PNG_COLOR_TYPE_RGB ? Packed(Image, y) : Image.constScanLine(y));
         png_write_end(FPng, FInfo);
         return true;
     }
 
 private:
+    /// The colours of row Y without their fourth byte, in the order of the file: the library takes two
+    /// passes.
+    const png_byte* Packed(const QImage& Image, int Y) {
+        const auto* from = reinterpret_cast<const QRgb*>(Image.constScanLine(Y));
+        png_byte* to = FRow.data();
+        for (const png_byte* end = to + FRow.size(); to < end; to += CColorBytes, ++from) {
+            to[0] = png_byte(qRed(*from));
+            to[1] = png_byte(qGreen(*from));
+            to[2] = png_byte(qBlue(*from));
+        }
+        return FRow.data();
+    }
     void WriteTitle(const std::string& Title) {
         char key[] = "Title";
         png_text text{};
@@ -88,8 +101,10 @@ private:
         png_set_text(FPng, FInfo, &text, 1);
     }
 
+    static constexpr std::size_t CColorBytes = 3;
     png_structp FPng;
     png_infop FInfo;
+    std::vector<png_byte> FRow;
 };
 
 TPalette PaletteOf(const QImage& Image) {

@@ -1,5 +1,7 @@
 #include <kxgraph/table/Kxtablenumber.h>
 
+#include <kxgraph/platform/text/decimals.h>
+
 #include <algorithm>
 #include <charconv>
 #include <limits>
@@ -25,7 +27,7 @@ std::optional<double> ParsePointForm(const char* Begin, const char* End) {
         if (Begin != End && *Begin == '-') return std::nullopt;
     }
     double value = 0;
-    const auto [stop, error] = std::from_chars(Begin, End, value);
+    const auto [stop, error] = ReadDecimal(Begin, End, value);
     if (stop != End || Begin == End) return std::nullopt;
     if (error == std::errc::result_out_of_range) return OutOfRange(Begin, End);
     if (error != std::errc()) return std::nullopt;

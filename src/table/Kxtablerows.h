@@ -1,8 +1,9 @@
 #pragma once
 // Walks a table's text row by row and cell by cell.
 
+#include <kxgraph/platform/text/decimals.h>
+
 #include <array>
-#include <charconv>
 #include <string>
 #include <string_view>
 
@@ -107,7 +108,7 @@ inline bool TKxRowReader::NextNumber(double& Value) {
     if (FRowEnded) return false;
     SkipBlanks();
     // No separator is part of a number, so there is no need to look for the cell's end first.
-    const auto [stop, error] = std::from_chars(FPos, FEnd, Value);
+    const auto [stop, error] = ReadDecimal(FPos, FEnd, Value);
     if (error != std::errc() || (stop != FEnd && KindAt(stop) < Separates)) return false;
     FPos = stop;
     EndCell();

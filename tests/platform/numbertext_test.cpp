@@ -2,7 +2,11 @@
 
 #include "support/testing.h"
 
+#include <kxgraph/platform/text/decimals.h>
+
+#include <bit>
 #include <clocale>
+#include <random>
 
 namespace kx::test::numbertext {
 
@@ -64,6 +68,22 @@ TEST(NumberText, ReadsAllOfATextOrSaysWhereItStopped) {
     for (const auto& [text, stop, value] : Cases<std::string, int, int>("numbers", "whole numbers")) {
         EXPECT_EQ(ValInt(text, position), value) << text;
         EXPECT_EQ(position, stop) << text;
+    }
+}
+
+TEST(NumberText, ShortDecimalsAreReadToTheSameBits) {
+    std::mt19937 random(7);
+    const std::string_view signs = "0123456789012345678901234567890123456789.-eE+x";
+    for (int i = 0; i < 200000; ++i) {
+        std::string text(random() % 20, '0');
+        for (char& sign : text) sign = signs[random() % (i % 2 ? 41 : signs.size())];
+        double expected = 7, value = 7;
+        const char* end = text.data() + text.size();
+        const auto demanded = std::from_chars(text.data(), end, expected);
+        const auto read = ReadDecimal(text.data(), end, value);
+        ASSERT_EQ(read.ptr - text.data(), demanded.ptr - text.data()) << text;
+        ASSERT_EQ(read.ec, demanded.ec) << text;
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expected)) << text;
     }
 }
 
