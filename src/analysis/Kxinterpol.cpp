@@ -60,7 +60,8 @@ void TKxIntPolynom::FindExtremaOfPiece(int i) {
     // The slopes of two pieces differ at their knot by rounding: an extremum there must not fall between
     // them.
     const double first = -RoundingAt(i), end = X[i + 1] - X[i] - RoundingAt(i + 1);
-    for (const double t : {plus, minus})
+    // In order, for where both are nearly one they may count as the same kind.
+    for (const double t : {std::min(plus, minus), std::max(plus, minus)})
         if (t >= first && t < end) AddExtremum(std::max(X[i], X[i] + t));
 }
 
