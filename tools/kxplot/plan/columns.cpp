@@ -87,6 +87,9 @@ std::vector<int> OtherColumns(const kx::TKxTable& Table, const TColumns& Columns
     const std::vector<int> taken = Columns.All();
     for (int i = 0; i < Table.GetColumnCount(); ++i)
         if (!Contains(taken, i) && !Contains(Y2, i) && Table.IsNumeric(i)) others.push_back(i);
+    if (others.empty() && !Y2.empty())
+        throw TUsageError("--y2: leaves no numeric column of " + kx::Escaped(Table.GetName()) +
+                          " for the first y axis; without --y2 it is drawn there");
     if (others.empty())
         throw kx::ETableError(kx::Escaped(Table.GetName()) + ": has no numeric column for a series",
                               kx::TKxTableRemedy::Skip);
