@@ -1,7 +1,10 @@
 #include <kxgraph/qt/Kxqtpng.h>
 
+#include <kxgraph/qt/Kxqtdeflate.h>
+
 #include <png.h>
 
+#include <algorithm>
 #include <csetjmp>
 #include <cstddef>
 #include <new>
@@ -38,6 +41,11 @@ struct TPalette {
     bool HasAlpha = false;
 };
 
+int TypeOf(const QImage& Image) {
+    if (Image.format() == QImage::Format_Indexed8) return PNG_COLOR_TYPE_PALETTE;
+    return Image.hasAlphaChannel() ? PNG_COLOR_TYPE_RGB_ALPHA : PNG_COLOR_TYPE_RGB;
+}
+
 void KeepQuiet(png_structp, png_const_charp) {}
 
 /// One writer, freed whatever happens.
@@ -53,16 +61,12 @@ public:
     TWriter& operator=(const TWriter&) = delete;
 
     explicit operator bool() const { return FInfo != nullptr; }
-    /// False when memory runs out. Holds no object with a destructor: the library jumps over them.
-    bool Write(const QImage& Image, const TPalette& Palette, const std::string& Title) {
-        FRow.resize(std::size_t(Image.width()) * CColorBytes);
+    /// Pixels: the compressed rows. False when memory runs out. Holds no object with a destructor: the
+    /// library jumps over them.
+    bool Write(const QImage& Image, const TPalette& Palette, const std::string& Title,
+               const std::string& Pixels) {
         if (setjmp(png_jmpbuf(FPng))) return false;
-        const int type = !Palette.Colors.empty()   ? PNG_COLOR_TYPE_PALETTE
-                         : Image.hasAlphaChannel() ? PNG_COLOR_TYPE_RGB_ALPHA
-                                                   : PNG_COLOR_TYPE_RGB;
-        png_set_filter(FPng, PNG_FILTER_TYPE_BASE, PNG_FILTER_NONE);
-        png_set_compression_level(FPng, Palette.Colors.empty() ? CColorsLevel : CPaletteLevel);
-        png_set_IHDR(FPng, FInfo, png_uint_32(Image.width()), png_uint_32(Image.height()), 8, type,
+        png_set_IHDR(FPng, FInfo, png_uint_32(Image.width()), png_uint_32(Image.height()), 8, TypeOf(Image),
                      PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
         png_set_pHYs(FPng, FInfo, png_uint_32(Image.dotsPerMeterX()), png_uint_32(Image.dotsPerMeterY()),
                      PNG_RESOLUTION_METER);
@@ -72,25 +76,16 @@ public:
             png_set_tRNS(FPng, FInfo, Palette.Alphas.data(), int(Palette.Alphas.size()), nullptr);
         if (!Title.empty()) WriteTitle(Title);
         png_write_info(FPng, FInfo);
-        if (type == PNG_COLOR_TYPE_RGB_ALPHA) png_set_bgr(FPng);
-        for (int y = 0; y < Image.height(); ++y)
-            png_write_row(FPng, type == PNG_COLOR_TYPE_RGB ? Packed(Image, y) : Image.constScanLine(y));
-        png_write_end(FPng, FInfo);
+        for (std::size_t at = 0; at < Pixels.size(); at += CChunkBytes)
+            WriteChunk("IDAT", Pixels.data() + at, std::min(CChunkBytes, Pixels.size() - at));
+        WriteChunk("IEND", nullptr, 0);
         return true;
     }
 
 private:
-    /// The colours of row Y without their fourth byte, in the order of the file: the library takes two
-    /// passes.
-    const png_byte* Packed(const QImage& Image, int Y) {
-        const auto* from = reinterpret_cast<const QRgb*>(Image.constScanLine(Y));
-        png_byte* to = FRow.data();
-        for (const png_byte* end = to + FRow.size(); to < end; to += CColorBytes, ++from) {
-            to[0] = png_byte(qRed(*from));
-            to[1] = png_byte(qGreen(*from));
-            to[2] = png_byte(qBlue(*from));
-        }
-        return FRow.data();
+    void WriteChunk(const char* Kind, const char* Bytes, std::size_t Count) {
+        png_write_chunk(FPng, reinterpret_cast<png_const_bytep>(Kind),
+                        reinterpret_cast<png_const_bytep>(Bytes), Count);
     }
     void WriteTitle(const std::string& Title) {
         char key[] = "Title";
@@ -101,10 +96,9 @@ private:
         png_set_text(FPng, FInfo, &text, 1);
     }
 
-    static constexpr std::size_t CColorBytes = 3;
+    static constexpr std::size_t CChunkBytes = std::size_t(1) << 20;
     png_structp FPng;
     png_infop FInfo;
-    std::vector<png_byte> FRow;
 };
 
 TPalette PaletteOf(const QImage& Image) {
@@ -117,6 +111,28 @@ TPalette PaletteOf(const QImage& Image) {
     return palette;
 }
 
+/// Colours in the order of the file, the fourth byte where it lets something through.
+void PackColors(const QRgb* From, int Count, bool Alphas, png_byte* To) {
+    for (const QRgb* const end = From + Count; From < end; ++From) {
+        *To++ = png_byte(qRed(*From));
+        *To++ = png_byte(qGreen(*From));
+        *To++ = png_byte(qBlue(*From));
+        if (Alphas) *To++ = png_byte(qAlpha(*From));
+    }
+}
+
+TPixelRows RowsOf(const QImage& Image) {
+    const int width = Image.width();
+    if (TypeOf(Image) == PNG_COLOR_TYPE_PALETTE)
+        return {Image.height(), std::size_t(width),
+                [&Image, width](int Row, png_byte* To) { std::copy_n(Image.constScanLine(Row), width, To); }};
+    const bool alphas = Image.hasAlphaChannel();
+    return {Image.height(), std::size_t(width) * (alphas ? 4 : 3),
+            [&Image, width, alphas](int Row, png_byte* To) {
+                PackColors(reinterpret_cast<const QRgb*>(Image.constScanLine(Row)), width, alphas, To);
+            }};
+}
+
 } // namespace
 
 std::string EncodePng(const QImage& Image, const std::string& Title) {
@@ -124,9 +140,12 @@ std::string EncodePng(const QImage& Image, const std::string& Title) {
     const bool mixed = Image.format() == QImage::Format_ARGB32_Premultiplied;
     const QImage image = mixed ? Image.convertToFormat(QImage::Format_ARGB32) : Image;
     const TPalette palette = PaletteOf(image);
+    if (image.isNull()) throw std::bad_alloc();
+    const std::string pixels =
+        DeflateRows(RowsOf(image), palette.Colors.empty() ? CColorsLevel : CPaletteLevel);
     TOutput output;
     TWriter writer(output);
-    if (image.isNull() || !writer || !writer.Write(image, palette, Title)) throw std::bad_alloc();
+    if (!writer || !writer.Write(image, palette, Title, pixels)) throw std::bad_alloc();
     return std::move(output.Bytes);
 }
 
