@@ -29,9 +29,10 @@ struct TPart {
     std::string Deflated;
 };
 
+/// Takes parts one after the other; what it works in is kept for the next.
 class TDeflater {
 public:
-    explicit TDeflater(int Level) {
+    TDeflater(const TPixelRows& Rows, int Level) : FRows(Rows) {
         if (deflateInit2(&FStream, Level, Z_DEFLATED, -CWindowBits, CMemoryLevel, Z_DEFAULT_STRATEGY) != Z_OK)
             throw std::bad_alloc();
     }
@@ -39,11 +40,24 @@ public:
     TDeflater(const TDeflater&) = delete;
     TDeflater& operator=(const TDeflater&) = delete;
 
-    /// What the stream held before Bytes: may be referred to.
-    void Follow(const unsigned char* Bytes, std::size_t Count) {
-        deflateSetDictionary(&FStream, Bytes, uInt(Count));
+    void Deflate(TPart& Part) {
+        const std::size_t stride = FRows.RowBytes + 1;
+        const int before =
+            int(std::min<std::size_t>(std::size_t(Part.Begin), (CWindow + stride - 1) / stride));
+        FBytes.resize(std::size_t(Part.End - Part.Begin + before) * stride);
+        for (int row = Part.Begin - before; row < Part.End; ++row)
+            FRows.Fill(row, &FBytes[std::size_t(row - Part.Begin + before) * stride + 1]);
+        unsigned char* const own = FBytes.data() + std::size_t(before) * stride;
+        Part.Bytes = std::size_t(Part.End - Part.Begin) * stride;
+        Part.Checksum = adler32(1, own, uInt(Part.Bytes));
+        deflateReset(&FStream);
+        const std::size_t window = std::min(CWindow, std::size_t(before) * stride);
+        if (window > 0) deflateSetDictionary(&FStream, own - window, uInt(window));
+        Part.Deflated = Deflated(own, Part.Bytes, Part.End == FRows.Count);
     }
-    std::string Deflate(unsigned char* Bytes, std::size_t Count, bool Last) {
+
+private:
+    std::string Deflated(unsigned char* Bytes, std::size_t Count, bool Last) {
         std::string deflated;
         std::array<unsigned char, CWindow> out;
         FStream.next_in = Bytes;
@@ -57,8 +71,9 @@ public:
         return deflated;
     }
 
-private:
+    const TPixelRows& FRows;
     z_stream FStream{};
+    std::vector<unsigned char> FBytes;
 };
 
 std::vector<TPart> PartsOf(const TPixelRows& Rows) {
@@ -69,26 +84,12 @@ std::vector<TPart> PartsOf(const TPixelRows& Rows) {
     return parts;
 }
 
-void DeflatePart(const TPixelRows& Rows, int Level, TPart& Part) {
-    const std::size_t stride = Rows.RowBytes + 1;
-    const int before = int(std::min<std::size_t>(std::size_t(Part.Begin), (CWindow + stride - 1) / stride));
-    std::vector<unsigned char> bytes(std::size_t(Part.End - Part.Begin + before) * stride);
-    for (int row = Part.Begin - before; row < Part.End; ++row)
-        Rows.Fill(row, &bytes[std::size_t(row - Part.Begin + before) * stride + 1]);
-    unsigned char* const own = bytes.data() + std::size_t(before) * stride;
-    Part.Bytes = std::size_t(Part.End - Part.Begin) * stride;
-    Part.Checksum = adler32(1, own, uInt(Part.Bytes));
-    TDeflater deflater(Level);
-    const std::size_t window = std::min(CWindow, std::size_t(before) * stride);
-    if (window > 0) deflater.Follow(own - window, window);
-    Part.Deflated = deflater.Deflate(own, Part.Bytes, Part.End == Rows.Count);
-}
-
 /// This thread takes its share, so that it goes on where no other one can be had.
 void DeflateAll(const TPixelRows& Rows, int Level, std::vector<TPart>& Parts) {
     std::atomic<std::size_t> next = 0;
     const auto work = [&] {
-        for (std::size_t i = next++; i < Parts.size(); i = next++) DeflatePart(Rows, Level, Parts[i]);
+        TDeflater deflater(Rows, Level);
+        for (std::size_t i = next++; i < Parts.size(); i = next++) deflater.Deflate(Parts[i]);
     };
     const std::size_t most = std::min<std::size_t>(Parts.size(), std::thread::hardware_concurrency());
     std::vector<std::future<void>> helpers;
