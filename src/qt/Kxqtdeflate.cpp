@@ -1,120 +1,68 @@
 #include <kxgraph/qt/Kxqtdeflate.h>
 
-#include <zlib.h>
+#include <isa-l/igzip_lib.h>
 
 #include <algorithm>
 #include <array>
-#include <atomic>
-#include <future>
-#include <new>
-#include <system_error>
-#include <thread>
+#include <cstdint>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace kx::qt {
 
 namespace {
 
-constexpr int CWindowBits = 15; // of the compression: references reach 32 KB back
-constexpr std::size_t CWindow = std::size_t(1) << CWindowBits;
-constexpr std::size_t CPartBytes = std::size_t(1) << 18; // compressed in about 0.4 ms
-constexpr int CMemoryLevel = 8;                          // zlib's default
+constexpr int CLevel = 1; // of 0 to 3: a tenth of zlib's time for files of the same size
+constexpr std::size_t CBlockBytes = std::size_t(1)
+                                    << 16; // rows that wait for compression, and what comes out
 
-/// Rows [Begin, End) of a picture and what becomes of them.
-struct TPart {
-    int Begin = 0;
-    int End = 0;
-    std::size_t Bytes = 0; // before compression
-    uLong Checksum = 0;    // of those bytes
-    std::string Deflated;
-};
-
-/// Takes parts one after the other; what it works in is kept for the next.
 class TDeflater {
 public:
-    TDeflater(const TPixelRows& Rows, int Level) : FRows(Rows) {
-        if (deflateInit2(&FStream, Level, Z_DEFLATED, -CWindowBits, CMemoryLevel, Z_DEFAULT_STRATEGY) != Z_OK)
-            throw std::bad_alloc();
+    TDeflater()
+        : FStream(std::make_unique_for_overwrite<isal_zstream>()),
+          FWork(std::make_unique_for_overwrite<unsigned char[]>(ISAL_DEF_LVL1_DEFAULT)) {
+        isal_deflate_init(FStream.get());
+        FStream->level = CLevel;
+        FStream->level_buf = FWork.get();
+        FStream->level_buf_size = ISAL_DEF_LVL1_DEFAULT;
+        FStream->gzip_flag = IGZIP_ZLIB;
     }
-    ~TDeflater() { deflateEnd(&FStream); }
-    TDeflater(const TDeflater&) = delete;
-    TDeflater& operator=(const TDeflater&) = delete;
 
-    void Deflate(TPart& Part) {
-        const std::size_t stride = FRows.RowBytes + 1;
-        const int before =
-            int(std::min<std::size_t>(std::size_t(Part.Begin), (CWindow + stride - 1) / stride));
-        FBytes.resize(std::size_t(Part.End - Part.Begin + before) * stride);
-        for (int row = Part.Begin - before; row < Part.End; ++row)
-            FRows.Fill(row, &FBytes[std::size_t(row - Part.Begin + before) * stride + 1]);
-        unsigned char* const own = FBytes.data() + std::size_t(before) * stride;
-        Part.Bytes = std::size_t(Part.End - Part.Begin) * stride;
-        Part.Checksum = adler32(1, own, uInt(Part.Bytes));
-        deflateReset(&FStream);
-        const std::size_t window = std::min(CWindow, std::size_t(before) * stride);
-        if (window > 0) deflateSetDictionary(&FStream, own - window, uInt(window));
-        Part.Deflated = Deflated(own, Part.Bytes, Part.End == FRows.Count);
+    void Append(std::vector<unsigned char>& Bytes, bool Last) {
+        FStream->next_in = Bytes.data();
+        FStream->avail_in = std::uint32_t(Bytes.size());
+        FStream->end_of_stream = Last;
+        do {
+            std::array<unsigned char, CBlockBytes> out;
+            FStream->next_out = out.data();
+            FStream->avail_out = std::uint32_t(out.size());
+            isal_deflate(FStream.get());
+            FDeflated.append(reinterpret_cast<const char*>(out.data()), out.size() - FStream->avail_out);
+        } while (FStream->avail_out == 0);
     }
+    std::string Take() { return std::move(FDeflated); }
 
 private:
-    std::string Deflated(unsigned char* Bytes, std::size_t Count, bool Last) {
-        std::string deflated;
-        std::array<unsigned char, CWindow> out;
-        FStream.next_in = Bytes;
-        FStream.avail_in = uInt(Count);
-        do {
-            FStream.next_out = out.data();
-            FStream.avail_out = uInt(out.size());
-            deflate(&FStream, Last ? Z_FINISH : Z_SYNC_FLUSH);
-            deflated.append(reinterpret_cast<const char*>(out.data()), out.size() - FStream.avail_out);
-        } while (FStream.avail_out == 0);
-        return deflated;
-    }
-
-    const TPixelRows& FRows;
-    z_stream FStream{};
-    std::vector<unsigned char> FBytes;
+    std::unique_ptr<isal_zstream> FStream;
+    std::unique_ptr<unsigned char[]> FWork;
+    std::string FDeflated;
 };
-
-std::vector<TPart> PartsOf(const TPixelRows& Rows) {
-    const int height = int(std::max<std::size_t>(1, CPartBytes / (Rows.RowBytes + 1)));
-    std::vector<TPart> parts;
-    for (int row = 0; row < Rows.Count; row += height)
-        parts.push_back({row, row + std::min(height, Rows.Count - row), 0, 0, {}});
-    return parts;
-}
-
-/// This thread takes its share, so that it goes on where no other one can be had.
-void DeflateAll(const TPixelRows& Rows, int Level, std::vector<TPart>& Parts) {
-    std::atomic<std::size_t> next = 0;
-    const auto work = [&] {
-        TDeflater deflater(Rows, Level);
-        for (std::size_t i = next++; i < Parts.size(); i = next++) deflater.Deflate(Parts[i]);
-    };
-    const std::size_t most = std::min<std::size_t>(Parts.size(), std::thread::hardware_concurrency());
-    std::vector<std::future<void>> helpers;
-    try {
-        for (std::size_t i = 1; i < most; ++i) helpers.push_back(std::async(std::launch::async, work));
-    } catch (const std::system_error&) {
-        // as many as there are
-    }
-    work();
-    for (auto& helper : helpers) helper.get();
-}
 
 } // namespace
 
-std::string DeflateRows(const TPixelRows& Rows, int Level) {
-    std::vector<TPart> parts = PartsOf(Rows);
-    DeflateAll(Rows, Level, parts);
-    std::string stream = "\x78\x9c";
-    uLong checksum = 1;
-    for (const TPart& part : parts) {
-        stream += part.Deflated;
-        checksum = adler32_combine(checksum, part.Checksum, z_off_t(part.Bytes));
+std::string DeflateRows(const TPixelRows& Rows) {
+    const std::size_t stride = Rows.RowBytes + 1;
+    const int height = int(std::max<std::size_t>(1, CBlockBytes / stride));
+    std::vector<unsigned char> block;
+    TDeflater deflater;
+    for (int row = 0; row < Rows.Count; row += height) {
+        const int rows = std::min(height, Rows.Count - row);
+        block.resize(std::size_t(rows) * stride);
+        for (int i = 0; i < rows; ++i) Rows.Fill(row + i, &block[std::size_t(i) * stride + 1]);
+        deflater.Append(block, row + rows == Rows.Count);
     }
-    for (int shift = 24; shift >= 0; shift -= 8) stream += char(checksum >> shift & 0xff);
-    return stream;
+    return deflater.Take();
 }
 
 } // namespace kx::qt

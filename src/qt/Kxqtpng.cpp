@@ -15,9 +15,6 @@ namespace kx::qt {
 
 namespace {
 
-constexpr int CPaletteLevel = 7; // of 9: for files no larger than without a palette
-constexpr int CColorsLevel = 3;
-
 struct TOutput {
     std::string Bytes;
     bool Failed = false;
@@ -141,8 +138,7 @@ std::string EncodePng(const QImage& Image, const std::string& Title) {
     const QImage image = mixed ? Image.convertToFormat(QImage::Format_ARGB32) : Image;
     const TPalette palette = PaletteOf(image);
     if (image.isNull()) throw std::bad_alloc();
-    const std::string pixels =
-        DeflateRows(RowsOf(image), palette.Colors.empty() ? CColorsLevel : CPaletteLevel);
+    const std::string pixels = DeflateRows(RowsOf(image));
     TOutput output;
     TWriter writer(output);
     if (!writer || !writer.Write(image, palette, Title, pixels)) throw std::bad_alloc();
