@@ -27,11 +27,14 @@ std::string NameOf(const std::string& Line) {
     return equals == Line.npos ? std::string() : Line.substr(0, equals);
 }
 
+/// Texts end at a zero byte, written or read: what is behind, the end of a quotation say, must not come back.
+std::string_view BeforeZero(std::string_view Text) { return Text.substr(0, Text.find('\0')); }
+
 std::string KeyLine(std::string_view Ident, std::string_view Value) {
     std::string line;
     line.reserve(Ident.size() + 1 + Value.size());
     line.append(Ident).append("=").append(Value);
-    line.resize(std::min(line.find('\0'), line.size()));
+    line.resize(BeforeZero(line).size());
     return line;
 }
 
@@ -95,7 +98,8 @@ std::string TKxIniList::ReadString(std::string_view Section, std::string_view Id
     const auto header = Lines().FindHeader(Section);
     if (header == Lines().end()) return std::string(Default);
     const auto key = Lines().FindKey(header, Ident);
-    return key == Lines().end() ? std::string(Default) : key->Text.substr(Ident.size() + 1);
+    if (key == Lines().end()) return std::string(Default);
+    return std::string(BeforeZero(std::string_view(key->Text).substr(Ident.size() + 1)));
 }
 
 void TKxIniList::WriteString(std::string_view Section, std::string_view Ident, std::string_view Value) {
