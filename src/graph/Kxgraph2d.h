@@ -142,6 +142,9 @@ public:
     bool NotUpdating() const override { return FUpdateCount == 0; }
     /// Everything must be calculated anew before the next frame.
     void Modified() override;
+    /// While it holds, axes keep the room that their labels have needed since it began: what is dragged must
+    /// not twitch as labels come and go at the ends. The pan of the interaction does so.
+    void HoldRoom(bool Hold);
     bool GetNeedsCalculate() const { return FNeedsCalculate; }
     /// Axes, then series: ends, ticks, places, screen points. Raises Exception "... has no parent: call
     /// SetParent(...)" for a primary axis that stands nowhere: it would be left out without a word.
@@ -256,6 +259,10 @@ private:
         TKxGraphCompanion* Companion;
         TKxCompanionRoom Room;
     };
+    struct THeldRoom {
+        std::vector<TKxAxis*> Axes; // compared only
+        std::vector<TKxLayoutAxis> Demands;
+    };
     std::vector<TKxGraphCompanion*> CompanionsInOrder() const;
     class TUpdateScope;
     void Allow(bool TKxInteraction::*What, bool On);
@@ -285,6 +292,7 @@ private:
     TKxInteraction FInteraction;
     std::unique_ptr<TKxDrawingWorld> FWorld;
     std::unique_ptr<TKxGraphMouse> FMouse;
+    std::optional<THeldRoom> FHeldRoom;
     std::unique_ptr<TKxLabel> FTitleLabel;
     TFont FTitleFont;
     TKxLineStyle FFrameLine, FMajorGridX, FMajorGridY, FMinorGridX, FMinorGridY;

@@ -112,10 +112,18 @@ void TKx2DGraph::ApplyLayout(const TKxLayout& Layout, const std::vector<TKxAxis*
     }
 }
 
+void TKx2DGraph::HoldRoom(bool Hold) {
+    if (Hold == FHeldRoom.has_value()) return;
+    Hold ? void(FHeldRoom.emplace()) : FHeldRoom.reset();
+    Modified();
+}
+
 // Labels reach over the ends by what the length of the axis makes of them: a few rounds settle both. They
-// begin with axes as long as the graph, so that what comes out depends on no layout before.
+// begin with axes as long as the graph, so that what comes out depends on no layout before, unless one is
+// held.
 void TKx2DGraph::LayOutVisible(const std::vector<TKxAxis*>& Axes) {
     TKxLayoutInput needed = EmptyLayout(), input;
+    if (FHeldRoom && FHeldRoom->Axes == Axes) needed.Axes = FHeldRoom->Demands;
     std::vector<TGivenRoom> rooms;
     TKxLayout layout;
     for (TKxAxis* axis : Axes)
@@ -130,6 +138,7 @@ void TKx2DGraph::LayOutVisible(const std::vector<TKxAxis*>& Axes) {
         for (std::size_t i = 0; i < Axes.size(); ++i)
             Axes[i]->SetPlace(layout.Axes[i].Origin, layout.Axes[i].AxisLength, layout.Axes[i].CaptionFrom);
     }
+    if (FHeldRoom) *FHeldRoom = {Axes, needed.Axes};
     ApplyLayout(layout, Axes);
     PlaceCompanions(rooms, input, WithoutTicks(layout.DrawingWorld, input, Axes));
 }

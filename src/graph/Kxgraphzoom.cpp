@@ -17,11 +17,13 @@ TKxAxis* Leader(TKxAxis* Axis) {
     return Axis;
 }
 
-/// Where the ends of the axis lie now, though it may not have been laid out since they changed.
-TKxAxisMap PresentMap(const TKxAxis& Axis) {
-    return TKxAxisMap::Make(Axis.GetScaling(), Axis.GetStart(), Axis.GetStop(), Axis.GetAxisLength(),
-                            Axis.GetOrientation(), Axis.GetTwisted());
+/// A view of the axis, as long as it is now.
+TKxAxisMap MapOf(const TKxAxis& Axis, double Start, double Stop) {
+    return TKxAxisMap::Make(Axis.GetScaling(), Start, Stop, Axis.GetAxisLength(), Axis.GetOrientation(),
+                            Axis.GetTwisted());
 }
+/// Where the ends of the axis lie now, though it may not have been laid out since they changed.
+TKxAxisMap PresentMap(const TKxAxis& Axis) { return MapOf(Axis, Axis.GetStart(), Axis.GetStop()); }
 
 bool TakesPart(const TKxAxis& Axis, TKxGraphZoom::TAxes Axes) {
     return Axes == TKxGraphZoom::TAxes::All ||
@@ -114,27 +116,33 @@ void TKxGraphZoom::BeginPan(TPoint At) {
     FPanning = true;
     FPanned.clear();
     for (TKxAxis* axis : Targets(TAxes::All, nullptr))
-        FPanned.push_back({TComponentRef(axis), PresentMap(*axis)});
+        FPanned.push_back({TComponentRef(axis), axis->GetStart(), axis->GetStop()});
+    FGraph.HoldRoom(true);
+}
+
+void TKxGraphZoom::EndPan() {
+    FPanning = false;
+    FGraph.HoldRoom(false);
 }
 
 // From where the pan began, so that coming back there gives the very view of the beginning.
 void TKxGraphZoom::PanTo(TPoint At, TAxes Axes) {
-    for (const auto& [ref, map] : FPanned) {
+    for (const auto& [ref, start, stop] : FPanned) {
         TKxAxis* axis = ref.Get();
         if (!axis) continue;
         const TKxSide side = axis->GetSide();
         const int by = TakesPart(*axis, Axes) ? side.Along(FPanFrom) - side.Along(At) : 0;
         if (by == 0 && axis->GetZoomGesture() != FGesture) continue;
-        if (const auto ends = PannedBy(map, axis->GetLabelKind(), by))
+        if (const auto ends = PannedBy(MapOf(*axis, start, stop), axis->GetLabelKind(), by))
             axis->ZoomAlong(ends->Start, ends->Stop, FGesture);
     }
     FGraph.Modified();
 }
 
 void TKxGraphZoom::CancelPan() {
-    FPanning = false;
-    for (const auto& [axis, map] : FPanned)
-        if (axis) axis->UndoZoom(FGesture);
+    EndPan();
+    for (const TMoved& moved : FPanned)
+        if (moved.Axis) moved.Axis->UndoZoom(FGesture);
     FGraph.Modified();
 }
 

@@ -32,7 +32,7 @@ public:
     /// What was at the place where the pan began is At now.
     void PanTo(TPoint At, TAxes Axes);
     bool IsPanning() const { return FPanning; }
-    void EndPan() { FPanning = false; }
+    void EndPan();
     /// Shows the view before the pan.
     void CancelPan();
 
@@ -43,7 +43,7 @@ private:
     enum class TKind { None, Zoom, Shift };
     struct TMoved {
         TComponentRef<TKxAxis> Axis;
-        TKxAxisMap Map;
+        double Start, Stop;
     };
     std::vector<TKxAxis*> Targets(TAxes Axes, TKxAxis* Alone) const;
     void GoOn(TKind Kind, TAxes Axes, const TKxAxis* Alone, bool Continues);

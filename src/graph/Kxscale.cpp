@@ -355,9 +355,11 @@ void TKxAxisMap::RealToPlaces(std::span<const double> Values, double* First,
         place([&line](double Value) { return line.PlaceAt(Value); });
 }
 
-double TKxAxisMap::IntToRealPosition(int Position) const {
+double TKxAxisMap::IntToRealPosition(int Position) const { return PlaceToReal(Position); }
+
+double TKxAxisMap::PlaceToReal(double Place) const {
     CheckScaling(Scaling);
-    const double along = Forward ? Position : double(AxisLength) - Position;
+    const double along = Forward ? Place : AxisLength - Place;
     if (IsLogarithmic()) return Exp10(along * Scale + LogStart);
     return std::clamp(along * Scale + Start, -CMaxReal, CMaxReal);
 }

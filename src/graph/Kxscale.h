@@ -152,6 +152,8 @@ struct TKxAxisMap {
     void RealToPlaces(std::span<const double> Values, double* First, std::ptrdiff_t StrideInDoubles) const;
     /// The value at pixel Position, at most 1.7e308 in magnitude. Raises as RealToIntPosition does.
     double IntToRealPosition(int Position) const;
+    /// The value at Place, which may be a part of a pixel, as far as doubles tell.
+    double PlaceToReal(double Place) const;
 
     friend bool operator==(const TKxAxisMap&, const TKxAxisMap&) = default;
 };

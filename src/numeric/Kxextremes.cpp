@@ -20,10 +20,12 @@ double Higher(double A, double B) { return A > B ? A : B; }
 
 } // namespace
 
-/// The best value so far and the block that it was met in: on level -1 the value itself.
+/// The best value so far and where the run of blocks of one level begins, of values on level -1, that it was
+/// met in.
 struct TKxExtremes::TBest {
     double Value;
-    int Level = -1, At = -1;
+    int Level = -1, From = -1;
+    bool IsNone() const { return From < 0; }
 };
 
 void TKxExtremes::TLevel::Mark(int Node) {
@@ -87,6 +89,7 @@ void TKxExtremes::Update(std::span<const double> Values) {
             for (int node = 0; node < int(FLevels[level].Nodes.size()); ++node) FLevels[level].Mark(node);
         FKnown = FSized = count;
     }
+    if (FLevels.empty() || FLevels[0].StaleFirst > FLevels[0].StaleLast) return;
     for (std::size_t level = 0; level < FLevels.size(); ++level) Renew(level, Values);
 }
 
@@ -100,34 +103,37 @@ void TKxExtremes::Renew(std::size_t Level, std::span<const double> Values) {
     at.StaleLast = at.StaleFirst - 1;
 }
 
-// In lanes, so that compilers use vectors.
-void TKxExtremes::RenewLeaf(int Leaf, std::span<const double> Values) {
-    constexpr std::size_t CLanes = 4;
-    const int start = (Leaf << CShift) - FSkipped; // those in front are gone
-    const auto first = std::size_t(std::max(start, 0)),
-               last = std::min(std::size_t(std::max(start + CFan, 0)), Values.size());
+/// In lanes, so that compilers use vectors. Without a number Low is above High.
+TKxExtremes::TBounds TKxExtremes::BoundsOf(std::span<const double> Values) {
+    constexpr std::size_t CLanes = 8;
     double low[CLanes], high[CLanes];
     std::fill_n(low, CLanes, CInfinity);
     std::fill_n(high, CLanes, -CInfinity);
-    std::size_t i = first;
-    for (; i + CLanes <= last; i += CLanes) {
+    std::size_t i = 0;
+    for (; i + CLanes <= Values.size(); i += CLanes) {
         for (std::size_t lane = 0; lane < CLanes; ++lane) {
             low[lane] = Lower(Values[i + lane], low[lane]);
             high[lane] = Higher(Values[i + lane], high[lane]);
         }
     }
-    for (; i < last; ++i) {
+    for (; i < Values.size(); ++i) {
         low[0] = Lower(Values[i], low[0]);
         high[0] = Higher(Values[i], high[0]);
     }
-    FLevels[0].Nodes[std::size_t(Leaf)] = {*std::min_element(low, low + CLanes),
-                                           *std::max_element(high, high + CLanes)};
+    return {*std::min_element(low, low + CLanes), *std::max_element(high, high + CLanes)};
+}
+
+void TKxExtremes::RenewLeaf(int Leaf, std::span<const double> Values) {
+    const int start = (Leaf << CShift) - FSkipped; // those in front are gone
+    const auto first = std::size_t(std::max(start, 0)),
+               last = std::min(std::size_t(std::max(start + CFan, 0)), Values.size());
+    FLevels[0].Nodes[std::size_t(Leaf)] = BoundsOf(Values.subspan(first, std::max(last, first) - first));
     std::int64_t falls = 0, rises = 0, strange = 0;
-    for (i = std::max<std::size_t>(first, 1); i < last; ++i) {
+    for (std::size_t i = std::max<std::size_t>(first, 1); i < last; ++i) {
         falls += !(Values[i - 1] <= Values[i]);
         rises += !(Values[i - 1] >= Values[i]);
     }
-    for (i = first; i < last; ++i) strange += Values[i] != Values[i];
+    for (std::size_t i = first; i < last; ++i) strange += Values[i] != Values[i];
     if (strange > 0) falls = rises = 1; // also a first value that is no number
     FLevels[0].Flags[std::size_t(Leaf)] =
         std::uint8_t((falls > 0 ? CFalls : 0) | (rises > 0 ? CRises : 0) | (strange > 0 ? CNotANumber : 0));
@@ -138,7 +144,7 @@ void TKxExtremes::RenewNode(std::size_t Level, int Node) {
     const TLevel& below = FLevels[Level - 1];
     const std::size_t first = std::size_t(Node) << CShift,
                       last = std::min(first + std::size_t(CFan), below.Nodes.size());
-    TNode node{CInfinity, -CInfinity};
+    TBounds node{CInfinity, -CInfinity};
     std::uint8_t flags = 0;
     for (std::size_t i = first; i < last; ++i) {
         node = {Lower(below.Nodes[i].Low, node.Low), Higher(below.Nodes[i].High, node.High)};
@@ -148,57 +154,31 @@ void TKxExtremes::RenewNode(std::size_t Level, int Node) {
     FLevels[Level].Flags[std::size_t(Node)] = flags;
 }
 
-/// The ends of First..Last - 1, in lanes so that one comparison does not wait for the other. Without a number
-/// Low is above High.
-template <class F>
-TKxExtremes::TNode TKxExtremes::Ends(int First, int Last, F At) {
-    TNode a{CInfinity, -CInfinity}, b = a;
-    const auto take = [&At](TNode& Ends, int Index) {
-        const TNode node = At(Index);
-        Ends = {Lower(node.Low, Ends.Low), Higher(node.High, Ends.High)};
+/// The same of blocks, in two lanes so that one comparison does not wait for the
+/// other.
+TKxExtremes::TBounds TKxExtremes::BoundsOf(std::span<const TBounds> Blocks) {
+    TBounds a{CInfinity, -CInfinity}, b = a;
+    const auto take = [](TBounds& Bounds, const TBounds& Block) {
+        Bounds = {Lower(Block.Low, Bounds.Low), Higher(Block.High, Bounds.High)};
     };
-    int i = First;
-    for (; i + 1 < Last; i += 2) {
-        take(a, i);
-        take(b, i + 1);
+    std::size_t i = 0;
+    for (; i + 1 < Blocks.size(); i += 2) {
+        take(a, Blocks[i]);
+        take(b, Blocks[i + 1]);
     }
-    if (i < Last) take(a, i);
+    if (i < Blocks.size()) take(a, Blocks[i]);
     return {Lower(a.Low, b.Low), Higher(a.High, b.High)};
 }
 
-/// Takes First..Last - 1 of one level for what is better than Low and High.
+/// From place First to place Last - 1 by the largest blocks that fit: Take gets the level, -1 for values, and
+/// the first block and the one behind the last of each run.
 template <class F>
-void TKxExtremes::Take(int Level, int First, int Last, F At, TBest& Low, TBest& High) {
-    const TNode ends = Ends(First, Last, At);
-    if (!(ends.Low <= ends.High)) return;
-    const auto first = [&](auto Is) {
-        int i = First;
-        while (!Is(At(i))) ++i;
-        return i;
-    };
-    if (ends.Low < Low.Value || Low.At < 0)
-        Low = {ends.Low, Level,
-               first([&](const TNode& Node) { return Node.Low == ends.Low && Node.Low <= Node.High; })};
-    if (ends.High > High.Value || High.At < 0)
-        High = {ends.High, Level,
-                first([&](const TNode& Node) { return Node.High == ends.High && Node.Low <= Node.High; })};
-}
-
-// From the first value to the last one by the largest blocks that fit.
-std::pair<TKxExtremes::TBest, TKxExtremes::TBest> TKxExtremes::Best(std::span<const double> Values, int First,
-                                                                    int Last) {
-    Update(Values);
-    TBest low{CInfinity}, high{-CInfinity};
-    const auto value = [&](int Place) {
-        const double at = Values[std::size_t(Place - FSkipped)];
-        return TNode{at, at};
-    };
-    const int end = Last + FSkipped;
-    for (int i = First + FSkipped; i < end;) {
+void TKxExtremes::ForBlocks(int First, int Last, F Take) const {
+    for (int i = First; i < Last;) {
         int level = -1, shift = 0;
         const auto fits = [&](int Shift) {
             const int mask = (1 << Shift) - 1;
-            return (i & mask) == 0 && (i + mask < end || end == FKnown);
+            return (i & mask) == 0 && (i + mask < Last || Last == FKnown);
         };
         while (level + 1 < int(FLevels.size()) && fits(shift + CShift)) {
             ++level;
@@ -206,49 +186,59 @@ std::pair<TKxExtremes::TBest, TKxExtremes::TBest> TKxExtremes::Best(std::span<co
         }
         // All of that size up to the next larger one.
         const int first = i >> shift, next = (first | (CFan - 1)) + 1;
-        const int last = end == FKnown ? BlocksOf(end, shift) : end >> shift;
+        const int last = Last == FKnown ? BlocksOf(Last, shift) : Last >> shift;
         const int stop = std::min(next, last);
-        if (level < 0) {
-            PointsTouched += std::uint64_t(stop - first);
-            Take(level, first, stop, value, low, high);
-        } else {
-            const auto& nodes = FLevels[std::size_t(level)].Nodes;
-            Take(
-                level, first, stop, [&](int At) { return nodes[std::size_t(At)]; }, low, high);
-        }
-        i = stop < last || end != FKnown ? stop << shift : end;
+        if (level < 0) PointsTouched += std::uint64_t(stop - first);
+        Take(level, first, stop);
+        i = stop < last || Last != FKnown ? stop << shift : Last;
     }
+}
+
+TKxExtremes::TBounds TKxExtremes::BoundsOf(std::span<const double> Values, int Level, int First,
+                                           int Last) const {
+    const auto count = std::size_t(Last - First);
+    if (Level < 0) return BoundsOf(Values.subspan(std::size_t(First - FSkipped), count));
+    return BoundsOf(std::span(FLevels[std::size_t(Level)].Nodes).subspan(std::size_t(First), count));
+}
+
+std::pair<TKxExtremes::TBest, TKxExtremes::TBest> TKxExtremes::Best(std::span<const double> Values, int First,
+                                                                    int Last) {
+    Update(Values);
+    TBest low{CInfinity}, high{-CInfinity};
+    ForBlocks(First + FSkipped, Last + FSkipped, [&](int Level, int Begin, int End) {
+        const TBounds ends = BoundsOf(Values, Level, Begin, End);
+        if (ends.IsEmpty()) return;
+        if (ends.Low < low.Value || low.IsNone()) low = {ends.Low, Level, Begin};
+        if (ends.High > high.Value || high.IsNone()) high = {ends.High, Level, Begin};
+    });
     return {low, high};
 }
 
 TKxExtremes::TEnds TKxExtremes::Of(std::span<const double> Values, int First, int Last) {
     const auto [low, high] = Best(Values, First, Last);
-    if (low.At < 0) return {};
+    if (low.IsNone()) return {};
     return {low.Value, high.Value, Find<false>(Values, low), Find<true>(Values, high)};
 }
 
-TKxExtremes::TEnds TKxExtremes::InBlocks(std::span<const double> Values, int First, int Last) {
-    const auto [low, high] = Best(Values, First, Last);
-    if (low.At < 0) return {};
-    return {low.Value, high.Value, BlockOf(low), BlockOf(high)};
+TKxExtremes::TBounds TKxExtremes::Bounds(std::span<const double> Values, int First, int Last) {
+    Update(Values);
+    TBounds all{CInfinity, -CInfinity};
+    ForBlocks(First + FSkipped, Last + FSkipped, [&](int Level, int Begin, int End) {
+        const TBounds ends = BoundsOf(Values, Level, Begin, End);
+        all = {Lower(ends.Low, all.Low), Higher(ends.High, all.High)};
+    });
+    return all;
 }
 
-int TKxExtremes::BlockOf(const TBest& Best) const {
-    return std::max(0, (Best.At << (CShift * (Best.Level + 1))) - FSkipped);
-}
-
-/// The first value of a block that is the best one.
+/// The first value that is the best one.
 template <bool High>
 int TKxExtremes::Find(std::span<const double> Values, const TBest& Best) const {
-    std::size_t at = std::size_t(Best.At);
-    for (int level = Best.Level; level > 0; --level) {
-        at <<= CShift;
-        const auto& nodes = FLevels[std::size_t(level) - 1].Nodes;
-        while ((High ? nodes[at].High : nodes[at].Low) != Best.Value) ++at;
+    auto at = std::size_t(Best.From);
+    for (int level = Best.Level; level >= 0; --level, at <<= CShift) {
+        const auto& nodes = FLevels[std::size_t(level)].Nodes;
+        while ((High ? nodes[at].High : nodes[at].Low) != Best.Value || nodes[at].IsEmpty()) ++at;
     }
     const auto skipped = std::size_t(FSkipped);
-    if (Best.Level < 0) return int(at - skipped);
-    at <<= CShift;
     at = at > skipped ? at - skipped : 0;
     const std::size_t first = at;
     while (Values[at] != Best.Value) ++at;

@@ -37,9 +37,13 @@ public:
     // All of Values are those that were given before but for what was told. Infinite values are numbers.
     /// The extremes of the values First..Last - 1, which must exist.
     TEnds Of(std::span<const double> Values, int First, int Last);
-    /// The same, but that LowAt and HighAt are where the blocks begin that hold them, or in front of First.
-    /// Looks at few values but those of blocks that are cut.
-    TEnds InBlocks(std::span<const double> Values, int First, int Last);
+    /// Least and greatest of many values.
+    struct TBounds {
+        double Low, High;
+        bool IsEmpty() const { return !(Low <= High); } ///< without a number
+    };
+    /// The same without their places: looks at few values but those of blocks that are cut.
+    TBounds Bounds(std::span<const double> Values, int First, int Last);
     /// Whether none of Values is less than the one before (greater, for IsDescending) or not a number.
     bool IsAscending(std::span<const double> Values) { return (FlagsOf(Values) & CFalls) == 0; }
     bool IsDescending(std::span<const double> Values) { return (FlagsOf(Values) & CRises) == 0; }
@@ -49,7 +53,7 @@ public:
     /// The first value of the block that holds value Index, of values that never fall (rise, for not Rises),
     /// as they were when last asked about.
     double BlockFirst(int Index, bool Rises) const {
-        const TNode& node = FLevels[0].Nodes[std::size_t((Index + FSkipped) / CBlock)];
+        const TBounds& node = FLevels[0].Nodes[std::size_t((Index + FSkipped) / CBlock)];
         return Rises ? node.Low : node.High;
     }
     /// Whether the blocks that hold First..Last - 1 are numbers.
@@ -57,22 +61,19 @@ public:
 
 private:
     enum TFlag : std::uint8_t { CFalls = 1, CRises = 2, CNotANumber = 4, CStale = 128 };
-    struct TNode {
-        double Low, High;
-    };
     struct TLevel {
-        std::vector<TNode> Nodes;
+        std::vector<TBounds> Nodes;
         std::vector<std::uint8_t> Flags;
         int StaleFirst = 0, StaleLast = -1; // all stale nodes lie between
         void Mark(int Node);
     };
     struct TBest;
     std::pair<TBest, TBest> Best(std::span<const double> Values, int First, int Last);
+    static TBounds BoundsOf(std::span<const double> Values);
+    static TBounds BoundsOf(std::span<const TBounds> Blocks);
+    TBounds BoundsOf(std::span<const double> Values, int Level, int First, int Last) const;
     template <class F>
-    static TNode Ends(int First, int Last, F At);
-    template <class F>
-    static void Take(int Level, int First, int Last, F At, TBest& Low, TBest& High);
-    int BlockOf(const TBest& Best) const;
+    void ForBlocks(int First, int Last, F Take) const;
 
     std::uint8_t FlagsOf(std::span<const double> Values);
     void Update(std::span<const double> Values);

@@ -104,9 +104,9 @@ public:
     /// The extremes of the values First..Last - 1, which must exist; see Kxextremes.h. Costs about the blocks
     /// that have changed since it was last asked for.
     TKxExtremes::TEnds GetEnds(int First, int Last) const { return Extremes().Of(Values(), First, Last); }
-    /// The same with LowAt and HighAt where blocks of values begin that hold them; costs less.
-    TKxExtremes::TEnds GetEndsInBlocks(int First, int Last) const {
-        return Extremes().InBlocks(Values(), First, Last);
+    /// The same without their places; costs less.
+    TKxExtremes::TBounds GetBounds(int First, int Last) const {
+        return Extremes().Bounds(Values(), First, Last);
     }
     /// Where GetEnds finds it easy to begin: at or before Index, by less than TKxExtremes::CBlock.
     int GetBlockStart(int Index) const { return Extremes().BlockStart(Index); }

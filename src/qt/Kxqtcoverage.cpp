@@ -77,16 +77,20 @@ void TLineCoverage::AddSegment(QPointF From, QPointF To) {
     const double begin = (From.x() - FFirst) * 2 * FParts, end = (To.x() - FFirst) * 2 * FParts;
     const double last = double(2 * FEdges[0].size()) - 1;
     if (end < 0 || begin > last + 1) return;
-    const auto first = std::size_t(std::clamp(std::floor(begin), 0.0, last)),
-               behind = std::size_t(std::clamp(std::floor(end), 0.0, last));
-    const double slope = end > begin ? (To.y() - From.y()) / (end - begin) : 0;
+    const auto half = [last](double Place) { return std::size_t(std::clamp(std::floor(Place), 0.0, last)); };
+    const auto add = [this](std::size_t Half, double A, double B) {
+        float &top = FEdges[Half % 2][Half / 2], &bottom = FEdges[2 + Half % 2][Half / 2];
+        top = std::min(top, float(std::min(A, B)));
+        bottom = std::min(bottom, -float(std::max(A, B)));
+    };
+    const std::size_t first = half(begin), behind = half(end);
+    if (end == begin) return add(first, From.y(), To.y()); // every other one, as a rule
+    const double slope = (To.y() - From.y()) / (end - begin);
     for (std::size_t i = first; i <= behind; ++i) {
         const double left = double(i), right = left + 1;
         const double a = left <= begin ? From.y() : From.y() + slope * (left - begin);
         const double b = right >= end ? To.y() : From.y() + slope * (right - begin);
-        float &top = FEdges[i % 2][i / 2], &bottom = FEdges[2 + i % 2][i / 2];
-        top = std::min(top, float(std::min(a, b)));
-        bottom = std::min(bottom, -float(std::max(a, b)));
+        add(i, a, b);
     }
 }
 

@@ -25,28 +25,51 @@ QImage* PlainImage(const QPainter& Painter) {
                                                                                                : nullptr;
 }
 
-/// Most runs are upright: those go pixel by pixel, all others row by row.
-template <class FOne, class FRow>
-void ForEachPixel(const TPixels& Pixels, const QRect& Rect, FOne One, FRow Row) {
-    QRgb* at = Pixels.At(Rect.left(), Rect.top());
-    const int width = Rect.width(), height = Rect.height();
-    if (width == 1)
-        for (int i = 0; i < height; ++i, at += Pixels.Stride) One(*at);
-    else
-        for (int i = 0; i < height; ++i, at += Pixels.Stride) Row(at, at + width);
+constexpr std::size_t CUprights = 16;
+
+/// How many of Rects, from the first on, are one pixel wide and stand side by side.
+std::size_t UprightsOf(std::span<const QRect> Rects) {
+    std::size_t count = 0;
+    while (count < std::min(Rects.size(), CUprights) && Rects[count].width() == 1 &&
+           Rects[count].left() == Rects[0].left() + int(count))
+        ++count;
+    return count;
+}
+
+/// Row by row where all of them stand: pixels one above the other lie far apart.
+void FillUprights(const TPixels& Pixels, std::span<const QRect> Rects, QRgb Color) {
+    int top = Rects[0].top(), bottom = Rects[0].bottom();
+    for (const QRect& rect : Rects) {
+        top = std::max(top, rect.top());
+        bottom = std::min(bottom, rect.bottom());
+    }
+    const auto column = [&](int X, int First, int Last) {
+        for (int y = First; y <= Last; ++y) *Pixels.At(X, y) = Color;
+    };
+    for (int y = top; y <= bottom; ++y) std::fill_n(Pixels.At(Rects[0].left(), y), Rects.size(), Color);
+    for (const QRect& rect : Rects) {
+        column(rect.left(), rect.top(), std::min(rect.bottom(), top - 1));
+        column(rect.left(), std::max({rect.top(), bottom + 1, top}), rect.bottom());
+    }
 }
 
 } // namespace
 
 void TPixels::Fill(std::span<const QRect> Rects, QRgb Color, TPenMode Mode) const {
-    const auto set = [Color](QRgb& Pixel) { Pixel = Color; };
-    const auto invert = [bits = Color & RGB_MASK](QRgb& Pixel) { Pixel ^= bits; }; // opaque ones remain so
-    for (const QRect& rect : Rects) {
-        if (Mode == pmXor)
-            ForEachPixel(*this, rect, invert,
-                         [invert](QRgb* Begin, QRgb* End) { std::for_each(Begin, End, invert); });
+    if (Mode == pmXor) {
+        const QRgb bits = Color & RGB_MASK; // opaque ones remain so
+        for (const QRect& rect : Rects)
+            for (int y = rect.top(); y <= rect.bottom(); ++y)
+                std::for_each_n(At(rect.left(), y), rect.width(), [bits](QRgb& Pixel) { Pixel ^= bits; });
+        return;
+    }
+    for (std::size_t count = 0; !Rects.empty(); Rects = Rects.subspan(count)) {
+        count = std::max<std::size_t>(1, UprightsOf(Rects));
+        if (count > 1)
+            FillUprights(*this, Rects.first(count), Color);
         else
-            ForEachPixel(*this, rect, set, [Color](QRgb* Begin, QRgb* End) { std::fill(Begin, End, Color); });
+            for (int y = Rects[0].top(); y <= Rects[0].bottom(); ++y)
+                std::fill_n(At(Rects[0].left(), y), Rects[0].width(), Color);
     }
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 // What a picture needs of a long line: a few points of every column.
 
-#include <kxgraph/series/Kxlinecolumns.h>
+#include <kxgraph/series/Kxlinegather.h>
 
 #include <cstdint>
+#include <optional>
 #include <span>
-#include <vector>
 
 namespace kx {
 
@@ -16,13 +16,19 @@ struct TKxPlacing {
     int Count = -1;
     bool BreaksAtGaps = false;
     friend bool operator==(const TKxPlacing&, const TKxPlacing&) = default;
+    /// The same points, under whatever maps.
+    bool HasPointsOf(const TKxPlacing& Other) const {
+        return VersionX == Other.VersionX && VersionY == Other.VersionY && Count == Other.Count &&
+               BreaksAtGaps == Other.BreaksAtGaps;
+    }
 };
 
 /// The points that a solid line over sorted x values needs, so that a stretch along X looks as all points
 /// would make it: of those in one column the first, the least, the greatest and the last one, of which the
 /// second and the third are enough where columns are parts of a pixel. Found by
 /// halving and by the extremes that vectors keep (Kxextremes.h): a new view costs its columns, not the
-/// points, an append the last column, and what is as before costs nothing.
+/// points, a view that has only moved the columns that come in, an append the last column, and what is as
+/// before costs nothing.
 class TKxKeptLine {
 public:
     /// Columns are pixels, and the line shows the very pixels of all points; or there are so many in each
@@ -35,27 +41,34 @@ public:
     /// a place on their axis where that interrupts the line.
     bool Keep(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing, TKxStretch Stretch);
     /// Indices of the points, ascending. With values that are no numbers among them.
-    std::span<const int> Points() const { return FPoints; }
+    std::span<const int> Points() const { return FKept.Points; }
     /// Where the points stand, if columns are parts of a pixel; they are within one of their columns, and
     /// their indices may be only near.
-    std::span<const TRealPoint> Places() const { return FPlaces; }
+    std::span<const TRealPoint> Places() const { return FKept.Places; }
     /// Where the runs end among them that gaps part the line into; none for a line that is not interrupted.
-    std::span<const int> RunEnds() const { return FRuns; }
+    std::span<const int> RunEnds() const { return FKept.RunEnds; }
 
 private:
-    bool Gather(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing, TKxStretch Stretch,
-                bool Appended);
-    bool IsAppendedTo(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing) const;
+    /// Columns First..Last - 1 of those that were kept stand By further.
+    struct TMoved {
+        std::size_t First, Last;
+        TRealPoint By;
+    };
 
-    void Shorten(int Before);
+    bool Gather(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Before, const TKxPlacing& Placing,
+                TKxStretch Stretch);
+    bool IsAppendedTo(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Before,
+                      const TKxPlacing& Placing) const;
+    std::optional<TMoved> Moved(const TKxChannel& X, const TKxPlacing& Before, const TKxPlacing& Placing,
+                                TKxSection Section) const;
+    std::optional<double> MovedAlong(const TKxChannel& X, const TKxAxisMap& Before, const TKxAxisMap& Map,
+                                     std::size_t First, std::size_t Last) const;
 
     int FColumnsPerPixel;
     TKxPlacing FPlacing;
     TKxStretch FStretch;
-    TKxColumnStart FLastColumn;
     bool FIsKept = false;
-    std::vector<int> FPoints, FRuns;
-    std::vector<TRealPoint> FPlaces;
+    TKxKeptPoints FKept;
 };
 
 } // namespace kx

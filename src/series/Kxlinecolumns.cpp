@@ -73,7 +73,7 @@ double TKxLineColumns::Column(int Index) const {
 
 namespace {
 
-constexpr int CBlock = TKxExtremes::CBlock, CManyBlocks = 8;
+constexpr int CBlock = TKxExtremes::CBlock, CManyBlocks = 2;
 constexpr double CNarrow = 0.5; // of a column: what may stand in the one beside
 
 } // namespace
@@ -82,6 +82,7 @@ int TKxLineColumns::Next(int Last) {
     FStart = FNext;
     const bool isBlock = FStart.First == FStart.At && FStart.At == FX.GetVector()->GetBlockStart(FStart.At);
     FColumn = isBlock && AreParts() ? ColumnOf(PlaceOfBlock(FStart.At), FPerPixel) : Column(FStart.At);
+    if (AreParts()) FEdge = EdgeOfColumn();
     if (const int end = EndOfBlocks(Last); end > 0) {
         FNext = {end, end};
     } else {
@@ -90,6 +91,11 @@ int TKxLineColumns::Next(int Last) {
     }
     FLength = FNext.At - FStart.At;
     return FNext.First;
+}
+
+double TKxLineColumns::EdgeOfColumn() const {
+    const TKxAxisMap& map = FX.GetAxis()->GetMap();
+    return map.PlaceToReal((FIsAscending == map.Forward ? FColumn + 1 : FColumn) / FPerPixel);
 }
 
 double TKxLineColumns::PlaceOfBlock(int Index) const {
@@ -103,7 +109,7 @@ int TKxLineColumns::EndOfBlocks(int Last) const {
     const auto start = [&x](int Index) { return x.GetBlockStart(Index); };
     const int first = FStart.First;
     if (!AreParts() || FLength < CManyBlocks * CBlock || start(first) != first) return 0;
-    const auto isBehind = [&](int Index) { return ColumnOf(PlaceOfBlock(Index), FPerPixel) != FColumn; };
+    const auto isBehind = [&](int Index) { return IsBehind(x.GetBlockFirst(Index, FIsAscending)); };
     int end = start(std::min(first + FLength, Last - 1));
     while (end > first && isBehind(end)) end -= CBlock;
     do end += CBlock;
@@ -126,7 +132,11 @@ int TKxLineColumns::EndAtBlock(int First, int End) const {
 /// Steps begin where a column as long as the one before would nearly end.
 int TKxLineColumns::FirstBehindColumn(int First, int Last) const {
     constexpr int CMany = 16, CAlmost = 2;
-    const auto isBehind = [&](int i) { return Column(i) != FColumn; };
+    const auto isBehind = [&](int i) {
+        if (!AreParts()) return Column(i) != FColumn;
+        ++PointsTouched;
+        return IsBehind(FX.GetValue(i));
+    };
     int known = First;
     if (FLength >= CMany && FLength < Last - First) {
         const int near = First + FLength - CAlmost;

@@ -51,6 +51,8 @@ public:
 
 private:
     double Column(int Index) const;
+    bool IsBehind(double Value) const { return FIsAscending ? Value >= FEdge : Value <= FEdge; }
+    double EdgeOfColumn() const;
     int FirstBehindColumn(int First, int Last) const;
     int EndAtBlock(int First, int End) const;
     double PlaceOfBlock(int Index) const;
@@ -61,6 +63,7 @@ private:
     TKxColumnStart FStart, FNext;
     int FLength = 0;    // of the column before
     double FColumn = 0; // the present one
+    double FEdge = 0;   // the value where it ends, if columns are parts
     bool FIsAscending = FX.GetVector()->IsAscending();
 };
 

@@ -176,6 +176,31 @@ TEST(GraphMouse, PanningKeepsWhatIsHeldUnderThePointer) {
     }
 }
 
+// Labels come and go at the ends; the room that they take would change the length of the axes.
+TEST(GraphMouse, PanningHoldsTheDrawingWorldStill) {
+    TMouseForm f;
+    const auto width = [&] {
+        f.Draw();
+        return f.Graph->GetDrawingWorld().GetWidth();
+    };
+    const int before = width();
+    f.Press(TMouseKind::Down, {100, 60});
+    std::set<int> held;
+    for (int x = 0; x < 120; x += 3) {
+        f.Press(TMouseKind::Move, {x, 60});
+        held.insert(width());
+    }
+    const int narrowest = *held.begin();
+    EXPECT_LT(narrowest, before);
+    for (int x = 0; x < 120; x += 3) {
+        f.Press(TMouseKind::Move, {x, 60});
+        EXPECT_EQ(width(), narrowest);
+    }
+    f.Press(TMouseKind::Move, {100, 60});
+    f.Press(TMouseKind::Up, {100, 60});
+    EXPECT_EQ(width(), before);
+}
+
 TEST(GraphMouse, KeysZoomAndPan) {
     TMouseForm f;
     const auto full = f.View();

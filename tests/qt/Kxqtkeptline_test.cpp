@@ -175,4 +175,59 @@ TEST(QtKeptLine, AFrameTouchesWhatChanged) {
     EXPECT_LE(frame(), 1000u);
 }
 
+/// Many points that show no labels: the layout stays, whatever the view.
+struct TPanned : TGraphForm {
+    explicit TPanned(double Step) {
+        Set("XAxis1.ShowScaleLabels=0; YAxis1.ShowScaleLabels=0; Graph1.Panning=1");
+        std::mt19937 random(7);
+        for (int i = 0; i < 200000; ++i) Fill({{i * Step, double(random() % 2000) + i * 0.01}});
+        AddSeries<TKxDataSeries>()->GetPointStyle().SetVisible(false);
+        Form->Show();
+        Draw();
+        X->ZoomIn(20000 * Step, 170000 * Step);
+        Draw();
+    }
+    void Mouse(TMouseKind Kind, TPoint At) {
+        Form->AsHostClient().HostMouse(Kind, mbMiddle, ssMiddle, Graph->GetDrawingWorld().ClientToRoot(At));
+    }
+    QImage Picture(bool Antialias) {
+        return Painted({.Size = {420, 320}, .Antialias = Antialias},
+                       [&](auto& Device) { PaintFrame(*Form, Device); });
+    }
+};
+
+/// The greatest difference of a channel.
+int Difference(const QImage& A, const QImage& B) {
+    int most = 0;
+    for (int i = 0; i < int(A.sizeInBytes()); ++i)
+        most = std::max(most, std::abs(A.constBits()[i] - B.constBits()[i]));
+    return most;
+}
+
+// With whole numbers some points stand on the very border of two pixels.
+TEST(QtKeptLine, APanGathersTheColumnsThatComeIn) {
+    for (const double step : {0.37, 1.0}) {
+        for (const bool antialias : {false, true}) {
+            TPanned panned(step);
+            panned.Picture(antialias);
+            TPoint at{100, 100};
+            panned.Mouse(TMouseKind::Down, at);
+            for (const TPoint by : {TPoint{7, 0}, {-20, 3}, {-1, -40}, {0, 11}, {30, 0}}) {
+                at = at + by;
+                panned.Mouse(TMouseKind::Move, at);
+                panned.Form->AsHostClient().HostSettle();
+                const auto before = PointsTouched;
+                const QImage picture = panned.Picture(antialias);
+                if (step != 1.0) EXPECT_LE(PointsTouched - before, 20000u) << by.X;
+                TPanned fresh(step);
+                const auto gesture = NewZoomGesture();
+                fresh.X->ZoomAlong(panned.X->GetStart(), panned.X->GetStop(), gesture);
+                fresh.Y->ZoomAlong(panned.Y->GetStart(), panned.Y->GetStop(), gesture);
+                EXPECT_LE(Difference(picture, fresh.Picture(antialias)), antialias ? 40 : 0)
+                    << step << " " << by.X;
+            }
+        }
+    }
+}
+
 } // namespace kx::test::qtkeptline

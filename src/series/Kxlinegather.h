@@ -1,0 +1,73 @@
+#pragma once
+// What a picture needs of a long line, gathered column by column.
+
+#include <kxgraph/series/Kxlinecolumns.h>
+
+#include <utility>
+#include <vector>
+
+namespace kx {
+
+/// What is kept of a line.
+struct TKxKeptPoints {
+    struct TColumn {
+        TKxColumnStart Start;
+        int Begin = 0; ///< of its points among Points
+    };
+    std::vector<int> Points;        ///< indices, ascending
+    std::vector<TRealPoint> Places; ///< of those, if columns are parts of a pixel
+    std::vector<int> RunEnds;       ///< among Points; none for a line that is not interrupted
+    std::vector<TColumn> Columns;   ///< of a line that is not interrupted
+
+    /// Room for as many as Other has.
+    void ReserveAs(const TKxKeptPoints& Other);
+    /// Leaves the points in front of point Before, and their columns.
+    void Shorten(int Before);
+    /// Columns First..Last - 1 of Other, By further along both axes.
+    void Append(const TKxKeptPoints& Other, std::size_t First, std::size_t Last, TRealPoint By);
+};
+
+/// Whether values among First..End - 1 may interrupt a line that breaks at gaps; false is certain.
+bool HasGaps(const TKxChannel& Channel, int First, int End);
+
+/// Gathers what is kept behind what Kept has already.
+class TKxLineGatherer {
+public:
+    /// ColumnsPerPixel as in TKxKeptLine.
+    TKxLineGatherer(int ColumnsPerPixel, const TKxChannel& X, const TKxChannel& Y, TKxKeptPoints& Kept)
+        : FX(X), FY(Y), FColumns(ColumnsPerPixel, X, Y), FKept(Kept) {}
+
+    TKxSection Section(int Count, TKxStretch Stretch) const { return FColumns.Section(Count, Stretch); }
+    /// From a column that begins there up to point Last - 1, where the line ends or the next column begins.
+    void Gather(TKxColumnStart From, int Last, bool EndsThere = true);
+    /// The same of a line that is interrupted; not of what has no place along X.
+    void GatherRuns(TKxSection Section);
+
+private:
+    bool AreParts() const { return FColumns.AreParts(); }
+    bool IsNumber(int Index) const { return FColumns.IsNumber(Index); }
+    bool IsGap(int Index) const { return !FY.HasPlace(FY.GetValue(Index)); }
+    double Across(int Index) const { return AreParts() ? FY.PlaceOf(Index) : FY.PixelOf(Index); }
+    void CloseRun();
+
+    void KeepColumn(int First, int End, bool EndsThere);
+    void KeepWhole(int First, int End);
+    void KeepPart(int First, int End, bool EndsThere);
+    bool KeepAbout(int First, int End);
+    void KeepEnd(int First, int End);
+    void KeepPieces(int First, int End, bool EndsThere);
+    void Keep(int Index);
+
+    bool Trim(int& First, int& End);
+    int StartOfEnd(int First, int End) const;
+    std::pair<int, int> EndsOf(int First, int Last) const;
+    std::pair<int, int> EndsByPixel(int First, int Last) const;
+    std::pair<int, int> FewEnds(int First, int End) const;
+
+    const TKxChannel &FX, &FY;
+    TKxLineColumns FColumns;
+    TKxKeptPoints& FKept;
+    bool FIsOpen = false; // the run goes on in the next column
+};
+
+} // namespace kx
