@@ -58,8 +58,9 @@ TEST_F(Follow, RemembersWhatTheFirstLinesHaveTold) {
     using enum TFollowedTable::TNews;
     Expect("", {{"+03.04.2020,1\n13.04.2020,2\n", Anew, "03.04.2020,1\n13.04.2020,2\n"},
                 {"+04.05.2020,3\n", Rows, "03.04.2020,1\n13.04.2020,2\n04.05.2020,3\n"}});
-    Expect("--window 2",
-           {{"+t,u\n1,1\n2,2\n3,3\n", Anew, "t,u\n2,2\n3,3\n"}, {"+4,4\n", Rows, "t,u\n3,3\n4,4\n"}});
+    Expect("--window 2", {{"+t,u\n1,1\n2,2\n3,3\n", Anew, "t,u\n2,2\n3,3\n"},
+                          {"+4,4\n", Rows, "t,u\n3,3\n4,4\n"},
+                          {"+# no row\n5,5\n", Rows, "t,u\n4,4\n# no row\n5,5\n"}});
 }
 
 TEST_F(Follow, WritesWhatWasAskedForAtCtrlCAndAtTheEndOfItsInput) {

@@ -69,7 +69,8 @@ std::string TFollowedTable::TakeLines(std::string Bytes) {
 void TFollowedTable::ForgetRows() {
     FPartial.clear();
     FHead.clear();
-    FRows.clear();
+    FLines.clear();
+    FRows = 0;
     FShape.reset();
     FLine = 1;
 }
@@ -147,13 +148,20 @@ bool TFollowedTable::Take(std::string_view Lines, long Line) {
     }
 }
 
+/// Whether a line counts in the window.
+bool TFollowedTable::IsRow(std::string_view Line) const {
+    const auto first = Line.find_first_not_of(" \t\r\n");
+    return first != Line.npos && FShape->Comments.find(Line[first]) == std::string::npos;
+}
+
 /// Takes lines, and lets the oldest go that are beyond the window.
 void TFollowedTable::Keep(std::string_view Lines) {
     ForEachLine(Lines, [this](std::string_view Line) {
-        FRows.emplace_back(Line);
+        FLines.emplace_back(Line);
+        FRows += IsRow(Line);
         ++FLine;
         const auto& window = FOptions.Follow.Window;
-        if (window && FRows.size() > static_cast<std::size_t>(*window)) FRows.pop_front();
+        for (; window && FRows > *window; FLines.pop_front()) FRows -= IsRow(FLines.front());
     });
 }
 
@@ -166,7 +174,7 @@ TPlan TFollowedTable::GetWhole() const {
 
 std::string TFollowedTable::GetText() const {
     std::string text = FHead;
-    for (const std::string& row : FRows) text += row;
+    for (const std::string& line : FLines) text += line;
     return FShape ? text : text + FPartial;
 }
 

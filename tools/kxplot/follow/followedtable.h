@@ -46,6 +46,7 @@ private:
     TNews Begin(const std::string& Lines);
     TNews Continue(const std::string& Lines);
     bool Take(std::string_view Lines, long Line);
+    bool IsRow(std::string_view Line) const;
     void Keep(std::string_view Lines);
     void ForgetRows();
     void LearnFormat(const kx::TKxTable& Table);
@@ -56,9 +57,10 @@ private:
     const TOptions FOptions;    ///< without what rows alone do not have
     kx::TKxTableFormat FFormat; ///< with what the first rows have told
     TGrowingFile FFile;
-    std::string FPartial;          ///< a last line without an end
-    std::string FHead;             ///< what stands before the first row; all of it before there is one
-    std::deque<std::string> FRows; ///< lines
+    std::string FPartial;           ///< a last line without an end
+    std::string FHead;              ///< what stands before the first row; all of it before there is one
+    std::deque<std::string> FLines; ///< rows, and the comments between them
+    int FRows = 0;
     std::optional<kx::TKxTableShape> FShape; ///< once there is one
     long FLine = 1;                          ///< number of the next line
     TPlan FNew;
