@@ -42,17 +42,17 @@ private:
             Plot.Save(directory + ("/" + std::regex_replace(Name, std::regex("[^0-9A-Za-z]+"), "_")) +
                       ".png");
     }
-    /// Frames, each after a change.
+    /// Frames, each after a change; Spread for those that a user sees one after the other.
     template <class F>
-    void Frames(T& Plot, const std::string& Name, F Change) {
+    void Frames(T& Plot, const std::string& Name, F Change, bool Spread = false) {
         if (!FRows.Wants(Name)) return;
         int frame = 0;
-        Change(frame++);
-        Plot.Paint();
-        FRows.Time(Name, [&] {
+        const auto next = [&] {
             Change(frame++);
             Plot.Paint();
-        });
+        };
+        next();
+        Spread ? FRows.Spread(Name, next) : FRows.Time(Name, next);
         Look(Plot, Name);
     }
 
@@ -75,8 +75,8 @@ private:
     void Views(int Exponent) {
         const std::string name = "redraw " + Power(Exponent) + ", ";
         const double n = std::pow(10, Exponent);
-        const char* const kinds[] = {"unchanged", "new range", "a thousandth", "panning"};
-        if (std::none_of(kinds, kinds + 4, [&](const char* kind) { return FRows.Wants(name + kind); }))
+        const char* const kinds[] = {"unchanged", "new range", "a thousandth", "panning", "wheel"};
+        if (std::none_of(kinds, kinds + 5, [&](const char* kind) { return FRows.Wants(name + kind); }))
             return;
         T plot;
         const TPoints points = WaveOf(std::size_t(n));
@@ -88,10 +88,19 @@ private:
             const double start = n * (0.3 + 0.0001 * (i % 1000));
             plot.SetView(start, start + n / 1000, -1.5, 1.5);
         });
-        Frames(plot, name + kinds[3], [&](int i) {
-            const double start = n * (0.2 + 0.001 * (i % 500));
-            plot.SetView(start, start + n / 10, -1.5, 1.5);
-        });
+        const auto show = [&](double From, double Part) {
+            plot.SetView(n * From, n * (From + Part), -1.5, 1.5);
+        };
+        Frames(
+            plot, name + kinds[3], [&](int i) { show(0.2 + 0.001 * (i % 500), 0.1); }, true);
+        Frames(
+            plot, name + kinds[4],
+            [&](int i) {
+                const int turn = i % 80 < 40 ? i % 40 : 40 - i % 40;
+                const double part = std::pow(0.8, turn);
+                show(0.4 * (1 - part), part);
+            },
+            true);
     }
     static void Shift(T& Plot, double Span, int Frame) {
         const double part = 0.003 * (Frame % 100);
@@ -109,11 +118,14 @@ private:
             std::size_t last = count;
             TRandom random;
             Show(plot, double(last));
-            Frames(plot, Name, [&](int) {
-                for (std::size_t i = 0; i < step; ++i, ++last)
-                    plot.Append(double(last), Wave(last, count, random));
-                Show(plot, double(last));
-            });
+            Frames(
+                plot, Name,
+                [&](int) {
+                    for (std::size_t i = 0; i < step; ++i, ++last)
+                        plot.Append(double(last), Wave(last, count, random));
+                    Show(plot, double(last));
+                },
+                true);
         };
         live("live 1e6, fixed range", [first = true](T& Plot, double) mutable {
             if (first) Plot.SetView(0, 2.0 * count, -1.5, 1.5);

@@ -73,22 +73,36 @@ public:
     /// The same for work that needs something new each time; making and destroying it takes no part.
     template <class M, class F>
     void Time(const std::string& Name, M Make, F Work) const {
+        if (Wants(Name)) Tell(Name, TimesOf(3, Make, Work).front());
+    }
+    /// How the times of many calls are spread: their median, and what one in a hundred exceeds.
+    template <class F>
+    void Spread(const std::string& Name, F Work) const {
         if (!Wants(Name)) return;
-        double best = std::numeric_limits<double>::infinity(), spent = 0;
-        for (int i = 0; i < 3 || (i < 1000 && spent < CPatience); ++i) {
-            auto subject = Make();
-            const auto begin = TClock::now();
-            Work(subject);
-            const double taken = std::chrono::duration<double>(TClock::now() - begin).count();
-            best = std::min(best, taken);
-            spent += taken;
-        }
-        Tell(Name, best);
+        const auto times = TimesOf(
+            200, [] { return 0; }, [&Work](int) { Work(); });
+        Tell(Name + ", median", times[times.size() / 2]);
+        Tell(Name + ", 99 %", times[times.size() * 99 / 100]);
     }
 
 private:
     using TClock = std::chrono::steady_clock;
     static constexpr double CPatience = 0.7; // seconds a row
+
+    /// In order, as many as patience has, but no fewer than Least.
+    template <class M, class F>
+    static std::vector<double> TimesOf(std::size_t Least, M Make, F Work) {
+        std::vector<double> times;
+        for (double spent = 0; times.size() < Least || (times.size() < 1000 && spent < CPatience);) {
+            auto subject = Make();
+            const auto begin = TClock::now();
+            Work(subject);
+            times.push_back(std::chrono::duration<double>(TClock::now() - begin).count());
+            spent += times.back();
+        }
+        std::sort(times.begin(), times.end());
+        return times;
+    }
 
     std::regex FWanted;
 };
