@@ -77,7 +77,7 @@ void TLineCoverage::AddSegment(QPointF From, QPointF To) {
     const double begin = (From.x() - FFirst) * 2 * FParts, end = (To.x() - FFirst) * 2 * FParts;
     const double last = double(2 * FEdges[0].size()) - 1;
     if (end < 0 || begin > last + 1) return;
-    const auto half = [last](double Place) { return std::size_t(std::clamp(std::floor(Place), 0.0, last)); };
+    const auto half = [last](double Place) { return std::size_t(std::clamp(Place, 0.0, last)); };
     const auto add = [this](std::size_t Half, double A, double B) {
         float &top = FEdges[Half % 2][Half / 2], &bottom = FEdges[2 + Half % 2][Half / 2];
         top = std::min(top, float(std::min(A, B)));

@@ -112,10 +112,6 @@ TPoint TPainterDevice::DevicePixel(TRealPoint P) const {
     return {mapped(P.X), mapped(P.Y)};
 }
 
-QPointF TPainterDevice::DevicePoint(double X, double Y) const {
-    return {(X + 0.5) * FScale - FNudge, (Y + 0.5) * FScale - FNudge};
-}
-
 TRealRect TPainterDevice::Placed(const TRealRect& Rect) const {
     return IsSmooth() ? Rect : TRealRect(RoundToPixels(Rect));
 }

@@ -56,7 +56,9 @@ private:
     TRealRect Placed(const TRealRect& Rect) const;
     std::span<const TRealPoint> Placed(TPointSpan Points);
     TPoint DevicePixel(TRealPoint P) const;
-    QPointF DevicePoint(double X, double Y) const;
+    QPointF DevicePoint(double X, double Y) const {
+        return {(X + 0.5) * FScale - FNudge, (Y + 0.5) * FScale - FNudge};
+    }
     QRectF DeviceRect(const TRealRect& Rect) const;
     double PenWidth(const TStroke& Stroke) const;
     QPen PenOf(const TStroke& Stroke, Qt::PenJoinStyle Join) const;

@@ -81,15 +81,12 @@ constexpr std::size_t CTogether = 16;
 using THalves = std::array<std::uint16_t, 2 * CTogether>;
 
 void MixTogether(QRgb* First, const unsigned* Parts, QRgb Color) {
-    std::array<unsigned, CTogether> twice;
     unsigned any = 0, all = 256;
-    for (std::size_t i = 0; i < CTogether; ++i) {
-        twice[i] = Parts[i] | Parts[i] << 16;
-        any |= Parts[i];
-        all &= Parts[i];
-    }
+    for (std::size_t i = 0; i < CTogether; ++i) any |= Parts[i], all &= Parts[i];
     if (any == 0) return;
     if (all == 256) return void(std::fill_n(First, CTogether, Color));
+    std::array<unsigned, CTogether> twice; // in a loop of its own: what vectors write vectors read at once
+    for (std::size_t i = 0; i < CTogether; ++i) twice[i] = Parts[i] | Parts[i] << 16;
     THalves halves, parts;
     std::memcpy(parts.data(), twice.data(), sizeof parts);
     std::memcpy(halves.data(), First, sizeof halves);
