@@ -146,11 +146,12 @@ TEnds PositiveEnds(TEnds Ends, bool& Corrected) {
     if (!(Ends.Start <= Ends.Stop)) Ends = {1, 10};
     Ends.Stop = std::min(Ends.Stop, CHighestLog);
     Ends.Start = std::min(Ends.Start, Ends.Stop);
-    if (0.01 * Ends.Stop > Ends.Stop - Ends.Start)
+    const auto isNarrow = [&Ends] { return 0.01 * Ends.Stop > Ends.Stop - Ends.Start; };
+    if (isNarrow())
         Ends = {IntExp10(GetExponent(Ends.Start) - 1), IntExp10(GetExponent(Ends.Stop) + 1)};
     Ends.Start = std::clamp(Ends.Start > 0 ? Ends.Start : CLowestLogStart, CLowestLog, CHighestLog / 10);
     Ends.Stop = std::clamp(Ends.Stop > 0 ? Ends.Stop : 1, CLowestLog * 10, CHighestLog);
-    if (Ends.IsRange()) return Ends;
+    if (!isNarrow()) return Ends; // what stands for a start that has no logarithm may lie beside the stop
     Corrected = true;
     return {std::max(Ends.Stop / 10, CLowestLog), Ends.Stop};
 }
