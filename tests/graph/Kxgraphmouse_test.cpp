@@ -179,6 +179,8 @@ TEST(GraphMouse, PanningKeepsWhatIsHeldUnderThePointer) {
 // Labels come and go at the ends; the room that they take would change the length of the axes.
 TEST(GraphMouse, PanningHoldsTheDrawingWorldStill) {
     TMouseForm f;
+    f.Fix(10000, 10100, 1, 100);
+    f.Draw();
     const auto sweep = [&f](bool Holds) {
         std::set<int> widths;
         if (Holds) f.Press(TMouseKind::Down, {0, 60});

@@ -223,7 +223,7 @@ std::vector<TSeen> SeenOnTheWay(double Step, bool Antialias) {
         panned.Form->AsHostClient().HostSettle();
         const auto before = PointsTouched;
         const QImage picture = panned.Picture(Antialias);
-        EXPECT_LE(PointsTouched - before, 20000u) << Step << " " << by.X;
+        EXPECT_LE(PointsTouched - before, 30000u) << Step << " " << by.X;
         seen.push_back({panned.View(), picture});
     }
     return seen;
