@@ -183,9 +183,9 @@ TEST(GraphMouse, PanningHoldsTheDrawingWorldStill) {
     f.Draw();
     const auto sweep = [&f](bool Holds) {
         std::set<int> widths;
-        if (Holds) f.Press(TMouseKind::Down, {0, 60});
-        for (int x = 0; x < 120; x += 3) {
-            if (!Holds) f.Press(TMouseKind::Down, {0, 60});
+        if (Holds) f.Press(TMouseKind::Down, {20, 60});
+        for (int x = 20; x < 140; x += 3) {
+            if (!Holds) f.Press(TMouseKind::Down, {20, 60});
             f.Press(TMouseKind::Move, {x, 60});
             if (!Holds) f.Press(TMouseKind::Up, {x, 60});
             f.Draw();
@@ -197,10 +197,10 @@ TEST(GraphMouse, PanningHoldsTheDrawingWorldStill) {
     const std::set<int> free = sweep(false);
     EXPECT_GT(free.size(), 2u);
     EXPECT_EQ(*sweep(true).begin(), *free.begin());
-    f.Press(TMouseKind::Move, {0, 60});
+    f.Press(TMouseKind::Move, {20, 60});
     const std::set<int> held = sweep(true); // still dragged: all that labels need has been seen
     EXPECT_EQ(held, std::set<int>{*free.begin()});
-    f.Press(TMouseKind::Up, {0, 60});
+    f.Press(TMouseKind::Up, {20, 60});
     f.Draw();
     EXPECT_GT(f.Graph->GetDrawingWorld().GetWidth(), *free.begin());
 }
