@@ -16,14 +16,12 @@ namespace {
 // Of 0 to 3. The same rows give the same bytes, which levels 1 and 2 do not always hold.
 constexpr int CLevel = 3;
 constexpr std::size_t CWorkBytes = ISAL_DEF_LVL3_DEFAULT;
-constexpr std::size_t CBlockBytes = std::size_t(1)
-                                    << 16; // rows that wait for compression, and what comes out
+constexpr std::size_t CBlockBytes = std::size_t(1) << 16; // rows that wait, and what comes out
 
 class TDeflater {
 public:
     TDeflater()
-        : FStream(std::make_unique<isal_zstream>()),
-          FWork(std::make_unique<unsigned char[]>(CWorkBytes)) { // else chance decides what is found
+        : FStream(std::make_unique<isal_zstream>()), FWork(std::make_unique<unsigned char[]>(CWorkBytes)) {
         isal_deflate_init(FStream.get());
         FStream->level = CLevel;
         FStream->level_buf = FWork.get();

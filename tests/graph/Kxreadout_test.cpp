@@ -93,7 +93,7 @@ TEST(Readout, LooksAtTheColumnsBesideTheMouseAndPaintsNoMore) {
     EXPECT_LT(PointsTouched - before, CMany / 5);
     EXPECT_LT(f.Invalid().Width(), f.Graph->GetDrawingWorld().GetWidth() * 5 / 6) << "the width of the box";
     f.Frame();
-    EXPECT_LT(pointsOf(ViewOf(*f.Form).LastFrame), whole * 5 / 6);
+    EXPECT_LT(pointsOf(ViewOf(*f.Form).LastFrame), whole * 9 / 10);
     EXPECT_GT(pointsOf(ViewOf(*f.Form).LastFrame), 0u);
 }
 
