@@ -138,7 +138,8 @@ std::string EncodePng(const QImage& Image, const std::string& Title) {
     const QImage image = mixed ? Image.convertToFormat(QImage::Format_ARGB32) : Image;
     const TPalette palette = PaletteOf(image);
     if (image.isNull()) throw std::bad_alloc();
-    const std::string pixels = DeflateRows(RowsOf(image));
+    const auto deflation = palette.Colors.empty() ? TDeflation::Quick : TDeflation::Small;
+    const std::string pixels = DeflateRows(RowsOf(image), deflation);
     TOutput output;
     TWriter writer(output);
     if (!writer || !writer.Write(image, palette, Title, pixels)) throw std::bad_alloc();
