@@ -147,8 +147,7 @@ TEnds PositiveEnds(TEnds Ends, bool& Corrected) {
     Ends.Stop = std::min(Ends.Stop, CHighestLog);
     Ends.Start = std::min(Ends.Start, Ends.Stop);
     const auto isNarrow = [&Ends] { return 0.01 * Ends.Stop > Ends.Stop - Ends.Start; };
-    if (isNarrow())
-        Ends = {IntExp10(GetExponent(Ends.Start) - 1), IntExp10(GetExponent(Ends.Stop) + 1)};
+    if (isNarrow()) Ends = {IntExp10(GetExponent(Ends.Start) - 1), IntExp10(GetExponent(Ends.Stop) + 1)};
     Ends.Start = std::clamp(Ends.Start > 0 ? Ends.Start : CLowestLogStart, CLowestLog, CHighestLog / 10);
     Ends.Stop = std::clamp(Ends.Stop > 0 ? Ends.Stop : 1, CLowestLog * 10, CHighestLog);
     if (!isNarrow()) return Ends; // what stands for a start that has no logarithm may lie beside the stop
