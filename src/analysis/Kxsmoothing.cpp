@@ -56,7 +56,11 @@ TValues SmoothFinite(double M, std::span<const double> X, std::span<const double
     }
     const TValues logs = Log ? LogarithmsOf(X) : TValues();
     if (Log) X = logs;
-    return std::is_sorted(X.begin(), X.end()) ? SmoothAscending(M, X, Y) : SmoothDirectly(M, X, Y);
+    TValues result = std::is_sorted(X.begin(), X.end()) ? SmoothAscending(M, X, Y) : SmoothDirectly(M, X, Y);
+    constexpr double most = std::numeric_limits<double>::max();
+    for (double& y : result)
+        y = std::clamp(y, -most, most); // a mean of the largest may be rounded beyond them
+    return result;
 }
 
 void Smooth(double M, const TKxRealArray& X, TKxRealArray& Y, bool Log) {
