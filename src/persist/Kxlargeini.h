@@ -99,7 +99,7 @@ public:
     void WriteBool(std::string_view Section, std::string_view Ident, bool Value);
     /// The first real of the value, in point form: "1,5" gives 1. Default for a malformed value.
     double ReadReal(std::string_view Section, std::string_view Ident, double Default) const;
-    /// 14 significant digits. Neither infinities nor NaN can be read back.
+    /// 14 significant digits; INF, -INF or NAN, which all readers of reals take as these words, too.
     void WriteReal(std::string_view Section, std::string_view Ident, double X);
     /// Shortened to fit into Digits characters.
     void WriteRealDigits(std::string_view Section, std::string_view Ident, double X, std::int16_t Digits);

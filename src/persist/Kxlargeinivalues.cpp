@@ -6,6 +6,7 @@
 #include <kxgraph/platform/text/text.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace kx {
 
@@ -20,17 +21,47 @@ public:
     /// Whether any text is left; after a real this is a number.
     bool HasMore() const { return !FRest.empty(); }
     std::int32_t NextInt() { return Next(&ExtractOneInt); }
+    /// What is not finite is read as it is written: INF, -INF or NAN.
     double NextReal() {
-        const double value = Next(&ExtractOneReal);
-        SkipToNumber();
+        SkipToReal();
+        const TWord* word = NotFinite();
+        const double value = word ? word->Value : Next(&ExtractOneReal);
+        if (word) FRest.remove_prefix(word->Text.size());
+        SkipToReal();
         return value;
     }
 
 private:
     static constexpr std::string_view CNumberCharacters = "+-.0123456789Ee";
+    struct TWord {
+        std::string_view Text;
+        double Value;
+    };
+
+    static bool IsNumberCharacter(char C) { return CNumberCharacters.find(C) != CNumberCharacters.npos; }
+    static bool IsLetter(char C) { return (C >= 'A' && C <= 'Z') || (C >= 'a' && C <= 'z'); }
 
     void SkipToNumber() {
         FRest.remove_prefix(std::min(FRest.find_first_of(CNumberCharacters), FRest.size()));
+    }
+
+    void SkipToReal() {
+        for (bool inWord = false; !FRest.empty() && !IsNumberCharacter(FRest[0]); FRest.remove_prefix(1)) {
+            if (!inWord && NotFinite()) return;
+            inWord = IsLetter(FRest[0]);
+        }
+    }
+
+    /// The one that the rest begins with, as a word of its own.
+    const TWord* NotFinite() const {
+        constexpr double infinity = std::numeric_limits<double>::infinity();
+        static constexpr TWord words[] = {
+            {"INF", infinity}, {"-INF", -infinity}, {"NAN", std::numeric_limits<double>::quiet_NaN()}};
+        for (const TWord& word : words) {
+            const bool ends = FRest.size() <= word.Text.size() || !IsLetter(FRest[word.Text.size()]);
+            if (FRest.starts_with(word.Text) && ends) return &word;
+        }
+        return nullptr;
     }
 
     template <class T>
@@ -94,10 +125,10 @@ void TKxIniList::WriteBool(std::string_view Section, std::string_view Ident, boo
 }
 
 double TKxIniList::ReadReal(std::string_view Section, std::string_view Ident, double Default) const {
-    std::string text = ReadString(Section, Ident, "");
+    const std::string text = ReadString(Section, Ident, "");
     if (text.empty()) return Default;
     try {
-        return ExtractOneReal(text);
+        return TNumberReader(text).NextReal();
     } catch (const Exception&) {
         return Default;
     }

@@ -86,6 +86,18 @@ TEST(IniList, TooFewNumbersRaiseButInAVector) {
     ini.ReadRealVector("S", "v", vector);
     EXPECT_EQ(Of(vector), Of(longer));
 
+    const double infinity = std::numeric_limits<double>::infinity();
+    const double notFinite[] = {infinity, 1, -infinity, std::nan(""), 2};
+    ini.WriteRealArray("S", "f", notFinite, 4);
+    ini.ReadRealVector("S", "f", vector);
+    EXPECT_TRUE(std::isnan(vector.GetValue(3)));
+    vector.SetValue(3, 0);
+    EXPECT_EQ(Of(vector), (std::vector<double>{infinity, 1, -infinity, 0, 2}));
+    ini.SetText("[S]\nwords=INFO 3 NANA;4 XINF\n");
+    ini.ReadRealVector("S", "words", vector);
+    EXPECT_EQ(Of(vector), (std::vector<double>{3, 4}));
+    EXPECT_EQ(ini.ReadReal("S", "words", 7), 3);
+
     ini.SetText("1.5;2.25\n\n3 -4\n[P]\n5;6\n[Bad]\n7\n");
     ini.ReadXYVector("p", longer, vector);
     EXPECT_EQ(Of(vector), std::vector<double>{6});
