@@ -116,11 +116,12 @@ bool TKxAxisRange::RoundsToShown() const {
 
 bool TKxAxisRange::Follow(const TRange* Changed) {
     if (Changed) FExtents.Update(*Changed);
-    const TKxRangeUnion::TEnds all = FExtents.Union();
-    FValues.Reset();
-    if (all.Start > all.Stop) return false;
-    FValues.IfRangeChanged(all.Start);
-    FValues.IfRangeChanged(all.Stop);
+    const TKxRangeUnion::TEnds& all = FExtents.Union();
+    if (all.Start > all.Stop) {
+        FValues.Reset();
+        return false;
+    }
+    FValues.SetStartStop(all.Start, all.Stop);
     if (!FollowValues(FUnzoomed) || IsZoomed() || RoundsToShown()) return false;
     // A fixed end is shown as before until it is known to what it snaps.
     Show({Rules.StartEnd == AxFixed ? FShown.GetStart() : FUnzoomed.Start,

@@ -6,8 +6,8 @@
 namespace kx {
 
 TKxRangeUnion::TEnds TKxRangeUnion::EndsOf(const TRange& Range) {
-    if (!(Range.GetStop() >= Range.GetStart())) return {};
-    return {Range.GetStart(), Range.GetStop()};
+    const double start = Range.GetStart(), stop = Range.GetStop();
+    return stop >= start ? TEnds{start, stop} : TEnds();
 }
 
 TKxRangeUnion::TEnds TKxRangeUnion::Both(const std::vector<TEnds>& Nodes, std::size_t Node) {
@@ -15,13 +15,18 @@ TKxRangeUnion::TEnds TKxRangeUnion::Both(const std::vector<TEnds>& Nodes, std::s
     return {std::min(a.Start, b.Start), std::max(a.Stop, b.Stop)};
 }
 
-// Upwards as far as anything changes.
-void TKxRangeUnion::Put(std::size_t Leaf, TEnds Ends) {
-    FNodes[Leaf] = Ends;
-    for (std::size_t node = Leaf / 2; node > 0; node /= 2) {
-        const TEnds both = Both(FNodes, node);
-        if (FNodes[node] == both) return;
-        FNodes[node] = both;
+// Upwards as far as anything changes. Both ends are written at once: two that were written apart are slow to
+// read as one, which is how compilers read them.
+void TKxRangeUnion::Put(std::size_t Leaf, double Start, double Stop) {
+    const bool isEmpty = !(Stop >= Start);
+    TEnds ends{isEmpty ? CMaxReal : Start, isEmpty ? -CMaxReal : Stop};
+    FNodes[Leaf] = ends;
+    for (std::size_t at = Leaf; at > 1; at /= 2) {
+        const TEnds& sibling = FNodes[at ^ 1];
+        ends = {std::min(ends.Start, sibling.Start), std::max(ends.Stop, sibling.Stop)};
+        TEnds& both = FNodes[at / 2];
+        if (both == ends) return;
+        both = ends;
     }
 }
 
@@ -40,12 +45,13 @@ void TKxRangeUnion::UpdateAll() {
     FNodes.swap(nodes);
     FLeaves.swap(places);
     FFree.swap(free);
+    FLast = nullptr;
 }
 
 void TKxRangeUnion::Enter(const TRange* Range) {
     if (FFree.empty()) return UpdateAll();
     FLeaves.emplace(Range, FFree.back());
-    Put(FFree.back(), EndsOf(*Range));
+    Put(FFree.back(), Range->GetStart(), Range->GetStop());
     FFree.pop_back();
 }
 
@@ -65,20 +71,25 @@ int TKxRangeUnion::Add(TRange* Range) {
 int TKxRangeUnion::Remove(TRange* Range) {
     const int index = TRangeList::Remove(Range);
     if (const auto place = FLeaves.find(Range); place != FLeaves.end()) {
-        Put(place->second, {});
+        Put(place->second, CMaxReal, -CMaxReal);
         FFree.push_back(place->second);
         FLeaves.erase(place);
+        FLast = nullptr;
     }
     return index;
 }
 
-void TKxRangeUnion::Update(const TRange& Range) {
-    if (const auto place = FLeaves.find(&Range); place != FLeaves.end()) Put(place->second, EndsOf(Range));
+/// 0 where the range is not in the list.
+std::size_t TKxRangeUnion::LeafOf(const TRange& Range) {
+    if (&Range == FLast) return FLastLeaf;
+    const auto place = FLeaves.find(&Range);
+    if (place == FLeaves.end()) return 0;
+    FLast = &Range;
+    return FLastLeaf = place->second;
 }
 
-TKxRangeUnion::TEnds TKxRangeUnion::Union() {
-    if (!IsComplete()) UpdateAll();
-    return FNodes[1];
+void TKxRangeUnion::Update(const TRange& Range) {
+    if (const std::size_t leaf = LeafOf(Range)) Put(leaf, Range.GetStart(), Range.GetStop());
 }
 
 } // namespace kx

@@ -27,12 +27,16 @@ public:
     void UpdateAll();
     /// What holds all ranges that are not empty; Start above Stop where there are none. A range with an end
     /// that is not a number counts as empty.
-    TEnds Union();
+    const TEnds& Union() {
+        if (!IsComplete()) UpdateAll();
+        return FNodes[1];
+    }
 
 private:
     static TEnds EndsOf(const TRange& Range);
     static TEnds Both(const std::vector<TEnds>& Nodes, std::size_t Node);
-    void Put(std::size_t Leaf, TEnds Ends);
+    void Put(std::size_t Leaf, double Start, double Stop);
+    std::size_t LeafOf(const TRange& Range);
     void Enter(const TRange* Range);
     /// The list has operations that tell nobody.
     bool IsComplete() const { return FLeaves.size() == static_cast<std::size_t>(GetCount()); }
@@ -40,6 +44,8 @@ private:
     // Node k holds nodes 2k and 2k + 1, and node 1 all; the second half of them are the ranges.
     std::vector<TEnds> FNodes{2};
     std::unordered_map<const TRange*, std::size_t> FLeaves;
+    const TRange* FLast = nullptr; // the one of the last change, which is that of the next one as a rule
+    std::size_t FLastLeaf = 0;
     std::vector<std::size_t> FFree; // has room for all leaves
 };
 

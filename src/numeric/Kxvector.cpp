@@ -1,7 +1,6 @@
 #include <kxgraph/numeric/Kxvector.h>
 
 #include <kxgraph/platform/base/scopedvalue.h>
-#include <kxgraph/platform/objects/ownthread.h>
 #include <kxgraph/platform/objects/published.h>
 #include <kxgraph/platform/streaming/filer.h>
 
@@ -66,9 +65,7 @@ void TKxValueIChangedList::Erase(std::size_t Index) {
     }
 }
 
-void TKxValueIChangedList::Call(int Index, bool WasDeleted) {
-    // One as a rule: whatever it does to the list is for the next time.
-    if (FItems.size() == 1) return FItems.front()(Index, WasDeleted);
+void TKxValueIChangedList::CallAll(int Index, bool WasDeleted) {
     TRound round{0, FItems.size(), FRounds};
     const TScopedValue<TRound*> running(FRounds, &round);
     while (round.Next < round.End)
@@ -111,12 +108,9 @@ void TKxCustomRealVector::MakeRoom() {
         FValues.SetLength(static_cast<int>(wanted));
 }
 
-void TKxCustomRealVector::CheckCount(int Wanted) {
-    AssertOwnThread();
-    // Kept: grows on equal; the capacity that a program sees counts on it.
+void TKxCustomRealVector::Grow(int Wanted) {
     if (Wanted >= FCapacity) Resize(Saturated(std::int64_t{Wanted} + FIncrement));
     if (FFirst > 0 && std::int64_t{FFirst} + Wanted >= FValues.Length()) MakeRoom();
-    FCount = std::max(FCount, Wanted);
 }
 
 void TKxCustomRealVector::SetValue(int Index, double Value) {
@@ -157,8 +151,7 @@ void TKxCustomRealVector::DropFront(int Count) {
 }
 
 int TKxRealVector::Add(double Value) {
-    CheckCount(FCount + 1);
-    SetValue(FCount - 1, Value);
+    SetValue(FCount, Value);
     return FCount;
 }
 

@@ -6,6 +6,7 @@
 #include <kxgraph/numeric/Kxextremes.h>
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/objects/component.h>
+#include <kxgraph/platform/objects/ownthread.h>
 
 #include <cassert>
 #include <cstdint>
@@ -52,9 +53,14 @@ public:
     /// Calls all listeners in order. A listener may add and remove listeners: those removed before their turn
     /// are not called, those added are called from the next time on. An exception ends the round. No listener
     /// may destroy the list.
-    void Call(int Index, bool WasDeleted);
+    void Call(int Index, bool WasDeleted) {
+        // One as a rule: whatever it does to the list is for the next time.
+        if (FItems.size() == 1) return FItems.front()(Index, WasDeleted);
+        if (!FItems.empty()) CallAll(Index, WasDeleted);
+    }
 
 private:
+    void CallAll(int Index, bool WasDeleted);
     /// One running Call; calls nest when a listener changes the vector.
     struct TRound {
         std::size_t Next;
@@ -122,7 +128,12 @@ public:
 protected:
     explicit TKxCustomRealVector(TComponent* Owner);
     /// Makes room for, and extends the vector to, Wanted elements. Grows already when Wanted equals Capacity.
-    void CheckCount(int Wanted);
+    void CheckCount(int Wanted) {
+        AssertOwnThread();
+        // Kept: grows on equal; the capacity that a program sees counts on it.
+        if (Wanted >= FCapacity || std::int64_t{FFirst} + Wanted >= FValues.Length()) Grow(Wanted);
+        FCount = Wanted > FCount ? Wanted : FCount;
+    }
     void Resize(int Capacity);
     /// Moves the elements behind Index one place down, or those before it one up, whichever are fewer, so
     /// that values can leave at either end for nothing; Count stays.
@@ -162,6 +173,7 @@ private:
         if (First < FOld) FRewritten = FVersion;
         FOld = FCount;
     }
+    void Grow(int Wanted);
     void MakeRoom();
     void CloseFront();
 

@@ -45,22 +45,6 @@ void TKxChannel::SetExtent(TKxInterval Extent, int MinIndex, int MaxIndex) {
     FRange.SetStartStop(Extent.Low, Extent.High);
 }
 
-TKxChannel::TTaken TKxChannel::Take(int Index, TKxInterval Value) {
-    const double start = FRange.GetStart(), stop = FRange.GetStop();
-    const bool movedInward =
-        (Index == FMinIndex && !(Value.Low <= start)) || (Index == FMaxIndex && !(Value.High >= stop));
-    if (movedInward) return TTaken::MovedInward;
-    const bool lower = Value.Low<start, higher = Value.High> stop;
-    if (!lower && !higher) return TTaken::Inside;
-    if (lower && higher)
-        FRange.SetStartStop(Value.Low, Value.High);
-    else
-        FRange.IfRangeChanged(lower ? Value.Low : Value.High);
-    if (lower) FMinIndex = Index;
-    if (higher) FMaxIndex = Index;
-    return TTaken::Wider;
-}
-
 void TKxChannel::Place(int First, std::span<TPoint> Points) const {
     const auto values = GetVector()->Values().subspan(std::size_t(First), Points.size());
     FAxis->RealToIntPositions(values, &In(Points.front()), 2);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -45,16 +46,27 @@ void TKxSeries::ScanExtent(TKxChannel& Channel, int Count) {
     Modified();
 }
 
+TKxChannel::TTaken TKxSeries::TakeOwn(TKxChannel& Channel, int Index) {
+    const double value = Channel.GetValue(Index);
+    const double part = TakesPart(value, Channel) ? value : std::numeric_limits<double>::quiet_NaN();
+    return Channel.Take(Index, part, part);
+}
+
+TKxChannel::TTaken TKxSeries::TakeInterval(TKxChannel& Channel, int Index) {
+    TKxInterval interval;
+    GetIntervals(Channel, Index, {&interval, 1});
+    return Channel.Take(Index, interval.Low, interval.High);
+}
+
 void TKxSeries::TakeValue(TKxChannel& Channel, int Index) {
     if (Index >= Channel.GetCount()) return;
-    if (GoesByValues() && Channel.Holds(Index)) return;
-    TKxInterval value;
-    GetIntervals(Channel, Index, {&value, 1});
-    switch (Channel.Take(Index, value)) {
+    const bool byValues = GoesByValues();
+    if (byValues && Channel.Holds(Index)) return;
+    switch (byValues ? TakeOwn(Channel, Index) : TakeInterval(Channel, Index)) {
     case TKxChannel::TTaken::Inside: return;
     case TKxChannel::TTaken::Wider:
         // An axis that moves has the points placed anew; they alone are touched where it does not.
-        if (!GoesByValues() || !FChildren.empty()) Modified();
+        if (!byValues || !FChildren.empty()) Modified();
         return;
     case TKxChannel::TTaken::MovedInward: return GetNewStartStop(Channel);
     }
@@ -68,32 +80,40 @@ void TKxSeries::GetNewStartStop(const TKxChannel& Channel) {
     &Channel == &FX ? GetNewXStartStop() : GetNewYStartStop();
 }
 
-// Points that newly came into being are taken in, the changed one last.
 void TKxSeries::ValueChanged(TKxChannel& Channel, int Index, bool WasDeleted) {
     DataChanged(Channel.GetVector());
     if (Channel.WasInserted(Index, WasDeleted)) return RangesModified();
     FRangesModified = true;
     const int old = FPointsCount;
     SetPointsCount();
-    const bool placed = FollowChange(Channel) || !GoesByValues();
+    const bool byValues = GoesByValues(), placed = FollowChange(Channel) || !byValues;
     if (Index < 0) return RangesModified();
-    if (!WasDeleted && PartnerOf(Channel).GetVector()) {
-        for (int k = old; k < FPointsCount; ++k) CalcValue(PartnerOf(Channel), k);
-        for (int k = old; k < FPointsCount - 1; ++k) CalcValue(Channel, k);
-        for (int k = old; placed && k < FPointsCount - 1; ++k) CalculatePoint(k);
-    }
+    if (!WasDeleted && FPointsCount > old) TakeNew(Channel, old, placed, byValues);
     if (Index > FPointsCount) return;
     if (WasDeleted) return RangesModified();
     CalcValue(Channel, Index);
     if (placed) CalculatePoint(Index);
-    InvalidateNew(old, Index);
+    if (FPointsDirty)
+        InvalidateWorld();
+    else
+        InvalidateNew(old, Index);
+}
+
+// Of the points from Old on, that newly came into being, all but the value that is told of. The other vector
+// has told of its values as a rule, before they were points.
+void TKxSeries::TakeNew(TKxChannel& Channel, int Old, bool Placed, bool ByValues) {
+    const TKxChannel& partner = PartnerOf(Channel);
+    const int end = FPointsCount;
+    for (int k = Old; k < end; ++k)
+        if (!ByValues || !partner.Holds(k)) CalcValue(partner, k);
+    for (int k = Old; k < end - 1; ++k) CalcValue(Channel, k);
+    for (int k = Old; Placed && k < end - 1; ++k) CalculatePoint(k);
 }
 
 // A point that is new at the end, after Count others, touches the picture where it and the line to it stand;
 // one whose partner is not there yet touches nothing. The window keeps the rest.
 void TKxSeries::InvalidateNew(int Count, int Index) {
-    if (Index < Count || !GoesByValues() || !FChildren.empty() || FPointsDirty || !FDrawingWorld ||
-        !IsBound())
+    if (Index < Count || !GoesByValues() || !FChildren.empty() || !FDrawingWorld || !IsBound())
         return InvalidateWorld();
     if (FPointsCount == Count) return;
     TRect touched;

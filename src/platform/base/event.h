@@ -42,12 +42,10 @@ public:
     explicit operator bool() const { return FMethod != nullptr; }
 
     void operator()(Args... A) const {
-        if (FThunk) {
+        if (FThunk)
             FThunk(FObject, A...);
-        } else if (FCallable) {
-            const auto keep = FCallable; // the handler may replace the event while it runs
-            (*keep)(A...);
-        }
+        else if (FCallable)
+            CallCallable(A...);
     }
 
     /// Whether both call the same method, of whatever object.
@@ -59,6 +57,12 @@ public:
     }
 
 private:
+    // Apart, so that the call of a method stays short.
+    [[gnu::noinline]] void CallCallable(Args... A) const {
+        const auto keep = FCallable; // the handler may replace the event while it runs
+        (*keep)(A...);
+    }
+
     void* FObject = nullptr;
     const void* FMethod = nullptr;
     void (*FThunk)(void*, Args...) = nullptr;

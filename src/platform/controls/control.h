@@ -194,7 +194,7 @@ protected:
     static TRect LimitedBounds(int Left, int Top, int Width, int Height);
 
 private:
-    void RequestPaint();
+    [[gnu::noinline]] void RequestPaint(); // apart, for most requests are no first ones
     void FontChanged();
     void TakeParentFont();
     void TakeParentColor();
