@@ -1,5 +1,7 @@
 #include <kxgraph/numeric/Kxextremes.h>
 
+#include <kxgraph/numeric/Kxlanes.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <limits>
@@ -103,24 +105,31 @@ void TKxExtremes::Renew(std::size_t Level, std::span<const double> Values) {
     at.StaleLast = at.StaleFirst - 1;
 }
 
-/// In lanes, so that compilers use vectors. Without a number Low is above High.
+/// Without a number Low is above High. Of eight at once; the last eight overlap those before, which changes
+/// nothing.
 TKxExtremes::TBounds TKxExtremes::BoundsOf(std::span<const double> Values) {
-    constexpr std::size_t CLanes = 8;
-    double low[CLanes], high[CLanes];
-    std::fill_n(low, CLanes, CInfinity);
-    std::fill_n(high, CLanes, -CInfinity);
-    std::size_t i = 0;
-    for (; i + CLanes <= Values.size(); i += CLanes) {
-        for (std::size_t lane = 0; lane < CLanes; ++lane) {
-            low[lane] = Lower(Values[i + lane], low[lane]);
-            high[lane] = Higher(Values[i + lane], high[lane]);
+    constexpr std::size_t CAtOnce = 4 * CLanes;
+    const double *at = Values.data(), *const end = at + Values.size();
+    if (Values.size() < CAtOnce) {
+        TBounds bounds{CInfinity, -CInfinity};
+        for (; at < end; ++at) bounds = {Lower(*at, bounds.Low), Higher(*at, bounds.High)};
+        return bounds;
+    }
+    TKxLanes low[4], high[4];
+    std::fill_n(low, 4, AllLanes(CInfinity));
+    std::fill_n(high, 4, AllLanes(-CInfinity));
+    const auto take = [&](const double* From) {
+        for (std::size_t i = 0; i < 4; ++i) {
+            const TKxLanes values = LoadLanes(From + i * CLanes);
+            low[i] = Lower(values, low[i]);
+            high[i] = Higher(values, high[i]);
         }
-    }
-    for (; i < Values.size(); ++i) {
-        low[0] = Lower(Values[i], low[0]);
-        high[0] = Higher(Values[i], high[0]);
-    }
-    return {*std::min_element(low, low + CLanes), *std::max_element(high, high + CLanes)};
+    };
+    for (; end - at >= std::ptrdiff_t(CAtOnce); at += CAtOnce) take(at);
+    if (at < end) take(end - CAtOnce);
+    const TKxLanes least = Lower(Lower(low[0], low[1]), Lower(low[2], low[3])),
+                   greatest = Higher(Higher(high[0], high[1]), Higher(high[2], high[3]));
+    return {Lower(least[0], least[1]), Higher(greatest[0], greatest[1])};
 }
 
 void TKxExtremes::RenewLeaf(int Leaf, std::span<const double> Values) {

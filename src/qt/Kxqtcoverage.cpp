@@ -13,6 +13,7 @@ namespace {
 constexpr float CNowhere = std::numeric_limits<float>::infinity();
 constexpr int CFinest = 32, CCoarsest = 8; // bars a pixel; wide pens need fewer
 constexpr double CBarsAPen = 96;
+constexpr int CAhead = 6, CLine = 16; // rows; pixels in a line of the cache
 
 /// What the pen reaches upward from two places beside the middles of bars.
 void KeepReached(float* Reached, std::array<const float*, 2> Edges, std::size_t Count, float Pen) {
@@ -127,6 +128,9 @@ void TLineCoverage::PaintColumns(const TPixels& Image, const TRect& Window, QRgb
     for (int y = top; y < bottom; ++y) {
         const TRow& row = FRows[std::size_t(y - top)];
         if (row.IsStep) Step(covered, row);
+        if (y + CAhead < bottom)
+            for (int x = 0; x < Window.Width(); x += CLine)
+                __builtin_prefetch(Image.At(Window.Left + x, y + CAhead), 1);
         MixRow(Image.At(Window.Left, y), std::span(covered.Of256).first(std::size_t(Window.Width())), Color);
     }
 }

@@ -1,5 +1,7 @@
 #include <kxgraph/series/Kxkeptline.h>
 
+#include <kxgraph/platform/drawing/simplification.h>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -36,10 +38,11 @@ bool TKxKeptLine::Gather(const TKxChannel& X, const TKxChannel& Y, const TKxPlac
                          const TKxPlacing& Placing, TKxStretch Stretch) {
     TKxKeptPoints kept;
     kept.ReserveAs(FKept);
-    TKxLineGatherer gatherer(FColumnsPerPixel, X, Y, kept);
-    const TKxSection section = gatherer.Section(Placing.Count, Stretch);
+    const TKxSection section = TKxLineColumns(FColumnsPerPixel, X, Y).Section(Placing.Count, Stretch);
     if (Placing.BreaksAtGaps && HasGaps(X, section.First, section.Last)) return false;
-    const bool isPlain = FIsKept && FKept.RunEnds.empty() && !FKept.Columns.empty();
+    const int before = std::exchange(FColumns, ColumnsFor(section, Stretch));
+    const bool isPlain = FIsKept && FColumns == before && FKept.RunEnds.empty() && !FKept.Columns.empty();
+    TKxLineGatherer gatherer(FColumns, X, Y, kept);
     TKxColumnStart from{section.First, section.First};
     if (Placing.BreaksAtGaps && HasGaps(Y, section.First, section.Last)) {
         gatherer.GatherRuns(section);
@@ -59,6 +62,13 @@ bool TKxKeptLine::Gather(const TKxChannel& X, const TKxChannel& Y, const TKxPlac
     gatherer.Gather(from, section.Last);
     FKept = std::move(kept);
     return true;
+}
+
+int TKxKeptLine::ColumnsFor(TKxSection Section, TKxStretch Stretch) const {
+    constexpr int CCrowd = 8; // points in a column
+    const std::int64_t columns = std::int64_t{FColumnsPerPixel} * (Stretch.Right - Stretch.Left + 1);
+    const bool isCrowded = Section.Last - Section.First >= CCrowd * columns;
+    return isCrowded && FColumnsPerPixel < CColumnsPerPixel ? (FColumnsPerPixel + 1) / 2 : FColumnsPerPixel;
 }
 
 // More of the same, under the same maps.
@@ -89,9 +99,14 @@ std::optional<TKxKeptLine::TMoved> TKxKeptLine::Moved(const TKxChannel& X, const
     if (behind - first < 2) return std::nullopt;
     const auto index = [this](auto At) { return std::size_t(At - FKept.Columns.begin()); };
     const auto x = MovedAlong(X, Before.MapX, Placing.MapX, index(first), index(behind - 1));
-    const auto y = FColumnsPerPixel == 0 ? 0 : ShiftOf(from, to, to.Start, to.Stop);
-    if (!x || !y) return std::nullopt;
-    return TMoved{index(first), index(behind - 1), {*x, *y}};
+    if (!x) return std::nullopt;
+    TRealPoint by; // values stay what they are
+    if (FColumns > 0) {
+        const auto y = ShiftOf(from, to, to.Start, to.Stop);
+        if (!y) return std::nullopt;
+        by = {*x, *y};
+    }
+    return TMoved{index(first), index(behind - 1), by};
 }
 
 /// How far columns First..Last have moved along X, all alike. Rounding decides which pixel a point between
@@ -103,14 +118,14 @@ std::optional<double> TKxKeptLine::MovedAlong(const TKxChannel& X, const TKxAxis
     const auto start = [&](std::size_t Column) { return FKept.Columns[Column].Start.First; };
     const auto shift = ShiftOf(Before, Map, X.GetValue(start(First)), X.GetValue(start(Last)));
     if (!shift) return std::nullopt;
-    const int parts = std::max(FColumnsPerPixel, 1);
+    const int parts = std::max(FColumns, 1);
     const double by = std::round(*shift * parts) / parts;
     if (std::abs(*shift - by) > CSamePlace) return std::nullopt;
     const auto stays = [&](int Point) {
         const double value = X.GetValue(Point);
         return Map.RealToIntPosition(value) == Before.RealToIntPosition(value) + int(by);
     };
-    if (FColumnsPerPixel == 0)
+    if (FColumns == 0)
         for (std::size_t i = First; i <= Last; ++i)
             if (!stays(std::max(start(i) - 2, 0)) || !stays(std::min(start(i) + 1, X.GetCount() - 1)))
                 return std::nullopt;

@@ -32,7 +32,8 @@ struct TKxPlacing {
 class TKxKeptLine {
 public:
     /// Columns are pixels, and the line shows the very pixels of all points; or there are so many in each
-    /// pixel (ColumnOf), for smooth devices, and no point is farther than one from the line.
+    /// pixel (ColumnOf), for smooth devices, and no point is farther than one from the line; half as many
+    /// do where they would be crowded, unless there are CColumnsPerPixel, which are for pictures that stay.
     explicit TKxKeptLine(int ColumnsPerPixel = 0) : FColumnsPerPixel(ColumnsPerPixel) {}
     int GetColumnsPerPixel() const { return FColumnsPerPixel; }
 
@@ -40,10 +41,8 @@ public:
     /// vector each. Returns false where the line cannot be kept so: x values that are not sorted, or without
     /// a place on their axis where that interrupts the line.
     bool Keep(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Placing, TKxStretch Stretch);
-    /// Indices of the points, ascending. With values that are no numbers among them.
-    std::span<const int> Points() const { return FKept.Points; }
-    /// Where the points stand, if columns are parts of a pixel; they are within one of their columns, and
-    /// their indices may be only near.
+    /// The values of the points along both axes, with such that are no numbers among them; or, if columns are
+    /// parts of a pixel, where the points stand, within one of their columns.
     std::span<const TRealPoint> Places() const { return FKept.Places; }
     /// Where the runs end among them that gaps part the line into; none for a line that is not interrupted.
     std::span<const int> RunEnds() const { return FKept.RunEnds; }
@@ -59,12 +58,14 @@ private:
                 TKxStretch Stretch);
     bool IsAppendedTo(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Before,
                       const TKxPlacing& Placing) const;
+    int ColumnsFor(TKxSection Section, TKxStretch Stretch) const;
     std::optional<TMoved> Moved(const TKxChannel& X, const TKxPlacing& Before, const TKxPlacing& Placing,
                                 TKxSection Section) const;
     std::optional<double> MovedAlong(const TKxChannel& X, const TKxAxisMap& Before, const TKxAxisMap& Map,
                                      std::size_t First, std::size_t Last) const;
 
     int FColumnsPerPixel;
+    int FColumns = FColumnsPerPixel; // those that are kept
     TKxPlacing FPlacing;
     TKxStretch FStretch;
     bool FIsKept = false;

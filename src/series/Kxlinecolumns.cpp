@@ -128,9 +128,24 @@ int TKxLineColumns::EndAtBlock(int First, int End) const {
     return over * FPerPixel < CNarrow ? start : End;
 }
 
+/// Where values are as far apart as they were: found at once. Else they are measured anew.
+int TKxLineColumns::FirstBehindColumn(int First, int Last) {
+    constexpr int CMany = 3;
+    if (!AreParts()) return SearchBehindColumn(First, Last);
+    const double start = FX.GetValue(First), steps = std::ceil((FEdge - start) / FSpacing);
+    if (steps >= 1 && steps < Last - First) {
+        PointsTouched += 2;
+        const int end = First + int(steps);
+        if (!IsBehind(FX.GetValue(end - 1)) && IsBehind(FX.GetValue(end))) return end;
+    }
+    const int end = SearchBehindColumn(First, Last);
+    if (end - First >= CMany) FSpacing = (FX.GetValue(end - 1) - start) / (end - 1 - First);
+    return end;
+}
+
 /// In ever longer steps, then by halving: sparse points cost one step each, many in a column little more.
 /// Steps begin where a column as long as the one before would nearly end.
-int TKxLineColumns::FirstBehindColumn(int First, int Last) const {
+int TKxLineColumns::SearchBehindColumn(int First, int Last) const {
     constexpr int CMany = 16, CAlmost = 2;
     const auto isBehind = [&](int i) {
         if (!AreParts()) return Column(i) != FColumn;

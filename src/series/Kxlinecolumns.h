@@ -53,7 +53,8 @@ private:
     double Column(int Index) const;
     bool IsBehind(double Value) const { return FIsAscending ? Value >= FEdge : Value <= FEdge; }
     double EdgeOfColumn() const;
-    int FirstBehindColumn(int First, int Last) const;
+    int FirstBehindColumn(int First, int Last);
+    int SearchBehindColumn(int First, int Last) const;
     int EndAtBlock(int First, int End) const;
     double PlaceOfBlock(int Index) const;
     int EndOfBlocks(int Last) const;
@@ -61,9 +62,10 @@ private:
     const TKxChannel &FX, &FY;
     int FPerPixel;
     TKxColumnStart FStart, FNext;
-    int FLength = 0;    // of the column before
-    double FColumn = 0; // the present one
-    double FEdge = 0;   // the value where it ends, if columns are parts
+    int FLength = 0;     // of the column before
+    double FColumn = 0;  // the present one
+    double FEdge = 0;    // the value where it ends, if columns are parts
+    double FSpacing = 0; // of values, where it was measured last
     bool FIsAscending = FX.GetVector()->IsAscending();
 };
 

@@ -32,15 +32,14 @@ void TKxKeptPoints::ReserveAs(const TKxKeptPoints& Other) {
 void TKxKeptPoints::Shorten(int Before) {
     while (!Columns.empty() && Columns.back().Start.First >= Before) Columns.pop_back();
     while (!Points.empty() && Points.back() >= Before) Points.pop_back();
-    Places.resize(std::min(Places.size(), Points.size()));
+    Places.resize(Points.size());
 }
 
 void TKxKeptPoints::Append(const TKxKeptPoints& Other, std::size_t First, std::size_t Last, TRealPoint By) {
     const int begin = Other.Columns[First].Begin, end = Other.Columns[Last].Begin;
     const int shift = int(Points.size()) - begin;
     Points.insert(Points.end(), Other.Points.begin() + begin, Other.Points.begin() + end);
-    if (!Other.Places.empty())
-        for (int i = begin; i < end; ++i) Places.push_back(Other.Places[std::size_t(i)] + By);
+    for (int i = begin; i < end; ++i) Places.push_back(Other.Places[std::size_t(i)] + By);
     for (std::size_t i = First; i < Last; ++i)
         Columns.push_back({Other.Columns[i].Start, Other.Columns[i].Begin + shift});
 }
@@ -58,11 +57,26 @@ void TKxLineGatherer::Gather(TKxColumnStart From, int Last, bool EndsThere) {
     FColumns.Begin(From);
     for (int i = From.First; i < Last;) {
         const int end = FColumns.Next(Last);
+        FetchAhead(end - i, end, Last);
         FKept.Columns.push_back({FColumns.Start(), int(FKept.Points.size())});
         KeepColumn(i, end, EndsThere && end == Last);
         FIsOpen = true;
         i = end;
     }
+}
+
+// If columns go on being Length points long: what the end of one behind End will be found by, and all of the
+// values of a short one, is on its way from memory meanwhile.
+void TKxLineGatherer::FetchAhead(int Length, int End, int Last) const {
+    constexpr int CFew = 16, CFar = 512, CLine = 64 / sizeof(double); // values; so many in a line of a cache
+    if (Length < CFew) return;
+    const int about = std::min(Length / 2, TKxExtremes::CBlock),
+              at = End + Length * std::max(1, CFar / Length);
+    if (at + about >= Last) return;
+    const double *x = FX.GetVector()->begin() + at, *y = FY.GetVector()->begin() + at;
+    for (int i = -about; i < about; i += CLine) __builtin_prefetch(y + i);
+    __builtin_prefetch(x - 1);
+    __builtin_prefetch(x + 1);
 }
 
 void TKxLineGatherer::GatherRuns(TKxSection Section) {
@@ -153,7 +167,8 @@ void TKxLineGatherer::KeepEnd(int First, int End) {
 void TKxLineGatherer::KeepColumn(int First, int End, bool EndsThere) {
     if (EndsThere && !AreParts()) return KeepEnd(First, End);
     const bool isInside = FIsOpen && !EndsThere; // at an end x decides what comes first
-    if (AreParts() && isInside && KeepAbout(First, End)) return;
+    constexpr int CMany = 7;
+    if (AreParts() && isInside && End - First >= CMany && KeepBounds(First, End)) return;
     if (!Trim(First, End)) return;
     AreParts() ? KeepPart(First, End, EndsThere) : KeepWhole(First, End);
 }
@@ -165,8 +180,8 @@ void TKxLineGatherer::KeepWhole(int First, int End) {
     while (second < last && !IsNumber(second)) ++second;
     while (before > second && !IsNumber(before)) --before;
     for (const int i : {First, second}) Keep(i);
-    if (second + 1 < before) {
-        const auto [a, b] = EndsOf(second + 1, before);
+    if (second + 1 < before && !KeepBounds(second + 1, before)) {
+        const auto [a, b] = EndsByPixel(second + 1, before);
         for (const int i : {a, b}) Keep(i);
     }
     for (const int i : {before, last}) Keep(i);
@@ -180,21 +195,22 @@ void TKxLineGatherer::KeepPart(int First, int End, bool EndsThere) {
     if (EndsThere) Keep(End - 1);
 }
 
-/// The extremes of many in the middle of the column, first the one nearer to the line so far: without a look
-/// at those who hold them.
-bool TKxLineGatherer::KeepAbout(int First, int End) {
-    constexpr int CMany = 7;
-    if (End - First < CMany) return false;
+/// Least and greatest, first the one nearer to the line so far, without a look at those who hold them: in the
+/// middle of a column that is a part of a pixel, else where the first one stands.
+bool TKxLineGatherer::KeepBounds(int First, int End) {
     const auto bounds = FY.GetVector()->GetBounds(First, End);
     if (bounds.IsEmpty()) return true;
     if (FY.IsLogarithmic() && !(bounds.Low > 0)) return false;
-    const TKxAxisMap& map = FY.GetAxis()->GetMap();
+    const auto place = [&](double Y) -> TRealPoint {
+        if (AreParts()) return {FColumns.Middle(), FY.GetAxis()->GetMap().RealToPlace(Y)};
+        return {FX.GetValue(First), Y};
+    };
     auto& places = FKept.Places;
-    TRealPoint a{FColumns.Middle(), map.RealToPlace(bounds.Low)}, b{a.X, map.RealToPlace(bounds.High)};
+    TRealPoint a = place(bounds.Low), b = place(bounds.High);
     const double before = places.empty() ? a.Y : places.back().Y;
     if (std::abs(b.Y - before) < std::abs(a.Y - before)) std::swap(a, b);
-    for (const TRealPoint place : {a, b}) {
-        places.push_back(place);
+    for (const TRealPoint at : {a, b}) {
+        places.push_back(at);
         FKept.Points.push_back(First);
     }
     return true;
@@ -232,11 +248,10 @@ std::pair<int, int> TKxLineGatherer::EndsByPixel(int First, int Last) const {
 void TKxLineGatherer::Keep(int Index) {
     auto& points = FKept.Points;
     if (!points.empty() && points.back() >= Index) return;
-    if (AreParts()) {
-        const TRealPoint place{FX.PlaceOf(Index), FY.PlaceOf(Index)};
-        if (!IsPlace(place)) return;
-        FKept.Places.push_back(place);
-    }
+    const TRealPoint place = AreParts() ? TRealPoint{FX.PlaceOf(Index), FY.PlaceOf(Index)}
+                                        : TRealPoint{FX.GetValue(Index), FY.GetValue(Index)};
+    if (AreParts() && !IsPlace(place)) return;
+    FKept.Places.push_back(place);
     points.push_back(Index);
 }
 

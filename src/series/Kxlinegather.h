@@ -14,8 +14,8 @@ struct TKxKeptPoints {
         TKxColumnStart Start;
         int Begin = 0; ///< of its points among Points
     };
-    std::vector<int> Points;        ///< indices, ascending
-    std::vector<TRealPoint> Places; ///< of those, if columns are parts of a pixel
+    std::vector<int> Points;        ///< indices, ascending; of a least and a greatest one they are only near
+    std::vector<TRealPoint> Places; ///< where they stand, if columns are parts of a pixel; else their values
     std::vector<int> RunEnds;       ///< among Points; none for a line that is not interrupted
     std::vector<TColumn> Columns;   ///< of a line that is not interrupted
 
@@ -37,7 +37,6 @@ public:
     TKxLineGatherer(int ColumnsPerPixel, const TKxChannel& X, const TKxChannel& Y, TKxKeptPoints& Kept)
         : FX(X), FY(Y), FColumns(ColumnsPerPixel, X, Y), FKept(Kept) {}
 
-    TKxSection Section(int Count, TKxStretch Stretch) const { return FColumns.Section(Count, Stretch); }
     /// From a column that begins there up to point Last - 1, where the line ends or the next column begins.
     void Gather(TKxColumnStart From, int Last, bool EndsThere = true);
     /// The same of a line that is interrupted; not of what has no place along X.
@@ -49,11 +48,12 @@ private:
     bool IsGap(int Index) const { return !FY.HasPlace(FY.GetValue(Index)); }
     double Across(int Index) const { return AreParts() ? FY.PlaceOf(Index) : FY.PixelOf(Index); }
     void CloseRun();
+    void FetchAhead(int Length, int End, int Last) const;
 
     void KeepColumn(int First, int End, bool EndsThere);
     void KeepWhole(int First, int End);
     void KeepPart(int First, int End, bool EndsThere);
-    bool KeepAbout(int First, int End);
+    bool KeepBounds(int First, int End);
     void KeepEnd(int First, int End);
     void KeepPieces(int First, int End, bool EndsThere);
     void Keep(int Index);

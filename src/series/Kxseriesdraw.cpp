@@ -120,12 +120,14 @@ std::vector<std::span<const TRealPoint>> TKxSeries::ExactRuns(const TCanvas& Can
 }
 
 std::vector<std::span<const TPoint>> TKxSeries::KeptRuns(const TCanvas& Canvas) {
-    auto points = FKept.Points();
-    if (FKept.RunEnds().empty() && !points.empty() && FX.HasPlace(FX.GetValue(points.front())))
-        points = PaintedOf(Canvas, points, [this](int Index) { return FX.PixelOf(Index); });
+    const auto pixelX = [this](TRealPoint Values) { return FX.GetAxis()->RealToIntPosition(Values.X); };
+    auto values = FKept.Places();
+    if (FKept.RunEnds().empty() && !values.empty() && FX.HasPlace(values.front().X))
+        values = PaintedOf(Canvas, values, pixelX);
     FScratch.clear();
-    for (const int i : points)
-        if (const TPoint point{FX.PixelOf(i), FY.PixelOf(i)}; IsPlaced(point)) FScratch.push_back(point);
+    for (const TRealPoint at : values)
+        if (const TPoint point{pixelX(at), FY.GetAxis()->RealToIntPosition(at.Y)}; IsPlaced(point))
+            FScratch.push_back(point);
     return RunsUpTo(FKept.RunEnds(), std::span<const TPoint>(FScratch));
 }
 
