@@ -138,9 +138,9 @@ double TPainterDevice::PenWidth(const TStroke& Stroke) const {
     return std::max(1.0, std::max(Stroke.Width, 1) * FScale);
 }
 
-QColor TPainterDevice::ColorOf(TColor Color, TPenMode Mode) const {
+QRgb TPainterDevice::RgbOf(TColor Color, TPenMode Mode) const {
     if (Mode == pmXor && !CanXor()) Color ^= clWhite;
-    return QColor(RedOf(Color), GreenOf(Color), BlueOf(Color));
+    return qRgb(RedOf(Color), GreenOf(Color), BlueOf(Color));
 }
 
 QPen TPainterDevice::PenOf(const TStroke& Stroke, Qt::PenJoinStyle Join) const {
@@ -210,9 +210,9 @@ bool TPainterDevice::WriteFramed(const TRealRect& Frame, const TStroke& Stroke, 
     const double half = PenWidth(Stroke) / 2;
     const QRectF inner = outline.adjusted(half, half, -half, -half);
     if (IsVisible(Fill) && !inner.isEmpty()) // else the outline covers all of it
-        MixFrame(*image, FWindow, outline, {}, ColorOf(Fill.Color, Fill.Mode).rgb());
+        MixFrame(*image, FWindow, outline, {}, RgbOf(Fill.Color, Fill.Mode));
     MixFrame(*image, FWindow, outline.adjusted(-half, -half, half, half), inner,
-             ColorOf(Stroke.Color, Stroke.Mode).rgb());
+             RgbOf(Stroke.Color, Stroke.Mode));
     return true;
 }
 
@@ -274,7 +274,7 @@ bool TPainterDevice::WriteArea(const TRect& Area, const TFill& Fill) {
     if (!image) return false;
     const TRect part = Area.Intersected(FWindow);
     const QRect inside(part.Left, part.Top, part.Width(), part.Height());
-    image->Fill(std::span(&inside, 1), ColorOf(Fill.Color, Fill.Mode).rgb(), Fill.Mode);
+    image->Fill(std::span(&inside, 1), RgbOf(Fill.Color, Fill.Mode), Fill.Mode);
     return true;
 }
 

@@ -63,7 +63,8 @@ private:
     double PenWidth(const TStroke& Stroke) const;
     QPen PenOf(const TStroke& Stroke, Qt::PenJoinStyle Join) const;
     QBrush BrushOf(const TFill& Fill) const;
-    QColor ColorOf(TColor Color, TPenMode Mode) const;
+    QRgb RgbOf(TColor Color, TPenMode Mode) const; // past QColor, whose parts are slow to read as one
+    QColor ColorOf(TColor Color, TPenMode Mode) const { return RgbOf(Color, Mode); }
     void SetMode(TPenMode Mode, bool Antialias);
     std::span<const TRealPoint> Reduced(TPointSpan Points, const TStroke& Stroke);
     std::span<const TRealPoint> WithoutDetail(std::span<const TRealPoint> Points);

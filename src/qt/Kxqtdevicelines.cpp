@@ -80,12 +80,11 @@ void TPainterDevice::PaintThin(std::span<const TPoint> Pixels, const TStroke& St
     else
         scanner.Polyline(Pixels);
     if (FRuns.empty()) return;
-    const QColor color = ColorOf(Stroke.Color, Stroke.Mode);
     if (const auto image = FAccess.Pixels(FWindow, Stroke.Mode))
-        return image->Fill(FRuns, color.rgb(), Stroke.Mode);
+        return image->Fill(FRuns, RgbOf(Stroke.Color, Stroke.Mode), Stroke.Mode);
     SetMode(Stroke.Mode, false);
     FPainter.setPen(Qt::NoPen);
-    FPainter.setBrush(color);
+    FPainter.setBrush(ColorOf(Stroke.Color, Stroke.Mode));
     FPainter.drawRects(FRuns.data(), int(FRuns.size()));
 }
 

@@ -98,8 +98,8 @@ void UseLinePen(TCanvas& Canvas, const TKxLineStyle& Style) {
 
 void DrawLine(int X1, int Y1, int X2, int Y2, TCanvas& Canvas) {
     MakeThinPenCosmetic(Canvas.Pen);
-    Canvas.MoveTo(X1, Y1);
-    Canvas.LineTo(X2, Y2);
+    const std::array ends{TPoint(X1, Y1), TPoint(X2, Y2)};
+    if (ends[0] != ends[1]) Canvas.Polyline(ends);
 }
 
 void DrawLine(TRealPoint From, TRealPoint To, TCanvas& Canvas) {

@@ -98,6 +98,7 @@ void TKxSeries::VectorReplaced() {
 
 void TKxSeries::SetData(TKxChannel& Channel, TKxCustomRealVector* Vector) {
     Channel.WithdrawRange();
+    if (FScannedCount < 0) Channel.GetRange().Reset(); // what a new series has is nobody's extent
     Refer(Channel, Vector, FollowsVectors());
     VectorReplaced();
     EnterRange(Channel);
