@@ -65,7 +65,7 @@ bool TKxKeptLine::Gather(const TKxChannel& X, const TKxChannel& Y, const TKxPlac
 }
 
 int TKxKeptLine::ColumnsFor(TKxSection Section, TKxStretch Stretch) const {
-    constexpr int CCrowd = 8; // points in a column
+    constexpr int CCrowd = 16; // points in a column
     const std::int64_t columns = std::int64_t{FColumnsPerPixel} * (Stretch.Right - Stretch.Left + 1);
     const bool isCrowded = Section.Last - Section.First >= CCrowd * columns;
     return isCrowded && FColumnsPerPixel < CColumnsPerPixel ? (FColumnsPerPixel + 1) / 2 : FColumnsPerPixel;

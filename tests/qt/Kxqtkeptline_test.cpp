@@ -191,9 +191,11 @@ struct TPanned : TGraphForm {
         Form->AsHostClient().HostMouse(Kind, mbMiddle, ssMiddle, Graph->GetDrawingWorld().ClientToRoot(At));
     }
     std::array<double, 4> View() const { return {X->GetStart(), X->GetStop(), Y->GetStart(), Y->GetStop()}; }
-    QImage Picture(bool Antialias) {
-        return Painted({.Size = {420, 320}, .Antialias = Antialias},
-                       [&](auto& Device) { PaintFrame(*Form, Device); });
+    QImage Picture(bool Antialias, int Columns = CColumnsPerPixel) {
+        return Painted({.Size = {420, 320}, .Antialias = Antialias}, [&](auto& Device) {
+            Device.SetColumnsPerPixel(Columns);
+            PaintFrame(*Form, Device);
+        });
     }
 };
 
@@ -241,6 +243,15 @@ TEST(QtKeptLine, APanGathersTheColumnsThatComeIn) {
                 EXPECT_LE(Difference(picture, fresh.Picture(antialias)), antialias ? 40 : 0) << step;
             }
         }
+    }
+}
+
+// A window has fewer columns than a file, and half of them where they are crowded.
+TEST(QtKeptLine, FewColumnsLookMuchAsManyDo) {
+    TPanned panned(0.37);
+    for (const double share : {1.0, 0.5, 0.3, 0.1, 0.01}) {
+        panned.X->ZoomIn(20000, 20000 + 40000 * share);
+        EXPECT_LE(Difference(panned.Picture(true, 8), panned.Picture(true)), 80) << share;
     }
 }
 
