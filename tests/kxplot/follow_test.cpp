@@ -79,4 +79,24 @@ TEST_F(Follow, WritesWhatWasAskedForAtCtrlCAndAtTheEndOfItsInput) {
     ExpectError(2, "d.csv --follow d.csv", "--follow: goes with one table alone");
 }
 
+TEST_F(Follow, AWindowGoesOnWhereLinesDoNotFitAndAFileBeginsAnew) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    Write("g.csv", "t,u\n1,1\n2,9\n");
+    const pid_t child = Start(Words("g.csv --follow --show-for 1.5 --fit line --results r.ini"), "/dev/null",
+                              Path("out"), Path("err"));
+    WaitUntilOpen(child, "g.csv");
+    std::ofstream(Path("g.csv"), std::ios::app) << "x,5\ny,6\n3,7\n";
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    Write("new", "t,u\n1,1\n2,3\n3,5\n4,");
+    std::filesystem::rename(Path("new"), Path("g.csv"));
+    EXPECT_EQ(StatusOf(child), 0);
+    EXPECT_TRUE(Holds(Read("r.ini"), "CalcStop=3\n")) << Read("r.ini");
+    EXPECT_TRUE(Holds(Read("r.ini"), "Slope=2\n"));
+    const std::string told = Read("err");
+    const auto line = told.find("g.csv:4: column t: 'x' is not a number");
+    EXPECT_NE(line, told.npos) << told;
+    EXPECT_EQ(told.find("is not a number", line + 40), told.npos) << "once for each kind: " << told;
+    unsetenv("QT_QPA_PLATFORM");
+}
+
 } // namespace kxplot::test::follow
