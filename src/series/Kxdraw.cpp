@@ -98,7 +98,7 @@ void UseLinePen(TCanvas& Canvas, const TKxLineStyle& Style) {
 
 void DrawLine(int X1, int Y1, int X2, int Y2, TCanvas& Canvas) {
     MakeThinPenCosmetic(Canvas.Pen);
-    const std::array ends{TPoint(X1, Y1), TPoint(X2, Y2)};
+    const std::array ends{TPoint{X1, Y1}, TPoint{X2, Y2}};
     if (ends[0] != ends[1]) Canvas.Polyline(ends);
 }
 
