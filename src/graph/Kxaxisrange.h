@@ -31,11 +31,14 @@ public:
     const TRange& Shown() const { return FShown; }
     /// What was calculated last.
     const TKxScaleEnds& Ends() const { return FEnds; }
-    /// What is kept of the unzoomed view: a fixed end as it was set, any other one as it is shown.
+    /// What is kept of the unzoomed view: a fixed end as it was set, any other one as it is shown. Ends that
+    /// were no range are kept as they were: what stands in for them is another one for other ends.
     double GetKeptStart() const {
-        return Rules.StartEnd == AxFixed ? FUnzoomed.Start : ShownUnzoomed().Start;
+        return Rules.StartEnd == AxFixed || IsNoRange() ? FUnzoomed.Start : ShownUnzoomed().Start;
     }
-    double GetKeptStop() const { return Rules.StopEnd == AxFixed ? FUnzoomed.Stop : ShownUnzoomed().Stop; }
+    double GetKeptStop() const {
+        return Rules.StopEnd == AxFixed || IsNoRange() ? FUnzoomed.Stop : ShownUnzoomed().Stop;
+    }
 
     /// Of the view that is shown and of the unzoomed one.
     bool SetStart(double Start) { return SetEnd(&TView::Start, FShown.GetStart(), Start); }
@@ -49,7 +52,7 @@ public:
     const TKxLabelling& Labelling() const { return FLabelling; }
     void SetLabelling(TKxLabelling Labelling);
     /// The unzoomed view is shown as it is, but for fixed ends.
-    void KeepUnzoomed() { FUnzoomed.IsRound = true; }
+    void KeepUnzoomed() { FUnzoomed.IsRound = !IsNoRange(); }
 
     /// The extents of what is drawn, not owned, and what holds all of them.
     TKxRangeUnion& Extents() { return FExtents; }
@@ -97,6 +100,7 @@ private:
     bool SetEnd(double TView::*End, double Shown, double Value);
     bool SetKind(TKxAxEnd& Kind, TKxAxEnd Value, double TView::*End, double Shown);
     bool IsZoomed() const { return FZoomIndex > 1; }
+    bool IsNoRange() const { return FUnzoomed.Start >= FUnzoomed.Stop; }
     std::size_t ZoomedIndex() const { return static_cast<std::size_t>(FZoomIndex - 2); }
     TView& ZoomedView() { return FZooms[ZoomedIndex()]; }
     void ShowPresentView();
