@@ -5,9 +5,9 @@
 
 namespace kx {
 
-TKxRangeUnion::TEnds TKxRangeUnion::EndsOf(const TRange& Range) {
-    const double start = Range.GetStart(), stop = Range.GetStop();
-    return stop >= start ? TEnds{start, stop} : TEnds();
+/// Of what is no range those of an empty one.
+TKxRangeUnion::TEnds TKxRangeUnion::EndsOf(double Start, double Stop) {
+    return Stop >= Start ? TEnds{Start, Stop} : TEnds();
 }
 
 TKxRangeUnion::TEnds TKxRangeUnion::Both(const std::vector<TEnds>& Nodes, std::size_t Node) {
@@ -18,8 +18,7 @@ TKxRangeUnion::TEnds TKxRangeUnion::Both(const std::vector<TEnds>& Nodes, std::s
 // Upwards as far as anything changes. Both ends are written at once: two that were written apart are slow to
 // read as one, which is how compilers read them.
 void TKxRangeUnion::Put(std::size_t Leaf, double Start, double Stop) {
-    const bool isEmpty = !(Stop >= Start);
-    TEnds ends{isEmpty ? CMaxReal : Start, isEmpty ? -CMaxReal : Stop};
+    TEnds ends = EndsOf(Start, Stop);
     FNodes[Leaf] = ends;
     for (std::size_t at = Leaf; at > 1; at /= 2) {
         const TEnds& sibling = FNodes[at ^ 1];
@@ -37,7 +36,7 @@ void TKxRangeUnion::UpdateAll() {
     std::vector<std::size_t> free;
     free.reserve(leaves);
     for (const TRange* range : *this) {
-        nodes[leaves + places.size()] = EndsOf(*range);
+        nodes[leaves + places.size()] = EndsOf(range->GetStart(), range->GetStop());
         places.emplace(range, leaves + places.size());
     }
     for (std::size_t leaf = leaves + places.size(); leaf < 2 * leaves; ++leaf) free.push_back(leaf);

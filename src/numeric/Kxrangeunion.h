@@ -33,7 +33,7 @@ public:
     }
 
 private:
-    static TEnds EndsOf(const TRange& Range);
+    static TEnds EndsOf(double Start, double Stop);
     static TEnds Both(const std::vector<TEnds>& Nodes, std::size_t Node);
     void Put(std::size_t Leaf, double Start, double Stop);
     std::size_t LeafOf(const TRange& Range);
