@@ -13,7 +13,7 @@ namespace {
 constexpr float CNowhere = std::numeric_limits<float>::infinity();
 constexpr int CFinest = 32, CCoarsest = 8; // bars a pixel; wide pens need fewer
 constexpr double CBarsAPen = 96;
-constexpr int CAhead = 6, CLine = 16; // rows; pixels in a line of the cache
+constexpr int CAhead = 6; // rows
 
 /// What the pen reaches upward from two places beside the middles of bars.
 void KeepReached(float* Reached, std::array<const float*, 2> Edges, std::size_t Count, float Pen) {
@@ -129,9 +129,9 @@ void TLineCoverage::PaintColumns(const TPixels& Image, const TRect& Window, QRgb
         const TRow& row = FRows[std::size_t(y - top)];
         if (row.IsStep) Step(covered, row);
         if (y + CAhead < bottom)
-            for (int x = 0; x < Window.Width(); x += CLine)
+            for (int x = 0; x < Window.Width(); x += CMixed)
                 __builtin_prefetch(Image.At(Window.Left + x, y + CAhead), 1);
-        MixRow(Image.At(Window.Left, y), std::span(covered.Of256).first(std::size_t(Window.Width())), Color);
+        PaintRow(Image.At(Window.Left, y), covered, Window.Width(), Color);
     }
 }
 
@@ -141,6 +141,26 @@ void TLineCoverage::Step(TCovered& Covered, const TRow& Row) const {
         Covered.Bars[i] += Row.Steps[i];
         // Never leaves 0..256, and in one vector. NOLINTNEXTLINE(bugprone-incorrect-roundings)
         Covered.Of256[i] = unsigned(int(Covered.Bars[i] * to256 + 0.5f));
+    }
+    for (std::size_t i = 0; i < Covered.Any.size(); ++i) {
+        unsigned any = 0, all = 256;
+        for (std::size_t j = i * CMixed; j < (i + 1) * CMixed; ++j) {
+            any |= Covered.Of256[j];
+            all &= Covered.Of256[j];
+        }
+        Covered.Any[i] = any;
+        Covered.All[i] = all;
+    }
+}
+
+/// Most rows of a dense line are covered all over or not at all.
+void TLineCoverage::PaintRow(QRgb* First, const TCovered& Covered, int Columns, QRgb Color) {
+    for (int x = 0; x < Columns; x += CMixed) {
+        const auto mixed = std::size_t(x / CMixed), width = std::size_t(std::min(CMixed, Columns - x));
+        if (Covered.All[mixed] == 256)
+            std::fill_n(First + x, width, Color);
+        else if (Covered.Any[mixed] > 0)
+            MixRow(First + x, std::span(Covered.Of256).subspan(std::size_t(x), width), Color);
     }
 }
 

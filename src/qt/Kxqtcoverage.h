@@ -28,7 +28,7 @@ private:
     struct TBar {
         float Top, Bottom; ///< none where Top is greater
     };
-    static constexpr int CTogether = 64; // columns: some cache lines of the image
+    static constexpr int CTogether = 64, CMixed = 16; // columns: some cache lines of the image, and one
     /// Of each column, how many bars more (or less) are covered than in the row before.
     struct TRow {
         bool IsStep = false; ///< else they are as many
@@ -37,6 +37,7 @@ private:
     struct TCovered {
         std::array<float, CTogether> Bars{};
         std::array<unsigned, CTogether> Of256{};
+        std::array<unsigned, CTogether / CMixed> Any{}, All{}; // bits in Of256, of CMixed columns
     };
     void KeepReach(double Radius);
     bool Gather(int Left, int Columns);
@@ -45,6 +46,7 @@ private:
     void PaintColumns(const TPixels& Image, const TRect& Window, QRgb Color);
     void AddBar(TBar Bar, int Top, std::size_t Column);
     void Step(TCovered& Covered, const TRow& Row) const;
+    static void PaintRow(QRgb* First, const TCovered& Covered, int Columns, QRgb Color);
     /// From left to right.
     QPointF Point(std::size_t Index) const { return FLine[FIsBackward ? FLine.size() - 1 - Index : Index]; }
     /// Bars beside those of the columns that the pen reaches from there.

@@ -89,6 +89,7 @@ private:
     bool WriteCoverage(std::span<const TRealPoint> Line, const QPen& Pen, TPenMode Mode);
     void SetCurve(std::span<const TRealPoint> Points);
     void MakeCrisp(QPen& Pen);
+    bool WriteCrisp(const QPen& Pen, const TStroke& Stroke);
     void RoundEnds();
     void TrimEnds();
     QRectF SafeArea() const;

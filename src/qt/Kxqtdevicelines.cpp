@@ -10,6 +10,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 
 namespace kx::qt {
 
@@ -21,6 +22,22 @@ constexpr double CPieceLength = 256;
 constexpr std::size_t CPathPoints = 2000; // of a page; viewers take long for longer ones
 
 double Distance(const QPointF& A, const QPointF& B) { return std::hypot(B.x() - A.x(), B.y() - A.y()); }
+
+/// Calls Add(begin, end) for what is drawn between From and To of a line, all of it without Dashes. Those
+/// begin with the line and are in widths of the pen.
+template <class F>
+void ForDashes(std::span<const int> Dashes, double Width, double From, double To, F Add) {
+    if (From >= To) return;
+    if (Dashes.empty()) return Add(From, To);
+    const double period = Width * std::accumulate(Dashes.begin(), Dashes.end(), 0);
+    double begin = std::floor(From / period) * period;
+    for (std::size_t i = 0; begin < To; i = (i + 1) % Dashes.size()) {
+        const double end = begin + Width * Dashes[i];
+        if (i % 2 == 0 && end > From) Add(std::max(begin, From), std::min(end, To));
+        begin = end;
+    }
+}
+
 QPointF Direction(double Angle) { return {std::cos(Angle), std::sin(Angle)}; }
 
 } // namespace
@@ -108,7 +125,10 @@ void TPainterDevice::PaintWide(TPointSpan Points, const TStroke& Stroke, bool Cl
         FCurve.push_back(FCurve.front());
     else if (Stroke.Width < 2 && !isExact)
         TrimEnds();
-    if (Stroke.Crisp && FRaster && FCurve.size() == 2) RoundEnds();
+    if (Stroke.Crisp && FRaster && FCurve.size() == 2) {
+        RoundEnds();
+        if (WriteCrisp(pen, Stroke)) return;
+    }
     ForPiecesInside(FCurve, SafeArea(), FSpare, [&](std::span<const QPointF> Piece, double LengthBefore) {
         const bool whole = !FRaster || Stroke.Mode == pmXor; // no pixel twice, no path more than needed
         if (whole || FAntialias || pen.style() == Qt::CustomDashLine)
@@ -154,6 +174,33 @@ void TPainterDevice::MakeCrisp(QPen& Pen) {
         if (FCurve.size() > 2 || isUpright) p.setX(middle(p.x()));
         if (FCurve.size() > 2 || !isUpright) p.setY(middle(p.y()));
     }
+}
+
+/// Writes a level or upright line of whole pixels past the painter; false if the painter has to.
+bool TPainterDevice::WriteCrisp(const QPen& Pen, const TStroke& Stroke) {
+    const bool isLevel = FCurve[0].y() == FCurve[1].y(), isUpright = FCurve[0].x() == FCurve[1].x();
+    if (isLevel == isUpright || Pen.capStyle() != Qt::FlatCap || Stroke.Mode != pmCopy) return false;
+    const auto image = FAccess.Pixels(FWindow, Stroke.Mode);
+    if (!image) return false;
+    const auto along = [isLevel](const QPointF& P) { return isLevel ? P.x() : P.y(); };
+    const double start = along(FCurve[0]), way = along(FCurve[1]) - start, sign = way < 0 ? -1 : 1;
+    const double low = isLevel ? FWindow.Left : FWindow.Top, high = isLevel ? FWindow.Right : FWindow.Bottom;
+    const double enters = std::max(0.0, sign > 0 ? low - start : start - high),
+                 leaves = std::min(std::abs(way), sign > 0 ? high - start : start - low);
+    const double side = (isLevel ? FCurve[0].y() : FCurve[0].x()) - Pen.widthF() / 2;
+    const double before = isLevel ? FWindow.Top : FWindow.Left,
+                 behind = isLevel ? FWindow.Bottom : FWindow.Right;
+    if (side + Pen.widthF() <= before || side >= behind) return true; // places far away are no pixels
+    FRuns.clear();
+    const auto add = [&](double Begin, double End) {
+        QRectF run(start + (sign > 0 ? Begin : -End), side, End - Begin, Pen.widthF());
+        if (!isLevel) run = QRectF(run.y(), run.x(), run.height(), run.width());
+        const QRect window(FWindow.Left, FWindow.Top, FWindow.Width(), FWindow.Height());
+        if (const QRect inside = run.toRect() & window; !inside.isEmpty()) FRuns.push_back(inside);
+    };
+    ForDashes(DashesOf(Stroke.Style), Pen.widthF(), enters, leaves, add);
+    image->Fill(FRuns, RgbOf(Stroke.Color, Stroke.Mode), Stroke.Mode);
+    return true;
 }
 
 /// The ends of a crisp line, along it.

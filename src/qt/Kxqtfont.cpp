@@ -79,6 +79,19 @@ int EmOfCell(QFont Font, int Height) {
     return 1;
 }
 
+QFont SizedFontOf(const TFontFace& Face) {
+    constexpr int largest = 2000;
+    QFont font = FontOf(Face);
+    const int height = std::clamp(Face.Height, -largest, largest);
+    font.setPixelSize(std::max(1, height > 0 ? EmOfCell(font, height) : -height));
+    return font;
+}
+
+QFont Unhinted(QFont Font) {
+    Font.setHintingPreference(QFont::PreferNoHinting);
+    return Font;
+}
+
 } // namespace
 
 QString InstalledFamily(const std::string& Name, TFontPitch Pitch) {
@@ -109,12 +122,9 @@ TQtFont& TQtFont::Of(const TFontFace& Face) {
     return *entry;
 }
 
-TQtFont::TQtFont(const TFontFace& Face) : FFont(FontOf(Face)) {
-    constexpr int largest = 2000;
-    const int height = std::clamp(Face.Height, -largest, largest);
-    FFont.setPixelSize(std::max(1, height > 0 ? EmOfCell(FFont, height) : -height));
-    FScaled = FExact = FFont;
-    FExact.setHintingPreference(QFont::PreferNoHinting);
+TQtFont::TQtFont(const TFontFace& Face)
+    : FFont(SizedFontOf(Face)), FScaled(FFont, [this](std::string_view Text) { return Shown(Text); }),
+      FExact(Unhinted(FFont), [this](std::string_view Text) { return Shown(Text); }) {
     const QFontMetricsF metrics(FFont);
     FAscent = AscentOf(metrics);
     FCellHeight = CellHeightOf(metrics);
@@ -166,14 +176,20 @@ TSize TQtFont::Measure(std::string_view Text) {
     return size;
 }
 
-double TQtFont::ExactWidth(std::string_view Text) const {
-    return QFontMetricsF(FExact).horizontalAdvance(Shown(Text));
+// No font joins such characters to others, once there is no kerning.
+bool TQtFont::IsNumber(std::string_view Text) {
+    return Text.find_first_not_of("0123456789.,+-Ee ") == std::string_view::npos;
 }
 
-const QFont& TQtFont::At(double Scale) {
+double TQtFont::ExactWidth(std::string_view Text) {
+    return ForExactPieces(Text, [](const TShape&, double) {});
+}
+
+TShapes& TQtFont::At(double Scale) {
     if (Scale != FScale) {
-        FScaled = FFont;
-        FScaled.setPixelSize(std::max(1, int(std::lround(FFont.pixelSize() * Scale))));
+        QFont font = FFont;
+        font.setPixelSize(std::max(1, int(std::lround(FFont.pixelSize() * Scale))));
+        FScaled = TShapes(font, [this](std::string_view Text) { return Shown(Text); });
         FScale = Scale;
     }
     return FScaled;

@@ -3,6 +3,7 @@
 // character. The metrics are those of the screen at 96 per inch, whole pixels, hinted; layout uses no others.
 
 #include <kxgraph/platform/drawing/device.h>
+#include <kxgraph/qt/Kxqtglyphs.h>
 
 #include <QFont>
 #include <QString>
@@ -39,11 +40,15 @@ public:
     /// Advances summed character by character: no kerning, so that captions measured in pieces fit.
     TSize Measure(std::string_view Text);
     /// The same as the font's design has it, with fractions of a pixel.
-    double ExactWidth(std::string_view Text) const;
-    /// The font without hinting: its letters stand where ExactWidth has them, at every scale.
-    const QFont& Exact() const { return FExact; }
-    /// The font for a device of that many pixels per logical pixel.
-    const QFont& At(double Scale);
+    double ExactWidth(std::string_view Text);
+    /// Texts without hinting: letters stand where ExactWidth has them, at every scale.
+    TShapes& Exact() { return FExact; }
+    /// Calls Use(piece, X) for pieces of Text that are shaped each by itself, as each is in so many texts,
+    /// with the places of their left ends; returns where the last one ends.
+    template <class F>
+    double ForExactPieces(std::string_view Text, F Use);
+    /// Those for a device of that many pixels per logical pixel.
+    TShapes& At(double Scale);
     /// Distance of the line's middle from the top of the cell and its thickness, in logical pixels.
     struct TRule {
         double Middle, Thickness;
@@ -52,12 +57,27 @@ public:
     TRule StrikeOut() const { return FStrikeOut; }
 
 private:
-    QFont FFont, FScaled, FExact;
+    static bool IsNumber(std::string_view Text);
+
+    QFont FFont;
+    TShapes FScaled, FExact;
     double FScale = 1;
     int FAscent = 0, FCellHeight = 0;
     TRule FUnderline{}, FStrikeOut{};
     std::array<int, 128> FAscii;
     std::unordered_map<char32_t, int> FAdvances;
 };
+
+template <class F>
+double TQtFont::ForExactPieces(std::string_view Text, F Use) {
+    const std::size_t length = IsNumber(Text) ? 1 : Text.size();
+    double x = 0;
+    for (std::size_t i = 0; i < Text.size(); i += length) {
+        const TShape& piece = FExact.Of(Text.substr(i, length));
+        Use(piece, x);
+        x += piece.Width;
+    }
+    return x;
+}
 
 } // namespace kx::qt

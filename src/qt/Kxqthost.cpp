@@ -7,6 +7,8 @@
 #include <QFontDatabase>
 #include <QStringList>
 
+#include <typeinfo>
+
 namespace kx::qt {
 
 TSize MeasureWithQt(const TFontFace& Face, std::string_view Text) { return TQtFont::Of(Face).Measure(Text); }
@@ -23,7 +25,12 @@ std::vector<std::string> FamiliesOfQt() {
 }
 
 void DemandInstalled() {
-    if (!dynamic_cast<const TQtMeasuring*>(&TApplication::Instance().GetHost()))
+    static const std::type_info* known = nullptr; // a cast takes as long as a short text
+    const THost& host = TApplication::Instance().GetHost();
+    if (known && typeid(host) == *known) return;
+    if (dynamic_cast<const TQtMeasuring*>(&host))
+        known = &typeid(host);
+    else
         throw Exception("Painting with Qt needs its fonts: call kx::qt::Install() first");
 }
 

@@ -8,6 +8,7 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
+#include <limits>
 
 namespace kx::qt {
 
@@ -25,7 +26,7 @@ QImage* PlainImage(const QPainter& Painter) {
                                                                                                : nullptr;
 }
 
-constexpr std::size_t CUprights = 16;
+constexpr std::size_t CUprights = 64; // some cache lines of a row
 
 /// How many of Rects, from the first on, are one pixel wide and stand side by side.
 std::size_t UprightsOf(std::span<const QRect> Rects) {
@@ -36,20 +37,25 @@ std::size_t UprightsOf(std::span<const QRect> Rects) {
     return count;
 }
 
-/// Row by row where all of them stand: pixels one above the other lie far apart.
-void FillUprights(const TPixels& Pixels, std::span<const QRect> Rects, QRgb Color) {
-    int top = Rects[0].top(), bottom = Rects[0].bottom();
+/// Those of Rects that stand between Top and Bottom: row by row where all of them do, for pixels one above
+/// the other lie far apart; above and below that, either half of them.
+void FillUprights(const TPixels& Pixels, std::span<const QRect> Rects, int Top, int Bottom, QRgb Color) {
+    if (Top > Bottom) return;
+    int top = Top, bottom = Bottom;
     for (const QRect& rect : Rects) {
         top = std::max(top, rect.top());
         bottom = std::min(bottom, rect.bottom());
     }
-    const auto column = [&](int X, int First, int Last) {
-        for (int y = First; y <= Last; ++y) *Pixels.At(X, y) = Color;
-    };
     for (int y = top; y <= bottom; ++y) std::fill_n(Pixels.At(Rects[0].left(), y), Rects.size(), Color);
-    for (const QRect& rect : Rects) {
-        column(rect.left(), rect.top(), std::min(rect.bottom(), top - 1));
-        column(rect.left(), std::max({rect.top(), bottom + 1, top}), rect.bottom());
+    if (Rects.size() == 1) return;
+    const auto halves = {Rects.first(Rects.size() / 2), Rects.subspan(Rects.size() / 2)};
+    for (const auto half : halves) {
+        if (top > bottom) {
+            FillUprights(Pixels, half, Top, Bottom, Color);
+        } else {
+            FillUprights(Pixels, half, Top, top - 1, Color);
+            FillUprights(Pixels, half, bottom + 1, Bottom, Color);
+        }
     }
 }
 
@@ -66,7 +72,8 @@ void TPixels::Fill(std::span<const QRect> Rects, QRgb Color, TPenMode Mode) cons
     for (std::size_t count = 0; !Rects.empty(); Rects = Rects.subspan(count)) {
         count = std::max<std::size_t>(1, UprightsOf(Rects));
         if (count > 1)
-            FillUprights(*this, Rects.first(count), Color);
+            FillUprights(*this, Rects.first(count), std::numeric_limits<int>::min(),
+                         std::numeric_limits<int>::max(), Color);
         else
             for (int y = Rects[0].top(); y <= Rects[0].bottom(); ++y)
                 std::fill_n(At(Rects[0].left(), y), Rects[0].width(), Color);
