@@ -8,7 +8,6 @@
 #include <bit>
 #include <cstdint>
 #include <cstring>
-#include <limits>
 
 namespace kx::qt {
 
@@ -26,7 +25,7 @@ QImage* PlainImage(const QPainter& Painter) {
                                                                                                : nullptr;
 }
 
-constexpr std::size_t CUprights = 64; // some cache lines of a row
+constexpr std::size_t CUprights = 16; // about a line of the cache
 
 /// How many of Rects, from the first on, are one pixel wide and stand side by side.
 std::size_t UprightsOf(std::span<const QRect> Rects) {
@@ -37,26 +36,34 @@ std::size_t UprightsOf(std::span<const QRect> Rects) {
     return count;
 }
 
-/// Those of Rects that stand between Top and Bottom: row by row where all of them do, for pixels one above
-/// the other lie far apart; above and below that, either half of them.
+/// What of them stands between Top and Bottom: row by row where all of them do.
 void FillUprights(const TPixels& Pixels, std::span<const QRect> Rects, int Top, int Bottom, QRgb Color) {
-    if (Top > Bottom) return;
     int top = Top, bottom = Bottom;
     for (const QRect& rect : Rects) {
         top = std::max(top, rect.top());
         bottom = std::min(bottom, rect.bottom());
     }
+    const auto column = [&](int X, int First, int Last) {
+        for (int y = First; y <= Last; ++y) *Pixels.At(X, y) = Color;
+    };
     for (int y = top; y <= bottom; ++y) std::fill_n(Pixels.At(Rects[0].left(), y), Rects.size(), Color);
-    if (Rects.size() == 1) return;
-    const auto halves = {Rects.first(Rects.size() / 2), Rects.subspan(Rects.size() / 2)};
-    for (const auto half : halves) {
-        if (top > bottom) {
-            FillUprights(Pixels, half, Top, Bottom, Color);
-        } else {
-            FillUprights(Pixels, half, Top, top - 1, Color);
-            FillUprights(Pixels, half, bottom + 1, Bottom, Color);
-        }
+    for (const QRect& rect : Rects) {
+        const int first = std::max(rect.top(), Top), last = std::min(rect.bottom(), Bottom);
+        column(rect.left(), first, std::min(last, top - 1));
+        column(rect.left(), std::max({first, bottom + 1, top}), last);
     }
+}
+
+/// Pixels one above the other lie far apart: a band of rows at a time stays near to the processor.
+void FillUprights(const TPixels& Pixels, std::span<const QRect> Rects, QRgb Color) {
+    constexpr int CBand = 64;
+    int top = Rects[0].top(), bottom = Rects[0].bottom();
+    for (const QRect& rect : Rects) {
+        top = std::min(top, rect.top());
+        bottom = std::max(bottom, rect.bottom());
+    }
+    for (int y = top; y <= bottom; y += CBand)
+        FillUprights(Pixels, Rects, y, std::min(y + CBand - 1, bottom), Color);
 }
 
 } // namespace
@@ -72,8 +79,7 @@ void TPixels::Fill(std::span<const QRect> Rects, QRgb Color, TPenMode Mode) cons
     for (std::size_t count = 0; !Rects.empty(); Rects = Rects.subspan(count)) {
         count = std::max<std::size_t>(1, UprightsOf(Rects));
         if (count > 1)
-            FillUprights(*this, Rects.first(count), std::numeric_limits<int>::min(),
-                         std::numeric_limits<int>::max(), Color);
+            FillUprights(*this, Rects.first(count), Color);
         else
             for (int y = Rects[0].top(); y <= Rects[0].bottom(); ++y)
                 std::fill_n(At(Rects[0].left(), y), Rects[0].width(), Color);
