@@ -10,8 +10,11 @@ namespace kx {
 
 namespace {
 
-constexpr int CShift = 6, CFan = 1 << CShift;
-static_assert(CFan == TKxExtremes::CBlock);
+// Blocks of values, and of blocks: where a stretch cuts blocks of any size, all within are looked at.
+constexpr int CShift = 6, CFanShift = 4;
+static_assert(1 << CShift == TKxExtremes::CBlock);
+/// From those on Level, -1 for values, to what holds them.
+int ShiftAbove(int Level) { return Level < 0 ? CShift : CFanShift; }
 constexpr double CInfinity = std::numeric_limits<double>::infinity();
 
 int BlocksOf(int Count, int Shift = CShift) { return (Count >> Shift) + ((Count & ((1 << Shift) - 1)) != 0); }
@@ -49,14 +52,14 @@ void TKxExtremes::Cut(int Count) noexcept { CutAt(Count + FSkipped); }
 
 void TKxExtremes::CutAt(int Place) noexcept {
     if (Place >= FKnown) return;
-    FKnown = Place & ~(CFan - 1); // the block that is cut is made anew
+    FKnown = Place & ~(CBlock - 1); // the block that is cut is made anew
     if (FKnown <= FSkipped) FKnown = FSkipped = 0;
 }
 
 void TKxExtremes::DropFront(int Count) noexcept {
     const int first = FSkipped >> CShift;
     FSkipped += Count;
-    if (FSkipped >= CFan && FSkipped >= FKnown / 2)
+    if (FSkipped >= CBlock && FSkipped >= FKnown / 2)
         FKnown = FSkipped = 0;
     else
         for (int leaf = first; leaf <= FSkipped >> CShift && leaf < BlocksOf(FKnown); ++leaf)
@@ -65,7 +68,8 @@ void TKxExtremes::DropFront(int Count) noexcept {
 
 void TKxExtremes::MakeRoom(int Count) {
     std::size_t level = 0;
-    for (int nodes = BlocksOf(Count); nodes > 0; nodes = nodes > CFan ? BlocksOf(nodes) : 0) {
+    for (int nodes = BlocksOf(Count); nodes > 0;
+         nodes = nodes > 1 << CFanShift ? BlocksOf(nodes, CFanShift) : 0) {
         if (level == FLevels.size()) FLevels.emplace_back();
         TLevel& at = FLevels[level++];
         at.Nodes.resize(std::size_t(nodes));
@@ -100,7 +104,7 @@ void TKxExtremes::Renew(std::size_t Level, std::span<const double> Values) {
     for (int node = at.StaleFirst; node <= at.StaleLast; ++node) {
         if ((at.Flags[std::size_t(node)] & CStale) == 0) continue;
         Level == 0 ? RenewLeaf(node, Values) : RenewNode(Level, node);
-        if (Level + 1 < FLevels.size()) FLevels[Level + 1].Mark(node >> CShift);
+        if (Level + 1 < FLevels.size()) FLevels[Level + 1].Mark(node >> CFanShift);
     }
     at.StaleLast = at.StaleFirst - 1;
 }
@@ -135,7 +139,7 @@ TKxExtremes::TBounds TKxExtremes::BoundsOf(std::span<const double> Values) {
 void TKxExtremes::RenewLeaf(int Leaf, std::span<const double> Values) {
     const int start = (Leaf << CShift) - FSkipped; // those in front are gone
     const auto first = std::size_t(std::max(start, 0)),
-               last = std::min(std::size_t(std::max(start + CFan, 0)), Values.size());
+               last = std::min(std::size_t(std::max(start + CBlock, 0)), Values.size());
     FLevels[0].Nodes[std::size_t(Leaf)] = BoundsOf(Values.subspan(first, std::max(last, first) - first));
     std::int64_t falls = 0, rises = 0, strange = 0;
     for (std::size_t i = std::max<std::size_t>(first, 1); i < last; ++i) {
@@ -151,8 +155,8 @@ void TKxExtremes::RenewLeaf(int Leaf, std::span<const double> Values) {
 
 void TKxExtremes::RenewNode(std::size_t Level, int Node) {
     const TLevel& below = FLevels[Level - 1];
-    const std::size_t first = std::size_t(Node) << CShift,
-                      last = std::min(first + std::size_t(CFan), below.Nodes.size());
+    const std::size_t first = std::size_t(Node) << CFanShift,
+                      last = std::min(first + (std::size_t(1) << CFanShift), below.Nodes.size());
     TBounds node{CInfinity, -CInfinity};
     std::uint8_t flags = 0;
     for (std::size_t i = first; i < last; ++i) {
@@ -189,12 +193,10 @@ void TKxExtremes::ForBlocks(int First, int Last, F Take) const {
             const int mask = (1 << Shift) - 1;
             return (i & mask) == 0 && (i + mask < Last || Last == FKnown);
         };
-        while (level + 1 < int(FLevels.size()) && fits(shift + CShift)) {
-            ++level;
-            shift += CShift;
-        }
+        while (level + 1 < int(FLevels.size()) && fits(shift + ShiftAbove(level)))
+            shift += ShiftAbove(level++);
         // All of that size up to the next larger one.
-        const int first = i >> shift, next = (first | (CFan - 1)) + 1;
+        const int first = i >> shift, next = (first | ((1 << ShiftAbove(level)) - 1)) + 1;
         const int last = Last == FKnown ? BlocksOf(Last, shift) : Last >> shift;
         const int stop = std::min(next, last);
         if (level < 0) PointsTouched += std::uint64_t(stop - first);
@@ -243,7 +245,7 @@ TKxExtremes::TBounds TKxExtremes::Bounds(std::span<const double> Values, int Fir
 template <bool High>
 int TKxExtremes::Find(std::span<const double> Values, const TBest& Best) const {
     auto at = std::size_t(Best.From);
-    for (int level = Best.Level; level >= 0; --level, at <<= CShift) {
+    for (int level = Best.Level; level >= 0; at <<= ShiftAbove(--level)) {
         const auto& nodes = FLevels[std::size_t(level)].Nodes;
         while ((High ? nodes[at].High : nodes[at].Low) != Best.Value || nodes[at].IsEmpty()) ++at;
     }

@@ -13,9 +13,10 @@ namespace kx {
 /// frame has cost is the difference of two readings; for benches and tests.
 inline constinit thread_local std::uint64_t PointsTouched = 0;
 
-/// Least and greatest of blocks of 64 values, of blocks of 64 blocks and so on, with what else is asked of a
+/// Least and greatest of blocks of 64 values, of 16 such blocks and so on, with what else is asked of a
 /// whole stretch: whether it is sorted, whether all of it are numbers. Made when first asked for; later only
-/// what has changed or was appended is looked at. Needs a quarter of a byte a value. The values are not kept:
+/// what has changed or was appended is looked at. Needs little more than a
+/// quarter of a byte a value. The values are not kept:
 /// they are given with every question, and whoever owns them tells of changes.
 class TKxExtremes {
 public:

@@ -82,8 +82,10 @@ int TKxLineColumns::Next(int Last) {
     FStart = FNext;
     const bool isBlock = FStart.First == FStart.At && FStart.At == FX.GetVector()->GetBlockStart(FStart.At);
     FColumn = isBlock && AreParts() ? ColumnOf(PlaceOfBlock(FStart.At), FPerPixel) : Column(FStart.At);
-    if (AreParts()) FEdge = EdgeOfColumn();
-    if (const int end = EndOfBlocks(Last); end > 0) {
+    FEdge = EdgeOfColumn();
+    const int end = EndOfBlocks(Last);
+    FAreBlocks = end > 0;
+    if (FAreBlocks) {
         FNext = {end, end};
     } else {
         const int behind = FirstBehindColumn(FStart.At, Last);
@@ -95,6 +97,7 @@ int TKxLineColumns::Next(int Last) {
 
 double TKxLineColumns::EdgeOfColumn() const {
     const TKxAxisMap& map = FX.GetAxis()->GetMap();
+    if (!AreParts()) return map.PlaceToReal(FColumn + (FIsAscending == map.Forward ? 0.5 : -0.5));
     return map.PlaceToReal((FIsAscending == map.Forward ? FColumn + 1 : FColumn) / FPerPixel);
 }
 
@@ -128,15 +131,19 @@ int TKxLineColumns::EndAtBlock(int First, int End) const {
     return over * FPerPixel < CNarrow ? start : End;
 }
 
+bool TKxLineColumns::IsBehindColumn(int Index) const {
+    if (!AreParts()) return Column(Index) != FColumn;
+    ++PointsTouched;
+    return IsBehind(FX.GetValue(Index));
+}
+
 /// Where values are as far apart as they were: found at once. Else they are measured anew.
 int TKxLineColumns::FirstBehindColumn(int First, int Last) {
     constexpr int CMany = 3;
-    if (!AreParts()) return SearchBehindColumn(First, Last);
     const double start = FX.GetValue(First), steps = std::ceil((FEdge - start) / FSpacing);
     if (steps >= 1 && steps < Last - First) {
-        PointsTouched += 2;
         const int end = First + int(steps);
-        if (!IsBehind(FX.GetValue(end - 1)) && IsBehind(FX.GetValue(end))) return end;
+        if (!IsBehindColumn(end - 1) && IsBehindColumn(end)) return end;
     }
     const int end = SearchBehindColumn(First, Last);
     if (end - First >= CMany) FSpacing = (FX.GetValue(end - 1) - start) / (end - 1 - First);
@@ -147,11 +154,7 @@ int TKxLineColumns::FirstBehindColumn(int First, int Last) {
 /// Steps begin where a column as long as the one before would nearly end.
 int TKxLineColumns::SearchBehindColumn(int First, int Last) const {
     constexpr int CMany = 16, CAlmost = 2;
-    const auto isBehind = [&](int i) {
-        if (!AreParts()) return Column(i) != FColumn;
-        ++PointsTouched;
-        return IsBehind(FX.GetValue(i));
-    };
+    const auto isBehind = [this](int i) { return IsBehindColumn(i); };
     int known = First;
     if (FLength >= CMany && FLength < Last - First) {
         const int near = First + FLength - CAlmost;

@@ -46,12 +46,15 @@ public:
     /// are parts of a pixel, one of very many points may end a little earlier, where a block of Y's extremes
     /// ends (Kxextremes.h).
     int Next(int Last);
+    /// Whether values told where the present column ends, and will where the next one does, as a rule.
+    bool LooksAtValues() const { return !FAreBlocks; }
     /// The middle along X of the present column, if columns are parts.
     double Middle() const { return (FColumn + 0.5) / FPerPixel; }
 
 private:
     double Column(int Index) const;
     bool IsBehind(double Value) const { return FIsAscending ? Value >= FEdge : Value <= FEdge; }
+    bool IsBehindColumn(int Index) const;
     double EdgeOfColumn() const;
     int FirstBehindColumn(int First, int Last);
     int SearchBehindColumn(int First, int Last) const;
@@ -62,10 +65,11 @@ private:
     const TKxChannel &FX, &FY;
     int FPerPixel;
     TKxColumnStart FStart, FNext;
-    int FLength = 0;     // of the column before
-    double FColumn = 0;  // the present one
-    double FEdge = 0;    // the value where it ends, if columns are parts
-    double FSpacing = 0; // of values, where it was measured last
+    int FLength = 0;         // of the column before
+    bool FAreBlocks = false; // it was found by blocks
+    double FColumn = 0;      // the present one
+    double FEdge = 0;        // the value where it ends, but for rounding where columns are pixels
+    double FSpacing = 0;     // of values, where it was measured last
     bool FIsAscending = FX.GetVector()->IsAscending();
 };
 

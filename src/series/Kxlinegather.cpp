@@ -65,18 +65,19 @@ void TKxLineGatherer::Gather(TKxColumnStart From, int Last, bool EndsThere) {
     }
 }
 
-// If columns go on being Length points long: what the end of one behind End will be found by, and all of the
-// values of a short one, is on its way from memory meanwhile.
+// If columns go on being Length points long: what the end of one behind End will be found by, and the values
+// of the block that it cuts, or all of a short one, are on their way from memory meanwhile.
 void TKxLineGatherer::FetchAhead(int Length, int End, int Last) const {
     constexpr int CFew = 16, CFar = 512, CLine = 64 / sizeof(double); // values; so many in a line of a cache
-    if (Length < CFew) return;
-    const int about = std::min(Length / 2, TKxExtremes::CBlock),
-              at = End + Length * std::max(1, CFar / Length);
-    if (at + about >= Last) return;
-    const double *x = FX.GetVector()->begin() + at, *y = FY.GetVector()->begin() + at;
-    for (int i = -about; i < about; i += CLine) __builtin_prefetch(y + i);
-    __builtin_prefetch(x - 1);
-    __builtin_prefetch(x + 1);
+    constexpr int CBlock = TKxExtremes::CBlock;
+    if (Length < CFew || !FColumns.LooksAtValues()) return;
+    const int at = End + Length * std::max(1, CFar / Length);
+    if (at + CBlock >= Last) return;
+    const auto &x = *FX.GetVector(), &y = *FY.GetVector();
+    const int first = Length < CBlock ? at - Length / 2 : y.GetBlockStart(at);
+    for (int i = first; i < first + std::min(Length, CBlock); i += CLine) __builtin_prefetch(y.begin() + i);
+    __builtin_prefetch(x.begin() + at - 1);
+    __builtin_prefetch(x.begin() + at + 1);
 }
 
 void TKxLineGatherer::GatherRuns(TKxSection Section) {
