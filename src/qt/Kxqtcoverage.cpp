@@ -41,8 +41,9 @@ void TLineCoverage::Paint(const TPixels& Image, const TRect& Window, std::span<c
     const double around = std::ceil(Width / 2) + 1, first = Window.Left, last = Window.Right;
     const auto within = [&](double X, double Further) { return int(std::clamp(X + Further, first, last)); };
     const int right = within(std::ceil(Point(Line.size() - 1).x()), around);
-    for (int x = within(std::floor(Point(0).x()), -around); x < right; x += CTogether) {
-        const TRect columns{x, Window.Top, std::min(x + CTogether, right), Window.Bottom};
+    for (int x = within(std::floor(Point(0).x()), -around), next = x; x < right; x = next) {
+        next = std::min(x + CTogether - Image.BehindLine(x), right); // lines of the cache are met once
+        const TRect columns{x, Window.Top, next, Window.Bottom};
         if (!Gather(x, columns.Width())) continue;
         Widen();
         PaintColumns(Image, columns, Color);
@@ -85,7 +86,7 @@ void TLineCoverage::AddSegment(QPointF From, QPointF To) {
         bottom = std::min(bottom, -float(std::max(A, B)));
     };
     const std::size_t first = half(begin), behind = half(end);
-    if (end == begin) return add(first, From.y(), To.y()); // every other one, as a rule
+    if (first == behind && begin >= 0 && end <= last + 1) return add(first, From.y(), To.y()); // as a rule
     const double slope = (To.y() - From.y()) / (end - begin);
     for (std::size_t i = first; i <= behind; ++i) {
         const double left = double(i), right = left + 1;
@@ -160,20 +161,22 @@ void TLineCoverage::PaintRow(QRgb* First, const TCovered& Covered, int Columns, 
         if (Covered.All[mixed] == 256)
             std::fill_n(First + x, width, Color);
         else if (Covered.Any[mixed] > 0)
-            MixRow(First + x, std::span(Covered.Of256).subspan(std::size_t(x), width), Color);
+            MixPartly(First + x, std::span(Covered.Of256).subspan(std::size_t(x), width), Color);
     }
 }
 
 /// Row y of the bar is covered by what lies behind Top less what lies behind Bottom; either grows from row to
 /// row by two steps. Rows are counted from Top.
 void TLineCoverage::AddBar(TBar Bar, int Top, std::size_t Column) {
-    const auto add = [&](double Edge, double Sign) {
-        const auto at = std::size_t(Edge - Top);
-        const double part = Edge - Top - double(at);
-        for (const auto& [row, step] : {std::pair{at, 1 - part}, {at + 1, part}}) {
-            if (!FRows[row].IsStep) FRows[row] = {.IsStep = true};
-            FRows[row].Steps[Column] += float(Sign * step);
-        }
+    const auto add = [&](float Edge, float Sign) {
+        const float below = Edge - float(Top);
+        const int at = int(below);
+        const float part = below - float(at);
+        TRow* const rows = &FRows[std::size_t(at)];
+        for (TRow* row : {rows, rows + 1})
+            if (!row->IsStep) *row = {.IsStep = true};
+        rows[0].Steps[Column] += Sign * (1 - part);
+        rows[1].Steps[Column] += Sign * part;
     };
     add(Bar.Top, 1);
     add(Bar.Bottom, -1);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <utility>
 
 namespace kx::qt {
 
@@ -147,19 +148,21 @@ void TLineScanner::Scan(const TSlope& Line) {
     }
 }
 
-bool TLineScanner::IsOn(const TSlope& Line, std::int64_t Index) const {
-    const std::int64_t travelled = FDone + (Line.Forward ? Index : Line.Length - Index);
-    return (FPattern >> (travelled % FPeriod) & 1) != 0;
-}
-
 void TLineScanner::Run(const TSlope& Line, std::int64_t First, std::int64_t Last, std::int64_t Rise) {
     if (FPeriod == 1) return Emit(Line, First, Last, Rise);
+    constexpr std::int64_t CNone = -1;
+    std::int64_t begin = CNone;
+    auto place = int((FDone + (Line.Forward ? First : Line.Length - First)) % FPeriod);
     for (std::int64_t i = First; i <= Last; ++i) {
-        if (!IsOn(Line, i)) continue;
-        const std::int64_t begin = i;
-        while (i < Last && IsOn(Line, i + 1)) ++i;
-        Emit(Line, begin, i, Rise);
+        const bool isOn = (FPattern >> place & 1) != 0;
+        if (isOn && begin == CNone) begin = i;
+        if (!isOn && begin != CNone) Emit(Line, std::exchange(begin, CNone), i - 1, Rise);
+        if (Line.Forward)
+            place = place + 1 < FPeriod ? place + 1 : 0;
+        else
+            place = place > 0 ? place - 1 : FPeriod - 1;
     }
+    if (begin != CNone) Emit(Line, begin, Last, Rise);
 }
 
 void TLineScanner::Emit(const TSlope& Line, std::int64_t First, std::int64_t Last, std::int64_t Rise) {

@@ -33,7 +33,6 @@ private:
     void Segment(TPoint From, TPoint To);
     void Scan(const TSlope& Line);
     void Run(const TSlope& Line, std::int64_t First, std::int64_t Last, std::int64_t Step);
-    bool IsOn(const TSlope& Line, std::int64_t Index) const;
     void Emit(const TSlope& Line, std::int64_t First, std::int64_t Last, std::int64_t Step);
 
     void EmitColumn(int X, int Top, int Bottom);

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -25,13 +24,12 @@ QImage* PlainImage(const QPainter& Painter) {
                                                                                                : nullptr;
 }
 
-constexpr std::size_t CUprights = 16; // about a line of the cache
-
-/// How many of Rects, from the first on, are one pixel wide and stand side by side.
-std::size_t UprightsOf(std::span<const QRect> Rects) {
+/// How many of Rects, from the first on, are one pixel wide and stand side by side in one line of the cache.
+std::size_t UprightsOf(const TPixels& Pixels, std::span<const QRect> Rects) {
+    const auto most =
+        std::min(Rects.size(), std::size_t(TPixels::CLine - Pixels.BehindLine(Rects[0].left())));
     std::size_t count = 0;
-    while (count < std::min(Rects.size(), CUprights) && Rects[count].width() == 1 &&
-           Rects[count].left() == Rects[0].left() + int(count))
+    while (count < most && Rects[count].width() == 1 && Rects[count].left() == Rects[0].left() + int(count))
         ++count;
     return count;
 }
@@ -77,7 +75,7 @@ void TPixels::Fill(std::span<const QRect> Rects, QRgb Color, TPenMode Mode) cons
         return;
     }
     for (std::size_t count = 0; !Rects.empty(); Rects = Rects.subspan(count)) {
-        count = std::max<std::size_t>(1, UprightsOf(Rects));
+        count = std::max<std::size_t>(1, UprightsOf(*this, Rects));
         if (count > 1)
             FillUprights(*this, Rects.first(count), Color);
         else
@@ -94,22 +92,14 @@ constexpr std::size_t CTogether = 16;
 using THalves = std::array<std::uint16_t, 2 * CTogether>;
 
 void MixTogether(QRgb* First, const unsigned* Parts, QRgb Color) {
-    unsigned any = 0, all = 256;
-    for (std::size_t i = 0; i < CTogether; ++i) any |= Parts[i], all &= Parts[i];
-    if (any == 0) return;
-    if (all == 256) return void(std::fill_n(First, CTogether, Color));
-    std::array<unsigned, CTogether> twice; // in a loop of its own: what vectors write vectors read at once
+    // In loops of their own: what vectors write vectors read at once.
+    std::array<unsigned, CTogether> twice, whole;
     for (std::size_t i = 0; i < CTogether; ++i) twice[i] = Parts[i] | Parts[i] << 16;
-    THalves halves, parts;
+    for (std::size_t i = 0; i < CTogether; ++i) whole[i] = Color;
+    THalves halves, parts, colors;
     std::memcpy(parts.data(), twice.data(), sizeof parts);
+    std::memcpy(colors.data(), whole.data(), sizeof colors);
     std::memcpy(halves.data(), First, sizeof halves);
-    THalves colors;
-    for (std::size_t i = 0; i < colors.size(); i += 2) {
-        const std::array both{std::uint16_t(Color), std::uint16_t(Color >> 16)};
-        const bool low = std::endian::native == std::endian::little;
-        colors[i] = both[low ? 0 : 1];
-        colors[i + 1] = both[low ? 1 : 0];
-    }
     for (std::size_t i = 0; i < halves.size(); ++i) {
         const std::uint16_t part = parts[i], rest = std::uint16_t(256 - part);
         const auto even = std::uint16_t((halves[i] & 255) * rest + (colors[i] & 255) * part + 128);
@@ -121,10 +111,22 @@ void MixTogether(QRgb* First, const unsigned* Parts, QRgb Color) {
 
 } // namespace
 
-void MixRow(QRgb* First, std::span<const unsigned> Parts, QRgb Color) {
+void MixPartly(QRgb* First, std::span<const unsigned> Parts, QRgb Color) {
     std::size_t i = 0;
     for (; i + CTogether <= Parts.size(); i += CTogether) MixTogether(First + i, &Parts[i], Color);
     for (; i < Parts.size(); ++i) Mix(First[i], Color, Parts[i]);
+}
+
+void MixRow(QRgb* First, std::span<const unsigned> Parts, QRgb Color) {
+    for (std::size_t i = 0; i < Parts.size(); i += CTogether) {
+        const auto parts = Parts.subspan(i, std::min(CTogether, Parts.size() - i));
+        unsigned any = 0, all = 256;
+        for (const unsigned part : parts) any |= part, all &= part;
+        if (all == 256)
+            std::fill_n(First + i, parts.size(), Color);
+        else if (any > 0)
+            MixPartly(First + i, parts, Color);
+    }
 }
 
 TRasterAccess::TRasterAccess(const QPainter& Painter) : FPainter(Painter), FImage(PlainImage(Painter)) {}

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QRect>
 
+#include <cstdint>
 #include <optional>
 #include <span>
 
@@ -19,6 +20,11 @@ struct TPixels {
     QRgb* First;
     qsizetype Stride; // in pixels
     QRgb* At(int X, int Y) const { return First + Y * Stride + X; }
+    /// How many pixels of the first row stand before that at X in the same line of the cache.
+    int BehindLine(int X) const {
+        return int(reinterpret_cast<std::uintptr_t>(At(X, 0)) / sizeof(QRgb) % CLine);
+    }
+    static constexpr int CLine = 64 / sizeof(QRgb); ///< pixels in a line of the cache
 
     /// Paints the rectangles, which lie inside the image, with an opaque colour.
     void Fill(std::span<const QRect> Rects, QRgb Color, TPenMode Mode) const;
@@ -35,6 +41,8 @@ inline void Mix(QRgb& Pixel, QRgb Color, unsigned Part) {
 }
 
 /// The same for Parts.size() pixels side by side.
+void MixPartly(QRgb* First, std::span<const unsigned> Parts, QRgb Color);
+/// The same, the faster the more of them stay as they are or become Color.
 void MixRow(QRgb* First, std::span<const unsigned> Parts, QRgb Color);
 
 /// Knows whether a painter stands directly on an image with 32 bits a pixel.

@@ -41,8 +41,10 @@ bool TKxKeptLine::Gather(const TKxChannel& X, const TKxChannel& Y, const TKxPlac
     const TKxSection section = TKxLineColumns(FColumnsPerPixel, X, Y).Section(Placing.Count, Stretch);
     if (Placing.BreaksAtGaps && HasGaps(X, section.First, section.Last)) return false;
     const int before = std::exchange(FColumns, ColumnsFor(section, Stretch));
-    const bool isPlain = FIsKept && FColumns == before && FKept.RunEnds.empty() && !FKept.Columns.empty();
-    TKxLineGatherer gatherer(FColumns, X, Y, kept);
+    const bool wereAll = std::exchange(FKeepsAll, AreFew(section, Stretch));
+    const bool isPlain = FIsKept && FColumns == before && FKeepsAll == wereAll && FKept.RunEnds.empty() &&
+                         !FKept.Columns.empty();
+    TKxLineGatherer gatherer(FColumns, X, Y, kept, FKeepsAll);
     TKxColumnStart from{section.First, section.First};
     if (Placing.BreaksAtGaps && HasGaps(Y, section.First, section.Last)) {
         gatherer.GatherRuns(section);
@@ -64,11 +66,22 @@ bool TKxKeptLine::Gather(const TKxChannel& X, const TKxChannel& Y, const TKxPlac
     return true;
 }
 
+/// Points in a column.
+double TKxKeptLine::Density(TKxSection Section, TKxStretch Stretch) const {
+    const double columns = double(FColumnsPerPixel) * (double(Stretch.Right) - Stretch.Left + 1);
+    return (Section.Last - Section.First) / columns;
+}
+
 int TKxKeptLine::ColumnsFor(TKxSection Section, TKxStretch Stretch) const {
-    constexpr int CCrowd = 16; // points in a column
-    const std::int64_t columns = std::int64_t{FColumnsPerPixel} * (Stretch.Right - Stretch.Left + 1);
-    const bool isCrowded = Section.Last - Section.First >= CCrowd * columns;
+    constexpr double CCrowd = 16;
+    const bool isCrowded = Density(Section, Stretch) >= CCrowd;
     return isCrowded && FColumnsPerPixel < CColumnsPerPixel ? (FColumnsPerPixel + 1) / 2 : FColumnsPerPixel;
+}
+
+/// So few that to look for columns would take longer than to draw them all.
+bool TKxKeptLine::AreFew(TKxSection Section, TKxStretch Stretch) const {
+    constexpr double CFew = 4;
+    return FColumnsPerPixel > 0 && Density(Section, Stretch) <= CFew;
 }
 
 // More of the same, under the same maps.

@@ -58,7 +58,9 @@ private:
                 TKxStretch Stretch);
     bool IsAppendedTo(const TKxChannel& X, const TKxChannel& Y, const TKxPlacing& Before,
                       const TKxPlacing& Placing) const;
+    double Density(TKxSection Section, TKxStretch Stretch) const;
     int ColumnsFor(TKxSection Section, TKxStretch Stretch) const;
+    bool AreFew(TKxSection Section, TKxStretch Stretch) const;
     std::optional<TMoved> Moved(const TKxChannel& X, const TKxPlacing& Before, const TKxPlacing& Placing,
                                 TKxSection Section) const;
     std::optional<double> MovedAlong(const TKxChannel& X, const TKxAxisMap& Before, const TKxAxisMap& Map,
@@ -66,6 +68,7 @@ private:
 
     int FColumnsPerPixel;
     int FColumns = FColumnsPerPixel; // those that are kept
+    bool FKeepsAll = false;          // points, as they come
     TKxPlacing FPlacing;
     TKxStretch FStretch;
     bool FIsKept = false;

@@ -1,7 +1,9 @@
 #include <kxgraph/series/Kxlinegather.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <span>
 
 namespace kx {
 
@@ -52,7 +54,24 @@ bool HasGaps(const TKxChannel& Channel, int First, int End) {
     return !Channel.HasPlace(bounds.Low) || !Channel.HasPlace(bounds.High);
 }
 
+void TKxLineGatherer::GatherAll(int First, int Last) {
+    constexpr int CTogether = 32;
+    std::array<TRealPoint, CTogether> places;
+    for (int i = First; i < Last; i += CTogether) {
+        const std::span together(places.data(), std::size_t(std::min(CTogether, Last - i)));
+        FX.Place(i, together);
+        FY.Place(i, together);
+        FKept.Columns.push_back({{i, i}, int(FKept.Points.size())});
+        for (std::size_t k = 0; k < together.size(); ++k) {
+            if (!IsPlace(together[k])) continue;
+            FKept.Places.push_back(together[k]);
+            FKept.Points.push_back(i + int(k));
+        }
+    }
+}
+
 void TKxLineGatherer::Gather(TKxColumnStart From, int Last, bool EndsThere) {
+    if (FKeepsAll) return GatherAll(From.First, Last);
     FIsOpen = !FKept.Points.empty();
     FColumns.Begin(From);
     for (int i = From.First; i < Last;) {

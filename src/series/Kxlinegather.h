@@ -33,9 +33,11 @@ bool HasGaps(const TKxChannel& Channel, int First, int End);
 /// Gathers what is kept behind what Kept has already.
 class TKxLineGatherer {
 public:
-    /// ColumnsPerPixel as in TKxKeptLine.
-    TKxLineGatherer(int ColumnsPerPixel, const TKxChannel& X, const TKxChannel& Y, TKxKeptPoints& Kept)
-        : FX(X), FY(Y), FColumns(ColumnsPerPixel, X, Y), FKept(Kept) {}
+    /// ColumnsPerPixel as in TKxKeptLine. KeepsAll, where columns are parts of a pixel, keeps what has a
+    /// place, in columns of so many points.
+    TKxLineGatherer(int ColumnsPerPixel, const TKxChannel& X, const TKxChannel& Y, TKxKeptPoints& Kept,
+                    bool KeepsAll = false)
+        : FX(X), FY(Y), FColumns(ColumnsPerPixel, X, Y), FKept(Kept), FKeepsAll(KeepsAll) {}
 
     /// From a column that begins there up to point Last - 1, where the line ends or the next column begins.
     void Gather(TKxColumnStart From, int Last, bool EndsThere = true);
@@ -48,6 +50,7 @@ private:
     bool IsGap(int Index) const { return !FY.HasPlace(FY.GetValue(Index)); }
     double Across(int Index) const { return AreParts() ? FY.PlaceOf(Index) : FY.PixelOf(Index); }
     void CloseRun();
+    void GatherAll(int First, int Last);
     void FetchAhead(int Length, int End, int Last) const;
 
     void KeepColumn(int First, int End, bool EndsThere);
@@ -67,6 +70,7 @@ private:
     const TKxChannel &FX, &FY;
     TKxLineColumns FColumns;
     TKxKeptPoints& FKept;
+    bool FKeepsAll;
     bool FIsOpen = false; // the run goes on in the next column
 };
 
