@@ -138,6 +138,42 @@ TEST(QtRasterPens, WidePensLieAroundTheirLineAndSmoothOnesHaveNoXor) {
     EXPECT_FALSE(IsSet(frame, 9, 20) || IsSet(frame, 13, 20) || !IsSet(frame, 12, 20));
 }
 
+TEST(QtRasterPens, CrispLinesAreThoseOfThePainter) {
+    std::mt19937 random(11);
+    const auto any = [&](int Low, int High) { return std::uniform_int_distribution(Low, High)(random); };
+    for (int round = 0; round < 2000; ++round) {
+        const double scale = any(2, 5) / 2.0;
+        const TStroke stroke{clBlue, any(0, 3), TPenStyle(any(psSolid, psDashDotDot)), pmCopy, true};
+        const bool smooth =
+            scale == 1 || stroke.Width > 1 || any(0, 1) != 0; // else the painter rounds its ends
+        const auto place = [&] { // the painter's dashes move where its clip begins
+            if (stroke.Style != psSolid) return any(4, 36);
+            return any(0, 9) ? any(-9, 49) : any(-1000, 1000);
+        };
+        const double across = place() + any(0, 1) * 0.3, from = place() + any(0, 1) * 0.4, to = place();
+        const bool isLevel = any(0, 1) != 0, isExact = any(0, 1) != 0;
+        const auto at = [&](double Along) {
+            return isLevel ? TRealPoint{Along, across} : TRealPoint{across, Along};
+        };
+        const std::array exact{at(from), at(to)};
+        const std::array whole{RoundToPixel(exact[0]), RoundToPixel(exact[1])};
+        const auto painted =
+            [&](QImage::Format Format) { // into the one pixels are written, not into the other
+                QImage image(int(40 * scale), int(40 * scale), Format);
+                image.fill(Qt::white);
+                QPainter painter(&image);
+                qt::TPainterDevice device(painter, {40, 40}, scale, smooth);
+                device.SetClip(TRect{3, 2, 37, 39});
+                device.Polyline(isExact ? TPointSpan(exact) : TPointSpan(whole), stroke);
+                painter.end();
+                return image.convertToFormat(QImage::Format_RGB32);
+            };
+        ASSERT_EQ(painted(QImage::Format_RGB32), painted(QImage::Format_RGB888))
+            << round << ' ' << scale << ' ' << stroke.Width << ' ' << stroke.Style << ' ' << from << ' '
+            << to;
+    }
+}
+
 TEST(QtRasterScale, AtTwoPixelsAPixelTheSamePictureIsOnlyFiner) {
     const auto scene = [](auto& D) {
         D.FillRect({1, 1, 9, 7}, CRed);

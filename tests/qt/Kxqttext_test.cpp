@@ -4,6 +4,8 @@
 #include <kxgraph/qt/Kxqtinstall.h>
 #include <kxgraph/qt/Kxqtpicture.h>
 
+#include <QFontMetricsF>
+
 #include <clocale>
 
 namespace kx::test::qttext {
@@ -62,6 +64,29 @@ TEST(QtText, IsAsWideAsItsCharactersTogether) {
         EXPECT_NEAR(BoundsOf(drawn(100)).Right, 5 + Measured(face, text).Width, 3);
     }
     EXPECT_EQ(Measured({"Arial", -13, fsUnderline, fpDefault, 900}, "A"), Measured({"Arial"}, "A"));
+}
+
+TEST(QtText, IsWhatThePainterWouldWrite) {
+    const TFontFace face{"Times New Roman", -15, fsItalic};
+    const TRealPoint place{7.3, 4.8};
+    for (const char* text :
+         {"-12.5E+3", "0.30 V", "fi AVAT, W", "e\xCC\x81t\xE4 \xCE\xB1 \xE2\x88\x9E", "\xE6\xBC\xA2 1"}) {
+        for (const double scale : {1.0, 1.75}) {
+            const auto drawn = [&](auto Draw) { return Painted({{150, 40}, scale, true}, Draw); };
+            const QImage glyphs = drawn([&](auto& D) { D.Text(place, face, clBlack, text); });
+            QImage written = drawn([](auto&) {});
+            QPainter painter(&written);
+            qt::TQtFont& font = qt::TQtFont::Of(face);
+            painter.setFont(font.Exact().Font());
+            painter.scale(scale, scale);
+            painter.drawText(QPointF(place.X, place.Y + font.Ascent()), font.Shown(text));
+            EXPECT_EQ(glyphs, written) << text << ' ' << scale;
+        }
+        EXPECT_DOUBLE_EQ(qt::TQtFont::Of(face).ExactWidth(text),
+                         QFontMetricsF(qt::TQtFont::Of(face).Exact().Font())
+                             .horizontalAdvance(qt::TQtFont::Of(face).Shown(text)))
+            << text;
+    }
 }
 
 TEST(QtText, ShowsGreekMarksAndForeignBytes) {
