@@ -73,9 +73,11 @@ double TKxKeptLine::Density(TKxSection Section, TKxStretch Stretch) const {
 }
 
 int TKxKeptLine::ColumnsFor(TKxSection Section, TKxStretch Stretch) const {
-    constexpr double CCrowd = 16;
-    const bool isCrowded = Density(Section, Stretch) >= CCrowd;
-    return isCrowded && FColumnsPerPixel < CColumnsPerPixel ? (FColumnsPerPixel + 1) / 2 : FColumnsPerPixel;
+    constexpr double CCrowd = 16, CThrong = 8 * CCrowd;
+    if (FColumnsPerPixel >= CColumnsPerPixel) return FColumnsPerPixel;
+    const double density = Density(Section, Stretch);
+    const int share = density >= CThrong ? 4 : density >= CCrowd ? 2 : 1;
+    return (FColumnsPerPixel + share - 1) / share;
 }
 
 /// So few that to look for columns would take longer than to draw them all.

@@ -33,7 +33,8 @@ class TKxKeptLine {
 public:
     /// Columns are pixels, and the line shows the very pixels of all points; or there are so many in each
     /// pixel (ColumnOf), for smooth devices, and no point is farther than one from the line; half as many
-    /// do where they would be crowded, unless there are CColumnsPerPixel, which are for pictures that stay.
+    /// do where they would be crowded, and a quarter where there are hundreds of points to each, unless there
+    /// are CColumnsPerPixel, which are for pictures that stay.
     explicit TKxKeptLine(int ColumnsPerPixel = 0) : FColumnsPerPixel(ColumnsPerPixel) {}
     int GetColumnsPerPixel() const { return FColumnsPerPixel; }
 
