@@ -33,8 +33,8 @@ bool HasGaps(const TKxChannel& Channel, int First, int End);
 /// Gathers what is kept behind what Kept has already.
 class TKxLineGatherer {
 public:
-    /// ColumnsPerPixel as in TKxKeptLine. KeepsAll, where columns are parts of a pixel, keeps what has a
-    /// place, in columns of so many points.
+    /// ColumnsPerPixel as in TKxKeptLine. KeepsAll, only where columns are parts of a pixel: every point that
+    /// has a place is kept, in columns of equally many.
     TKxLineGatherer(int ColumnsPerPixel, const TKxChannel& X, const TKxChannel& Y, TKxKeptPoints& Kept,
                     bool KeepsAll = false)
         : FX(X), FY(Y), FColumns(ColumnsPerPixel, X, Y), FKept(Kept), FKeepsAll(KeepsAll) {}
