@@ -41,10 +41,10 @@ void TLineCoverage::Paint(const TPixels& Image, const TRect& Window, std::span<c
     const double around = std::ceil(Width / 2) + 1, first = Window.Left, last = Window.Right;
     const auto within = [&](double X, double Further) { return int(std::clamp(X + Further, first, last)); };
     const int right = within(std::ceil(Point(Line.size() - 1).x()), around);
-    for (int x = within(std::floor(Point(0).x()), -around), next = x; x < right; x = next) {
-        next = std::min(x + CTogether - Image.BehindLine(x), right); // lines of the cache are met once
-        const TRect columns{x, Window.Top, next, Window.Bottom};
-        if (!Gather(x, columns.Width())) continue;
+    for (int x = within(std::floor(Point(0).x()), -around); x < right;) {
+        const int behind = std::min(x + CTogether - Image.BehindLine(x), right); // each line of a cache once
+        const TRect columns{std::exchange(x, behind), Window.Top, behind, Window.Bottom};
+        if (!Gather(columns.Left, columns.Width())) continue;
         Widen();
         PaintColumns(Image, columns, Color);
     }
