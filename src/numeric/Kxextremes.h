@@ -13,11 +13,11 @@ namespace kx {
 /// frame has cost is the difference of two readings; for benches and tests.
 inline constinit thread_local std::uint64_t PointsTouched = 0;
 
-/// Least and greatest of blocks of 64 values, of 16 such blocks and so on, with what else is asked of a
-/// whole stretch: whether it is sorted, whether all of it are numbers. Made when first asked for; later only
-/// what has changed or was appended is looked at. Needs little more than a
-/// quarter of a byte a value. The values are not kept:
-/// they are given with every question, and whoever owns them tells of changes.
+/// Least and greatest of blocks of 64 values, of 16 such blocks and so on, with what else is asked of a whole
+/// stretch: whether it is sorted, whether all of it are numbers. Needs little more than a quarter of a byte a
+/// value. Made when first asked for; later only what has changed or was appended is looked at.
+///
+/// The values are not kept: they are given with every question, and whoever owns them tells of changes.
 class TKxExtremes {
 public:
     /// Where a stretch ends; without a number in it LowAt and HighAt are -1.

@@ -28,7 +28,7 @@ private:
     struct TBar {
         float Top, Bottom; ///< none where Top is greater
     };
-    static constexpr int CTogether = 64, CMixed = 16; // columns: some cache lines of the image, and one
+    static constexpr int CMixed = TPixels::CLine, CTogether = 4 * CMixed; // columns
     /// Of each column, how many bars more (or less) are covered than in the row before.
     struct TRow {
         bool IsStep = false; ///< else they are as many

@@ -123,8 +123,7 @@ TQtFont& TQtFont::Of(const TFontFace& Face) {
 }
 
 TQtFont::TQtFont(const TFontFace& Face)
-    : FFont(SizedFontOf(Face)), FScaled(FFont, [this](std::string_view Text) { return Shown(Text); }),
-      FExact(Unhinted(FFont), [this](std::string_view Text) { return Shown(Text); }) {
+    : FFont(SizedFontOf(Face)), FScaled(ShapesIn(FFont)), FExact(ShapesIn(Unhinted(FFont))) {
     const QFontMetricsF metrics(FFont);
     FAscent = AscentOf(metrics);
     FCellHeight = CellHeightOf(metrics);
@@ -176,6 +175,10 @@ TSize TQtFont::Measure(std::string_view Text) {
     return size;
 }
 
+TShapes TQtFont::ShapesIn(const QFont& Font) const {
+    return {Font, [this](std::string_view Text) { return Shown(Text); }};
+}
+
 // No font joins such characters to others, once there is no kerning.
 bool TQtFont::IsNumber(std::string_view Text) {
     return Text.find_first_not_of("0123456789.,+-Ee ") == std::string_view::npos;
@@ -189,7 +192,7 @@ TShapes& TQtFont::At(double Scale) {
     if (Scale != FScale) {
         QFont font = FFont;
         font.setPixelSize(std::max(1, int(std::lround(FFont.pixelSize() * Scale))));
-        FScaled = TShapes(font, [this](std::string_view Text) { return Shown(Text); });
+        FScaled = ShapesIn(font);
         FScale = Scale;
     }
     return FScaled;

@@ -58,6 +58,7 @@ public:
 
 private:
     static bool IsNumber(std::string_view Text);
+    TShapes ShapesIn(const QFont& Font) const;
 
     QFont FFont;
     TShapes FScaled, FExact;
