@@ -176,15 +176,19 @@ void TLineScanner::Emit(const TSlope& Line, std::int64_t First, std::int64_t Las
     }
 }
 
+/// A dense line goes from column to column with one step, whose upper part comes first: what there is to join
+/// is the run before or the one before that.
 void TLineScanner::EmitColumn(int X, int Top, int Bottom) {
-    if (FJoin && !FRuns.empty()) {
-        QRect& last = FRuns.back();
-        if (last.left() == X && last.right() == X && Top <= last.bottom() + 1 && Bottom >= last.top() - 1) {
-            last.setTop(std::min(last.top(), Top));
-            last.setBottom(std::max(last.bottom(), Bottom));
-            return;
-        }
-    }
+    const auto joins = [&](QRect& Run) {
+        if (Run.left() != X || Run.right() != X || Top > Run.bottom() + 1 || Bottom < Run.top() - 1)
+            return false;
+        Run.setTop(std::min(Run.top(), Top));
+        Run.setBottom(std::max(Run.bottom(), Bottom));
+        return true;
+    };
+    if (FJoin)
+        for (std::size_t back = 1; back <= std::min<std::size_t>(2, FRuns.size()); ++back)
+            if (joins(FRuns[FRuns.size() - back])) return;
     FRuns.emplace_back(X, Top, 1, Bottom - Top + 1);
 }
 
