@@ -12,7 +12,7 @@ namespace {
 
 // Blocks of values, and of blocks: where a stretch cuts blocks of any size, all within are looked at.
 constexpr int CShift = 6, CFanShift = 4;
-static_assert(1 << CShift == TKxExtremes::CBlock);
+static_assert(1 << CShift == TKxExtremes::CBlock && 1 << (CShift + CFanShift) == TKxExtremes::CLargeBlock);
 /// From those on Level, -1 for values, to what holds them.
 int ShiftAbove(int Level) { return Level < 0 ? CShift : CFanShift; }
 constexpr double CInfinity = std::numeric_limits<double>::infinity();

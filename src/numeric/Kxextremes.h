@@ -48,13 +48,18 @@ public:
     /// Whether none of Values is less than the one before (greater, for IsDescending) or not a number.
     bool IsAscending(std::span<const double> Values) { return (FlagsOf(Values) & CFalls) == 0; }
     bool IsDescending(std::span<const double> Values) { return (FlagsOf(Values) & CRises) == 0; }
-    /// The first value of the block that holds value Index: Of costs least between two such.
-    int BlockStart(int Index) const { return std::max(0, ((Index + FSkipped) & -CBlock) - FSkipped); }
-    static constexpr int CBlock = 64;
+    /// The first value of the block, of CBlock or CLargeBlock, that holds value Index: Of costs least between
+    /// two such.
+    int BlockStart(int Index, int Block = CBlock) const {
+        return std::max(0, ((Index + FSkipped) & -Block) - FSkipped);
+    }
+    static constexpr int CBlock = 64, CLargeBlock = 16 * CBlock;
     /// The first value of the block that holds value Index, of values that never fall (rise, for not Rises),
     /// as they were when last asked about.
     double BlockFirst(int Index, bool Rises) const {
-        const TBounds& node = FLevels[0].Nodes[std::size_t((Index + FSkipped) / CBlock)];
+        const int place = Index + FSkipped;
+        const bool isLarge = place % CLargeBlock == 0 && FLevels.size() > 1; // fewer of them: nearer
+        const TBounds& node = FLevels[isLarge].Nodes[std::size_t(place / (isLarge ? CLargeBlock : CBlock))];
         return Rises ? node.Low : node.High;
     }
     /// Whether the blocks that hold First..Last - 1 are numbers.

@@ -114,8 +114,11 @@ public:
     TKxExtremes::TBounds GetBounds(int First, int Last) const {
         return Extremes().Bounds(Values(), First, Last);
     }
-    /// Where GetEnds finds it easy to begin: at or before Index, by less than TKxExtremes::CBlock.
-    int GetBlockStart(int Index) const { return Extremes().BlockStart(Index); }
+    /// Where GetEnds finds it easy to begin: at or before Index, by less than Block, which is
+    /// TKxExtremes::CBlock or CLargeBlock.
+    int GetBlockStart(int Index, int Block = TKxExtremes::CBlock) const {
+        return Extremes().BlockStart(Index, Block);
+    }
     /// GetValue(GetBlockStart(Index)), of a vector that has just been found ascending (or descending),
     /// without a look at the values.
     double GetBlockFirst(int Index, bool Ascending) const { return Extremes().BlockFirst(Index, Ascending); }

@@ -73,7 +73,7 @@ double TKxLineColumns::Column(int Index) const {
 
 namespace {
 
-constexpr int CBlock = TKxExtremes::CBlock, CManyBlocks = 2;
+constexpr int CBlock = TKxExtremes::CBlock, CLargeBlock = TKxExtremes::CLargeBlock, CManyBlocks = 2;
 constexpr double CNarrow = 0.5; // of a column: what may stand in the one beside
 
 } // namespace
@@ -109,16 +109,17 @@ double TKxLineColumns::PlaceOfBlock(int Index) const {
 /// look at values; 0 if there is none like that.
 int TKxLineColumns::EndOfBlocks(int Last) const {
     const auto& x = *FX.GetVector();
-    const auto start = [&x](int Index) { return x.GetBlockStart(Index); };
     const int first = FStart.First;
-    if (!AreParts() || FLength < CManyBlocks * CBlock || start(first) != first) return 0;
+    if (!AreParts() || FLength < CManyBlocks * CBlock || x.GetBlockStart(first) != first) return 0;
+    const int block = FLength < CManyBlocks * CLargeBlock ? CBlock : CLargeBlock;
+    const auto start = [&x, block](int Index) { return x.GetBlockStart(Index, block); };
     const auto isBehind = [&](int Index) { return IsBehind(x.GetBlockFirst(Index, FIsAscending)); };
     int end = start(std::min(first + FLength, Last - 1));
-    while (end > first && isBehind(end)) end -= CBlock;
-    do end += CBlock;
+    while (end > first && isBehind(end)) end -= block;
+    do end += block;
     while (end < Last && !isBehind(end));
     if (end >= Last || end - first < CManyBlocks * CBlock) return 0;
-    const double over = std::abs(PlaceOfBlock(end) - PlaceOfBlock(end - 1));
+    const double over = std::abs(PlaceOfBlock(end) - PlaceOfBlock(start(end - 1)));
     return over * FPerPixel < CNarrow ? end : 0;
 }
 
