@@ -54,7 +54,7 @@ void FillUprights(const TPixels& Pixels, std::span<const QRect> Rects, int Top, 
 
 /// Pixels one above the other lie far apart: a band of rows at a time stays near to the processor.
 void FillUprights(const TPixels& Pixels, std::span<const QRect> Rects, QRgb Color) {
-    constexpr int CBand = 64;
+    constexpr int CBand = 16;
     int top = Rects[0].top(), bottom = Rects[0].bottom();
     for (const QRect& rect : Rects) {
         top = std::min(top, rect.top());
