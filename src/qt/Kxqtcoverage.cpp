@@ -11,7 +11,8 @@ namespace kx::qt {
 namespace {
 
 constexpr float CNowhere = std::numeric_limits<float>::infinity();
-constexpr int CFinest = 32, CCoarsest = 8; // bars a pixel; wide pens need fewer
+// Bars a pixel: wide pens need fewer, and so does what goes up and down within each pixel of a window.
+constexpr int CFinest = 32, CCoarsest = 8, CThronged = 4;
 constexpr double CBarsAPen = 96;
 constexpr int CAhead = 6; // rows
 
@@ -24,6 +25,21 @@ void KeepReached(float* Reached, std::array<const float*, 2> Edges, std::size_t 
     }
 }
 
+/// Whether a line goes up and down within each pixel, so far that hardly any is covered in part.
+bool IsThronged(std::span<const QPointF> Line) {
+    constexpr double CPoints = 3, CTravel = 16; // a pixel
+    const double wide = std::abs(Line.back().x() - Line.front().x());
+    if (double(Line.size()) < CPoints * wide) return false;
+    double travel = 0;
+    for (std::size_t i = 1; i < Line.size(); ++i) travel += std::abs(Line[i].y() - Line[i - 1].y());
+    return travel > CTravel * wide;
+}
+
+int BarsFor(std::span<const QPointF> Line, int Columns, double Width) {
+    if (Columns <= CCoarsest && IsThronged(Line)) return CThronged;
+    return std::clamp(int(CBarsAPen / Width), CCoarsest, std::clamp(Columns, CCoarsest, CFinest));
+}
+
 } // namespace
 
 bool TLineCoverage::IsFor(std::span<const TRealPoint> Line) {
@@ -33,7 +49,7 @@ bool TLineCoverage::IsFor(std::span<const TRealPoint> Line) {
 
 void TLineCoverage::Paint(const TPixels& Image, const TRect& Window, std::span<const QPointF> Line,
                           int Columns, double Width, QRgb Color) {
-    FParts = std::clamp(int(CBarsAPen / Width), CCoarsest, std::clamp(Columns, CCoarsest, CFinest));
+    FParts = BarsFor(Line, Columns, Width);
     KeepReach(Width / 2);
     FLine = Line;
     FPassed = 0;

@@ -73,7 +73,7 @@ double TKxKeptLine::Density(TKxSection Section, TKxStretch Stretch) const {
 }
 
 int TKxKeptLine::ColumnsFor(TKxSection Section, TKxStretch Stretch) const {
-    constexpr double CCrowd = 16, CThrong = 8 * CCrowd;
+    constexpr double CCrowd = 4, CThrong = 8 * CCrowd;
     if (FColumnsPerPixel >= CColumnsPerPixel) return FColumnsPerPixel;
     const double density = Density(Section, Stretch);
     const int share = density >= CThrong ? 4 : density >= CCrowd ? 2 : 1;
