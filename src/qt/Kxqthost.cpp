@@ -3,6 +3,7 @@
 #include <kxgraph/platform/base/exceptions.h>
 #include <kxgraph/platform/host/application.h>
 #include <kxgraph/qt/Kxqtfont.h>
+#include <kxgraph/qt/Kxqtpages.h>
 
 #include <QFontDatabase>
 #include <QStringList>
@@ -23,6 +24,8 @@ std::vector<std::string> FamiliesOfQt() {
         if (!QFontDatabase::isPrivateFamily(family)) families.push_back(family.toStdString());
     return families;
 }
+
+TQtMeasuring::TQtMeasuring() { UseLargePages(); }
 
 void DemandInstalled() {
     static const std::type_info* known = nullptr; // a cast takes as long as a short text

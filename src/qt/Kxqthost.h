@@ -12,9 +12,10 @@ double ExactWidthWithQt(const TFontFace& Face, std::string_view Text);
 /// The families that are installed, but for those that are no one's to choose.
 std::vector<std::string> FamiliesOfQt();
 
-/// What hosts have in common that measure with Qt's fonts.
+/// What hosts have in common that measure with Qt's fonts. With the first one large arrays get large pages.
 class TQtMeasuring {
 protected:
+    TQtMeasuring();
     virtual ~TQtMeasuring() = default;
 };
 

@@ -1,5 +1,7 @@
 #include <kxgraph/platform/base/dynarray.h>
 
+#include <kxgraph/platform/base/largememory.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <new>
@@ -7,8 +9,10 @@
 namespace kx {
 
 TArrayBlock* TArrayBlock::Reallocate(TArrayBlock* Block, std::size_t Elements, std::size_t ElementSize) {
-    auto* block = static_cast<TArrayBlock*>(std::realloc(Block, COffset + Elements * ElementSize));
+    const std::size_t size = COffset + Elements * ElementSize;
+    auto* block = static_cast<TArrayBlock*>(std::realloc(Block, size));
     if (!block) throw std::bad_alloc();
+    TellOfMemory(block, size);
     block->Allocated = Elements;
     return block;
 }
