@@ -3,6 +3,7 @@
 #include "drawing.h"
 
 #include <kxgraph/analysis/Kxakima.h>
+#include <kxgraph/analysis/Kxdamped.h>
 #include <kxgraph/analysis/Kxlinregr.h>
 #include <kxgraph/analysis/Kxpolyregr.h>
 #include <kxgraph/analysis/Kxsimplex.h>
@@ -121,6 +122,33 @@ private:
     QImage FImage{CSize.Width, CSize.Height, QImage::Format_RGB32};
 };
 
+void FitBySimplex(const TPoints& Points, double Goal) {
+    TKxSimplex simplex([&](std::span<const double> C) { return peers::DecaySum(Points, C.data()); });
+    simplex.Run(peers::CDecayStart, 10000,
+                [Goal](const TKxSimplex& Simplex) { return Simplex.BestValue() > Goal; });
+    if (simplex.BestValue() > Goal) std::fprintf(stderr, "kxgraph_peer: the simplex did not converge\n");
+}
+
+void FitByDerivatives(const TPoints& Points, double Goal) {
+    TKxDampedProblem problem;
+    problem.Y = Points.Y;
+    problem.Model = [&](std::span<const double> C, std::span<double> Values) {
+        for (std::size_t i = 0; i < Values.size(); ++i)
+            Values[i] = C[0] * std::exp(-C[1] * Points.X[i]) + C[2];
+    };
+    problem.Derivatives = [&](std::span<const double> C, std::span<const std::span<double>> Columns) {
+        for (std::size_t i = 0; i < Points.X.size(); ++i) {
+            const double power = std::exp(-C[1] * Points.X[i]);
+            Columns[0][i] = power;
+            Columns[1][i] = -C[0] * Points.X[i] * power;
+            Columns[2][i] = 1;
+        }
+    };
+    TKxDamped fit(std::move(problem));
+    fit.Run(peers::CDecayStart, 100, [Goal](const TKxDamped& Fit) { return Fit.BestValue() > Goal; });
+    if (fit.BestValue() > Goal) std::fprintf(stderr, "kxgraph_peer: the fit did not converge\n");
+}
+
 void Fits(const TRows& Rows) {
     const TPoints sine = peers::SineOf(1000000), decay = peers::DecayOf(peers::CDecayPoints);
     Rows.Time(peers::CLineFit, [&] {
@@ -135,14 +163,8 @@ void Fits(const TRows& Rows) {
         peers::Keep(results.ChiSquare);
     });
     const double goal = peers::DecayGoal(decay);
-    const auto fit = [&] {
-        TKxSimplex simplex([&](std::span<const double> c) { return peers::DecaySum(decay, c.data()); });
-        simplex.Run(peers::CDecayStart, 10000,
-                    [goal](const TKxSimplex& Simplex) { return Simplex.BestValue() > goal; });
-        if (simplex.BestValue() > goal) std::fprintf(stderr, "kxgraph_peer: the simplex did not converge\n");
-    };
-    Rows.Time(peers::CSimplexFit, fit);
-    Rows.Time(peers::CAnyFit, fit);
+    Rows.Time(peers::CSimplexFit, [&] { FitBySimplex(decay, goal); });
+    Rows.Time(peers::CAnyFit, [&] { FitByDerivatives(decay, goal); });
 }
 
 void Curves(const TRows& Rows) {
