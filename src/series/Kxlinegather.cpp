@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <span>
+#include <utility>
 
 namespace kx {
 
@@ -13,8 +14,9 @@ namespace {
 struct TPainted {
     double Low = 0, High = -1;
     bool Holds(double From, double To) const { return Low <= From && To <= High; }
+    bool Meets(double From, double To) const { return From <= High && To >= Low; }
     void Add(double From, double To) {
-        if (From <= High && To >= Low) {
+        if (Meets(From, To)) {
             Low = std::min(Low, From);
             High = std::max(High, To);
         } else if (To - From > High - Low) {
@@ -120,9 +122,51 @@ void TKxLineGatherer::CloseRun() {
     FIsOpen = false;
 }
 
-// A piece that begins and ends in the column is not to be seen where others have painted all of it.
+/// Pieces of a line that begin and end in one column and paint it all over between two values: each ends
+/// among what the next one paints, so that one line through all of them paints the same.
+class TKxLineGatherer::TChain {
+public:
+    explicit TChain(TKxLineGatherer& Gatherer) : FGatherer(Gatherer) {}
+    /// What piece First..End - 1 shows.
+    void Take(int First, int End) {
+        const TPainted all = Between(First, End);
+        if (FPainted.Holds(all.Low, all.High)) { // not to be seen
+            if (!FOwn.Holds(all.Low, all.High)) Keep();
+            return;
+        }
+        const int last = FGatherer.StartOfEnd(First, End);
+        const TPainted painted = last > First ? Between(First, last) : TPainted();
+        if (const double end = FEnd > 0 ? Value(FEnd - 1) : 0; FEnd == 0 || !painted.Holds(end, end)) {
+            Keep();
+            FFirst = First;
+            FOwn = painted;
+        }
+        FEnd = End;
+        if (last == First) return;
+        FOwn.Add(painted.Low, painted.High);
+        FPainted.Add(painted.Low, painted.High);
+    }
+    void Keep() {
+        if (FEnd == 0) return;
+        FGatherer.KeepColumn(FFirst, std::exchange(FEnd, 0), true);
+        FGatherer.FIsOpen = true;
+        FGatherer.CloseRun();
+    }
+
+private:
+    double Value(int Index) const { return FGatherer.FY.GetValue(Index); }
+    TPainted Between(int First, int End) const {
+        const auto [low, high] = FGatherer.FewEnds(First, End);
+        return {Value(low), Value(high)};
+    }
+
+    TKxLineGatherer& FGatherer;
+    TPainted FPainted, FOwn; // by any of the column, by this one
+    int FFirst = 0, FEnd = 0;
+};
+
 void TKxLineGatherer::KeepPieces(int First, int End, bool EndsThere) {
-    TPainted painted;
+    TChain chain(*this);
     for (int i = First; i < End;) {
         if (IsGap(i)) {
             CloseRun();
@@ -131,18 +175,17 @@ void TKxLineGatherer::KeepPieces(int First, int End, bool EndsThere) {
         }
         int end = i + 1;
         while (end < End && !IsGap(end)) ++end;
-        const bool ends = end < End || EndsThere, isWithin = !FIsOpen && ends && end > i + 1;
-        const auto [low, high] = FewEnds(i, end);
-        if (!isWithin || !painted.Holds(FY.GetValue(low), FY.GetValue(high))) {
+        const bool ends = end < End || EndsThere;
+        if (!FIsOpen && ends && end > i + 1) {
+            chain.Take(i, end);
+        } else {
+            chain.Keep();
             KeepColumn(i, end, ends);
             FIsOpen = true;
-            if (const int last = isWithin ? StartOfEnd(i, end) : i; last > i) {
-                const auto [a, b] = FewEnds(i, last);
-                painted.Add(FY.GetValue(a), FY.GetValue(b));
-            }
         }
         i = end;
     }
+    chain.Keep();
     PointsTouched += std::uint64_t(End - First);
 }
 

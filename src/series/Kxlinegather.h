@@ -45,6 +45,7 @@ public:
     void GatherRuns(TKxSection Section);
 
 private:
+    class TChain;
     bool AreParts() const { return FColumns.AreParts(); }
     bool IsNumber(int Index) const { return FColumns.IsNumber(Index); }
     bool IsGap(int Index) const { return !FY.HasPlace(FY.GetValue(Index)); }
