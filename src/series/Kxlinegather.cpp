@@ -170,6 +170,7 @@ void TKxLineGatherer::KeepPieces(int First, int End, bool EndsThere) {
     for (int i = First; i < End;) {
         if (IsGap(i)) {
             CloseRun();
+            if (IsNumber(i)) chain.Keep(); // that has no place here
             ++i;
             continue;
         }
@@ -285,7 +286,8 @@ bool TKxLineGatherer::Trim(int& First, int& End) {
     while (End > First && !IsNumber(End - 1)) --End;
     while (First < End && !IsNumber(First)) ++First;
     if (End - First > CFew) return true;
-    for (int i = First; i < End; ++i) Keep(i);
+    for (int i = First; i < End; ++i)
+        if (IsNumber(i)) Keep(i);
     return false;
 }
 

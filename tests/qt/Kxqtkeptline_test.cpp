@@ -39,7 +39,7 @@ double WithGaps(int Index, unsigned Random, double Before) {
                                : Walk(Index, Random, std::isfinite(Before) ? Before : 0);
 }
 double ManyGaps(int Index, unsigned Random, double) {
-    return Random % 9 == 0 ? CNaN : std::sin(Index * 1e-3) * 1e4 + Random % 3000;
+    return Random % 5 == 0 ? CNaN : std::sin(Index * 1e-3) * 1e4 + Random % 3000;
 }
 double Positive(int Index, unsigned Random, double) { return std::exp(Index * 1e-3 + Random % 7); }
 double NearlyPositive(int, unsigned Random, double) { return int(Random % 1000) - 3; }
@@ -91,7 +91,7 @@ std::vector<TLook> LivesOf(const TScene& Scene, unsigned Seed, int Steps) {
             f.Fill({{x, y}});
         }
     };
-    append(any(0, 6000));
+    append(any(0, 20000));
     std::vector<TLook> looks;
     for (int step = 0; step < Steps; ++step) {
         const int count = f.YV->GetCount(), at = any(0, std::max(0, count - 1));
