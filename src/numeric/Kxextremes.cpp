@@ -41,11 +41,9 @@ void TKxExtremes::TLevel::Mark(int Node) {
 }
 
 // Whether a block is sorted looks back at the last value of the one before.
-void TKxExtremes::Change(int Index) noexcept {
-    const int place = Index + FSkipped;
-    if (place >= FKnown) return;
-    FLevels[0].Mark(place >> CShift);
-    if (place + 1 < FKnown) FLevels[0].Mark((place + 1) >> CShift);
+void TKxExtremes::ChangeAt(int Place) noexcept {
+    FLevels[0].Mark(Place >> CShift);
+    if (Place + 1 < FKnown) FLevels[0].Mark((Place + 1) >> CShift);
 }
 
 void TKxExtremes::Cut(int Count) noexcept { CutAt(Count + FSkipped); }

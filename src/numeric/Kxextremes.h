@@ -28,7 +28,9 @@ public:
     };
 
     /// Value Index is another one.
-    void Change(int Index) noexcept;
+    void Change(int Index) noexcept {
+        if (Index + FSkipped < FKnown) ChangeAt(Index + FSkipped); // one that was appended is none
+    }
     /// From Count on all may be other ones.
     void Cut(int Count) noexcept;
     /// The first Count values are gone: those behind them are known as before. Costs the blocks that they
@@ -91,6 +93,7 @@ private:
     int Find(std::span<const double> Values, const TBest& Best) const;
 
     std::vector<TLevel> FLevels;
+    void ChangeAt(int Place) noexcept;
     void CutAt(int Place) noexcept;
 
     // Blocks are those of places: value 0 stands at FSkipped, behind those that are gone.

@@ -266,7 +266,6 @@ private:
     TScaling Scaling() const { return {FX.IsLogarithmic(), FY.IsLogarithmic()}; }
     const TKxChannel& PartnerOf(const TKxChannel& Channel) const { return &Channel == &FX ? FY : FX; }
     void CalcValue(const TKxChannel& Channel, int Index);
-    TKxChannel::TTaken TakeOwn(TKxChannel& Channel, int Index);
     TKxChannel::TTaken TakeInterval(TKxChannel& Channel, int Index);
     void GetNewStartStop(const TKxChannel& Channel);
     void ValueChanged(TKxChannel& Channel, int Index, bool WasDeleted);

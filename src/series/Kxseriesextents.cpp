@@ -46,12 +46,6 @@ void TKxSeries::ScanExtent(TKxChannel& Channel, int Count) {
     Modified();
 }
 
-TKxChannel::TTaken TKxSeries::TakeOwn(TKxChannel& Channel, int Index) {
-    const double value = Channel.GetValue(Index);
-    const double part = TakesPart(value, Channel) ? value : std::numeric_limits<double>::quiet_NaN();
-    return Channel.Take(Index, part, part);
-}
-
 TKxChannel::TTaken TKxSeries::TakeInterval(TKxChannel& Channel, int Index) {
     TKxInterval interval;
     GetIntervals(Channel, Index, {&interval, 1});
@@ -62,14 +56,12 @@ void TKxSeries::TakeValue(TKxChannel& Channel, int Index) {
     if (Index >= Channel.GetCount()) return;
     const bool byValues = GoesByValues();
     if (byValues && Channel.Holds(Index)) return;
-    switch (byValues ? TakeOwn(Channel, Index) : TakeInterval(Channel, Index)) {
-    case TKxChannel::TTaken::Inside: return;
-    case TKxChannel::TTaken::Wider:
-        // An axis that moves has the points placed anew; they alone are touched where it does not.
-        if (!byValues || !FChildren.empty()) Modified();
-        return;
-    case TKxChannel::TTaken::MovedInward: return GetNewStartStop(Channel);
-    }
+    const double value = Channel.GetValue(Index);
+    const auto taken = byValues && TakesPart(value, Channel) ? Channel.Take(Index, value, value)
+                                                             : TakeInterval(Channel, Index);
+    if (taken == TKxChannel::TTaken::MovedInward) return GetNewStartStop(Channel);
+    // An axis that moves has the points placed anew; they alone are touched where it does not.
+    if (taken == TKxChannel::TTaken::Wider && (!byValues || !FChildren.empty())) Modified();
 }
 
 void TKxSeries::CalcValue(const TKxChannel& Channel, int Index) {
@@ -86,17 +78,16 @@ void TKxSeries::ValueChanged(TKxChannel& Channel, int Index, bool WasDeleted) {
     FRangesModified = true;
     const int old = FPointsCount;
     SetPointsCount();
-    const bool byValues = GoesByValues(), placed = FollowChange(Channel) || !byValues;
+    const bool byValues = GoesByValues();
+    const bool placed = !byValues || (FPlacing.Count >= 0 && FollowChange(Channel));
     if (Index < 0) return RangesModified();
-    if (!WasDeleted && FPointsCount > old) TakeNew(Channel, old, placed, byValues);
+    const bool isKnown = byValues && !placed && FPointsCount == old + 1 && PartnerOf(Channel).Holds(old);
+    if (!WasDeleted && FPointsCount > old && !isKnown) TakeNew(Channel, old, placed, byValues);
     if (Index > FPointsCount) return;
     if (WasDeleted) return RangesModified();
     CalcValue(Channel, Index);
     if (placed) CalculatePoint(Index);
-    if (FPointsDirty)
-        InvalidateWorld();
-    else
-        InvalidateNew(old, Index);
+    if (!FDrawingWorld || !FDrawingWorld->AwaitsPaint()) InvalidateNew(old, Index);
 }
 
 // Of the points from Old on, that newly came into being, all but the value that is told of. The other vector
@@ -113,7 +104,8 @@ void TKxSeries::TakeNew(TKxChannel& Channel, int Old, bool Placed, bool ByValues
 // A point that is new at the end, after Count others, touches the picture where it and the line to it stand;
 // one whose partner is not there yet touches nothing. The window keeps the rest.
 void TKxSeries::InvalidateNew(int Count, int Index) {
-    if (Index < Count || !GoesByValues() || !FChildren.empty() || !FDrawingWorld || !IsBound())
+    if (FPointsDirty || Index < Count || !GoesByValues() || !FChildren.empty() || !FDrawingWorld ||
+        !IsBound())
         return InvalidateWorld();
     if (FPointsCount == Count) return;
     TRect touched;
@@ -132,7 +124,7 @@ void TKxSeries::InvalidateNew(int Count, int Index) {
 // Points that were placed for the values before a change that is told of need no more than what it tells.
 bool TKxSeries::FollowChange(const TKxChannel& Channel) {
     std::uint64_t& version = &Channel == &FX ? FPlacing.VersionX : FPlacing.VersionY;
-    if (FPlacing.Count < 0 || version + 1 != Channel.GetVector()->GetVersion()) return false;
+    if (version + 1 != Channel.GetVector()->GetVersion()) return false;
     ++version;
     FPlacing.Count = FPointsCount;
     return true;

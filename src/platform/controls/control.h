@@ -104,6 +104,8 @@ public:
     virtual void Invalidate();
     /// Asks for a paint of a rectangle in this control's pixels.
     void InvalidateRect(const TRect& Rect);
+    /// Whether all of the control is to be painted by the next frame, so that Invalidate has nothing to ask.
+    bool AwaitsPaint() const { return FRequested == FRequests; }
     /// Brings the control to the top of its kind among its siblings, or to the bottom.
     void BringToFront();
     void SendToBack();
