@@ -138,6 +138,10 @@ void TLineScanner::Segment(TPoint From, TPoint To) {
 }
 
 void TLineScanner::Scan(const TSlope& Line) {
+    if (Line.Rise == 0) { // level or upright
+        if (Line.Rises.First <= 0 && Line.Rises.Last >= 0) Run(Line, Line.Steps.First, Line.Steps.Last, 0);
+        return;
+    }
     std::int64_t rise = std::max(Line.Rises.First, Line.RiseAt(Line.Steps.First));
     TRises rises(Line, rise);
     std::int64_t next = rises.Next();

@@ -98,8 +98,7 @@ void UseLinePen(TCanvas& Canvas, const TKxLineStyle& Style) {
 
 void DrawLine(int X1, int Y1, int X2, int Y2, TCanvas& Canvas) {
     MakeThinPenCosmetic(Canvas.Pen);
-    const std::array ends{TPoint{X1, Y1}, TPoint{X2, Y2}};
-    if (ends[0] != ends[1]) Canvas.Polyline(ends);
+    if (X1 != X2 || Y1 != Y2) Canvas.Polyline(std::array{TPoint{X1, Y1}, TPoint{X2, Y2}});
 }
 
 void DrawLine(TRealPoint From, TRealPoint To, TCanvas& Canvas) {

@@ -7,15 +7,16 @@
 namespace kx {
 
 std::span<const TPoint> TPointSpan::Whole(std::vector<TPoint>& Storage) const {
-    if (!FIsExact) return FWhole;
-    Storage.resize(FExact.size());
-    std::ranges::transform(FExact, Storage.begin(), RoundToPixel);
+    if (!FIsExact) return Given<TPoint>();
+    Storage.resize(Size());
+    std::ranges::transform(Given<TRealPoint>(), Storage.begin(), RoundToPixel);
     return Storage;
 }
 
 std::span<const TRealPoint> TPointSpan::Exact(std::vector<TRealPoint>& Storage) const {
-    if (FIsExact) return FExact;
-    Storage.assign(FWhole.begin(), FWhole.end());
+    if (FIsExact) return Given<TRealPoint>();
+    const auto whole = Given<TPoint>();
+    Storage.assign(whole.begin(), whole.end());
     return Storage;
 }
 
