@@ -4,6 +4,7 @@
 
 #include <kxgraph/platform/base/largememory.h>
 
+#include <cstddef>
 #include <cstdint>
 
 #include <malloc.h>
@@ -17,10 +18,10 @@ namespace {
 /// For all of the mapping that the piece is in: one that is advised in part is two, and cannot be moved when
 /// the array grows. A system that has no large pages to give refuses, and nothing is lost.
 void AskForLargePages(void* Begin, std::size_t) noexcept {
-    static const auto page = std::uintptr_t(sysconf(_SC_PAGESIZE));
-    const auto begin = reinterpret_cast<std::uintptr_t>(Begin), end = begin + malloc_usable_size(Begin);
-    const std::uintptr_t first = begin / page * page, last = (end + page - 1) / page * page;
-    madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE);
+    static const auto page = std::size_t(sysconf(_SC_PAGESIZE));
+    const std::size_t before = reinterpret_cast<std::uintptr_t>(Begin) % page;
+    const std::size_t size = before + malloc_usable_size(Begin);
+    madvise(static_cast<char*>(Begin) - before, (size + page - 1) / page * page, MADV_HUGEPAGE);
 }
 
 } // namespace

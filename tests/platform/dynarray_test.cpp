@@ -1,4 +1,5 @@
 #include <kxgraph/platform/base/dynarray.h>
+#include <kxgraph/platform/base/largememory.h>
 
 #include "support/testing.h"
 
@@ -35,6 +36,22 @@ TEST(DynArray, KeepsValuesClearsNewOnesAndSeldomMoves) {
     a.SetLength(10);
     a.SetLength(20);
     EXPECT_EQ(a[10], 0); // not what was there before
+}
+
+TEST(DynArray, TellsOfLargePiecesOfMemory) {
+    static std::size_t told;
+    told = 0;
+    SetLargeMemory([](void*, std::size_t Size) noexcept { told = Size; });
+    constexpr std::size_t CMiB = std::size_t{1} << 20;
+    TDynArray<double> values;
+    for (const auto& [length, isLarge] : {std::pair{1000000, false}, {3000000, true}}) {
+        values.SetLength(length);
+        values[length - 1] = length;
+        EXPECT_EQ(told >= 16 * CMiB, isLarge) << length;
+    }
+    EXPECT_GE(told, 3000000 * sizeof(double));
+    EXPECT_EQ(values[999999], 1000000);
+    SetLargeMemory(nullptr);
 }
 
 } // namespace kx::test::dynarray
