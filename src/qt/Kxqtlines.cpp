@@ -190,9 +190,10 @@ void TLineScanner::EmitColumn(int X, int Top, int Bottom) {
         Run.setBottom(std::max(Run.bottom(), Bottom));
         return true;
     };
-    if (FJoin)
-        for (std::size_t back = 1; back <= std::min<std::size_t>(2, FRuns.size()); ++back)
-            if (joins(FRuns[FRuns.size() - back])) return;
+    if (FJoin && !FRuns.empty()) {
+        if (joins(FRuns.back())) return;
+        if (FRuns.size() > 1 && joins(FRuns[FRuns.size() - 2])) return;
+    }
     FRuns.emplace_back(X, Top, 1, Bottom - Top + 1);
 }
 

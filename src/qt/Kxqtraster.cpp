@@ -52,16 +52,20 @@ void FillUprights(const TPixels& Pixels, std::span<const QRect> Rects, int Top, 
     }
 }
 
-/// Pixels one above the other lie far apart: a band of rows at a time stays near to the processor.
+/// Pixels one above the other lie far apart: where many stand side by side, a band of rows at a time stays
+/// near to the processor.
 void FillUprights(const TPixels& Pixels, std::span<const QRect> Rects, QRgb Color) {
-    constexpr int CBand = 16;
+    constexpr int CBand = 16, CMany = 4;
     int top = Rects[0].top(), bottom = Rects[0].bottom();
+    std::int64_t height = 0;
     for (const QRect& rect : Rects) {
         top = std::min(top, rect.top());
         bottom = std::max(bottom, rect.bottom());
+        height += rect.height();
     }
-    for (int y = top; y <= bottom; y += CBand)
-        FillUprights(Pixels, Rects, y, std::min(y + CBand - 1, bottom), Color);
+    const int rows = bottom - top + 1, band = height >= CMany * std::int64_t(rows) ? CBand : rows;
+    for (int y = top; y <= bottom; y += band)
+        FillUprights(Pixels, Rects, y, std::min(y + band - 1, bottom), Color);
 }
 
 } // namespace
