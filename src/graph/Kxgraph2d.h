@@ -63,8 +63,6 @@ public:
     void Invalidate() override;
     /// The same for a part, in pixels of the drawing world, which may reach over the border.
     void InvalidatePart(const TRect& Part);
-    /// Whether there is nothing to ask, for all of the graph is.
-    bool AwaitsPaint() const { return GetParent() && GetParent()->AwaitsPaint(); }
 
 protected:
     bool HearsOfAll() const override { return IsBeyond<TKxDrawingWorld>(); }

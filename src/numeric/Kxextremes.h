@@ -92,10 +92,10 @@ private:
     template <bool High>
     int Find(std::span<const double> Values, const TBest& Best) const;
 
-    std::vector<TLevel> FLevels;
     void ChangeAt(int Place) noexcept;
     void CutAt(int Place) noexcept;
 
+    std::vector<TLevel> FLevels;
     // Blocks are those of places: value 0 stands at FSkipped, behind those that are gone.
     int FSkipped = 0;
     int FKnown = 0;  // the places up to here are accounted for, but for those in stale blocks

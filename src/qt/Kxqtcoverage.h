@@ -20,7 +20,8 @@ public:
     static bool IsFor(std::span<const TRealPoint> Line);
 
     /// Paints Line, Width pixels wide, inside Window, which lies in the image. Places are device pixels; the
-    /// middle of the first one is 0.5. A pixel has as many bars as it need have columns, at most 32.
+    /// middle of the first one is 0.5. A pixel has as many bars as it need have columns, at most 32; of a
+    /// window fewer where the line goes up and down within each.
     void Paint(const TPixels& Image, const TRect& Window, std::span<const QPointF> Line, int Columns,
                double Width, QRgb Color);
 

@@ -14,9 +14,8 @@ namespace {
 struct TPainted {
     double Low = 0, High = -1;
     bool Holds(double From, double To) const { return Low <= From && To <= High; }
-    bool Meets(double From, double To) const { return From <= High && To >= Low; }
     void Add(double From, double To) {
-        if (Meets(From, To)) {
+        if (From <= High && To >= Low) {
             Low = std::min(Low, From);
             High = std::max(High, To);
         } else if (To - From > High - Low) {

@@ -81,13 +81,12 @@ void TKxSeries::ValueChanged(TKxChannel& Channel, int Index, bool WasDeleted) {
     const bool byValues = GoesByValues();
     const bool placed = !byValues || (FPlacing.Count >= 0 && FollowChange(Channel));
     if (Index < 0) return RangesModified();
-    const bool isKnown = byValues && !placed && FPointsCount == old + 1 && PartnerOf(Channel).Holds(old);
-    if (!WasDeleted && FPointsCount > old && !isKnown) TakeNew(Channel, old, placed, byValues);
+    if (!WasDeleted && FPointsCount > old) TakeNew(Channel, old, placed, byValues);
     if (Index > FPointsCount) return;
     if (WasDeleted) return RangesModified();
     CalcValue(Channel, Index);
     if (placed) CalculatePoint(Index);
-    if (!FDrawingWorld || !FDrawingWorld->AwaitsPaint()) InvalidateNew(old, Index);
+    if (const auto* graph = GetGraph(); !graph || !graph->AwaitsPaint()) InvalidateNew(old, Index);
 }
 
 // Of the points from Old on, that newly came into being, all but the value that is told of. The other vector
